@@ -1,0 +1,225 @@
+#include "ORVTextListFormat.h"
+
+#include "ORVRtfProperties.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QDataStream>
+#include <QtCore/QVariant>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextFormat>
+#include <QtGui/QTextList>
+
+namespace {
+
+// QString, list: the levels. A string, because that is the one type of variable length that Qt's formats hash
+// by value: with any other, a document's lists would cost quadratic time.
+const int levelsProperty = QTextFormat::UserProperty + 300;
+
+// Qt indents a list by 40 pixels for each step of its indent, at 96 pixels to the inch.
+const double pointsPerIndent = 30;
+
+const QLatin1String numberPlaceholder("%0");
+
+struct NumberStyle {
+    ORVTextListLevel::Kind kind;
+    QTextListFormat::Style style;
+};
+
+const NumberStyle numberStyles[] = {
+    {ORVTextListLevel::Decimal, QTextListFormat::ListDecimal},
+    {ORVTextListLevel::LowerLetter, QTextListFormat::ListLowerAlpha},
+    {ORVTextListLevel::UpperLetter, QTextListFormat::ListUpperAlpha},
+    {ORVTextListLevel::LowerRoman, QTextListFormat::ListLowerRoman},
+    {ORVTextListLevel::UpperRoman, QTextListFormat::ListUpperRoman},
+};
+
+struct BulletStyle {
+    ushort marker;
+    QTextListFormat::Style style;
+};
+
+// The first marker of a style is the one that stands for it. Word processors take "o" from Courier New for a
+// circle, and code 0xA7 of Wingdings, in the private use area or not, for a square.
+const BulletStyle bulletStyles[] = {
+    {0x2022, QTextListFormat::ListDisc},   {0x25e6, QTextListFormat::ListCircle},
+    {0x25cb, QTextListFormat::ListCircle}, {'o', QTextListFormat::ListCircle},
+    {0x25aa, QTextListFormat::ListSquare}, {0x25ab, QTextListFormat::ListSquare},
+    {0x25a0, QTextListFormat::ListSquare}, {0x25a1, QTextListFormat::ListSquare},
+    {0x00a7, QTextListFormat::ListSquare}, {0xf0a7, QTextListFormat::ListSquare},
+};
+
+QDataStream& operator<<(QDataStream& stream, const ORVTextListLevel& level)
+{
+    return stream << level.text() << quint32(level.kind()) << level.indent() << level.firstLinePosition();
+}
+
+QDataStream& operator>>(QDataStream& stream, ORVTextListLevel& level)
+{
+    QString text;
+    quint32 kind = 0;
+    double indent = 0;
+    double firstLinePosition = 0;
+    stream >> text >> kind >> indent >> firstLinePosition;
+    level.setText(text);
+    level.setKind(kind);
+    level.setIndent(indent);
+    level.setFirstLinePosition(firstLinePosition);
+    return stream;
+}
+
+QString encoded(const QList<ORVTextListLevel>& levels)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_4_6);
+    for (const ORVTextListLevel& level : levels)
+        stream << level;
+    return QString::fromLatin1(bytes.toBase64());
+}
+
+QList<ORVTextListLevel> storedLevels(const QTextListFormat& format)
+{
+    QList<ORVTextListLevel> levels;
+    const QByteArray bytes = QByteArray::fromBase64(format.stringProperty(levelsProperty).toLatin1());
+    QDataStream stream(bytes);
+    stream.setVersion(QDataStream::Qt_4_6);
+    while (!stream.atEnd()) {
+        ORVTextListLevel level;
+        stream >> level;
+        if (stream.status() != QDataStream::Ok)
+            break;
+        levels.append(level);
+    }
+    return levels;
+}
+
+QTextListFormat::Style bulletStyle(const QString& marker)
+{
+    const QString trimmed = marker.trimmed();
+    for (const BulletStyle& bullet : bulletStyles) {
+        if (trimmed == QString(QChar(bullet.marker)))
+            return bullet.style;
+    }
+    return QTextListFormat::ListDisc;
+}
+
+QTextListFormat::Style listStyle(const ORVTextListLevel& level)
+{
+    if (level.kind() == ORVTextListLevel::Bullet)
+        return bulletStyle(level.text());
+    for (const NumberStyle& number : numberStyles) {
+        if (level.kind() == unsigned(number.kind))
+            return number.style;
+    }
+    return QTextListFormat::ListDecimal;
+}
+
+// A bullet has nothing around it, and neither has a template that shows no number: there Qt's own "1." says
+// more than a text to which Qt would add a number.
+void setNumberSurroundings(QTextListFormat* format, const ORVTextListLevel& level)
+{
+    const int number = int(level.text().indexOf(numberPlaceholder));
+    if (level.kind() == ORVTextListLevel::Bullet || number < 0) {
+        format->clearProperty(QTextFormat::ListNumberPrefix);
+        format->clearProperty(QTextFormat::ListNumberSuffix);
+        return;
+    }
+    format->setNumberPrefix(level.text().left(number));
+    format->setNumberSuffix(level.text().mid(number + numberPlaceholder.size()));
+}
+
+// Without a suffix of its own Qt writes a point after the number.
+QString numberTemplate(const QTextListFormat& format)
+{
+    const QString suffix =
+        format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QString(QLatin1Char('.'));
+    return format.numberPrefix() + numberPlaceholder + suffix;
+}
+
+// Gives kind and template of the level that shows what Qt shows; false when Qt shows nothing.
+bool setMarker(ORVTextListLevel* level, const QTextListFormat& format)
+{
+    for (const NumberStyle& number : numberStyles) {
+        if (format.style() == number.style) {
+            level->setKind(number.kind);
+            level->setText(numberTemplate(format));
+            return true;
+        }
+    }
+    for (const BulletStyle& bullet : bulletStyles) {
+        if (format.style() == bullet.style) {
+            level->setKind(ORVTextListLevel::Bullet);
+            level->setText(QString(QChar(bullet.marker)));
+            return true;
+        }
+    }
+    return false;
+}
+
+QList<ORVTextListLevel> derivedLevels(const QTextListFormat& format)
+{
+    QList<ORVTextListLevel> levels;
+    ORVTextListLevel level;
+    if (setMarker(&level, format)) {
+        level.setIndent(format.indent() * pointsPerIndent);
+        level.setFirstLinePosition(level.indent());
+        levels.append(level);
+    }
+    return levels;
+}
+
+// QTextList::itemNumber() searches the whole list; the block knows its list at once.
+bool isMember(QTextList* list, const QTextBlock& block)
+{
+    return list && block.isValid() && block.textList() == list;
+}
+
+bool statesIndents(const QTextBlockFormat& format)
+{
+    return format.hasProperty(ORVRtfProperty::LeftIndent) || format.hasProperty(QTextFormat::TextIndent);
+}
+
+} // namespace
+
+QList<ORVTextListLevel> ORVTextListFormat::levels(const QTextListFormat& format)
+{
+    return format.hasProperty(levelsProperty) ? storedLevels(format) : derivedLevels(format);
+}
+
+void ORVTextListFormat::setLevels(QTextListFormat& format, const QList<ORVTextListLevel>& levels)
+{
+    if (levels.isEmpty()) {
+        format.clearProperty(levelsProperty);
+        return;
+    }
+    format.setProperty(levelsProperty, encoded(levels));
+    format.setStyle(listStyle(levels.first()));
+    setNumberSurroundings(&format, levels.first());
+}
+
+int ORVTextListFormat::blockLevel(QTextList* list, const QTextBlock& block)
+{
+    if (!isMember(list, block))
+        return 0;
+    return qMax(0, block.blockFormat().property(ORVRtfProperty::ListLevel).toInt());
+}
+
+void ORVTextListFormat::setBlockLevel(QTextList* list, const QTextBlock& block, int level)
+{
+    if (!isMember(list, block))
+        return;
+    const int validLevel = qMax(0, level);
+    // A changed copy keeps the reference to the list that the block's own format holds.
+    QTextBlockFormat format = block.blockFormat();
+    format.setProperty(ORVRtfProperty::ListLevel, validLevel);
+    if (!statesIndents(format)) {
+        const QList<ORVTextListLevel> levels = storedLevels(list->format());
+        if (validLevel < levels.size()) {
+            format.setProperty(ORVRtfProperty::LeftIndent, levels.at(validLevel).indent());
+            format.setProperty(QTextFormat::TextIndent, levels.at(validLevel).firstLinePosition());
+        }
+    }
+    if (format != block.blockFormat())
+        QTextCursor(block).setBlockFormat(format);
+}

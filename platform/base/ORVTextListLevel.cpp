@@ -1,0 +1,9 @@
+#include "ORVTextListLevel.h"
+
+ORVTextListLevel::ORVTextListLevel() : m_kind(Decimal), m_indent(0), m_firstLinePosition(0) { }
+
+bool ORVTextListLevel::operator==(const ORVTextListLevel& other) const
+{
+    return m_kind == other.m_kind && m_indent == other.m_indent
+        && m_firstLinePosition == other.m_firstLinePosition && m_text == other.m_text;
+}

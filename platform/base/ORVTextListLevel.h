@@ -1,0 +1,48 @@
+#ifndef ORVTEXTLISTLEVEL_H
+#define ORVTEXTLISTLEVEL_H
+
+#include "ORVPlatformGlobal.h"
+
+#include <QtCore/QMetaType>
+#include <QtCore/QString>
+
+/*!
+    One level of a multi-level list: how its items are marked and where they stand. A value type.
+
+    The text is a template: "%0" stands for the item's number on this level, "%1" for the number one level
+    above, and so on; everything else, a bullet for example, stands for itself.
+*/
+class ORV_PLATFORM_EXPORT ORVTextListLevel {
+public:
+    /*! How the numbers of a level are written. */
+    enum Kind { Bullet = 0, Decimal, LowerLetter, UpperLetter, LowerRoman, UpperRoman };
+
+    /*! A decimal level with an empty template and no indents. */
+    ORVTextListLevel();
+
+    QString text() const { return m_text; }
+    void setText(const QString& text) { m_text = text; }
+
+    /*! A value of Kind; other values are kept as they are. */
+    unsigned kind() const { return m_kind; }
+    void setKind(unsigned kind) { m_kind = kind; }
+
+    /*! Left indent of the items, in points. */
+    double indent() const { return m_indent; }
+    void setIndent(double indent) { m_indent = indent; }
+
+    /*! Position of an item's first line, in points, measured from the same edge as indent(). */
+    double firstLinePosition() const { return m_firstLinePosition; }
+    void setFirstLinePosition(double position) { m_firstLinePosition = position; }
+
+    bool operator==(const ORVTextListLevel& other) const;
+    bool operator!=(const ORVTextListLevel& other) const { return !(*this == other); }
+
+private:
+    QString m_text;
+    unsigned m_kind;
+    double m_indent;
+    double m_firstLinePosition;
+};
+
+#endif

@@ -1,0 +1,208 @@
+#include "ORVTextUtil.h"
+
+#include "QtCompat_p.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QList>
+#include <QtCore/QMutex>
+#include <QtCore/QMutexLocker>
+#include <QtCore/QStringList>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+
+#if defined(ORV_HAVE_FONTCONFIG)
+#include <fontconfig/fontconfig.h>
+#endif
+
+namespace {
+
+// What is known about font families, by name. Documents name the same few again and again; the bound is there
+// for the one that names thousands.
+template <typename Value>
+class FamilyCache {
+public:
+    bool find(const QString& family, Value* value) const
+    {
+        QMutexLocker locker(&m_mutex);
+        const auto found = m_values.constFind(family);
+        if (found == m_values.constEnd())
+            return false;
+        *value = found.value();
+        return true;
+    }
+
+    void insert(const QString& family, const Value& value)
+    {
+        QMutexLocker locker(&m_mutex);
+        if (m_values.size() >= maxEntries)
+            m_values.clear();
+        m_values.insert(family, value);
+    }
+
+private:
+    static const int maxEntries = 1000;
+    mutable QMutex m_mutex;
+    QHash<QString, Value> m_values;
+};
+
+// Qt adds the foundry, as in "Arial [Monotype]", where two of them installed a family of the same name; the
+// bare name selects either.
+QString withoutFoundry(const QString& family)
+{
+    const int foundry = int(family.lastIndexOf(QLatin1String(" [")));
+    return foundry > 0 && family.endsWith(QLatin1Char(']')) ? family.left(foundry) : family;
+}
+
+// The family of that name among families, in their spelling, empty when there is none.
+QString installedSpelling(const QStringList& families, const QString& name)
+{
+    QString found;
+    for (const QString& family : families) {
+        const QString bare = withoutFoundry(family);
+        if (bare == name)
+            return name;
+        if (found.isEmpty() && bare.compare(name, Qt::CaseInsensitive) == 0)
+            found = bare;
+    }
+    return found;
+}
+
+QString firstInstalled(const QStringList& families, const QStringList& names)
+{
+    for (const QString& name : names) {
+        const QString family = installedSpelling(families, name);
+        if (!family.isEmpty())
+            return family;
+    }
+    return QString();
+}
+
+#if defined(ORV_HAVE_FONTCONFIG)
+// The families bound to the place of name in fontconfig's preference list. Its rules for families of equal
+// metrics bind strongly; the weakly bound rest is what it would show for any name at all.
+QStringList equivalentFamilies(const QString& name)
+{
+    QStringList families;
+    FcPattern* pattern = FcPatternCreate();
+    if (!pattern)
+        return families;
+    const QByteArray utf8 = name.toUtf8();
+    FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(utf8.constData()));
+    FcConfigSubstitute(nullptr, pattern, FcMatchPattern);
+    FcValue value;
+    FcValueBinding binding;
+    for (int i = 0; FcPatternGetWithBinding(pattern, FC_FAMILY, i, &value, &binding) == FcResultMatch; ++i) {
+        if (binding != FcValueBindingWeak && value.type == FcTypeString)
+            families.append(QString::fromUtf8(reinterpret_cast<const char*>(value.u.s)));
+    }
+    FcPatternDestroy(pattern);
+    return families;
+}
+
+// Asking fontconfig costs a tenth of a millisecond and more.
+QStringList metricSubstitutes(const QString& name)
+{
+    static FamilyCache<QStringList> cache;
+    QStringList families;
+    if (!cache.find(name, &families)) {
+        families = equivalentFamilies(name);
+        cache.insert(name, families);
+    }
+    return families;
+}
+#else
+QStringList metricSubstitutes(const QString&)
+{
+    return QStringList();
+}
+#endif
+
+// A family that is not installed is asked for anew each time: the application may add it any moment.
+QList<int> weightsOf(const QString& family)
+{
+    static FamilyCache<QList<int>> cache;
+    QList<int> weights;
+    if (!cache.find(family, &weights)) {
+        weights = compat::fontWeights(family);
+        if (!weights.isEmpty())
+            cache.insert(family, weights);
+    }
+    return weights;
+}
+
+void removeRange(QTextDocument* document, int from, int to)
+{
+    QTextCursor range(document);
+    range.setPosition(from);
+    range.setPosition(to, QTextCursor::KeepAnchor);
+    range.removeSelectedText();
+}
+
+// When whole paragraphs go, Qt keeps the paragraph format of the one that stays but not the character format
+// that its marker and its new text have.
+void removeLeadingRange(QTextDocument* document, int from, int to)
+{
+    const QTextBlock kept = document->findBlock(to);
+    const bool joinsBlocks = kept.position() > from;
+    const QTextCharFormat format = kept.charFormat();
+    removeRange(document, from, to);
+    QTextCursor cursor(document);
+    cursor.setPosition(from);
+    if (joinsBlocks && cursor.atBlockStart())
+        cursor.setBlockCharFormat(format);
+}
+
+} // namespace
+
+QString ORVTextUtil::findBestFontFamily(const QString& name)
+{
+    if (name.isEmpty() || !compat::hasGui())
+        return QString();
+    const QStringList families = compat::fontFamilies();
+    const QString family = firstInstalled(families, QStringList(name) + QFont::substitutes(name));
+    return family.isEmpty() ? firstInstalled(families, metricSubstitutes(name)) : family;
+}
+
+int ORVTextUtil::defaultFontWeight(const QString& family, int fallback)
+{
+    if (family.isEmpty() || !compat::hasGui())
+        return fallback;
+    int best = -1;
+    for (int weight : weightsOf(family)) {
+        if (weight <= fallback && weight > best)
+            best = weight;
+    }
+    return best < 0 ? fallback : best;
+}
+
+void ORVTextUtil::trim(QTextCursor& cursor)
+{
+    QTextDocument* document = cursor.document();
+    if (!document || !cursor.hasSelection())
+        return;
+    const int start = cursor.selectionStart();
+    const int end = cursor.selectionEnd();
+    int last = end;
+    while (last > start && document->characterAt(last - 1).isSpace())
+        --last;
+    int first = start;
+    while (first < last && document->characterAt(first).isSpace())
+        ++first;
+
+    QTextCursor edit(document);
+    edit.beginEditBlock();
+    if (last < end)
+        removeRange(document, last, end);
+    if (first > start)
+        removeLeadingRange(document, start, first);
+    edit.endEditBlock();
+}
+
+QString ORVTextUtil::trimLeadingSpaces(const QString& text)
+{
+    int start = 0;
+    while (start < text.size() && text.at(start).isSpace())
+        ++start;
+    return text.mid(start);
+}

@@ -1,0 +1,194 @@
+#include "TextDocSupport.h"
+
+#include "QtCompat_p.h"
+
+#include <QtCore/QUrl>
+#include <QtCore/QVariant>
+#include <QtGui/QImage>
+#include <QtGui/QPixmap>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextFrame>
+#include <QtGui/QTextList>
+#include <QtGui/QTextOption>
+
+namespace {
+
+// QTextDocument::clone() of a document that is nothing but one empty list item takes over a reference to a
+// list that the copy does not have; newer Qt versions crash on it. There is no content to clone here.
+QTextDocument* cloneEmptyDocument(const QTextDocument* document, QObject* parent)
+{
+    QTextDocument* copy = new QTextDocument(parent);
+    copy->setMetaInformation(QTextDocument::DocumentTitle,
+                             document->metaInformation(QTextDocument::DocumentTitle));
+    copy->setMetaInformation(QTextDocument::DocumentUrl,
+                             document->metaInformation(QTextDocument::DocumentUrl));
+    copy->setPageSize(document->pageSize());
+    copy->setIndentWidth(document->indentWidth());
+    copy->setDefaultStyleSheet(document->defaultStyleSheet());
+    copy->setDefaultTextOption(document->defaultTextOption());
+    copy->setDefaultFont(document->defaultFont());
+    return copy;
+}
+
+QTextDocument* cloneContent(const QTextDocument* document, QObject* parent)
+{
+    if (document->isEmpty() && document->begin().textList())
+        return cloneEmptyDocument(document, parent);
+    return document->clone(parent);
+}
+
+// The list of the first block of a document in its copy, where that block has been left out of it.
+void joinList(QTextList* list, QTextDocument* copy)
+{
+    if (list->count() > 1) {
+        const QTextBlock sibling = copy->findBlockByNumber(list->item(1).blockNumber());
+        if (QTextList* copiedList = sibling.textList())
+            copiedList->add(copy->begin());
+        return;
+    }
+    QTextCursor(copy).createList(list->format());
+}
+
+// clone() keeps nothing of a first block that is blank: no formats, no place in a list.
+void restoreBlankFirstBlock(const QTextDocument* document, QTextDocument* copy)
+{
+    const QTextBlock first = document->begin();
+    if (first.length() > 1)
+        return;
+    QTextBlockFormat blockFormat = first.blockFormat();
+    blockFormat.clearProperty(QTextFormat::ObjectIndex);
+    QTextCharFormat charFormat = first.charFormat();
+    charFormat.clearProperty(QTextFormat::ObjectIndex);
+    QTextCursor cursor(copy);
+    cursor.setBlockFormat(blockFormat);
+    cursor.setBlockCharFormat(charFormat);
+    if (QTextList* list = first.textList())
+        joinList(list, copy);
+}
+
+// What clone() leaves out of the properties of the document itself.
+void restoreProperties(const QTextDocument* document, QTextDocument* copy)
+{
+    const QList<QByteArray> names = document->dynamicPropertyNames();
+    for (const QByteArray& name : names)
+        copy->setProperty(name.constData(), document->property(name.constData()));
+    copy->setBaseUrl(document->baseUrl());
+    copy->setDefaultCursorMoveStyle(document->defaultCursorMoveStyle());
+    // The document margin also sets the margins of the root frame, which may have others of its own.
+    copy->setDocumentMargin(document->documentMargin());
+    copy->rootFrame()->setFrameFormat(document->rootFrame()->frameFormat());
+}
+
+// A parent that knows no resources. QTextDocument reads a file when a resource with the name of a file is
+// missing, unless its parent is a document: then it asks that instead.
+class EmptyResources : public QTextDocument {
+protected:
+    QVariant loadResource(int, const QUrl&) override { return QVariant(); }
+};
+
+// The resource of that name that the document holds, though the name may be that of a file.
+QVariant storedResource(const QTextDocument* document, const QUrl& url)
+{
+    QTextDocument* changed = const_cast<QTextDocument*>(document);
+    QObject* parent = changed->parent();
+    EmptyResources guard;
+    if (guard.thread() != changed->thread())
+        guard.moveToThread(changed->thread());
+    changed->setParent(&guard);
+    const QVariant resource = document->resource(QTextDocument::ImageResource, url);
+    changed->setParent(parent);
+    return resource;
+}
+
+// The resource of that name; scheme is the one that url has when it is resolved against the base URL.
+QVariant resource(const QTextDocument* document, const QUrl& url, const QString& scheme)
+{
+    if (scheme.isEmpty() || scheme == QLatin1String("file"))
+        return storedResource(document, url);
+    // Of a data: URL the document would make a pixmap, which needs a QGuiApplication, if an image is asked
+    // for.
+    const bool isData = scheme == QLatin1String("data");
+    return document->resource(isData ? QTextDocument::UserResource : QTextDocument::ImageResource, url);
+}
+
+QImage toImage(const QVariant& resource)
+{
+    switch (resource.userType()) {
+    case QMetaType::QImage: return qvariant_cast<QImage>(resource);
+    case QMetaType::QPixmap: return compat::hasGui() ? qvariant_cast<QPixmap>(resource).toImage() : QImage();
+    case QMetaType::QByteArray: return QImage::fromData(resource.toByteArray());
+    default: return QImage();
+    }
+}
+
+// The policy of block, without the break after it when movesAfter is true, with one before when addsBefore
+// is.
+void setPageBreaks(const QTextBlock& block, bool addsBefore, bool movesAfter)
+{
+    QTextBlockFormat format = block.blockFormat();
+    int policy = format.intProperty(QTextFormat::PageBreakPolicy);
+    if (movesAfter)
+        policy &= ~QTextFormat::PageBreak_AlwaysAfter;
+    if (addsBefore)
+        policy |= QTextFormat::PageBreak_AlwaysBefore;
+    if (policy == 0)
+        format.clearProperty(QTextFormat::PageBreakPolicy);
+    else
+        format.setProperty(QTextFormat::PageBreakPolicy, policy);
+    QTextCursor(block).setBlockFormat(format);
+}
+
+} // namespace
+
+QTextDocument* TextDocSupport::cloneDocumentQtStyle(const QTextDocument* document, QObject* parent)
+{
+    if (!document)
+        return nullptr;
+    QTextDocument* copy = cloneContent(document, parent);
+    copy->setUndoRedoEnabled(false);
+    restoreBlankFirstBlock(document, copy);
+    restoreProperties(document, copy);
+    return copy;
+}
+
+void TextDocSupport::clearDefaultTextOptionFlags(QTextDocument* document)
+{
+    if (!document)
+        return;
+    QTextOption option = document->defaultTextOption();
+    if (option.flags() == QTextOption::Flags())
+        return;
+    option.setFlags(QTextOption::Flags());
+    document->setDefaultTextOption(option);
+}
+
+void TextDocSupport::normalizePageBreaks(QTextDocument* document)
+{
+    if (!document)
+        return;
+    QTextCursor edit(document);
+    edit.beginEditBlock();
+    bool addsBefore = false;
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+        const int policy = block.blockFormat().intProperty(QTextFormat::PageBreakPolicy);
+        const bool movesAfter = (policy & QTextFormat::PageBreak_AlwaysAfter) && block.next().isValid();
+        if (addsBefore || movesAfter)
+            setPageBreaks(block, addsBefore, movesAfter);
+        addsBefore = movesAfter;
+    }
+    edit.endEditBlock();
+}
+
+QImage TextDocSupport::image(const QTextDocument* document, const QString& name)
+{
+    if (!document || name.isEmpty())
+        return QImage();
+    const QUrl url(name);
+    const QUrl resolved = document->baseUrl().resolved(url);
+    const QImage image = toImage(resource(document, url, resolved.scheme()));
+    if (image.isNull() && resolved.scheme() == QLatin1String("qrc"))
+        return QImage(QLatin1Char(':') + resolved.path());
+    return image;
+}

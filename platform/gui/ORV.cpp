@@ -1,0 +1,16 @@
+#include "ORV.h"
+
+const char* ORV::OrvellineMarkupRtfMimeType = "application/x-orvelline-markup-rtf";
+
+QStringList ORV::rtfMimeTypes()
+{
+    QStringList types;
+    types << QLatin1String("text/rtf") << QLatin1String("application/rtf") << QLatin1String("text/richtext");
+#if defined(Q_OS_WIN)
+    // How Qt spells a clipboard format that Windows knows by name only.
+    types << QLatin1String("application/x-qt-windows-mime;value=\"Rich Text Format\"");
+#elif defined(Q_OS_MAC)
+    types << QLatin1String("public.rtf");
+#endif
+    return types;
+}

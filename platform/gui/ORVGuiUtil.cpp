@@ -1,0 +1,99 @@
+#include "ORVGuiUtil.h"
+
+#include <QtCore/QBuffer>
+#include <QtCore/QCryptographicHash>
+#include <QtCore/QVector>
+#include <QtCore/QtEndian>
+#include <QtGui/QColor>
+#include <QtGui/QImage>
+
+namespace {
+
+void addNumber(QCryptographicHash* hash, qint32 number)
+{
+    const qint32 littleEndian = qToLittleEndian(number);
+    hash->addData(QByteArray(reinterpret_cast<const char*>(&littleEndian), sizeof littleEndian));
+}
+
+// The bits of the last byte of a scanline that belong to pixels; 0xff when all do.
+uchar lastByteMask(const QImage& image)
+{
+    const int usedBits = int(qint64(image.width()) * image.depth() % 8);
+    if (usedBits == 0)
+        return 0xff;
+    return image.format() == QImage::Format_MonoLSB ? uchar((1 << usedBits) - 1)
+                                                    : uchar(0xff << (8 - usedBits));
+}
+
+// The bytes of a scanline in which only what is a pixel counts: whole bytes that lie beyond the width, the
+// bits of the last byte that do, and the byte that Format_RGB32 leaves undefined can hold anything.
+class ScanlineReader {
+public:
+    explicit ScanlineReader(const QImage& image)
+        : m_image(image), m_size(int((qint64(image.width()) * image.depth() + 7) / 8)),
+          m_mask(lastByteMask(image))
+    {
+    }
+
+    // Valid until the next call.
+    QByteArray line(int y)
+    {
+        const char* bytes = reinterpret_cast<const char*>(m_image.constScanLine(y));
+        if (m_image.format() == QImage::Format_RGB32)
+            return opaqueLine(y);
+        if (m_mask == 0xff)
+            return QByteArray::fromRawData(bytes, m_size);
+        QByteArray masked(bytes, m_size);
+        masked[m_size - 1] = char(uchar(bytes[m_size - 1]) & m_mask);
+        return masked;
+    }
+
+private:
+    QByteArray opaqueLine(int y)
+    {
+        const QRgb* pixels = reinterpret_cast<const QRgb*>(m_image.constScanLine(y));
+        m_opaque.resize(m_image.width());
+        QRgb* opaque = m_opaque.data();
+        for (int x = 0; x < m_image.width(); ++x)
+            opaque[x] = pixels[x] | 0xff000000u;
+        return QByteArray::fromRawData(reinterpret_cast<const char*>(m_opaque.constData()), m_size);
+    }
+
+    const QImage& m_image;
+    const int m_size;
+    const uchar m_mask;
+    QVector<QRgb> m_opaque;
+};
+
+} // namespace
+
+QString ORVGuiUtil::resourceId(const QImage& image)
+{
+    if (image.isNull())
+        return QString();
+
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    addNumber(&hash, image.format());
+    addNumber(&hash, image.width());
+    addNumber(&hash, image.height());
+    const QVector<QRgb> colors = image.colorTable();
+    addNumber(&hash, qint32(colors.size()));
+    for (QRgb color : colors)
+        addNumber(&hash, qint32(color));
+    ScanlineReader reader(image);
+    for (int y = 0; y < image.height(); ++y)
+        hash.addData(reader.line(y));
+
+    // With a scheme of its own the name never leads to a file, and no base URL changes it.
+    return QLatin1String("orvimage:") + QString::fromLatin1(hash.result().toHex());
+}
+
+QByteArray ORVGuiUtil::toByteArray(const QImage& image, const char* format, int quality)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!image.save(&buffer, format, qBound(-1, quality, 100)))
+        return QByteArray();
+    return bytes;
+}

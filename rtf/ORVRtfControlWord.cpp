@@ -1,0 +1,61 @@
+#include "ORVRtfControlWord_p.h"
+
+#include <QtCore/qglobal.h>
+
+namespace {
+
+bool isLetter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+ORVRtfControlWord failed(ORVRtfControlWord::Status status)
+{
+    ORVRtfControlWord word;
+    word.status = status;
+    return word;
+}
+
+} // namespace
+
+ORVRtfControlWord ORVRtfControlWord::scan(const char* data, int available)
+{
+    const int limit = qMin(available, longest);
+    if (limit < 2)
+        return failed(CutOff);
+
+    ORVRtfControlWord word;
+    int end = 1;
+    if (!isLetter(data[end])) {
+        word.spellingLength = word.length = 2;
+        return word;
+    }
+    while (end < limit && isLetter(data[end]))
+        ++end;
+    if (end == limit)
+        return failed(TooLong);
+    word.spellingLength = end;
+
+    // A hyphen belongs to the word even when no digit follows it.
+    const bool negative = data[end] == '-';
+    if (negative)
+        ++end;
+
+    // Digits beyond the range of an int wrap around.
+    unsigned int magnitude = 0;
+    for (; end < limit && isDigit(data[end]); ++end) {
+        magnitude = magnitude * 10 + unsigned(data[end] - '0');
+        word.hasParameter = true;
+    }
+    word.parameter = int(negative ? 0u - magnitude : magnitude);
+
+    if (end < available && data[end] == ' ')
+        ++end;
+    word.length = end;
+    return word;
+}

@@ -1,0 +1,47 @@
+#ifndef ORVRTFFONTTABLE_P_H
+#define ORVRTFFONTTABLE_P_H
+
+#include <QtCore/QHash>
+#include <QtCore/QString>
+#include <QtGui/QFont>
+
+class QTextCharFormat;
+
+/*!
+    The fonts of a document by their RTF numbers, and the code page that each is encoded in.
+*/
+class ORVRtfFontTable {
+public:
+    /*! Code page of a font that names none. */
+    static const int noCodePage = -1;
+
+    bool contains(int number) const { return m_fonts.contains(number); }
+    QFont font(int number) const { return m_fonts.value(number); }
+    int codePage(int number) const { return m_codePages.value(number, noCodePage); }
+    void setCodePage(int number, int codePage);
+
+    /*! Style that the next font to be defined is said to have. */
+    void setStyleHint(QFont::StyleHint hint) { m_styleHint = hint; }
+
+    /*!
+        Defines font \a number: \a name as it stands in the file (white space and one ";" at its end do not
+        count), replaced by the installed family that stands best for it; everything else is that of \a
+       format. An empty name never replaces a font.
+    */
+    void define(int number, const QString& name, const QTextCharFormat& format);
+
+    /*!
+        The family to use for a font that is shown in \a matchedFamily. The dialog font of Windows, which
+        stands in for fonts that are missing, is a poor one to write in; a family of the style \a hint
+        replaces it. Any other match leaves \a family as it is.
+    */
+    static QString familyToUse(const QString& family, bool exactMatch, const QString& matchedFamily,
+                               QFont::StyleHint hint);
+
+private:
+    QHash<int, QFont> m_fonts;
+    QHash<int, int> m_codePages;
+    QFont::StyleHint m_styleHint = QFont::AnyStyle;
+};
+
+#endif

@@ -1,0 +1,60 @@
+#ifndef ORVRTFINPUT_P_H
+#define ORVRTFINPUT_P_H
+
+#include <QtCore/QByteArray>
+
+class QIODevice;
+
+/*!
+    The bytes of a device as the tokenizer sees them: a buffer that is refilled a line at a time, with a read
+    position in it.
+
+    A look-ahead fetches at most one line, so it can fail before the end of the input. This is part of how
+    RTF is read here: it bounds, for example, the size of binary data. The buffer stays below a few
+    kilobytes whatever the size of the input.
+*/
+class ORVRtfInput {
+public:
+    /*! The device belongs to the caller. */
+    void setDevice(QIODevice* device) { m_device = device; }
+    QIODevice* device() const { return m_device; }
+
+    /*!
+        The byte \a offset bytes behind the read position, fetching one more line when needed. When there is
+        no such byte the result is "?", and \a ok, unless null, is set to false.
+    */
+    char charAt(qint64 offset, bool* ok = nullptr)
+    {
+        const qint64 index = m_position + offset;
+        const bool available = index < m_buffer.size() || fetch(index);
+        if (ok)
+            *ok = available;
+        return available ? m_buffer.constData()[index] : '?';
+    }
+
+    /*! The buffered bytes from the read position on. */
+    const char* data() const { return m_buffer.constData() + m_position; }
+    int available() const { return int(m_buffer.size() - m_position); }
+    /*! Whether the device has nothing more: what is left of the input is in the buffer. */
+    bool isFetched() const;
+
+    /*! Moves the read position over \a count buffered bytes. */
+    void release(int count);
+    /*! Moves the read position over \a count bytes, refilling the buffer, but not beyond the end of the
+     * input. */
+    void skip(qint64 count);
+    /*! Takes up to \a limit hexadecimal digits, across refills within one line; see charAt(). */
+    QByteArray takeHexadecimalDigits(int limit);
+
+    /*! Position of the device plus the read position in the buffer. */
+    qint64 pos() const;
+
+private:
+    bool fetch(qint64 index);
+
+    QIODevice* m_device = nullptr;
+    QByteArray m_buffer;
+    qint64 m_position = 0;
+};
+
+#endif

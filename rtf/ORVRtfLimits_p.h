@@ -1,0 +1,31 @@
+#ifndef ORVRTFLIMITS_P_H
+#define ORVRTFLIMITS_P_H
+
+#include <QtCore/qglobal.h>
+
+/*!
+    Bounds on what a damaged or hostile file can make the reader use. No real document meets them; beyond
+    them the reader goes on within bounds. docs/rtf.md lists them for users.
+*/
+namespace ORVRtfLimits {
+
+/*! Open groups; a group opened beyond them is skipped whole. */
+const int openGroups = 1000000;
+/*! Tables within tables: Qt's layout time doubles with each level. */
+const int tableNesting = 12;
+/*! Columns of one table. */
+const int tableColumns = 256;
+/*! Tab stops of one paragraph. */
+const int tabStops = 256;
+/*! Fonts of one font table. */
+const int fonts = 10000;
+/*! Levels of one list. */
+const int listLevels = 9;
+/*! Pixels of one picture, by its header and before it is decoded. */
+const qint64 picturePixels = 100 * 1000 * 1000;
+/*! Pixels of a displayed picture's side. */
+const int pictureSide = 32767;
+
+} // namespace ORVRtfLimits
+
+#endif

@@ -1,0 +1,56 @@
+#include "ORVRtfParagraph_p.h"
+
+#include "ORVRtfLimits_p.h"
+#include "ORVRtfProperties.h"
+
+const QTextBlockFormat& ORVRtfParagraph::format()
+{
+    if (m_tabsChanged) {
+        m_format.setTabPositions(m_tabs);
+        m_tabsChanged = false;
+    }
+    return m_format;
+}
+
+void ORVRtfParagraph::reset()
+{
+    m_format = QTextBlockFormat();
+    m_tabs.clear();
+    m_tabsChanged = false;
+}
+
+void ORVRtfParagraph::setLeftIndent(double indent)
+{
+    const double oldIndent = m_format.doubleProperty(ORVRtfProperty::LeftIndent);
+    const double firstLine = m_format.doubleProperty(QTextFormat::TextIndent);
+    m_format.setProperty(ORVRtfProperty::LeftIndent, indent);
+    m_format.setProperty(QTextFormat::TextIndent, firstLine - oldIndent + indent);
+}
+
+void ORVRtfParagraph::setTextIndent(double offset)
+{
+    const double indent = m_format.doubleProperty(ORVRtfProperty::LeftIndent);
+    m_format.setProperty(QTextFormat::TextIndent, indent + offset);
+}
+
+void ORVRtfParagraph::setRightIndent(double position)
+{
+    m_format.setProperty(ORVRtfProperty::RightIndent, position);
+}
+
+void ORVRtfParagraph::addPageBreakBits(int bits)
+{
+    const int policy = m_format.intProperty(QTextFormat::PageBreakPolicy);
+    m_format.setProperty(QTextFormat::PageBreakPolicy, policy | bits);
+}
+
+void ORVRtfParagraph::addTab(double position)
+{
+    const QTextOption::TabType type = m_nextTabType;
+    m_nextTabType = QTextOption::LeftTab;
+    if (m_tabs.size() >= ORVRtfLimits::tabStops)
+        return;
+    const QChar delimiter = type == QTextOption::DelimiterTab ? QChar(QLatin1Char('.')) : QChar();
+    m_tabs.append(QTextOption::Tab(position, type, delimiter));
+    m_tabsChanged = true;
+}

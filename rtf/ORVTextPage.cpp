@@ -1,0 +1,15 @@
+#include "ORVTextPage.h"
+
+namespace {
+
+// Known by name from the moment the library is loaded, so that a document property can hold a page.
+const int registeredTypeId = qRegisterMetaType<ORVTextPage>("ORVTextPage");
+
+} // namespace
+
+ORVTextPage::ORVTextPage()
+{
+    Q_UNUSED(registeredTypeId)
+}
+
+ORVTextPage::~ORVTextPage() { }

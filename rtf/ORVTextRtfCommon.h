@@ -1,0 +1,103 @@
+#ifndef ORVTEXTRTFCOMMON_H
+#define ORVTEXTRTFCOMMON_H
+
+#include "ORVRtfGlobal.h"
+#include "ORVRtfKeywords.h"
+
+#include <QtCore/QChar>
+#include <QtCore/QHash>
+#include <QtCore/QLatin1String>
+#include <QtCore/QPair>
+
+class QColor;
+class QFont;
+
+/*!
+    What reading and writing RTF have in common: the control words and their lookup, code pages, page
+    defaults, quotation marks and revision colours.
+
+    Everything is static; constructing an object makes sure that the lookup tables exist. They are built
+    once per process, by whichever thread comes first, and only read afterwards.
+*/
+class ORV_RTF_EXPORT ORVTextRtfCommon {
+public:
+    /*! The control words; 0 stands for none or unknown. The numbers mean nothing outside the process. */
+    enum KeyWord {
+        NoKeyWord = 0,
+#define ORV_KEYWORD_MEMBER(name, spelling) name,
+        ORV_RTF_KEYWORDS(ORV_KEYWORD_MEMBER)
+#undef ORV_KEYWORD_MEMBER
+            KeyWordEnd
+    };
+    /*! Number of control words in the tables. */
+    static const int KeyWordCount = KeyWordEnd - 1;
+
+    ORVTextRtfCommon();
+    virtual ~ORVTextRtfCommon();
+
+    /*! Builds the table from control word to spelling, unless it exists. */
+    static void initMap();
+    /*! Builds both tables, unless they exist. */
+    static void initHash();
+    /*! Hash of the \a len bytes at \a s: the length in the upper half, plus the sum of the signed bytes. */
+    static unsigned int hash(const char* s, unsigned int len);
+    /*!
+        The control word whose spelling begins with the \a len bytes at \a s (backslash included, numeric
+        parameter excluded; no terminating NUL needed), or NoKeyWord.
+    */
+    static KeyWord fromLatin1(const char* s, unsigned int len);
+    /*! The spelling of \a keyWord, or a null string when it has none. */
+    static QLatin1String toLatin1(KeyWord keyWord);
+
+    /*! The Windows code page that goes with the `\fcharset` value \a charset; 1252 for unknown values. */
+    static int charSetToCodePage(int charset);
+    /*! Bytes per character that can be converted in \a codePage: 1 for 1252, 0 for every other. */
+    static int codePageLen(int codePage);
+    /*! The character that stands for what \a codePage cannot express: always "?". */
+    static QChar codePageDefaultChar(int codePage);
+    /*! The `\fcharset` value a font is written with. It is 1252 for every font, which selects code page 1252.
+     */
+    static int fontCharset(const QFont& font);
+    /*! The UTF-16 unit of the first byte at \a byte in code page 1252; 0 where the code page has none. */
+    static ushort unicodeFromAnsi1252(const char* byte);
+    /*! The byte of the non-ASCII UTF-16 unit \a unit in code page 1252, or 63 ("?") when there is none. */
+    static int unicodeToAnsi1252(ushort unit);
+    /*!
+        The character of the first byte at \a bytes when \a codePage is 1252; otherwise \a defaultChar, or
+        "?" when that is null. \a length is not looked at: one byte is one character.
+    */
+    static QChar unicodeFromAnsi(const char* bytes, unsigned int codePage, int length, QChar defaultChar);
+    /*! \a defaultChar twice ("?" twice when it is null): no multi-byte code page can be written. */
+    static QPair<ushort, ushort> unicodeToMultiByte(const QChar& c, unsigned int codePage, int length,
+                                                    QChar defaultChar);
+
+    /*! The colour that shows revision \a level (1 to 5); black for any other level. */
+    static QColor revisionColor(int level);
+
+    /*! Paper size and margins of a page where nothing else is said, in twips. */
+    static const int defaultPaperWidth = 12240;
+    static const int defaultPaperHeight = 15840;
+    static const int defaultLeftMargin = 1800;
+    static const int defaultRightMargin = 1800;
+    static const int defaultTopMargin = 1440;
+    static const int defaultBottomMargin = 1440;
+
+    /*! Opening and closing quotation mark. */
+    typedef QPair<QChar, QChar> QuotePair;
+    static const QuotePair defaultSingleQuotes;
+    static const QuotePair defaultDoubleQuotes;
+
+    static const QColor firstRevisionColor;
+    static const QColor secondRevisionColor;
+    static const QColor thirdRevisionColor;
+    static const QColor fourthRevisionColor;
+    static const QColor fifthRevisionColor;
+
+protected:
+    /*! Control word to spelling; the strings are those of ORVRtfKeywords, not copies. */
+    static QHash<KeyWord, QLatin1String> mMap;
+    /*! Hash of a spelling to the control words that have it. */
+    static QMultiHash<unsigned int, KeyWord> mHash;
+};
+
+#endif

@@ -1,0 +1,333 @@
+#include "ORVTextRtfReader_p.h"
+
+#include "ORVRtfControlWord_p.h"
+#include "ORVRtfLimits_p.h"
+#include "ORVRtfProperties.h"
+#include "ORVTextFormat.h"
+#include "ORVTextListFormat.h"
+#include "QtCompat_p.h"
+#include "TextDocSupport.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QIODevice>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextList>
+
+#include <algorithm>
+
+namespace {
+
+// Digits of picture data that are decoded at a time.
+const int hexadecimalRun = 1024;
+// Characters that are usually pending at most: the length of a buffered line.
+const int pendingTextSize = 1024;
+
+bool isSpecial(char c)
+{
+    return c == '\\' || c == '{' || c == '}' || c == '\n' || c == '\r';
+}
+
+bool isInvalid(QChar c)
+{
+    return c.unicode() >= 0x7F && c.unicode() <= 0x9F;
+}
+
+bool isEmpty(const QTextBlock& block)
+{
+    return block.length() == 1;
+}
+
+} // namespace
+
+ORVTextRtfReaderPrivate::ORVTextRtfReaderPrivate()
+{
+    // Reserved memory is kept when the text is taken.
+    m_pendingText.reserve(pendingTextSize);
+}
+
+ORVTextRtfReaderPrivate::~ORVTextRtfReaderPrivate() { }
+
+bool ORVTextRtfReaderPrivate::read(QTextDocument* document, bool removeInvalidChars)
+{
+    if (!document) {
+        m_error = AssertionError;
+        return false;
+    }
+    document->clear();
+    const bool undoRedoEnabled = document->isUndoRedoEnabled();
+    document->setUndoRedoEnabled(false);
+
+    // The insertion cursor moves to other documents while tables are read; this one stays.
+    QTextCursor editBlock(document);
+    editBlock.beginEditBlock();
+    beginRead(document, removeInvalidChars);
+    m_error = parseFile();
+    m_cursor = QTextCursor();
+    m_document = nullptr;
+    editBlock.endEditBlock();
+
+    TextDocSupport::clearDefaultTextOptionFlags(document);
+    TextDocSupport::normalizePageBreaks(document);
+    document->setUndoRedoEnabled(undoRedoEnabled);
+    return m_error == NoError;
+}
+
+/*! Forgets what an earlier read left open; its tables of fonts, colours and lists stay. */
+void ORVTextRtfReaderPrivate::beginRead(QTextDocument* document, bool removeInvalidChars)
+{
+    m_document = document;
+    m_cursor = QTextCursor(document);
+    adoptDefaultCharFormat(ORVTextFormat::defaultCharFormat(document));
+    m_removeInvalidChars = removeInvalidChars;
+    m_emptyBlockUnsettled = false;
+    m_pendingText.resize(0);
+    m_binaryData.clear();
+    m_state = GroupState();
+    m_groups.clear();
+    m_skipDepth = 0;
+    m_ignorableDestination = false;
+    m_paragraph.reset();
+    m_rows.clear();
+    m_tableLevel = 0;
+    m_tablesCommitted = false;
+    m_bordersAreCells = false;
+    m_picture = ORVRtfPicture();
+    m_pictureNumber = 1;
+}
+
+int ORVTextRtfReaderPrivate::parseFile()
+{
+    QIODevice* device = m_input.device();
+    if (!device || (!device->isOpen() && !device->open(QIODevice::ReadOnly)))
+        return DeviceNotOpen;
+
+    m_paperWidth = defaultPaperWidth;
+    m_paperHeight = defaultPaperHeight;
+    m_leftMargin = defaultLeftMargin;
+    m_rightMargin = defaultRightMargin;
+    m_topMargin = defaultTopMargin;
+    m_bottomMargin = defaultBottomMargin;
+
+    const int status = parseContent();
+    abandonTables();
+    assembleLists();
+    if (status != NoError)
+        return status;
+    return m_groups.isEmpty() ? NoError : UnmatchedOpeningBrace;
+}
+
+int ORVTextRtfReaderPrivate::parseContent()
+{
+    int result = NoError;
+    bool ok = true;
+    for (char c = m_input.charAt(0, &ok); ok; c = m_input.charAt(0, &ok)) {
+        int status = NoError;
+        switch (c) {
+        case '\\':
+            drawText();
+            status = parseKeyword();
+            break;
+        case '{':
+            drawText();
+            status = pushProperties();
+            m_input.release(1);
+            break;
+        case '}':
+            drawText();
+            status = popProperties();
+            m_input.release(1);
+            break;
+        case '\n':
+        case '\r': m_input.release(1); break;
+        default: takeText(); break;
+        }
+        if (result == NoError)
+            result = status;
+    }
+    return result;
+}
+
+int ORVTextRtfReaderPrivate::parseKeyword()
+{
+    // The look-ahead fetches at most one more line: enough for any control word.
+    m_input.charAt(ORVRtfControlWord::longest);
+    const ORVRtfControlWord word = ORVRtfControlWord::scan(m_input.data(), m_input.available());
+    if (word.status != ORVRtfControlWord::Complete) {
+        // Without its backslash the rest is text, and the rest of the document can be read.
+        m_input.release(1);
+        return word.status == ORVRtfControlWord::CutOff ? UnexpectedEnd : InvalidControlWord;
+    }
+
+    const KeyWord keyWord = fromLatin1(m_input.data(), unsigned(word.spellingLength));
+    m_input.release(word.length);
+    if (m_skipDepth > 0)
+        return NoError;
+
+    const bool ignorable = m_ignorableDestination;
+    m_ignorableDestination = false;
+    if (keyWord != NoKeyWord)
+        return translateControlWord(keyWord, word.hasParameter, word.parameter);
+    if (ignorable)
+        m_skipDepth = 1;
+    return NoError;
+}
+
+/*
+    Takes what stands between control words, as far as the buffer goes: text as Latin-1 (the code page only
+    counts for escaped bytes), or digits of a picture, where blanks and stray bytes are dropped.
+*/
+void ORVTextRtfReaderPrivate::takeText()
+{
+    if (m_skipDepth == 0 && m_state.expectedFormat == HexadecimalData) {
+        const QByteArray digits = m_input.takeHexadecimalDigits(hexadecimalRun);
+        if (digits.isEmpty())
+            m_input.release(1);
+        else
+            m_binaryData += QByteArray::fromHex(digits);
+        return;
+    }
+
+    const char* const text = m_input.data();
+    const int available = m_input.available();
+    int length = 1;
+    while (length < available && !isSpecial(text[length]))
+        ++length;
+    if (m_skipDepth == 0)
+        m_pendingText += QLatin1String(text, length);
+    m_input.release(length);
+}
+
+int ORVTextRtfReaderPrivate::pushProperties()
+{
+    if (m_skipDepth > 0) {
+        ++m_skipDepth;
+        return NoError;
+    }
+    if (m_state.skipNextGroup || m_groups.size() >= ORVRtfLimits::openGroups)
+        m_skipDepth = 1;
+    m_state.skipNextGroup = false;
+    m_groups.push(m_state);
+    return NoError;
+}
+
+int ORVTextRtfReaderPrivate::popProperties()
+{
+    if (m_skipDepth > 0 && --m_skipDepth > 0)
+        return NoError;
+    if (m_groups.isEmpty())
+        return UnmatchedClosingBrace;
+    finalizeDestination();
+    settleEmptyBlock();
+    m_state = m_groups.pop();
+    return NoError;
+}
+
+void ORVTextRtfReaderPrivate::drawText()
+{
+    if (m_skipDepth > 0)
+        return;
+    // A font name is complete when its group or its entry ends.
+    if (m_state.destination == FontTableGroup)
+        return;
+    cleanPendingText();
+    switch (m_state.destination) {
+    case Body:
+    case FieldResultGroup: drawBodyText(); break;
+    case ColorTableGroup: drawColorTableText(); break;
+    case LevelTextGroup: m_lists.appendLevelText(m_pendingText); break;
+    case PdfFileNameGroup: m_pdfFileName += m_pendingText; break;
+    case NisusFileNameGroup: m_picture.fileName += m_pendingText; break;
+    case MathMLGroup: m_picture.mathML += m_pendingText; break;
+    case FieldInstructionGroup: m_fieldInstruction += m_pendingText; break;
+    default: break;
+    }
+    m_pendingText.resize(0);
+}
+
+/*! Removes or replaces the characters U+007F to U+009F, which no text means. */
+void ORVTextRtfReaderPrivate::cleanPendingText()
+{
+    const QString& text = m_pendingText;
+    if (std::none_of(text.begin(), text.end(), isInvalid))
+        return;
+    if (m_removeInvalidChars) {
+        const QString::iterator end = std::remove_if(m_pendingText.begin(), m_pendingText.end(), isInvalid);
+        m_pendingText.truncate(int(end - m_pendingText.begin()));
+    } else {
+        std::replace_if(m_pendingText.begin(), m_pendingText.end(), isInvalid,
+                        QChar(QChar::ReplacementCharacter));
+    }
+}
+
+/*
+    An empty paragraph takes the formats in force at every control word and brace, so that the last of them
+    count. They are only put into the document when something else happens to the paragraph: many words
+    usually stand before its text. Near the end of the input nothing may come any more, so it is done at once.
+*/
+void ORVTextRtfReaderPrivate::drawBodyText()
+{
+    if (!m_pendingText.isEmpty()) {
+        commitBlockFormat();
+        m_cursor.insertText(m_pendingText, m_state.charFormat);
+        return;
+    }
+    m_emptyBlockUnsettled = true;
+    if (m_input.isFetched())
+        settleEmptyBlock();
+}
+
+/*! A semicolon ends an entry of the colour table; several in one piece of text count once. */
+void ORVTextRtfReaderPrivate::drawColorTableText()
+{
+    if (!m_pendingText.contains(QLatin1Char(';')))
+        return;
+    m_colors.append(m_definedColor.rgb());
+    m_definedColor = defaultForegroundColor();
+}
+
+void ORVTextRtfReaderPrivate::commitBlockFormat()
+{
+    if (!m_tablesCommitted) {
+        m_tablesCommitted = true;
+        finalizeTables(m_tableLevel);
+    }
+    m_emptyBlockUnsettled = false;
+    if (isEmpty(m_cursor.block()))
+        applyBlockFormats();
+}
+
+void ORVTextRtfReaderPrivate::applyBlockFormats()
+{
+    m_cursor.setBlockCharFormat(m_state.charFormat);
+    m_cursor.setBlockFormat(m_paragraph.format());
+}
+
+/*! Gives the cursor's block the formats in force if it is empty and waits for them; see drawBodyText(). */
+void ORVTextRtfReaderPrivate::settleEmptyBlock()
+{
+    if (!m_emptyBlockUnsettled)
+        return;
+    m_emptyBlockUnsettled = false;
+    if (isEmpty(m_cursor.block()))
+        applyBlockFormats();
+}
+
+/*! Makes one list of all paragraphs that cite the same override, however far apart they stand. */
+void ORVTextRtfReaderPrivate::assembleLists()
+{
+    QHash<int, QTextList*> listOfOverride;
+    for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
+        const QTextBlockFormat format = block.blockFormat();
+        if (!format.hasProperty(ORVRtfProperty::ListOverride))
+            continue;
+        const int number = format.intProperty(ORVRtfProperty::ListOverride);
+        const int level = format.intProperty(ORVRtfProperty::ListLevel);
+        QTextList*& list = listOfOverride[number];
+        if (list)
+            list->add(block);
+        else
+            list = QTextCursor(block).createList(m_lists.findListFormat(number));
+        ORVTextListFormat::setBlockLevel(list, block, level);
+    }
+}

@@ -1,0 +1,180 @@
+#ifndef QTCOMPAT_P_H
+#define QTCOMPAT_P_H
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QStringList>
+#include <QtCore/QVariant>
+#include <QtGui/QColor>
+#include <QtGui/QFont>
+#include <QtGui/QFontDatabase>
+#include <QtGui/QTextCharFormat>
+
+#include <cmath>
+#include <limits>
+
+/*!
+    Where the supported versions of Qt differ, and the few numeric rules that must not follow Qt.
+
+    Everything version-dependent stands here and nowhere else.
+*/
+namespace compat {
+
+/*!
+    The font that \a format describes. The stored weight 0 stands for normal, as the application stores it;
+    taken literally, newer Qt versions would draw a hairline font.
+*/
+inline QFont font(const QTextCharFormat& format)
+{
+    if (format.hasProperty(QTextFormat::FontWeight) && format.intProperty(QTextFormat::FontWeight) == 0) {
+        QTextCharFormat normal(format);
+        normal.setProperty(QTextFormat::FontWeight, int(QFont::Normal));
+        QFont font = normal.font();
+        font.setWeight(QFont::Normal);
+        return font;
+    }
+    return format.font();
+}
+
+/*! Sets the weight of \a font to \a weight on the scale of the Qt version in use; 0 means normal. */
+inline void setWeight(QFont& font, int weight)
+{
+    font.setWeight(weight == 0 ? QFont::Normal : QFont::Weight(weight));
+}
+
+/*! The family of \a font. */
+inline QString family(const QFont& font)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return font.families().isEmpty() ? QString() : font.families().first();
+#else
+    return font.family();
+#endif
+}
+
+/*! Makes \a family the one family of \a font. A comma in it is part of the name. */
+inline void setFamily(QFont& font, const QString& family)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    font.setFamilies(QStringList(family));
+#else
+    font.setFamily(family);
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    font.setFamilies(QStringList());
+#endif
+#endif
+}
+
+/*! The family that \a format names, empty when it names none. */
+inline QString fontFamily(const QTextCharFormat& format)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    const QString family = format.stringProperty(QTextFormat::FontFamily);
+    if (!family.isEmpty())
+        return family;
+#endif
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    const QStringList families = format.property(QTextFormat::FontFamilies).toStringList();
+    if (!families.isEmpty())
+        return families.first();
+#endif
+    return QString();
+}
+
+inline bool hasFontFamily(const QTextCharFormat& format)
+{
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+    if (format.hasProperty(QTextFormat::FontFamily))
+        return true;
+#endif
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    return !format.property(QTextFormat::FontFamilies).toStringList().isEmpty();
+#else
+    return false;
+#endif
+}
+
+/*! Makes \a family the one family of \a format, whichever property the Qt version draws with. */
+inline void setFontFamily(QTextCharFormat& format, const QString& family)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    format.setProperty(QTextFormat::FontFamilies, QStringList(family));
+#else
+    format.setProperty(QTextFormat::FontFamily, family);
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    format.clearProperty(QTextFormat::FontFamilies);
+#endif
+#endif
+}
+
+/*! The nearest integer, halves away from zero; out-of-range values are clamped and NaN gives 0. */
+inline int roundHalfAway(double value)
+{
+    if (std::isnan(value))
+        return 0;
+    const double rounded = value < 0 ? std::ceil(value - 0.5) : std::floor(value + 0.5);
+    if (rounded >= double(std::numeric_limits<int>::max()))
+        return std::numeric_limits<int>::max();
+    if (rounded <= double(std::numeric_limits<int>::min()))
+        return std::numeric_limits<int>::min();
+    return int(rounded);
+}
+
+/*! The nearest integer, halves going up; out-of-range values are clamped and NaN gives 0. */
+inline int roundHalfUp(double value)
+{
+    if (std::isnan(value))
+        return 0;
+    const double rounded = std::floor(value + 0.5);
+    if (rounded >= double(std::numeric_limits<int>::max()))
+        return std::numeric_limits<int>::max();
+    if (rounded <= double(std::numeric_limits<int>::min()))
+        return std::numeric_limits<int>::min();
+    return int(rounded);
+}
+
+/*! The colour of the solid brush stored under \a propertyId, invalid when there is none. */
+inline QColor brushColor(const QTextFormat& format, int propertyId)
+{
+    return qvariant_cast<QColor>(format.property(propertyId));
+}
+
+/*! A byte as the character of the same code. */
+inline QChar fromByte(char byte)
+{
+    return QChar(ushort(uchar(byte)));
+}
+
+/*! Whether fonts of the screen can be asked for; without a QGuiApplication Qt's font classes crash. */
+inline bool hasGui()
+{
+    return QCoreApplication::instance() && QCoreApplication::instance()->inherits("QGuiApplication");
+}
+
+/*! The installed font families. Only with hasGui(). */
+inline QStringList fontFamilies()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    return QFontDatabase::families();
+#else
+    return QFontDatabase().families();
+#endif
+}
+
+/*! The weights of the styles of \a family, empty when it is not installed. Only with hasGui(). */
+inline QList<int> fontWeights(const QString& family)
+{
+    QList<int> weights;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    for (const QString& style : QFontDatabase::styles(family))
+        weights.append(QFontDatabase::weight(family, style));
+#else
+    QFontDatabase database;
+    for (const QString& style : database.styles(family))
+        weights.append(database.weight(family, style));
+#endif
+    return weights;
+}
+
+} // namespace compat
+
+#endif

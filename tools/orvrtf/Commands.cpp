@@ -1,0 +1,119 @@
+#include "Commands.h"
+
+#include "DocumentInfo.h"
+#include "HtmlExport.h"
+#include "Streams.h"
+#include "TextExport.h"
+
+#include <ORVTextRtfReader.h>
+
+#include <QJsonDocument>
+#include <QTextDocument>
+
+namespace {
+
+/*! How an RTF file was read. */
+struct ReadResult {
+    /*! Whether the bytes of the file could be had at all; how sound the RTF in them is, status says. */
+    bool hasInput = false;
+    int status = 0;
+    QString message;
+};
+
+ReadResult readDocument(const QString& path, QTextDocument& document)
+{
+    ReadResult result;
+    InputStream input;
+    if (input.open(path)) {
+        ORVTextRtfReader reader(input.device());
+        reader.read(&document);
+        result.status = reader.error();
+        result.message = reader.errorString();
+        result.hasInput = input.isSound();
+    }
+    if (!result.hasInput)
+        result.message = input.errorString();
+    return result;
+}
+
+QString shownName(const QString& path, const char* standardStream)
+{
+    return path == QLatin1String("-") ? QLatin1String(standardStream) : path;
+}
+
+/*! Tells the user how reading \a path went wrong, if it did, and gives the exit status for it. */
+ExitCode reportReading(const QString& path, const ReadResult& result)
+{
+    if (result.hasInput && result.status == 0)
+        return Success;
+    const QString name = shownName(path, "standard input");
+    if (result.hasInput)
+        printError(QString::fromLatin1("%1: %2").arg(name, result.message));
+    else
+        printError(QString::fromLatin1("cannot read %1: %2").arg(name, result.message));
+    return Failure;
+}
+
+/*! Writes \a data; \a success when that works, else a line for the user and Failure. */
+ExitCode output(const QString& path, const QByteArray& data, ExitCode success)
+{
+    QString errorString;
+    if (writeOutput(path, data, &errorString))
+        return success;
+    printError(
+        QString::fromLatin1("cannot write %1: %2").arg(shownName(path, "standard output"), errorString));
+    return Failure;
+}
+
+ExitCode convert(const Options& options)
+{
+    QTextDocument document;
+    const ReadResult result = readDocument(options.input, document);
+    const ExitCode code = reportReading(options.input, result);
+    if (!result.hasInput)
+        return code;
+    const QByteArray data =
+        options.outputFormat == Options::Html ? documentToHtml(document) : documentToPlainText(document);
+    return output(options.output, data, code);
+}
+
+ExitCode info(const Options& options)
+{
+    QTextDocument document;
+    const ReadResult result = readDocument(options.input, document);
+    const ExitCode code = reportReading(options.input, result);
+    if (!result.hasInput)
+        return code;
+    const DocumentInfo info(document);
+    QByteArray data;
+    if (options.json) {
+        QJsonObject object = info.toJson();
+        object.insert(QLatin1String("status"), result.status);
+        object.insert(QLatin1String("message"), result.message);
+        data = QJsonDocument(object).toJson();
+    } else {
+        const QString status =
+            QString::fromLatin1("status      %1%2\n")
+                .arg(result.status)
+                .arg(result.status == 0 ? QString() : QString::fromLatin1(" (%1)").arg(result.message));
+        data = (info.toText() + status).toUtf8();
+    }
+    return output(QLatin1String("-"), data, code);
+}
+
+ExitCode check(const Options& options)
+{
+    QTextDocument document;
+    return reportReading(options.input, readDocument(options.input, document));
+}
+
+} // namespace
+
+ExitCode runCommand(const Options& options)
+{
+    if (options.command == Options::Convert)
+        return convert(options);
+    if (options.command == Options::Info)
+        return info(options);
+    return check(options);
+}

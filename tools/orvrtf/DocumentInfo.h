@@ -1,0 +1,42 @@
+#ifndef ORVRTF_DOCUMENTINFO_H
+#define ORVRTF_DOCUMENTINFO_H
+
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+class QTextDocument;
+
+/*! What a document holds, in numbers. */
+struct DocumentInfo {
+    struct Link {
+        QString text;
+        QString target;
+    };
+
+    /*! All paragraphs, also empty ones and those of table cells. */
+    int paragraphs = 0;
+    /*! Runs of characters other than white space. */
+    int words = 0;
+    /*! Characters, spaces included; paragraph ends and pictures are none. */
+    int characters = 0;
+    /*! Families that text is set in, sorted. */
+    QStringList fonts;
+    int pictures = 0;
+    QVector<Link> links;
+    int footnotes = 0;
+    int annotations = 0;
+    /*! Tables, also those within tables. */
+    int tables = 0;
+    int lists = 0;
+
+    explicit DocumentInfo(const QTextDocument& document);
+
+    /*! The numbers as lines of text for people. */
+    QString toText() const;
+    /*! The numbers as JSON, with the fonts and links one by one. */
+    QJsonObject toJson() const;
+};
+
+#endif

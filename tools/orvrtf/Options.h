@@ -1,0 +1,29 @@
+#ifndef ORVRTF_OPTIONS_H
+#define ORVRTF_OPTIONS_H
+
+#include <QString>
+#include <QStringList>
+
+/*! What the program exits with. */
+enum ExitCode { Success = 0, Failure = 1, UsageError = 2 };
+
+/*! What the command line asks for. */
+struct Options {
+    enum Command { Help, Version, Convert, Info, Check, Invalid };
+    enum OutputFormat { Html, PlainText };
+
+    Command command = Invalid;
+    /*! Path of the input, "-" for the standard input. */
+    QString input;
+    /*! Path of the output, "-" for the standard output; of Convert only. */
+    QString output;
+    OutputFormat outputFormat = Html;
+    bool json = false;
+    /*! What --help prints, for Help; what is wrong with the command line, for Invalid. */
+    QString text;
+
+    /*! Reads \a arguments, the program's name first. Needs a QCoreApplication. */
+    static Options parse(const QStringList& arguments);
+};
+
+#endif
