@@ -4,8 +4,8 @@
 #include <QtCore/qglobal.h>
 
 /*!
-    Bounds on what a damaged or hostile file can make the reader use. No real document meets them; beyond
-    them the reader goes on within bounds. docs/rtf.md lists them for users.
+    Bounds on what a damaged or hostile file can make the library use. No real document meets them; beyond
+    them it goes on within bounds. docs/rtf.md lists them for users.
 */
 namespace ORVRtfLimits {
 
@@ -21,6 +21,8 @@ const int tabStops = 256;
 const int fonts = 10000;
 /*! Levels of one list. */
 const int listLevels = 9;
+/*! Notes within notes; the text of a deeper one is left out. */
+const int noteNesting = 16;
 /*! Pixels of one picture, by its header and before it is decoded. */
 const qint64 picturePixels = 100 * 1000 * 1000;
 /*! Pixels of a displayed picture's side. */

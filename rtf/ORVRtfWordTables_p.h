@@ -51,6 +51,17 @@ constexpr int valueOf(const WordValue (&table)[size], ORVTextRtfCommon::KeyWord 
     return 0;
 }
 
+/*! The control word that stands for \a value in \a table, NoKeyWord when none does. */
+template <int size>
+constexpr ORVTextRtfCommon::KeyWord wordOf(const WordValue (&table)[size], int value)
+{
+    for (int i = 0; i < size; ++i) {
+        if (table[i].value == value)
+            return table[i].word;
+    }
+    return ORVTextRtfCommon::NoKeyWord;
+}
+
 /*! How RTF numbers the kinds of list numbering. */
 struct NumberFormat {
     int levelNfc;

@@ -1,10 +1,32 @@
 #include "ORVTextRtf.h"
 
 #include "ORVTextRtfReader.h"
+#include "ORVTextRtfWriter.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QDebug>
+#include <QtCore/QFile>
 #include <QtGui/QTextCharFormat>
+#include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
+
+namespace {
+
+void assign(QString* errorMessage, const QString& message)
+{
+    if (errorMessage)
+        *errorMessage = message;
+}
+
+bool failedToWrite(const QString& fileName, qint64 size, qint64 written, QString* errorMessage)
+{
+    qWarning() << "Could not write RTF contents to file: " << fileName;
+    qWarning() << "Bytes to write: " << size << "Actually written: " << written;
+    assign(errorMessage, QObject::tr("Could not write RTF contents to file: '%1'").arg(fileName));
+    return false;
+}
+
+} // namespace
 
 bool ORVTextRtf::fromRtfData(const QByteArray& data, QTextDocument* document, QString* errorMessage)
 {
@@ -17,8 +39,7 @@ bool ORVTextRtf::fromRtfData(const QByteArray& data, QTextDocument* document, QS
     ORVTextRtfReader reader(&buffer);
     if (reader.read(document))
         return true;
-    if (errorMessage)
-        *errorMessage = reader.errorString();
+    assign(errorMessage, reader.errorString());
     return false;
 }
 
@@ -42,4 +63,84 @@ QString ORVTextRtf::rtfProperty(int propertyId, const QTextCharFormat& format, b
     if (!fromRtfCData(data, &document))
         return QString();
     return asHtml ? document.toHtml() : document.toPlainText();
+}
+
+QByteArray ORVTextRtf::toRtfData(const QTextDocument* document, bool inPlace, bool exportingMode)
+{
+    QByteArray data;
+    QBuffer buffer(&data);
+    if (!document || !buffer.open(QIODevice::WriteOnly))
+        return data;
+    ORVTextRtfWriter writer(&buffer);
+    writer.setExportingMode(exportingMode);
+    if (exportingMode)
+        writer.setFootnotesWithLeadingSpace(true);
+    return writer.write(document, inPlace) ? data : QByteArray();
+}
+
+QByteArray ORVTextRtf::toRtfCData(const QTextDocument* document, bool inPlace)
+{
+    return toRtfData(document, inPlace, false);
+}
+
+QByteArray ORVTextRtf::textToRtf(const QString& text, const QFont* font)
+{
+    QTextDocument document;
+    if (font)
+        document.setDefaultFont(*font);
+    QTextCursor(&document).insertText(text);
+    return toRtfData(&document, false, false);
+}
+
+bool ORVTextRtf::fromRtfFile(const QString& fileName, QTextDocument* document, QString* errorMessage)
+{
+    QFile file(fileName);
+    if (!file.exists() || !file.open(QIODevice::ReadOnly))
+        return false;
+    return fromRtfData(file.readAll(), document, errorMessage);
+}
+
+bool ORVTextRtf::toRtfFile(const QString& fileName, const QTextDocument* document, QString* errorMessage,
+                           bool inPlace, bool exportingMode)
+{
+    if (!document)
+        return false;
+    const QByteArray data = toRtfData(document, inPlace, exportingMode);
+    if (data.isEmpty()) {
+        assign(errorMessage,
+               QObject::tr("RTF writer failed generating contents for file: '%1'").arg(fileName));
+        return false;
+    }
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly)) {
+        assign(errorMessage,
+               QObject::tr("Could not open RTF file for writing.\nFile: '%1'\nError: '%2'")
+                   .arg(fileName, file.errorString()));
+        return false;
+    }
+    const qint64 written = file.write(data);
+    if (written != data.size())
+        return failedToWrite(fileName, data.size(), written, errorMessage);
+    if (!file.flush()) {
+        assign(errorMessage,
+               QObject::tr("Could not flush RTF contents of file: '%1'\nError: '%2'")
+                   .arg(fileName, file.errorString()));
+        return false;
+    }
+    file.close();
+    return true;
+}
+
+bool ORVTextRtf::toRtfFileDirect(const QString& fileName, const QTextDocument* document,
+                                 QString* errorMessage, bool inPlace)
+{
+    if (!document)
+        return false;
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly)) {
+        assign(errorMessage, file.errorString());
+        return false;
+    }
+    ORVTextRtfWriter writer(&file);
+    return writer.write(document, inPlace);
 }

@@ -4,6 +4,7 @@
 #include "ORVRtfGlobal.h"
 
 class QByteArray;
+class QFont;
 class QString;
 class QTextCharFormat;
 class QTextDocument;
@@ -38,6 +39,41 @@ public:
         is true and as plain text otherwise. A null string when the property is missing, empty or damaged.
     */
     static QString rtfProperty(int propertyId, const QTextCharFormat& format, bool asHtml);
+
+    /*!
+        \a document as RTF; empty when it is null or cannot be written. With \a inPlace true no copy of it is
+        made, see ORVTextRtfWriter::write(). \a exportingMode is for what other programs or printers are to
+        get, see ORVTextRtfWriter::setExportingMode(); notes then begin with a blank.
+    */
+    static QByteArray toRtfData(const QTextDocument* document, bool inPlace, bool exportingMode);
+
+    /*! As toRtfData(), for RTF that the application keeps in its own storage. */
+    static QByteArray toRtfCData(const QTextDocument* document, bool inPlace);
+
+    /*! \a text as RTF, in \a font unless that is null. Line feeds end paragraphs. */
+    static QByteArray textToRtf(const QString& text, const QFont* font);
+
+    /*!
+        Replaces the content of \a document by the RTF file \a fileName.
+
+        Returns false, without a message, when the file does not exist or cannot be read; otherwise as
+        fromRtfData().
+    */
+    static bool fromRtfFile(const QString& fileName, QTextDocument* document, QString* errorMessage);
+
+    /*!
+        Writes \a document to the file \a fileName, step by step checked; \a errorMessage, unless null, gets
+        the reason of a failure in words. A file that could not be written in full is left as it is.
+    */
+    static bool toRtfFile(const QString& fileName, const QTextDocument* document, QString* errorMessage,
+                          bool inPlace, bool exportingMode);
+
+    /*!
+        Writes \a document straight to the file \a fileName, without having it in memory. Only a file that
+        does not open is reported: \a errorMessage, unless null, is then the system's message.
+    */
+    static bool toRtfFileDirect(const QString& fileName, const QTextDocument* document, QString* errorMessage,
+                                bool inPlace);
 };
 
 #endif

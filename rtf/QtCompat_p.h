@@ -7,6 +7,8 @@
 #include <QtGui/QColor>
 #include <QtGui/QFont>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QFontInfo>
+#include <QtGui/QPen>
 #include <QtGui/QTextCharFormat>
 
 #include <cmath>
@@ -25,14 +27,11 @@ namespace compat {
 */
 inline QFont font(const QTextCharFormat& format)
 {
-    if (format.hasProperty(QTextFormat::FontWeight) && format.intProperty(QTextFormat::FontWeight) == 0) {
-        QTextCharFormat normal(format);
-        normal.setProperty(QTextFormat::FontWeight, int(QFont::Normal));
-        QFont font = normal.font();
+    // On the format as it is: a changed copy loses the default font of its document.
+    QFont font = format.font();
+    if (format.hasProperty(QTextFormat::FontWeight) && format.intProperty(QTextFormat::FontWeight) == 0)
         font.setWeight(QFont::Normal);
-        return font;
-    }
-    return format.font();
+    return font;
 }
 
 /*! Sets the weight of \a font to \a weight on the scale of the Qt version in use; 0 means normal. */
@@ -132,6 +131,27 @@ inline int roundHalfUp(double value)
     return int(rounded);
 }
 
+/*!
+    The integer that \a value has before its point; a value less than a millionth below an integer counts as
+    that integer, so that binary fractions do not make a length shrink each time it is stored. Out-of-range
+    values are clamped and NaN gives 0.
+*/
+inline int truncated(double value)
+{
+    const double tolerance = 1e-6;
+    if (std::isnan(value))
+        return 0;
+    const double integer = value < 0 ? std::ceil(value - tolerance) : std::floor(value + tolerance);
+    return int(
+        qBound(double(std::numeric_limits<int>::min()), integer, double(std::numeric_limits<int>::max())));
+}
+
+/*! Whether \a pen draws the outline of outlined text: a thin black line, whatever default width it has. */
+inline bool isDefaultOutline(const QPen& pen)
+{
+    return pen == QPen(Qt::SolidLine) || pen == QPen(QBrush(Qt::black), 0);
+}
+
 /*! The colour of the solid brush stored under \a propertyId, invalid when there is none. */
 inline QColor brushColor(const QTextFormat& format, int propertyId)
 {
@@ -173,6 +193,28 @@ inline QList<int> fontWeights(const QString& family)
         weights.append(database.weight(family, style));
 #endif
     return weights;
+}
+
+/*! The size of \a font in half-points; whole points are counted, also where it is not given in points. */
+inline int halfPoints(const QFont& font)
+{
+    int points = font.pointSize();
+    if (points <= 0 && hasGui())
+        points = QFontInfo(font).pointSize();
+    const double pointsPerPixel = 0.75;
+    if (points <= 0)
+        points = qMax(1, roundHalfAway(font.pixelSize() * pointsPerPixel));
+    return 2 * qMin(points, std::numeric_limits<int>::max() / 2);
+}
+
+/*! \a value as text; bytes are taken for UTF-8 when they are valid as that, else for Latin-1. */
+inline QString toString(const QVariant& value)
+{
+    if (value.userType() != QMetaType::QByteArray)
+        return value.toString();
+    const QByteArray bytes = value.toByteArray();
+    const QString text = QString::fromUtf8(bytes);
+    return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
 }
 
 } // namespace compat

@@ -1,0 +1,264 @@
+#include "ORVRtfOutput_p.h"
+
+#include <QtCore/QIODevice>
+#include <QtCore/QString>
+
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+const int bufferSize = 8192;
+
+// What stands in texts for page numbers, and the characters it becomes on the way.
+const char pageNumberTag[] = "<$p>";
+const char pageCountTag[] = "<$pagecount>";
+const ushort pageNumberPlaceholder = 0xE000;
+const ushort pageCountPlaceholder = 0xE001;
+const ushort pageReferencePlaceholder = 0xE002;
+
+bool isPlainAscii(ushort unit)
+{
+    return unit >= 0x20 && unit <= 0x7F;
+}
+
+bool isBraceOrBackslash(ushort unit)
+{
+    return unit == '{' || unit == '}' || unit == '\\';
+}
+
+} // namespace
+
+ORVRtfOutput::ORVRtfOutput()
+{
+    m_buffer.reserve(bufferSize);
+}
+
+void ORVRtfOutput::begin()
+{
+    m_buffer.resize(0);
+    m_failed = false;
+    m_keywordPending = false;
+}
+
+bool ORVRtfOutput::flush()
+{
+    if (!m_buffer.isEmpty() && m_device->write(m_buffer) != m_buffer.size())
+        m_failed = true;
+    m_buffer.resize(0);
+    return !m_failed;
+}
+
+void ORVRtfOutput::append(const char* bytes, int length)
+{
+    if (m_buffer.size() + length > bufferSize)
+        flush();
+    if (length > bufferSize)
+        m_failed = m_device->write(bytes, length) != length || m_failed;
+    else
+        m_buffer.append(bytes, length);
+}
+
+void ORVRtfOutput::append(const char* bytes)
+{
+    append(bytes, int(std::strlen(bytes)));
+}
+
+void ORVRtfOutput::appendNumber(int value)
+{
+    char digits[16];
+    append(digits, std::snprintf(digits, sizeof(digits), "%d", value));
+}
+
+bool ORVRtfOutput::write(const char* spelling)
+{
+    append(spelling);
+    m_keywordPending = true;
+    return !m_failed;
+}
+
+bool ORVRtfOutput::write(ORVTextRtfCommon::KeyWord keyWord)
+{
+    const QLatin1String spelling = ORVTextRtfCommon::toLatin1(keyWord);
+    append(spelling.latin1(), int(spelling.size()));
+    m_keywordPending = true;
+    return !m_failed;
+}
+
+bool ORVRtfOutput::write(const char* spelling, int value)
+{
+    append(spelling);
+    appendNumber(value);
+    m_keywordPending = true;
+    return !m_failed;
+}
+
+bool ORVRtfOutput::write(ORVTextRtfCommon::KeyWord keyWord, int value)
+{
+    write(keyWord);
+    appendNumber(value);
+    return !m_failed;
+}
+
+void ORVRtfOutput::writeStructure(char c)
+{
+    append(&c, 1);
+    m_keywordPending = false;
+}
+
+void ORVRtfOutput::openIgnorableGroup(ORVTextRtfCommon::KeyWord keyWord)
+{
+    openGroup();
+    write(ORVTextRtfCommon::OptionalDestination);
+    write(keyWord);
+}
+
+void ORVRtfOutput::endKeyword()
+{
+    if (m_keywordPending)
+        writeStructure(' ');
+}
+
+/*! A control word that is closed at once, whatever follows. */
+void ORVRtfOutput::writeClosedWord(ORVTextRtfCommon::KeyWord keyWord)
+{
+    write(keyWord);
+    endKeyword();
+}
+
+void ORVRtfOutput::writeRaw(const char* rtf)
+{
+    append(rtf);
+    m_keywordPending = false;
+}
+
+bool ORVRtfOutput::writePrintableCharacters(QString text, int fontNumber, bool leadingSpace, bool verbatim,
+                                            const QString& bookmark)
+{
+    if (m_exportingMode) {
+        const ushort page = bookmark.isEmpty() ? pageNumberPlaceholder : pageReferencePlaceholder;
+        text.replace(QLatin1String(pageNumberTag), QString(QChar(page)));
+        text.replace(QLatin1String(pageCountTag), QString(QChar(pageCountPlaceholder)));
+    }
+    if (leadingSpace)
+        endKeyword();
+
+    bool preambleWritten = false;
+    for (const QChar& c : text) {
+        const ushort unit = c.unicode();
+        if (!verbatim && writeSpecialCharacter(unit, fontNumber, bookmark))
+            continue;
+        if (isPlainAscii(unit)) {
+            const char byte = char(unit);
+            append(&byte, 1);
+        } else if (unit < 0x20) {
+            writeEscapedByte(unit);
+        } else {
+            writeUnicode(unit, fontNumber, preambleWritten);
+        }
+    }
+    m_keywordPending = false;
+    return true;
+}
+
+/*! Writes \a unit if it has a form of its own. */
+bool ORVRtfOutput::writeSpecialCharacter(ushort unit, int fontNumber, const QString& bookmark)
+{
+    switch (unit) {
+    case '\t': writeClosedWord(ORVTextRtfCommon::TabCharacter); return true;
+    case '\\': writeRaw("\\\\"); return true;
+    case '{': writeRaw("\\{"); return true;
+    case '}': writeRaw("\\}"); return true;
+    case 0x00A0: writeRaw("\\~"); return true;
+    case 0x2013: writeClosedWord(ORVTextRtfCommon::EnDash); return true;
+    case 0x2014:
+        // The dash belongs to the font's upper half, what follows to its lower one.
+        write(ORVTextRtfCommon::HighAnsiCharacters);
+        write(ORVTextRtfCommon::Font, fontNumber);
+        endKeyword();
+        writeClosedWord(ORVTextRtfCommon::EmDash);
+        write(ORVTextRtfCommon::LowAnsiCharacters);
+        write(ORVTextRtfCommon::Font, fontNumber);
+        endKeyword();
+        return true;
+    case 0x2022: writeClosedWord(ORVTextRtfCommon::Bullet); return true;
+    case 0x2028: writeClosedWord(ORVTextRtfCommon::SoftLineBreak); return true;
+    case pageNumberPlaceholder:
+    case pageCountPlaceholder:
+    case pageReferencePlaceholder: writePageField(unit, bookmark); return true;
+    default: return false;
+    }
+}
+
+void ORVRtfOutput::writePageField(ushort placeholder, const QString& bookmark)
+{
+    openGroup();
+    if (placeholder == pageNumberPlaceholder) {
+        write(ORVTextRtfCommon::PageNumber);
+        closeGroup();
+        return;
+    }
+    const bool isCount = placeholder == pageCountPlaceholder;
+    write(ORVTextRtfCommon::Field);
+    openIgnorableGroup(ORVTextRtfCommon::FieldInstruction);
+    if (isCount)
+        writeRaw("{NUMPAGES}");
+    else
+        writeRaw(QString::fromLatin1("{PAGEREF %1 \\h}").arg(escaped(bookmark)).toLatin1().constData());
+    closeGroup();
+    openGroup();
+    write(ORVTextRtfCommon::FieldResult);
+    writeRaw(isCount ? " 1" : " ?");
+    closeGroup();
+    closeGroup();
+}
+
+void ORVRtfOutput::writeEscapedByte(int byte)
+{
+    char escape[8];
+    append(escape, std::snprintf(escape, sizeof(escape), "\\'%02X", byte & 0xFF));
+}
+
+/*! A Unicode character, with one byte of code page 1252 behind it for programs that know no Unicode. */
+void ORVRtfOutput::writeUnicode(ushort unit, int fontNumber, bool& preambleWritten)
+{
+    if (!preambleWritten) {
+        write(ORVTextRtfCommon::LowAnsiCharacters);
+        write(ORVTextRtfCommon::AssociatedFont, fontNumber);
+        write(ORVTextRtfCommon::HighAnsiCharacters);
+        write(ORVTextRtfCommon::AssociatedFont, fontNumber);
+        write(ORVTextRtfCommon::DoubleAnsiCharacters);
+        write(ORVTextRtfCommon::AssociatedFont, fontNumber);
+        write(ORVTextRtfCommon::UnicodeCharacterBytes, 1);
+        preambleWritten = true;
+    }
+    write(ORVTextRtfCommon::UnicodeCharacterValue, unit);
+    writeEscapedByte(ORVTextRtfCommon::unicodeToAnsi1252(unit));
+}
+
+bool ORVRtfOutput::writeHexadecimalCharacters(const QByteArray& data)
+{
+    // Picture by picture these are megabytes: converted piece by piece.
+    const int pieceSize = bufferSize / 2;
+    qint64 written = 0;
+    for (int begin = 0; begin < data.size(); begin += pieceSize) {
+        const QByteArray digits =
+            QByteArray::fromRawData(data.constData() + begin, qMin(pieceSize, int(data.size()) - begin))
+                .toHex();
+        append(digits.constData(), int(digits.size()));
+        written += digits.size();
+    }
+    m_keywordPending = false;
+    return written == data.size();
+}
+
+QString ORVRtfOutput::escaped(const QString& text)
+{
+    QString result;
+    for (const QChar& c : text) {
+        if (isBraceOrBackslash(c.unicode()))
+            result += QLatin1Char('\\');
+        result += c;
+    }
+    return result;
+}

@@ -1,0 +1,83 @@
+#ifndef ORVRTFOUTPUT_P_H
+#define ORVRTFOUTPUT_P_H
+
+#include "ORVTextRtfCommon.h"
+
+#include <QtCore/QByteArray>
+
+class QIODevice;
+class QString;
+
+/*!
+    The bytes of RTF on their way to a device: control words, structural characters and text.
+
+    A control word that is followed by text must be ended by a blank; whether one is owed is remembered here.
+    Bytes are handed on in pieces of a few kilobytes; the device belongs to the caller.
+*/
+class ORVRtfOutput {
+public:
+    ORVRtfOutput();
+
+    void setDevice(QIODevice* device) { m_device = device; }
+    QIODevice* device() const { return m_device; }
+    /*! Whether header and footer placeholders in texts become page fields. */
+    void setExportingMode(bool exportingMode) { m_exportingMode = exportingMode; }
+
+    /*! Begins a new stream: nothing is owed and nothing has failed. */
+    void begin();
+    /*! Hands all bytes on. False when the device refused some, now or earlier. */
+    bool flush();
+
+    /*! Writes the control word \a spelling, which includes the backslash. */
+    bool write(const char* spelling);
+    bool write(ORVTextRtfCommon::KeyWord keyWord);
+    /*! Writes a control word and its number without a blank between them. */
+    bool write(const char* spelling, int value);
+    bool write(ORVTextRtfCommon::KeyWord keyWord, int value);
+    /*! Writes one of "{", "}", ";", a line feed or a blank. It ends a control word. */
+    void writeStructure(char c);
+    void openGroup() { writeStructure('{'); }
+    void closeGroup() { writeStructure('}'); }
+    /*! Opens a group that programs may skip when they do not know \a keyWord, which is written too. */
+    void openIgnorableGroup(ORVTextRtfCommon::KeyWord keyWord);
+    /*! Writes the blank that the last control word is owed. */
+    void endKeyword();
+    bool isKeywordPending() const { return m_keywordPending; }
+
+    /*!
+        Writes \a text so that any RTF reader takes it for text, in the font of number \a fontNumber.
+
+        \a leadingSpace lets it begin with the blank owed to a control word. In \a verbatim mode "{", "}", "\"
+        and the characters that have control words of their own are written as they are. \a bookmark is what
+        page placeholders refer to, if not to the page they stand on. Always true.
+    */
+    bool writePrintableCharacters(QString text, int fontNumber, bool leadingSpace, bool verbatim,
+                                  const QString& bookmark);
+    /*!
+        Writes two lower-case hexadecimal digits for each byte of \a data. The result compares the digits
+        written with the bytes, so it is false for anything but nothing; programs know it that way.
+    */
+    bool writeHexadecimalCharacters(const QByteArray& data);
+
+    /*! \a text with "{", "}" and "\" escaped, for use in raw RTF. */
+    static QString escaped(const QString& text);
+
+private:
+    void append(const char* bytes, int length);
+    void append(const char* bytes);
+    void appendNumber(int value);
+    void writeRaw(const char* rtf);
+    bool writeSpecialCharacter(ushort unit, int fontNumber, const QString& bookmark);
+    void writeClosedWord(ORVTextRtfCommon::KeyWord keyWord);
+    void writeEscapedByte(int byte);
+    void writeUnicode(ushort unit, int fontNumber, bool& preambleWritten);
+    void writePageField(ushort placeholder, const QString& bookmark);
+
+    QIODevice* m_device = nullptr;
+    QByteArray m_buffer;
+    bool m_failed = false;
+    bool m_keywordPending = false;
+    bool m_exportingMode = false;
+};
+
+#endif

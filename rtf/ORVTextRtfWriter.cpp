@@ -1,0 +1,113 @@
+#include "ORVTextRtfWriter.h"
+
+#include "ORVTextRtfWriter_p.h"
+#include "QtCompat_p.h"
+
+#include <QtCore/QSizeF>
+#include <QtGui/QTextDocument>
+
+namespace {
+
+const double twipsPerPoint = 20.0;
+
+} // namespace
+
+ORVTextRtfWriter::ORVTextRtfWriter() : d(new ORVTextRtfWriterPrivate) { }
+
+ORVTextRtfWriter::ORVTextRtfWriter(QIODevice* device) : d(new ORVTextRtfWriterPrivate)
+{
+    setDevice(device);
+}
+
+ORVTextRtfWriter::~ORVTextRtfWriter()
+{
+    delete d;
+}
+
+void ORVTextRtfWriter::setDevice(QIODevice* device)
+{
+    d->m_output.setDevice(device);
+}
+
+QIODevice* ORVTextRtfWriter::device() const
+{
+    return d->m_output.device();
+}
+
+void ORVTextRtfWriter::setExportingMode(bool exportingMode)
+{
+    d->m_exportingMode = exportingMode;
+    d->m_output.setExportingMode(exportingMode);
+    if (exportingMode)
+        setParagraphBeforeTableEnded(true);
+}
+
+void ORVTextRtfWriter::setParagraphBeforeTableEnded(bool ended)
+{
+    d->m_paragraphBeforeTableEnded = ended;
+}
+
+void ORVTextRtfWriter::setHightlightForMsWord(bool highlight)
+{
+    d->m_highlightForMsWord = highlight;
+}
+
+void ORVTextRtfWriter::setHyperlinksColor(const QColor& color)
+{
+    d->m_hyperlinksColor = color;
+}
+
+void ORVTextRtfWriter::setDecorateHyperlinks(bool decorate)
+{
+    d->m_decorateHyperlinks = decorate;
+}
+
+void ORVTextRtfWriter::setFootnotesWithLeadingSpace(bool leadingSpace)
+{
+    d->m_footnotesWithLeadingSpace = leadingSpace;
+}
+
+void ORVTextRtfWriter::setFootnoteDestination(ORVTextRtf::ExportStyle destination)
+{
+    d->m_footnoteDestination = destination;
+}
+
+ORVTextRtf::ExportStyle ORVTextRtfWriter::footnoteDestination() const
+{
+    return d->m_footnoteDestination;
+}
+
+void ORVTextRtfWriter::setAnnotationDestination(ORVTextRtf::ExportStyle destination)
+{
+    d->m_annotationDestination = destination;
+}
+
+ORVTextRtf::ExportStyle ORVTextRtfWriter::annotationDestination() const
+{
+    return d->m_annotationDestination;
+}
+
+bool ORVTextRtfWriter::write(const QTextDocument* document, bool inPlace)
+{
+    return d->write(document, inPlace);
+}
+
+QSize ORVTextRtfWriter::defaultPaperSize(bool withoutMargins)
+{
+    const QSize paper(ORVTextRtfCommon::defaultPaperWidth, ORVTextRtfCommon::defaultPaperHeight);
+    if (!withoutMargins)
+        return paper;
+    return paper
+        - QSize(ORVTextRtfCommon::defaultLeftMargin + ORVTextRtfCommon::defaultRightMargin,
+                ORVTextRtfCommon::defaultTopMargin + ORVTextRtfCommon::defaultBottomMargin);
+}
+
+QSize ORVTextRtfWriter::paperSizeForDocument(const QTextDocument* document)
+{
+    const QVariant property = document ? document->property("paperSize") : QVariant();
+    if (!property.isValid())
+        return defaultPaperSize(false);
+    const QSizeF points = property.toSizeF();
+    return QSize(compat::roundHalfAway(points.width() * twipsPerPoint),
+                 compat::roundHalfAway(points.height() * twipsPerPoint));
+}
