@@ -1,5 +1,6 @@
 #include "ORVTextRtfWriter_p.h"
 
+#include "ORVRtfListNumber_p.h"
 #include "ORVRtfProperties.h"
 #include "ORVRtfWordTables_p.h"
 #include "ORVTextListFormat.h"
@@ -161,8 +162,19 @@ void ORVTextRtfWriterPrivate::writeListItem(const QTextBlock& block, QTextList* 
     m_output.write(BlockListLevel, ORVTextListFormat::blockLevel(list, block));
     m_output.openGroup();
     m_output.write(ListText);
-    writeFormattedText(list->itemText(block) + QLatin1Char('\t'), block.charFormat());
+    const QString text =
+        ORVRtfListNumber::itemText(list->format(), itemNumber(list, block), block.textDirection());
+    writeFormattedText(text + QLatin1Char('\t'), block.charFormat());
     m_output.closeGroup();
+}
+
+/*! The number of \a block in \a list, from 1. The items come in order, so it is usually the next one. */
+int ORVTextRtfWriterPrivate::itemNumber(const QTextList* list, const QTextBlock& block)
+{
+    int& next = m_nextListItem[list];
+    if (next >= list->count() || list->item(next) != block)
+        next = list->itemNumber(block);
+    return ++next;
 }
 
 /*! A note or bookmark goes on in the next paragraph if that begins in the same state; a link never does. */

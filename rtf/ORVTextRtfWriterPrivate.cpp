@@ -72,6 +72,7 @@ bool ORVTextRtfWriterPrivate::write(const QTextDocument* document, bool inPlace)
     m_noteDocuments.clear();
     m_lists.clear();
     m_listIndexes.clear();
+    m_nextListItem.clear();
     m_document = nullptr;
     m_textDocument = nullptr;
     return begun;

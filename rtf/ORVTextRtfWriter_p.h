@@ -114,6 +114,7 @@ private:
     void writeIndents(const QTextBlockFormat& format, bool isInList);
     void writeLineSpacing(const QTextBlockFormat& format);
     void writeListItem(const QTextBlock& block, QTextList* list, bool isFormatStated);
+    int itemNumber(const QTextList* list, const QTextBlock& block);
     void endFragments(const QTextBlock& next);
 
     // Fragments (ORVTextRtfWriterFragments.cpp)
@@ -191,6 +192,7 @@ private:
     // The lists in order of appearance, with the format of their markers, and their places in it.
     QList<QPair<QTextList*, QTextCharFormat>> m_lists;
     QHash<QTextList*, int> m_listIndexes;
+    QHash<const QTextList*, int> m_nextListItem;
 
     ParagraphState m_paragraph;
 

@@ -67,7 +67,7 @@ inline void setFamily(QFont& font, const QString& family)
 inline QString fontFamily(const QTextCharFormat& format)
 {
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
-    const QString family = format.stringProperty(QTextFormat::FontFamily);
+    QString family = format.stringProperty(QTextFormat::FontFamily);
     if (!family.isEmpty())
         return family;
 #endif

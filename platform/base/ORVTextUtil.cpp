@@ -15,6 +15,8 @@
 #include <fontconfig/fontconfig.h>
 #endif
 
+#include <algorithm>
+
 namespace {
 
 // What is known about font families, by name. Documents name the same few again and again; the bound is there
@@ -71,7 +73,7 @@ QString installedSpelling(const QStringList& families, const QString& name)
 QString firstInstalled(const QStringList& families, const QStringList& names)
 {
     for (const QString& name : names) {
-        const QString family = installedSpelling(families, name);
+        QString family = installedSpelling(families, name);
         if (!family.isEmpty())
             return family;
     }
@@ -118,13 +120,15 @@ QStringList metricSubstitutes(const QString&)
 }
 #endif
 
-// A family that is not installed is asked for anew each time: the application may add it any moment.
+// In ascending order. A family that is not installed is asked for anew each time: the application may add it
+// any moment.
 QList<int> weightsOf(const QString& family)
 {
     static FamilyCache<QList<int>> cache;
     QList<int> weights;
     if (!cache.find(family, &weights)) {
         weights = compat::fontWeights(family);
+        std::sort(weights.begin(), weights.end());
         if (!weights.isEmpty())
             cache.insert(family, weights);
     }
@@ -168,19 +172,19 @@ int ORVTextUtil::defaultFontWeight(const QString& family, int fallback)
 {
     if (family.isEmpty() || !compat::hasGui())
         return fallback;
-    int best = -1;
-    for (int weight : weightsOf(family)) {
-        if (weight <= fallback && weight > best)
-            best = weight;
-    }
-    return best < 0 ? fallback : best;
+    const QList<int> weights = weightsOf(family);
+    const auto notAbove =
+        std::find_if(weights.rbegin(), weights.rend(), [fallback](int weight) { return weight <= fallback; });
+    if (notAbove != weights.rend())
+        return *notAbove;
+    return weights.isEmpty() ? fallback : weights.first();
 }
 
 void ORVTextUtil::trim(QTextCursor& cursor)
 {
-    QTextDocument* document = cursor.document();
-    if (!document || !cursor.hasSelection())
+    if (cursor.isNull() || !cursor.hasSelection())
         return;
+    QTextDocument* document = cursor.document();
     const int start = cursor.selectionStart();
     const int end = cursor.selectionEnd();
     int last = end;

@@ -19,9 +19,9 @@ ORV_PLATFORM_EXPORT QString findBestFontFamily(const QString& name);
 
 /*!
     The weight, on the scale of QFont::Weight, in which plain text of \a family is set: \a fallback when the
-    family has that weight, else the heaviest one below it that the family has. \a fallback as well when there
-    is none below (as with a family that is bold throughout: its plain text must not count as bold), when the
-    family is not installed, and without a QGuiApplication. Thread-safe.
+    family has that weight, is not installed, or there is no QGuiApplication; else the heaviest of the lighter
+    weights that the family has; else the lightest of the heavier ones. (A lighter one goes before a heavier
+    one, near as that may be: plain text that is heavier than normal counts as bold.) Thread-safe.
 */
 ORV_PLATFORM_EXPORT int defaultFontWeight(const QString& family, int fallback);
 

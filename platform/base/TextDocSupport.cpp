@@ -97,7 +97,7 @@ QVariant storedResource(const QTextDocument* document, const QUrl& url)
     if (guard.thread() != changed->thread())
         guard.moveToThread(changed->thread());
     changed->setParent(&guard);
-    const QVariant resource = document->resource(QTextDocument::ImageResource, url);
+    QVariant resource = document->resource(QTextDocument::ImageResource, url);
     changed->setParent(parent);
     return resource;
 }
@@ -187,7 +187,7 @@ QImage TextDocSupport::image(const QTextDocument* document, const QString& name)
         return QImage();
     const QUrl url(name);
     const QUrl resolved = document->baseUrl().resolved(url);
-    const QImage image = toImage(resource(document, url, resolved.scheme()));
+    QImage image = toImage(resource(document, url, resolved.scheme()));
     if (image.isNull() && resolved.scheme() == QLatin1String("qrc"))
         return QImage(QLatin1Char(':') + resolved.path());
     return image;

@@ -1,0 +1,53 @@
+#!/usr/bin/env python3
+"""Prints one table from the JSON results of the benchmark programs: table.py RESULT.json…
+
+A case compares the median time of one benchmark with that of another from the same run; with "per", the times
+are divided by the sizes the benchmarks ran with first.
+"""
+import json
+import sys
+
+# case, ours, compared with, goal: the ratio to stay below
+CASES = [
+    ('read prose', 'read prose/ours', 'read prose/floor', 1.5),
+    ('read prose against setHtml', 'read prose/ours', 'read prose/setHtml', 1 / 6),
+    ('read table, a row of 10,000', 'read table/rows/10000', 'read table/rows/1000', 1.5),
+    ('read table merged down, a row of 10,000', 'read merged table/rows/10000', 'read merged table/rows/1000', 1.5),
+    ('read list of 5,000 items', 'read list/ours', 'read list/floor', 1.2),
+    ('write prose in place', 'write prose in place/ours', 'write prose in place/toHtml', 0.5),
+    ('write prose', 'write prose/ours', 'write prose/clone and toHtml', 0.8),
+    ('write list, an item of 20,000', 'write list/items/20000', 'write list/items/1000', 1.5),
+    ('write table, a row of 10,000', 'write table/rows/10000', 'write table/rows/1000', 1.5),
+]
+
+
+def medians(paths):
+    times = {}
+    for path in paths:
+        with open(path, encoding='utf-8') as file:
+            for run in json.load(file)['benchmarks']:
+                if run.get('aggregate_name') == 'median':
+                    times[run['run_name']] = run['cpu_time']
+    return times
+
+
+def size(name):
+    """The size a benchmark ran with: the number at the end of its name."""
+    last = name.rsplit('/', 1)[-1]
+    return int(last) if last.isdigit() else 1
+
+
+def main():
+    times = medians(sys.argv[1:])
+    print('%-42s %12s %12s %8s %8s' % ('case', 'ours', 'compared', 'ratio', 'goal'))
+    for case, ours, other, goal in CASES:
+        if ours not in times or other not in times:
+            continue
+        mine, theirs = times[ours] / size(ours), times[other] / size(other)
+        ratio = mine / theirs
+        print('%-42s %9.3f ms %9.3f ms %8.2f %8.2f  %s'
+              % (case, mine, theirs, ratio, goal, 'met' if ratio <= goal else 'not met'))
+
+
+if __name__ == '__main__':
+    main()

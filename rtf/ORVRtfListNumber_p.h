@@ -1,0 +1,19 @@
+#ifndef ORVRTFLISTNUMBER_P_H
+#define ORVRTFLISTNUMBER_P_H
+
+#include <QtCore/QString>
+#include <QtCore/Qt>
+
+class QTextListFormat;
+
+namespace ORVRtfListNumber {
+
+/*!
+    The text before item \a number (counted from 1) of a list of \a format, as QTextList::itemText() gives it.
+    Qt looks the item up to know its number, which makes a long list cost the square of its length.
+*/
+QString itemText(const QTextListFormat& format, int number, Qt::LayoutDirection direction);
+
+} // namespace ORVRtfListNumber
+
+#endif

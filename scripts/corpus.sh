@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# corpus.sh [FOLDER]: converts every RTF file below FOLDER to text and compares the words with the expected
+# texts in FOLDER/expected, by FOLDER/text_recall.py. Fails when a conversion crashes or hangs, or the mean
+# recall is too low.
+#
+# ORVRTF_CORPUS      FOLDER where none is given; by default shared/corpus beside the project's folder
+# ORVRTF_TOOL        the orvrtf to run; by default it is built
+# ORVRTF_MIN_RECALL  least mean recall, 0.95 by default
+
+# shellcheck source-path=SCRIPTDIR source=lib.sh
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+corpus=${1:-${ORVRTF_CORPUS:-$root/../shared/corpus}}
+[[ -f $corpus/text_recall.py ]] || fail "no text_recall.py in $corpus; name the corpus folder"
+
+if [[ -z ${ORVRTF_TOOL:-} ]]; then
+    need_packages "${build_packages[@]}" "${test_packages[@]}"
+    build_preset default orvrtf
+    ORVRTF_TOOL=$root/build/default/bin/orvrtf
+fi
+
+results=$(mktemp -d)
+trap 'rm -rf "$results"' EXIT
+mkdir "$results/text"
+
+# A report of a sanitizer must not look like the exit status 1 of a damaged file.
+export ASAN_OPTIONS=${ASAN_OPTIONS:+$ASAN_OPTIONS:}exitcode=125
+export UBSAN_OPTIONS=${UBSAN_OPTIONS:+$UBSAN_OPTIONS:}exitcode=125
+export ORVRTF_TOOL corpus results
+
+# Statuses from 124 on: timeout's own, and those of crashes.
+convert_one() {
+    local file=$1 name=${1#"$corpus"/} status=0
+    local text=$results/text/${name%.*}.txt
+    mkdir -p "$(dirname "$text")"
+    timeout -k 5 60 "$ORVRTF_TOOL" convert --to txt - - <"$file" >"$text" 2>"$text.err" || status=$?
+    ((status < 124)) || echo "$name: exit status $status: $(tail -n 1 "$text.err")" >>"$results/failures"
+    rm "$text.err"
+}
+export -f convert_one
+
+find "$corpus" -type f -iname '*.rtf' -print0 \
+    | xargs -0 -r -n 8 -P "$(nproc)" bash -c 'for file; do convert_one "$file"; done' convert_one
+
+status=0
+python3 "$corpus/text_recall.py" "$results/text" "$corpus/expected" \
+    --fail-under "${ORVRTF_MIN_RECALL:-0.95}" || status=$?
+((status == 0)) || say "the mean recall is below ${ORVRTF_MIN_RECALL:-0.95}"
+if [[ -f $results/failures ]]; then
+    cat "$results/failures" >&2
+    fail "$(wc -l <"$results/failures") files made orvrtf crash or hang"
+fi
+exit "$status"

@@ -1,0 +1,104 @@
+# What the scripts share: packages, configuring, building. To be sourced by a bash script.
+# shellcheck shell=bash disable=SC2034
+
+set -euo pipefail
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+logs=$root/build/logs
+
+# Debian packages that building needs, and those that the tests, the benchmarks and the checks of CI need
+# besides.
+build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev)
+test_packages=(fonts-dejavu-core fonts-dejavu-extra fonts-liberation python3)
+bench_packages=(libbenchmark-dev python3)
+ci_packages=(clang-format clang-tidy qt6-base-dev)
+
+say() {
+    echo "$(basename "$0"): $*" >&2
+}
+
+fail() {
+    say "$*"
+    exit 1
+}
+
+# logged NAME COMMAND…: runs COMMAND with its output in build/logs/NAME.log, whose end is shown on failure.
+logged() {
+    local log=$logs/$1.log
+    shift
+    mkdir -p "$logs"
+    "$@" >"$log" 2>&1 </dev/null && return
+    tail -n 40 "$log" >&2
+    fail "failed, the whole output is in $log: $*"
+}
+
+# missing_packages PACKAGE…: prints those that are not installed.
+missing_packages() {
+    local installed
+    installed=$(dpkg-query -W -f '${Package} ${db:Status-Status}\n' "$@" 2>/dev/null) || true
+    for package in "$@"; do
+        grep -qxF "$package installed" <<<"$installed" || echo "$package"
+    done
+}
+
+as_root() {
+    if [[ $(id -u) == 0 ]]; then
+        env DEBIAN_FRONTEND=noninteractive "$@"
+    else
+        sudo env DEBIAN_FRONTEND=noninteractive "$@"
+    fi
+}
+
+apt_install() {
+    as_root apt-get -o DPkg::Lock::Timeout=300 install -y --no-install-recommends "$@" </dev/null
+}
+
+# not_installable PACKAGE…: prints those that apt cannot install.
+not_installable() {
+    for package in "$@"; do
+        apt-get install --simulate "$package" >/dev/null 2>&1 || echo "$package"
+    done
+}
+
+# need_packages PACKAGE…: installs those that are missing, as root or through sudo.
+need_packages() {
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
+    ((${#missing[@]})) || return 0
+    command -v apt-get >/dev/null || fail "this system has no apt-get, please provide: ${missing[*]}"
+    if [[ $(id -u) != 0 ]] && ! command -v sudo >/dev/null; then
+        fail "neither root nor sudo, please run as root: apt-get install ${missing[*]}"
+    fi
+    say "installing ${missing[*]}"
+    mkdir -p "$logs"
+    local log=$logs/apt.log
+    apt_install "${missing[@]}" >"$log" 2>&1 && return
+    # The lists of packages may be missing or out of date.
+    if as_root apt-get update >>"$log" 2>&1 </dev/null && apt_install "${missing[@]}" >>"$log" 2>&1; then
+        return
+    fi
+    local culprits
+    mapfile -t culprits < <(not_installable "${missing[@]}")
+    ((${#culprits[@]})) || culprits=("${missing[@]}")
+    fail "cannot install ${culprits[*]}; what apt-get says is in $log"
+}
+
+configure_preset() {
+    (cd "$root" && cmake --preset "$1")
+}
+
+# build_preset PRESET [TARGET…]: configures what is not configured yet, and builds what is not built yet.
+build_preset() {
+    local preset=$1 folder=$root/build/$1
+    shift
+    if [[ ! -f $folder/build.ninja || $root/CMakePresets.json -nt $folder/build.ninja ]]; then
+        say "configuring and building in build/$preset"
+        logged "configure-$preset" configure_preset "$preset"
+    fi
+    logged "build-$preset" ninja -C "$folder" "$@"
+}
+
+# test_preset PRESET [ARGUMENT…]: runs the tests of a preset that is built.
+test_preset() {
+    (cd "$root" && ctest --preset "$1" -j "$(nproc)" "${@:2}")
+}

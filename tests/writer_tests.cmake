@@ -1,0 +1,3 @@
+# Writing RTF.
+
+orv_add_test(listnumber INTERNAL)
