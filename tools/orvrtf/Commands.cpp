@@ -2,17 +2,19 @@
 
 #include "DocumentInfo.h"
 #include "HtmlExport.h"
+#include "RtfExport.h"
 #include "Streams.h"
 #include "TextExport.h"
 
 #include <ORVTextRtfReader.h>
 
+#include <QIODevice>
 #include <QJsonDocument>
 #include <QTextDocument>
 
 namespace {
 
-/*! How an RTF file was read. */
+/*! How a file was read. */
 struct ReadResult {
     /*! Whether the bytes of the file could be had at all; how sound the RTF in them is, status says. */
     bool hasInput = false;
@@ -20,16 +22,32 @@ struct ReadResult {
     QString message;
 };
 
-ReadResult readDocument(const QString& path, QTextDocument& document)
+/*! Text is UTF-8 where it is valid as that, else Latin-1. */
+QString decoded(const QByteArray& bytes)
+{
+    const QString text = QString::fromUtf8(bytes);
+    return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
+}
+
+void readRtf(QIODevice* device, QTextDocument& document, ReadResult& result)
+{
+    ORVTextRtfReader reader(device);
+    reader.read(&document);
+    result.status = reader.error();
+    result.message = reader.errorString();
+}
+
+ReadResult readDocument(const QString& path, Options::Format format, QTextDocument& document)
 {
     ReadResult result;
     InputStream input;
     if (input.open(path)) {
-        ORVTextRtfReader reader(input.device());
-        reader.read(&document);
-        result.status = reader.error();
-        result.message = reader.errorString();
-        result.hasInput = input.isSound();
+        switch (format) {
+        case Options::Rtf: readRtf(input.device(), document, result); break;
+        case Options::Html: document.setHtml(decoded(input.device()->readAll())); break;
+        case Options::PlainText: document.setPlainText(decoded(input.device()->readAll())); break;
+        }
+        result.hasInput = input.isReadToEnd();
     }
     if (!result.hasInput)
         result.message = input.errorString();
@@ -65,22 +83,30 @@ ExitCode output(const QString& path, const QByteArray& data, ExitCode success)
     return Failure;
 }
 
+QByteArray converted(QTextDocument& document, const Options& options)
+{
+    switch (options.outputFormat) {
+    case Options::Html: return documentToHtml(document);
+    case Options::PlainText: return documentToPlainText(document);
+    case Options::Rtf: return documentToRtf(document, options.rtf);
+    }
+    return QByteArray();
+}
+
 ExitCode convert(const Options& options)
 {
     QTextDocument document;
-    const ReadResult result = readDocument(options.input, document);
+    const ReadResult result = readDocument(options.input, options.inputFormat, document);
     const ExitCode code = reportReading(options.input, result);
     if (!result.hasInput)
         return code;
-    const QByteArray data =
-        options.outputFormat == Options::Html ? documentToHtml(document) : documentToPlainText(document);
-    return output(options.output, data, code);
+    return output(options.output, converted(document, options), code);
 }
 
 ExitCode info(const Options& options)
 {
     QTextDocument document;
-    const ReadResult result = readDocument(options.input, document);
+    const ReadResult result = readDocument(options.input, Options::Rtf, document);
     const ExitCode code = reportReading(options.input, result);
     if (!result.hasInput)
         return code;
@@ -104,7 +130,7 @@ ExitCode info(const Options& options)
 ExitCode check(const Options& options)
 {
     QTextDocument document;
-    return reportReading(options.input, readDocument(options.input, document));
+    return reportReading(options.input, readDocument(options.input, Options::Rtf, document));
 }
 
 } // namespace

@@ -2,39 +2,30 @@
 
 #include <ORVGuiUtil.h>
 #include <ORVRtfProperties.h>
+#include <ORVTextListFormat.h>
 #include <TextDocSupport.h>
 
 #include <QHash>
 #include <QImage>
+#include <QPen>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextFragment>
 #include <QTextImageFormat>
+#include <QTextList>
 #include <QVector>
 
 namespace {
 
-struct PictureRun {
-    int position;
-    int length;
-    QTextImageFormat format;
-};
-
 const char* const jpegSignature = "\xff\xd8\xff";
 
-QVector<PictureRun> pictureRuns(const QTextDocument& document)
-{
-    QVector<PictureRun> runs;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-            const QTextFragment fragment = it.fragment();
-            if (fragment.charFormat().isImageFormat())
-                runs.append({fragment.position(), fragment.length(), fragment.charFormat().toImageFormat()});
-        }
-    }
-    return runs;
-}
+/*! A run of text and the format that it is to have. */
+struct FormatChange {
+    int position;
+    int length;
+    QTextCharFormat format;
+};
 
 QString dataUri(const char* mimeType, const QByteArray& data)
 {
@@ -42,7 +33,7 @@ QString dataUri(const char* mimeType, const QByteArray& data)
         .arg(QLatin1String(mimeType), QString::fromLatin1(data.toBase64()));
 }
 
-/*! The picture of \a format as a data URI; empty when the document does not hold it. */
+/*! The picture of \a format as a data URI; its name when the document does not hold it. */
 QString pictureUri(const QTextDocument& document, const QTextImageFormat& format)
 {
     const QByteArray source = format.property(ORVRtfProperty::SourceImageData).toByteArray();
@@ -50,47 +41,122 @@ QString pictureUri(const QTextDocument& document, const QTextImageFormat& format
         return dataUri("image/jpeg", source);
     const QImage image = TextDocSupport::image(&document, format.name());
     if (image.isNull())
-        return QString();
+        return format.name();
     return dataUri("image/png", ORVGuiUtil::toByteArray(image, "PNG", -1));
 }
 
-void embedPictures(QTextDocument& document)
+/*! Outlined text is drawn in a transparent colour and would vanish. */
+void fillOutline(QTextCharFormat& format)
 {
-    QHash<QString, QString> uris;
-    QTextCursor cursor(&document);
-    cursor.beginEditBlock();
-    const QVector<PictureRun> runs = pictureRuns(document);
-    for (const PictureRun& run : runs) {
-        QString& uri = uris[run.format.name()];
-        if (uri.isNull())
-            uri = pictureUri(document, run.format);
-        if (uri.isEmpty())
-            continue;
-        QTextImageFormat format(run.format);
-        format.setName(uri);
-        cursor.setPosition(run.position);
-        cursor.setPosition(run.position + run.length, QTextCursor::KeepAnchor);
-        cursor.setCharFormat(format);
+    if (!format.hasProperty(QTextFormat::TextOutline))
+        return;
+    format.setForeground(format.textOutline().brush());
+    format.clearProperty(QTextFormat::TextOutline);
+}
+
+/*! Dotted, dashed and wavy underlines would be left out. */
+void simplifyUnderline(QTextCharFormat& format)
+{
+    if (format.underlineStyle() != QTextCharFormat::NoUnderline)
+        format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+}
+
+/*! Makes formats fit for HTML, each picture being encoded once. */
+class FormatAdapter {
+public:
+    explicit FormatAdapter(const QTextDocument& document) : m_document(document) { }
+
+    QTextCharFormat adapted(const QTextCharFormat& format)
+    {
+        QTextCharFormat result(format);
+        fillOutline(result);
+        simplifyUnderline(result);
+        if (format.isImageFormat())
+            result.setProperty(QTextFormat::ImageName, uri(format.toImageFormat()));
+        return result;
     }
-    cursor.endEditBlock();
+
+private:
+    QString uri(const QTextImageFormat& format)
+    {
+        QString& uri = m_uris[format.name()];
+        if (uri.isNull())
+            uri = pictureUri(m_document, format);
+        return uri;
+    }
+
+    const QTextDocument& m_document;
+    QHash<QString, QString> m_uris;
+};
+
+QVector<FormatChange> formatChanges(const QTextDocument& document)
+{
+    FormatAdapter adapter(document);
+    QVector<FormatChange> changes;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment fragment = it.fragment();
+            const QTextCharFormat format = adapter.adapted(fragment.charFormat());
+            if (format != fragment.charFormat())
+                changes.append({fragment.position(), fragment.length(), format});
+        }
+    }
+    return changes;
+}
+
+void adaptFormats(QTextDocument& document, QTextCursor& cursor)
+{
+    const QVector<FormatChange> changes = formatChanges(document);
+    for (const FormatChange& change : changes) {
+        cursor.setPosition(change.position);
+        cursor.setPosition(change.position + change.length, QTextCursor::KeepAnchor);
+        cursor.setCharFormat(change.format);
+    }
+}
+
+bool isItemWithoutMarker(const QTextBlock& block)
+{
+    QTextList* list = block.textList();
+    if (!list)
+        return false;
+    const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(list->format());
+    const int level = ORVTextListFormat::blockLevel(list, block);
+    return level < levels.size() && levels.at(level).text().isEmpty();
+}
+
+/*! Word processors number their headings by lists whose numbers are empty; HTML would show numbers. */
+void releaseItemsWithoutMarker(QTextDocument& document, QTextCursor& cursor)
+{
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (!isItemWithoutMarker(block))
+            continue;
+        QTextBlockFormat format = block.blockFormat();
+        format.setObjectIndex(-1);
+        cursor.setPosition(block.position());
+        cursor.setBlockFormat(format);
+    }
 }
 
 /*! Without it a browser takes the file for its system's 8-bit encoding. */
 void declareEncoding(QString& html)
 {
     const QString head = QLatin1String("<head>");
-    const int start = html.indexOf(head);
-    const int end = html.indexOf(QLatin1String("</head>"));
-    if (start < 0 || html.indexOf(QLatin1String("charset="), start) < end)
-        return;
-    html.insert(start + head.size(), QLatin1String("<meta charset=\"utf-8\" />"));
+    const auto start = html.indexOf(head) + head.size();
+    const auto end = html.indexOf(QLatin1String("</head>"));
+    if (!html.mid(start, end - start).contains(QLatin1String("charset=")))
+        html.insert(start, QLatin1String("<meta charset=\"utf-8\" />"));
 }
 
 } // namespace
 
 QByteArray documentToHtml(QTextDocument& document)
 {
-    embedPictures(document);
+    document.setUndoRedoEnabled(false);
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    adaptFormats(document, cursor);
+    releaseItemsWithoutMarker(document, cursor);
+    cursor.endEditBlock();
     QString html = document.toHtml();
     declareEncoding(html);
     return html.toUtf8();

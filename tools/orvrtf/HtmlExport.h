@@ -7,7 +7,10 @@ class QTextDocument;
 
 /*!
     \a document as one HTML file in UTF-8 that stands alone: its pictures are part of it. JPEG pictures keep
-    their bytes, all others become PNG. The picture names in \a document are replaced by what the HTML says.
+    their bytes, all others become PNG.
+
+    \a document is changed on the way: what QTextDocument::toHtml() cannot say is replaced by the nearest
+    thing that it can.
 */
 QByteArray documentToHtml(QTextDocument& document);
 

@@ -10,15 +10,17 @@ const char* const description =
     "Converts and examines Rich Text Format files.\n"
     "\n"
     "Commands:\n"
-    "  convert IN OUT  Convert the RTF file IN to HTML or plain text. The suffix of OUT\n"
-    "                  (.html, .htm or .txt) says which, unless --to does.\n"
+    "  convert IN OUT  Convert between RTF, HTML and plain text. The suffixes (.rtf,\n"
+    "                  .html, .htm or .txt) say which, unless --from and --to do. Any\n"
+    "                  other IN is taken for RTF.\n"
     "  info IN         Count what IN holds: paragraphs, words, characters, fonts,\n"
     "                  pictures, links, notes, tables and lists.\n"
     "  check IN        Say whether IN is sound.\n"
     "\n"
     "IN and OUT can be \"-\" for the standard input and output. HTML is UTF-8 and holds its\n"
     "pictures. Plain text is UTF-8 too: a line for each paragraph, table cell and line\n"
-    "break, no-break spaces kept, pictures left out.\n"
+    "break, no-break spaces kept, pictures left out. RTF is written for other programs\n"
+    "unless --storage asks for the application's own form.\n"
     "\n"
     "Damaged RTF loses no text: what can be read is written, one line on the standard\n"
     "error says what is wrong, and the exit status is 1.\n"
@@ -32,8 +34,24 @@ struct Arguments {
     QCommandLineOption help{{QLatin1String("h"), QLatin1String("help")}, QLatin1String("Show this help.")};
     QCommandLineOption version{{QLatin1String("v"), QLatin1String("version")},
                                QLatin1String("Show the version.")};
-    QCommandLineOption to{QLatin1String("to"), QLatin1String("Format of OUT for convert: html or txt."),
+    QCommandLineOption from{QLatin1String("from"),
+                            QLatin1String("Format of IN for convert: rtf, html or txt."),
+                            QLatin1String("format")};
+    QCommandLineOption to{QLatin1String("to"), QLatin1String("Format of OUT for convert: rtf, html or txt."),
                           QLatin1String("format")};
+    QCommandLineOption storage{QLatin1String("storage"),
+                               QLatin1String("Write RTF in the application's own form.")};
+    QCommandLineOption msWordHighlight{
+        QLatin1String("ms-word-highlight"),
+        QLatin1String("Write text backgrounds as MS Word takes them in any colour.")};
+    QCommandLineOption decorateLinks{QLatin1String("decorate-links"),
+                                     QLatin1String("Write links blue and underlined.")};
+    QCommandLineOption footnotes{QLatin1String("footnotes"),
+                                 QLatin1String("Write footnotes as annotation, footnote or alternate."),
+                                 QLatin1String("style")};
+    QCommandLineOption annotations{QLatin1String("annotations"),
+                                   QLatin1String("Write annotations as annotation, footnote or alternate."),
+                                   QLatin1String("style")};
     QCommandLineOption json{QLatin1String("json"), QLatin1String("Let info print JSON.")};
     QCommandLineParser parser;
 };
@@ -41,9 +59,10 @@ struct Arguments {
 Arguments::Arguments()
 {
     parser.setApplicationDescription(QLatin1String(description));
-    parser.addOptions({help, version, to, json});
+    parser.addOptions(
+        {help, version, from, to, storage, msWordHighlight, decorateLinks, footnotes, annotations, json});
     parser.addPositionalArgument(QLatin1String("COMMAND"), QLatin1String("convert, info or check."));
-    parser.addPositionalArgument(QLatin1String("IN"), QLatin1String("RTF file to read."));
+    parser.addPositionalArgument(QLatin1String("IN"), QLatin1String("File to read."));
     parser.addPositionalArgument(QLatin1String("OUT"), QLatin1String("File that convert writes."),
                                  QLatin1String("[OUT]"));
 }
@@ -56,13 +75,15 @@ Options invalid(const QString& what)
     return options;
 }
 
-bool formatFromName(const QString& name, Options::OutputFormat* format)
+bool formatFromName(const QString& name, Options::Format* format)
 {
     const QString lower = name.toLower();
     if (lower == QLatin1String("html") || lower == QLatin1String("htm"))
         *format = Options::Html;
     else if (lower == QLatin1String("txt"))
         *format = Options::PlainText;
+    else if (lower == QLatin1String("rtf"))
+        *format = Options::Rtf;
     else
         return false;
     return true;
@@ -77,6 +98,45 @@ bool isSameFile(const QString& input, const QString& output)
     return QFileInfo(input).canonicalFilePath() == QFileInfo(output).canonicalFilePath();
 }
 
+bool styleFromName(const QString& name, ORVTextRtf::ExportStyle* style)
+{
+    if (name == QLatin1String("annotation"))
+        *style = ORVTextRtf::ExportAsAnnotation;
+    else if (name == QLatin1String("footnote"))
+        *style = ORVTextRtf::ExportAsFootnote;
+    else if (name == QLatin1String("alternate"))
+        *style = ORVTextRtf::ExportAsAlternateFootnote;
+    else
+        return false;
+    return true;
+}
+
+/*! Reads the options that steer the writing of RTF; a text says what is wrong with them, if anything is. */
+QString readRtfOptions(const Arguments& arguments, Options* options)
+{
+    const QCommandLineParser& parser = arguments.parser;
+    if (options->outputFormat != Options::Rtf) {
+        for (const QCommandLineOption& option :
+             {arguments.storage, arguments.msWordHighlight, arguments.decorateLinks, arguments.footnotes,
+              arguments.annotations}) {
+            if (parser.isSet(option))
+                return QString::fromLatin1("--%1 goes with RTF output only").arg(option.names().constFirst());
+        }
+    }
+    options->rtf.storage = parser.isSet(arguments.storage);
+    options->rtf.msWordHighlight = parser.isSet(arguments.msWordHighlight);
+    options->rtf.decorateLinks = parser.isSet(arguments.decorateLinks);
+    const QString unknown =
+        QLatin1String("unknown style \"%1\", known are annotation, footnote and alternate");
+    if (parser.isSet(arguments.footnotes)
+        && !styleFromName(parser.value(arguments.footnotes), &options->rtf.footnotes))
+        return unknown.arg(parser.value(arguments.footnotes));
+    if (parser.isSet(arguments.annotations)
+        && !styleFromName(parser.value(arguments.annotations), &options->rtf.annotations))
+        return unknown.arg(parser.value(arguments.annotations));
+    return QString();
+}
+
 Options convertOptions(const Arguments& arguments, const QStringList& files)
 {
     if (files.size() != 2)
@@ -85,18 +145,29 @@ Options convertOptions(const Arguments& arguments, const QStringList& files)
     options.command = Options::Convert;
     options.input = files.at(0);
     options.output = files.at(1);
+    if (arguments.parser.isSet(arguments.from)) {
+        const QString name = arguments.parser.value(arguments.from);
+        if (!formatFromName(name, &options.inputFormat))
+            return invalid(
+                QString::fromLatin1("unknown input format \"%1\", known are rtf, html and txt").arg(name));
+    } else if (!formatFromName(QFileInfo(options.input).suffix(), &options.inputFormat)) {
+        options.inputFormat = Options::Rtf;
+    }
     if (arguments.parser.isSet(arguments.to)) {
         const QString name = arguments.parser.value(arguments.to);
         if (!formatFromName(name, &options.outputFormat))
             return invalid(
-                QString::fromLatin1("unknown output format \"%1\", known are html and txt").arg(name));
+                QString::fromLatin1("unknown output format \"%1\", known are rtf, html and txt").arg(name));
     } else if (options.output == QLatin1String("-")) {
-        return invalid(QLatin1String("the standard output needs --to html or --to txt"));
+        return invalid(QLatin1String("the standard output needs --to rtf, --to html or --to txt"));
     } else if (!formatFromName(QFileInfo(options.output).suffix(), &options.outputFormat)) {
         return invalid(QString::fromLatin1("cannot tell the format of \"%1\" by its suffix, known are "
-                                           ".html, .htm and .txt")
+                                           ".rtf, .html, .htm and .txt")
                            .arg(options.output));
     }
+    const QString problem = readRtfOptions(arguments, &options);
+    if (!problem.isEmpty())
+        return invalid(problem);
     if (isSameFile(options.input, options.output))
         return invalid(QString::fromLatin1("\"%1\" is both input and output").arg(options.input));
     return options;
@@ -122,8 +193,13 @@ Options commandOptions(const Arguments& arguments)
     const bool informs = name == QLatin1String("info");
     if (!converts && !informs && name != QLatin1String("check"))
         return invalid(QString::fromLatin1("unknown command \"%1\"").arg(name));
-    if (arguments.parser.isSet(arguments.to) && !converts)
-        return invalid(QString::fromLatin1("--to does not go with %1").arg(name));
+    for (const QCommandLineOption& option :
+         {arguments.from, arguments.to, arguments.storage, arguments.msWordHighlight, arguments.decorateLinks,
+          arguments.footnotes, arguments.annotations}) {
+        if (arguments.parser.isSet(option) && !converts)
+            return invalid(
+                QString::fromLatin1("--%1 does not go with %2").arg(option.names().constFirst(), name));
+    }
     if (arguments.parser.isSet(arguments.json) && !informs)
         return invalid(QString::fromLatin1("--json does not go with %1").arg(name));
     if (converts)

@@ -1,6 +1,8 @@
 #ifndef ORVRTF_OPTIONS_H
 #define ORVRTF_OPTIONS_H
 
+#include "RtfExport.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -10,14 +12,16 @@ enum ExitCode { Success = 0, Failure = 1, UsageError = 2 };
 /*! What the command line asks for. */
 struct Options {
     enum Command { Help, Version, Convert, Info, Check, Invalid };
-    enum OutputFormat { Html, PlainText };
+    enum Format { Html, PlainText, Rtf };
 
     Command command = Invalid;
     /*! Path of the input, "-" for the standard input. */
     QString input;
     /*! Path of the output, "-" for the standard output; of Convert only. */
     QString output;
-    OutputFormat outputFormat = Html;
+    Format inputFormat = Rtf;
+    Format outputFormat = Html;
+    RtfExportOptions rtf;
     bool json = false;
     /*! What --help prints, for Help; what is wrong with the command line, for Invalid. */
     QString text;

@@ -47,12 +47,14 @@ bool InputStream::open(const QString& path)
 {
     bool isOpen = false;
     if (path == QLatin1String(standardStream)) {
-        isOpen = m_file.open(stdin, QIODevice::ReadOnly);
+        isOpen = m_file.open(fileno(stdin), QIODevice::ReadOnly);
     } else {
         m_file.setFileName(path);
         isOpen = m_file.open(QIODevice::ReadOnly);
     }
-    if (!isOpen) {
+    // Of a directory, for one, only reading tells that it cannot be read.
+    char first = 0;
+    if (!isOpen || m_file.peek(&first, 1) < 0) {
         m_errorString = m_file.errorString();
         return false;
     }
@@ -66,11 +68,11 @@ QIODevice* InputStream::device()
     return &m_file;
 }
 
-bool InputStream::isSound()
+bool InputStream::isReadToEnd()
 {
-    if (m_file.error() == QFileDevice::NoError)
+    if (device()->atEnd())
         return true;
-    m_errorString = m_file.errorString();
+    m_errorString = QLatin1String("reading stopped before the end");
     return false;
 }
 

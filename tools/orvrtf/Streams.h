@@ -18,8 +18,8 @@ public:
     bool open(const QString& path);
     /*! The device to read, open and owned by this object. */
     QIODevice* device();
-    /*! Whether everything read so far came without an error of the device, which sets errorString(). */
-    bool isSound();
+    /*! Whether a reader that reads all it gets has got all there is; if not, errorString() is set. */
+    bool isReadToEnd();
     QString errorString() const { return m_errorString; }
 
 private:

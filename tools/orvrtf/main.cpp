@@ -28,6 +28,13 @@ void needNoDisplay()
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+/*! Keeps what Qt says of its own, about environment and damaged pictures, from the standard error. */
+void ignoreMessages(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtFatalMsg)
+        printError(message);
+}
+
 Options parseOptions(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
@@ -63,6 +70,7 @@ ExitCode run(const Options& options, char* programName)
 int main(int argc, char** argv)
 {
     useUtf8InsteadOfAscii();
+    qInstallMessageHandler(ignoreMessages);
     const Options options = parseOptions(argc, argv);
     switch (options.command) {
     case Options::Invalid:

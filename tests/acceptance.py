@@ -1,0 +1,138 @@
+#!/usr/bin/env python3
+"""Whether other programs take what orvrtf writes.
+
+    acceptance.py ORVRTF FOLDER [--min-recall R] [--keep FOLDER]
+
+Every RTF file below FOLDER (but not below FOLDER/expected) is converted to RTF for other programs and to plain
+text. LibreOffice must open each RTF and find the words of the plain text in it; AbiWord, unrtf and pandoc must
+open it without an error. Programs that are not installed are an error: scripts/test.sh installs them.
+"""
+import argparse
+import concurrent.futures
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unicodedata
+import xml.etree.ElementTree
+from collections import Counter
+
+WORD = re.compile(r'\w+')
+TIMEOUT = 120
+
+
+def words(text):
+    text = unicodedata.normalize('NFC', text.replace('\u00ad', ''))
+    return Counter(WORD.findall(text))
+
+
+def run(command, timeout=TIMEOUT, **options):
+    """The exit status, a text where a program hangs, and what was printed."""
+    try:
+        done = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                              stderr=subprocess.STDOUT, timeout=timeout, **options)
+        return done.returncode, done.stdout.decode('utf-8', 'replace')
+    except subprocess.TimeoutExpired:
+        return 'timeout', ''
+
+
+def inputs(folder):
+    for path, folders, names in os.walk(folder):
+        folders[:] = sorted(name for name in folders if name != 'expected')
+        for name in sorted(names):
+            if name.lower().endswith('.rtf'):
+                yield os.path.join(path, name)
+
+
+def convert(tool, source, target):
+    """Damaged files are converted as far as they go, with exit status 1."""
+    status, output = run([tool, 'convert', source, target])
+    return '' if status in (0, 1) and os.path.exists(target) else 'orvrtf: %s %s' % (status, output)
+
+
+def document_text(path):
+    """All text of a flat ODT file, notes and headers included, with a blank between paragraphs and fields."""
+    parts = []
+    for element in xml.etree.ElementTree.parse(path).getroot().iter():
+        name = element.tag.rsplit('}', 1)[-1]
+        if name in ('p', 'h', 'tab', 's', 'line-break', 'note', 'annotation'):
+            parts.append(' ')
+        if name not in ('binary-data', 'script'):
+            parts.append(element.text or '')
+        parts.append(('' if name in ('span', 'a') else ' ') + (element.tail or '') if name != 'p' else ' ')
+    return ''.join(parts)
+
+
+def recall(expected, found):
+    total = sum(expected.values())
+    return sum((expected & found).values()) / total if total else 1.0
+
+
+def libreoffice(profile, folder, files):
+    return run(['soffice', '--headless', '-env:UserInstallation=file://' + profile, '--convert-to', 'fodt',
+                '--outdir', folder] + files, timeout=1200)
+
+
+def check_others(path):
+    """The programs that do not open the file, with what they say."""
+    failures = []
+    for name, command in (('unrtf', ['unrtf', '--text', path]),
+                          ('pandoc', ['pandoc', '-f', 'rtf', '-t', 'plain', '-o', os.devnull, path]),
+                          ('abiword', ['abiword', '--to=txt', '-o', path + '.abi.txt', path])):
+        status, output = run(command)
+        if status != 0 or (name == 'abiword' and not os.path.exists(path + '.abi.txt')):
+            failures.append('%s: %s %s' % (name, status, output.strip()[-200:]))
+    return failures
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    arguments.add_argument('tool')
+    arguments.add_argument('folder')
+    arguments.add_argument('--min-recall', type=float, default=0.99, help='least recall of words in LibreOffice')
+    arguments.add_argument('--keep', help='keep what is written in this folder')
+    options = arguments.parse_args()
+    absent = [name for name in ('soffice', 'abiword', 'unrtf', 'pandoc') if not shutil.which(name)]
+    if absent:
+        sys.exit('acceptance.py: not installed: ' + ' '.join(absent))
+
+    work = options.keep or tempfile.mkdtemp()
+    os.makedirs(work, exist_ok=True)
+    failures, low, written = [], [], []
+    for number, source in enumerate(inputs(options.folder)):
+        target = os.path.join(work, '%04d.rtf' % number)
+        failure = convert(options.tool, source, target) or convert(options.tool, source, target[:-4] + '.txt')
+        if failure:
+            failures.append('%s: %s' % (source, failure))
+        else:
+            written.append((source, target))
+
+    if written:
+        libreoffice(os.path.join(work, 'profile'), work, [target for _, target in written])
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for (source, target), others in zip(written, pool.map(check_others, [target for _, target in written])):
+            failures += ['%s: %s' % (source, other) for other in others]
+            opened = target[:-4] + '.fodt'
+            if not os.path.exists(opened):
+                failures.append('%s: LibreOffice does not open it' % source)
+                continue
+            with open(target[:-4] + '.txt', encoding='utf-8') as file:
+                value = recall(words(file.read()), words(document_text(opened)))
+            if value < options.min_recall:
+                low.append((value, source))
+
+    for value, source in sorted(low):
+        print('recall %.4f  %s' % (value, source))
+    for failure in failures:
+        print(failure)
+    print('files %d, recall in LibreOffice below %.2f: %d, failures: %d'
+          % (len(written), options.min_recall, len(low), len(failures)))
+    if not options.keep:
+        shutil.rmtree(work)
+    sys.exit(1 if failures or low or not written else 0)
+
+
+if __name__ == '__main__':
+    main()
