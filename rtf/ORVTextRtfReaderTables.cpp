@@ -1,16 +1,13 @@
 #include "ORVTextRtfReader_p.h"
 
 #include "ORVRtfLimits_p.h"
+#include "ORVRtfUnits_p.h"
 #include "ORVTextRtfTable_p.h"
 #include "QtCompat_p.h"
 
 #include <QtGui/QTextDocument>
 
-namespace {
-
-const double twipsPerPoint = 20.0;
-
-} // namespace
+using namespace ORVRtfUnits;
 
 void ORVTextRtfReaderPrivate::setTableLevel(int level)
 {

@@ -1,6 +1,7 @@
 #include "ORVTextRtfReader_p.h"
 
 #include "ORVRtfProperties.h"
+#include "ORVRtfUnits_p.h"
 #include "ORVRtfWordTables_p.h"
 #include "ORVTextUtil.h"
 #include "ORVUnit.h"
@@ -9,6 +10,7 @@
 #include <QtGui/QBrush>
 #include <QtGui/QPen>
 
+using namespace ORVRtfUnits;
 using namespace ORVRtfProperty;
 using namespace ORVRtfWordTables;
 
@@ -19,16 +21,10 @@ const char missingCharacter = '?';
 // Bytes of a fallback character: backslash, apostrophe and two digits.
 const int escapedByteLength = 4;
 
-const double twipsPerPoint = 20.0;
 const double defaultPointSize = 10.0;
 // Font sizes up to this many half-points are taken for missing.
 const int smallestFontSize = 2;
 const double singleLineHeight = 12.0;
-
-double points(int twips)
-{
-    return twips / twipsPerPoint;
-}
 
 int hexadecimalValue(char digit)
 {

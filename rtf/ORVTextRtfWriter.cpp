@@ -1,16 +1,13 @@
 #include "ORVTextRtfWriter.h"
 
+#include "ORVRtfUnits_p.h"
 #include "ORVTextRtfWriter_p.h"
 #include "QtCompat_p.h"
 
 #include <QtCore/QSizeF>
 #include <QtGui/QTextDocument>
 
-namespace {
-
-const double twipsPerPoint = 20.0;
-
-} // namespace
+using namespace ORVRtfUnits;
 
 ORVTextRtfWriter::ORVTextRtfWriter() : d(new ORVTextRtfWriterPrivate) { }
 

@@ -1,14 +1,16 @@
 #include "ORVTextRtfWriter_p.h"
 
+#include "ORVRtfUnits_p.h"
 #include "ORVRtfWordTables_p.h"
 #include "ORVTextListFormat.h"
 #include "QtCompat_p.h"
 
 #include <QtGui/QTextList>
 
+using namespace ORVRtfUnits;
+
 namespace {
 
-const double twipsPerPoint = 20.0;
 // Levels that are written of a list.
 const int mostLevels = 8;
 const int spaceAfterNumber = 360;

@@ -2,17 +2,18 @@
 
 #include "ORVRtfListNumber_p.h"
 #include "ORVRtfProperties.h"
+#include "ORVRtfUnits_p.h"
 #include "ORVRtfWordTables_p.h"
 #include "ORVTextListFormat.h"
 #include "QtCompat_p.h"
 
 #include <QtGui/QTextList>
 
+using namespace ORVRtfUnits;
 using namespace ORVRtfWordTables;
 
 namespace {
 
-const double twipsPerPoint = 20.0;
 // Height of a single line that line multiples are counted in, in points.
 const double singleLineHeight = 12.0;
 // Hanging indent of exported list items that state none, in twips.

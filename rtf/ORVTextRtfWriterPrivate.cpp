@@ -1,5 +1,6 @@
 #include "ORVTextRtfWriter_p.h"
 
+#include "ORVRtfUnits_p.h"
 #include "ORVTextFormat.h"
 #include "ORVTextRtfWriter.h"
 #include "QtCompat_p.h"
@@ -9,9 +10,9 @@
 #include <QtCore/QScopedPointer>
 #include <QtGui/QTextDocument>
 
-namespace {
+using namespace ORVRtfUnits;
 
-const double twipsPerPoint = 20.0;
+namespace {
 
 // Values of the pitch word.
 const int fixedPitch = 1;

@@ -1,12 +1,14 @@
 #include "ORVTextRtfWriter_p.h"
 
+#include "ORVRtfUnits_p.h"
 #include "QtCompat_p.h"
 
 #include <QtGui/QTextTable>
 
+using namespace ORVRtfUnits;
+
 namespace {
 
-const double twipsPerPoint = 20.0;
 // Width of a column that states none, in points.
 const int defaultColumnWidth = 200;
 // The widest border there is, in twips.

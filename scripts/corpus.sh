@@ -19,6 +19,8 @@ if [[ -z ${ORVRTF_TOOL:-} ]]; then
     ORVRTF_TOOL=$root/build/default/bin/orvrtf
 fi
 
+[[ -x $ORVRTF_TOOL ]] || fail "there is no program $ORVRTF_TOOL"
+
 results=$(mktemp -d)
 trap 'rm -rf "$results"' EXIT
 mkdir "$results/text"
