@@ -89,7 +89,7 @@ def libreoffice(profile, folder, files):
 def check_others(path):
     """The programs that do not open the file, with what they say."""
     failures = []
-    for name, command in (('unrtf', ['unrtf', '--text', path]),
+    for name, command in (('unrtf', ['unrtf', '--nopict', '--text', path]),
                           ('pandoc', ['pandoc', '-f', 'rtf', '-t', 'plain', '-o', os.devnull, path]),
                           ('abiword', ['abiword', '--to=txt', '-o', path + '.abi.txt', path])):
         status, output = run(command)
