@@ -14,7 +14,7 @@ struct ORVRtfControlWord {
     };
 
     /*! Bytes that a control word may have, backslash included. */
-    static const int longest = 64;
+    static constexpr int longest = 64;
 
     /*!
         Scans the control word at \a data, which points at its backslash; \a available bytes can be read.

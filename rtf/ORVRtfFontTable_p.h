@@ -13,7 +13,7 @@ class QTextCharFormat;
 class ORVRtfFontTable {
 public:
     /*! Code page of a font that names none. */
-    static const int noCodePage = -1;
+    static constexpr int noCodePage = -1;
 
     bool contains(int number) const { return m_fonts.contains(number); }
     QFont font(int number) const { return m_fonts.value(number); }

@@ -29,11 +29,16 @@ int ORVRtfOutputFonts::find(const QString& family, bool fixedPitch) const
 void ORVRtfOutputFonts::appendMissing(const QTextCharFormat& format)
 {
     const QString family = compat::fontFamily(format);
-    const bool isThere = family.isEmpty()
-        ? !m_fonts.isEmpty()
-        : find(family, format.boolProperty(QTextFormat::FontFixedPitch)) >= 0;
-    if (!isThere)
-        append(compat::font(format));
+    const bool fixedPitch = format.boolProperty(QTextFormat::FontFixedPitch);
+    if (family.isEmpty() ? !m_fonts.isEmpty() : find(family, fixedPitch) >= 0)
+        return;
+    QFont font = compat::font(format);
+    if (!family.isEmpty()) {
+        // The document's default font may add a pitch, or other families: the format would not find it again.
+        compat::setFamily(font, family);
+        font.setFixedPitch(fixedPitch);
+    }
+    append(font);
 }
 
 bool ORVRtfOutputFonts::contains(const QFont& font) const

@@ -17,10 +17,17 @@ QSharedPointer<QTextDocument> ORVTextRtfCell::document()
     if (!m_document) {
         m_document = QSharedPointer<QTextDocument>(new QTextDocument);
         m_document->setUndoRedoEnabled(false);
-        // Never ended: outside an edit block each insertion costs as much as its paragraph is long.
+        // Outside an edit block each insertion costs as much as its paragraph is long.
         QTextCursor(m_document.data()).beginEditBlock();
     }
     return m_document;
+}
+
+QSharedPointer<QTextDocument> ORVTextRtfCell::finishedDocument()
+{
+    const QSharedPointer<QTextDocument> finished = document();
+    QTextCursor(finished.data()).endEditBlock();
+    return finished;
 }
 
 ORVTextRtfRow::ORVTextRtfRow()

@@ -28,6 +28,8 @@ class ORVTextRtfCell {
 public:
     /*! The cell's document, made when first asked for. */
     QSharedPointer<QTextDocument> document();
+    /*! The cell's document, to which nothing is added any more. Frames are known only from then on. */
+    QSharedPointer<QTextDocument> finishedDocument();
     bool hasDocument() const { return !m_document.isNull(); }
 
     bool closed = false;

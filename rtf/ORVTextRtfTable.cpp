@@ -179,8 +179,9 @@ void ORVTextRtfTable::fillCell(int column, const ORVTextRtfCellDefinition& defin
     if (definition.backgroundColor.isValid())
         cell.format.setBackground(QBrush(definition.backgroundColor));
     cell.format.setProperty(QTextFormat::TextVerticalAlignment, definition.verticalAlignment);
-    cell.format.merge(source.document()->begin().charFormat());
-    cell.content.append(ORVRtfCellContent(source.document()));
+    const QSharedPointer<QTextDocument> document = source.finishedDocument();
+    cell.format.merge(document->begin().charFormat());
+    cell.content.append(ORVRtfCellContent(document));
 }
 
 /*! Whether no cell stands across an edge of the rectangle that begins with \a cell. */

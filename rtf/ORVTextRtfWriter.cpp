@@ -35,8 +35,6 @@ void ORVTextRtfWriter::setExportingMode(bool exportingMode)
 {
     d->m_exportingMode = exportingMode;
     d->m_output.setExportingMode(exportingMode);
-    if (exportingMode)
-        setParagraphBeforeTableEnded(true);
 }
 
 void ORVTextRtfWriter::setParagraphBeforeTableEnded(bool ended)
@@ -102,7 +100,7 @@ QSize ORVTextRtfWriter::defaultPaperSize(bool withoutMargins)
 QSize ORVTextRtfWriter::paperSizeForDocument(const QTextDocument* document)
 {
     const QVariant property = document ? document->property("paperSize") : QVariant();
-    if (!property.isValid())
+    if (!property.canConvert<QSizeF>())
         return defaultPaperSize(false);
     const QSizeF points = property.toSizeF();
     return QSize(compat::roundHalfAway(points.width() * twipsPerPoint),

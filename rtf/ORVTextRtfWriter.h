@@ -36,8 +36,8 @@ public:
     */
     void setExportingMode(bool exportingMode);
     /*!
-        Whether a paragraph in front of a table is ended before it (off unless set, or exporting mode is
-        switched on). Word processors lose it otherwise; this library's reader would see an empty paragraph.
+        Whether a paragraph in front of a table is ended before it (off unless set; exporting mode does it
+        anyway). Word processors lose it otherwise; this library's reader would see an empty paragraph.
     */
     void setParagraphBeforeTableEnded(bool ended);
     /*! Writes text backgrounds as the shading of MS Word instead of as highlighting (off unless set). */

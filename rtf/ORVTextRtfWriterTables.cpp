@@ -57,7 +57,7 @@ void ORVTextRtfWriterPrivate::processContent(QTextFrame::iterator it, const QTex
         const QTextFrame* const child = it.currentFrame();
         ++it;
         if (const QTextTable* const table = qobject_cast<const QTextTable*>(child)) {
-            if (pass == Write && isTextBefore && m_paragraphBeforeTableEnded)
+            if (pass == Write && isTextBefore && (m_exportingMode || m_paragraphBeforeTableEnded))
                 endParagraphBeforeTable();
             processTable(table, pass);
             m_paragraph.skipEmpty = true;
@@ -224,7 +224,8 @@ void ORVTextRtfWriterPrivate::writeCellBorder(KeyWord side, const QTextTableForm
     m_output.write(side);
     m_output.write(SingleWidthBorder);
     m_output.write(BorderWidth, qMin(compat::truncated(border * twipsPerPoint), widestBorder));
-    m_output.write(BorderColor, m_colors.number(color));
+    if (m_colors.number(color) <= m_colors.colors().size())
+        m_output.write(BorderColor, m_colors.number(color));
     m_output.writeStructure(' ');
 }
 

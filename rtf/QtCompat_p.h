@@ -40,11 +40,15 @@ inline void setWeight(QFont& font, int weight)
     font.setWeight(weight == 0 ? QFont::Normal : QFont::Weight(weight));
 }
 
-/*! The family of \a font. */
+/*! The family of \a font: the first one, where it names several. */
 inline QString family(const QFont& font)
 {
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    if (!font.families().isEmpty())
+        return font.families().first();
+#endif
 #if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    return font.families().isEmpty() ? QString() : font.families().first();
+    return QString();
 #else
     return font.family();
 #endif

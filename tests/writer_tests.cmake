@@ -1,6 +1,19 @@
 # Writing RTF.
 
+orv_add_test(files)
+orv_add_test(inmemory_writing)
 orv_add_test(listnumber INTERNAL)
+orv_add_test(pagesetup)
+orv_add_test(roundtrip)
+orv_add_test(rtfoutput INTERNAL)
+orv_add_test(writer_charformats)
+orv_add_test(writer_escaping INTERNAL)
+orv_add_test(writer_fragments)
+orv_add_test(writer_frame)
+orv_add_test(writer_lists)
+orv_add_test(writer_notes)
+orv_add_test(writer_paragraphs)
+orv_add_test(writer_tables)
 
 # What the tool writes, opened with other word processors and converters.
 add_test(NAME acceptance

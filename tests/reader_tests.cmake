@@ -1,0 +1,37 @@
+# Reading RTF.
+orv_add_test(characterwords)
+orv_add_test(codepages)
+orv_add_test(damaged LABELS slow)
+orv_add_test(destinations)
+orv_add_test(guiless)
+orv_add_test(inmemory)
+orv_add_test(keywords)
+orv_add_test(lists_reading)
+orv_add_test(paragraphwords)
+orv_add_test(properties)
+orv_add_test(readerframe)
+orv_add_test(readerstate)
+orv_add_test(tokenizer)
+
+# Reading in a program without any application object, which QtTest always makes.
+add_executable(noapp_reader noapp_reader.cpp)
+target_link_libraries(noapp_reader PRIVATE OrvRtf)
+add_test(NAME noapp_reader COMMAND noapp_reader)
+set_tests_properties(noapp_reader PROPERTIES LABELS unit)
+
+# Every public header compiles by itself, and may be included twice.
+file(GLOB ORV_PUBLIC_HEADERS CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/rtf/*.h
+    ${PROJECT_SOURCE_DIR}/platform/*/*.h)
+list(FILTER ORV_PUBLIC_HEADERS EXCLUDE REGEX "_p\\.h$")
+set(ORV_HEADER_SOURCES)
+foreach(header ${ORV_PUBLIC_HEADERS})
+    get_filename_component(name ${header} NAME)
+    get_filename_component(stem ${header} NAME_WE)
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/headers/${stem}.cpp)
+    file(GENERATE OUTPUT ${source} CONTENT "#include \"${name}\"\n#include \"${name}\"\n")
+    list(APPEND ORV_HEADER_SOURCES ${source})
+endforeach()
+add_library(headers_alone OBJECT ${ORV_HEADER_SOURCES})
+set_target_properties(headers_alone PROPERTIES AUTOMOC OFF)
+target_link_libraries(headers_alone PRIVATE OrvRtf)

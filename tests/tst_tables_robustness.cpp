@@ -1,0 +1,515 @@
+#include "tabletesthelpers.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QProcess>
+#include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QImage>
+#include <QtGui/QTextCursor>
+#include <QtTest/QtTest>
+
+#include <cmath>
+#include <cstdio>
+#include <random>
+
+using namespace rtftest;
+
+namespace {
+
+const int deepestNesting = 12;
+const int mostColumns = 256;
+
+/*! How tables of a document nest, and whether all of them are sound. */
+struct Soundness {
+    int depth = 0;
+    QString complaint;
+};
+
+void inspect(const QTextTable* table, int depth, Soundness& result);
+
+void inspectCell(const QTextTable* table, int row, int column, int depth, Soundness& result)
+{
+    const QTextTableCell cell = table->cellAt(row, column);
+    const bool covered = cell.isValid() && cell.row() <= row && row < cell.row() + cell.rowSpan()
+        && cell.column() <= column && column < cell.column() + cell.columnSpan()
+        && cell.row() + cell.rowSpan() <= table->rows()
+        && cell.column() + cell.columnSpan() <= table->columns();
+    if (!covered) {
+        result.complaint = QStringLiteral("no cell at %1,%2").arg(row).arg(column);
+    } else if (cell.row() == row && cell.column() == column) {
+        const QList<QTextTable*> inner = tablesOf(cell);
+        for (const QTextTable* nested : inner)
+            inspect(nested, depth + 1, result);
+    }
+}
+
+void inspect(const QTextTable* table, int depth, Soundness& result)
+{
+    result.depth = qMax(result.depth, depth);
+    if (table->rows() < 1 || table->columns() < 1 || table->columns() > mostColumns)
+        result.complaint = QStringLiteral("%1 rows, %2 columns").arg(table->rows()).arg(table->columns());
+    const auto widths = table->format().columnWidthConstraints();
+    if (!widths.isEmpty() && widths.size() != table->columns())
+        result.complaint =
+            QStringLiteral("%1 widths for %2 columns").arg(widths.size()).arg(table->columns());
+    for (const QTextLength& width : widths) {
+        if (!std::isfinite(width.rawValue()))
+            result.complaint = QStringLiteral("a width that is no number");
+    }
+    for (int r = 0; r < table->rows(); ++r) {
+        for (int c = 0; c < table->columns(); ++c)
+            inspectCell(table, r, c, depth, result);
+    }
+}
+
+Soundness soundnessOf(const QTextDocument& document)
+{
+    Soundness result;
+    const QList<QTextTable*> tables = tablesOf(document);
+    for (const QTextTable* table : tables)
+        inspect(table, 1, result);
+    if (result.depth > deepestNesting)
+        result.complaint = QStringLiteral("%1 levels").arg(result.depth);
+    return result;
+}
+
+/*! Tries what an application does next with a document that was read: empty when all of it works. */
+QString complaintAbout(const Reading& reading)
+{
+    const Soundness soundness = soundnessOf(*reading.document);
+    if (!soundness.complaint.isEmpty())
+        return soundness.complaint;
+    // Qt's layout time doubles with each level of nesting.
+    if (soundness.depth <= 3 && reading.document->characterCount() < 400
+        && !reading.document->documentLayout()->documentSize().isValid())
+        return QStringLiteral("no layout");
+
+    QSignalSpy changes(reading.document.data(), &QTextDocument::contentsChanged);
+    QTextCursor cursor(reading.document.data());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(QStringLiteral("typed"));
+    if (changes.count() != 1)
+        return QStringLiteral("%1 changes reported").arg(changes.count());
+    if (!reading.document->toPlainText().endsWith(QLatin1String("typed")))
+        return QStringLiteral("not typed at the end");
+    return QString();
+}
+
+/*! The digits of a PNG picture. */
+QByteArray smallPicture()
+{
+    QImage image(1, 1, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return png.toHex();
+}
+
+/*! Sequences of table words in any order, of a fixed seed. */
+class Sequence {
+public:
+    explicit Sequence(unsigned seed) : m_engine(seed)
+    {
+        const int count = 5 + int(m_engine() % 60);
+        rtf = seed % 4 == 0 ? "" : "{\\rtf1 ";
+        m_open = seed % 4 == 0 ? 0 : 1;
+        for (int i = 0; i < count; ++i)
+            add(token());
+        for (; seed % 3 == 0 && m_open > 0; --m_open)
+            rtf += '}';
+        // A word that the end of the input cuts off would be an error of its own.
+        rtf += '\n';
+    }
+
+    QByteArray rtf;
+    /*! What the reader has to report for the braces. */
+    int status() const { return m_unmatched ? 1 : m_open > 0 ? 2 : 0; }
+
+private:
+    void add(QByteArray token)
+    {
+        static const QByteArray png = smallPicture();
+        rtf += token.replace("@", png);
+        const int opened = int(token.count('{')), closed = int(token.count('}'));
+        if (m_open + opened < closed)
+            m_unmatched = true;
+        m_open = qMax(0, m_open + opened - closed);
+    }
+
+    QByteArray token()
+    {
+        // The frequent words of real tables, so that rows and tables come about.
+        static const char* const common[] = {
+            "\\intbl",    "\\cell",    "\\row",   "\\cellx2000", "\\cellx4320", "\\cellx8640", "\\trowd",
+            "\\nestcell", "\\nestrow", "\\itap2", "\\pard",      "\\clvmrg",    "\\clmrg",     " text"};
+        static const char* const odd[] = {"\\par",
+                                          "\\page",
+                                          "\\lastrow",
+                                          "\\itap1",
+                                          "\\itap3",
+                                          "\\itap0",
+                                          "\\itap-1",
+                                          "\\itap9999",
+                                          "\\itap",
+                                          "\\itap12",
+                                          "\\cellx-500",
+                                          "\\cellx0",
+                                          "\\cellx-2147483648",
+                                          "\\cellx2147483647",
+                                          "\\cellx",
+                                          "\\cellx1000",
+                                          "\\cellx3000",
+                                          "\\trgaph108",
+                                          "\\trgaph-108",
+                                          "\\clcbpat1",
+                                          "\\clcbpat-7",
+                                          "\\clshdrawnil",
+                                          "\\clvertalc",
+                                          "\\clvertalb",
+                                          "\\clbrdrb",
+                                          "\\trbrdrb",
+                                          "\\brdrs",
+                                          "\\brdrw30000",
+                                          "\\brdrcf3",
+                                          "\\brdrnil",
+                                          "{",
+                                          "{",
+                                          "}",
+                                          "}",
+                                          "{\\*\\nesttableprops",
+                                          "\\pict",
+                                          "{\\pict\\pngblip @}",
+                                          "{\\nonesttables a{b}c}",
+                                          "{\\footnote n}",
+                                          "\\footnote",
+                                          "\\plain",
+                                          "\\ls1\\ilvl3",
+                                          "\\line",
+                                          "\\tab",
+                                          "\\u10 ?",
+                                          "\\paperw0",
+                                          "\\paperw2147483647",
+                                          "\\paperw12240",
+                                          "\\margl-2147483648",
+                                          "{\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt y}}",
+                                          "{\\*\\unknown\\cell\\row}",
+                                          "\\\n"};
+        if (m_engine() % 3 != 0)
+            return pick(common);
+        return pick(odd);
+    }
+
+    template <size_t n>
+    QByteArray pick(const char* const (&words)[n])
+    {
+        return QByteArray(words[m_engine() % n]);
+    }
+
+    std::mt19937 m_engine;
+    int m_open = 0;
+    bool m_unmatched = false;
+};
+
+QByteArray repeated(const QByteArray& text, int count)
+{
+    QByteArray result;
+    result.reserve(text.size() * count);
+    for (int i = 0; i < count; ++i)
+        result += text;
+    return result;
+}
+
+const int bigRows = 20000;
+const int bigColumns = 5;
+
+QByteArray bigTable()
+{
+    return "{\\rtf1 " + repeated(row("1000 2000 3000 4000 5000", "first second third fourth fifth"), bigRows)
+        + "\\pard after}";
+}
+
+/*! The document that bigTable() makes, without any conversion. */
+void buildBigTable(QTextDocument& document)
+{
+    document.setUndoRedoEnabled(false);
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    QTextTable* table = cursor.insertTable(bigRows, bigColumns);
+    static const char* const texts[] = {"first", "second", "third", "fourth", "fifth"};
+    for (int r = 0; r < bigRows; ++r) {
+        for (int c = 0; c < bigColumns; ++c) {
+            QTextCharFormat format;
+            format.setVerticalAlignment(QTextCharFormat::AlignTop);
+            QTextTableCell cell = table->cellAt(r, c);
+            cell.setFormat(format);
+            cell.firstCursorPosition().insertText(QLatin1String(texts[c]));
+        }
+    }
+    cursor.endEditBlock();
+}
+
+/*! The highest memory use of this process so far, in KB; 0 where the system does not tell. */
+qint64 peakMemory()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray& line : lines) {
+        if (line.startsWith("VmHWM:"))
+            return line.mid(6).simplified().split(' ').first().toLongLong();
+    }
+    return 0;
+}
+
+/*! Runs in a process of its own: prints how much memory \a what takes at its highest, in KB. */
+int measure(const QByteArray& what)
+{
+    QTextDocument document;
+    const QByteArray rtf = bigTable();
+    const qint64 before = peakMemory();
+    bool complete = true;
+    if (what == "build") {
+        buildBigTable(document);
+    } else {
+        QBuffer buffer;
+        buffer.setData(rtf);
+        buffer.open(QIODevice::ReadOnly);
+        ORVTextRtfReader reader(&buffer);
+        complete = reader.read(&document);
+    }
+    const QTextTable* table = tablesOf(document).value(0);
+    complete = complete && table && table->rows() == bigRows && table->columns() == bigColumns;
+    std::printf("%lld\n", static_cast<long long>(peakMemory() - before));
+    return complete ? 0 : 1;
+}
+
+/*! The memory that the process of measure() reports, in KB; 0 when it failed. */
+qint64 measured(const char* what)
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(),
+                  QStringList() << QStringLiteral("--measure") << QLatin1String(what));
+    if (!process.waitForFinished(120000) || process.exitCode() != 0)
+        return 0;
+    return process.readAllStandardOutput().trimmed().toLongLong();
+}
+
+} // namespace
+
+/*! No order of table words and no size of a table does harm. */
+class TestTablesRobustness : public QObject {
+    Q_OBJECT
+
+private slots:
+    void complaintsAreFound();
+    void threeWords_data();
+    void threeWords();
+    void randomSequencesMakeTables();
+    void randomSequences_data();
+    void randomSequences();
+    void largeInputs_data();
+    void largeInputs();
+    void rowOfManyCells();
+    void verticalMergeOverManyRows_data();
+    void verticalMergeOverManyRows();
+    void manyNestedTables();
+    void memoryOfABigTable();
+};
+
+/*! The checks below notice a document that is still within an edit block. */
+void TestTablesRobustness::complaintsAreFound()
+{
+    Reading reading;
+    reading.document = newDocument();
+    QCOMPARE(complaintAbout(reading), QString());
+    QTextCursor cursor(reading.document.data());
+    cursor.beginEditBlock();
+    QCOMPARE(complaintAbout(reading), QStringLiteral("0 changes reported"));
+    cursor.endEditBlock();
+}
+
+void TestTablesRobustness::threeWords_data()
+{
+    QTest::addColumn<QByteArray>("start");
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("text") << QByteArray("text");
+    QTest::newRow("in a paragraph of a table") << QByteArray("\\intbl");
+    QTest::newRow("in a nested paragraph") << QByteArray("\\itap2");
+    QTest::newRow("in a cell with text") << QByteArray("\\intbl text");
+    QTest::newRow("behind a row") << row("4320 8640", "A B");
+    QTest::newRow("behind a nested row")
+        << QByteArray("\\intbl\\itap2 N\\nestcell{\\*\\nesttableprops\\cellx900\\nestrow}");
+}
+
+/*! Words that end cells and rows, in every order, without a row definition. */
+void TestTablesRobustness::threeWords()
+{
+    QFETCH(QByteArray, start);
+    const QList<QByteArray> words = {"\\cell",    "\\row",   "\\nestcell", "\\nestrow",
+                                     "\\lastrow", "\\clmrg", "\\clvmrg",   "\\cellx5000"};
+    for (const QByteArray& first : words) {
+        for (const QByteArray& second : words) {
+            for (const QByteArray& third : words) {
+                for (const QByteArray& text : {QByteArray(), QByteArray(" x")}) {
+                    const QByteArray rtf =
+                        start + first + text + second + text + third + text + "\\intbl y\\cell\\row";
+                    const Reading reading = readBody(rtf);
+                    QVERIFY2(reading.status == 0, rtf.constData());
+                    const QString complaint = complaintAbout(reading);
+                    QVERIFY2(complaint.isEmpty(), qPrintable(complaint + ' ' + QString::fromLatin1(rtf)));
+                }
+            }
+        }
+    }
+}
+
+/*! The sequences are worth trying: many make tables, some of them nested, some with pictures. */
+void TestTablesRobustness::randomSequencesMakeTables()
+{
+    int withTables = 0, nested = 0, withPictures = 0;
+    for (int seed = 0; seed < 500; ++seed) {
+        const Reading reading = read(Sequence(unsigned(seed)).rtf);
+        const int depth = soundnessOf(*reading.document).depth;
+        withTables += depth > 0;
+        nested += depth > 1;
+        withPictures += !reading.images().isEmpty();
+    }
+    QVERIFY(withTables > 100);
+    QVERIFY(nested > 5);
+    QVERIFY(withPictures > 5);
+}
+
+void TestTablesRobustness::randomSequences_data()
+{
+    QTest::addColumn<int>("firstSeed");
+    for (int seed = 0; seed < 5000; seed += 100)
+        QTest::newRow(qPrintable(QString::number(seed))) << seed;
+}
+
+void TestTablesRobustness::randomSequences()
+{
+    QFETCH(int, firstSeed);
+    for (int seed = firstSeed; seed < firstSeed + 100; ++seed) {
+        const Sequence sequence{unsigned(seed)};
+        const Reading reading = read(sequence.rtf);
+        QVERIFY2(reading.status == sequence.status(), sequence.rtf.constData());
+        QVERIFY2(reading.ok == (reading.status == 0), sequence.rtf.constData());
+        const QString complaint = complaintAbout(reading);
+        QVERIFY2(complaint.isEmpty(), qPrintable(complaint + ' ' + QString::fromLatin1(sequence.rtf)));
+    }
+}
+
+void TestTablesRobustness::largeInputs_data()
+{
+    QTest::addColumn<QByteArray>("rtf");
+
+    QTest::newRow("cells without rows") << "\\intbl " + repeated("x\\cell ", 50000);
+    QTest::newRow("empty cells without rows") << "\\intbl" + repeated("\\cell", 100000);
+    QTest::newRow("definitions without rows") << "\\intbl" + repeated("\\cellx100", 100000);
+    QTest::newRow("growing definitions") << [] {
+        QByteArray rtf = "\\intbl";
+        for (int i = 1; i <= 20000; ++i)
+            rtf += "\\cellx" + QByteArray::number(i);
+        return rtf + " x\\cell\\row";
+    }();
+    QTest::newRow("rows without cells") << repeated("\\intbl\\row", 20000);
+    QTest::newRow("rows of different widths") << [] {
+        QByteArray rtf;
+        for (int i = 0; i < 400; ++i)
+            rtf += row(QByteArray::number(1000 + i * 7919 % 4000) + " 8640", "a b");
+        return rtf;
+    }();
+    QTest::newRow("tables without text between")
+        << repeated("\\trowd\\cellx900\\lastrow\\intbl x\\cell\\row", 5000);
+    QTest::newRow("levels opened and closed") << repeated("\\pard\\itap12 x\\pard\\itap1 y", 5000);
+    QTest::newRow("a long text in one cell") << "\\intbl " + repeated("x\\b0 y\\b1 ", 20000) + "\\cell\\row";
+    QTest::newRow("many paragraphs in one cell") << "\\intbl " + repeated("x\\par ", 20000) + "\\cell\\row";
+    QTest::newRow("never closed") << "\\intbl\\itap12 " + repeated("x\\nestcell\\nestrow\\itap12 ", 3000);
+}
+
+void TestTablesRobustness::largeInputs()
+{
+    QFETCH(QByteArray, rtf);
+    const Reading reading = readBody(rtf);
+    QCOMPARE(reading.status, 0);
+    QCOMPARE(complaintAbout(reading), QString());
+}
+
+/*! Beyond the last column text goes on in the last cell, however much it is. */
+void TestTablesRobustness::rowOfManyCells()
+{
+    const Reading reading = readBody("\\intbl " + repeated("x\\cell ", 20000) + "\\row");
+    const QTextTable* table = tablesOf(*reading.document).value(0);
+    QVERIFY(table);
+    QCOMPARE(table->columns(), mostColumns);
+    QCOMPARE(contentOf(table->cellAt(0, 254)), QStringLiteral("x"));
+    QCOMPARE(int(contentOf(table->cellAt(0, 255)).count(QLatin1Char('x'))), 20000 - 255);
+}
+
+void TestTablesRobustness::verticalMergeOverManyRows_data()
+{
+    QTest::addColumn<int>("rows");
+    QTest::newRow("2000") << 2000;
+    QTest::newRow("4000") << 4000;
+}
+
+void TestTablesRobustness::verticalMergeOverManyRows()
+{
+    QFETCH(int, rows);
+    const Reading reading =
+        readBody(row("4320 8640", "A B") + repeated(row("4320v 8640", "- C"), rows - 1) + "\\pard after");
+    const QTextTable* table = tablesOf(*reading.document).value(0);
+    QVERIFY(table);
+    QCOMPARE(table->rows(), rows);
+    QCOMPARE(table->columns(), 2);
+    QCOMPARE(cellShape(table->cellAt(rows - 1, 0)), QStringLiteral("A(r%1)").arg(rows));
+    QCOMPARE(cellShape(table->cellAt(rows - 1, 1)), QStringLiteral("C"));
+}
+
+void TestTablesRobustness::manyNestedTables()
+{
+    const QByteArray outer = "\\trowd\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
+                             "{\\*\\nesttableprops\\cellx900\\nestrow}\\pard\\intbl o\\cell\\row\n";
+    const Reading reading = readBody(repeated(outer, 2000) + "\\pard after");
+    QCOMPARE(reading.status, 0);
+    const QTextTable* table = tablesOf(*reading.document).value(0);
+    QVERIFY(table);
+    QCOMPARE(table->rows(), 2000);
+    QCOMPARE(contentOf(table->cellAt(1999, 0)), QStringLiteral("|{1: N}||o"));
+}
+
+/*!
+    Reading may take a multiple of the memory of the finished document, since the cells wait for the table's
+    end, but no document for each of the 100,000 cells.
+*/
+void TestTablesRobustness::memoryOfABigTable()
+{
+#if defined(__SANITIZE_ADDRESS__)
+    QSKIP("the sanitizer's allocator keeps memory that was freed");
+#else
+    if (peakMemory() == 0)
+        QSKIP("this system does not tell a process how much memory it used");
+    const qint64 build = measured("build");
+    const qint64 read = measured("read");
+    QVERIFY(build > 0);
+    QVERIFY(read > 0);
+    const double factor = double(read) / double(build);
+    qInfo("building takes %lld KB, reading %lld KB: %.2f times as much", static_cast<long long>(build),
+          static_cast<long long>(read), factor);
+    QVERIFY2(factor < 6.0, qPrintable(QString::number(factor)));
+#endif
+}
+
+int main(int argc, char** argv)
+{
+    QGuiApplication application(argc, argv);
+    if (argc == 3 && qstrcmp(argv[1], "--measure") == 0)
+        return measure(argv[2]);
+    TestTablesRobustness test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_tables_robustness.moc"
