@@ -37,6 +37,41 @@ bool ORVRtfCellContent::hasText() const
     return std::any_of(m_parts.begin(), m_parts.end(), [](const Part& part) { return part.hasText(); });
 }
 
+bool ORVRtfCellContent::Part::endsWithEmptyParagraph() const
+{
+    return document ? document->lastBlock().length() == 1 : paragraphs.last().runs.isEmpty();
+}
+
+bool ORVRtfCellContent::endsWithEmptyParagraph() const
+{
+    for (int i = int(m_parts.size()) - 1; i >= 0; --i) {
+        if (m_parts.at(i).hasText())
+            return m_parts.at(i).endsWithEmptyParagraph();
+    }
+    return true;
+}
+
+QTextBlockFormat ORVRtfCellContent::firstFormat() const
+{
+    QTextBlockFormat format;
+    for (const Part& part : m_parts) {
+        if (part.separator == NewParagraph)
+            break;
+        if (part.formatsParagraph)
+            format = part.firstFormat;
+        if (part.hasSeveralParagraphs())
+            break;
+    }
+    return format;
+}
+
+void ORVRtfCellContent::setLastFormat(const QTextBlockFormat& format)
+{
+    Part part;
+    part.firstFormat = format;
+    m_parts.append(part);
+}
+
 void ORVRtfCellContent::append(const ORVRtfCellContent& other)
 {
     m_parts += other.m_parts;
@@ -61,13 +96,23 @@ void ORVRtfCellContent::insertAt(QTextCursor& cursor) const
 {
     for (const Part& part : m_parts) {
         if (part.separator == Blank)
-            cursor.insertText(QLatin1String(" "));
+            insertBlank(part, cursor);
         else if (part.separator == NewParagraph)
             cursor.insertBlock();
         if (part.formatsParagraph)
             cursor.setBlockFormat(part.firstFormat);
         insertPart(part, cursor);
     }
+}
+
+/*! The blank looks like the text before it or, at the beginning of a paragraph, like the text behind it. */
+void ORVRtfCellContent::insertBlank(const Part& part, QTextCursor& cursor)
+{
+    const QLatin1String blank(" ");
+    if (cursor.atBlockStart() && !part.paragraphs.isEmpty() && !part.paragraphs.first().runs.isEmpty())
+        cursor.insertText(blank, part.paragraphs.first().runs.first().format);
+    else
+        cursor.insertText(blank);
 }
 
 void ORVRtfCellContent::insertPart(const Part& part, QTextCursor& cursor)

@@ -26,6 +26,11 @@ public:
     explicit ORVRtfCellContent(const QSharedPointer<QTextDocument>& document);
 
     bool hasText() const;
+    bool endsWithEmptyParagraph() const;
+    /*! Format of the first paragraph. */
+    QTextBlockFormat firstFormat() const;
+    /*! Gives the last paragraph \a format. */
+    void setLastFormat(const QTextBlockFormat& format);
 
     /*! What stands between the contents of cells that become one. */
     enum Separator { NoSeparator, Blank, NewParagraph };
@@ -59,9 +64,11 @@ private:
 
         bool hasText() const { return document || !paragraphs.isEmpty(); }
         bool hasSeveralParagraphs() const { return document || paragraphs.size() > 1; }
+        bool endsWithEmptyParagraph() const;
     };
 
     static Paragraph paragraphOf(const QTextBlock& block);
+    static void insertBlank(const Part& part, QTextCursor& cursor);
     static void insertPart(const Part& part, QTextCursor& cursor);
 
     QVector<Part> m_parts;

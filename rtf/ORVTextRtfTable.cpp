@@ -121,6 +121,27 @@ void ORVTextRtfTable::insertColumn(int position)
     }
     m_grid = grid;
     ++m_columns;
+    linkCells();
+}
+
+/*! Tells each cell which ones stand before and behind it. */
+void ORVTextRtfTable::linkCells()
+{
+    m_lastCell = -1;
+    for (int i = 0; i < m_grid.size(); ++i) {
+        const Cell& cell = m_cells.at(m_grid.at(i));
+        if (cell.row * m_columns + cell.column == i)
+            appendToText(m_grid.at(i));
+    }
+}
+
+void ORVTextRtfTable::appendToText(int cell)
+{
+    m_cells[cell].previous = m_lastCell;
+    m_cells[cell].next = -1;
+    if (m_lastCell >= 0)
+        m_cells[m_lastCell].next = cell;
+    m_lastCell = cell;
 }
 
 /*!
@@ -148,8 +169,11 @@ QVector<QTextCharFormat> ORVTextRtfTable::formatsFollowing(int position) const
 
 void ORVTextRtfTable::appendRow()
 {
-    for (int column = 0; column < m_columns; ++column)
-        m_grid.append(addCell(m_rows, column));
+    for (int column = 0; column < m_columns; ++column) {
+        const int cell = addCell(m_rows, column);
+        m_grid.append(cell);
+        appendToText(cell);
+    }
     ++m_rows;
 }
 
@@ -246,9 +270,19 @@ void ORVTextRtfTable::mergeCells(int row, int column, int rows, int columns)
     m_cells[target].columnSpan = columns;
 }
 
+/*!
+    Makes the cell \a absorbed a part of \a target. As in a QTextTable, an empty paragraph in front of the
+   absorbed cell takes over the format of its first one, because the two become one when the border between
+   them goes.
+*/
 void ORVTextRtfTable::absorb(int target, int absorbed, ORVRtfCellContent::Separator separator)
 {
     Cell& cell = m_cells[absorbed];
+    ORVRtfCellContent& before = m_cells[cell.previous].content;
+    if (before.endsWithEmptyParagraph())
+        before.setLastFormat(cell.content.firstFormat());
+    (cell.next >= 0 ? m_cells[cell.next].previous : m_lastCell) = cell.previous;
+    m_cells[cell.previous].next = cell.next;
     m_cells[target].content.absorb(cell.content, separator);
     cell.content = ORVRtfCellContent();
     for (int row = cell.row; row < cell.row + cell.rowSpan; ++row) {

@@ -41,6 +41,9 @@ private:
         int column = 0;
         int rowSpan = 1;
         int columnSpan = 1;
+        // Indexes of the cells before and behind this one in the order of the text, -1 at its ends.
+        int previous = -1;
+        int next = -1;
         QTextCharFormat format;
         ORVRtfCellContent content;
     };
@@ -56,6 +59,8 @@ private:
     void addColumn(int boundary);
     void widenCells(int column);
     void insertColumn(int position);
+    void linkCells();
+    void appendToText(int cell);
     QVector<QTextCharFormat> formatsFollowing(int position) const;
     void appendRow();
     void fillLastRow(ORVTextRtfRow& row);
@@ -70,6 +75,8 @@ private:
     QVector<Cell> m_cells;
     // Index into m_cells by row and column.
     QVector<int> m_grid;
+    // The last cell in the order of the text.
+    int m_lastCell = -1;
     int m_rows = 0;
     int m_columns = 0;
     // Right boundaries of the columns, in twips. There can be fewer than columns, or more.
