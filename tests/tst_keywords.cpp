@@ -25,9 +25,9 @@ struct Row {
     const char* spelling;
 };
 
-#define ROW(name, spelling)                                                                                  \
-    {                                                                                                        \
-#name, ORVRtfKeywords::name##Str, ORVTextRtfCommon::name, spelling                                   \
+#define ROW(name, spelling) \
+    { \
+#name, ORVRtfKeywords::name##Str, ORVTextRtfCommon::name, spelling \
     }
 
 /*! Every control word and control symbol, spelled out. */
