@@ -10,6 +10,11 @@ const int largestFetch = 1024;
 // The consumed part of the buffer is dropped in pieces of this size.
 const int trimSize = 1024;
 
+bool isSpecial(char c)
+{
+    return c == '\\' || c == '{' || c == '}' || c == '\n' || c == '\r';
+}
+
 bool isHexadecimalDigit(char c)
 {
     return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
@@ -24,6 +29,16 @@ bool ORVRtfInput::fetch(qint64 index)
         m_buffer += m_device->readLine(qMin(wanted, qint64(largestFetch)));
     }
     return index < m_buffer.size();
+}
+
+int ORVRtfInput::textLength() const
+{
+    const char* const text = data();
+    const int limit = available();
+    int length = 1;
+    while (length < limit && !isSpecial(text[length]))
+        ++length;
+    return length;
 }
 
 void ORVRtfInput::release(int count)
@@ -53,7 +68,7 @@ QByteArray ORVRtfInput::takeHexadecimalDigits(int limit)
     int count = 0;
     while (count < limit && isHexadecimalDigit(charAt(count)))
         ++count;
-    const QByteArray digits(data(), count);
+    QByteArray digits(data(), count);
     release(count);
     return digits;
 }

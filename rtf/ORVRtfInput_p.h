@@ -38,6 +38,12 @@ public:
     /*! Whether the device has nothing more: what is left of the input is in the buffer. */
     bool isFetched() const;
 
+    /*!
+        How many buffered bytes from the read position on, at least one, are no backslash, no brace and no
+       line end; the first is not looked at.
+    */
+    int textLength() const;
+
     /*! Moves the read position over \a count buffered bytes. */
     void release(int count);
     /*! Moves the read position over \a count bytes, refilling the buffer, but not beyond the end of the

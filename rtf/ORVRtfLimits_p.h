@@ -24,7 +24,7 @@ const int listLevels = 9;
 /*! Notes within notes; the text of a deeper one is left out. */
 const int noteNesting = 16;
 /*! Pixels of one picture, by its header and before it is decoded. */
-const qint64 picturePixels = 100 * 1000 * 1000;
+const qint64 picturePixels = 100000000;
 /*! Pixels of a displayed picture's side. */
 const int pictureSide = 32767;
 

@@ -1,14 +1,11 @@
 #include "ORVRtfOutput_p.h"
 
-#include <QtCore/QIODevice>
+#include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 #include <cstdio>
-#include <cstring>
 
 namespace {
-
-const int bufferSize = 8192;
 
 // What stands in texts for page numbers, and the characters it becomes on the way.
 const char pageNumberTag[] = "<$p>";
@@ -29,80 +26,44 @@ bool isBraceOrBackslash(ushort unit)
 
 } // namespace
 
-ORVRtfOutput::ORVRtfOutput()
-{
-    m_buffer.reserve(bufferSize);
-}
-
 void ORVRtfOutput::begin()
 {
-    m_buffer.resize(0);
-    m_failed = false;
+    m_sink.begin();
     m_keywordPending = false;
-}
-
-bool ORVRtfOutput::flush()
-{
-    if (!m_buffer.isEmpty() && m_device->write(m_buffer) != m_buffer.size())
-        m_failed = true;
-    m_buffer.resize(0);
-    return !m_failed;
-}
-
-void ORVRtfOutput::append(const char* bytes, int length)
-{
-    if (m_buffer.size() + length > bufferSize)
-        flush();
-    if (length > bufferSize)
-        m_failed = m_device->write(bytes, length) != length || m_failed;
-    else
-        m_buffer.append(bytes, length);
-}
-
-void ORVRtfOutput::append(const char* bytes)
-{
-    append(bytes, int(std::strlen(bytes)));
-}
-
-void ORVRtfOutput::appendNumber(int value)
-{
-    char digits[16];
-    append(digits, std::snprintf(digits, sizeof(digits), "%d", value));
 }
 
 bool ORVRtfOutput::write(const char* spelling)
 {
-    append(spelling);
+    m_sink.append(QLatin1String(spelling));
     m_keywordPending = true;
-    return !m_failed;
+    return !m_sink.hasFailed();
 }
 
 bool ORVRtfOutput::write(ORVTextRtfCommon::KeyWord keyWord)
 {
-    const QLatin1String spelling = ORVTextRtfCommon::toLatin1(keyWord);
-    append(spelling.latin1(), int(spelling.size()));
+    m_sink.append(ORVTextRtfCommon::toLatin1(keyWord));
     m_keywordPending = true;
-    return !m_failed;
+    return !m_sink.hasFailed();
 }
 
 bool ORVRtfOutput::write(const char* spelling, int value)
 {
-    append(spelling);
-    appendNumber(value);
+    m_sink.append(QLatin1String(spelling));
+    m_sink.appendNumber(value);
     m_keywordPending = true;
-    return !m_failed;
+    return !m_sink.hasFailed();
 }
 
 bool ORVRtfOutput::write(ORVTextRtfCommon::KeyWord keyWord, int value)
 {
     write(keyWord);
-    appendNumber(value);
-    return !m_failed;
+    m_sink.appendNumber(value);
+    return !m_sink.hasFailed();
 }
 
 void ORVRtfOutput::writeStructure(char c)
 {
-    append(&c, 1);
+    m_sink.append(c);
     m_keywordPending = false;
 }
 
@@ -128,7 +89,7 @@ void ORVRtfOutput::writeClosedWord(ORVTextRtfCommon::KeyWord keyWord)
 
 void ORVRtfOutput::writeRaw(const char* rtf)
 {
-    append(rtf);
+    m_sink.append(QLatin1String(rtf));
     m_keywordPending = false;
 }
 
@@ -149,8 +110,7 @@ bool ORVRtfOutput::writePrintableCharacters(QString text, int fontNumber, bool l
         if (!verbatim && writeSpecialCharacter(unit, fontNumber, bookmark))
             continue;
         if (isPlainAscii(unit)) {
-            const char byte = char(unit);
-            append(&byte, 1);
+            m_sink.append(char(unit));
         } else if (unit < 0x20) {
             writeEscapedByte(unit);
         } else {
@@ -216,7 +176,7 @@ void ORVRtfOutput::writePageField(ushort placeholder, const QString& bookmark)
 void ORVRtfOutput::writeEscapedByte(int byte)
 {
     char escape[8];
-    append(escape, std::snprintf(escape, sizeof(escape), "\\'%02X", byte & 0xFF));
+    m_sink.append(escape, std::snprintf(escape, sizeof(escape), "\\'%02X", byte & 0xFF));
 }
 
 /*! A Unicode character, with one byte of code page 1252 behind it for programs that know no Unicode. */
@@ -239,13 +199,13 @@ void ORVRtfOutput::writeUnicode(ushort unit, int fontNumber, bool& preambleWritt
 bool ORVRtfOutput::writeHexadecimalCharacters(const QByteArray& data)
 {
     // Picture by picture these are megabytes: converted piece by piece.
-    const int pieceSize = bufferSize / 2;
+    const int pieceSize = ORVRtfSink::capacity / 2;
     qint64 written = 0;
     for (int begin = 0; begin < data.size(); begin += pieceSize) {
         const QByteArray digits =
             QByteArray::fromRawData(data.constData() + begin, qMin(pieceSize, int(data.size()) - begin))
                 .toHex();
-        append(digits.constData(), int(digits.size()));
+        m_sink.append(digits.constData(), digits.size());
         written += digits.size();
     }
     m_keywordPending = false;

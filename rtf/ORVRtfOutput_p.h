@@ -1,11 +1,10 @@
 #ifndef ORVRTFOUTPUT_P_H
 #define ORVRTFOUTPUT_P_H
 
+#include "ORVRtfSink_p.h"
 #include "ORVTextRtfCommon.h"
 
-#include <QtCore/QByteArray>
-
-class QIODevice;
+class QByteArray;
 class QString;
 
 /*!
@@ -16,17 +15,15 @@ class QString;
 */
 class ORVRtfOutput {
 public:
-    ORVRtfOutput();
-
-    void setDevice(QIODevice* device) { m_device = device; }
-    QIODevice* device() const { return m_device; }
+    void setDevice(QIODevice* device) { m_sink.setDevice(device); }
+    QIODevice* device() const { return m_sink.device(); }
     /*! Whether header and footer placeholders in texts become page fields. */
     void setExportingMode(bool exportingMode) { m_exportingMode = exportingMode; }
 
     /*! Begins a new stream: nothing is owed and nothing has failed. */
     void begin();
     /*! Hands all bytes on. False when the device refused some, now or earlier. */
-    bool flush();
+    bool flush() { return m_sink.flush(); }
 
     /*! Writes the control word \a spelling, which includes the backslash. */
     bool write(const char* spelling);
@@ -63,9 +60,6 @@ public:
     static QString escaped(const QString& text);
 
 private:
-    void append(const char* bytes, int length);
-    void append(const char* bytes);
-    void appendNumber(int value);
     void writeRaw(const char* rtf);
     bool writeSpecialCharacter(ushort unit, int fontNumber, const QString& bookmark);
     void writeClosedWord(ORVTextRtfCommon::KeyWord keyWord);
@@ -73,9 +67,7 @@ private:
     void writeUnicode(ushort unit, int fontNumber, bool& preambleWritten);
     void writePageField(ushort placeholder, const QString& bookmark);
 
-    QIODevice* m_device = nullptr;
-    QByteArray m_buffer;
-    bool m_failed = false;
+    ORVRtfSink m_sink;
     bool m_keywordPending = false;
     bool m_exportingMode = false;
 };

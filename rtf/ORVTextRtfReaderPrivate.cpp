@@ -23,11 +23,6 @@ const int hexadecimalRun = 1024;
 // Characters that are usually pending at most: the length of a buffered line.
 const int pendingTextSize = 1024;
 
-bool isSpecial(char c)
-{
-    return c == '\\' || c == '{' || c == '}' || c == '\n' || c == '\r';
-}
-
 bool isInvalid(QChar c)
 {
     return c.unicode() >= 0x7F && c.unicode() <= 0x9F;
@@ -188,13 +183,9 @@ void ORVTextRtfReaderPrivate::takeText()
         return;
     }
 
-    const char* const text = m_input.data();
-    const int available = m_input.available();
-    int length = 1;
-    while (length < available && !isSpecial(text[length]))
-        ++length;
+    const int length = m_input.textLength();
     if (m_skipDepth == 0)
-        m_pendingText += QLatin1String(text, length);
+        m_pendingText += QLatin1String(m_input.data(), length);
     m_input.release(length);
 }
 

@@ -25,7 +25,7 @@ QSharedPointer<QTextDocument> ORVTextRtfCell::document()
 
 QSharedPointer<QTextDocument> ORVTextRtfCell::finishedDocument()
 {
-    const QSharedPointer<QTextDocument> finished = document();
+    QSharedPointer<QTextDocument> finished = document();
     QTextCursor(finished.data()).endEditBlock();
     return finished;
 }

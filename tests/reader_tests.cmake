@@ -11,6 +11,7 @@ orv_add_test(paragraphwords)
 orv_add_test(properties)
 orv_add_test(readerframe)
 orv_add_test(readerstate)
+orv_add_test(stripper)
 orv_add_test(tokenizer)
 
 # Reading in a program without any application object, which QtTest always makes.

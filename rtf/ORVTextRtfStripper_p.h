@@ -1,0 +1,30 @@
+#ifndef ORVTEXTRTFSTRIPPER_P_H
+#define ORVTEXTRTFSTRIPPER_P_H
+
+#include "ORVRtfSink_p.h"
+#include "ORVTextRtfReader_p.h"
+
+/*!
+    The copying of ORVTextRtfStripper: the reader's tokenizer, whose control words are written again.
+*/
+class ORVTextRtfStripperPrivate : public ORVTextRtfReaderPrivate {
+public:
+    int translateControlWord(KeyWord keyWord, bool hasParameter, int parameter) override;
+
+    void process();
+
+    ORVRtfSink m_sink;
+
+private:
+    void copyInput();
+    void openGroup();
+    void closeGroup();
+    void copyText();
+    void copyBytes(int count);
+    void endLine();
+
+    // The last thing written is a control word that text must be kept apart from.
+    bool m_spaceOwed = false;
+};
+
+#endif
