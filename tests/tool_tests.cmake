@@ -8,6 +8,10 @@ target_compile_definitions(tst_tool PRIVATE
     ORVRTF_TOOL="$<TARGET_FILE:orvrtf>"
     ORVRTF_VERSION="${PROJECT_VERSION}")
 
+# A gigabyte through a pipe.
+add_test(NAME strip_memory COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/strip_memory.py $<TARGET_FILE:orvrtf>)
+set_tests_properties(strip_memory PROPERTIES LABELS slow)
+
 orv_add_test(tool_documents SOURCES
     ../tools/orvrtf/DocumentInfo.cpp
     ../tools/orvrtf/HtmlExport.cpp

@@ -37,7 +37,9 @@ private slots:
     void outputFormat_data();
     void outputFormat();
     void convertsStandardInputToStandardOutput();
+    void waitsForSlowPipe_data();
     void waitsForSlowPipe();
+    void stripsFiles();
     void writesIntoNamedPipe();
     void overwritesOutputFile();
 
@@ -58,6 +60,7 @@ private slots:
     void noRoomForPipedInput();
     void unwritableOutput_data();
     void unwritableOutput();
+    void interruptedWritingLeavesNoFile_data();
     void interruptedWritingLeavesNoFile();
     void outputIsInput();
     void fullStandardOutput_data();
@@ -285,14 +288,26 @@ void tst_tool::convertsStandardInputToStandardOutput()
 }
 
 // A writer that pauses must not look like the end of the input.
+void tst_tool::waitsForSlowPipe_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QByteArray>("out");
+
+    QTest::newRow("convert") << "convert pipe - --to txt" << QByteArray("first half\nsecond half\n");
+    // The stripper does not wait for the whole input, but for its end.
+    QTest::newRow("strip") << "strip pipe -" << QByteArray("\n{\\rtf1 first half\\par second half\\par}\n");
+}
+
 void tst_tool::waitsForSlowPipe()
 {
+    QFETCH(QString, arguments);
+    QFETCH(QByteArray, out);
     const QByteArray pipeName = QFile::encodeName(path("pipe"));
     QCOMPARE(mkfifo(pipeName.constData(), 0600), 0);
     const int fd = open(pipeName.constData(), O_RDWR | O_CLOEXEC);
     QVERIFY(fd >= 0);
     QProcess process;
-    start(process, words("convert pipe - --to txt"));
+    start(process, arguments.split(QLatin1Char(' ')));
 
     const QByteArray halves[] = {"{\\rtf1 first half\\par ", "second half\\par}"};
     for (const QByteArray& half : halves) {
@@ -303,7 +318,17 @@ void tst_tool::waitsForSlowPipe()
     close(fd);
     const ToolRun result = finish(process);
     QCOMPARE(result.err, QByteArray());
-    QCOMPARE(result.out, QByteArray("first half\nsecond half\n"));
+    QCOMPARE(result.out, out);
+}
+
+void tst_tool::stripsFiles()
+{
+    write("in.rtf", "{\\rtf1\\ansi\\foo7\r\n{\\pict\\pngblip 89504e47}Text\\b01}");
+    const ToolRun result = run(words("strip in.rtf out.rtf"));
+    QCOMPARE(result.exitCode, 0);
+    QCOMPARE(result.err, QByteArray());
+    QCOMPARE(result.out, QByteArray());
+    QCOMPARE(read(path("out.rtf")), QByteArray("\n{\\rtf1\\ansi\n\n{\\pict}\nText\\b1}\n"));
 }
 
 void tst_tool::writesIntoNamedPipe()
@@ -451,6 +476,9 @@ void tst_tool::usageErrors_data()
     QTest::newRow("info without input") << "info" << QByteArray("info takes");
     QTest::newRow("info of two files") << "info in.rtf in.rtf" << QByteArray("info takes");
     QTest::newRow("check without input") << "check" << QByteArray("check takes");
+    QTest::newRow("strip without output") << "strip in.rtf" << QByteArray("strip takes");
+    QTest::newRow("format for strip") << "strip in.rtf out.rtf --to rtf" << QByteArray("--to");
+    QTest::newRow("strip onto itself") << "strip in.rtf ./in.rtf" << QByteArray("both input and output");
     QTest::newRow("unknown suffix") << "convert in.rtf out.pdf" << QByteArray("\"out.pdf\"");
     QTest::newRow("no suffix") << "convert in.rtf out" << QByteArray("\"out\"");
     QTest::newRow("unknown format") << "convert in.rtf out.html --to pdf" << QByteArray("\"pdf\"");
@@ -484,6 +512,8 @@ void tst_tool::unreadableInput_data()
     QTest::newRow("convert missing") << "convert missing.rtf out.html" << QByteArray("missing.rtf");
     QTest::newRow("info missing") << "info missing.rtf" << QByteArray("missing.rtf");
     QTest::newRow("check missing") << "check missing.rtf" << QByteArray("missing.rtf");
+    QTest::newRow("strip missing") << "strip missing.rtf out.rtf" << QByteArray("missing.rtf");
+    QTest::newRow("strip directory") << "strip . out.rtf" << QByteArray("cannot read .:");
     QTest::newRow("convert directory") << "convert . out.html" << QByteArray("cannot read .:");
     QTest::newRow("info directory") << "info ." << QByteArray("cannot read .:");
     QTest::newRow("check directory") << "check ." << QByteArray("cannot read .:");
@@ -512,7 +542,7 @@ void tst_tool::failedReadingKeepsOldOutput()
 
 void tst_tool::standardInputIsDirectory()
 {
-    const char* const commands[] = {"convert - out.html", "info -", "check -"};
+    const char* const commands[] = {"convert - out.html", "strip - out.rtf", "info -", "check -"};
     for (const char* command : commands) {
         QProcess process;
         process.setStandardInputFile(m_dir->path());
@@ -559,8 +589,17 @@ void tst_tool::unwritableOutput()
     QVERIFY(QDir(path("directory.html")).isEmpty());
 }
 
+void tst_tool::interruptedWritingLeavesNoFile_data()
+{
+    QTest::addColumn<QString>("command");
+
+    QTest::newRow("convert") << "convert";
+    QTest::newRow("strip") << "strip";
+}
+
 void tst_tool::interruptedWritingLeavesNoFile()
 {
+    QFETCH(QString, command);
     write("in.rtf", "{\\rtf1 " + QByteArray(100000, 'a') + "\\par}");
     QProcess process;
     process.setProcessEnvironment(m_environment);
@@ -568,8 +607,8 @@ void tst_tool::interruptedWritingLeavesNoFile()
     // Files may grow to a few blocks only, and the signal for it is ignored, so that writing fails.
     process.start(QLatin1String("/bin/sh"),
                   {QLatin1String("-c"),
-                   QLatin1String("ulimit -f 8; trap '' XFSZ; exec \"$0\" convert in.rtf out.txt"),
-                   QString::fromUtf8(ORVRTF_TOOL)});
+                   QLatin1String("ulimit -f 8; trap '' XFSZ; exec \"$0\" $1 in.rtf out.txt"),
+                   QString::fromUtf8(ORVRTF_TOOL), command});
     const ToolRun result = finish(process);
     QCOMPARE(result.exitCode, 1);
     QVERIFY2(isOneLineAboutTool(result.err), result.err.constData());
@@ -593,6 +632,7 @@ void tst_tool::fullStandardOutput_data()
 
     QTest::newRow("convert to html") << "convert in.rtf - --to html";
     QTest::newRow("convert to txt") << "convert in.rtf - --to txt";
+    QTest::newRow("strip") << "strip in.rtf -";
     QTest::newRow("info") << "info in.rtf";
     QTest::newRow("help") << "--help";
     QTest::newRow("version") << "--version";

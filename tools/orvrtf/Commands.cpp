@@ -7,6 +7,7 @@
 #include "TextExport.h"
 
 #include <ORVTextRtfReader.h>
+#include <ORVTextRtfStripper.h>
 
 #include <QIODevice>
 #include <QJsonDocument>
@@ -72,15 +73,20 @@ ExitCode reportReading(const QString& path, const ReadResult& result)
     return Failure;
 }
 
+ExitCode reportUnwritten(const QString& path, const QString& errorString)
+{
+    printError(
+        QString::fromLatin1("cannot write %1: %2").arg(shownName(path, "standard output"), errorString));
+    return Failure;
+}
+
 /*! Writes \a data; \a success when that works, else a line for the user and Failure. */
 ExitCode output(const QString& path, const QByteArray& data, ExitCode success)
 {
     QString errorString;
     if (writeOutput(path, data, &errorString))
         return success;
-    printError(
-        QString::fromLatin1("cannot write %1: %2").arg(shownName(path, "standard output"), errorString));
-    return Failure;
+    return reportUnwritten(path, errorString);
 }
 
 QByteArray converted(QTextDocument& document, const Options& options)
@@ -133,13 +139,37 @@ ExitCode check(const Options& options)
     return reportReading(options.input, readDocument(options.input, Options::Rtf, document));
 }
 
+ExitCode strip(const Options& options)
+{
+    ReadResult result;
+    InputStream input;
+    OutputStream output;
+    if (!input.open(options.input, InputStream::Streamed)) {
+        result.message = input.errorString();
+        return reportReading(options.input, result);
+    }
+    if (!output.open(options.output))
+        return reportUnwritten(options.output, output.errorString());
+    ORVTextRtfStripper stripper;
+    stripper.setDevice(input.device());
+    stripper.setOutput(output.device());
+    stripper.process();
+    result.hasInput = input.isReadToEnd();
+    if (!result.hasInput) {
+        result.message = input.errorString();
+        return reportReading(options.input, result);
+    }
+    return output.finish() ? Success : reportUnwritten(options.output, output.errorString());
+}
+
 } // namespace
 
 ExitCode runCommand(const Options& options)
 {
-    if (options.command == Options::Convert)
-        return convert(options);
-    if (options.command == Options::Info)
-        return info(options);
-    return check(options);
+    switch (options.command) {
+    case Options::Convert: return convert(options);
+    case Options::Info: return info(options);
+    case Options::Strip: return strip(options);
+    default: return check(options);
+    }
 }

@@ -3,6 +3,7 @@
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <QHash>
 
 namespace {
 
@@ -16,6 +17,7 @@ const char* const description =
     "  info IN         Count what IN holds: paragraphs, words, characters, fonts,\n"
     "                  pictures, links, notes, tables and lists.\n"
     "  check IN        Say whether IN is sound.\n"
+    "  strip IN OUT    Copy RTF without pictures, list numbers and unknown control words.\n"
     "\n"
     "IN and OUT can be \"-\" for the standard input and output. HTML is UTF-8 and holds its\n"
     "pictures. Plain text is UTF-8 too: a line for each paragraph, table cell and line\n"
@@ -61,9 +63,9 @@ Arguments::Arguments()
     parser.setApplicationDescription(QLatin1String(description));
     parser.addOptions(
         {help, version, from, to, storage, msWordHighlight, decorateLinks, footnotes, annotations, json});
-    parser.addPositionalArgument(QLatin1String("COMMAND"), QLatin1String("convert, info or check."));
+    parser.addPositionalArgument(QLatin1String("COMMAND"), QLatin1String("convert, info, check or strip."));
     parser.addPositionalArgument(QLatin1String("IN"), QLatin1String("File to read."));
-    parser.addPositionalArgument(QLatin1String("OUT"), QLatin1String("File that convert writes."),
+    parser.addPositionalArgument(QLatin1String("OUT"), QLatin1String("File that convert and strip write."),
                                  QLatin1String("[OUT]"));
 }
 
@@ -137,14 +139,21 @@ QString readRtfOptions(const Arguments& arguments, Options* options)
     return QString();
 }
 
-Options convertOptions(const Arguments& arguments, const QStringList& files)
+Options twoFileOptions(Options::Command command, const QString& name, const QStringList& files)
 {
     if (files.size() != 2)
-        return invalid(QLatin1String("convert takes an input and an output file"));
+        return invalid(QString::fromLatin1("%1 takes an input and an output file").arg(name));
+    if (isSameFile(files.at(0), files.at(1)))
+        return invalid(QString::fromLatin1("\"%1\" is both input and output").arg(files.at(0)));
     Options options;
-    options.command = Options::Convert;
+    options.command = command;
     options.input = files.at(0);
     options.output = files.at(1);
+    return options;
+}
+
+Options convertOptions(const Arguments& arguments, Options options)
+{
     if (arguments.parser.isSet(arguments.from)) {
         const QString name = arguments.parser.value(arguments.from);
         if (!formatFromName(name, &options.inputFormat))
@@ -168,8 +177,6 @@ Options convertOptions(const Arguments& arguments, const QStringList& files)
     const QString problem = readRtfOptions(arguments, &options);
     if (!problem.isEmpty())
         return invalid(problem);
-    if (isSameFile(options.input, options.output))
-        return invalid(QString::fromLatin1("\"%1\" is both input and output").arg(options.input));
     return options;
 }
 
@@ -183,28 +190,38 @@ Options oneFileOptions(Options::Command command, const QString& name, const QStr
     return options;
 }
 
+Options::Command commandFromName(const QString& name)
+{
+    static const QHash<QString, Options::Command> commands{{QLatin1String("convert"), Options::Convert},
+                                                           {QLatin1String("info"), Options::Info},
+                                                           {QLatin1String("check"), Options::Check},
+                                                           {QLatin1String("strip"), Options::Strip}};
+    return commands.value(name, Options::Invalid);
+}
+
 Options commandOptions(const Arguments& arguments)
 {
     QStringList files = arguments.parser.positionalArguments();
     if (files.isEmpty())
         return invalid(QLatin1String("no command given"));
     const QString name = files.takeFirst();
-    const bool converts = name == QLatin1String("convert");
-    const bool informs = name == QLatin1String("info");
-    if (!converts && !informs && name != QLatin1String("check"))
+    const Options::Command command = commandFromName(name);
+    if (command == Options::Invalid)
         return invalid(QString::fromLatin1("unknown command \"%1\"").arg(name));
     for (const QCommandLineOption& option :
          {arguments.from, arguments.to, arguments.storage, arguments.msWordHighlight, arguments.decorateLinks,
           arguments.footnotes, arguments.annotations}) {
-        if (arguments.parser.isSet(option) && !converts)
+        if (arguments.parser.isSet(option) && command != Options::Convert)
             return invalid(
                 QString::fromLatin1("--%1 does not go with %2").arg(option.names().constFirst(), name));
     }
-    if (arguments.parser.isSet(arguments.json) && !informs)
+    if (arguments.parser.isSet(arguments.json) && command != Options::Info)
         return invalid(QString::fromLatin1("--json does not go with %1").arg(name));
-    if (converts)
-        return convertOptions(arguments, files);
-    Options options = oneFileOptions(informs ? Options::Info : Options::Check, name, files);
+    if (command == Options::Convert || command == Options::Strip) {
+        const Options options = twoFileOptions(command, name, files);
+        return options.command == Options::Convert ? convertOptions(arguments, options) : options;
+    }
+    Options options = oneFileOptions(command, name, files);
     options.json = arguments.parser.isSet(arguments.json);
     return options;
 }

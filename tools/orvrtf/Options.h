@@ -11,13 +11,13 @@ enum ExitCode { Success = 0, Failure = 1, UsageError = 2 };
 
 /*! What the command line asks for. */
 struct Options {
-    enum Command { Help, Version, Convert, Info, Check, Invalid };
+    enum Command { Help, Version, Convert, Info, Check, Strip, Invalid };
     enum Format { Html, PlainText, Rtf };
 
     Command command = Invalid;
     /*! Path of the input, "-" for the standard input. */
     QString input;
-    /*! Path of the output, "-" for the standard output; of Convert only. */
+    /*! Path of the output, "-" for the standard output; of Convert and Strip. */
     QString output;
     Format inputFormat = Rtf;
     Format outputFormat = Html;

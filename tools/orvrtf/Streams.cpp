@@ -1,7 +1,6 @@
 #include "Streams.h"
 
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <cstdio>
 
@@ -10,40 +9,17 @@ namespace {
 const char* const standardStream = "-";
 const int chunkSize = 65536;
 
-bool writeAll(QFileDevice& device, const QByteArray& data, QString* errorString)
-{
-    if (device.write(data) == data.size() && device.flush())
-        return true;
-    *errorString = device.errorString();
-    return false;
-}
-
-/*! For the standard output and for devices and pipes, which a file renamed into place would replace. */
-bool writeDirectly(QFile& file, bool isOpen, const QByteArray& data, QString* errorString)
-{
-    if (!isOpen) {
-        *errorString = file.errorString();
-        return false;
-    }
-    return writeAll(file, data, errorString);
-}
-
-bool writeThroughTemporaryFile(const QString& path, const QByteArray& data, QString* errorString)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly)) {
-        if (!writeAll(file, data, errorString))
-            return false;
-        if (file.commit())
-            return true;
-    }
-    *errorString = file.errorString();
-    return false;
-}
-
 } // namespace
 
-bool InputStream::open(const QString& path)
+bool InputStream::PatientFile::atEnd() const
+{
+    char next = 0;
+    if (isSequential())
+        return const_cast<PatientFile*>(this)->peek(&next, 1) < 1;
+    return QFile::atEnd();
+}
+
+bool InputStream::open(const QString& path, Pipes pipes)
 {
     bool isOpen = false;
     if (path == QLatin1String(standardStream)) {
@@ -58,7 +34,7 @@ bool InputStream::open(const QString& path)
         m_errorString = m_file.errorString();
         return false;
     }
-    return !m_file.isSequential() || spool();
+    return !m_file.isSequential() || pipes == Streamed || spool();
 }
 
 QIODevice* InputStream::device()
@@ -70,7 +46,7 @@ QIODevice* InputStream::device()
 
 bool InputStream::isReadToEnd()
 {
-    if (device()->atEnd())
+    if (device()->atEnd() && m_file.error() == QFile::NoError)
         return true;
     m_errorString = QLatin1String("reading stopped before the end");
     return false;
@@ -94,15 +70,57 @@ bool InputStream::spool()
     return false;
 }
 
+qint64 OutputStream::FailureKeeper::writeData(const char* data, qint64 length)
+{
+    const qint64 written = target->write(data, length);
+    if (written != length && failure.isEmpty())
+        failure = target->errorString();
+    return written;
+}
+
+bool OutputStream::open(const QString& path)
+{
+    if (path == QLatin1String(standardStream))
+        return opened(m_direct, m_direct.open(stdout, QIODevice::WriteOnly));
+    const QFileInfo info(path);
+    if (info.exists() && !info.isFile() && !info.isDir()) {
+        m_direct.setFileName(path);
+        return opened(m_direct, m_direct.open(QIODevice::WriteOnly));
+    }
+    m_file.setFileName(path);
+    return opened(m_file, m_file.open(QIODevice::WriteOnly));
+}
+
+bool OutputStream::opened(QFileDevice& file, bool isOpen)
+{
+    if (!isOpen) {
+        m_errorString = file.errorString();
+        return false;
+    }
+    m_device.target = &file;
+    return m_device.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+}
+
+bool OutputStream::finish()
+{
+    m_errorString = m_device.failure;
+    if (m_errorString.isEmpty()
+        && (!m_device.target->flush() || (m_device.target == &m_file && !m_file.commit())))
+        m_errorString = m_device.target->errorString();
+    return m_errorString.isEmpty();
+}
+
 bool writeOutput(const QString& path, const QByteArray& data, QString* errorString)
 {
-    QFile file(path);
-    if (path == QLatin1String(standardStream))
-        return writeDirectly(file, file.open(stdout, QIODevice::WriteOnly), data, errorString);
-    const QFileInfo info(path);
-    if (info.exists() && !info.isFile() && !info.isDir())
-        return writeDirectly(file, file.open(QIODevice::WriteOnly), data, errorString);
-    return writeThroughTemporaryFile(path, data, errorString);
+    OutputStream output;
+    bool isWritten = output.open(path);
+    if (isWritten) {
+        output.device()->write(data);
+        isWritten = output.finish();
+    }
+    if (!isWritten)
+        *errorString = output.errorString();
+    return isWritten;
 }
 
 void printError(const QString& message)

@@ -3,19 +3,27 @@
 
 #include <QByteArray>
 #include <QFile>
+#include <QSaveFile>
 #include <QString>
 #include <QTemporaryFile>
 
 /*!
     The input of a command: a file, or the standard input for the path "-".
 
-    A device that cannot say where it ends before more data arrives, such as a pipe, is copied to a temporary
-    file first, because a reader would take a pause of the writing program for the end.
+    A device that cannot say where it ends before more data arrives, such as a pipe, needs care: a reader
+   would take a pause of the writing program for the end.
 */
 class InputStream {
 public:
+    enum Pipes {
+        /*! Pipes are copied to a temporary file first. */
+        Spooled,
+        /*! Pipes are read as they come; asking for their end waits until it is known. */
+        Streamed
+    };
+
     /*! Opens \a path; false, with errorString() set, when it cannot be read. */
-    bool open(const QString& path);
+    bool open(const QString& path, Pipes pipes = Spooled);
     /*! The device to read, open and owned by this object. */
     QIODevice* device();
     /*! Whether a reader that reads all it gets has got all there is; if not, errorString() is set. */
@@ -23,11 +31,52 @@ public:
     QString errorString() const { return m_errorString; }
 
 private:
+    /*! A file whose end, if it is a pipe, is known only when the other side has closed it. */
+    class PatientFile : public QFile {
+    public:
+        bool atEnd() const override;
+    };
+
     bool spool();
 
-    QFile m_file;
+    PatientFile m_file;
     QTemporaryFile m_spool;
     bool m_spooled = false;
+    QString m_errorString;
+};
+
+/*!
+    The output of a command: a file, which appears whole or not at all, or the standard output for the path
+   "-".
+*/
+class OutputStream {
+public:
+    /*! Opens \a path; false, with errorString() set, when it cannot be written. */
+    bool open(const QString& path);
+    /*! The device to write to, open and owned by this object. */
+    QIODevice* device() { return &m_device; }
+    /*! Completes the output; false, with errorString() set, when any of it could not be written. */
+    bool finish();
+    QString errorString() const { return m_errorString; }
+
+private:
+    /*! Hands bytes on to a file and remembers that it did not take them all. */
+    class FailureKeeper : public QIODevice {
+    public:
+        QFileDevice* target = nullptr;
+        QString failure;
+
+    protected:
+        qint64 readData(char*, qint64) override { return -1; }
+        qint64 writeData(const char* data, qint64 length) override;
+    };
+
+    bool opened(QFileDevice& file, bool isOpen);
+
+    // Devices and pipes are written directly, as a file renamed into place would replace them.
+    QFile m_direct;
+    QSaveFile m_file;
+    FailureKeeper m_device;
     QString m_errorString;
 };
 

@@ -56,7 +56,7 @@ ExitCode run(const Options& options, char* programName)
     // Qt does not see the arguments: "-platform" and the like may be names of files.
     int count = 1;
     char* arguments[] = {programName, nullptr};
-    if (options.command == Options::Check) {
+    if (options.command == Options::Check || options.command == Options::Strip) {
         const QCoreApplication application(count, arguments);
         return runCommand(options);
     }
@@ -80,7 +80,8 @@ int main(int argc, char** argv)
     case Options::Version: return print(QLatin1String("orvrtf " ORVRTF_VERSION "\n"));
     case Options::Convert:
     case Options::Info:
-    case Options::Check: break;
+    case Options::Check:
+    case Options::Strip: break;
     }
     return run(options, argv[0]);
 }
