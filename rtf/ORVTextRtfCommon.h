@@ -21,8 +21,9 @@ class QFont;
 */
 class ORV_RTF_EXPORT ORVTextRtfCommon {
 public:
-    /*! The control words; 0 stands for none or unknown. The numbers mean nothing outside the process. */
-    enum KeyWord {
+    /*! The control words; 0 stands for none or unknown. The numbers mean nothing outside the process, and any
+     *  other number is a control word without a spelling. */
+    enum KeyWord : int {
         NoKeyWord = 0,
 #define ORV_KEYWORD_MEMBER(name, spelling) name,
         ORV_RTF_KEYWORDS(ORV_KEYWORD_MEMBER)
