@@ -2,13 +2,17 @@
 
 #include <QtCore/QIODevice>
 
+#include <cstring>
+
 namespace {
 
-// Bytes fetched beyond the one asked for, and the most that one look-ahead fetches.
-const int lookAhead = 256;
-const int largestFetch = 1024;
-// The consumed part of the buffer is dropped in pieces of this size.
+// Bytes fetched beyond the ones asked for, and the most that one look-ahead fetches.
+const int lookAhead = 255;
+const int largestFetch = 1023;
+// The consumed part of the window is dropped in pieces of this size.
 const int trimSize = 1024;
+// Bytes read from the device at a time.
+const int pieceSize = 8192;
 
 bool isSpecial(char c)
 {
@@ -22,13 +26,48 @@ bool isHexadecimalDigit(char c)
 
 } // namespace
 
-bool ORVRtfInput::fetch(qint64 index)
+bool ORVRtfInput::fetch(qint64 offset)
 {
-    if (m_device && m_device->isReadable() && !m_device->atEnd()) {
-        const qint64 wanted = index + lookAhead - m_buffer.size();
-        m_buffer += m_device->readLine(qMin(wanted, qint64(largestFetch)));
+    if (m_device && m_device->isReadable())
+        growWindow(qMin(m_position + offset + lookAhead - m_windowEnd, qint64(largestFetch)));
+    return m_position + offset < m_windowEnd;
+}
+
+/*! Adds up to \a limit bytes to the window, to the end of a line at most. */
+void ORVRtfInput::growWindow(qint64 limit)
+{
+    qint64 searched = 0;
+    for (;;) {
+        const qint64 present = qMin(limit, m_buffer.size() - m_windowEnd);
+        const char* const begin = m_buffer.constData() + m_windowEnd;
+        const void* const lineEnd = std::memchr(begin + searched, '\n', size_t(present - searched));
+        if (lineEnd) {
+            m_windowEnd += static_cast<const char*>(lineEnd) - begin + 1;
+            return;
+        }
+        if (present == limit || !readDevice()) {
+            m_windowEnd += present;
+            return;
+        }
+        searched = present;
     }
-    return index < m_buffer.size();
+}
+
+/*! Drops what lies before the window and reads the next piece; false when there is none. */
+bool ORVRtfInput::readDevice()
+{
+    if (m_device->atEnd())
+        return false;
+    m_buffer.remove(0, int(m_windowStart));
+    m_windowEnd -= m_windowStart;
+    m_position -= m_windowStart;
+    m_windowStart = 0;
+
+    const int size = int(m_buffer.size());
+    m_buffer.resize(size + pieceSize);
+    const qint64 count = m_device->read(m_buffer.data() + size, pieceSize);
+    m_buffer.resize(size + int(qMax(count, qint64(0))));
+    return count > 0;
 }
 
 int ORVRtfInput::textLength() const
@@ -43,11 +82,9 @@ int ORVRtfInput::textLength() const
 
 void ORVRtfInput::release(int count)
 {
-    m_position += count;
-    if (m_position > trimSize) {
-        m_buffer.remove(0, trimSize);
-        m_position -= trimSize;
-    }
+    m_position = qMin(m_position + count, m_windowEnd);
+    if (m_position - m_windowStart > trimSize)
+        m_windowStart += trimSize;
 }
 
 void ORVRtfInput::skip(qint64 count)
@@ -75,10 +112,15 @@ QByteArray ORVRtfInput::takeHexadecimalDigits(int limit)
 
 bool ORVRtfInput::isFetched() const
 {
-    return !m_device || m_device->atEnd();
+    return m_windowEnd == m_buffer.size() && (!m_device || m_device->atEnd());
 }
 
 qint64 ORVRtfInput::pos() const
 {
-    return (m_device ? m_device->pos() : 0) + m_position;
+    const qint64 inWindow = m_position - m_windowStart;
+    if (!m_device)
+        return inWindow;
+    // A device without random access has no position that reading changes.
+    const qint64 ahead = m_device->isSequential() ? 0 : m_buffer.size() - m_windowEnd;
+    return m_device->pos() - ahead + inWindow;
 }

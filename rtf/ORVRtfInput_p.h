@@ -6,12 +6,12 @@
 class QIODevice;
 
 /*!
-    The bytes of a device as the tokenizer sees them: a buffer that is refilled a line at a time, with a read
+    The bytes of a device as the tokenizer sees them: a window that grows by a line at a time, with a read
     position in it.
 
     A look-ahead fetches at most one line, so it can fail before the end of the input. This is part of how
-    RTF is read here: it bounds, for example, the size of binary data. The buffer stays below a few
-    kilobytes whatever the size of the input.
+    RTF is read here: it bounds, for example, the size of binary data. The device itself is read in larger
+    pieces; window and piece stay below a few kilobytes whatever the size of the input.
 */
 class ORVRtfInput {
 public:
@@ -25,17 +25,16 @@ public:
     */
     char charAt(qint64 offset, bool* ok = nullptr)
     {
-        const qint64 index = m_position + offset;
-        const bool available = index < m_buffer.size() || fetch(index);
+        const bool available = m_position + offset < m_windowEnd || fetch(offset);
         if (ok)
             *ok = available;
-        return available ? m_buffer.constData()[index] : '?';
+        return available ? data()[offset] : '?';
     }
 
     /*! The buffered bytes from the read position on. */
     const char* data() const { return m_buffer.constData() + m_position; }
-    int available() const { return int(m_buffer.size() - m_position); }
-    /*! Whether the device has nothing more: what is left of the input is in the buffer. */
+    int available() const { return int(m_windowEnd - m_position); }
+    /*! Whether all that is left of the input is buffered. */
     bool isFetched() const;
 
     /*!
@@ -52,14 +51,19 @@ public:
     /*! Takes up to \a limit hexadecimal digits, across refills within one line; see charAt(). */
     QByteArray takeHexadecimalDigits(int limit);
 
-    /*! Position of the device plus the read position in the buffer. */
+    /*! Position of the end of the window in the device, plus the read position in the window. */
     qint64 pos() const;
 
 private:
-    bool fetch(qint64 index);
+    bool fetch(qint64 offset);
+    void growWindow(qint64 limit);
+    bool readDevice();
 
     QIODevice* m_device = nullptr;
+    // What was read and is not yet dropped. The window is a part of it; what stands behind was only read.
     QByteArray m_buffer;
+    qint64 m_windowStart = 0;
+    qint64 m_windowEnd = 0;
     qint64 m_position = 0;
 };
 
