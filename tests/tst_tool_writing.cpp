@@ -390,6 +390,8 @@ void tst_tool_writing::encodingOfText_data()
     QTest::addColumn<QByteArray>("content");
 
     QTest::newRow("UTF-8") << QByteArray("caf\xc3\xa9");
+    QTest::newRow("UTF-8 with byte order mark") << QByteArray("\xef\xbb\xbf"
+                                                              "caf\xc3\xa9");
     QTest::newRow("Latin-1") << QByteArray("caf\xe9");
 }
 
