@@ -2,11 +2,13 @@
 
 orv_add_test(samples)
 
-orv_add_test(tool)
-add_dependencies(tst_tool orvrtf)
-target_compile_definitions(tst_tool PRIVATE
-    ORVRTF_TOOL="$<TARGET_FILE:orvrtf>"
-    ORVRTF_VERSION="${PROJECT_VERSION}")
+foreach(subject tool tool_writing)
+    orv_add_test(${subject} SOURCES tooltest.h)
+    add_dependencies(tst_${subject} orvrtf)
+    target_compile_definitions(tst_${subject} PRIVATE
+        ORVRTF_TOOL="$<TARGET_FILE:orvrtf>"
+        ORVRTF_VERSION="${PROJECT_VERSION}")
+endforeach()
 
 # A gigabyte through a pipe.
 add_test(NAME strip_memory COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/strip_memory.py $<TARGET_FILE:orvrtf>)

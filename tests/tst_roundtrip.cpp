@@ -3,6 +3,7 @@
 #include "ORVTextListFormat.h"
 #include "TextDocSupport.h"
 #include "rtfwritinghelpers.h"
+#include "structurehelpers.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
@@ -61,7 +62,7 @@ QTextCharFormat underlined(QTextCharFormat::UnderlineStyle style)
 }
 
 /*! The properties of all paragraphs and runs of \a document, a line each, and their texts. */
-QString contentOf(const QTextDocument& document, bool withUnderlineColors = true)
+QString formattedContentOf(const QTextDocument& document, bool withUnderlineColors = true)
 {
     QStringList lines;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
@@ -113,6 +114,8 @@ const char* reasonOfDifference(const QString& sample)
         {"libreoffice-notes.rtf", "a link within a note becomes a note of its own, which is a link no more"},
         {"libreoffice-charformats.rtf",
          "an underline's colour is not written, so runs that differ in it join"},
+        {"libreoffice-nested.rtf",
+         "an empty paragraph before a table in a cell has no character format of its own when read"},
         {"pandoc-notes.rtf",
          "runs that state the default font and runs that do not are written alike and join"},
     };
@@ -180,7 +183,7 @@ void TestRoundTrip::characters()
     const RoundTrip trip(*document);
     QCOMPARE(trip.reading.status, 0);
     QCOMPARE(trip.reading.text(), text);
-    QCOMPARE(contentOf(*trip.reading.document), contentOf(*document));
+    QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
     QCOMPARE(trip.second, trip.first);
 }
 
@@ -227,7 +230,7 @@ void TestRoundTrip::characterFormats()
     cursor.insertText(" after", textFormat());
     const RoundTrip trip(*document);
     QCOMPARE(trip.reading.status, 0);
-    QCOMPARE(contentOf(*trip.reading.document, false), contentOf(*document));
+    QCOMPARE(formattedContentOf(*trip.reading.document, false), formattedContentOf(*document));
     QCOMPARE(trip.second, trip.first);
 }
 
@@ -273,7 +276,7 @@ void TestRoundTrip::paragraphFormats()
     cursor.insertText("after", textFormat());
     const RoundTrip trip(*document);
     QCOMPARE(trip.reading.status, 0);
-    QCOMPARE(contentOf(*trip.reading.document), contentOf(*document));
+    QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
     QCOMPARE(trip.second, trip.first);
 }
 
@@ -308,7 +311,7 @@ void TestRoundTrip::inlineNotes()
     cursor.insertText("three", textFormat());
     const RoundTrip trip(*document);
     QCOMPARE(trip.reading.status, 0);
-    QCOMPARE(contentOf(*trip.reading.document), contentOf(*document));
+    QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
     QCOMPARE(trip.second, trip.first);
 }
 
@@ -327,7 +330,7 @@ void TestRoundTrip::links()
     cursor.insertText("after", textFormat());
     const RoundTrip trip(*document);
     QCOMPARE(trip.reading.status, 0);
-    QCOMPARE(contentOf(*trip.reading.document), contentOf(*document));
+    QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
     QCOMPARE(trip.second, trip.first);
 }
 
@@ -582,7 +585,7 @@ void TestRoundTrip::mixedDocument()
         cursor.insertText(".", textFormat());
     }
     const RoundTrip trip(*document);
-    QCOMPARE(contentOf(*trip.reading.document), contentOf(*document));
+    QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
     QCOMPARE(trip.second, trip.first);
 }
 
@@ -607,8 +610,10 @@ void TestRoundTrip::samples()
     const RoundTrip trip(*original.document);
     QCOMPARE(trip.reading.status, 0);
     QCOMPARE(trip.reading.text(), original.text());
+    QCOMPARE(tableLines(*trip.reading.document), tableLines(*original.document));
+    QCOMPARE(listLines(*trip.reading.document), listLines(*original.document));
     const RoundTrip again(*trip.reading.document);
-    QCOMPARE(contentOf(*again.reading.document), contentOf(*trip.reading.document));
+    QCOMPARE(formattedContentOf(*again.reading.document), formattedContentOf(*trip.reading.document));
     QCOMPARE(again.second, again.first);
 
     const char* reason = reasonOfDifference(sample);

@@ -1,4 +1,4 @@
-#include "rtftesthelpers.h"
+#include "structurehelpers.h"
 
 #include "ORVRtfProperties.h"
 
@@ -34,6 +34,10 @@ private slots:
     void pictureSizes_data();
     void pictureSizes();
     void jpegBytesAreKept();
+    void tables_data();
+    void tables();
+    void listLevels();
+    void listItems();
 
 private:
     const rtftest::Reading& sample(const QString& name);
@@ -462,6 +466,58 @@ void tst_samples::jpegBytesAreKept()
     const QTextImageFormat image = sample(QLatin1String("libreoffice-pictures")).images().value(2);
     QCOMPARE(image.property(ORVRtfProperty::ImageType).toString(), QString::fromLatin1("JPEG"));
     QCOMPARE(image.property(ORVRtfProperty::SourceImageData).toByteArray(), jpeg);
+}
+
+void tst_samples::tables_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("shapes");
+
+    const QString grids =
+        QStringLiteral("3: apple, bridge(c2) / candle(r2), dapple, ember / falcon, garden(r2) "
+                       "/ hollow(c2)\n"
+                       "3: island, jacket(c2) / kettle(c2), lantern");
+    QTest::newRow("LibreOffice") << "libreoffice-grids" << grids;
+    QTest::newRow("AbiWord") << "abiword-grids" << grids;
+    // An empty paragraph surrounds a table in a cell on either side.
+    QTest::newRow("table within a cell")
+        << "libreoffice-nested"
+        << "2: marble, before||{2: inner one, inner two / inner wide(c2)}||after / needle, -";
+}
+
+void tst_samples::tables()
+{
+    QFETCH(QString, name);
+    QTEST(rtftest::tableLines(*sample(name).document), "shapes");
+}
+
+void tst_samples::listLevels()
+{
+    const QList<QTextList*> lists = rtftest::listsOf(*sample(QStringLiteral("libreoffice-outline")).document);
+    QCOMPARE(lists.size(), 3);
+    static const char* const texts[3][3] = {
+        {"%0.", "%1.%0", "%0)"}, {"%0.", "%0.", "(%0)"}, {"\u2022", "\u2013", nullptr}};
+    static const ORVTextListLevel::Kind kinds[3][3] = {
+        {ORVTextListLevel::Decimal, ORVTextListLevel::Decimal, ORVTextListLevel::LowerLetter},
+        {ORVTextListLevel::UpperRoman, ORVTextListLevel::UpperLetter, ORVTextListLevel::LowerRoman},
+        {ORVTextListLevel::Bullet, ORVTextListLevel::Bullet, ORVTextListLevel::Bullet}};
+    for (int list = 0; list < 3; ++list) {
+        const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(lists.at(list)->format());
+        for (int i = 0; i < 3 && texts[list][i]; ++i) {
+            QCOMPARE(levels.at(i).text(), QString::fromUtf8(texts[list][i]));
+            QCOMPARE(levels.at(i).kind(), unsigned(kinds[list][i]));
+            QCOMPARE(levels.at(i).indent(), 36.0 + 18.0 * i);
+            QCOMPARE(levels.at(i).firstLinePosition(), 18.0 + 18.0 * i);
+        }
+    }
+}
+
+void tst_samples::listItems()
+{
+    QCOMPARE(rtftest::itemLines(*sample(QStringLiteral("libreoffice-outline")).document),
+             QStringLiteral("0 0 barley\n0 1 copper\n0 2 linen\n0 2 pepper\n0 1 velvet\n0 0 harbour\n"
+                            "1 0 meadow\n1 1 orchard\n1 2 pebble\n1 1 quarry\n1 0 river\n"
+                            "2 0 saddle\n2 1 timber\n2 1 willow\n2 0 anchor"));
 }
 
 QTEST_GUILESS_MAIN(tst_samples)

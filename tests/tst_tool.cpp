@@ -1,34 +1,23 @@
+#include "tooltest.h"
+
 #include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-/*! What a run of the tool ended with. */
-struct ToolRun {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-class tst_tool : public QObject {
+class tst_tool : public ToolTest {
     Q_OBJECT
 
 private slots:
-    void init();
-
     void htmlHasTextLinksAndEncoding();
     void htmlHoldsPngPictures();
     void htmlHoldsJpegBytesUnchanged();
@@ -71,23 +60,7 @@ private slots:
     void needsNoDisplay();
     void fileNamesInCLocale();
     void fileNamesThatLookLikeOptions();
-
-private:
-    QString path(const char* name) const { return m_dir->filePath(QString::fromUtf8(name)); }
-    QString write(const char* name, const QByteArray& data) const;
-    QByteArray read(const QString& path) const;
-    void start(QProcess& process, const QStringList& arguments) const;
-    ToolRun finish(QProcess& process) const;
-    ToolRun run(const QStringList& arguments, const QByteArray& input = QByteArray()) const;
-
-    QScopedPointer<QTemporaryDir> m_dir;
-    QProcessEnvironment m_environment;
 };
-
-static QStringList words(const char* line)
-{
-    return QString::fromUtf8(line).split(QLatin1Char(' '));
-}
 
 /*! Picture data of one colour in the format \a type. */
 static QByteArray picture(const char* type, QRgb colour)
@@ -111,63 +84,6 @@ static QByteArray manyThings()
           "{\\field{\\*\\fldinst HYPERLINK \"mailto:x@example.org\"}{\\fldrslt mail}}\\par "
           "Word{\\footnote First note}{ gap}{\\footnote Second}{\\*\\annotation Remark}\\par"
           "\\pard\\ls1 item\\par\\pard\\ls2 other\\par\\pard\\ls1 item \\u-10179?\\u-8704?}";
-}
-
-static bool isOneLineAboutTool(const QByteArray& text)
-{
-    return text.startsWith("orvrtf: ") && text.endsWith('\n') && text.count('\n') == 1;
-}
-
-void tst_tool::init()
-{
-    m_dir.reset(new QTemporaryDir);
-    QVERIFY(m_dir->isValid());
-    m_environment = QProcessEnvironment::systemEnvironment();
-    const char* const displayVariables[] = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
-    for (const char* name : displayVariables)
-        m_environment.remove(QString::fromLatin1(name));
-}
-
-QString tst_tool::write(const char* name, const QByteArray& data) const
-{
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    return file.fileName();
-}
-
-QByteArray tst_tool::read(const QString& path) const
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file ") + path.toUtf8();
-}
-
-void tst_tool::start(QProcess& process, const QStringList& arguments) const
-{
-    process.setProcessEnvironment(m_environment);
-    process.setWorkingDirectory(m_dir->path());
-    process.start(QString::fromUtf8(ORVRTF_TOOL), arguments);
-}
-
-ToolRun tst_tool::finish(QProcess& process) const
-{
-    process.closeWriteChannel();
-    ToolRun result;
-    if (!process.waitForFinished(60000))
-        qFatal("orvrtf does not end");
-    if (process.exitStatus() == QProcess::NormalExit)
-        result.exitCode = process.exitCode();
-    result.out = process.readAllStandardOutput();
-    result.err = process.readAllStandardError();
-    return result;
-}
-
-ToolRun tst_tool::run(const QStringList& arguments, const QByteArray& input) const
-{
-    QProcess process;
-    start(process, arguments);
-    process.write(input);
-    return finish(process);
 }
 
 void tst_tool::htmlHasTextLinksAndEncoding()

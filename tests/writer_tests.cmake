@@ -16,6 +16,11 @@ orv_add_test(writer_paragraphs)
 orv_add_test(writer_tables)
 
 # What the tool writes, opened with other word processors and converters.
-add_test(NAME acceptance
-    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/acceptance.py $<TARGET_FILE:orvrtf> ${CMAKE_CURRENT_SOURCE_DIR}/data)
-set_tests_properties(acceptance PROPERTIES LABELS acceptance ENVIRONMENT "${ORV_TEST_ENVIRONMENT}" TIMEOUT 900)
+foreach(script acceptance acceptance_structure)
+    add_test(NAME ${script}
+        COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/${script}.py $<TARGET_FILE:orvrtf> ${CMAKE_CURRENT_SOURCE_DIR}/data)
+    set_tests_properties(${script} PROPERTIES
+        LABELS acceptance
+        ENVIRONMENT "${ORV_TEST_ENVIRONMENT}"
+        TIMEOUT 900)
+endforeach()

@@ -23,9 +23,12 @@ struct ReadResult {
     QString message;
 };
 
-/*! Text is UTF-8 where it is valid as that, else Latin-1. */
-QString decoded(const QByteArray& bytes)
+/*! Text is UTF-8, with or without a byte order mark, where it is valid as that, else Latin-1. */
+QString decoded(QByteArray bytes)
 {
+    const QByteArray mark = "\xef\xbb\xbf";
+    if (bytes.startsWith(mark))
+        bytes.remove(0, mark.size());
     const QString text = QString::fromUtf8(bytes);
     return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
 }

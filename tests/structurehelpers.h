@@ -1,0 +1,81 @@
+#ifndef STRUCTUREHELPERS_H
+#define STRUCTUREHELPERS_H
+
+#include "ORVTextListFormat.h"
+#include "tabletesthelpers.h"
+
+#include <QtGui/QTextList>
+
+/*! Tables and lists of whole documents as lines of text, by which two documents are compared. */
+namespace rtftest {
+
+/*! The tables of \a document, those within cells as part of them, a line each. */
+inline QString tableLines(const QTextDocument& document)
+{
+    QStringList lines;
+    const QList<QTextTable*> tables = tablesOf(document);
+    for (const QTextTable* table : tables)
+        lines << shapeOf(table);
+    return lines.join(QLatin1Char('\n'));
+}
+
+inline QString levelLine(const ORVTextListLevel& level)
+{
+    return QStringLiteral("'%1' kind %2 indent %3 first line %4")
+        .arg(level.text())
+        .arg(level.kind())
+        .arg(level.indent())
+        .arg(level.firstLinePosition());
+}
+
+/*! The levels of \a list that can be kept: eight at most. */
+inline QString levelLines(const QTextList* list)
+{
+    const int writtenLevels = 8;
+    QStringList lines;
+    const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(list->format()).mid(0, writtenLevels);
+    for (const ORVTextListLevel& level : levels)
+        lines << levelLine(level);
+    return lines.join(QLatin1Char('\n'));
+}
+
+/*! The lists of \a document in the order of their first items. */
+inline QList<QTextList*> listsOf(const QTextDocument& document)
+{
+    QList<QTextList*> lists;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (block.textList() && !lists.contains(block.textList()))
+            lists << block.textList();
+    }
+    return lists;
+}
+
+/*! The list items of \a document, a line each: the list's number, which begins at 0, the level and the text.
+ */
+inline QString itemLines(const QTextDocument& document)
+{
+    const QList<QTextList*> lists = listsOf(document);
+    QStringList lines;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (QTextList* const list = block.textList())
+            lines << QStringLiteral("%1 %2 %3")
+                         .arg(lists.indexOf(list))
+                         .arg(ORVTextListFormat::blockLevel(list, block))
+                         .arg(block.text());
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+/*! The levels of all lists of \a document, the style that a plain text view shows, and all items. */
+inline QString listLines(const QTextDocument& document)
+{
+    QStringList lines;
+    const QList<QTextList*> lists = listsOf(document);
+    for (const QTextList* list : lists)
+        lines << QStringLiteral("style %1").arg(int(list->format().style())) << levelLines(list);
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n') + itemLines(document);
+}
+
+} // namespace rtftest
+
+#endif
