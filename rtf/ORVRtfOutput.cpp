@@ -61,6 +61,12 @@ bool ORVRtfOutput::write(ORVTextRtfCommon::KeyWord keyWord, int value)
     return !m_sink.hasFailed();
 }
 
+void ORVRtfOutput::writeWords(const QByteArray& words)
+{
+    m_sink.append(words.constData(), words.size());
+    m_keywordPending = true;
+}
+
 void ORVRtfOutput::writeStructure(char c)
 {
     m_sink.append(c);
@@ -105,17 +111,20 @@ bool ORVRtfOutput::writePrintableCharacters(QString text, int fontNumber, bool l
         endKeyword();
 
     bool preambleWritten = false;
-    for (const QChar& c : text) {
-        const ushort unit = c.unicode();
-        if (!verbatim && writeSpecialCharacter(unit, fontNumber, bookmark))
+    const ushort* const units = reinterpret_cast<const ushort*>(text.constData());
+    const qint64 size = text.size();
+    for (qint64 i = 0; i < size; ++i) {
+        qint64 end = i;
+        while (end < size && isPlainAscii(units[end]) && (verbatim || !isBraceOrBackslash(units[end])))
+            ++end;
+        m_sink.appendLatin1(units + i, end - i);
+        i = end;
+        if (i == size || (!verbatim && writeSpecialCharacter(units[i], fontNumber, bookmark)))
             continue;
-        if (isPlainAscii(unit)) {
-            m_sink.append(char(unit));
-        } else if (unit < 0x20) {
-            writeEscapedByte(unit);
-        } else {
-            writeUnicode(unit, fontNumber, preambleWritten);
-        }
+        if (units[i] < 0x20)
+            writeEscapedByte(units[i]);
+        else
+            writeUnicode(units[i], fontNumber, preambleWritten);
     }
     m_keywordPending = false;
     return true;

@@ -31,6 +31,8 @@ public:
     /*! Writes a control word and its number without a blank between them. */
     bool write(const char* spelling, int value);
     bool write(ORVTextRtfCommon::KeyWord keyWord, int value);
+    /*! Writes \a words, control words with their numbers as another output has written them. */
+    void writeWords(const QByteArray& words);
     /*! Writes one of "{", "}", ";", a line feed or a blank. It ends a control word. */
     void writeStructure(char c);
     void openGroup() { writeStructure('{'); }

@@ -18,6 +18,20 @@ bool ORVRtfSink::flush()
     return !m_failed;
 }
 
+void ORVRtfSink::appendLatin1(const ushort* units, qint64 length)
+{
+    while (length > 0) {
+        if (m_size == capacity)
+            flush();
+        const int count = int(qMin(length, qint64(capacity - m_size)));
+        for (int i = 0; i < count; ++i)
+            m_buffer[size_t(m_size + i)] = char(units[i]);
+        m_size += count;
+        units += count;
+        length -= count;
+    }
+}
+
 void ORVRtfSink::appendNumber(int value)
 {
     char digits[16];

@@ -41,6 +41,8 @@ public:
         m_size += int(length);
     }
     void append(QLatin1String text) { append(text.latin1(), text.size()); }
+    /*! Appends the lower bytes of \a length UTF-16 units. */
+    void appendLatin1(const ushort* units, qint64 length);
     void appendNumber(int value);
 
 private:

@@ -4,6 +4,8 @@
 #include "ORVRtfWordTables_p.h"
 #include "QtCompat_p.h"
 
+#include <QtCore/QBuffer>
+
 using namespace ORVRtfProperty;
 using namespace ORVRtfWordTables;
 
@@ -15,12 +17,48 @@ const int automaticColor = 0;
 
 } // namespace
 
-void ORVTextRtfWriterPrivate::processFormat(const QTextCharFormat& format, Pass pass)
+/*! The format of an empty paragraph. */
+void ORVTextRtfWriterPrivate::processFormat(const QTextBlock& block, Pass pass)
 {
     if (pass == Collect)
-        collectFormat(format);
+        collectFormat(block.charFormat());
     else
-        writeCharFormat(format);
+        writeCharFormat(runFormat(block));
+}
+
+ORVTextRtfWriterPrivate::RunFormat& ORVTextRtfWriterPrivate::runFormat(const QTextFragment& fragment)
+{
+    std::unique_ptr<RunFormat>& run = runFormatAt(fragment.charFormatIndex());
+    if (!run)
+        run = describe(fragment.charFormat());
+    return *run;
+}
+
+ORVTextRtfWriterPrivate::RunFormat& ORVTextRtfWriterPrivate::runFormat(const QTextBlock& block)
+{
+    std::unique_ptr<RunFormat>& run = runFormatAt(block.charFormatIndex());
+    if (!run)
+        run = describe(block.charFormat());
+    return *run;
+}
+
+std::unique_ptr<ORVTextRtfWriterPrivate::RunFormat>& ORVTextRtfWriterPrivate::runFormatAt(int number)
+{
+    const size_t index = size_t(number);
+    if (index >= m_text.formats.size())
+        m_text.formats.resize(index + 1);
+    return m_text.formats[index];
+}
+
+std::unique_ptr<ORVTextRtfWriterPrivate::RunFormat>
+ORVTextRtfWriterPrivate::describe(const QTextCharFormat& format)
+{
+    std::unique_ptr<RunFormat> run(new RunFormat);
+    run->format = format;
+    run->state = cleanState(format);
+    run->isPicture = format.toImageFormat().isValid();
+    run->pageReference = format.property(PageReference).toString();
+    return run;
 }
 
 void ORVTextRtfWriterPrivate::collectFormat(const QTextCharFormat& format)
@@ -47,83 +85,98 @@ QColor ORVTextRtfWriterPrivate::foregroundColor(const QTextCharFormat& format) c
     return compat::brushColor(format, QTextFormat::ForegroundBrush);
 }
 
-/*! States every property that \a format has. Nothing is reset: text stands in groups of its own. */
-void ORVTextRtfWriterPrivate::writeCharFormat(const QTextCharFormat& format)
+void ORVTextRtfWriterPrivate::writeCharFormat(RunFormat& run)
 {
-    m_output.write(Font, m_fonts.number(format));
-    m_output.write(FontSize, compat::halfPoints(compat::font(format)));
-    writeFontStyle(format);
-    const int level = format.property(RevisionLevel).toInt();
-    if (level > 0 && !m_exportingMode) {
-        m_output.write(OptionalDestination);
-        m_output.write(OrvellineRevisionLevel, level);
+    if (run.words.isEmpty()) {
+        run.words = charFormatWords(run.format);
+        run.fontNumber = m_fonts.number(compat::font(run.format));
     }
-    writeColors(format);
+    m_output.writeWords(run.words);
 }
 
-void ORVTextRtfWriterPrivate::writeFontStyle(const QTextCharFormat& format)
+/*! States every property that \a format has. Nothing is reset: text stands in groups of its own. */
+QByteArray ORVTextRtfWriterPrivate::charFormatWords(const QTextCharFormat& format) const
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    ORVRtfOutput words;
+    words.setDevice(&buffer);
+    words.write(Font, m_fonts.number(format));
+    words.write(FontSize, compat::halfPoints(compat::font(format)));
+    writeFontStyle(format, words);
+    const int level = format.property(RevisionLevel).toInt();
+    if (level > 0 && !m_exportingMode) {
+        words.write(OptionalDestination);
+        words.write(OrvellineRevisionLevel, level);
+    }
+    writeColors(format, words);
+    words.flush();
+    return bytes;
+}
+
+void ORVTextRtfWriterPrivate::writeFontStyle(const QTextCharFormat& format, ORVRtfOutput& words) const
 {
     if (format.hasProperty(QTextFormat::FontWeight))
-        m_output.write(Bold, format.property(QTextFormat::FontWeight).toInt() > int(QFont::Normal) ? 1 : 0);
+        words.write(Bold, format.property(QTextFormat::FontWeight).toInt() > int(QFont::Normal) ? 1 : 0);
     if (format.hasProperty(QTextFormat::FontItalic))
-        m_output.write(Italic, format.property(QTextFormat::FontItalic).toBool() ? 1 : 0);
+        words.write(Italic, format.property(QTextFormat::FontItalic).toBool() ? 1 : 0);
     const int underline = format.property(QTextFormat::TextUnderlineStyle).toInt();
     if (const KeyWord word = wordOf(underlineStyles, underline)) {
-        m_output.write(word);
-        m_output.write(UnderlineColor, automaticColor);
+        words.write(word);
+        words.write(UnderlineColor, automaticColor);
     }
     const int alignment = format.property(QTextFormat::TextVerticalAlignment).toInt();
     if (alignment == QTextCharFormat::AlignSuperScript || alignment == QTextCharFormat::AlignSubScript)
-        m_output.write(wordOf(verticalAlignments, alignment));
+        words.write(wordOf(verticalAlignments, alignment));
     if (format.property(QTextFormat::FontStrikeOut).toBool()) {
-        m_output.write(StrikeThrough);
-        m_output.write(StrikeThroughColor, automaticColor);
+        words.write(StrikeThrough);
+        words.write(StrikeThroughColor, automaticColor);
     }
     if (format.property(QTextFormat::FontCapitalization).toInt() == QFont::SmallCaps)
-        m_output.write(SmallCaps);
+        words.write(SmallCaps);
     if (format.hasProperty(QTextFormat::TextOutline) && compat::isDefaultOutline(format.textOutline())) {
-        m_output.write(Outline);
-        m_output.write(StrokeWidth, outlineWidth);
-        m_output.write(StrokeColor, automaticColor);
+        words.write(Outline);
+        words.write(StrokeWidth, outlineWidth);
+        words.write(StrokeColor, automaticColor);
     }
 }
 
-void ORVTextRtfWriterPrivate::writeColors(const QTextCharFormat& format)
+void ORVTextRtfWriterPrivate::writeColors(const QTextCharFormat& format, ORVRtfOutput& words) const
 {
     if (m_decorateHyperlinks && format.isAnchor()) {
-        m_output.write(UnderlineSolid);
-        m_output.write(UnderlineColor, m_colors.number(m_hyperlinksColor));
+        words.write(UnderlineSolid);
+        words.write(UnderlineColor, m_colors.number(m_hyperlinksColor));
     }
     const int colorCount = int(m_colors.colors().size());
     if (hasChosenColor(format) || format.hasProperty(QTextFormat::ForegroundBrush)) {
         const int number = m_colors.number(foregroundColor(format));
         if (number <= colorCount)
-            m_output.write(ForegroundColor, number);
+            words.write(ForegroundColor, number);
     }
     if (format.hasProperty(QTextFormat::BackgroundBrush)) {
         const int number = m_colors.number(compat::brushColor(format, QTextFormat::BackgroundBrush));
         if (number <= colorCount)
-            writeBackground(number);
+            writeBackground(number, words);
     }
 }
 
 /*! MS Word knows a few highlight colours only; as shading it takes any. */
-void ORVTextRtfWriterPrivate::writeBackground(int number)
+void ORVTextRtfWriterPrivate::writeBackground(int number, ORVRtfOutput& words) const
 {
-    m_output.write(BackgroundColor, number);
+    words.write(BackgroundColor, number);
     if (m_highlightForMsWord) {
-        m_output.write("\\chshdng", 0);
-        m_output.write("\\chcbpat", number);
+        words.write("\\chshdng", 0);
+        words.write("\\chcbpat", number);
     } else {
-        m_output.write(HighlightColor, number);
+        words.write(HighlightColor, number);
     }
 }
 
-void ORVTextRtfWriterPrivate::writeFormattedText(const QString& text, const QTextCharFormat& format)
+void ORVTextRtfWriterPrivate::writeFormattedText(const QString& text, RunFormat& run)
 {
-    writeCharFormat(format);
-    m_output.writePrintableCharacters(text, m_fonts.number(compat::font(format)), true, false,
-                                      format.property(PageReference).toString());
+    writeCharFormat(run);
+    m_output.writePrintableCharacters(text, run.fontNumber, true, false, run.pageReference);
 }
 
 bool ORVTextRtfWriterPrivate::FragmentState::operator==(const FragmentState& other) const

@@ -24,27 +24,25 @@ bool isAnchored(const QTextCharFormat& format)
 void ORVTextRtfWriterPrivate::processFragment(const QTextFragment& fragment, const QTextFragment& next,
                                               const QTextBlock& block, Pass pass)
 {
-    const QTextCharFormat format = fragment.charFormat();
+    RunFormat& run = runFormat(fragment);
     if (pass == Collect) {
-        collectFormat(format);
-        collectNote(format);
+        collectRun(run);
         return;
     }
 
     // What the text is, not what it is written as, counts: a note that is written as one of another kind
     // begins anew with each fragment. Programs in the field rely on it.
-    const FragmentState state = cleanState(format);
-    if (!goesOnIn(state)) {
-        finalizeFragmentState(state.name);
-        m_paragraph.fragment = convertedState(state);
-        m_paragraph.lastCharFormat = format;
-        // Where more text follows in the same construct, each has a group, so that no format leaks.
-        const bool isFollowed = next.isValid() && goesOnIn(cleanState(next.charFormat()));
-        openState(fragment, isFollowed, block);
-    } else {
-        m_paragraph.lastCharFormat = format;
-        writeContent(fragment, true);
+    if (goesOnIn(run.state)) {
+        m_paragraph.lastRun = &run;
+        writeContent(fragment, run, true);
+        return;
     }
+    finalizeFragmentState(run.state.name);
+    m_paragraph.fragment = convertedState(run.state);
+    m_paragraph.lastRun = &run;
+    // Where more text follows in the same construct, each has a group, so that no format leaks.
+    const bool isFollowed = next.isValid() && goesOnIn(runFormat(next).state);
+    openState(fragment, run, isFollowed, block);
 }
 
 /*! Whether text of \a state belongs to the construct that is open; in a note the target of a link does not
@@ -53,6 +51,15 @@ bool ORVTextRtfWriterPrivate::goesOnIn(const FragmentState& state) const
 {
     const FragmentState& open = m_paragraph.fragment;
     return state == open && (open.link == state.link || (open.flags & FragmentState::AnyNote));
+}
+
+void ORVTextRtfWriterPrivate::collectRun(RunFormat& run)
+{
+    if (run.isCollected)
+        return;
+    run.isCollected = true;
+    collectFormat(run.format);
+    collectNote(run.format);
 }
 
 /*! Notes bring fonts, colours and lists of their own. */
@@ -66,62 +73,62 @@ void ORVTextRtfWriterPrivate::collectNote(const QTextCharFormat& format)
 }
 
 /*! Opens the construct of the current state around \a fragment; finalizeFragmentState() closes it. */
-void ORVTextRtfWriterPrivate::openState(const QTextFragment& fragment, bool isFollowed,
+void ORVTextRtfWriterPrivate::openState(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
                                         const QTextBlock& block)
 {
     const int flags = m_paragraph.fragment.flags;
     if (flags & FragmentState::Annotation)
-        openAnnotation(fragment, isFollowed, block);
+        openAnnotation(fragment, run, isFollowed, block);
     else if (flags & FragmentState::AnnotationAnchor)
-        openAnnotationRange(fragment, isFollowed);
+        openAnnotationRange(fragment, run, isFollowed);
     else if (flags & FragmentState::FootnoteAnchor)
-        openFootnoteAnchor(fragment);
+        openFootnoteAnchor(fragment, run);
     else if (flags & (FragmentState::Footnote | FragmentState::AlternateFootnote))
-        openFootnote(fragment, isFollowed, block);
+        openFootnote(fragment, run, isFollowed, block);
     else if (flags & FragmentState::Hyperlink)
-        openHyperlink(fragment, isFollowed);
+        openHyperlink(fragment, run, isFollowed);
     else
-        writeContent(fragment, true);
+        writeContent(fragment, run, true);
 }
 
-void ORVTextRtfWriterPrivate::openAnnotation(const QTextFragment& fragment, bool isFollowed,
+void ORVTextRtfWriterPrivate::openAnnotation(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
                                              const QTextBlock& block)
 {
-    if (isAnchored(fragment.charFormat()))
-        writeContent(fragment, false);
+    if (isAnchored(run.format))
+        writeContent(fragment, run, false);
     m_output.openGroup();
     m_output.write(AnnotationCharacter);
     m_output.openIgnorableGroup(Annotation);
-    writeNoteText(fragment, isFollowed, block);
+    writeNoteText(fragment, run, isFollowed, block);
 }
 
-void ORVTextRtfWriterPrivate::openAnnotationRange(const QTextFragment& fragment, bool isFollowed)
+void ORVTextRtfWriterPrivate::openAnnotationRange(const QTextFragment& fragment, RunFormat& run,
+                                                  bool isFollowed)
 {
     ++m_noteCounter;
     m_output.openGroup();
     writeNumberGroup(AnnotationRefStart);
-    writeContent(fragment, isFollowed);
-    m_pendingNote = fragment.charFormat().property(NoteContent).toByteArray();
+    writeContent(fragment, run, isFollowed);
+    m_pendingNote = run.format.property(NoteContent).toByteArray();
 }
 
-void ORVTextRtfWriterPrivate::openFootnoteAnchor(const QTextFragment& fragment)
+void ORVTextRtfWriterPrivate::openFootnoteAnchor(const QTextFragment& fragment, RunFormat& run)
 {
-    writeContent(fragment, true);
-    m_pendingNote = fragment.charFormat().property(NoteContent).toByteArray();
+    writeContent(fragment, run, true);
+    m_pendingNote = run.format.property(NoteContent).toByteArray();
 }
 
-void ORVTextRtfWriterPrivate::openFootnote(const QTextFragment& fragment, bool isFollowed,
+void ORVTextRtfWriterPrivate::openFootnote(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
                                            const QTextBlock& block)
 {
-    const QTextCharFormat format = fragment.charFormat();
-    if (isAnchored(format))
-        writeContent(fragment, false);
-    openFootnoteGroups(m_paragraph.fragment.flags & FragmentState::AlternateFootnote, format);
-    writeNoteText(fragment, isFollowed, block);
+    if (isAnchored(run.format))
+        writeContent(fragment, run, false);
+    openFootnoteGroups(m_paragraph.fragment.flags & FragmentState::AlternateFootnote, run);
+    writeNoteText(fragment, run, isFollowed, block);
 }
 
 /*! The footnote stands inside the group of its mark, and begins with the mark again. */
-void ORVTextRtfWriterPrivate::openFootnoteGroups(bool isAlternate, const QTextCharFormat& markFormat)
+void ORVTextRtfWriterPrivate::openFootnoteGroups(bool isAlternate, RunFormat& mark)
 {
     m_output.openGroup();
     m_output.write(SuperScript);
@@ -136,27 +143,26 @@ void ORVTextRtfWriterPrivate::openFootnoteGroups(bool isAlternate, const QTextCh
     m_output.openGroup();
     m_output.write(SuperScript);
     m_output.write(FootnoteCharacter);
-    writeCharFormat(markFormat);
+    writeCharFormat(mark);
     m_output.closeGroup();
 }
 
 /*! The text of a note that begins here: the note attached to \a fragment, or the fragment itself. */
-void ORVTextRtfWriterPrivate::writeNoteText(const QTextFragment& fragment, bool isFollowed,
+void ORVTextRtfWriterPrivate::writeNoteText(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
                                             const QTextBlock& block)
 {
-    const QTextCharFormat format = fragment.charFormat();
-    if (isAnchored(format)) {
-        writeNote(format.property(NoteContent).toByteArray());
+    if (isAnchored(run.format)) {
+        writeNote(run.format.property(NoteContent).toByteArray());
         return;
     }
     if (m_footnotesWithLeadingSpace)
         m_output.writePrintableCharacters(QLatin1String(" "), 0, true, false, QString());
     writeBlockFormat(block);
-    writeContent(fragment, isFollowed, m_footnotesWithLeadingSpace);
+    writeContent(fragment, run, isFollowed, m_footnotesWithLeadingSpace);
 }
 
 /*! The field of a link: its target, and the text that shows it. */
-void ORVTextRtfWriterPrivate::openHyperlink(const QTextFragment& fragment, bool isFollowed)
+void ORVTextRtfWriterPrivate::openHyperlink(const QTextFragment& fragment, RunFormat& run, bool isFollowed)
 {
     m_output.openGroup();
     m_output.write(Field);
@@ -166,7 +172,7 @@ void ORVTextRtfWriterPrivate::openHyperlink(const QTextFragment& fragment, bool 
     m_output.closeGroup();
     m_output.openGroup();
     m_output.write(FieldResult);
-    writeContent(fragment, isFollowed);
+    writeContent(fragment, run, isFollowed);
 }
 
 QString ORVTextRtfWriterPrivate::linkInstruction(const QTextCharFormat& format)
@@ -181,18 +187,17 @@ QString ORVTextRtfWriterPrivate::linkInstruction(const QTextCharFormat& format)
     Writes the text of \a fragment, or its pictures: neighbours of equal format stand in one fragment, a
     character each.
 */
-void ORVTextRtfWriterPrivate::writeContent(const QTextFragment& fragment, bool inGroup, bool isTrimmed)
+void ORVTextRtfWriterPrivate::writeContent(const QTextFragment& fragment, RunFormat& run, bool inGroup,
+                                           bool isTrimmed)
 {
-    const QTextCharFormat format = fragment.charFormat();
-    const QTextImageFormat imageFormat = format.toImageFormat();
-    if (imageFormat.isValid()) {
+    if (run.isPicture) {
         for (int i = 0; i < fragment.length(); ++i)
-            writePicture(imageFormat);
+            writePicture(run.format.toImageFormat());
         return;
     }
     if (inGroup)
         m_output.openGroup();
-    writeFormattedText(isTrimmed ? ORVTextUtil::trimLeadingSpaces(fragment.text()) : fragment.text(), format);
+    writeFormattedText(isTrimmed ? ORVTextUtil::trimLeadingSpaces(fragment.text()) : fragment.text(), run);
     if (inGroup)
         m_output.closeGroup();
 }
@@ -238,7 +243,7 @@ void ORVTextRtfWriterPrivate::writeAnnotationEnd()
 
 void ORVTextRtfWriterPrivate::writeFootnoteEnd()
 {
-    openFootnoteGroups(false, m_paragraph.lastCharFormat);
+    openFootnoteGroups(false, *m_paragraph.lastRun);
     writePendingNote();
     m_output.closeGroup();
     m_output.closeGroup();
@@ -300,12 +305,10 @@ void ORVTextRtfWriterPrivate::processSubDocument(QTextDocument* document, Pass p
         return;
     const ParagraphState paragraph = m_paragraph;
     const QByteArray pendingNote = m_pendingNote;
-    QTextDocument* const textDocument = m_textDocument;
+    TextSource text = std::move(m_text);
     ++m_noteDepth;
-    m_paragraph = ParagraphState();
-    m_textDocument = document;
-    processFrame(document->rootFrame(), pass);
-    m_textDocument = textDocument;
+    processDocument(document, pass);
+    m_text = std::move(text);
     m_paragraph = paragraph;
     m_pendingNote = pendingNote;
     --m_noteDepth;

@@ -131,7 +131,7 @@ void ORVTextRtfWriterPrivate::writeListLevel(const ORVTextListLevel& level, int 
     const QString text = levelText(level.text(), index, positions);
     writeLevelGroup(ListLevelText, text);
     writeLevelGroup(ListLevelNumberOffsets, positions);
-    writeCharFormat(format);
+    m_output.writeWords(charFormatWords(format));
 
     const int indent = compat::truncated(level.indent() * twipsPerPoint);
     m_output.write(TextIndent,

@@ -29,7 +29,8 @@ int twips(double points)
 /*! \a next is the paragraph that follows in the same cell or frame, if one does. */
 void ORVTextRtfWriterPrivate::processBlock(const QTextBlock& block, const QTextBlock& next, Pass pass)
 {
-    const bool isEmpty = block.begin().atEnd();
+    QTextBlock::iterator it = block.begin();
+    const bool isEmpty = it.atEnd();
     const bool isLeftOut = isEmpty && m_paragraph.skipEmpty;
     m_paragraph.skipEmpty = false;
     if (isLeftOut)
@@ -43,8 +44,8 @@ void ORVTextRtfWriterPrivate::processBlock(const QTextBlock& block, const QTextB
             writeListItem(block, list, isFormatStated);
     }
     if (isEmpty)
-        processFormat(block.charFormat(), pass);
-    for (QTextBlock::iterator it = block.begin(); !it.atEnd();) {
+        processFormat(block, pass);
+    while (!it.atEnd()) {
         const QTextFragment fragment = it.fragment();
         ++it;
         processFragment(fragment, it.atEnd() ? QTextFragment() : it.fragment(), block, pass);
@@ -56,15 +57,15 @@ void ORVTextRtfWriterPrivate::processBlock(const QTextBlock& block, const QTextB
 /*! Paragraph properties are stated when they change; the result tells whether they were. */
 bool ORVTextRtfWriterPrivate::beginParagraph(const QTextBlock& block)
 {
-    const QTextBlockFormat format = block.blockFormat();
+    const int formatNumber = block.blockFormatIndex();
     m_output.writeStructure('\n');
-    const bool isFormatStated = m_paragraph.isFirst || format != m_paragraph.blockFormat;
+    const bool isFormatStated = m_paragraph.isFirst || formatNumber != m_paragraph.blockFormat;
     if (!m_paragraph.isFirst)
         m_output.write(NewParagraph);
     if (isFormatStated)
         m_output.write(ResetParagraph);
     m_paragraph.isFirst = false;
-    m_paragraph.blockFormat = format;
+    m_paragraph.blockFormat = formatNumber;
     m_output.write(ResetFormat);
     m_output.endKeyword();
 
@@ -75,7 +76,8 @@ bool ORVTextRtfWriterPrivate::beginParagraph(const QTextBlock& block)
     if (isFormatStated) {
         writeBlockFormat(block);
         if (m_paragraph.tableDepth == 0) {
-            const bool rightToLeft = format.property(QTextFormat::LayoutDirection).toInt() == Qt::RightToLeft;
+            const bool rightToLeft =
+                block.blockFormat().property(QTextFormat::LayoutDirection).toInt() == Qt::RightToLeft;
             m_output.write(rightToLeft ? RightToLeftCharacters : LeftToRightCharacters);
             m_output.write(LowAnsiCharacters);
             m_output.endKeyword();
@@ -165,7 +167,7 @@ void ORVTextRtfWriterPrivate::writeListItem(const QTextBlock& block, QTextList* 
     m_output.write(ListText);
     const QString text =
         ORVRtfListNumber::itemText(list->format(), itemNumber(list, block), block.textDirection());
-    writeFormattedText(text + QLatin1Char('\t'), block.charFormat());
+    writeFormattedText(text + QLatin1Char('\t'), runFormat(block));
     m_output.closeGroup();
 }
 
@@ -181,9 +183,12 @@ int ORVTextRtfWriterPrivate::itemNumber(const QTextList* list, const QTextBlock&
 /*! A note or bookmark goes on in the next paragraph if that begins in the same state; a link never does. */
 void ORVTextRtfWriterPrivate::endFragments(const QTextBlock& next)
 {
+    if (m_paragraph.fragment == FragmentState())
+        return;
     QString nextBookmark;
-    if (next.isValid() && !next.begin().atEnd()) {
-        const FragmentState state = cleanState(next.begin().fragment().charFormat());
+    const QTextBlock::iterator first = next.begin();
+    if (next.isValid() && !first.atEnd()) {
+        const FragmentState& state = runFormat(first.fragment()).state;
         if (state == m_paragraph.fragment && !(state.flags & FragmentState::Hyperlink))
             return;
         nextBookmark = state.name;

@@ -55,7 +55,6 @@ bool ORVTextRtfWriterPrivate::write(const QTextDocument* document, bool inPlace)
     if (!inPlace)
         copy.reset(TextDocSupport::cloneDocumentQtStyle(document, nullptr));
     m_document = inPlace ? const_cast<QTextDocument*>(document) : copy.data();
-    m_textDocument = m_document;
     m_document->setUndoRedoEnabled(false);
     TextDocSupport::clearDefaultTextOptionFlags(m_document);
     TextDocSupport::normalizePageBreaks(m_document);
@@ -65,8 +64,7 @@ bool ORVTextRtfWriterPrivate::write(const QTextDocument* document, bool inPlace)
     if (begun) {
         createTables();
         writeDocumentSettings(document);
-        m_paragraph = ParagraphState();
-        processFrame(m_document->rootFrame(), Write);
+        processDocument(m_document, Write);
         m_output.closeGroup();
         m_output.flush();
     }
@@ -75,7 +73,7 @@ bool ORVTextRtfWriterPrivate::write(const QTextDocument* document, bool inPlace)
     m_listIndexes.clear();
     m_nextListItem.clear();
     m_document = nullptr;
-    m_textDocument = nullptr;
+    m_text = TextSource();
     return begun;
 }
 
@@ -109,6 +107,14 @@ double ORVTextRtfWriterPrivate::textWidth() const
     return double(m_paperSize.width()) - m_leftMargin - m_rightMargin;
 }
 
+void ORVTextRtfWriterPrivate::processDocument(QTextDocument* document, Pass pass)
+{
+    m_paragraph = ParagraphState();
+    m_text = TextSource();
+    m_text.document = document;
+    processFrame(document->rootFrame(), pass);
+}
+
 /*! Collects what the document uses, and writes the tables that its body refers to. */
 void ORVTextRtfWriterPrivate::createTables()
 {
@@ -118,8 +124,7 @@ void ORVTextRtfWriterPrivate::createTables()
 
     m_lists.clear();
     m_listIndexes.clear();
-    m_paragraph = ParagraphState();
-    processFrame(m_document->rootFrame(), Collect);
+    processDocument(m_document, Collect);
 
     writeFontTable();
     writeColorTable();

@@ -30,6 +30,11 @@ int calcColumnWidth(int column, const QVector<QTextLength>& constraints, double 
     return -1;
 }
 
+bool hasText(const QTextBlock& block)
+{
+    return block.isValid() && !block.begin().atEnd();
+}
+
 } // namespace
 
 void ORVTextRtfWriterPrivate::processFrame(const QTextFrame* frame, Pass pass)
@@ -51,13 +56,13 @@ void ORVTextRtfWriterPrivate::processTableCell(const QTextTableCell& cell, Pass 
 void ORVTextRtfWriterPrivate::processContent(QTextFrame::iterator it, const QTextFrame::iterator& end,
                                              bool hasBlocks, Pass pass)
 {
-    bool isTextBefore = false;
+    QTextBlock before;
     while (it != end) {
         const QTextBlock block = it.currentBlock();
         const QTextFrame* const child = it.currentFrame();
         ++it;
         if (const QTextTable* const table = qobject_cast<const QTextTable*>(child)) {
-            if (pass == Write && isTextBefore && (m_exportingMode || m_paragraphBeforeTableEnded))
+            if (pass == Write && (m_exportingMode || m_paragraphBeforeTableEnded) && hasText(before))
                 endParagraphBeforeTable();
             processTable(table, pass);
             m_paragraph.skipEmpty = true;
@@ -69,7 +74,7 @@ void ORVTextRtfWriterPrivate::processContent(QTextFrame::iterator it, const QTex
         } else if (block.isValid() && hasBlocks) {
             processBlock(block, it != end && !it.currentFrame() ? it.currentBlock() : QTextBlock(), pass);
         }
-        isTextBefore = block.isValid() && !block.begin().atEnd();
+        before = block;
     }
 }
 

@@ -17,6 +17,9 @@
 #include <QtGui/QTextCharFormat>
 #include <QtGui/QTextFrame>
 
+#include <memory>
+#include <vector>
+
 class ORVTextListLevel;
 class QImage;
 class QTextDocument;
@@ -70,12 +73,32 @@ private:
         QString link;
     };
 
+    /*! What there is to know of a character format, worked out once however many runs have it. */
+    struct RunFormat {
+        QTextCharFormat format;
+        FragmentState state;
+        bool isPicture = false;
+        bool isCollected = false;
+        // The control words that state the format, made when they are first written.
+        QByteArray words;
+        int fontNumber = 0;
+        QString pageReference;
+    };
+
+    /*! The document that the text at hand belongs to, the one that is written or a note's. */
+    struct TextSource {
+        QTextDocument* document = nullptr;
+        // By the number of the format in the document.
+        std::vector<std::unique_ptr<RunFormat>> formats;
+    };
+
     /*! What is known of the paragraphs that are being written; a note has its own. */
     struct ParagraphState {
         FragmentState fragment;
         // Format of the run that was written last: a footnote's mark takes it.
-        QTextCharFormat lastCharFormat;
-        QTextBlockFormat blockFormat;
+        RunFormat* lastRun = nullptr;
+        // Number of the format in the document.
+        int blockFormat = -1;
         bool isFirst = true;
         // The next paragraph, directly behind a table, is left out when it is empty.
         bool skipEmpty = false;
@@ -86,6 +109,7 @@ private:
     bool writeHeader();
     void readPageSetup(const QTextDocument* document);
     void createTables();
+    void processDocument(QTextDocument* document, Pass pass);
     void collectPageFont(const ORVTextPage& page);
     void writeFontTable();
     void writeColorTable();
@@ -94,15 +118,20 @@ private:
     double textWidth() const;
 
     // Character formats and states (ORVTextRtfWriterFormats.cpp)
-    void processFormat(const QTextCharFormat& format, Pass pass);
+    void processFormat(const QTextBlock& block, Pass pass);
     void collectFormat(const QTextCharFormat& format);
-    void writeCharFormat(const QTextCharFormat& format);
-    void writeFontStyle(const QTextCharFormat& format);
-    void writeColors(const QTextCharFormat& format);
-    void writeBackground(int number);
+    RunFormat& runFormat(const QTextFragment& fragment);
+    RunFormat& runFormat(const QTextBlock& block);
+    std::unique_ptr<RunFormat>& runFormatAt(int number);
+    static std::unique_ptr<RunFormat> describe(const QTextCharFormat& format);
+    void writeCharFormat(RunFormat& run);
+    QByteArray charFormatWords(const QTextCharFormat& format) const;
+    void writeFontStyle(const QTextCharFormat& format, ORVRtfOutput& words) const;
+    void writeColors(const QTextCharFormat& format, ORVRtfOutput& words) const;
+    void writeBackground(int number, ORVRtfOutput& words) const;
     QColor foregroundColor(const QTextCharFormat& format) const;
     bool hasChosenColor(const QTextCharFormat& format) const;
-    void writeFormattedText(const QString& text, const QTextCharFormat& format);
+    void writeFormattedText(const QString& text, RunFormat& run);
     static FragmentState cleanState(const QTextCharFormat& format);
     FragmentState convertedState(const FragmentState& state) const;
 
@@ -121,16 +150,19 @@ private:
     void processFragment(const QTextFragment& fragment, const QTextFragment& next, const QTextBlock& block,
                          Pass pass);
     bool goesOnIn(const FragmentState& state) const;
-    void openState(const QTextFragment& fragment, bool isFollowed, const QTextBlock& block);
-    void openAnnotation(const QTextFragment& fragment, bool isFollowed, const QTextBlock& block);
-    void openAnnotationRange(const QTextFragment& fragment, bool isFollowed);
-    void openFootnoteAnchor(const QTextFragment& fragment);
-    void openFootnote(const QTextFragment& fragment, bool isFollowed, const QTextBlock& block);
-    void openFootnoteGroups(bool isAlternate, const QTextCharFormat& markFormat);
-    void openHyperlink(const QTextFragment& fragment, bool isFollowed);
+    void openState(const QTextFragment& fragment, RunFormat& run, bool isFollowed, const QTextBlock& block);
+    void openAnnotation(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
+                        const QTextBlock& block);
+    void openAnnotationRange(const QTextFragment& fragment, RunFormat& run, bool isFollowed);
+    void openFootnoteAnchor(const QTextFragment& fragment, RunFormat& run);
+    void openFootnote(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
+                      const QTextBlock& block);
+    void openFootnoteGroups(bool isAlternate, RunFormat& mark);
+    void openHyperlink(const QTextFragment& fragment, RunFormat& run, bool isFollowed);
     static QString linkInstruction(const QTextCharFormat& format);
-    void writeNoteText(const QTextFragment& fragment, bool isFollowed, const QTextBlock& block);
-    void writeContent(const QTextFragment& fragment, bool inGroup, bool isTrimmed = false);
+    void writeNoteText(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
+                       const QTextBlock& block);
+    void writeContent(const QTextFragment& fragment, RunFormat& run, bool inGroup, bool isTrimmed = false);
     void finalizeFragmentState(const QString& nextBookmark);
     void writeNumberGroup(KeyWord keyWord);
     void writeAnnotationEnd();
@@ -138,6 +170,7 @@ private:
     void writeBookmark(const QString& name);
 
     // Notes (ORVTextRtfWriterFragments.cpp)
+    void collectRun(RunFormat& run);
     void collectNote(const QTextCharFormat& format);
     void writePendingNote();
     void writeNote(const QByteArray& content);
@@ -176,9 +209,8 @@ private:
     void writeListLevel(const ORVTextListLevel& level, int index, const QTextCharFormat& format);
     void writeLevelGroup(KeyWord keyWord, const QString& text);
 
-    // The document that is written, and the one that the text at hand belongs to: the same, or a note's.
     QTextDocument* m_document = nullptr;
-    QTextDocument* m_textDocument = nullptr;
+    TextSource m_text;
     QSize m_paperSize;
     int m_leftMargin = 0;
     int m_rightMargin = 0;
