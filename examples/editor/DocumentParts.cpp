@@ -53,14 +53,28 @@ void adoptFormat(const QTextBlock& target, const QTextBlock& original)
         cursor.createList(list->format());
 }
 
-/*! Whether the end of the first paragraph is selected: with its end a paragraph hands on its format. */
-bool selectsEndOfFirstParagraph(const QTextCursor& selection)
+/*! With its end a paragraph hands on its format; a few words of it do not. */
+void copyFirstFormat(const QTextCursor& selection, QTextDocument* part)
 {
-    if (selection.hasComplexSelection())
-        return false;
     const QTextBlock first = selection.document()->findBlock(selection.selectionStart());
     const int end = first.position() + first.length() - 1;
-    return selection.selectionStart() < end && selection.selectionEnd() >= end;
+    if (selection.hasComplexSelection() || selection.selectionStart() >= end)
+        return;
+    QTextCursor cursor(part);
+    if (part->begin().length() == 1)
+        cursor.deleteChar(); // a paragraph that Qt puts in front of list items
+    if (selection.selectionEnd() >= end)
+        adoptFormat(part->begin(), first);
+    else
+        cursor.setBlockFormat(QTextBlockFormat());
+}
+
+/*! Whether the paragraph that \a target is in becomes one like the first paragraph of \a part. */
+bool bringsFormat(const QTextDocument& part, const QTextCursor& target)
+{
+    if (part.blockCount() > 1)
+        return target.atBlockStart();
+    return target.block().length() == 1 && part.begin().blockFormat().propertyCount() > 0;
 }
 
 } // namespace
@@ -71,8 +85,7 @@ void DocumentParts::copySelection(const QTextCursor& selection, QTextDocument* p
     part->setUndoRedoEnabled(false);
     ORVTextFormat::setDefaultCharFormat(part, ORVTextFormat::defaultCharFormat(document));
     QTextCursor(part).insertFragment(selection.selection());
-    if (selectsEndOfFirstParagraph(selection))
-        adoptFormat(part->begin(), document->findBlock(selection.selectionStart()));
+    copyFirstFormat(selection, part);
     copyPictures(pictureNames(*part), *document, part);
 }
 
@@ -83,10 +96,13 @@ void DocumentParts::insert(const QTextDocument& part, QTextCursor target)
     target.beginEditBlock();
     target.removeSelectedText();
     const int position = target.position();
-    const bool fillsParagraph = target.block().length() == 1;
-    const bool beginsParagraph = target.atBlockStart() && part.blockCount() > 1;
+    const QTextBlockFormat format = target.blockFormat();
+    const bool adoptsFormat = bringsFormat(part, target);
     target.insertFragment(QTextDocumentFragment(&part));
-    if (fillsParagraph || beginsParagraph)
-        adoptFormat(target.document()->findBlock(position), part.begin());
+    const QTextBlock first = target.document()->findBlock(position);
+    if (adoptsFormat)
+        adoptFormat(first, part.begin());
+    else
+        QTextCursor(first).setBlockFormat(format); // in an empty document Qt has changed it
     target.endEditBlock();
 }

@@ -105,6 +105,7 @@ bool EditorWindow::openFile(const QString& fileName)
         reportError(tr("The file cannot be opened."), fileName, message);
         return false;
     }
+    m_edit->moveCursor(QTextCursor::Start);
     setFileName(fileName);
     if (opened == RtfFile::Opened::InPart)
         statusBar()->showMessage(tr("This file is damaged; what can be read is shown (%1)").arg(message));

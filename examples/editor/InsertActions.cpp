@@ -23,6 +23,7 @@ QTextTableFormat tableFormat(int columns)
     format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
     format.setCellPadding(4);
     format.setCellSpacing(0);
+    format.setBorderCollapse(true);
     format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
     const QTextLength width(QTextLength::PercentageLength, 100.0 / columns);
     format.setColumnWidthConstraints(QVector<QTextLength>(columns, width));
