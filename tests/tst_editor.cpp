@@ -127,6 +127,7 @@ private slots:
     void titleTellsFileAndChanges();
     void openingAMissingFile();
     void openingADamagedFile();
+    void openedFilesAreIndependent();
     void savedFileHasTheDocument();
     void savingFails();
     void closingWithoutChanges();
@@ -385,6 +386,24 @@ void TestEditor::openingADamagedFile()
     QCOMPARE(m_window->statusBar()->currentMessage(), QString());
 }
 
+/*! The fonts of one file are not those of the next, which says nothing of fonts, or of a new document. */
+void TestEditor::openedFilesAreIndependent()
+{
+    const QFont font = m_window->textEdit()->document()->defaultFont();
+    const QByteArray fonts = "{\\fonttbl{\\f1 Quibble Serif;}}\\deff1\\fs40 ";
+    QVERIFY(m_window->openFile(makeFile("fonts.rtf", "{\\rtf1" + fonts + "large{}}")));
+    QVERIFY(m_window->textEdit()->document()->defaultFont() != font);
+    QVERIFY(m_window->openFile(makeFile("nofonts.rtf", "{\\rtf1 small{}}")));
+    QCOMPARE(m_window->textEdit()->document()->defaultFont().family(), font.family());
+    QCOMPARE(m_window->textEdit()->document()->defaultFont().pointSizeF(), font.pointSizeF());
+
+    QVERIFY(m_window->openFile(filePath("fonts.rtf")));
+    actionOf(*m_window, "New")->trigger();
+    QCOMPARE(m_window->textEdit()->document()->defaultFont(), font);
+    QCOMPARE(m_window->windowTitle(), QStringLiteral("Unnamed[*]"));
+    QCOMPARE(contentOf(*m_window), QString());
+}
+
 void TestEditor::savedFileHasTheDocument()
 {
     QVERIFY(m_window->openFile(makeFile("opened.rtf", richRtf())));
@@ -575,6 +594,8 @@ void TestEditor::insertTable()
     QVERIFY(table);
     QCOMPARE(table->rows(), 2);
     QCOMPARE(table->columns(), 3);
+    QTest::keyClicks(m_window->textEdit(), QStringLiteral("x"));
+    QCOMPARE(table->cellAt(0, 0).firstCursorPosition().block().text(), QStringLiteral("x"));
 }
 
 void TestEditor::insertPicture()

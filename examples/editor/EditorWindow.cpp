@@ -11,8 +11,10 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPointer>
 #include <QStatusBar>
 #include <QStyle>
+#include <QTextDocument>
 #include <QToolBar>
 
 namespace {
@@ -30,7 +32,6 @@ EditorWindow::EditorWindow(QWidget* parent)
     : QMainWindow(parent), m_edit(new RichTextEdit(this)), m_formatActions(new FormatActions(m_edit)),
       m_insertActions(new InsertActions(m_edit))
 {
-    m_edit->document()->setDocumentMargin(PageMargin);
     setCentralWidget(m_edit);
     setAcceptDrops(true);
     setUnifiedTitleAndToolBarOnMac(true);
@@ -38,8 +39,7 @@ EditorWindow::EditorWindow(QWidget* parent)
     createEditMenu();
     createFormatMenus();
     statusBar();
-    connect(m_edit->document(), &QTextDocument::modificationChanged, this, &QWidget::setWindowModified);
-    setFileName(QString());
+    setDocument(createDocument(), QString());
     resize(840, 640);
 }
 
@@ -100,13 +100,13 @@ void EditorWindow::createFormatMenus()
 bool EditorWindow::openFile(const QString& fileName)
 {
     QString message;
-    const RtfFile::Opened opened = RtfFile::open(fileName, m_edit->document(), &message);
+    QScopedPointer<QTextDocument> document(createDocument());
+    const RtfFile::Opened opened = RtfFile::open(fileName, document.data(), &message);
     if (opened == RtfFile::Opened::NotAtAll) {
         reportError(tr("The file cannot be opened."), fileName, message);
         return false;
     }
-    m_edit->moveCursor(QTextCursor::Start);
-    setFileName(fileName);
+    setDocument(document.take(), fileName);
     if (opened == RtfFile::Opened::InPart)
         statusBar()->showMessage(tr("This file is damaged; what can be read is shown (%1)").arg(message));
     return true;
@@ -143,10 +143,8 @@ void EditorWindow::dropEvent(QDropEvent* event)
 
 void EditorWindow::newDocument()
 {
-    if (!mayDiscardDocument())
-        return;
-    m_edit->clear();
-    setFileName(QString());
+    if (mayDiscardDocument())
+        setDocument(createDocument(), QString());
 }
 
 void EditorWindow::open()
@@ -180,6 +178,25 @@ bool EditorWindow::mayDiscardDocument()
         QMessageBox::warning(this, QApplication::applicationDisplayName(), tr("Save the changes?"),
                              QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     return answer == QMessageBox::Save ? save() : answer == QMessageBox::Discard;
+}
+
+/*! A new document, which has no fonts or other settings of the one before. */
+QTextDocument* EditorWindow::createDocument()
+{
+    auto document = new QTextDocument(m_edit);
+    document->setDefaultFont(m_edit->font());
+    document->setDocumentMargin(PageMargin);
+    connect(document, &QTextDocument::modificationChanged, this, &QWidget::setWindowModified);
+    return document;
+}
+
+/*! Edits \a document, which is what the file \a fileName holds, instead of the document before. */
+void EditorWindow::setDocument(QTextDocument* document, const QString& fileName)
+{
+    const QPointer<QTextDocument> before = m_edit->document();
+    m_edit->setDocument(document);
+    delete before; // unless the text edit, which made its very first one, has done so
+    setFileName(fileName);
 }
 
 /*! The document is what the file \a fileName holds; an empty name stands for a new document. */

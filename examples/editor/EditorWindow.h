@@ -5,6 +5,7 @@
 
 class FormatActions;
 class InsertActions;
+class QTextDocument;
 class RichTextEdit;
 
 /*! A window that edits one RTF file. */
@@ -40,6 +41,8 @@ private:
     bool saveAs();
     bool mayDiscardDocument();
 
+    QTextDocument* createDocument();
+    void setDocument(QTextDocument* document, const QString& fileName);
     void setFileName(const QString& fileName);
     void reportError(const QString& text, const QString& fileName, const QString& message);
 

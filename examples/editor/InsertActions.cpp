@@ -52,7 +52,8 @@ InsertActions::InsertActions(QTextEdit* edit) : QObject(edit), m_edit(edit)
 
 void InsertActions::insertTable(int rows, int columns)
 {
-    m_edit->textCursor().insertTable(rows, columns, tableFormat(columns));
+    const QTextTable* table = m_edit->textCursor().insertTable(rows, columns, tableFormat(columns));
+    m_edit->setTextCursor(table->firstCursorPosition());
 }
 
 bool InsertActions::insertPicture(const QString& fileName, QString* message)

@@ -15,6 +15,7 @@ public:
 
     QList<QAction*> actions() const { return m_actions; }
 
+    /*! Inserts a table, and puts the cursor in its first cell. */
     void insertTable(int rows, int columns);
     /*! Inserts the picture file \a fileName; false, with the reason in \a message, when there is none. */
     bool insertPicture(const QString& fileName, QString* message);
