@@ -127,6 +127,7 @@ private slots:
     void titleTellsFileAndChanges();
     void openingAMissingFile();
     void openingADamagedFile();
+    void newDocumentAfterChanges();
     void openedFilesAreIndependent();
     void savedFileHasTheDocument();
     void savingFails();
@@ -384,6 +385,20 @@ void TestEditor::openingADamagedFile()
                             "(Unmatched '}' in Rich Text file)"));
     QVERIFY(m_window->openFile(makeFile("sound.rtf", "{\\rtf1 {whole text}}")));
     QCOMPARE(m_window->statusBar()->currentMessage(), QString());
+}
+
+void TestEditor::newDocumentAfterChanges()
+{
+    QVERIFY(m_window->openFile(makeFile("changed.rtf", richRtf())));
+    QTest::keyClicks(m_window->textEdit(), QStringLiteral("x"));
+    const BoxAnswer answer(QMessageBox::Discard);
+    actionOf(*m_window, "New")->trigger();
+    QCOMPARE(answer.text(), QStringLiteral("Save the changes?"));
+    QCOMPARE(contentOf(*m_window), QString());
+    QCOMPARE(m_window->fileName(), QString());
+    QVERIFY(!m_window->isWindowModified());
+    QTest::keyClicks(m_window->textEdit(), QStringLiteral("y"));
+    QVERIFY(m_window->isWindowModified());
 }
 
 /*! The fonts of one file are not those of the next, which says nothing of fonts, or of a new document. */

@@ -100,13 +100,13 @@ void EditorWindow::createFormatMenus()
 bool EditorWindow::openFile(const QString& fileName)
 {
     QString message;
-    QScopedPointer<QTextDocument> document(createDocument());
-    const RtfFile::Opened opened = RtfFile::open(fileName, document.data(), &message);
+    std::unique_ptr<QTextDocument> document = createDocument();
+    const RtfFile::Opened opened = RtfFile::open(fileName, document.get(), &message);
     if (opened == RtfFile::Opened::NotAtAll) {
         reportError(tr("The file cannot be opened."), fileName, message);
         return false;
     }
-    setDocument(document.take(), fileName);
+    setDocument(std::move(document), fileName);
     if (opened == RtfFile::Opened::InPart)
         statusBar()->showMessage(tr("This file is damaged; what can be read is shown (%1)").arg(message));
     return true;
@@ -181,20 +181,20 @@ bool EditorWindow::mayDiscardDocument()
 }
 
 /*! A new document, which has no fonts or other settings of the one before. */
-QTextDocument* EditorWindow::createDocument()
+std::unique_ptr<QTextDocument> EditorWindow::createDocument()
 {
-    auto document = new QTextDocument(m_edit);
+    auto document = std::make_unique<QTextDocument>(m_edit);
     document->setDefaultFont(m_edit->font());
     document->setDocumentMargin(PageMargin);
-    connect(document, &QTextDocument::modificationChanged, this, &QWidget::setWindowModified);
     return document;
 }
 
 /*! Edits \a document, which is what the file \a fileName holds, instead of the document before. */
-void EditorWindow::setDocument(QTextDocument* document, const QString& fileName)
+void EditorWindow::setDocument(std::unique_ptr<QTextDocument> document, const QString& fileName)
 {
+    connect(document.get(), &QTextDocument::modificationChanged, this, &QWidget::setWindowModified);
     const QPointer<QTextDocument> before = m_edit->document();
-    m_edit->setDocument(document);
+    m_edit->setDocument(document.release()); // a child of the text edit
     delete before; // unless the text edit, which made its very first one, has done so
     setFileName(fileName);
 }
@@ -204,6 +204,7 @@ void EditorWindow::setFileName(const QString& fileName)
 {
     m_fileName = fileName;
     m_edit->document()->setModified(false);
+    setWindowModified(false);
     setWindowFilePath(fileName);
     const QString shownName = fileName.isEmpty() ? tr("Unnamed") : QFileInfo(fileName).fileName();
     setWindowTitle(tr("%1[*]").arg(shownName));

@@ -3,6 +3,8 @@
 
 #include <QMainWindow>
 
+#include <memory>
+
 class FormatActions;
 class InsertActions;
 class QTextDocument;
@@ -41,8 +43,8 @@ private:
     bool saveAs();
     bool mayDiscardDocument();
 
-    QTextDocument* createDocument();
-    void setDocument(QTextDocument* document, const QString& fileName);
+    std::unique_ptr<QTextDocument> createDocument();
+    void setDocument(std::unique_ptr<QTextDocument> document, const QString& fileName);
     void setFileName(const QString& fileName);
     void reportError(const QString& text, const QString& fileName, const QString& message);
 

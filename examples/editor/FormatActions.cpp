@@ -16,7 +16,7 @@ bool isNumbered(QTextListFormat::Style style)
 }
 
 /*! Takes the paragraphs that \a selection touches out of their lists. */
-void removeFromLists(QTextCursor selection)
+void removeFromLists(const QTextCursor& selection)
 {
     const int end = selection.selectionEnd();
     QTextBlock block = selection.document()->findBlock(selection.selectionStart());
