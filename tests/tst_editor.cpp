@@ -3,9 +3,9 @@
 #include "ORVTextRtf.h"
 #include "editorhelpers.h"
 
+#include <QAction>
 #include <QtCore/QMimeData>
 #include <QtGui/QClipboard>
-#include <QtWidgets/QAction>
 #include <QtWidgets/QApplication>
 #include <QtWidgets/QMessageBox>
 #include <QtWidgets/QPushButton>
