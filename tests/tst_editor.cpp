@@ -138,6 +138,7 @@ private slots:
     void textIsFormatted_data();
     void textIsFormatted();
     void actionsShowTheFormatAtTheCursor();
+    void actionsShowTheFormatOfAnOpenedFile();
     void paragraphsAreAligned_data();
     void paragraphsAreAligned();
     void paragraphsBecomeLists_data();
@@ -537,6 +538,16 @@ void TestEditor::actionsShowTheFormatAtTheCursor()
         }
         QCOMPARE(checked.join(QLatin1String(", ")), QLatin1String(place.checked));
     }
+}
+
+void TestEditor::actionsShowTheFormatOfAnOpenedFile()
+{
+    QVERIFY(m_window->openFile(makeFile("format.rtf", "{\\rtf1 \\qc{\\b bold} and plain{}}")));
+    QVERIFY(actionOf(*m_window, "Bold")->isChecked());
+    QVERIFY(actionOf(*m_window, "Centre")->isChecked());
+    QVERIFY(m_window->openFile(makeFile("format.rtf", "{\\rtf1 plain and {\\b bold}{}}")));
+    QVERIFY(!actionOf(*m_window, "Bold")->isChecked());
+    QVERIFY(actionOf(*m_window, "Align left")->isChecked());
 }
 
 void TestEditor::paragraphsAreAligned_data()

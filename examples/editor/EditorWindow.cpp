@@ -195,6 +195,7 @@ void EditorWindow::setDocument(std::unique_ptr<QTextDocument> document, const QS
     connect(document.get(), &QTextDocument::modificationChanged, this, &QWidget::setWindowModified);
     const QPointer<QTextDocument> before = m_edit->document();
     m_edit->setDocument(document.release()); // a child of the text edit
+    m_edit->setTextCursor(QTextCursor(m_edit->document())); // without the text format of the one before
     delete before; // unless the text edit, which made its very first one, has done so
     setFileName(fileName);
 }
