@@ -67,14 +67,20 @@ QString ORVTextRtf::rtfProperty(int propertyId, const QTextCharFormat& format, b
 
 QByteArray ORVTextRtf::toRtfData(const QTextDocument* document, bool inPlace, bool exportingMode)
 {
+    ORVTextRtfWriter writer;
+    writer.setExportingMode(exportingMode);
+    if (exportingMode)
+        writer.setFootnotesWithLeadingSpace(true);
+    return written(writer, document, inPlace);
+}
+
+QByteArray ORVTextRtf::written(ORVTextRtfWriter& writer, const QTextDocument* document, bool inPlace)
+{
     QByteArray data;
     QBuffer buffer(&data);
     if (!document || !buffer.open(QIODevice::WriteOnly))
         return data;
-    ORVTextRtfWriter writer(&buffer);
-    writer.setExportingMode(exportingMode);
-    if (exportingMode)
-        writer.setFootnotesWithLeadingSpace(true);
+    writer.setDevice(&buffer);
     return writer.write(document, inPlace) ? data : QByteArray();
 }
 

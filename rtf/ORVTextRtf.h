@@ -3,8 +3,10 @@
 
 #include "ORVRtfGlobal.h"
 
+class ORVTextRtfWriter;
 class QByteArray;
 class QFont;
+class QMimeData;
 class QString;
 class QTextCharFormat;
 class QTextDocument;
@@ -74,6 +76,52 @@ public:
     */
     static bool toRtfFileDirect(const QString& fileName, const QTextDocument* document, QString* errorMessage,
                                 bool inPlace);
+
+    /*!
+        Puts \a document on \a mime as RTF for other programs, for the clipboard and for drag and drop: the
+        same bytes under each of ORV::rtfMimeTypes(). They are those of toRtfData(document, false, false),
+        but a paragraph in front of a table is ended before it, see
+        ORVTextRtfWriter::setParagraphBeforeTableEnded(). Other types on \a mime stay. Does nothing when one
+        of the two is null.
+    */
+    static void setRtfMimeData(QMimeData* mime, const QTextDocument* document);
+
+    /*!
+        Whether \a mime has one of ORV::rtfMimeTypes(), be it with or without bytes. The application's own
+        flavour does not count. \a mime must not be null.
+    */
+    static bool hasRtfMimeData(const QMimeData* mime);
+
+    /*!
+        Replaces the content of \a document by RTF on \a mime: the first of ORV::rtfMimeTypes(), in their
+        order, that is there, not empty and not damaged.
+
+        False when there is none or one of the two is null. When nothing but damaged RTF was there, the
+        document holds what could be read of the last; when there was no RTF at all, it is untouched.
+    */
+    static bool fromRtfMimeData(const QMimeData* mime, QTextDocument* document);
+
+    /*!
+        Replaces the content of \a document by the RTF that \a mime has under \a type.
+
+        False when one of the two is null, when there is no such type, or nothing under it; then the document
+        is untouched. False, too, when the RTF is damaged; then it holds what could be read.
+    */
+    static bool parseRtfMimeData(const QString& type, const QMimeData* mime, QTextDocument* document);
+
+    /*!
+        Puts \a document on \a mime in the application's own flavour, under ORV::OrvellineMarkupRtfMimeType
+        only: the bytes of toRtfData(document, inPlace, false), the form in which texts are stored. Does
+        nothing when one of the two is null.
+    */
+    static void setOrvellineMarkupRtfMimeData(QMimeData* mime, const QTextDocument* document, bool inPlace);
+
+    /*! As parseRtfMimeData(), of the type ORV::OrvellineMarkupRtfMimeType. */
+    static bool fromOrvellineMarkupRtfMimeData(const QMimeData* mime, QTextDocument* document);
+
+private:
+    /*! \a document as \a writer, with the settings it has, writes it; empty when it cannot be written. */
+    static QByteArray written(ORVTextRtfWriter& writer, const QTextDocument* document, bool inPlace);
 };
 
 #endif

@@ -9,7 +9,10 @@ logs=$root/build/logs
 # Debian packages that building needs, and those that the tests, the benchmarks and the checks of CI need
 # besides.
 build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev)
-test_packages=(abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf)
+test_packages=(
+    abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf xclip
+    xvfb
+)
 bench_packages=(libbenchmark-dev python3)
 ci_packages=(clang-format clang-tidy qt6-base-dev)
 

@@ -1,5 +1,6 @@
-# Writing RTF.
+# Writing RTF, and both directions on the clipboard.
 
+orv_add_test(clipboard)
 orv_add_test(files)
 orv_add_test(inmemory_writing)
 orv_add_test(listnumber INTERNAL)

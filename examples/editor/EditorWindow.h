@@ -1,0 +1,57 @@
+#ifndef EDITORWINDOW_H
+#define EDITORWINDOW_H
+
+#include <QMainWindow>
+
+#include <memory>
+
+class FormatActions;
+class InsertActions;
+class QTextDocument;
+class RichTextEdit;
+
+/*! A window that edits one RTF file. */
+class EditorWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit EditorWindow(QWidget* parent = nullptr);
+
+    RichTextEdit* textEdit() const { return m_edit; }
+    InsertActions* insertActions() const { return m_insertActions; }
+    QString fileName() const { return m_fileName; }
+
+    /*! Opens \a fileName in place of the document, whatever that holds; false, with a message box, on
+     * failure. */
+    bool openFile(const QString& fileName);
+    /*! Saves the document as \a fileName; false, with a message box, on failure. */
+    bool saveFile(const QString& fileName);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void createFileMenu();
+    void createEditMenu();
+    void createFormatMenus();
+
+    void newDocument();
+    void open();
+    bool save();
+    bool saveAs();
+    bool mayDiscardDocument();
+
+    std::unique_ptr<QTextDocument> createDocument();
+    void setDocument(std::unique_ptr<QTextDocument> document, const QString& fileName);
+    void setFileName(const QString& fileName);
+    void reportError(const QString& text, const QString& fileName, const QString& message);
+
+    RichTextEdit* m_edit;
+    FormatActions* m_formatActions;
+    InsertActions* m_insertActions;
+    QString m_fileName;
+};
+
+#endif

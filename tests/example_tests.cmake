@@ -1,0 +1,3 @@
+# The example programs. tst_editor_clipboard has an X server of its own, and xclip as the other program.
+orv_add_test(editor LIBRARIES OrvRtfEditorObjects LABELS gui)
+orv_add_test(editor_clipboard LIBRARIES OrvRtfEditorObjects LABELS gui)
