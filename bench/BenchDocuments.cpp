@@ -1,7 +1,8 @@
 #include "BenchDocuments.h"
 
-#include <QtGui/QTextBlockFormat>
-#include <QtGui/QTextCharFormat>
+#include <QtCore/QBuffer>
+#include <QtGui/QImage>
+#include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
 
@@ -24,6 +25,27 @@ QString sentence(std::mt19937& random, int count)
 const char header[] = "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0"
                       "{\\fonttbl{\\f0\\froman\\fcharset0\\fprq2 Bench Serif;}}\n"
                       "{\\colortbl;\\red0\\green0\\blue0;}\n";
+
+QImage noise(int width, int height)
+{
+    std::mt19937 random(3);
+    QImage image(width, height, QImage::Format_ARGB32);
+    for (int y = 0; y < height; ++y) {
+        QRgb* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        for (int x = 0; x < width; ++x)
+            line[x] = random();
+    }
+    return image;
+}
+
+QByteArray encoded(const QImage& image, const char* type, int quality)
+{
+    QByteArray data;
+    QBuffer buffer(&data);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, type, quality);
+    return data;
+}
 
 } // namespace
 
@@ -66,6 +88,74 @@ void BenchDocuments::buildProse(QTextDocument* document, const QList<Paragraph>&
         cursor.insertBlock();
     }
     cursor.endEditBlock();
+}
+
+QByteArray BenchDocuments::novelRtf(int paragraphs)
+{
+    std::mt19937 random(2);
+    QByteArray rtf = header;
+    for (int i = 0; i < paragraphs; ++i) {
+        rtf +=
+            "\\pard\\plain \\s33\\rtlch\\af5\\afs24\\alang1081 \\ltrch\\lang1033\\langfe2052\\hich\\af3\\loch"
+            "\\sb86\\sa86\\ql\\sb86\\sa86\\ltrpar{\\rtlch\\af5\\ltrch\\loch\n";
+        rtf += sentence(random, 20).toLatin1() + " Ren\\u233\\'e9e \\u8212\\'97 "
+            + sentence(random, 8).toLatin1();
+        rtf += "}{\\rtlch\\af5\\ai \\ltrch\\hich\\af3\\loch\\i\\f0\\fs24\\dbch\\af5\n";
+        rtf += sentence(random, 4).toLatin1() + "}{\\rtlch\\af5 \\ltrch\\loch\n";
+        rtf += "It\\u8217\\'92s " + sentence(random, 30).toLatin1() + "}\n\\par ";
+    }
+    return rtf + '}';
+}
+
+BenchDocuments::Copy::Copy(const QTextDocument& document)
+{
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        Block copy{block.blockFormat(), block.charFormat(), {}};
+        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it)
+            copy.runs.append({it.fragment().text(), it.fragment().charFormat()});
+        m_blocks.append(copy);
+    }
+}
+
+void BenchDocuments::Copy::build(QTextDocument* document) const
+{
+    document->setUndoRedoEnabled(false);
+    QTextCursor cursor(document);
+    cursor.beginEditBlock();
+    for (const Block& block : m_blocks) {
+        cursor.setBlockCharFormat(block.charFormat);
+        cursor.setBlockFormat(block.format);
+        for (const Run& run : block.runs)
+            cursor.insertText(run.text, run.format);
+        cursor.insertBlock();
+    }
+    cursor.endEditBlock();
+}
+
+QByteArray BenchDocuments::noisePng(int megabytes)
+{
+    const int width = 1000;
+    return encoded(noise(width, megabytes * (1 << 20) / (width * 4)), "PNG", 100);
+}
+
+QByteArray BenchDocuments::noiseJpeg(int side)
+{
+    return encoded(noise(side, side), "JPEG", 90);
+}
+
+QByteArray BenchDocuments::pictureRtf(const QByteArray& picture, const char* type)
+{
+    const QByteArray hexadecimal = picture.toHex();
+    QByteArray rtf = header + QByteArray("\\pard\\plain{\\pict\\picwgoal2000\\pichgoal2000\\") + type + '\n';
+    const int lineLength = 128;
+    for (int i = 0; i < hexadecimal.size(); i += lineLength)
+        rtf += hexadecimal.mid(i, lineLength) + '\n';
+    return rtf + "}\\par}";
+}
+
+QByteArray BenchDocuments::groupsRtf(int count)
+{
+    return header + QByteArray("{x}").repeated(count) + '}';
 }
 
 QByteArray BenchDocuments::tableRtf(int rows, bool merged)

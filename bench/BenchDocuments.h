@@ -3,6 +3,8 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QStringList>
+#include <QtGui/QTextBlockFormat>
+#include <QtGui/QTextCharFormat>
 
 class QTextDocument;
 
@@ -22,6 +24,39 @@ QList<Paragraph> prose(int count);
 QByteArray proseRtf(const QList<Paragraph>& paragraphs);
 /*! Builds the same directly with ready-made formats: the floor of reading. */
 void buildProse(QTextDocument* document, const QList<Paragraph>& paragraphs);
+
+/*! \a paragraphs paragraphs of a novel as LibreOffice writes them: many control words for each run. */
+QByteArray novelRtf(int paragraphs);
+
+/*! The blocks and runs of a document with their formats. */
+class Copy {
+public:
+    explicit Copy(const QTextDocument& document);
+    /*! Inserts them into \a document one by one: the floor of reading it. */
+    void build(QTextDocument* document) const;
+
+private:
+    struct Run {
+        QString text;
+        QTextCharFormat format;
+    };
+    struct Block {
+        QTextBlockFormat format;
+        QTextCharFormat charFormat;
+        QList<Run> runs;
+    };
+    QList<Block> m_blocks;
+};
+
+/*! PNG data of some \a megabytes megabytes, of noise that cannot be compressed. */
+QByteArray noisePng(int megabytes);
+/*! JPEG data of a noisy picture of \a side x \a side pixels. */
+QByteArray noiseJpeg(int side);
+/*! A document of one picture; \a type is its control word. */
+QByteArray pictureRtf(const QByteArray& picture, const char* type);
+
+/*! \a count groups of one letter. */
+QByteArray groupsRtf(int count);
 
 /*! A table of \a rows rows and five columns. With \a merged the first column is one cell from top to bottom.
  */

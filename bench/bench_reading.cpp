@@ -3,6 +3,7 @@
 #include "ORVTextRtf.h"
 
 #include <QtGui/QGuiApplication>
+#include <QtGui/QImage>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
@@ -16,6 +17,10 @@ namespace {
 
 const int proseParagraphs = 20000;
 const int listItems = 5000;
+// A megabyte of RTF.
+const int novelParagraphs = 1300;
+// 20 MB of hexadecimal digits.
+const int pictureMegabytes = 10;
 
 void read(benchmark::State& state, const QByteArray& rtf)
 {
@@ -50,6 +55,42 @@ void setProseHtml(benchmark::State& state)
         QTextDocument document;
         document.setHtml(html);
     }
+}
+
+void readNovel(benchmark::State& state)
+{
+    read(state, novelRtf(novelParagraphs));
+}
+
+void buildNovelDirectly(benchmark::State& state)
+{
+    QTextDocument source;
+    ORVTextRtf::fromRtfData(novelRtf(novelParagraphs), &source, nullptr);
+    const Copy copy(source);
+    for (auto _ : state) {
+        QTextDocument document;
+        copy.build(&document);
+    }
+}
+
+void readPicture(benchmark::State& state)
+{
+    read(state, pictureRtf(noisePng(pictureMegabytes), "pngblip"));
+}
+
+void decodePicture(benchmark::State& state)
+{
+    const QByteArray hexadecimal = noisePng(pictureMegabytes).toHex();
+    for (auto _ : state) {
+        const QImage image = QImage::fromData(QByteArray::fromHex(hexadecimal));
+        if (image.isNull())
+            state.SkipWithError("the picture could not be decoded");
+    }
+}
+
+void readGroups(benchmark::State& state)
+{
+    read(state, groupsRtf(int(state.range(0))));
 }
 
 void readTable(benchmark::State& state)
@@ -91,6 +132,11 @@ void addToList(benchmark::State& state)
 BENCHMARK(readProse)->Name("read prose/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(buildProseDirectly)->Name("read prose/floor")->Unit(benchmark::kMillisecond);
 BENCHMARK(setProseHtml)->Name("read prose/setHtml")->Unit(benchmark::kMillisecond);
+BENCHMARK(readNovel)->Name("read novel/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(buildNovelDirectly)->Name("read novel/floor")->Unit(benchmark::kMillisecond);
+BENCHMARK(readPicture)->Name("read picture/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(decodePicture)->Name("read picture/floor")->Unit(benchmark::kMillisecond);
+BENCHMARK(readGroups)->Name("read groups")->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(readTable)->Name("read table/rows")->Arg(100)->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 BENCHMARK(readMergedTable)
     ->Name("read merged table/rows")

@@ -2,6 +2,7 @@
 
 #include "ORVTextRtf.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QScopedPointer>
 #include <QtGui/QGuiApplication>
 #include <QtGui/QTextDocument>
@@ -13,6 +14,8 @@ using namespace BenchDocuments;
 namespace {
 
 const int proseParagraphs = 20000;
+// Makes some 10 MB of JPEG data, 20 MB of hexadecimal digits.
+const int pictureSide = 3000;
 
 void readInto(QTextDocument* document, const QByteArray& rtf)
 {
@@ -57,6 +60,21 @@ void cloneProseToHtml(benchmark::State& state)
     }
 }
 
+void writePicture(benchmark::State& state)
+{
+    write(state, pictureRtf(noiseJpeg(pictureSide), "jpegblip"), true);
+}
+
+void writeHexadecimal(benchmark::State& state)
+{
+    const QByteArray jpeg = noiseJpeg(pictureSide);
+    for (auto _ : state) {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        benchmark::DoNotOptimize(buffer.write(jpeg.toHex()));
+    }
+}
+
 void writeList(benchmark::State& state)
 {
     const int items = int(state.range(0));
@@ -75,6 +93,8 @@ BENCHMARK(writeProseInPlace)->Name("write prose in place/ours")->Unit(benchmark:
 BENCHMARK(proseToHtml)->Name("write prose in place/toHtml")->Unit(benchmark::kMillisecond);
 BENCHMARK(writeProseCopy)->Name("write prose/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(cloneProseToHtml)->Name("write prose/clone and toHtml")->Unit(benchmark::kMillisecond);
+BENCHMARK(writePicture)->Name("write picture/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(writeHexadecimal)->Name("write picture/floor")->Unit(benchmark::kMillisecond);
 BENCHMARK(writeList)->Name("write list/items")->Arg(1000)->Arg(20000)->Unit(benchmark::kMillisecond);
 BENCHMARK(writeTable)->Name("write table/rows")->Arg(1000)->Arg(10000)->Unit(benchmark::kMillisecond);
 

@@ -11,11 +11,16 @@ import sys
 CASES = [
     ('read prose', 'read prose/ours', 'read prose/floor', 1.5),
     ('read prose against setHtml', 'read prose/ours', 'read prose/setHtml', 1 / 6),
+    ('read novel of LibreOffice', 'read novel/ours', 'read novel/floor', 3),
+    ('read picture', 'read picture/ours', 'read picture/floor', 1.3),
+    ('read groups, one of 1,000,000', 'read groups/1000000', 'read groups/100000', 1.2),
     ('read table, a row of 10,000', 'read table/rows/10000', 'read table/rows/1000', 1.5),
     ('read table merged down, a row of 10,000', 'read merged table/rows/10000', 'read merged table/rows/1000', 1.5),
     ('read list of 5,000 items', 'read list/ours', 'read list/floor', 1.2),
+    ('strip 100 MB', 'strip/ours', 'strip/floor', 4),
     ('write prose in place', 'write prose in place/ours', 'write prose in place/toHtml', 0.5),
     ('write prose', 'write prose/ours', 'write prose/clone and toHtml', 0.8),
+    ('write picture', 'write picture/ours', 'write picture/floor', 1.3),
     ('write list, an item of 20,000', 'write list/items/20000', 'write list/items/1000', 1.5),
     ('write table, a row of 10,000', 'write table/rows/10000', 'write table/rows/1000', 1.5),
 ]
