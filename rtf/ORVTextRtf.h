@@ -3,6 +3,10 @@
 
 #include "ORVRtfGlobal.h"
 
+#include <ORVImportExport.h>
+
+#include <QtCore/QStringList>
+
 class QByteArray;
 class QFont;
 class QString;
@@ -74,6 +78,20 @@ public:
     */
     static bool toRtfFileDirect(const QString& fileName, const QTextDocument* document, QString* errorMessage,
                                 bool inPlace);
+
+    /*!
+        Replaces the content of \a document by that of the file \a fileName, whose suffix, in upper or lower
+        case, says what it is: .txt (Latin-1), .html (UTF-8), .rtf, or .doc, .docx and .odt, which \a engine
+        turns into RTF first, see TextTransform::transformFileViaTools(). The thread waits for that.
+
+        Returns true when there is nothing to complain about. Messages in words replace what \a errors holds,
+        unless that is null; with RTF that is damaged the document then holds what could be read. Two failures
+        come without a message: for any other suffix (also .htm) false is returned and \a errors left alone;
+        for a .txt or .html file that is missing or unreadable the result is true. Neither touches the
+        document.
+    */
+    static bool loadFileIntoDocument(const QString& fileName, QTextDocument* document,
+                                     ORVImportExport::Engine engine, QStringList* errors);
 };
 
 #endif
