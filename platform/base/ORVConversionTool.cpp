@@ -72,14 +72,16 @@ bool writeFile(const QString& path, const QByteArray& data)
     return file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.flush();
 }
 
-// One LibreOffice finds another of the same profile by a socket whose name holds a hash of the profile's URL,
-// in UTF-16.
+// One LibreOffice finds another of the same profile by a socket whose name holds a hash of the profile's URL
+// in UTF-16. Its bytes are in hexadecimal without leading zeros.
 QString libreOfficeSocketName(const QString& folder)
 {
     const QString url = profileUrl(folder);
     const QByteArray bytes(reinterpret_cast<const char*>(url.utf16()), int(url.size() * sizeof(ushort)));
-    const QByteArray hash = QCryptographicHash::hash(bytes, QCryptographicHash::Md5).toHex();
-    return QLatin1String("OSL_PIPE_*_SingleOfficeIPC_") + QString::fromLatin1(hash);
+    QString hash;
+    for (const char byte : QCryptographicHash::hash(bytes, QCryptographicHash::Md5))
+        hash += QString::number(uchar(byte), 16);
+    return QLatin1String("OSL_PIPE_*_SingleOfficeIPC_") + hash;
 }
 
 } // namespace
@@ -104,8 +106,9 @@ const ORVConversionTool::Description ORVConversionTool::descriptions[] = {
     {ORVImportExport::AbiWordEngine,
      "AbiWord",
      "abiword",
-     "doc docx odt rtf html htm",
-     {"txt", nullptr, "odt", "rtf"}},
+     // Not HTML: it would fetch the pictures.
+     "doc docx odt rtf",
+     {"txt", nullptr, nullptr, "rtf"}},
     {ORVImportExport::PandocEngine,
      "pandoc",
      "pandoc",

@@ -62,6 +62,11 @@ QString executable(const QString& program)
     return info.isFile() && info.isExecutable() ? info.absoluteFilePath() : QString();
 }
 
+bool isMeantBy(ORVImportExport::Engine engine, const ORVConversionTool& tool)
+{
+    return engine == ORVImportExport::AutomaticEngine || engine == tool.engine();
+}
+
 /*! The tools that may be used, the preferred one first. */
 QList<ORVConversionTool> candidates(const QString& suffix, ORVFormat::Format format,
                                     ORVImportExport::Engine engine)
@@ -69,8 +74,7 @@ QList<ORVConversionTool> candidates(const QString& suffix, ORVFormat::Format for
     QList<ORVConversionTool> tools;
     const QList<ORVConversionTool> all = ORVConversionTool::all();
     for (const ORVConversionTool& tool : all) {
-        if ((engine == ORVImportExport::AutomaticEngine || engine == tool.engine())
-            && tool.converts(suffix, format))
+        if (isMeantBy(engine, tool) && tool.converts(suffix, format))
             tools.append(tool);
     }
     return tools;
@@ -97,11 +101,17 @@ QList<InstalledTool> installed(const QList<ORVConversionTool>& tools)
     return found;
 }
 
-Result unsupported(const QString& suffix)
+Result unsupported(const QString& suffix, ORVImportExport::Engine engine)
 {
+    QStringList names;
+    const QList<ORVConversionTool> all = ORVConversionTool::all();
+    for (const ORVConversionTool& tool : all) {
+        if (isMeantBy(engine, tool))
+            names << tool.name();
+    }
     return {TextTransform::UnsupportedFormat,
-            QCoreApplication::translate("TextTransform", "No conversion of '.%1' files to this format")
-                .arg(suffix)};
+            QCoreApplication::translate("TextTransform", "Cannot convert '.%1' files to this format: %2")
+                .arg(suffix, names.join(QLatin1String(", ")))};
 }
 
 Result lookedFor(const QList<ORVConversionTool>& tools)
@@ -224,7 +234,7 @@ Result transform(const QString& source, const QString& target, ORVFormat::Format
     const QString suffix = QFileInfo(source).suffix().toLower();
     const QList<ORVConversionTool> tools = candidates(suffix, format, engine);
     if (tools.isEmpty())
-        return unsupported(suffix);
+        return unsupported(suffix, engine);
     // Opening what is not a file could wait for ever.
     if (QFileInfo(source).exists() && !QFileInfo(source).isFile())
         return cannotRead(source, QCoreApplication::translate("TextTransform", "not a file"));

@@ -32,8 +32,8 @@ enum Error {
     with \a engine, and waits until that is done, at most as long as setTimeout() says.
 
     AutomaticEngine takes the first installed program that can do the conversion; when that one fails, no
-   other is tried. Rtf and PlainText (UTF-8) work from and with everything, but that pandoc reads no .doc; Odt
-   needs LibreOffice or AbiWord, Html LibreOffice.
+   other is tried. LibreOffice converts between all of these; AbiWord reads no HTML, pandoc no .doc, and both
+   write Rtf and PlainText (UTF-8) only.
 
     A new \a target can be read by its owner only; one that was there is replaced and keeps its permissions.
     Unless NoError is returned, \a target is left as it was, and \a errorString, unless null, says more about

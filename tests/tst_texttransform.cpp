@@ -1,0 +1,895 @@
+#include "conversionhelpers.h"
+
+#include "TextTransform.h"
+
+#include <ORVTextRtf.h>
+
+#include <QCryptographicHash>
+#include <QElapsedTimer>
+#include <QTextDocument>
+#include <QTranslator>
+#include <QtTest>
+
+#include <csignal>
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace conversiontest;
+
+namespace {
+
+/*! Milliseconds within which a program that hangs is killed. */
+const int ShortTimeout = 300;
+const int DefaultTimeout = 120000;
+
+/*! A server that takes calls and never answers. */
+class SilentServer {
+public:
+    SilentServer() : m_socket(socket(AF_INET, SOCK_STREAM, 0))
+    {
+        sockaddr_in address = {};
+        address.sin_family = AF_INET;
+        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        socklen_t size = sizeof(address);
+        if (bind(m_socket, reinterpret_cast<sockaddr*>(&address), size) != 0 || listen(m_socket, 5) != 0
+            || getsockname(m_socket, reinterpret_cast<sockaddr*>(&address), &size) != 0)
+            qFatal("no server");
+        m_port = ntohs(address.sin_port);
+    }
+    ~SilentServer() { close(m_socket); }
+    Q_DISABLE_COPY(SilentServer)
+
+    int port() const { return m_port; }
+    bool wasCalled() const
+    {
+        pollfd call = {m_socket, POLLIN, 0};
+        return poll(&call, 1, 0) > 0;
+    }
+
+private:
+    int m_socket;
+    int m_port = 0;
+};
+
+class ContextTranslator : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char* context, const char* text, const char*, int) const override
+    {
+        return QLatin1Char('[') + QString::fromLatin1(context) + QLatin1String("] ")
+            + QString::fromLatin1(text);
+    }
+};
+
+/*! Makes an .odt whose picture is elsewhere, at \a address. */
+void writeLinkingOdt(const QString& path, const QString& address)
+{
+    const QString script = QStringLiteral(
+        "import sys, zipfile\n"
+        "space = ' xmlns:%s=\"urn:oasis:names:tc:opendocument:xmlns:%s:1.0\"'\n"
+        "names = (('office', 'office'), ('text', 'text'), ('draw', 'drawing'), ('svg', 'svg-compatible'))\n"
+        "content = ('<office:document-content' + ''.join(space % pair for pair in names)\n"
+        "    + ' xmlns:xlink=\"http://www.w3.org/1999/xlink\" office:version=\"1.2\"><office:body>'\n"
+        "    '<office:text><text:p>word <draw:frame svg:width=\"1cm\" svg:height=\"1cm\" '\n"
+        "    'text:anchor-type=\"as-char\"><draw:image xlink:href=\"' + sys.argv[2] + '\" '\n"
+        "    'xlink:type=\"simple\"/></draw:frame></text:p></office:text></office:body>'\n"
+        "    '</office:document-content>')\n"
+        "mimetype = 'application/vnd.oasis.opendocument.text'\n"
+        "manifest = ('<manifest:manifest' + space % ('manifest', 'manifest') + '>'\n"
+        "    '<manifest:file-entry manifest:full-path=\"/\" manifest:media-type=\"' + mimetype + '\"/>'\n"
+        "    '<manifest:file-entry manifest:full-path=\"content.xml\" '\n"
+        "    'manifest:media-type=\"text/xml\"/></manifest:manifest>')\n"
+        "with zipfile.ZipFile(sys.argv[1], 'w') as file:\n"
+        "    file.writestr('mimetype', mimetype)\n"
+        "    file.writestr('META-INF/manifest.xml', manifest)\n"
+        "    file.writestr('content.xml', content)\n"
+        "    file.writestr('styles.xml', '<office:document-styles' + space % names[0] + '/>')\n");
+    runProgram(QStringLiteral("python3"), {QStringLiteral("-c"), script, path, address});
+}
+
+/*! Where a LibreOffice of the profile \a url listens for others. */
+QString officeSocket(const QString& url)
+{
+    const QByteArray bytes(reinterpret_cast<const char*>(url.utf16()), int(url.size() * 2));
+    QString hash;
+    for (const char byte : QCryptographicHash::hash(bytes, QCryptographicHash::Md5))
+        hash += QString::number(uchar(byte), 16);
+    return QStringLiteral("/tmp/OSL_PIPE_%1_SingleOfficeIPC_%2").arg(getuid()).arg(hash);
+}
+
+bool isAlive(const QByteArray& processId)
+{
+    const int id = processId.trimmed().toInt();
+    if (id <= 1)
+        qFatal("no process id");
+    // One that was killed and not yet collected by the system's first process is dead as well.
+    const QByteArray status = readFile(QStringLiteral("/proc/%1/stat").arg(id));
+    return kill(id, 0) == 0 && !status.mid(status.lastIndexOf(')')).startsWith(") Z");
+}
+
+} // namespace
+
+class TestTextTransform : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void realProgramConverts_data();
+    void realProgramConverts();
+    void nothingIsFetched_data();
+    void nothingIsFetched();
+    void runningLibreOfficeIsNotDisturbed();
+    void killedLibreOfficeLeavesNoSocket();
+
+    void automaticEngineTakesFirstInstalled_data();
+    void automaticEngineTakesFirstInstalled();
+    void failureOfFirstInstalledIsFinal();
+    void toolPath_data();
+    void toolPath();
+    void toolPathOfAutomaticEngineChangesNothing();
+
+    void programSeesOnlyItsOwnNames();
+    void fileNames_data();
+    void fileNames();
+    void realProgramsTakeAnyFileName_data();
+    void realProgramsTakeAnyFileName();
+    void temporaryFolderBeyondAscii();
+    void programHasHomeAndTemporaryFilesOfItsOwn();
+
+    void failure_data();
+    void failure();
+    void longErrorOutputKeepsItsEnd();
+    void successLeavesErrorStringAlone();
+    void hangingProgramIsKilledWithChildren();
+    void childrenDoNotOutliveProgram();
+    void noLimitBelowOne();
+
+    void unsupported_data();
+    void unsupported();
+    void toolNotFound_data();
+    void toolNotFound();
+    void sourceNotReadable_data();
+    void sourceNotReadable();
+    void sourceIsReadBeforeToolsAreLookedFor();
+
+    void newTargetIsPrivate();
+    void oldTargetIsReplaced();
+    void targetBelowMissingFolder();
+    void targetIsFolder();
+    void targetMayBeSource();
+
+    void errorDescriptions_data();
+    void errorDescriptions();
+    void messagesAreTranslated();
+    void conversionsInSeveralThreads();
+
+private:
+    typedef TextTransform::Error Error;
+
+    QString path(const char* name) const { return m_folders->path(QString::fromUtf8(name)); }
+    /*! A program for \a engine that runs \a commands. */
+    void fake(const QByteArray& commands,
+              ORVImportExport::Engine engine = ORVImportExport::PandocEngine) const
+    {
+        TextTransform::setToolPath(
+            engine, writeScript(m_folders->path(QStringLiteral("tool%1").arg(int(engine))), commands));
+    }
+    Error toRtf(const QString& source, const QString& target, QString* message = nullptr,
+                ORVImportExport::Engine engine = ORVImportExport::PandocEngine) const
+    {
+        return TextTransform::transformFileViaTools(source, target, ORVFormat::Rtf, engine, message, true);
+    }
+    /*! Runs what was set by fake() from a source of its own to "target.rtf". */
+    Error runFake(QString* message = nullptr) const
+    {
+        writeFile(path("in.docx"), "content");
+        return toRtf(path("in.docx"), path("target.rtf"), message);
+    }
+
+    QScopedPointer<Folders> m_folders;
+    QScopedPointer<RealDocuments> m_documents;
+};
+
+void TestTextTransform::initTestCase()
+{
+    m_documents.reset(new RealDocuments);
+}
+
+void TestTextTransform::init()
+{
+    m_folders.reset(new Folders);
+    TextTransform::setTimeout(DefaultTimeout);
+    for (int engine = ORVImportExport::AutomaticEngine; engine <= ORVImportExport::PandocEngine; ++engine)
+        TextTransform::setToolPath(ORVImportExport::Engine(engine), QString());
+}
+
+void TestTextTransform::cleanup()
+{
+    const QStringList leftovers = m_folders->leftovers();
+    m_folders.reset();
+    QCOMPARE(leftovers, QStringList());
+}
+
+void TestTextTransform::realProgramConverts_data()
+{
+    QTest::addColumn<int>("engine");
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<int>("format");
+
+    struct Program {
+        const char* name;
+        ORVImportExport::Engine engine;
+        const char* suffixes;
+        QList<int> otherFormats;
+    };
+    const Program programs[] = {
+        {"LibreOffice",
+         ORVImportExport::LibreOfficeEngine,
+         "doc docx odt html",
+         {ORVFormat::PlainText, ORVFormat::Html, ORVFormat::Odt}},
+        {"AbiWord", ORVImportExport::AbiWordEngine, "doc docx odt", {ORVFormat::PlainText}},
+        {"pandoc", ORVImportExport::PandocEngine, "docx odt html", {ORVFormat::PlainText}},
+    };
+    for (const Program& program : programs) {
+        for (const QString& suffix : QString::fromLatin1(program.suffixes).split(QLatin1Char(' ')))
+            QTest::addRow("%s from %s to RTF", program.name, qPrintable(suffix))
+                << int(program.engine) << suffix << int(ORVFormat::Rtf);
+        for (const int format : program.otherFormats)
+            QTest::addRow("%s from docx to format %d", program.name, format)
+                << int(program.engine) << QStringLiteral("docx") << format;
+    }
+}
+
+void TestTextTransform::realProgramConverts()
+{
+    QFETCH(int, engine);
+    QFETCH(QString, suffix);
+    QFETCH(int, format);
+    const QString target = path("target");
+    QString message;
+    QCOMPARE(
+        int(TextTransform::transformFileViaTools(m_documents->path(suffix), target, ORVFormat::Format(format),
+                                                 ORVImportExport::Engine(engine), &message, true)),
+        int(TextTransform::NoError));
+    QCOMPARE(message, QString());
+    QString text;
+    if (format == ORVFormat::Rtf) {
+        QTextDocument document;
+        QVERIFY(ORVTextRtf::fromRtfFile(target, &document, nullptr));
+        text = document.toPlainText();
+    } else if (format == ORVFormat::Odt) {
+        const QString plain = path("plain");
+        runProgram(QStringLiteral("pandoc"),
+                   {QStringLiteral("--from=odt"), QStringLiteral("--to=plain"),
+                    QStringLiteral("--output=") + plain, target});
+        text = QString::fromUtf8(readFile(plain));
+    } else {
+        text = QString::fromUtf8(readFile(target));
+        QCOMPARE(text.contains(QLatin1String("<html"), Qt::CaseInsensitive), format == ORVFormat::Html);
+        text.replace(QLatin1String("&uuml;"), QString::fromUtf8("\xc3\xbc"));
+        text.replace(QLatin1String("&szlig;"), QString::fromUtf8("\xc3\x9f"));
+    }
+    QVERIFY2(missingWord(text).isEmpty(), qPrintable(text));
+}
+
+void TestTextTransform::nothingIsFetched_data()
+{
+    QTest::addColumn<int>("engine");
+
+    QTest::newRow("LibreOffice") << int(ORVImportExport::LibreOfficeEngine);
+    QTest::newRow("AbiWord") << int(ORVImportExport::AbiWordEngine);
+    QTest::newRow("pandoc") << int(ORVImportExport::PandocEngine);
+}
+
+void TestTextTransform::nothingIsFetched()
+{
+    QFETCH(int, engine);
+    const SilentServer server;
+    writeLinkingOdt(path("in.odt"), QStringLiteral("http://127.0.0.1:%1/picture.png").arg(server.port()));
+    QString message;
+    const Error error = toRtf(path("in.odt"), path("target.rtf"), &message, ORVImportExport::Engine(engine));
+    QCOMPARE(message, QString());
+    QCOMPARE(error, TextTransform::NoError);
+    QTextDocument document;
+    QVERIFY(ORVTextRtf::fromRtfFile(path("target.rtf"), &document, nullptr));
+    QVERIFY(document.toPlainText().contains(QLatin1String("word")));
+    QVERIFY(!server.wasCalled());
+}
+
+void TestTextTransform::runningLibreOfficeIsNotDisturbed()
+{
+    const QString home = path("home");
+    QVERIFY(QDir().mkdir(home));
+    const Environment environment("HOME", QFile::encodeName(home));
+    const QString socket =
+        officeSocket(QLatin1String("file://") + home + QLatin1String("/.config/libreoffice/4"));
+    QProcess office;
+    QProcessEnvironment officeEnvironment = QProcessEnvironment::systemEnvironment();
+    officeEnvironment.insert(QStringLiteral("TMPDIR"), home);
+    office.setProcessEnvironment(officeEnvironment);
+    office.start(
+        QStandardPaths::findExecutable(QStringLiteral("soffice")),
+        {QStringLiteral("--headless"), QStringLiteral("--norestore"), QStringLiteral("--nodefault")});
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(socket), 60000);
+    QCOMPARE(toRtf(m_documents->path(QStringLiteral("docx")), path("target.rtf"), nullptr,
+                   ORVImportExport::LibreOfficeEngine),
+             TextTransform::NoError);
+    QVERIFY(!office.waitForFinished(0));
+    QVERIFY(QFileInfo::exists(socket));
+    office.terminate();
+    QVERIFY(office.waitForFinished(60000));
+    QFile::remove(socket);
+}
+
+void TestTextTransform::killedLibreOfficeLeavesNoSocket()
+{
+    // Lets the real one run until its socket is there, and fails; what is left running is killed then.
+    writeFile(path("killed.py"),
+              "import glob, hashlib, subprocess, sys, time\n"
+              "url = [a for a in sys.argv if a.startswith('-env:UserInstallation=')][0].split('=', 1)[1]\n"
+              "office = subprocess.Popen(['soffice'] + sys.argv[1:])\n"
+              "name = ''.join('%x' % b for b in hashlib.md5(url.encode('utf-16le')).digest())\n"
+              "sockets = []\n"
+              "while not sockets and office.poll() is None:\n"
+              "    sockets = glob.glob('/tmp/OSL_PIPE_*_SingleOfficeIPC_' + name)\n"
+              "    time.sleep(0.001)\n"
+              "sys.stderr.write('socket ' + sockets[0])\n"
+              "sys.exit(7)\n");
+    fake("exec python3 '" + QFile::encodeName(path("killed.py")) + "' \"$@\"",
+         ORVImportExport::LibreOfficeEngine);
+    QString message;
+    QCOMPARE(toRtf(m_documents->path(QStringLiteral("docx")), path("target.rtf"), &message,
+                   ORVImportExport::LibreOfficeEngine),
+             TextTransform::ToolFailed);
+    QVERIFY2(message.contains(QLatin1String("socket /tmp/OSL_PIPE_")), qPrintable(message));
+    const QString socket = message.mid(message.lastIndexOf(QLatin1String("socket ")) + 7);
+    QVERIFY(!QFileInfo::exists(socket));
+}
+
+void TestTextTransform::automaticEngineTakesFirstInstalled_data()
+{
+    QTest::addColumn<QStringList>("installed");
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QByteArray>("used");
+
+    const QString soffice = QStringLiteral("soffice");
+    const QString libreoffice = QStringLiteral("libreoffice");
+    const QString abiword = QStringLiteral("abiword");
+    const QString pandoc = QStringLiteral("pandoc");
+    const QString docx = QStringLiteral("docx");
+    QTest::newRow("all") << QStringList({pandoc, abiword, libreoffice, soffice}) << docx
+                         << QByteArray("soffice");
+    QTest::newRow("LibreOffice by its other name")
+        << QStringList({pandoc, abiword, libreoffice}) << docx << QByteArray("libreoffice");
+    QTest::newRow("AbiWord and pandoc") << QStringList({pandoc, abiword}) << docx << QByteArray("abiword");
+    QTest::newRow("pandoc") << QStringList({pandoc}) << docx << QByteArray("pandoc");
+    QTest::newRow("suffix in upper case")
+        << QStringList({pandoc}) << QStringLiteral("DocX") << QByteArray("pandoc");
+    QTest::newRow("doc with all") << QStringList({pandoc, abiword}) << QStringLiteral("doc")
+                                  << QByteArray("abiword");
+}
+
+void TestTextTransform::automaticEngineTakesFirstInstalled()
+{
+    QFETCH(QStringList, installed);
+    QFETCH(QString, suffix);
+    QFETCH(QByteArray, used);
+    const QString bin = path("bin");
+    QVERIFY(QDir().mkdir(bin));
+    for (const QString& name : installed)
+        writeScript(bin + QLatin1Char('/') + name, "echo " + name.toLatin1() + " >output/source.rtf");
+    const Environment environment("PATH", QFile::encodeName(bin));
+    const QString source = m_folders->path(QStringLiteral("in.") + suffix);
+    writeFile(source, "content");
+    QCOMPARE(toRtf(source, path("target.rtf"), nullptr, ORVImportExport::AutomaticEngine),
+             TextTransform::NoError);
+    QCOMPARE(readFile(path("target.rtf")), used + '\n');
+}
+
+void TestTextTransform::failureOfFirstInstalledIsFinal()
+{
+    fake("exit 1", ORVImportExport::LibreOfficeEngine);
+    fake("echo >output/source.rtf", ORVImportExport::AbiWordEngine);
+    writeFile(path("in.docx"), "content");
+    QString message;
+    QCOMPARE(toRtf(path("in.docx"), path("target.rtf"), &message, ORVImportExport::AutomaticEngine),
+             TextTransform::ToolFailed);
+    QCOMPARE(message, QStringLiteral("LibreOffice ended with exit status 1"));
+}
+
+void TestTextTransform::toolPath_data()
+{
+    QTest::addColumn<QString>("toolPath");
+    QTest::addColumn<QByteArray>("used");
+
+    QTest::newRow("name in PATH") << "other" << QByteArray("bin");
+    QTest::newRow("relative path") << "near/other" << QByteArray("near");
+    QTest::newRow("relative path with dot") << "./other" << QByteArray("here");
+    QTest::newRow("usual name again") << "" << QByteArray("usual");
+}
+
+void TestTextTransform::toolPath()
+{
+    QFETCH(QString, toolPath);
+    QFETCH(QByteArray, used);
+    QVERIFY(QDir().mkdir(path("bin")) && QDir().mkdir(path("near")));
+    writeScript(path("bin/other"), "echo bin >output/source.rtf");
+    writeScript(path("bin/pandoc"), "echo usual >output/source.rtf");
+    writeScript(path("near/other"), "echo near >output/source.rtf");
+    writeScript(path("other"), "echo here >output/source.rtf");
+    const Environment environment("PATH", QFile::encodeName(path("bin")));
+    const QString current = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_folders->path(QString())));
+    TextTransform::setToolPath(ORVImportExport::PandocEngine, QStringLiteral("/nowhere"));
+    TextTransform::setToolPath(ORVImportExport::PandocEngine, toolPath);
+    const Error error = runFake();
+    QVERIFY(QDir::setCurrent(current));
+    QCOMPARE(error, TextTransform::NoError);
+    QCOMPARE(readFile(path("target.rtf")), used + '\n');
+}
+
+void TestTextTransform::toolPathOfAutomaticEngineChangesNothing()
+{
+    fake("exit 1", ORVImportExport::AutomaticEngine);
+    fake("echo used >output/source.rtf", ORVImportExport::LibreOfficeEngine);
+    writeFile(path("in.docx"), "content");
+    QCOMPARE(toRtf(path("in.docx"), path("target.rtf"), nullptr, ORVImportExport::AutomaticEngine),
+             TextTransform::NoError);
+    QCOMPARE(readFile(path("target.rtf")), QByteArray("used\n"));
+}
+
+void TestTextTransform::programSeesOnlyItsOwnNames()
+{
+    const QByteArray record = QFile::encodeName(path("arguments"));
+    fake("printf '%s\\n' \"$@\" >'" + record + "'; cp source.docx output/source.rtf");
+    writeFile(path("$(touch oops) -x.docx"), "content");
+    QCOMPARE(toRtf(path("$(touch oops) -x.docx"), path("target.rtf")), TextTransform::NoError);
+    QCOMPARE(readFile(path("arguments")),
+             QByteArray("--sandbox\n--standalone\n--from=docx\n--to=rtf\n--output=output/source.rtf\n"
+                        "source.docx\n"));
+    QCOMPARE(readFile(path("target.rtf")), QByteArray("content"));
+}
+
+void TestTextTransform::fileNames_data()
+{
+    QTest::addColumn<QString>("name");
+
+    QTest::newRow("blanks") << " a  b .docx";
+    QTest::newRow("quotes") << "it's \"so\" `so`.docx";
+    QTest::newRow("dash") << "-o.docx";
+    QTest::newRow("two dashes") << "--output=x.docx";
+    QTest::newRow("line feed") << "a\nb.docx";
+    QTest::newRow("letters beyond ASCII") << QString::fromUtf8("Gr\xc3\xbc\xc3\x9f"
+                                                               "e \xe6\x96\x87.docx");
+    QTest::newRow("shell characters") << "a;$(b)&|*?<>\\c.docx";
+    QTest::newRow("placeholders") << "%1 %2.docx";
+    QTest::newRow("nothing but the suffix") << ".docx";
+    QTest::newRow("more dots") << "a.rtf.docx";
+    QTest::newRow("upper case") << "LETTER.DOCX";
+}
+
+void TestTextTransform::fileNames()
+{
+    QFETCH(QString, name);
+    fake("cp source.docx output/source.rtf");
+    const QString current = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_folders->path(QString())));
+    writeFile(name, "content");
+    const Error error = toRtf(name, name + QLatin1String(".rtf"));
+    const QByteArray content = readFile(name + QLatin1String(".rtf"));
+    const QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    QVERIFY(QDir::setCurrent(current));
+    QCOMPARE(error, TextTransform::NoError);
+    QCOMPARE(content, QByteArray("content"));
+    QCOMPARE(names.size(), 3); // the tool as well
+}
+
+void TestTextTransform::realProgramsTakeAnyFileName_data()
+{
+    nothingIsFetched_data();
+}
+
+void TestTextTransform::realProgramsTakeAnyFileName()
+{
+    QFETCH(int, engine);
+    const QString name = QString::fromUtf8("--x 'q' \"\n;\xc3\xbc.docx");
+    QVERIFY(QFile::copy(m_documents->path(QStringLiteral("docx")), m_folders->path(name)));
+    const QString current = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_folders->path(QString())));
+    const Error error = toRtf(name, QStringLiteral("-t.rtf"), nullptr, ORVImportExport::Engine(engine));
+    QVERIFY(QDir::setCurrent(current));
+    QCOMPARE(error, TextTransform::NoError);
+    QTextDocument document;
+    QVERIFY(ORVTextRtf::fromRtfFile(path("-t.rtf"), &document, nullptr));
+    QCOMPARE(missingWord(document.toPlainText()), QString());
+}
+
+void TestTextTransform::temporaryFolderBeyondAscii()
+{
+    const QString folder = path("t\xc3\xbc 'x'");
+    QVERIFY(QDir().mkdir(folder));
+    const Environment temporary("TMPDIR", QFile::encodeName(folder));
+    // What a system's services run in; LibreOffice would take the path for another one.
+    const Environment locale("LC_ALL", "C");
+    QCOMPARE(toRtf(m_documents->path(QStringLiteral("docx")), path("target.rtf"), nullptr,
+                   ORVImportExport::LibreOfficeEngine),
+             TextTransform::NoError);
+    QVERIFY(QDir(folder).isEmpty());
+    QCOMPARE(QDir(m_folders->path(QString())).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 2);
+}
+
+void TestTextTransform::programHasHomeAndTemporaryFilesOfItsOwn()
+{
+    const QByteArray record = QFile::encodeName(path("record"));
+    fake("touch \"$HOME/h\" \"$TMPDIR/t\"; cd \"$HOME/..\"; pwd -P >'" + record
+         + "'; cd \"$TMPDIR/..\"; pwd -P >>'" + record + "'; echo \"$DISPLAY$XDG_CONFIG_HOME\" >>'" + record
+         + "'; cat >>'" + record + "'; echo >output/source.rtf");
+    const Environment display("DISPLAY", ":7");
+    const Environment config("XDG_CONFIG_HOME", "/etc");
+    QCOMPARE(runFake(), TextTransform::NoError);
+    const QList<QByteArray> lines = readFile(path("record")).split('\n');
+    QCOMPARE(lines.size(), 4);
+    const QByteArray temporary =
+        QFile::encodeName(QFileInfo(m_folders->temporary()).canonicalFilePath()) + '/';
+    QVERIFY2(lines.at(0).startsWith(temporary), lines.at(0).constData());
+    QCOMPARE(lines.at(1), lines.at(0));
+    QCOMPARE(lines.at(2), QByteArray());
+    QCOMPARE(lines.at(3), QByteArray());
+}
+
+void TestTextTransform::failure_data()
+{
+    QTest::addColumn<QByteArray>("commands");
+    QTest::addColumn<int>("error");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("exit status") << QByteArray("exit 3") << int(TextTransform::ToolFailed)
+                                 << "pandoc ended with exit status 3";
+    QTest::newRow("exit status and words")
+        << QByteArray("echo 'no such thing %1 \xc3\xbc' >&2; echo unheard; exit 64")
+        << int(TextTransform::ToolFailed)
+        << QString::fromUtf8("pandoc ended with exit status 64\nno such thing %1 \xc3\xbc");
+    QTest::newRow("exit status although there is a file")
+        << QByteArray("echo x >output/source.rtf; exit 1") << int(TextTransform::ToolFailed)
+        << "pandoc ended with exit status 1";
+    QTest::newRow("crash") << QByteArray("echo bad >&2; kill -SEGV $$") << int(TextTransform::ToolFailed)
+                           << "pandoc crashed\nbad";
+    QTest::newRow("killed") << QByteArray("kill -KILL $$") << int(TextTransform::ToolFailed)
+                            << "pandoc crashed";
+    QTest::newRow("no file") << QByteArray("true") << int(TextTransform::NoOutput) << "pandoc wrote no file";
+    QTest::newRow("no file and words") << QByteArray("echo nothing to do >&2") << int(TextTransform::NoOutput)
+                                       << "pandoc wrote no file\nnothing to do";
+    QTest::newRow("folder instead of a file")
+        << QByteArray("mkdir output/source.rtf") << int(TextTransform::NoOutput) << "pandoc wrote no file";
+    QTest::newRow("hangs") << QByteArray("while :; do sleep 1000; done") << int(TextTransform::ToolTimedOut)
+                           << "pandoc did not end within 0.3 seconds";
+    QTest::newRow("hangs after words")
+        << QByteArray("echo wait >&2; echo x >output/source.rtf; sleep 1000")
+        << int(TextTransform::ToolTimedOut) << "pandoc did not end within 0.3 seconds\nwait";
+    QTest::newRow("cannot be told to end")
+        << QByteArray("trap '' TERM INT HUP; while :; do sleep 1000; done")
+        << int(TextTransform::ToolTimedOut) << "pandoc did not end within 0.3 seconds";
+}
+
+void TestTextTransform::failure()
+{
+    QFETCH(QByteArray, commands);
+    QFETCH(int, error);
+    QFETCH(QString, message);
+    fake(commands);
+    if (error == TextTransform::ToolTimedOut)
+        TextTransform::setTimeout(ShortTimeout);
+    QString given;
+    QCOMPARE(int(runFake(&given)), error);
+    QCOMPARE(given, message);
+    QVERIFY(!QFile::exists(path("target.rtf")));
+
+    writeFile(path("target.rtf"), "old");
+    QCOMPARE(int(runFake()), error);
+    QCOMPARE(readFile(path("target.rtf")), QByteArray("old"));
+}
+
+void TestTextTransform::longErrorOutputKeepsItsEnd()
+{
+    fake("i=0; while [ $i -lt 3000 ]; do echo 'ninechars'; i=$((i + 1)); done >&2; printf END >&2; exit 1");
+    QString message;
+    QCOMPARE(runFake(&message), TextTransform::ToolFailed);
+    const QString start = QStringLiteral("pandoc ended with exit status 1\n");
+    QVERIFY(message.startsWith(start));
+    QVERIFY(message.endsWith(QLatin1String("\nninechars\nEND")));
+    QCOMPARE(message.size(), start.size() + 2000);
+}
+
+void TestTextTransform::successLeavesErrorStringAlone()
+{
+    fake("echo warning >&2; echo >output/source.rtf");
+    QString message = QStringLiteral("as before");
+    QCOMPARE(runFake(&message), TextTransform::NoError);
+    QCOMPARE(message, QStringLiteral("as before"));
+}
+
+void TestTextTransform::hangingProgramIsKilledWithChildren()
+{
+    const QByteArray child = QFile::encodeName(path("child"));
+    const QByteArray grandchild = QFile::encodeName(path("grandchild"));
+    fake("sh -c 'echo $$ >\"" + child + "\"; sleep 1000 & echo $! >\"" + grandchild + ".new\"; mv \""
+         + grandchild + ".new\" \"" + grandchild + "\"; wait'");
+    TextTransform::setTimeout(ShortTimeout);
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(runFake(), TextTransform::ToolTimedOut);
+    QVERIFY(timer.elapsed() >= ShortTimeout);
+    QVERIFY2(timer.elapsed() < 60000, qPrintable(QString::number(timer.elapsed())));
+    QTRY_VERIFY(!isAlive(readFile(path("child"))));
+    QTRY_VERIFY(!isAlive(readFile(path("grandchild"))));
+}
+
+void TestTextTransform::childrenDoNotOutliveProgram()
+{
+    const QByteArray child = QFile::encodeName(path("child"));
+    fake("sleep 1000 & echo $! >'" + child + "'; echo >output/source.rtf");
+    QCOMPARE(runFake(), TextTransform::NoError);
+    QTRY_VERIFY(!isAlive(readFile(path("child"))));
+}
+
+void TestTextTransform::noLimitBelowOne()
+{
+    fake("echo >output/source.rtf");
+    TextTransform::setTimeout(0);
+    QCOMPARE(runFake(), TextTransform::NoError);
+    TextTransform::setTimeout(-1);
+    QCOMPARE(runFake(), TextTransform::NoError);
+}
+
+void TestTextTransform::unsupported_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("format");
+    QTest::addColumn<int>("engine");
+    QTest::addColumn<QString>("message");
+
+    const QString all = QStringLiteral("LibreOffice, AbiWord, pandoc");
+    const QString text = QStringLiteral("Cannot convert '.%1' files to this format: %2");
+    const int automatic = ORVImportExport::AutomaticEngine;
+    const int rtf = ORVFormat::Rtf;
+    QTest::newRow("no suffix") << "in" << rtf << automatic << text.arg(QString(), all);
+    QTest::newRow("plain text") << "in.txt" << rtf << automatic << text.arg(QStringLiteral("txt"), all);
+    QTest::newRow("PDF") << "in.pdf" << rtf << automatic << text.arg(QStringLiteral("pdf"), all);
+    QTest::newRow("HTML with AbiWord") << "in.html" << rtf << int(ORVImportExport::AbiWordEngine)
+                                       << text.arg(QStringLiteral("html"), QStringLiteral("AbiWord"));
+    QTest::newRow("no such format") << "in.docx" << 0 << automatic << text.arg(QStringLiteral("docx"), all);
+    QTest::newRow("format below all")
+        << "in.docx" << -1 << automatic << text.arg(QStringLiteral("docx"), all);
+    QTest::newRow("format above all") << "in.docx" << 5 << automatic << text.arg(QStringLiteral("docx"), all);
+    QTest::newRow("doc with pandoc") << "in.doc" << rtf << int(ORVImportExport::PandocEngine)
+                                     << text.arg(QStringLiteral("doc"), QStringLiteral("pandoc"));
+    QTest::newRow("ODT from pandoc") << "in.docx" << int(ORVFormat::Odt) << int(ORVImportExport::PandocEngine)
+                                     << text.arg(QStringLiteral("docx"), QStringLiteral("pandoc"));
+    QTest::newRow("ODT from AbiWord")
+        << "in.docx" << int(ORVFormat::Odt) << int(ORVImportExport::AbiWordEngine)
+        << text.arg(QStringLiteral("docx"), QStringLiteral("AbiWord"));
+    QTest::newRow("HTML from pandoc")
+        << "in.docx" << int(ORVFormat::Html) << int(ORVImportExport::PandocEngine)
+        << text.arg(QStringLiteral("docx"), QStringLiteral("pandoc"));
+    QTest::newRow("HTML from AbiWord")
+        << "in.docx" << int(ORVFormat::Html) << int(ORVImportExport::AbiWordEngine)
+        << text.arg(QStringLiteral("docx"), QStringLiteral("AbiWord"));
+    QTest::newRow("unknown engine") << "in.docx" << rtf << 17 << text.arg(QStringLiteral("docx"), QString());
+}
+
+void TestTextTransform::unsupported()
+{
+    QFETCH(QString, name);
+    QFETCH(int, format);
+    QFETCH(int, engine);
+    QFETCH(QString, message);
+    const QString source = m_folders->path(name);
+    writeFile(source, "content");
+    QString given;
+    QCOMPARE(TextTransform::transformFileViaTools(source, path("target"), ORVFormat::Format(format),
+                                                  ORVImportExport::Engine(engine), &given, true),
+             TextTransform::UnsupportedFormat);
+    QCOMPARE(given, message);
+    QVERIFY(!QFile::exists(path("target")));
+}
+
+void TestTextTransform::toolNotFound_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("engine");
+    QTest::addColumn<QString>("toolPath");
+    QTest::addColumn<QString>("message");
+
+    const int automatic = ORVImportExport::AutomaticEngine;
+    const QString none;
+    QTest::newRow("docx") << "in.docx" << automatic << none
+                          << "Looked for: LibreOffice (soffice, libreoffice), AbiWord (abiword), "
+                             "pandoc (pandoc)";
+    QTest::newRow("doc") << "in.doc" << automatic << none
+                         << "Looked for: LibreOffice (soffice, libreoffice), AbiWord (abiword)";
+    QTest::newRow("LibreOffice") << "in.docx" << int(ORVImportExport::LibreOfficeEngine) << none
+                                 << "Looked for: LibreOffice (soffice, libreoffice)";
+    QTest::newRow("AbiWord") << "in.docx" << int(ORVImportExport::AbiWordEngine) << none
+                             << "Looked for: AbiWord (abiword)";
+    QTest::newRow("pandoc") << "in.docx" << int(ORVImportExport::PandocEngine) << none
+                            << "Looked for: pandoc (pandoc)";
+    QTest::newRow("path of nothing") << "in.docx" << int(ORVImportExport::PandocEngine) << "/no/such/tool"
+                                     << "Looked for: pandoc (/no/such/tool)";
+    QTest::newRow("path of a folder") << "in.docx" << int(ORVImportExport::PandocEngine) << "/usr"
+                                      << "Looked for: pandoc (/usr)";
+    QTest::newRow("path of a file that is no program")
+        << "in.docx" << int(ORVImportExport::PandocEngine) << "/etc/passwd"
+        << "Looked for: pandoc (/etc/passwd)";
+}
+
+void TestTextTransform::toolNotFound()
+{
+    QFETCH(QString, name);
+    QFETCH(int, engine);
+    QFETCH(QString, toolPath);
+    QFETCH(QString, message);
+    const Environment environment("PATH", QByteArray());
+    TextTransform::setToolPath(ORVImportExport::PandocEngine, toolPath);
+    const QString source = m_folders->path(name);
+    writeFile(source, "content");
+    QString given;
+    QCOMPARE(toRtf(source, path("target.rtf"), &given, ORVImportExport::Engine(engine)),
+             TextTransform::ToolNotFound);
+    QCOMPARE(given, message);
+    QVERIFY(!QFile::exists(path("target.rtf")));
+}
+
+void TestTextTransform::sourceNotReadable_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("reason");
+
+    QTest::newRow("missing") << "missing.docx"
+                             << "No such file or directory";
+    QTest::newRow("below a file") << "file/in.docx"
+                                  << "Not a directory";
+    QTest::newRow("folder") << "folder.docx"
+                            << "not a file";
+    QTest::newRow("named pipe") << "pipe.docx"
+                                << "not a file";
+}
+
+void TestTextTransform::sourceNotReadable()
+{
+    QFETCH(QString, name);
+    QFETCH(QString, reason);
+    fake("echo >output/source.rtf");
+    writeFile(path("file"), "content");
+    QVERIFY(QDir().mkdir(path("folder.docx")));
+    QCOMPARE(mkfifo(QFile::encodeName(path("pipe.docx")).constData(), 0600), 0);
+    const QString source = m_folders->path(name);
+    QString message;
+    QCOMPARE(toRtf(source, path("target.rtf"), &message), TextTransform::SourceNotReadable);
+    QCOMPARE(message, QStringLiteral("Could not read '%1': %2").arg(source, reason));
+    QVERIFY(!QFile::exists(path("target.rtf")));
+}
+
+void TestTextTransform::sourceIsReadBeforeToolsAreLookedFor()
+{
+    const Environment environment("PATH", QByteArray());
+    QCOMPARE(toRtf(path("missing.docx"), path("target.rtf")), TextTransform::SourceNotReadable);
+}
+
+void TestTextTransform::newTargetIsPrivate()
+{
+    fake("cp source.docx output/source.rtf; chmod 644 output/source.rtf");
+    QCOMPARE(runFake(), TextTransform::NoError);
+    QCOMPARE(int(QFile::permissions(path("target.rtf"))
+                 & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther)),
+             0);
+    QCOMPARE(readFile(path("target.rtf")), QByteArray("content"));
+}
+
+void TestTextTransform::oldTargetIsReplaced()
+{
+    fake("cp source.docx output/source.rtf");
+    writeFile(path("target.rtf"), "old, and longer than the new content");
+    const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
+    QVERIFY(QFile::setPermissions(path("target.rtf"), permissions));
+    QCOMPARE(runFake(), TextTransform::NoError);
+    QCOMPARE(readFile(path("target.rtf")), QByteArray("content"));
+    QVERIFY(QFile::permissions(path("target.rtf")) & QFile::ReadGroup);
+}
+
+void TestTextTransform::targetBelowMissingFolder()
+{
+    fake("cp source.docx output/source.rtf");
+    writeFile(path("in.docx"), "content");
+    QString message;
+    QCOMPARE(toRtf(path("in.docx"), path("missing/target.rtf"), &message), TextTransform::NoOutput);
+    QCOMPARE(
+        message,
+        QStringLiteral("Could not write '%1': No such file or directory").arg(path("missing/target.rtf")));
+    QVERIFY(!QFile::exists(path("missing")));
+}
+
+void TestTextTransform::targetIsFolder()
+{
+    fake("cp source.docx output/source.rtf");
+    QVERIFY(QDir().mkdir(path("target.rtf")));
+    QString message;
+    QCOMPARE(runFake(&message), TextTransform::NoOutput);
+    QVERIFY2(message.startsWith(QStringLiteral("Could not write '%1': ").arg(path("target.rtf"))),
+             qPrintable(message));
+    QVERIFY(QDir(path("target.rtf")).isEmpty());
+}
+
+void TestTextTransform::targetMayBeSource()
+{
+    fake("tr a-z A-Z <source.rtf >output/source.rtf");
+    writeFile(path("in.rtf"), "content");
+    QCOMPARE(toRtf(path("in.rtf"), path("in.rtf")), TextTransform::NoError);
+    QCOMPARE(readFile(path("in.rtf")), QByteArray("CONTENT"));
+}
+
+void TestTextTransform::errorDescriptions_data()
+{
+    QTest::addColumn<int>("error");
+    QTest::addColumn<QString>("description");
+
+    QTest::newRow("none") << 0 << QString();
+    QTest::newRow("UnsupportedFormat") << 1 << "No program for this conversion is known";
+    QTest::newRow("SourceNotReadable") << 2 << "The file could not be read";
+    QTest::newRow("ToolNotFound") << 3 << "No program for this conversion is installed";
+    QTest::newRow("ToolFailed") << 4 << "The conversion program failed";
+    QTest::newRow("ToolTimedOut") << 5 << "The conversion program took too long";
+    QTest::newRow("NoOutput") << 6 << "The converted file was not written";
+    QTest::newRow("unknown") << 7 << QString();
+}
+
+void TestTextTransform::errorDescriptions()
+{
+    QFETCH(int, error);
+    QFETCH(QString, description);
+    QCOMPARE(TextTransform::errorDescription(Error(error)), description);
+}
+
+void TestTextTransform::messagesAreTranslated()
+{
+    ContextTranslator translator;
+    QVERIFY(QCoreApplication::installTranslator(&translator));
+    fake("exit 2");
+    QString message;
+    runFake(&message);
+    const QString description = TextTransform::errorDescription(TextTransform::ToolFailed);
+    QCoreApplication::removeTranslator(&translator);
+    QCOMPARE(message, QStringLiteral("[TextTransform] pandoc ended with exit status 2"));
+    QCOMPARE(description, QStringLiteral("[TextTransform] The conversion program failed"));
+}
+
+void TestTextTransform::conversionsInSeveralThreads()
+{
+    const int count = 3;
+    int errors[count] = {-1, -1, -1};
+    std::vector<std::thread> threads;
+    for (int i = 0; i < count; ++i)
+        threads.emplace_back([this, &errors, i] {
+            errors[i] = toRtf(m_documents->path(QStringLiteral("docx")),
+                              m_folders->path(QStringLiteral("target%1").arg(i)), nullptr,
+                              ORVImportExport::LibreOfficeEngine);
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    for (int i = 0; i < count; ++i) {
+        QCOMPARE(errors[i], int(TextTransform::NoError));
+        QTextDocument document;
+        QVERIFY(
+            ORVTextRtf::fromRtfFile(m_folders->path(QStringLiteral("target%1").arg(i)), &document, nullptr));
+        QCOMPARE(missingWord(document.toPlainText()), QString());
+    }
+}
+
+QTEST_GUILESS_MAIN(TestTextTransform)
+#include "tst_texttransform.moc"
