@@ -136,6 +136,7 @@ private slots:
     void failure_data();
     void failure();
     void longErrorOutputKeepsItsEnd();
+    void plainTextMayBeEmpty();
     void successLeavesErrorStringAlone();
     void hangingProgramIsKilledWithChildren();
     void childrenDoNotOutliveProgram();
@@ -554,11 +555,13 @@ void TestTextTransform::failure_data()
                            << "pandoc crashed\nbad";
     QTest::newRow("killed") << QByteArray("kill -KILL $$") << int(TextTransform::ToolFailed)
                             << "pandoc crashed";
-    QTest::newRow("no file") << QByteArray("true") << int(TextTransform::NoOutput) << "pandoc wrote no file";
+    QTest::newRow("no file") << QByteArray("true") << int(TextTransform::NoOutput) << "pandoc wrote nothing";
     QTest::newRow("no file and words") << QByteArray("echo nothing to do >&2") << int(TextTransform::NoOutput)
-                                       << "pandoc wrote no file\nnothing to do";
+                                       << "pandoc wrote nothing\nnothing to do";
+    QTest::newRow("empty file") << QByteArray(": >output/source.rtf") << int(TextTransform::NoOutput)
+                                << "pandoc wrote nothing";
     QTest::newRow("folder instead of a file")
-        << QByteArray("mkdir output/source.rtf") << int(TextTransform::NoOutput) << "pandoc wrote no file";
+        << QByteArray("mkdir output/source.rtf") << int(TextTransform::NoOutput) << "pandoc wrote nothing";
     QTest::newRow("hangs") << QByteArray("while :; do sleep 1000; done") << int(TextTransform::ToolTimedOut)
                            << "pandoc did not end within 0.3 seconds";
     QTest::newRow("hangs after words")
@@ -596,6 +599,16 @@ void TestTextTransform::longErrorOutputKeepsItsEnd()
     QVERIFY(message.startsWith(start));
     QVERIFY(message.endsWith(QLatin1String("\nninechars\nEND")));
     QCOMPARE(message.size(), start.size() + 2000);
+}
+
+void TestTextTransform::plainTextMayBeEmpty()
+{
+    fake(": >output/source.txt");
+    writeFile(path("in.docx"), "content");
+    QCOMPARE(TextTransform::transformFileViaTools(path("in.docx"), path("target.txt"), ORVFormat::PlainText,
+                                                  ORVImportExport::PandocEngine, nullptr, true),
+             TextTransform::NoError);
+    QCOMPARE(readFile(path("target.txt")), QByteArray());
 }
 
 void TestTextTransform::successLeavesErrorStringAlone()

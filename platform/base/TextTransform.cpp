@@ -220,9 +220,11 @@ Result convert(QFile& source, const QString& suffix, const QString& target, ORVF
     if (result.error != TextTransform::NoError)
         return result;
     const QString output = QDir(folder).filePath(ORVConversionTool::outputName(format));
-    if (!QFileInfo(output).isFile())
+    const QFileInfo info(output);
+    // Only plain text can be a file of no bytes.
+    if (!info.isFile() || (info.size() == 0 && format != ORVFormat::PlainText))
         return {TextTransform::NoOutput,
-                withOutput(QCoreApplication::translate("TextTransform", "%1 wrote no file").arg(tool.name()),
+                withOutput(QCoreApplication::translate("TextTransform", "%1 wrote nothing").arg(tool.name()),
                            process)};
     return store(output, target);
 }
