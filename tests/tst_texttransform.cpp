@@ -135,6 +135,8 @@ private slots:
 
     void failure_data();
     void failure();
+    void programThatCannotBeStarted();
+    void noFolderForTemporaryFiles();
     void longErrorOutputKeepsItsEnd();
     void plainTextMayBeEmpty();
     void successLeavesErrorStringAlone();
@@ -588,6 +590,26 @@ void TestTextTransform::failure()
     writeFile(path("target.rtf"), "old");
     QCOMPARE(int(runFake()), error);
     QCOMPARE(readFile(path("target.rtf")), QByteArray("old"));
+}
+
+void TestTextTransform::programThatCannotBeStarted()
+{
+    fake("exit 0");
+    writeFile(path("tool3"), "#!/no/such/interpreter\n");
+    QString message;
+    QCOMPARE(runFake(&message), TextTransform::ToolFailed);
+    QVERIFY2(message.startsWith(QLatin1String("pandoc could not be started\n")), qPrintable(message));
+    QVERIFY(!QFile::exists(path("target.rtf")));
+}
+
+void TestTextTransform::noFolderForTemporaryFiles()
+{
+    fake("echo >output/source.rtf");
+    const Environment temporary("TMPDIR", QFile::encodeName(path("missing")));
+    QString message;
+    QCOMPARE(runFake(&message), TextTransform::NoOutput);
+    QCOMPARE(message, QStringLiteral("There is no folder for temporary files"));
+    QVERIFY(!QFile::exists(path("target.rtf")));
 }
 
 void TestTextTransform::longErrorOutputKeepsItsEnd()

@@ -163,7 +163,7 @@ Result store(const QString& output, const QString& target)
     // What a user keeps in a closed folder must not lie open in the folder for temporary files.
     if (isNew)
         to.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    const Result result = copy(from, to);
+    Result result = copy(from, to);
     if (result.error != TextTransform::NoError)
         return result;
     return to.commit() ? Result() : cannotWrite(target, to.errorString());
@@ -247,9 +247,11 @@ Result transform(const QString& source, const QString& target, ORVFormat::Format
     if (found.isEmpty())
         return lookedFor(tools);
     QTemporaryDir folder;
-    if (!folder.isValid())
-        return cannotWrite(folder.path(), folder.errorString());
-    const Result result = convert(file, suffix, target, format, found.first(), folder.path());
+    // Where the system's folder for temporary files is missing, Qt takes the current one.
+    if (!folder.isValid() || !QFileInfo(QDir::tempPath()).isDir())
+        return {TextTransform::NoOutput,
+                QCoreApplication::translate("TextTransform", "There is no folder for temporary files")};
+    Result result = convert(file, suffix, target, format, found.first(), folder.path());
     // A program that was killed may have been making one more file meanwhile; the destructor tries again.
     folder.remove();
     return result;
