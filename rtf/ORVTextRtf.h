@@ -3,6 +3,10 @@
 
 #include "ORVRtfGlobal.h"
 
+#include <ORVImportExport.h>
+
+#include <QtCore/QStringList>
+
 class ORVTextRtfWriter;
 class QByteArray;
 class QFont;
@@ -118,6 +122,20 @@ public:
 
     /*! As parseRtfMimeData(), of the type ORV::OrvellineMarkupRtfMimeType. */
     static bool fromOrvellineMarkupRtfMimeData(const QMimeData* mime, QTextDocument* document);
+
+    /*!
+        Replaces the content of \a document by that of the file \a fileName, whose suffix, in upper or lower
+        case, says what it is: .txt (Latin-1), .html (UTF-8), .rtf, or .doc, .docx and .odt, which \a engine
+        turns into RTF first, see TextTransform::transformFileViaTools(). The thread waits for that.
+
+        Returns true when there is nothing to complain about. Messages in words replace what \a errors holds,
+        unless that is null; with RTF that is damaged the document then holds what could be read. Two failures
+        come without a message: for any other suffix (also .htm) false is returned and \a errors left alone;
+        for a .txt or .html file that is missing or unreadable the result is true. Neither touches the
+        document.
+    */
+    static bool loadFileIntoDocument(const QString& fileName, QTextDocument* document,
+                                     ORVImportExport::Engine engine, QStringList* errors);
 
 private:
     /*! \a document as \a writer, with the settings it has, writes it; empty when it cannot be written. */

@@ -2,6 +2,7 @@
 #define QTCOMPAT_P_H
 
 #include <QtCore/QCoreApplication>
+#include <QtCore/QProcess>
 #include <QtCore/QStringList>
 #include <QtCore/QVariant>
 #include <QtGui/QColor>
@@ -13,6 +14,11 @@
 
 #include <cmath>
 #include <limits>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <unistd.h>
+#endif
 
 /*!
     Where the supported versions of Qt differ, and the few numeric rules that must not follow Qt.
@@ -219,6 +225,37 @@ inline QString toString(const QVariant& value)
     const QByteArray bytes = value.toByteArray();
     const QString text = QString::fromUtf8(bytes);
     return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
+}
+
+/*! A process that leads a process group of its own, where the system has such, see killGroup(). */
+class GroupProcess : public QProcess {
+#ifdef Q_OS_UNIX
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+public:
+    GroupProcess()
+    {
+        setChildProcessModifier([] { ::setpgid(0, 0); });
+    }
+#else
+protected:
+    void setupChildProcess() override
+    {
+        ::setpgid(0, 0);
+    }
+#endif
+#endif
+};
+
+/*! Kills what is left of the group that the process with the id \a leader leads or led: all that it started.
+ */
+inline void killGroup(qint64 leader)
+{
+#ifdef Q_OS_UNIX
+    if (leader > 1)
+        ::kill(-pid_t(leader), SIGKILL);
+#else
+    Q_UNUSED(leader);
+#endif
 }
 
 } // namespace compat

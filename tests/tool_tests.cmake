@@ -20,6 +20,10 @@ orv_add_test(tool_documents SOURCES
     ../tools/orvrtf/TextExport.cpp)
 target_include_directories(tst_tool_documents PRIVATE ../tools/orvrtf)
 
+orv_add_test(tool_formats LABELS slow)
+add_dependencies(tst_tool_formats orvrtf)
+target_compile_definitions(tst_tool_formats PRIVATE ORVRTF_TOOL="$<TARGET_FILE:orvrtf>")
+
 # README.md's example as it stands there, so that it compiles and works for its readers.
 add_executable(readme_example ${CMAKE_CURRENT_BINARY_DIR}/readme_example.cpp)
 add_custom_command(OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/readme_example.cpp

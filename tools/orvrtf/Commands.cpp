@@ -6,6 +6,7 @@
 #include "Streams.h"
 #include "TextExport.h"
 
+#include <ORVTextRtf.h>
 #include <ORVTextRtfReader.h>
 #include <ORVTextRtfStripper.h>
 
@@ -102,8 +103,22 @@ QByteArray converted(QTextDocument& document, const Options& options)
     return QByteArray();
 }
 
+/*! For input that another program converts; nothing is written unless all of it could be read. */
+ExitCode convertWithEngine(const Options& options)
+{
+    QTextDocument document;
+    QStringList errors;
+    if (ORVTextRtf::loadFileIntoDocument(options.input, &document, options.engine, &errors))
+        return output(options.output, converted(document, options), Success);
+    for (const QString& error : qAsConst(errors))
+        printError(error);
+    return Failure;
+}
+
 ExitCode convert(const Options& options)
 {
+    if (options.needsEngine)
+        return convertWithEngine(options);
     QTextDocument document;
     const ReadResult result = readDocument(options.input, options.inputFormat, document);
     const ExitCode code = reportReading(options.input, result);

@@ -12,8 +12,9 @@ const char* const description =
     "\n"
     "Commands:\n"
     "  convert IN OUT  Convert between RTF, HTML and plain text. The suffixes (.rtf,\n"
-    "                  .html, .htm or .txt) say which, unless --from and --to do. Any\n"
-    "                  other IN is taken for RTF.\n"
+    "                  .html, .htm or .txt) say which, unless --from and --to do. IN\n"
+    "                  can also be .doc, .docx or .odt, where LibreOffice, AbiWord or\n"
+    "                  pandoc is installed. Any other IN is taken for RTF.\n"
     "  info IN         Count what IN holds: paragraphs, words, characters, fonts,\n"
     "                  pictures, links, notes, tables and lists.\n"
     "  check IN        Say whether IN is sound.\n"
@@ -39,6 +40,10 @@ struct Arguments {
     QCommandLineOption from{QLatin1String("from"),
                             QLatin1String("Format of IN for convert: rtf, html or txt."),
                             QLatin1String("format")};
+    QCommandLineOption engine{
+        QLatin1String("engine"),
+        QLatin1String("Program that reads .doc, .docx and .odt: auto, libreoffice, abiword or pandoc."),
+        QLatin1String("name")};
     QCommandLineOption to{QLatin1String("to"), QLatin1String("Format of OUT for convert: rtf, html or txt."),
                           QLatin1String("format")};
     QCommandLineOption storage{QLatin1String("storage"),
@@ -61,8 +66,8 @@ struct Arguments {
 Arguments::Arguments()
 {
     parser.setApplicationDescription(QLatin1String(description));
-    parser.addOptions(
-        {help, version, from, to, storage, msWordHighlight, decorateLinks, footnotes, annotations, json});
+    parser.addOptions({help, version, from, engine, to, storage, msWordHighlight, decorateLinks, footnotes,
+                       annotations, json});
     parser.addPositionalArgument(QLatin1String("COMMAND"), QLatin1String("convert, info, check or strip."));
     parser.addPositionalArgument(QLatin1String("IN"), QLatin1String("File to read."));
     parser.addPositionalArgument(QLatin1String("OUT"), QLatin1String("File that convert and strip write."),
@@ -113,6 +118,51 @@ bool styleFromName(const QString& name, ORVTextRtf::ExportStyle* style)
     return true;
 }
 
+bool engineFromName(const QString& name, ORVImportExport::Engine* engine)
+{
+    if (name == QLatin1String("auto"))
+        *engine = ORVImportExport::AutomaticEngine;
+    else if (name == QLatin1String("libreoffice"))
+        *engine = ORVImportExport::LibreOfficeEngine;
+    else if (name == QLatin1String("abiword"))
+        *engine = ORVImportExport::AbiWordEngine;
+    else if (name == QLatin1String("pandoc"))
+        *engine = ORVImportExport::PandocEngine;
+    else
+        return false;
+    return true;
+}
+
+/*! Whether files that end in \a suffix are read through another program. */
+bool isWordProcessorSuffix(const QString& suffix)
+{
+    const QString lower = suffix.toLower();
+    return lower == QLatin1String("doc") || lower == QLatin1String("docx") || lower == QLatin1String("odt");
+}
+
+/*! Finds out what the input of convert is; a text says what is wrong with the options, if anything is. */
+QString readInputOptions(const Arguments& arguments, Options* options)
+{
+    const QCommandLineParser& parser = arguments.parser;
+    const QString suffix = QFileInfo(options->input).suffix();
+    if (parser.isSet(arguments.from)) {
+        const QString name = parser.value(arguments.from);
+        if (!formatFromName(name, &options->inputFormat))
+            return QString::fromLatin1("unknown input format \"%1\", known are rtf, html and txt").arg(name);
+    } else if (!formatFromName(suffix, &options->inputFormat)) {
+        options->needsEngine = isWordProcessorSuffix(suffix);
+    }
+    if (!parser.isSet(arguments.engine))
+        return QString();
+    if (!options->needsEngine)
+        return QLatin1String("--engine goes with .doc, .docx and .odt input only");
+    const QString name = parser.value(arguments.engine);
+    if (engineFromName(name, &options->engine))
+        return QString();
+    return QString::fromLatin1("unknown engine \"%1\", known are auto, libreoffice, abiword and pandoc")
+        .arg(name);
+}
+
 /*! Reads the options that steer the writing of RTF; a text says what is wrong with them, if anything is. */
 QString readRtfOptions(const Arguments& arguments, Options* options)
 {
@@ -154,14 +204,9 @@ Options twoFileOptions(Options::Command command, const QString& name, const QStr
 
 Options convertOptions(const Arguments& arguments, Options options)
 {
-    if (arguments.parser.isSet(arguments.from)) {
-        const QString name = arguments.parser.value(arguments.from);
-        if (!formatFromName(name, &options.inputFormat))
-            return invalid(
-                QString::fromLatin1("unknown input format \"%1\", known are rtf, html and txt").arg(name));
-    } else if (!formatFromName(QFileInfo(options.input).suffix(), &options.inputFormat)) {
-        options.inputFormat = Options::Rtf;
-    }
+    const QString inputProblem = readInputOptions(arguments, &options);
+    if (!inputProblem.isEmpty())
+        return invalid(inputProblem);
     if (arguments.parser.isSet(arguments.to)) {
         const QString name = arguments.parser.value(arguments.to);
         if (!formatFromName(name, &options.outputFormat))
@@ -209,8 +254,8 @@ Options commandOptions(const Arguments& arguments)
     if (command == Options::Invalid)
         return invalid(QString::fromLatin1("unknown command \"%1\"").arg(name));
     for (const QCommandLineOption& option :
-         {arguments.from, arguments.to, arguments.storage, arguments.msWordHighlight, arguments.decorateLinks,
-          arguments.footnotes, arguments.annotations}) {
+         {arguments.from, arguments.engine, arguments.to, arguments.storage, arguments.msWordHighlight,
+          arguments.decorateLinks, arguments.footnotes, arguments.annotations}) {
         if (arguments.parser.isSet(option) && command != Options::Convert)
             return invalid(
                 QString::fromLatin1("--%1 does not go with %2").arg(option.names().constFirst(), name));

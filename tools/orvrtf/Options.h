@@ -3,6 +3,8 @@
 
 #include "RtfExport.h"
 
+#include <ORVImportExport.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -20,6 +22,9 @@ struct Options {
     /*! Path of the output, "-" for the standard output; of Convert and Strip. */
     QString output;
     Format inputFormat = Rtf;
+    /*! Whether the input is of a word processor, which engine converts, and inputFormat says nothing. */
+    bool needsEngine = false;
+    ORVImportExport::Engine engine = ORVImportExport::AutomaticEngine;
     Format outputFormat = Html;
     RtfExportOptions rtf;
     bool json = false;

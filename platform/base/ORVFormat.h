@@ -1,0 +1,11 @@
+#ifndef ORVFORMAT_H
+#define ORVFORMAT_H
+
+/*! Formats of documents that TextTransform can be asked for. The numbers are part of the interface. */
+namespace ORVFormat {
+
+enum Format { PlainText = 1, Html = 2, Odt = 3, Rtf = 4 };
+
+} // namespace ORVFormat
+
+#endif

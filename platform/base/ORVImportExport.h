@@ -1,0 +1,17 @@
+#ifndef ORVIMPORTEXPORT_H
+#define ORVIMPORTEXPORT_H
+
+/*! The programs that convert documents of other formats. */
+namespace ORVImportExport {
+
+enum Engine {
+    /*! Whichever is installed: LibreOffice before AbiWord before pandoc. */
+    AutomaticEngine = 0,
+    LibreOfficeEngine,
+    AbiWordEngine,
+    PandocEngine
+};
+
+} // namespace ORVImportExport
+
+#endif

@@ -1,0 +1,82 @@
+#include "ORVToolProcess_p.h"
+
+#include "QtCompat_p.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QFile>
+#include <QtCore/QProcessEnvironment>
+
+namespace {
+
+const char* const homeFolder = "home";
+const char* const temporaryFolder = "temp";
+const char* const errorFile = "errors.txt";
+
+// Bytes of what a program prints that are kept: what it says last is what it failed from.
+const qint64 maxErrorOutput = 2000;
+
+// A killed process is gone at once, unless the system itself keeps it.
+const int killTimeout = 5000;
+
+QProcessEnvironment environment(const QString& home, const QString& temporary)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* const name : {"DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS",
+                                   "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"})
+        environment.remove(QLatin1String(name));
+    environment.insert(QLatin1String("HOME"), home);
+    environment.insert(QLatin1String("XDG_RUNTIME_DIR"), home);
+    for (const char* const name : {"TMPDIR", "TMP", "TEMP"})
+        environment.insert(QLatin1String(name), temporary);
+    // In the "C" locale LibreOffice takes paths beyond ASCII for others, and would write there.
+    environment.insert(QLatin1String("LC_ALL"), QLatin1String("C.UTF-8"));
+    return environment;
+}
+
+} // namespace
+
+ORVToolProcess::Outcome ORVToolProcess::run(const QStringList& arguments, int timeout)
+{
+    const QDir dir(m_folder);
+    dir.mkdir(QLatin1String(homeFolder));
+    dir.mkdir(QLatin1String(temporaryFolder));
+    compat::GroupProcess process;
+    process.setWorkingDirectory(m_folder);
+    process.setProcessEnvironment(environment(path(homeFolder), path(temporaryFolder)));
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(path(errorFile));
+    process.start(m_program, arguments);
+    if (!process.waitForStarted(-1)) {
+        m_errorOutput = process.errorString();
+        return NotStarted;
+    }
+    const qint64 id = process.processId();
+    const bool isFinished = process.waitForFinished(timeout > 0 ? timeout : -1);
+    compat::killGroup(id);
+    if (!isFinished) {
+        process.kill();
+        process.waitForFinished(killTimeout);
+    }
+    m_errorOutput = printedErrors();
+    if (!isFinished)
+        return TimedOut;
+    if (process.exitStatus() == QProcess::CrashExit)
+        return Crashed;
+    m_exitCode = process.exitCode();
+    return m_exitCode == 0 ? Succeeded : Failed;
+}
+
+QString ORVToolProcess::path(const char* name) const
+{
+    return QDir(m_folder).absoluteFilePath(QLatin1String(name));
+}
+
+QString ORVToolProcess::printedErrors() const
+{
+    QFile file(path(errorFile));
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    file.seek(qMax(qint64(0), file.size() - maxErrorOutput));
+    return QString::fromUtf8(file.read(maxErrorOutput)).trimmed();
+}
