@@ -1,5 +1,7 @@
 #include "ORVRtfInput_p.h"
 
+#include "ORVRtfHexadecimal_p.h"
+
 #include <QtCore/QIODevice>
 
 #include <cstring>
@@ -17,11 +19,6 @@ const int pieceSize = 8192;
 bool isSpecial(char c)
 {
     return c == '\\' || c == '{' || c == '}' || c == '\n' || c == '\r';
-}
-
-bool isHexadecimalDigit(char c)
-{
-    return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
 }
 
 } // namespace
@@ -100,14 +97,17 @@ void ORVRtfInput::skip(qint64 count)
     }
 }
 
-QByteArray ORVRtfInput::takeHexadecimalDigits(int limit)
+int ORVRtfInput::hexadecimalDigits(int limit)
 {
     int count = 0;
-    while (count < limit && isHexadecimalDigit(charAt(count)))
-        ++count;
-    QByteArray digits(data(), count);
-    release(count);
-    return digits;
+    bool ok = true;
+    while (ok) {
+        count += ORVRtfHexadecimal::digitCount(data() + count, qMin(available(), limit) - count);
+        if (count == limit || count < available())
+            break;
+        charAt(count, &ok);
+    }
+    return count;
 }
 
 bool ORVRtfInput::isFetched() const

@@ -48,8 +48,11 @@ public:
     /*! Moves the read position over \a count bytes, refilling the buffer, but not beyond the end of the
      * input. */
     void skip(qint64 count);
-    /*! Takes up to \a limit hexadecimal digits, across refills within one line; see charAt(). */
-    QByteArray takeHexadecimalDigits(int limit);
+    /*!
+        How many hexadecimal digits stand at the read position, up to \a limit; they are buffered then. Each
+       is looked for with charAt(), so they may go across refills.
+    */
+    int hexadecimalDigits(int limit);
 
     /*! Position of the end of the window in the device, plus the read position in the window. */
     qint64 pos() const;

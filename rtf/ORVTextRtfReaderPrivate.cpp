@@ -1,6 +1,7 @@
 #include "ORVTextRtfReader_p.h"
 
 #include "ORVRtfControlWord_p.h"
+#include "ORVRtfHexadecimal_p.h"
 #include "ORVRtfLimits_p.h"
 #include "ORVRtfProperties.h"
 #include "ORVTextFormat.h"
@@ -175,11 +176,9 @@ int ORVTextRtfReaderPrivate::parseKeyword()
 void ORVTextRtfReaderPrivate::takeText()
 {
     if (m_skipDepth == 0 && m_state.expectedFormat == HexadecimalData) {
-        const QByteArray digits = m_input.takeHexadecimalDigits(hexadecimalRun);
-        if (digits.isEmpty())
-            m_input.release(1);
-        else
-            m_binaryData += QByteArray::fromHex(digits);
+        const int digits = m_input.hexadecimalDigits(hexadecimalRun);
+        ORVRtfHexadecimal::appendDecoded(m_binaryData, m_input.data(), digits);
+        m_input.release(qMax(digits, 1));
         return;
     }
 

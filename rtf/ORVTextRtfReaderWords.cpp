@@ -1,5 +1,6 @@
 #include "ORVTextRtfReader_p.h"
 
+#include "ORVRtfHexadecimal_p.h"
 #include "ORVRtfProperties.h"
 #include "ORVRtfUnits_p.h"
 #include "ORVRtfWordTables_p.h"
@@ -25,17 +26,6 @@ const double defaultPointSize = 10.0;
 // Font sizes up to this many half-points are taken for missing.
 const int smallestFontSize = 2;
 const double singleLineHeight = 12.0;
-
-int hexadecimalValue(char digit)
-{
-    if (digit >= '0' && digit <= '9')
-        return digit - '0';
-    if (digit >= 'a' && digit <= 'f')
-        return digit - 'a' + 10;
-    if (digit >= 'A' && digit <= 'F')
-        return digit - 'A' + 10;
-    return -1;
-}
 
 int channel(bool hasParameter, int parameter)
 {
@@ -302,8 +292,8 @@ void ORVTextRtfReaderPrivate::translateUnicode(bool hasParameter, int unit)
 */
 int ORVTextRtfReaderPrivate::translateHexadecimalByte()
 {
-    const int high = hexadecimalValue(m_input.charAt(0));
-    const int low = hexadecimalValue(m_input.charAt(1));
+    const int high = ORVRtfHexadecimal::value(m_input.charAt(0));
+    const int low = ORVRtfHexadecimal::value(m_input.charAt(1));
     if (high < 0 || low < 0)
         return InvalidParameter;
     m_input.release(2);
