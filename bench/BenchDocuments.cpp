@@ -3,10 +3,7 @@
 #include <QtCore/QBuffer>
 #include <QtGui/QImage>
 #include <QtGui/QTextBlock>
-#include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
-
-#include <random>
 
 namespace {
 
@@ -49,13 +46,18 @@ QByteArray encoded(const QImage& image, const char* type, int quality)
 
 } // namespace
 
+BenchDocuments::Paragraph BenchDocuments::Prose::next()
+{
+    return {sentence(m_random, 9) + QLatin1Char(' '), sentence(m_random, 3),
+            QLatin1Char(' ') + sentence(m_random, 9)};
+}
+
 QList<BenchDocuments::Paragraph> BenchDocuments::prose(int count)
 {
-    std::mt19937 random(1);
+    Prose source;
     QList<Paragraph> paragraphs;
     for (int i = 0; i < count; ++i)
-        paragraphs.append({sentence(random, 9) + QLatin1Char(' '), sentence(random, 3),
-                           QLatin1Char(' ') + sentence(random, 9)});
+        paragraphs.append(source.next());
     return paragraphs;
 }
 
@@ -69,25 +71,29 @@ QByteArray BenchDocuments::proseRtf(const QList<Paragraph>& paragraphs)
     return rtf + '}';
 }
 
-void BenchDocuments::buildProse(QTextDocument* document, const QList<Paragraph>& paragraphs)
+BenchDocuments::ProseBuilder::ProseBuilder(QTextDocument* document) : m_cursor(document)
 {
-    QTextCharFormat plain;
-    plain.setProperty(QTextFormat::FontFamily, QLatin1String("Bench Serif"));
-    plain.setFontPointSize(12);
-    QTextCharFormat bold(plain);
-    bold.setFontWeight(QFont::Bold);
+    m_plain.setProperty(QTextFormat::FontFamily, QLatin1String("Bench Serif"));
+    m_plain.setFontPointSize(12);
+    m_bold = m_plain;
+    m_bold.setFontWeight(QFont::Bold);
     document->setUndoRedoEnabled(false);
-    QTextCursor cursor(document);
-    cursor.beginEditBlock();
-    for (const Paragraph& paragraph : paragraphs) {
-        cursor.setBlockCharFormat(plain);
-        cursor.setBlockFormat(QTextBlockFormat());
-        cursor.insertText(paragraph.before, plain);
-        cursor.insertText(paragraph.bold, bold);
-        cursor.insertText(paragraph.after, plain);
-        cursor.insertBlock();
-    }
-    cursor.endEditBlock();
+    m_cursor.beginEditBlock();
+}
+
+BenchDocuments::ProseBuilder::~ProseBuilder()
+{
+    m_cursor.endEditBlock();
+}
+
+void BenchDocuments::ProseBuilder::add(const Paragraph& paragraph)
+{
+    m_cursor.setBlockCharFormat(m_plain);
+    m_cursor.setBlockFormat(QTextBlockFormat());
+    m_cursor.insertText(paragraph.before, m_plain);
+    m_cursor.insertText(paragraph.bold, m_bold);
+    m_cursor.insertText(paragraph.after, m_plain);
+    m_cursor.insertBlock();
 }
 
 QByteArray BenchDocuments::novelRtf(int paragraphs)

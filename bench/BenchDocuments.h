@@ -5,6 +5,9 @@
 #include <QtCore/QStringList>
 #include <QtGui/QTextBlockFormat>
 #include <QtGui/QTextCharFormat>
+#include <QtGui/QTextCursor>
+
+#include <random>
 
 class QTextDocument;
 
@@ -18,12 +21,34 @@ struct Paragraph {
     QString after;
 };
 
-/*! \a count paragraphs of some 180 characters. */
+/*! Paragraphs of some 180 characters, one after the other. */
+class Prose {
+public:
+    Paragraph next();
+
+private:
+    std::mt19937 m_random{1};
+};
+
+/*! The first \a count of them. */
 QList<Paragraph> prose(int count);
 /*! The same as RTF, with the control words that word processors write. */
 QByteArray proseRtf(const QList<Paragraph>& paragraphs);
-/*! Builds the same directly with ready-made formats: the floor of reading. */
-void buildProse(QTextDocument* document, const QList<Paragraph>& paragraphs);
+
+/*! Builds a document of prose directly, with ready-made formats: the floor of reading. */
+class ProseBuilder {
+public:
+    explicit ProseBuilder(QTextDocument* document);
+    ~ProseBuilder();
+    void add(const Paragraph& paragraph);
+
+private:
+    Q_DISABLE_COPY(ProseBuilder)
+
+    QTextCursor m_cursor;
+    QTextCharFormat m_plain;
+    QTextCharFormat m_bold;
+};
 
 /*! \a paragraphs paragraphs of a novel as LibreOffice writes them: many control words for each run. */
 QByteArray novelRtf(int paragraphs);

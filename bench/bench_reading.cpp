@@ -42,7 +42,9 @@ void buildProseDirectly(benchmark::State& state)
     const QList<Paragraph> paragraphs = prose(proseParagraphs);
     for (auto _ : state) {
         QTextDocument document;
-        buildProse(&document, paragraphs);
+        ProseBuilder builder(&document);
+        for (const Paragraph& paragraph : paragraphs)
+            builder.add(paragraph);
     }
 }
 

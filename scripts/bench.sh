@@ -16,4 +16,8 @@ for subject in reading stripping writing; do
         --benchmark_report_aggregates_only=true --benchmark_out_format=json \
         --benchmark_out="$results/$subject.json" "$@"
 done
+if (($# == 0)); then
+    say "measuring whole processes"
+    logged bench-processes "$root/bench/processes.py" "$root/build/bench/bin" "$results/processes.json"
+fi
 python3 "$root/bench/table.py" "$results"/*.json

@@ -10,10 +10,10 @@ logs=$root/build/logs
 # besides.
 build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev)
 test_packages=(
-    abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf xclip
-    xvfb
+    abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf valgrind
+    xclip xvfb
 )
-bench_packages=(libbenchmark-dev python3)
+bench_packages=(abiword libbenchmark-dev libreoffice-writer-nogui pandoc python3 unrtf)
 ci_packages=(clang-format clang-tidy qt6-base-dev)
 
 say() {

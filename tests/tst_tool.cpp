@@ -58,6 +58,7 @@ private slots:
     void version();
     void help();
     void needsNoDisplay();
+    void incompleteInstallation();
     void fileNamesInCLocale();
     void fileNamesThatLookLikeOptions();
 };
@@ -598,6 +599,25 @@ void tst_tool::needsNoDisplay()
     const ToolRun result = run(words("convert - - --to txt"), "{\\rtf1 Text}");
     QCOMPARE(result.err, QByteArray());
     QCOMPARE(result.out, QByteArray("Text\n"));
+}
+
+/*! The program without its module tells its version, and what is wrong with it. */
+void tst_tool::incompleteInstallation()
+{
+    QVERIFY(QDir(m_dir->path()).mkdir(QLatin1String("bin")));
+    QVERIFY(QFile::copy(QString::fromUtf8(ORVRTF_TOOL), path("bin/orvrtf")));
+    const QString in = write("in.rtf", "{\\rtf1 Text}");
+    QProcess process;
+    process.setProcessEnvironment(m_environment);
+    process.start(path("bin/orvrtf"), {QLatin1String("check"), in});
+    const ToolRun result = finish(process);
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.out, QByteArray());
+    QVERIFY2(isOneLineAboutTool(result.err), result.err.constData());
+    QVERIFY2(result.err.contains("not installed completely"), result.err.constData());
+
+    process.start(path("bin/orvrtf"), {QLatin1String("--version")});
+    QCOMPARE(finish(process).exitCode, 0);
 }
 
 void tst_tool::fileNamesInCLocale()

@@ -1,9 +1,9 @@
-#include "Commands.h"
+#include "DocumentModule.h"
 #include "Options.h"
 #include "Streams.h"
 
 #include <QCoreApplication>
-#include <QGuiApplication>
+#include <QLibrary>
 
 #include <clocale>
 #include <langinfo.h>
@@ -21,13 +21,6 @@ void useUtf8InsteadOfAscii()
         qputenv("LC_ALL", "C.UTF-8");
 }
 
-/*! Nothing is ever shown; with a display Qt would want to reach it all the same. */
-void needNoDisplay()
-{
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-}
-
 /*! Keeps what Qt says of its own, about environment and damaged pictures, from the standard error. */
 void ignoreMessages(QtMsgType type, const QMessageLogContext&, const QString& message)
 {
@@ -35,9 +28,10 @@ void ignoreMessages(QtMsgType type, const QMessageLogContext&, const QString& me
         printError(message);
 }
 
-Options parseOptions(int argc, char** argv)
+Options parseOptions(int argc, char** argv, QString* programFolder)
 {
     const QCoreApplication application(argc, argv);
+    *programFolder = QCoreApplication::applicationDirPath();
     return Options::parse(QCoreApplication::arguments());
 }
 
@@ -50,19 +44,16 @@ ExitCode print(const QString& text)
     return Failure;
 }
 
-/*! Starts the application that the command of \a options needs, and runs it. */
-ExitCode run(const Options& options, char* programName)
+/*! Runs a command in the module that has what it needs. */
+int runInModule(const Options& options, char* programName, const QString& programFolder)
 {
-    // Qt does not see the arguments: "-platform" and the like may be names of files.
-    int count = 1;
-    char* arguments[] = {programName, nullptr};
-    if (options.command == Options::Check || options.command == Options::Strip) {
-        const QCoreApplication application(count, arguments);
-        return runCommand(options);
-    }
-    needNoDisplay();
-    const QGuiApplication application(count, arguments);
-    return runCommand(options);
+    QLibrary module(programFolder + QLatin1String("/" ORVRTF_MODULE));
+    const DocumentModule::Entry run =
+        reinterpret_cast<DocumentModule::Entry>(module.resolve(DocumentModule::entryName));
+    if (run)
+        return run(options, programName);
+    printError(QString::fromLatin1("the program is not installed completely: %1").arg(module.errorString()));
+    return Failure;
 }
 
 } // namespace
@@ -71,7 +62,8 @@ int main(int argc, char** argv)
 {
     useUtf8InsteadOfAscii();
     qInstallMessageHandler(ignoreMessages);
-    const Options options = parseOptions(argc, argv);
+    QString programFolder;
+    const Options options = parseOptions(argc, argv, &programFolder);
     switch (options.command) {
     case Options::Invalid:
         printError(QString::fromLatin1("%1; see orvrtf --help").arg(options.text));
@@ -83,5 +75,5 @@ int main(int argc, char** argv)
     case Options::Check:
     case Options::Strip: break;
     }
-    return run(options, argv[0]);
+    return runInModule(options, argv[0], programFolder);
 }

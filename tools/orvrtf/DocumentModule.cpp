@@ -1,0 +1,31 @@
+#include "DocumentModule.h"
+
+#include "Commands.h"
+#include "Options.h"
+
+#include <QGuiApplication>
+
+namespace {
+
+/*! Nothing is ever shown; with a display Qt would want to reach it all the same. */
+void needNoDisplay()
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+} // namespace
+
+extern "C" Q_DECL_EXPORT int orvrtfRunCommand(const Options& options, char* programName)
+{
+    // Qt does not see the arguments: "-platform" and the like may be names of files.
+    int count = 1;
+    char* arguments[] = {programName, nullptr};
+    if (options.command == Options::Check || options.command == Options::Strip) {
+        const QCoreApplication application(count, arguments);
+        return runCommand(options);
+    }
+    needNoDisplay();
+    const QGuiApplication application(count, arguments);
+    return runCommand(options);
+}
