@@ -24,8 +24,9 @@ void ORVRtfSink::appendLatin1(const ushort* units, qint64 length)
         if (m_size == capacity)
             flush();
         const int count = int(qMin(length, qint64(capacity - m_size)));
+        char* const bytes = m_buffer.data() + m_size;
         for (int i = 0; i < count; ++i)
-            m_buffer[size_t(m_size + i)] = char(units[i]);
+            bytes[i] = char(units[i]);
         m_size += count;
         units += count;
         length -= count;
