@@ -29,6 +29,30 @@ bool isInvalid(QChar c)
     return c.unicode() >= 0x7F && c.unicode() <= 0x9F;
 }
 
+bool addsCharacter(ORVTextRtfCommon::KeyWord keyWord)
+{
+    switch (keyWord) {
+    case ORVTextRtfCommon::UnicodeCharacterValue:
+    case ORVTextRtfCommon::ExtendedCharacterValue:
+    case ORVTextRtfCommon::NonBreakableSpace:
+    case ORVTextRtfCommon::EnDash:
+    case ORVTextRtfCommon::EmDash:
+    case ORVTextRtfCommon::LeftQuote:
+    case ORVTextRtfCommon::RightQuote:
+    case ORVTextRtfCommon::LeftDoubleQuote:
+    case ORVTextRtfCommon::RightDoubleQuote: return true;
+    default: return false;
+    }
+}
+
+/*! Whether a document makes a new paragraph of \a c, which takes its format when the next text is drawn. */
+bool endsParagraph(QChar c)
+{
+    const ushort unit = c.unicode();
+    return unit == '\n' || unit == '\r' || unit == QChar::ParagraphSeparator || unit == 0xFDD0
+        || unit == 0xFDD1;
+}
+
 bool isEmpty(const QTextBlock& block)
 {
     return block.length() == 1;
@@ -78,6 +102,7 @@ void ORVTextRtfReaderPrivate::beginRead(QTextDocument* document, bool removeInva
     m_removeInvalidChars = removeInvalidChars;
     m_emptyBlockUnsettled = false;
     m_pendingText.resize(0);
+    m_heldText = 0;
     m_binaryData.clear();
     m_state = GroupState();
     m_groups.clear();
@@ -120,10 +145,14 @@ int ORVTextRtfReaderPrivate::parseContent()
     for (char c = m_input.charAt(0, &ok); ok; c = m_input.charAt(0, &ok)) {
         int status = NoError;
         switch (c) {
-        case '\\':
-            drawText();
-            status = parseKeyword();
+        case '\\': {
+            ScannedWord word;
+            status = scanKeyword(word);
+            drawTextBefore(word.keyWord);
+            if (status == NoError)
+                status = actOn(word);
             break;
+        }
         case '{':
             drawText();
             status = pushProperties();
@@ -141,10 +170,19 @@ int ORVTextRtfReaderPrivate::parseContent()
         if (result == NoError)
             result = status;
     }
+    drawHeldText();
     return result;
 }
 
 int ORVTextRtfReaderPrivate::parseKeyword()
+{
+    ScannedWord word;
+    const int status = scanKeyword(word);
+    return status == NoError ? actOn(word) : status;
+}
+
+/*! Takes the control word at the read position off the input. */
+int ORVTextRtfReaderPrivate::scanKeyword(ScannedWord& result)
 {
     // The look-ahead fetches at most one more line: enough for any control word.
     m_input.charAt(ORVRtfControlWord::longest);
@@ -155,15 +193,21 @@ int ORVTextRtfReaderPrivate::parseKeyword()
         return word.status == ORVRtfControlWord::CutOff ? UnexpectedEnd : InvalidControlWord;
     }
 
-    const KeyWord keyWord = fromLatin1(m_input.data(), unsigned(word.spellingLength));
+    result.keyWord = fromLatin1(m_input.data(), unsigned(word.spellingLength));
+    result.hasParameter = word.hasParameter;
+    result.parameter = word.parameter;
     m_input.release(word.length);
+    return NoError;
+}
+
+int ORVTextRtfReaderPrivate::actOn(const ScannedWord& word)
+{
     if (m_skipDepth > 0)
         return NoError;
-
     const bool ignorable = m_ignorableDestination;
     m_ignorableDestination = false;
-    if (keyWord != NoKeyWord)
-        return translateControlWord(keyWord, word.hasParameter, word.parameter);
+    if (word.keyWord != NoKeyWord)
+        return translateControlWord(word.keyWord, word.hasParameter, word.parameter);
     if (ignorable)
         m_skipDepth = 1;
     return NoError;
@@ -217,6 +261,7 @@ void ORVTextRtfReaderPrivate::drawText()
 {
     if (m_skipDepth > 0)
         return;
+    m_heldText = 0;
     // A font name is complete when its group or its entry ends.
     if (m_state.destination == FontTableGroup)
         return;
@@ -233,6 +278,30 @@ void ORVTextRtfReaderPrivate::drawText()
     default: break;
     }
     m_pendingText.resize(0);
+}
+
+/*
+    Every control word has the text before it drawn. One that only adds a character to it changes nothing that
+    counts for the text, so that is put off: a word with accents goes into the document in one piece. If no
+   other word or brace follows, what stood before the last character is still drawn, and no more.
+*/
+void ORVTextRtfReaderPrivate::drawTextBefore(KeyWord keyWord)
+{
+    const bool isBodyText = m_state.destination == Body || m_state.destination == FieldResultGroup;
+    const int length = int(m_pendingText.size());
+    if (isBodyText && addsCharacter(keyWord) && length > 0 && length < pendingTextSize
+        && !endsParagraph(m_pendingText.at(length - 1)))
+        m_heldText = length;
+    else
+        drawText();
+}
+
+void ORVTextRtfReaderPrivate::drawHeldText()
+{
+    if (m_heldText == 0)
+        return;
+    m_pendingText.truncate(m_heldText);
+    drawText();
 }
 
 /*! Removes or replaces the characters U+007F to U+009F, which no text means. */

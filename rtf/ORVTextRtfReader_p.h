@@ -47,8 +47,17 @@ public:
     int m_error = NoError;
 
 protected:
+    /*! A control word that is known, or not, and taken off the input. */
+    struct ScannedWord {
+        KeyWord keyWord = NoKeyWord;
+        bool hasParameter = false;
+        int parameter = 0;
+    };
+
     /*! Scans the control word at the read position and has it translated. */
     int parseKeyword();
+    int scanKeyword(ScannedWord& word);
+    int actOn(const ScannedWord& word);
 
     // Above zero inside a group that is skipped: the number of its open braces.
     int m_skipDepth = 0;
@@ -100,6 +109,8 @@ private:
     int pushProperties();
     int popProperties();
     void drawText();
+    void drawTextBefore(KeyWord keyWord);
+    void drawHeldText();
     void drawBodyText();
     void drawColorTableText();
     void cleanPendingText();
@@ -193,6 +204,8 @@ private:
 
     // Read so far and not yet in the document
     QString m_pendingText;
+    // How much of it is to be drawn although nothing has followed that has it drawn; see drawTextBefore().
+    int m_heldText = 0;
     QByteArray m_binaryData;
 
     // The document's default character format, and what \plain makes of it

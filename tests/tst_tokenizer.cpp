@@ -48,6 +48,8 @@ private slots:
     void hexadecimalData_data();
     void hexadecimalData();
     void hexadecimalRunsEndAfter1024Digits();
+    void textWithoutEnd_data();
+    void textWithoutEnd();
     void textOnManyLines();
     void longInput();
 };
@@ -453,6 +455,34 @@ void TestTokenizer::hexadecimalRunsEndAfter1024Digits()
     QCOMPARE(qGray(image.pixel(0, 0)), 0x5A);
     QCOMPARE(qGray(image.pixel(511, 0)), 0x5A);
     QCOMPARE(qGray(image.pixel(512, 0)), 0x0D);
+}
+
+// Text is drawn by what follows it: what stands behind the last control word or brace never is.
+void TestTokenizer::textWithoutEnd_data()
+{
+    QTest::addColumn<QByteArray>("rtf");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("text only") << QByteArray("abc") << QString();
+    QTest::newRow("Unicode character") << QByteArray("ab\\u233?cd") << QStringLiteral("ab");
+    QTest::newRow("two Unicode characters")
+        << QByteArray("ab\\u233?c\\u234?d") << QStringLiteral("ab\u00e9c");
+    QTest::newRow("byte") << QByteArray("ab\\'e9cd") << QStringLiteral("ab");
+    QTest::newRow("byte at the end") << QByteArray("ab\\'e9c\\'e9") << QStringLiteral("ab\u00e9c");
+    QTest::newRow("damaged byte") << QByteArray("ab\\'zzcd") << QStringLiteral("ab");
+    QTest::newRow("character first") << QByteArray("\\'e9cd") << QString();
+    QTest::newRow("no-break space") << QByteArray("ab\\~cd") << QStringLiteral("ab");
+    QTest::newRow("unknown word") << QByteArray("ab\\'e9cd\\zzz ef") << QStringLiteral("ab\u00e9cd");
+    QTest::newRow("brace") << QByteArray("ab\\'e9cd{") << QStringLiteral("ab\u00e9cd");
+    QTest::newRow("skipped group") << QByteArray("ab\\'e9{\\*\\zzz cd}ef") << QStringLiteral("ab\u00e9");
+}
+
+void TestTokenizer::textWithoutEnd()
+{
+    QFETCH(QByteArray, rtf);
+    QFETCH(QString, text);
+
+    QCOMPARE(read(rtf).text(), text);
 }
 
 void TestTokenizer::textOnManyLines()
