@@ -230,7 +230,10 @@ void ORVTextRtfReaderPrivate::drawText()
     case PdfFileNameGroup: m_pdfFileName += m_pendingText; break;
     case NisusFileNameGroup: m_picture.fileName += m_pendingText; break;
     case MathMLGroup: m_picture.mathML += m_pendingText; break;
-    case FieldInstructionGroup: m_fieldInstruction += m_pendingText; break;
+    case FieldInstructionGroup:
+        m_fieldInstruction +=
+            m_pendingText.left(ORVRtfLimits::fieldInstruction - int(m_fieldInstruction.size()));
+        break;
     default: break;
     }
     m_pendingText.resize(0);
