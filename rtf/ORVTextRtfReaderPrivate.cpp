@@ -86,6 +86,7 @@ void ORVTextRtfReaderPrivate::beginRead(QTextDocument* document, bool removeInva
     m_rows.clear();
     m_tableLevel = 0;
     m_tablesCommitted = false;
+    m_tableCellsLeft = ORVRtfLimits::spareTableCells;
     m_bordersAreCells = false;
     m_picture = ORVRtfPicture();
     m_pictureNumber = 1;
