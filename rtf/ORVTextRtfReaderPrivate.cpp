@@ -82,7 +82,8 @@ void ORVTextRtfReaderPrivate::beginRead(QTextDocument* document, bool removeInva
     m_groups.clear();
     m_skipDepth = 0;
     m_ignorableDestination = false;
-    m_paragraph.reset();
+    m_paragraph = ORVRtfParagraph();
+    m_columnWidths = ORVRtfValueNumbers();
     m_rows.clear();
     m_tableLevel = 0;
     m_tablesCommitted = false;

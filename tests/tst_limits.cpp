@@ -45,6 +45,7 @@ private slots:
     void tableCells();
     void numberedTabLists();
     void numberedColumnWidths();
+    void numbersBeginAnewWithEachRead();
 };
 
 void TestLimits::tabStops_data()
@@ -225,6 +226,33 @@ void TestLimits::numberedColumnWidths()
     const int id = ORVRtfProperty::ListNumber;
     QVERIFY(!tables.at(255)->format().hasProperty(id));
     QCOMPARE(tables.at(256)->format().property(id), QVariant(256));
+}
+
+/*! A document is the same whatever its reader has read before. */
+void TestLimits::numbersBeginAnewWithEachRead()
+{
+    QByteArray first;
+    for (int i = 1; i <= 300; ++i)
+        first += "\\pard\\tx" + QByteArray::number(i) + " x\\par\\trowd\\cellx" + QByteArray::number(i)
+            + "\\lastrow\\intbl x\\cell\\row\n";
+    const QByteArray second = "{\\rtf1\\trowd\\cellx999\\lastrow\\intbl x\\cell\\row\\pard\\tx999 x}";
+    QBuffer buffer;
+    buffer.setData("{\\rtf1" + first + "\\tqr}");
+    buffer.open(QIODevice::ReadOnly);
+    QTextDocument document;
+    ORVTextRtfReader reader(&buffer);
+    QVERIFY(reader.read(&document));
+    buffer.close();
+    buffer.setData(second);
+    reader.setDevice(&buffer);
+    QVERIFY(reader.read(&document));
+
+    const Reading fresh = read(second);
+    QCOMPARE(propertiesOf(document.lastBlock().blockFormat()),
+             propertiesOf(fresh.document->lastBlock().blockFormat()));
+    QCOMPARE(propertiesOf(tablesOf(document).value(0)->format()),
+             propertiesOf(tablesOf(*fresh.document).value(0)->format()));
+    QVERIFY(!document.lastBlock().blockFormat().hasProperty(ORVRtfProperty::ListNumber));
 }
 
 QTEST_MAIN(TestLimits)
