@@ -30,23 +30,34 @@ void ORVRtfFontTable::define(int number, const QString& name, const QTextCharFor
     const QFont::StyleHint hint = m_styleHint;
     m_styleHint = QFont::AnyStyle;
 
-    QString family = cleanedName(name);
+    const QString family = cleanedName(name);
     if (contains(number) ? family.trimmed().isEmpty() : m_fonts.size() >= ORVRtfLimits::fonts)
         return;
-    const QString best = ORVTextUtil::findBestFontFamily(family);
-    if (!best.isEmpty())
-        family = best;
-
     QFont font = compat::font(format);
     compat::setFamily(font, family);
     font.setStyleHint(hint, QFont::PreferDefault);
+    compat::setWeight(font, QFont::Normal);
+    if (m_matchedFonts < ORVRtfLimits::matchedFonts) {
+        ++m_matchedFonts;
+        matchInstalled(font, hint);
+    }
+    m_fonts.insert(number, font);
+}
+
+/*! Makes \a font one of the installed family that stands best for its own. */
+void ORVRtfFontTable::matchInstalled(QFont& font, QFont::StyleHint hint)
+{
+    QString family = compat::family(font);
+    const QString best = ORVTextUtil::findBestFontFamily(family);
+    if (!best.isEmpty())
+        family = best;
+    compat::setFamily(font, family);
     if (compat::hasGui()) {
         const QFontInfo info(font);
         family = familyToUse(family, info.exactMatch(), info.family(), hint);
         compat::setFamily(font, family);
     }
     compat::setWeight(font, ORVTextUtil::defaultFontWeight(family, QFont::Normal));
-    m_fonts.insert(number, font);
 }
 
 QString ORVRtfFontTable::familyToUse(const QString& family, bool exactMatch, const QString& matchedFamily,

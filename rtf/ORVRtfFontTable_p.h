@@ -39,7 +39,11 @@ public:
                                QFont::StyleHint hint);
 
 private:
+    static void matchInstalled(QFont& font, QFont::StyleHint hint);
+
     QHash<int, QFont> m_fonts;
+    // How often a name has been looked for among the installed fonts.
+    int m_matchedFonts = 0;
     QHash<int, int> m_codePages;
     QFont::StyleHint m_styleHint = QFont::AnyStyle;
 };

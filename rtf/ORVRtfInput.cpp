@@ -63,16 +63,26 @@ void ORVRtfInput::growWindow(qint64 limit)
     }
 }
 
-/*! Drops what lies before the window and reads the next piece; false when there is none. */
-bool ORVRtfInput::readDevice()
+/*!
+    Drops what lies before the window, once that is at least as much as what stays: a window that look-ahead
+    has made long is not moved for every piece.
+*/
+void ORVRtfInput::dropConsumed()
 {
-    if (m_device->atEnd())
-        return false;
+    if (m_windowStart < m_buffer.size() - m_windowStart)
+        return;
     m_buffer.remove(0, int(m_windowStart));
     m_windowEnd -= m_windowStart;
     m_position -= m_windowStart;
     m_windowStart = 0;
+}
 
+/*! Reads the next piece; false when there is none. */
+bool ORVRtfInput::readDevice()
+{
+    if (m_device->atEnd())
+        return false;
+    dropConsumed();
     const int size = int(m_buffer.size());
     m_buffer.resize(size + pieceSize);
     const qint64 count = m_device->read(m_buffer.data() + size, pieceSize);

@@ -61,6 +61,7 @@ private:
     bool fetch(qint64 offset);
     void growWindow(qint64 limit);
     bool readDevice();
+    void dropConsumed();
 
     QIODevice* m_device = nullptr;
     // What was read and is not yet dropped. The window is a part of it; what stands behind was only read.

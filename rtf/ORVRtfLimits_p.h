@@ -15,12 +15,27 @@ const int openGroups = 1000000;
 const int tableNesting = 12;
 /*! Columns of one table. */
 const int tableColumns = 256;
+/*!
+    Cells that the tables of one document may have beyond four for each cell in the file. Rows need not state
+    all the cells that they have, so a short row below a wide one takes more memory than its text.
+*/
+const int spareTableCells = 100000;
+const int tableCellsForEachInFile = 4;
 /*! Tab stops of one paragraph. */
 const int tabStops = 256;
+/*! Different lists of tab stops, or of column widths, whose formats carry no ORVRtfProperty::ListNumber. */
+const int unnumberedLists = 256;
 /*! Fonts of one font table. */
 const int fonts = 10000;
+/*! Font names that are looked for among the installed fonts, which takes half a millisecond each. */
+const int matchedFonts = 1000;
 /*! Levels of one list. */
 const int listLevels = 9;
+/*! Characters of a level's text as RTF has it: its length, which usually is one byte, and what that counts.
+ */
+const int levelText = 256;
+/*! Characters of a field's instruction, which is looked at whenever a group in it ends. */
+const int fieldInstruction = 8192;
 /*! Notes within notes; the text of a deeper one is left out. */
 const int noteNesting = 16;
 /*! Pixels of one picture, by its header and before it is decoded. */

@@ -86,8 +86,10 @@ void ORVRtfListTable::setLevelFirstLineOffset(double offset)
 
 void ORVRtfListTable::appendLevelText(const QString& text)
 {
-    if (ORVTextListLevel* level = lastLevel())
-        level->setText(level->text() + text);
+    ORVTextListLevel* level = lastLevel();
+    const int room = level ? ORVRtfLimits::levelText - int(level->text().size()) : 0;
+    if (room > 0 && !text.isEmpty())
+        level->setText(level->text() + text.left(room));
 }
 
 void ORVRtfListTable::finishLevelText()

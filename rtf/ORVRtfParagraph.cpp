@@ -7,6 +7,7 @@ const QTextBlockFormat& ORVRtfParagraph::format()
 {
     if (m_tabsChanged) {
         m_format.setTabPositions(m_tabs);
+        m_tabLists.tellApart(m_format, m_tabList);
         m_tabsChanged = false;
     }
     return m_format;
@@ -16,6 +17,7 @@ void ORVRtfParagraph::reset()
 {
     m_format = QTextBlockFormat();
     m_tabs.clear();
+    m_tabList.clear();
     m_tabsChanged = false;
 }
 
@@ -52,5 +54,6 @@ void ORVRtfParagraph::addTab(double position)
         return;
     const QChar delimiter = type == QTextOption::DelimiterTab ? QChar(QLatin1Char('.')) : QChar();
     m_tabs.append(QTextOption::Tab(position, type, delimiter));
+    m_tabList += QByteArray::number(int(type)) + ' ' + QByteArray::number(position, 'g', 17) + ';';
     m_tabsChanged = true;
 }

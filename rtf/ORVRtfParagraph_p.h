@@ -1,6 +1,8 @@
 #ifndef ORVRTFPARAGRAPH_P_H
 #define ORVRTFPARAGRAPH_P_H
 
+#include "ORVRtfValueNumbers_p.h"
+
 #include <QtCore/QList>
 #include <QtCore/QVariant>
 #include <QtGui/QTextBlockFormat>
@@ -39,6 +41,8 @@ private:
     QTextBlockFormat m_format;
     // Tab stops are collected here and put into the format once: each change of it copies them all.
     QList<QTextOption::Tab> m_tabs;
+    QByteArray m_tabList;
+    ORVRtfValueNumbers m_tabLists;
     bool m_tabsChanged = false;
     QTextOption::TabType m_nextTabType = QTextOption::LeftTab;
 };

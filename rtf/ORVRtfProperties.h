@@ -48,6 +48,9 @@ enum Id {
     BookmarkName = QTextFormat::UserProperty + 210,
     /*! QString, char: the bookmark whose page number the text stands for. */
     PageReference = QTextFormat::UserProperty + 211,
+    /*! int, block and table: tells formats apart that differ in tab stops or column widths only, where a
+        document has hundreds of them. Means nothing else. */
+    ListNumber = QTextFormat::UserProperty + 220,
 
     // The following are ids of the application inside Qt's own range of block properties. Newer Qt versions
     // use 0x1070 for heading levels, as an int; a line spacing is always a double.

@@ -108,10 +108,12 @@ void ORVTextRtfReaderPrivate::beginRead(QTextDocument* document, bool removeInva
     m_groups.clear();
     m_skipDepth = 0;
     m_ignorableDestination = false;
-    m_paragraph.reset();
+    m_paragraph = ORVRtfParagraph();
+    m_columnWidths = ORVRtfValueNumbers();
     m_rows.clear();
     m_tableLevel = 0;
     m_tablesCommitted = false;
+    m_tableCellsLeft = ORVRtfLimits::spareTableCells;
     m_bordersAreCells = false;
     m_picture = ORVRtfPicture();
     m_pictureNumber = 1;
@@ -274,7 +276,10 @@ void ORVTextRtfReaderPrivate::drawText()
     case PdfFileNameGroup: m_pdfFileName += m_pendingText; break;
     case NisusFileNameGroup: m_picture.fileName += m_pendingText; break;
     case MathMLGroup: m_picture.mathML += m_pendingText; break;
-    case FieldInstructionGroup: m_fieldInstruction += m_pendingText; break;
+    case FieldInstructionGroup:
+        m_fieldInstruction +=
+            m_pendingText.left(ORVRtfLimits::fieldInstruction - int(m_fieldInstruction.size()));
+        break;
     default: break;
     }
     m_pendingText.resize(0);

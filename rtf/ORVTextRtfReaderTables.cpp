@@ -62,13 +62,27 @@ void ORVTextRtfReaderPrivate::finalizeRow()
     settleEmptyBlock();
     ORVTextRtfRow& row = m_rows.top();
     row.finish();
-    row.table->addRow(row);
+    addRowToTable(row);
     if (row.lastRow) {
         finalizeTables(int(m_rows.size()) - 1);
     } else {
         row.reset();
         enterLastCell();
     }
+}
+
+/*! A table that would take too many cells for what the file says goes on in a new one. */
+void ORVTextRtfReaderPrivate::addRowToTable(ORVTextRtfRow& row)
+{
+    m_tableCellsLeft += ORVRtfLimits::tableCellsForEachInFile * row.cells.size();
+    if (!row.table->isEmpty() && row.table->mostCellsWith(row) - row.table->cellCount() > m_tableCellsLeft) {
+        row.table->setColumnWidths(textWidth(), m_columnWidths);
+        row.table->insertAt(row.parentCursor);
+        row.table = QSharedPointer<ORVTextRtfTable>(new ORVTextRtfTable);
+    }
+    const int before = row.table->cellCount();
+    row.table->addRow(row);
+    m_tableCellsLeft -= row.table->cellCount() - before;
 }
 
 /*! Closes table levels until \a level are open; what follows stands in a new paragraph behind the table. */
@@ -80,7 +94,7 @@ void ORVTextRtfReaderPrivate::finalizeTables(int level)
         const ORVTextRtfRow row = m_rows.pop();
         m_cursor = row.parentCursor;
         if (!row.table->isEmpty()) {
-            row.table->setColumnWidths(textWidth());
+            row.table->setColumnWidths(textWidth(), m_columnWidths);
             row.table->insertAt(m_cursor);
         }
     }

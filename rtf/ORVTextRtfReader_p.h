@@ -173,6 +173,7 @@ private:
     void enterLastCell();
     void endCell();
     void finalizeRow();
+    void addRowToTable(ORVTextRtfRow& row);
     void finalizeTables(int level);
     void abandonTables();
     double textWidth() const;
@@ -234,6 +235,9 @@ private:
     // Level the current paragraph is said to stand in, and whether deeper ones have been closed for it.
     int m_tableLevel = 0;
     bool m_tablesCommitted = false;
+    // Cells that tables may still take; see ORVRtfLimits::spareTableCells.
+    qint64 m_tableCellsLeft = 0;
+    ORVRtfValueNumbers m_columnWidths;
     // Whether border words describe cells, or rows, whose borders are not kept.
     bool m_bordersAreCells = false;
 

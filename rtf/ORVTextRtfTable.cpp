@@ -20,6 +20,12 @@ void ORVTextRtfTable::addRow(ORVTextRtfRow& row)
     m_format = row.tableFormat;
 }
 
+int ORVTextRtfTable::mostCellsWith(const ORVTextRtfRow& row) const
+{
+    const int added = int(qMax(row.cellDefinitions.size(), row.cells.size()));
+    return (m_rows + 1) * qMin(m_columns + added, ORVRtfLimits::tableColumns);
+}
+
 void ORVTextRtfTable::beginTable(const ORVTextRtfRow& row)
 {
     m_columns = int(row.cells.size());
@@ -291,17 +297,20 @@ void ORVTextRtfTable::absorb(int target, int absorbed, ORVRtfCellContent::Separa
     }
 }
 
-void ORVTextRtfTable::setColumnWidths(double textWidth)
+void ORVTextRtfTable::setColumnWidths(double textWidth, ORVRtfValueNumbers& lists)
 {
     QVector<QTextLength> widths;
+    QByteArray list;
     const bool useBoundaries = m_columns <= m_boundaries.size() && textWidth > 0;
     for (int column = 0; column < m_columns; ++column) {
         const double left = column > 0 && useBoundaries ? m_boundaries.at(column - 1) : 0;
         const double percentage =
             useBoundaries ? 100.0 * (m_boundaries.at(column) - left) / textWidth : 100.0 / m_columns;
         widths.append(QTextLength(QTextLength::PercentageLength, percentage));
+        list += QByteArray::number(percentage, 'g', 17) + ';';
     }
     m_format.setColumnWidthConstraints(widths);
+    lists.tellApart(m_format, list);
 }
 
 void ORVTextRtfTable::insertAt(QTextCursor& cursor) const

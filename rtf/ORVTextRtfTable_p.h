@@ -2,6 +2,7 @@
 #define ORVTEXTRTFTABLE_P_H
 
 #include "ORVRtfCellContent_p.h"
+#include "ORVRtfValueNumbers_p.h"
 
 #include <QtCore/QVector>
 #include <QtGui/QTextCharFormat>
@@ -29,8 +30,14 @@ public:
     /*! Whether no row was added. */
     bool isEmpty() const { return m_rows == 0; }
 
-    /*! Gives the columns their widths in percent of \a textWidth, in twips. */
-    void setColumnWidths(double textWidth);
+    /*! Cells of the grid, whether they are parts of others or not. */
+    int cellCount() const { return m_rows * m_columns; }
+    /*! The most that cellCount() can be with \a row added. */
+    int mostCellsWith(const ORVTextRtfRow& row) const;
+
+    /*! Gives the columns their widths in percent of \a textWidth, in twips; \a lists are those of all tables.
+     */
+    void setColumnWidths(double textWidth, ORVRtfValueNumbers& lists);
 
     /*! Inserts the table at \a cursor. */
     void insertAt(QTextCursor& cursor) const;

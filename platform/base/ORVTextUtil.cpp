@@ -4,8 +4,6 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QList>
-#include <QtCore/QMutex>
-#include <QtCore/QMutexLocker>
 #include <QtCore/QStringList>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
@@ -16,6 +14,7 @@
 #endif
 
 #include <algorithm>
+#include <mutex>
 
 namespace {
 
@@ -26,7 +25,7 @@ class FamilyCache {
 public:
     bool find(const QString& family, Value* value) const
     {
-        QMutexLocker locker(&m_mutex);
+        std::lock_guard<std::mutex> lock(m_mutex);
         const auto found = m_values.constFind(family);
         if (found == m_values.constEnd())
             return false;
@@ -36,7 +35,7 @@ public:
 
     void insert(const QString& family, const Value& value)
     {
-        QMutexLocker locker(&m_mutex);
+        std::lock_guard<std::mutex> lock(m_mutex);
         if (m_values.size() >= maxEntries)
             m_values.clear();
         m_values.insert(family, value);
@@ -44,7 +43,7 @@ public:
 
 private:
     static const int maxEntries = 1000;
-    mutable QMutex m_mutex;
+    mutable std::mutex m_mutex;
     QHash<QString, Value> m_values;
 };
 

@@ -1,0 +1,228 @@
+#include "ORVTextRtfReader.h"
+#include "ORVTextRtfStripper.h"
+#include "ORVTextRtfWriter.h"
+#include "hostileinputs.h"
+
+#include <QtCore/QBuffer>
+#include <QtCore/QProcess>
+#include <QtCore/QStringList>
+#include <QtCore/QVector>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QTextDocument>
+#include <QtTest/QtTest>
+
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+#include <sys/resource.h>
+
+namespace {
+
+const int megabyte = 1024 * 1024;
+// What a conversion of one megabyte may use.
+const rlim_t memoryLimit = rlim_t(512) * megabyte;
+const rlim_t secondsLimit = 10;
+// How much longer twice the input may take.
+const double mostGrowth = 2.6;
+// Times below, in milliseconds, are too short to be compared.
+const double shortest = 20;
+const int mostAttempts = 8;
+
+double cpuMilliseconds()
+{
+    timespec time;
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+    return double(time.tv_sec) * 1e3 + double(time.tv_nsec) / 1e6;
+}
+
+void limitMemory()
+{
+    const rlimit memory = {memoryLimit, memoryLimit};
+    setrlimit(RLIMIT_DATA, &memory);
+    const rlimit core = {0, 0};
+    setrlimit(RLIMIT_CORE, &core);
+}
+
+/*! From now on the process may run for secondsLimit. */
+void limitTime()
+{
+    const rlimit time = {rlim_t(cpuMilliseconds() / 1e3) + secondsLimit, RLIM_INFINITY};
+    setrlimit(RLIMIT_CPU, &time);
+}
+
+double timeToRead(const QByteArray& rtf, QTextDocument* document)
+{
+    QBuffer buffer;
+    buffer.setData(rtf);
+    buffer.open(QIODevice::ReadOnly);
+    limitTime();
+    const double before = cpuMilliseconds();
+    ORVTextRtfReader reader(&buffer);
+    reader.read(document);
+    return cpuMilliseconds() - before;
+}
+
+double timeToStrip(const QByteArray& rtf)
+{
+    QBuffer buffer;
+    buffer.setData(rtf);
+    buffer.open(QIODevice::ReadOnly);
+    QBuffer output;
+    output.open(QIODevice::WriteOnly);
+    limitTime();
+    const double before = cpuMilliseconds();
+    ORVTextRtfStripper stripper;
+    stripper.setDevice(&buffer);
+    stripper.setOutput(&output);
+    stripper.process();
+    return cpuMilliseconds() - before;
+}
+
+double timeToWrite(QTextDocument* document)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    limitTime();
+    const double before = cpuMilliseconds();
+    ORVTextRtfWriter writer(&buffer);
+    writer.write(document, true);
+    return cpuMilliseconds() - before;
+}
+
+/*! Runs in a process of its own, within limits: prints the milliseconds that each conversion takes. */
+int measure(int number, int bytes)
+{
+    const QByteArray rtf = number < 0 ? hostile::bombDocument() : hostile::inputs().at(number).make(bytes);
+    // What a first document costs, as looking for fonts, is not to be counted.
+    QTextDocument first;
+    timeToRead("{\\rtf1{\\fonttbl\\f0 Aa;}\\f0 x\\trowd\\cellx5\\intbl y\\cell\\row}", &first);
+    timeToWrite(&first);
+
+    limitMemory();
+    QTextDocument document;
+    std::printf("%.3f ", timeToRead(rtf, &document));
+    std::printf("%.3f ", timeToWrite(&document));
+    document.clear();
+    std::printf("%.3f\n", timeToStrip(rtf));
+    std::fflush(stdout);
+    std::_Exit(0);
+}
+
+/*! The times that measure() prints in another process, empty when it did not end well. */
+QVector<double> measured(int number, int bytes)
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(),
+                  {QStringLiteral("--measure"), QString::number(number), QString::number(bytes)});
+    QVector<double> times;
+    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
+        return times;
+    const QList<QByteArray> numbers = process.readAllStandardOutput().trimmed().split(' ');
+    for (const QByteArray& time : numbers)
+        times.append(time.toDouble());
+    return times;
+}
+
+/*! Lowers each of \a times to that of \a others. */
+void takeMinima(QVector<double>& times, const QVector<double>& others)
+{
+    for (int i = 0; i < times.size(); ++i)
+        times[i] = qMin(times.at(i), others.value(i, times.at(i)));
+}
+
+bool growsTooMuch(const QVector<double>& half, const QVector<double>& whole)
+{
+    for (int i = 0; i < half.size(); ++i) {
+        if (whole.at(i) > shortest && whole.at(i) > mostGrowth * half.at(i))
+            return true;
+    }
+    return false;
+}
+
+QString listOf(const QVector<double>& times)
+{
+    QStringList texts;
+    for (double time : times)
+        texts << QString::number(time, 'f', 1);
+    return texts.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+/*! What costs much and says little is converted in bounded memory, in a time that grows as the input does. */
+class TestHostile : public QObject {
+    Q_OBJECT
+
+private slots:
+    void limitsAreInForce();
+    void conversions_data();
+    void conversions();
+    void decompressionBomb();
+};
+
+/*! A process that uses more than it may does end badly. */
+void TestHostile::limitsAreInForce()
+{
+    for (const char* what : {"--use-memory", "--use-time"}) {
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {QLatin1String(what)});
+        QVERIFY(process.waitForFinished(120000));
+        QVERIFY2(process.exitStatus() == QProcess::CrashExit, what);
+    }
+}
+
+void TestHostile::conversions_data()
+{
+    QTest::addColumn<int>("number");
+    int number = 0;
+    const QList<hostile::Input> inputs = hostile::inputs();
+    for (const hostile::Input& input : inputs)
+        QTest::newRow(input.name) << number++;
+}
+
+/*!
+    Reading, writing again, and stripping. Other programs make a measured time longer and never shorter, so
+    that the shortest of several is taken.
+*/
+void TestHostile::conversions()
+{
+    QFETCH(int, number);
+    QVector<double> half = measured(number, megabyte / 2);
+    QVector<double> whole = measured(number, megabyte);
+    QCOMPARE(half.size(), 3);
+    QCOMPARE(whole.size(), 3);
+    for (int attempt = 1; attempt < mostAttempts && growsTooMuch(half, whole); ++attempt) {
+        takeMinima(half, measured(number, megabyte / 2));
+        takeMinima(whole, measured(number, megabyte));
+    }
+    QVERIFY2(!growsTooMuch(half, whole), qPrintable(listOf(half) + QLatin1String(" -> ") + listOf(whole)));
+}
+
+/*! A picture that would take 450 megabytes, and several gigabytes in colours. */
+void TestHostile::decompressionBomb()
+{
+    const QVector<double> times = measured(-1, 0);
+    QCOMPARE(times.size(), 3);
+    QVERIFY2(times.at(0) < 1000, qPrintable(listOf(times)));
+}
+
+int main(int argc, char** argv)
+{
+    QGuiApplication application(argc, argv);
+    if (argc == 4 && qstrcmp(argv[1], "--measure") == 0)
+        return measure(atoi(argv[2]), atoi(argv[3]));
+    if (argc == 2 && qstrcmp(argv[1], "--use-memory") == 0) {
+        limitMemory();
+        return QByteArray(int(memoryLimit), 'x').isEmpty();
+    }
+    if (argc == 2 && qstrcmp(argv[1], "--use-time") == 0) {
+        limitTime();
+        while (cpuMilliseconds() < 60000) { }
+        return 0;
+    }
+    TestHostile test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_hostile.moc"
