@@ -13,6 +13,7 @@ test_packages=(
     abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf xclip
     xvfb
 )
+fuzz_packages=(clang libclang-rt-14-dev)
 bench_packages=(libbenchmark-dev python3)
 ci_packages=(clang-format clang-tidy qt6-base-dev)
 
