@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # fuzz.sh TARGET SECONDS [ARGUMENT…]: installs and builds what is missing, and feeds inputs to the libFuzzer
-# target fuzz_TARGET for so many seconds. Arguments go to libFuzzer. New inputs are kept in
-# build/fuzz/corpus/TARGET, those that fail in build/fuzz/crashes.
+# target fuzz_TARGET for so many seconds. Arguments go to libFuzzer: options, and folders of more seeds. New
+# inputs are kept in build/fuzz/corpus/TARGET, those that fail in build/fuzz/crashes.
 
 # shellcheck source-path=SCRIPTDIR source=lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
@@ -9,7 +9,7 @@ source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 # Inputs longer than this make a run slow and find little.
 longest=16384
 
-mapfile -t targets < <(cd "$root/fuzz" && printf '%s\n' fuzz_*.cpp | sed 's/^fuzz_//; s/\.cpp$//')
+mapfile -t targets < <(fuzz_targets)
 (($# >= 2)) || fail "usage: fuzz.sh TARGET SECONDS [ARGUMENT…], TARGET being one of: ${targets[*]}"
 target=$1 seconds=$2
 shift 2
@@ -37,7 +37,7 @@ export UBSAN_OPTIONS=print_stacktrace=1
 say "running fuzz_$target for $seconds s"
 if ! "$folder/bin/fuzz_$target" -max_total_time="$seconds" -max_len=$longest -timeout=20 -rss_limit_mb=2048 \
     -dict="$folder/fuzz/rtf.dict" -artifact_prefix="$folder/crashes/$target-" -print_final_stats=1 \
-    "$@" "$corpus" "$seeds" >"$log" 2>&1 </dev/null; then
+    "$corpus" "$seeds" "$@" >"$log" 2>&1 </dev/null; then
     fail "fuzz_$target failed; the input is in build/fuzz/crashes, the output in $log:" \
         "$(grep -aE -m 1 'Failed check|SUMMARY|ERROR' "$log" || tail -n 1 "$log")"
 fi
