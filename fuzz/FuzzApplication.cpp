@@ -12,6 +12,7 @@ void ignoreMessage(QtMsgType, const QMessageLogContext&, const QString&) { }
 extern "C" __attribute__((visibility("default"))) int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("FONTCONFIG_FILE", FUZZ_FONTS_CONF);
     qInstallMessageHandler(ignoreMessage);
     static int argumentCount = 1;
     Q_UNUSED(argc);

@@ -35,7 +35,7 @@ export QT_QPA_PLATFORM=offscreen
 export LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0
 export UBSAN_OPTIONS=print_stacktrace=1
 say "running fuzz_$target for $seconds s"
-if ! "$folder/bin/fuzz_$target" -max_total_time="$seconds" -max_len=$longest -timeout=20 -rss_limit_mb=2048 \
+if ! "$folder/bin/fuzz_$target" -max_total_time="$seconds" -max_len=$longest -entropic=0 -timeout=20 -rss_limit_mb=2048 \
     -dict="$folder/fuzz/rtf.dict" -artifact_prefix="$folder/crashes/$target-" -print_final_stats=1 \
     "$corpus" "$seeds" "$@" >"$log" 2>&1 </dev/null; then
     fail "fuzz_$target failed; the input is in build/fuzz/crashes, the output in $log:" \
