@@ -1,3 +1,11 @@
 # The example programs. tst_editor_clipboard has an X server of its own, and xclip as the other program.
-orv_add_test(editor LIBRARIES OrvRtfEditorObjects LABELS gui)
-orv_add_test(editor_clipboard LIBRARIES OrvRtfEditorObjects LABELS gui)
+if(TARGET OrvRtfEditorObjects)
+    orv_add_test(editor LIBRARIES OrvRtfEditorObjects LABELS gui)
+    orv_add_test(editor_clipboard LIBRARIES OrvRtfEditorObjects LABELS gui)
+endif()
+
+# What docs/guide.md tells its readers to do, done.
+add_test(NAME guide
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/guide.py ${PROJECT_SOURCE_DIR}/docs/guide.md
+        ${PROJECT_SOURCE_DIR}/examples/guide ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+set_tests_properties(guide PROPERTIES LABELS docs ENVIRONMENT "${ORV_TEST_ENVIRONMENT}")
