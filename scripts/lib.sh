@@ -6,14 +6,15 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 logs=$root/build/logs
 
-# Debian packages that building needs, and those that the tests, the benchmarks, fuzzing and the checks of CI
-# need besides.
+# Debian packages that building needs, and those that the tests, the benchmarks, coverage, fuzzing and the checks
+# of CI need besides.
 build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev)
 test_packages=(
     abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf valgrind
     xclip xvfb
 )
 bench_packages=(abiword libbenchmark-dev libreoffice-writer-nogui pandoc python3 unrtf)
+coverage_packages=(clang libclang-rt-dev llvm)
 fuzz_packages=(clang libclang-rt-dev)
 ci_packages=(clang-format clang-tidy qt6-base-dev)
 

@@ -62,7 +62,7 @@ void TestCoreUtil::tempFilePathsOfAllThreadsDiffer()
     std::vector<QStringList> paths(threadCount);
     std::vector<std::thread> threads;
     for (QStringList& own : paths) {
-        threads.emplace_back([&own, callCount]() {
+        threads.emplace_back([&own]() {
             for (int i = 0; i < callCount; ++i)
                 own.append(ORVCoreUtil::GetNewTempFilePath(QString()));
         });
