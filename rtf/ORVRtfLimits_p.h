@@ -20,7 +20,7 @@ const int tableColumns = 256;
     all the cells that they have, so a short row below a wide one takes more memory than its text.
 */
 const int spareTableCells = 100000;
-const int tableCellsForEachInFile = 4;
+const qint64 tableCellsForEachInFile = 4;
 /*! Tab stops of one paragraph. */
 const int tabStops = 256;
 /*! Different lists of tab stops, or of column widths, whose formats carry no ORVRtfProperty::ListNumber. */

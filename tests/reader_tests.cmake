@@ -19,10 +19,10 @@ orv_add_test(stripper)
 orv_add_test(threads)
 orv_add_test(tokenizer)
 
-# Sanitizers take memory and time of their own.
+# Sanitizers take memory and time of their own, and other programs disturb the times.
 if(NOT ORVRTF_SANITIZE)
     orv_add_test(hostile LABELS slow)
-    set_tests_properties(hostile PROPERTIES TIMEOUT 900)
+    set_tests_properties(hostile PROPERTIES TIMEOUT 900 RUN_SERIAL TRUE)
 endif()
 
 # Reading in a program without any application object, which QtTest always makes.
