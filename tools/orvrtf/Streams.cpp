@@ -87,8 +87,12 @@ bool OutputStream::open(const QString& path)
         m_direct.setFileName(path);
         return opened(m_direct, m_direct.open(QIODevice::WriteOnly));
     }
+    const InterruptionBlock block;
     m_file.setFileName(path);
-    return opened(m_file, m_file.open(QIODevice::WriteOnly));
+    const bool isOpen = m_file.open(QIODevice::WriteOnly);
+    if (isOpen)
+        m_unfinished.watch(m_file.handle());
+    return opened(m_file, isOpen);
 }
 
 bool OutputStream::opened(QFileDevice& file, bool isOpen)
@@ -123,8 +127,12 @@ bool writeOutput(const QString& path, const QByteArray& data, QString* errorStri
     return isWritten;
 }
 
+QByteArray errorLine(const QString& message)
+{
+    return "orvrtf: " + message.simplified().toLocal8Bit() + '\n';
+}
+
 void printError(const QString& message)
 {
-    const QByteArray line = message.simplified().toLocal8Bit();
-    std::fprintf(stderr, "orvrtf: %s\n", line.constData());
+    std::fputs(errorLine(message).constData(), stderr);
 }
