@@ -2,13 +2,20 @@
 
 orv_add_test(samples)
 
-foreach(subject tool tool_writing)
+foreach(subject tool tool_batch tool_writing)
     orv_add_test(${subject} SOURCES tooltest.h)
     add_dependencies(tst_${subject} orvrtf)
     target_compile_definitions(tst_${subject} PRIVATE
         ORVRTF_TOOL="$<TARGET_FILE:orvrtf>"
         ORVRTF_VERSION="${PROJECT_VERSION}")
 endforeach()
+
+# What is preloaded gets ahead of the sanitizers, which object to that unless they are told not to.
+add_library(namedtempfiles MODULE namedtempfiles.cpp)
+target_link_libraries(namedtempfiles PRIVATE ${CMAKE_DL_LIBS})
+add_dependencies(tst_tool_batch namedtempfiles)
+target_compile_definitions(tst_tool_batch PRIVATE NAMED_TEMP_FILES="$<TARGET_FILE:namedtempfiles>")
+set_property(TEST tool_batch APPEND PROPERTY ENVIRONMENT ASAN_OPTIONS=verify_asan_link_order=0)
 
 # A gigabyte through a pipe.
 add_test(NAME strip_memory COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/strip_memory.py $<TARGET_FILE:orvrtf>)

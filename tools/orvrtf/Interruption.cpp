@@ -76,6 +76,7 @@ void UnfinishedFile::watch(int descriptor)
     char link[64];
     std::snprintf(link, sizeof(link), "/proc/self/fd/%d", descriptor);
     const ssize_t length = ::readlink(link, unfinishedPath, sizeof(unfinishedPath) - 1);
+    // Of a file without a name, this is one that no file has.
     unfinishedPath[qMax(ssize_t(0), length)] = '\0';
     if (length > 0)
         Interruption::handle(removeFileAndEnd);

@@ -107,6 +107,8 @@ bool OutputStream::opened(QFileDevice& file, bool isOpen)
 
 bool OutputStream::finish()
 {
+    // The file may have two names for a moment, one of them to be replaced.
+    const InterruptionBlock block;
     m_errorString = m_device.failure;
     if (m_errorString.isEmpty()
         && (!m_device.target->flush() || (m_device.target == &m_file && !m_file.commit())))
