@@ -31,6 +31,11 @@ orv_add_test(tool_formats LABELS slow)
 add_dependencies(tst_tool_formats orvrtf)
 target_compile_definitions(tst_tool_formats PRIVATE ORVRTF_TOOL="$<TARGET_FILE:orvrtf>")
 
+# The recipe for many hosts as it stands in docs/batch.md.
+add_test(NAME batch_recipe
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/batch_recipe.sh ${PROJECT_SOURCE_DIR}/docs/batch.md $<TARGET_FILE:orvrtf>)
+set_tests_properties(batch_recipe PROPERTIES LABELS docs)
+
 # README.md's example as it stands there, so that it compiles and works for its readers.
 add_executable(readme_example ${CMAKE_CURRENT_BINARY_DIR}/readme_example.cpp)
 add_custom_command(OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/readme_example.cpp
