@@ -10,6 +10,8 @@ foreach(subject tool tool_batch tool_writing)
         ORVRTF_VERSION="${PROJECT_VERSION}")
 endforeach()
 
+target_sources(tst_tool_batch PRIVATE ../tools/orvrtf/BatchPlan.cpp)
+target_include_directories(tst_tool_batch PRIVATE ../tools/orvrtf)
 # What is preloaded gets ahead of the sanitizers, which object to that unless they are told not to.
 add_library(namedtempfiles MODULE namedtempfiles.cpp)
 target_link_libraries(namedtempfiles PRIVATE ${CMAKE_DL_LIBS})

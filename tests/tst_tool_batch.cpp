@@ -1,3 +1,4 @@
+#include "BatchPlan.h"
 #include "tooltest.h"
 
 #include <QDir>
@@ -26,6 +27,8 @@ private slots:
 
     void usageErrors_data();
     void usageErrors();
+    void picturesOfPages_data();
+    void picturesOfPages();
     void stopsAtFirstFailure();
     void keepsGoing_data();
     void keepsGoing();
@@ -340,6 +343,34 @@ void tst_tool_batch::usageErrors()
     QCOMPARE(read(path("in.rtf")), rtf("Text"));
 }
 
+void tst_tool_batch::picturesOfPages_data()
+{
+    QTest::addColumn<QString>("output");
+    QTest::addColumn<bool>("isConflict");
+
+    QTest::newRow("second page") << "a-2.png" << true;
+    QTest::newRow("twelfth page") << "a-12.png" << true;
+    QTest::newRow("no first page") << "a-1.png" << false;
+    QTest::newRow("no page of a number below 0") << "a--2.png" << false;
+    QTest::newRow("no number") << "a-x.png" << false;
+    QTest::newRow("page of another") << "b-2.png" << false;
+    QTest::newRow("other format") << "a-2.txt" << false;
+}
+
+/*! PNG is a file for each page: "a.png", "a-2.png" and so on, which no other input may become. */
+void tst_tool_batch::picturesOfPages()
+{
+    QFETCH(QString, output);
+    QFETCH(bool, isConflict);
+    const BatchFile pages{QLatin1String("a.rtf"), QLatin1String("a.png"), QStringList()};
+    const BatchFile other{QLatin1String("other.rtf"), output, QStringList()};
+    const QString expected = isConflict
+        ? QString::fromLatin1("\"a.rtf\" and \"other.rtf\" would both become \"%1\"").arg(output)
+        : QString();
+    QCOMPARE(batchConflict({pages, other}), expected);
+    QCOMPARE(batchConflict({other, pages}), expected);
+}
+
 void tst_tool_batch::stopsAtFirstFailure()
 {
     write("a.rtf", rtf("a"));
@@ -596,7 +627,7 @@ void tst_tool_batch::interruptedEngine()
 /*! What the tool writes to a terminal of \a columns columns that is its standard error. */
 QByteArray tst_tool_batch::onTerminal(const QStringList& arguments, unsigned short columns)
 {
-    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC | O_NONBLOCK);
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
     if (terminal < 0 || ::grantpt(terminal) != 0 || ::unlockpt(terminal) != 0)
         qFatal("no terminal");
     const QByteArray name = ::ptsname(terminal);
@@ -608,9 +639,12 @@ QByteArray tst_tool_batch::onTerminal(const QStringList& arguments, unsigned sho
     process.setStandardErrorFile(QString::fromLatin1(name));
     start(process, arguments);
     finish(process);
-    QByteArray text(4096, Qt::Uninitialized);
-    text.truncate(int(qMax(ssize_t(0), ::read(terminal, text.data(), size_t(text.size())))));
     ::close(otherEnd);
+    QByteArray text;
+    char part[4096];
+    ssize_t length = 0;
+    while ((length = ::read(terminal, part, sizeof(part))) > 0)
+        text.append(part, int(length));
     ::close(terminal);
     return text;
 }

@@ -222,37 +222,33 @@ Options twoFileOptions(Options::Command command, const QString& name, const QStr
     return options;
 }
 
-/*! Reads --to; a text says what is wrong with it, if anything is. */
-QString readTo(const Arguments& arguments, Options* options)
+/*! Finds out which format convert is to write; a text says what is wrong with the options, if anything is. */
+QString readOutputFormat(const Arguments& arguments, Options* options)
 {
-    const QString name = arguments.parser.value(arguments.to);
-    if (formatFromName(name, &options->outputFormat))
-        return QString();
-    return QString::fromLatin1("unknown output format \"%1\", known are rtf, html and txt").arg(name);
+    if (arguments.parser.isSet(arguments.to)) {
+        const QString name = arguments.parser.value(arguments.to);
+        if (!formatFromName(name, &options->outputFormat))
+            return QString::fromLatin1("unknown output format \"%1\", known are rtf, html and txt").arg(name);
+    } else if (options->output == QLatin1String("-")) {
+        return QLatin1String("the standard output needs --to rtf, --to html or --to txt");
+    } else if (!formatFromName(QFileInfo(options->output).suffix(), &options->outputFormat)) {
+        return QString::fromLatin1("cannot tell the format of \"%1\" by its suffix, known are "
+                                   ".rtf, .html, .htm and .txt")
+            .arg(options->output);
+    }
+    return QString();
 }
 
 Options convertOptions(const Arguments& arguments, Options options)
 {
-    QString inputProblem = readFrom(arguments, &options);
-    if (inputProblem.isEmpty())
-        inputProblem = readEngine(arguments, &options);
-    if (!inputProblem.isEmpty())
-        return invalid(inputProblem);
-    if (arguments.parser.isSet(arguments.to)) {
-        const QString toProblem = readTo(arguments, &options);
-        if (!toProblem.isEmpty())
-            return invalid(toProblem);
-    } else if (options.output == QLatin1String("-")) {
-        return invalid(QLatin1String("the standard output needs --to rtf, --to html or --to txt"));
-    } else if (!formatFromName(QFileInfo(options.output).suffix(), &options.outputFormat)) {
-        return invalid(QString::fromLatin1("cannot tell the format of \"%1\" by its suffix, known are "
-                                           ".rtf, .html, .htm and .txt")
-                           .arg(options.output));
-    }
-    const QString problem = readRtfOptions(arguments, &options);
-    if (!problem.isEmpty())
-        return invalid(problem);
-    return options;
+    QString problem = readFrom(arguments, &options);
+    if (problem.isEmpty())
+        problem = readEngine(arguments, &options);
+    if (problem.isEmpty())
+        problem = readOutputFormat(arguments, &options);
+    if (problem.isEmpty())
+        problem = readRtfOptions(arguments, &options);
+    return problem.isEmpty() ? options : invalid(problem);
 }
 
 /*! The options given for the conversion, as a worker takes them for the input that \a options name. */
@@ -303,7 +299,7 @@ Options batchOptions(const Arguments& arguments, const QStringList& files)
     if (problem.isEmpty() && !arguments.parser.isSet(arguments.to))
         problem = QLatin1String("--output-dir needs --to");
     if (problem.isEmpty())
-        problem = readTo(arguments, &options);
+        problem = readOutputFormat(arguments, &options);
     if (problem.isEmpty())
         problem = readRtfOptions(arguments, &options);
     if (problem.isEmpty())
