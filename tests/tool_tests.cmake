@@ -38,6 +38,14 @@ add_test(NAME batch_recipe
     COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/batch_recipe.sh ${PROJECT_SOURCE_DIR}/docs/batch.md $<TARGET_FILE:orvrtf>)
 set_tests_properties(batch_recipe PROPERTIES LABELS docs)
 
+# What is installed beside the program: its manual page and the completion of its command line.
+add_test(NAME tool_manual
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/manpage.sh ${PROJECT_SOURCE_DIR}/tools/orvrtf/orvrtf.1 $<TARGET_FILE:orvrtf>)
+add_test(NAME tool_completion
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/completion.sh
+        ${PROJECT_SOURCE_DIR}/tools/orvrtf/completion/orvrtf.bash $<TARGET_FILE:orvrtf>)
+set_tests_properties(tool_manual tool_completion PROPERTIES LABELS docs)
+
 # README.md's example as it stands there, so that it compiles and works for its readers.
 add_executable(readme_example ${CMAKE_CURRENT_BINARY_DIR}/readme_example.cpp)
 add_custom_command(OUTPUT ${CMAKE_CURRENT_BINARY_DIR}/readme_example.cpp
