@@ -1,5 +1,6 @@
 #include "Interruption.h"
 
+#include <cerrno>
 #include <climits>
 #include <csignal>
 #include <cstdio>
@@ -30,35 +31,38 @@ void removeFileAndEnd(int signal)
     Interruption::endBy(signal);
 }
 
-/*! Kills the process groups that the processes in \a list, ids with a blank behind each, lead; their number.
- */
-int killGroups(const char* list, qint64 length)
+/*! Kills the process groups that the processes in \a list, ids with a blank behind each, lead. */
+void killGroups(const char* list, qint64 length)
 {
-    int count = 0;
     pid_t id = 0;
     for (qint64 i = 0; i < length; ++i) {
         if (list[i] >= '0' && list[i] <= '9') {
             id = id * 10 + (list[i] - '0');
         } else if (id > 1) {
             // A process that was started just now leads no group yet.
-            if (::kill(-id, SIGKILL) == 0 || ::kill(id, SIGKILL) == 0)
-                ++count;
+            if (::kill(-id, SIGKILL) != 0)
+                ::kill(id, SIGKILL);
             id = 0;
         }
     }
-    return count;
 }
 
-void killProgramsOrEnd(int signal)
+void killPrograms(int signal)
 {
-    char list[4096];
+    const int oldError = errno;
+    if (signal != SIGALRM)
+        lastSignal = signal;
     const int file = ::open(childrenPath, O_RDONLY | O_CLOEXEC);
-    const qint64 length = file < 0 ? 0 : ::read(file, list, sizeof(list));
-    if (file >= 0)
-        ::close(file);
-    if (killGroups(list, length) == 0)
-        Interruption::endBy(signal);
-    lastSignal = signal;
+    // Not every system tells the children.
+    if (file < 0)
+        Interruption::endBy(lastSignal);
+    char list[4096];
+    killGroups(list, ::read(file, list, sizeof(list)));
+    ::close(file);
+    // Again in a second: another program may be about to be started.
+    std::signal(SIGALRM, killPrograms);
+    ::alarm(1);
+    errno = oldError;
 }
 
 } // namespace
@@ -86,12 +90,13 @@ StartedPrograms::StartedPrograms()
 {
     const long id = long(::getpid());
     std::snprintf(childrenPath, sizeof(childrenPath), "/proc/%ld/task/%ld/children", id, id);
-    Interruption::handle(killProgramsOrEnd);
+    Interruption::handle(killPrograms);
 }
 
 StartedPrograms::~StartedPrograms()
 {
     Interruption::stopHandling();
+    ::alarm(0);
     if (lastSignal != 0)
         Interruption::endBy(lastSignal);
 }

@@ -22,8 +22,7 @@ private:
 /*!
     While an object of this class lives, SIGHUP, SIGINT and SIGTERM kill the programs that this one has
    started, and what they started, so that whoever waits for them can clear up behind them; the destructor
-   then ends this program. Without such a program they end this one at once, and they do so when they come
-   again.
+   then ends this program. When the signal comes again, it ends this program at once.
 */
 class StartedPrograms {
 public:

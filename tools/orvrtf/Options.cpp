@@ -280,7 +280,7 @@ QString readBatchFiles(const Arguments& arguments, const QStringList& files, Opt
             return QLatin1String("the standard input does not go with --output-dir");
         Options one;
         one.input = file;
-        const QString problem = readFrom(arguments, &one);
+        QString problem = readFrom(arguments, &one);
         if (!problem.isEmpty())
             return problem;
         options->needsEngine = options->needsEngine || one.needsEngine;

@@ -4,6 +4,7 @@
 
 #include <QEvent>
 
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -15,10 +16,12 @@ volatile std::sig_atomic_t lastSignal = 0;
 
 void tellEventLoop(int signal)
 {
+    const int oldError = errno;
     lastSignal = signal;
     const char byte = 0;
     const ssize_t written = ::write(pipeEnds[1], &byte, 1);
     Q_UNUSED(written);
+    errno = oldError;
 }
 
 /*! Makes the pipe, which no started program gets, and gives the end to read from. */
