@@ -10,8 +10,8 @@ logs=$root/build/logs
 # of CI need besides.
 build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev)
 test_packages=(
-    abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf valgrind
-    xclip xvfb
+    abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui man-db mandoc pandoc parallel poppler-utils
+    python3 rsync unrtf valgrind xclip xvfb
 )
 bench_packages=(abiword libbenchmark-dev libreoffice-writer-nogui pandoc python3 unrtf)
 coverage_packages=(clang libclang-rt-dev llvm)

@@ -2,13 +2,22 @@
 
 orv_add_test(samples)
 
-foreach(subject tool tool_writing)
+foreach(subject tool tool_batch tool_writing)
     orv_add_test(${subject} SOURCES tooltest.h)
     add_dependencies(tst_${subject} orvrtf)
     target_compile_definitions(tst_${subject} PRIVATE
         ORVRTF_TOOL="$<TARGET_FILE:orvrtf>"
         ORVRTF_VERSION="${PROJECT_VERSION}")
 endforeach()
+
+target_sources(tst_tool_batch PRIVATE ../tools/orvrtf/BatchPlan.cpp)
+target_include_directories(tst_tool_batch PRIVATE ../tools/orvrtf)
+# What is preloaded gets ahead of the sanitizers, which object to that unless they are told not to.
+add_library(namedtempfiles MODULE namedtempfiles.cpp)
+target_link_libraries(namedtempfiles PRIVATE ${CMAKE_DL_LIBS})
+add_dependencies(tst_tool_batch namedtempfiles)
+target_compile_definitions(tst_tool_batch PRIVATE NAMED_TEMP_FILES="$<TARGET_FILE:namedtempfiles>")
+set_property(TEST tool_batch APPEND PROPERTY ENVIRONMENT ASAN_OPTIONS=verify_asan_link_order=0)
 
 # A gigabyte through a pipe.
 add_test(NAME strip_memory COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/strip_memory.py $<TARGET_FILE:orvrtf>)
@@ -23,6 +32,19 @@ target_include_directories(tst_tool_documents PRIVATE ../tools/orvrtf)
 orv_add_test(tool_formats LABELS slow)
 add_dependencies(tst_tool_formats orvrtf)
 target_compile_definitions(tst_tool_formats PRIVATE ORVRTF_TOOL="$<TARGET_FILE:orvrtf>")
+
+# The recipe for many hosts as it stands in docs/batch.md.
+add_test(NAME batch_recipe
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/batch_recipe.sh ${PROJECT_SOURCE_DIR}/docs/batch.md $<TARGET_FILE:orvrtf>)
+set_tests_properties(batch_recipe PROPERTIES LABELS docs)
+
+# What is installed beside the program: its manual page and the completion of its command line.
+add_test(NAME tool_manual
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/manpage.sh ${PROJECT_SOURCE_DIR}/tools/orvrtf/orvrtf.1 $<TARGET_FILE:orvrtf>)
+add_test(NAME tool_completion
+    COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/completion.sh
+        ${PROJECT_SOURCE_DIR}/tools/orvrtf/completion/orvrtf.bash $<TARGET_FILE:orvrtf>)
+set_tests_properties(tool_manual tool_completion PROPERTIES LABELS docs)
 
 # README.md's example as it stands there, so that it compiles and works for its readers.
 add_executable(readme_example ${CMAKE_CURRENT_BINARY_DIR}/readme_example.cpp)

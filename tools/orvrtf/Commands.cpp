@@ -2,6 +2,7 @@
 
 #include "DocumentInfo.h"
 #include "HtmlExport.h"
+#include "Interruption.h"
 #include "RtfExport.h"
 #include "Streams.h"
 #include "TextExport.h"
@@ -103,12 +104,18 @@ QByteArray converted(QTextDocument& document, const Options& options)
     return QByteArray();
 }
 
+bool readWithEngine(const Options& options, QTextDocument& document, QStringList& errors)
+{
+    const StartedPrograms programs;
+    return ORVTextRtf::loadFileIntoDocument(options.input, &document, options.engine, &errors);
+}
+
 /*! For input that another program converts; nothing is written unless all of it could be read. */
 ExitCode convertWithEngine(const Options& options)
 {
     QTextDocument document;
     QStringList errors;
-    if (ORVTextRtf::loadFileIntoDocument(options.input, &document, options.engine, &errors))
+    if (readWithEngine(options, document, errors))
         return output(options.output, converted(document, options), Success);
     for (const QString& error : qAsConst(errors))
         printError(error);

@@ -1,5 +1,7 @@
 #include "Options.h"
 
+#include "BatchOptions.h"
+
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QFileInfo>
@@ -15,6 +17,9 @@ const char* const description =
     "                  .html, .htm or .txt) say which, unless --from and --to do. IN\n"
     "                  can also be .doc, .docx or .odt, where LibreOffice, AbiWord or\n"
     "                  pandoc is installed. Any other IN is taken for RTF.\n"
+    "  convert IN... --output-dir DIR --to FORMAT\n"
+    "                  Convert each IN to a file of the same name, with the suffix of the\n"
+    "                  format, in DIR, which is made when it is missing.\n"
     "  info IN         Count what IN holds: paragraphs, words, characters, fonts,\n"
     "                  pictures, links, notes, tables and lists.\n"
     "  check IN        Say whether IN is sound.\n"
@@ -61,13 +66,21 @@ struct Arguments {
                                    QLatin1String("style")};
     QCommandLineOption json{QLatin1String("json"), QLatin1String("Let info print JSON.")};
     QCommandLineParser parser;
+
+    /*! The options of convert that say how a file is converted. */
+    QList<QCommandLineOption> conversion() const
+    {
+        return {from, engine, to, storage, msWordHighlight, decorateLinks, footnotes, annotations};
+    }
 };
 
 Arguments::Arguments()
 {
     parser.setApplicationDescription(QLatin1String(description));
-    parser.addOptions({help, version, from, engine, to, storage, msWordHighlight, decorateLinks, footnotes,
-                       annotations, json});
+    parser.addOptions({help, version});
+    parser.addOptions(conversion());
+    parser.addOptions(BatchOptions::all());
+    parser.addOption(json);
     parser.addPositionalArgument(QLatin1String("COMMAND"), QLatin1String("convert, info, check or strip."));
     parser.addPositionalArgument(QLatin1String("IN"), QLatin1String("File to read."));
     parser.addPositionalArgument(QLatin1String("OUT"), QLatin1String("File that convert and strip write."),
@@ -140,8 +153,8 @@ bool isWordProcessorSuffix(const QString& suffix)
     return lower == QLatin1String("doc") || lower == QLatin1String("docx") || lower == QLatin1String("odt");
 }
 
-/*! Finds out what the input of convert is; a text says what is wrong with the options, if anything is. */
-QString readInputOptions(const Arguments& arguments, Options* options)
+/*! Finds out what the input of convert is; a text says what is wrong with --from, if anything is. */
+QString readFrom(const Arguments& arguments, Options* options)
 {
     const QCommandLineParser& parser = arguments.parser;
     const QString suffix = QFileInfo(options->input).suffix();
@@ -152,6 +165,13 @@ QString readInputOptions(const Arguments& arguments, Options* options)
     } else if (!formatFromName(suffix, &options->inputFormat)) {
         options->needsEngine = isWordProcessorSuffix(suffix);
     }
+    return QString();
+}
+
+/*! Reads --engine; a text says what is wrong with it, if anything is. */
+QString readEngine(const Arguments& arguments, Options* options)
+{
+    const QCommandLineParser& parser = arguments.parser;
     if (!parser.isSet(arguments.engine))
         return QString();
     if (!options->needsEngine)
@@ -202,27 +222,89 @@ Options twoFileOptions(Options::Command command, const QString& name, const QStr
     return options;
 }
 
-Options convertOptions(const Arguments& arguments, Options options)
+/*! Finds out which format convert is to write; a text says what is wrong with the options, if anything is. */
+QString readOutputFormat(const Arguments& arguments, Options* options)
 {
-    const QString inputProblem = readInputOptions(arguments, &options);
-    if (!inputProblem.isEmpty())
-        return invalid(inputProblem);
     if (arguments.parser.isSet(arguments.to)) {
         const QString name = arguments.parser.value(arguments.to);
-        if (!formatFromName(name, &options.outputFormat))
-            return invalid(
-                QString::fromLatin1("unknown output format \"%1\", known are rtf, html and txt").arg(name));
-    } else if (options.output == QLatin1String("-")) {
-        return invalid(QLatin1String("the standard output needs --to rtf, --to html or --to txt"));
-    } else if (!formatFromName(QFileInfo(options.output).suffix(), &options.outputFormat)) {
-        return invalid(QString::fromLatin1("cannot tell the format of \"%1\" by its suffix, known are "
-                                           ".rtf, .html, .htm and .txt")
-                           .arg(options.output));
+        if (!formatFromName(name, &options->outputFormat))
+            return QString::fromLatin1("unknown output format \"%1\", known are rtf, html and txt").arg(name);
+    } else if (options->output == QLatin1String("-")) {
+        return QLatin1String("the standard output needs --to rtf, --to html or --to txt");
+    } else if (!formatFromName(QFileInfo(options->output).suffix(), &options->outputFormat)) {
+        return QString::fromLatin1("cannot tell the format of \"%1\" by its suffix, known are "
+                                   ".rtf, .html, .htm and .txt")
+            .arg(options->output);
     }
-    const QString problem = readRtfOptions(arguments, &options);
-    if (!problem.isEmpty())
-        return invalid(problem);
-    return options;
+    return QString();
+}
+
+Options convertOptions(const Arguments& arguments, Options options)
+{
+    QString problem = readFrom(arguments, &options);
+    if (problem.isEmpty())
+        problem = readEngine(arguments, &options);
+    if (problem.isEmpty())
+        problem = readOutputFormat(arguments, &options);
+    if (problem.isEmpty())
+        problem = readRtfOptions(arguments, &options);
+    return problem.isEmpty() ? options : invalid(problem);
+}
+
+/*! The options given for the conversion, as a worker takes them for the input that \a options name. */
+QStringList workerOptions(const Arguments& arguments, const Options& options)
+{
+    QStringList result;
+    const QList<QCommandLineOption> conversion = arguments.conversion();
+    for (const QCommandLineOption& option : conversion) {
+        if (!arguments.parser.isSet(option))
+            continue;
+        const QString name = QLatin1String("--") + option.names().constFirst();
+        if (option.valueName().isEmpty())
+            result << name;
+        else if (options.needsEngine || option.names() != arguments.engine.names())
+            result << name + QLatin1Char('=') + arguments.parser.value(option);
+    }
+    return result;
+}
+
+/*! Says for each of \a files what becomes of it; a text says what is wrong with them, if anything is. */
+QString readBatchFiles(const Arguments& arguments, const QStringList& files, Options* options)
+{
+    if (files.isEmpty())
+        return QLatin1String("convert --output-dir takes input files");
+    const QString suffix = arguments.parser.value(arguments.to).toLower();
+    BatchPlan& plan = options->batch;
+    for (const QString& file : files) {
+        if (file == QLatin1String("-"))
+            return QLatin1String("the standard input does not go with --output-dir");
+        Options one;
+        one.input = file;
+        QString problem = readFrom(arguments, &one);
+        if (!problem.isEmpty())
+            return problem;
+        options->needsEngine = options->needsEngine || one.needsEngine;
+        plan.files.append(
+            {file, batchOutput(plan.outputDirectory, file, suffix), workerOptions(arguments, one)});
+    }
+    const QString problem = readEngine(arguments, options);
+    return problem.isEmpty() ? batchConflict(plan.files) : problem;
+}
+
+Options batchOptions(const Arguments& arguments, const QStringList& files)
+{
+    Options options;
+    options.command = Options::Batch;
+    QString problem = BatchOptions::read(arguments.parser, &options.batch);
+    if (problem.isEmpty() && !arguments.parser.isSet(arguments.to))
+        problem = QLatin1String("--output-dir needs --to");
+    if (problem.isEmpty())
+        problem = readOutputFormat(arguments, &options);
+    if (problem.isEmpty())
+        problem = readRtfOptions(arguments, &options);
+    if (problem.isEmpty())
+        problem = readBatchFiles(arguments, files, &options);
+    return problem.isEmpty() ? options : invalid(problem);
 }
 
 Options oneFileOptions(Options::Command command, const QString& name, const QStringList& files)
@@ -253,15 +335,19 @@ Options commandOptions(const Arguments& arguments)
     const Options::Command command = commandFromName(name);
     if (command == Options::Invalid)
         return invalid(QString::fromLatin1("unknown command \"%1\"").arg(name));
-    for (const QCommandLineOption& option :
-         {arguments.from, arguments.engine, arguments.to, arguments.storage, arguments.msWordHighlight,
-          arguments.decorateLinks, arguments.footnotes, arguments.annotations}) {
+    const QList<QCommandLineOption> convertOnly = arguments.conversion() + BatchOptions::all();
+    for (const QCommandLineOption& option : convertOnly) {
         if (arguments.parser.isSet(option) && command != Options::Convert)
             return invalid(
                 QString::fromLatin1("--%1 does not go with %2").arg(option.names().constFirst(), name));
     }
     if (arguments.parser.isSet(arguments.json) && command != Options::Info)
         return invalid(QString::fromLatin1("--json does not go with %1").arg(name));
+    if (BatchOptions::isBatch(arguments.parser))
+        return batchOptions(arguments, files);
+    const QString stray = BatchOptions::stray(arguments.parser);
+    if (!stray.isEmpty())
+        return invalid(QString::fromLatin1("--%1 goes with --output-dir only").arg(stray));
     if (command == Options::Convert || command == Options::Strip) {
         const Options options = twoFileOptions(command, name, files);
         return options.command == Options::Convert ? convertOptions(arguments, options) : options;

@@ -1,6 +1,7 @@
 #ifndef ORVRTF_OPTIONS_H
 #define ORVRTF_OPTIONS_H
 
+#include "BatchPlan.h"
 #include "RtfExport.h"
 
 #include <ORVImportExport.h>
@@ -13,7 +14,7 @@ enum ExitCode { Success = 0, Failure = 1, UsageError = 2 };
 
 /*! What the command line asks for. */
 struct Options {
-    enum Command { Help, Version, Convert, Info, Check, Strip, Invalid };
+    enum Command { Help, Version, Convert, Batch, Info, Check, Strip, Invalid };
     enum Format { Html, PlainText, Rtf };
 
     Command command = Invalid;
@@ -27,6 +28,8 @@ struct Options {
     ORVImportExport::Engine engine = ORVImportExport::AutomaticEngine;
     Format outputFormat = Html;
     RtfExportOptions rtf;
+    /*! Of Batch, and all that it needs. */
+    BatchPlan batch;
     bool json = false;
     /*! What --help prints, for Help; what is wrong with the command line, for Invalid. */
     QString text;

@@ -87,8 +87,12 @@ bool OutputStream::open(const QString& path)
         m_direct.setFileName(path);
         return opened(m_direct, m_direct.open(QIODevice::WriteOnly));
     }
+    const InterruptionBlock block;
     m_file.setFileName(path);
-    return opened(m_file, m_file.open(QIODevice::WriteOnly));
+    const bool isOpen = m_file.open(QIODevice::WriteOnly);
+    if (isOpen)
+        m_unfinished.watch(m_file.handle());
+    return opened(m_file, isOpen);
 }
 
 bool OutputStream::opened(QFileDevice& file, bool isOpen)
@@ -103,6 +107,8 @@ bool OutputStream::opened(QFileDevice& file, bool isOpen)
 
 bool OutputStream::finish()
 {
+    // The file may have two names for a moment, one of them to be replaced.
+    const InterruptionBlock block;
     m_errorString = m_device.failure;
     if (m_errorString.isEmpty()
         && (!m_device.target->flush() || (m_device.target == &m_file && !m_file.commit())))
@@ -123,8 +129,12 @@ bool writeOutput(const QString& path, const QByteArray& data, QString* errorStri
     return isWritten;
 }
 
+QByteArray errorLine(const QString& message)
+{
+    return "orvrtf: " + message.simplified().toLocal8Bit() + '\n';
+}
+
 void printError(const QString& message)
 {
-    const QByteArray line = message.simplified().toLocal8Bit();
-    std::fprintf(stderr, "orvrtf: %s\n", line.constData());
+    std::fputs(errorLine(message).constData(), stderr);
 }

@@ -1,6 +1,8 @@
 #ifndef ORVRTF_STREAMS_H
 #define ORVRTF_STREAMS_H
 
+#include "Interruption.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QSaveFile>
@@ -75,6 +77,7 @@ private:
 
     // Devices and pipes are written directly, as a file renamed into place would replace them.
     QFile m_direct;
+    UnfinishedFile m_unfinished;
     QSaveFile m_file;
     FailureKeeper m_device;
     QString m_errorString;
@@ -86,7 +89,11 @@ private:
 */
 bool writeOutput(const QString& path, const QByteArray& data, QString* errorString);
 
-/*! Writes "orvrtf: ", \a message and a line feed to the standard error, whatever line breaks it has. */
+/*! "orvrtf: ", \a message and a line feed, in the encoding of the locale; one line whatever line breaks it
+ * has. */
+QByteArray errorLine(const QString& message);
+
+/*! Writes the errorLine() of \a message to the standard error. */
 void printError(const QString& message);
 
 #endif

@@ -1,3 +1,4 @@
+#include "Batch.h"
 #include "DocumentModule.h"
 #include "Options.h"
 #include "Streams.h"
@@ -44,6 +45,14 @@ ExitCode print(const QString& text)
     return Failure;
 }
 
+int convertMany(const BatchPlan& plan, char* programName)
+{
+    int count = 1;
+    char* arguments[] = {programName, nullptr};
+    const QCoreApplication application(count, arguments);
+    return runBatch(plan, QCoreApplication::applicationFilePath());
+}
+
 /*! Runs a command in the module that has what it needs. */
 int runInModule(const Options& options, char* programName, const QString& programFolder)
 {
@@ -70,6 +79,7 @@ int main(int argc, char** argv)
         return UsageError;
     case Options::Help: return print(options.text);
     case Options::Version: return print(QLatin1String("orvrtf " ORVRTF_VERSION "\n"));
+    case Options::Batch: return convertMany(options.batch, argv[0]);
     case Options::Convert:
     case Options::Info:
     case Options::Check:

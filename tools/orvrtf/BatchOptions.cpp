@@ -1,0 +1,103 @@
+#include "BatchOptions.h"
+
+#include "BatchPlan.h"
+
+#include <QCommandLineParser>
+#include <QThread>
+
+#include <climits>
+
+namespace {
+
+// Seconds; a timer can count them in milliseconds.
+const int maxTimeout = 1000000;
+
+QString outputDirectoryName()
+{
+    return QLatin1String("output-dir");
+}
+
+QString jobsName()
+{
+    return QLatin1String("jobs");
+}
+
+QString keepGoingName()
+{
+    return QLatin1String("keep-going");
+}
+
+QString timeoutName()
+{
+    return QLatin1String("timeout");
+}
+
+/*! Reads the option \a name as a number up to \a max. Not given, it leaves \a number alone; false otherwise.
+ */
+bool readNumber(const QCommandLineParser& parser, const QString& name, int max, int* number)
+{
+    if (!parser.isSet(name))
+        return true;
+    bool isNumber = false;
+    *number = parser.value(name).toInt(&isNumber);
+    return isNumber && *number >= 0 && *number <= max;
+}
+
+bool readJobs(const QCommandLineParser& parser, int* jobs)
+{
+    if (parser.value(jobsName()) == QLatin1String("auto"))
+        *jobs = 0;
+    else if (!readNumber(parser, jobsName(), INT_MAX, jobs))
+        return false;
+    if (*jobs == 0)
+        *jobs = QThread::idealThreadCount();
+    return true;
+}
+
+} // namespace
+
+QList<QCommandLineOption> BatchOptions::all()
+{
+    return {QCommandLineOption(outputDirectoryName(),
+                               QLatin1String("Convert many files, into this directory."),
+                               QLatin1String("directory")),
+            QCommandLineOption(jobsName(),
+                               QLatin1String("Convert so many files at the same time: 1 unless given; 0 or "
+                                             "auto is one for each processor."),
+                               QLatin1String("number")),
+            QCommandLineOption(keepGoingName(),
+                               QLatin1String("Convert the other files when one fails; otherwise no new one "
+                                             "is begun then.")),
+            QCommandLineOption(timeoutName(),
+                               QLatin1String("Give up a file of many after so many seconds: 600 unless "
+                                             "given; 0 is never."),
+                               QLatin1String("seconds"))};
+}
+
+bool BatchOptions::isBatch(const QCommandLineParser& parser)
+{
+    return parser.isSet(outputDirectoryName());
+}
+
+QString BatchOptions::stray(const QCommandLineParser& parser)
+{
+    for (const QString& name : {jobsName(), keepGoingName(), timeoutName()}) {
+        if (parser.isSet(name) && !isBatch(parser))
+            return name;
+    }
+    return QString();
+}
+
+QString BatchOptions::read(const QCommandLineParser& parser, BatchPlan* plan)
+{
+    plan->outputDirectory = parser.value(outputDirectoryName());
+    plan->keepGoing = parser.isSet(keepGoingName());
+    if (plan->outputDirectory.isEmpty())
+        return QLatin1String("--output-dir takes a directory");
+    if (!readJobs(parser, &plan->jobs))
+        return QString::fromLatin1("--jobs takes a number or auto, not \"%1\"").arg(parser.value(jobsName()));
+    if (!readNumber(parser, timeoutName(), maxTimeout, &plan->timeout))
+        return QString::fromLatin1("--timeout takes a number of seconds, not \"%1\"")
+            .arg(parser.value(timeoutName()));
+    return QString();
+}
