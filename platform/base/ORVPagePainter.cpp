@@ -27,6 +27,14 @@ QPaintDevice* deviceOf(int dotsPerInch)
     return device;
 }
 
+/*! Paper is white, whatever the colours of windows are. */
+QAbstractTextDocumentLayout::PaintContext blackOnWhite()
+{
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette.setColor(QPalette::Text, Qt::black);
+    return context;
+}
+
 /*! Qt's tab stops of views are wider than those of word processors; others than these are meant. */
 void setTabDistance(QTextDocument* document)
 {
@@ -40,14 +48,14 @@ void setTabDistance(QTextDocument* document)
 } // namespace
 
 ORVPagePainter::ORVPagePainter(const QTextDocument* document, const ORVPageSetup& setup, int resolution)
-    : m_setup(setup), m_resolution(qMax(1, resolution)), m_device(deviceOf(m_resolution)),
+    : m_setup(setup), m_resolution(qMax(1, resolution)), m_device(deviceOf(ORVUnit::screenResolution())),
       m_document(TextDocSupport::cloneDocumentQtStyle(document, nullptr))
 {
     setTabDistance(m_document.data());
     m_document->setUseDesignMetrics(true);
     m_document->documentLayout()->setPaintDevice(m_device.data());
     m_document->setDocumentMargin(0);
-    m_document->setPageSize(pixels(m_setup.page.textArea()).size());
+    m_document->setPageSize(layoutArea().size());
 }
 
 ORVPagePainter::~ORVPagePainter() { }
@@ -57,68 +65,79 @@ int ORVPagePainter::pageCount() const
     return qMax(1, m_document->pageCount());
 }
 
-double ORVPagePainter::pixels(double points) const
+/*! Where the text stands on the paper, in pixels of the layout. */
+QRectF ORVPagePainter::layoutArea() const
 {
-    return points * m_resolution / 72;
-}
-
-QRectF ORVPagePainter::pixels(const QRectF& points) const
-{
-    return QRectF(pixels(points.x()), pixels(points.y()), pixels(points.width()), pixels(points.height()));
+    const QRectF area = m_setup.page.textArea();
+    const double scale = ORVUnit::screenResolution() / 72.0;
+    return QRectF(area.topLeft() * scale, area.size() * scale);
 }
 
 void ORVPagePainter::paintPage(QPainter* painter, int page) const
 {
     if (page < 0 || page >= pageCount())
         return;
+    const double scale = double(m_resolution) / ORVUnit::screenResolution();
     painter->save();
+    painter->scale(scale, scale);
     paintText(painter, page);
-    painter->restore();
     if (page > 0 || m_setup.firstPageHasMarginTexts)
         paintMarginTexts(painter, page);
+    painter->restore();
 }
 
 /*! What stands in the side margins, as markers of lists do, is painted too. */
 void ORVPagePainter::paintText(QPainter* painter, int page) const
 {
-    const QRectF area = pixels(m_setup.page.textArea());
+    const QRectF area = layoutArea();
+    const double paperWidth = m_setup.page.usablePaperSize().width() * ORVUnit::screenResolution() / 72;
     const double top = page * area.height();
+    const QRectF clip(-area.left(), top, paperWidth, area.height());
+    painter->save();
     painter->translate(area.left(), area.top() - top);
-    const QRectF clip(-area.left(), top, pixels(m_setup.page.usablePaperSize().width()), area.height());
     painter->setClipRect(clip, Qt::IntersectClip);
-    QAbstractTextDocumentLayout::PaintContext context;
-    context.palette.setColor(QPalette::Text, Qt::black);
+    QAbstractTextDocumentLayout::PaintContext context = blackOnWhite();
     context.clip = clip;
     m_document->documentLayout()->draw(painter, context);
+    painter->restore();
 }
 
 void ORVPagePainter::paintMarginTexts(QPainter* painter, int page) const
 {
-    const QRectF text = m_setup.page.textArea();
-    const double paperHeight = m_setup.page.usablePaperSize().height();
-    const double below = paperHeight - text.bottom();
-    const double top = qMin(marginTextDistance, text.top() / 2);
-    const double bottom = qMin(marginTextDistance, below / 2);
+    const double scale = ORVUnit::screenResolution() / 72.0;
+    const QRectF text = layoutArea();
+    const double below = m_setup.page.usablePaperSize().height() * scale - text.bottom();
+    const double top = qMin(marginTextDistance * scale, text.top() / 2);
+    const double bottom = qMin(marginTextDistance * scale, below / 2);
     const QRectF header(text.left(), top, text.width(), text.top() - top);
     const QRectF footer(text.left(), text.bottom(), text.width(), below - bottom);
     paintMarginText(painter, m_setup.header, header, Qt::AlignTop, page);
     paintMarginText(painter, m_setup.footer, footer, Qt::AlignBottom, page);
 }
 
-/*! \a side is the side of \a area, in points, at which the text stands. A longer text goes beyond the other.
- */
+/*! \a side is the side of \a area at which the text stands. A longer text goes beyond the other. */
 void ORVPagePainter::paintMarginText(QPainter* painter, const ORVPageSetup::MarginText& marginText,
                                      const QRectF& area, Qt::AlignmentFlag side, int page) const
 {
     if (marginText.text.isEmpty())
         return;
+    QTextOption option;
+    option.setAlignment(marginText.alignment & Qt::AlignHorizontal_Mask);
     QString text = marginText.text;
     text.replace(QLatin1String("<$p>"), QString::number(m_setup.firstNumber + page));
     text.replace(QLatin1String("<$pagecount>"), QString::number(pageCount()));
+
+    QTextDocument document;
+    document.setUseDesignMetrics(true);
+    document.documentLayout()->setPaintDevice(m_device.data());
+    document.setDocumentMargin(0);
+    document.setDefaultFont(marginText.font);
+    document.setDefaultTextOption(option);
+    document.setPlainText(text);
+    document.setTextWidth(area.width());
     painter->save();
-    painter->setPen(Qt::black);
-    painter->setFont(QFont(marginText.font, m_device.data()));
-    const int alignment = int(marginText.alignment & Qt::AlignHorizontal_Mask) | side;
-    painter->drawText(pixels(area), alignment | Qt::TextWordWrap | Qt::TextDontClip, text);
+    painter->translate(area.left(),
+                       side == Qt::AlignTop ? area.top() : area.bottom() - document.size().height());
+    document.documentLayout()->draw(painter, blackOnWhite());
     painter->restore();
 }

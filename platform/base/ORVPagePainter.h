@@ -32,7 +32,8 @@ struct ORV_PLATFORM_EXPORT ORVPageSetup {
 };
 
 /*!
-    Divides a document into pages and paints them: for printing, a preview, PDF or pictures.
+    Divides a document into pages and paints them: for printing, a preview, PDF or pictures. The pages are the
+    same for all of them.
 
     The document is to be in stock form (see ORVStockFormats), with pixels of ORVUnit::screenResolution(),
    which must be the resolution that Qt counts with (QScreen::logicalDotsPerInch(), or 96 with
@@ -59,8 +60,7 @@ public:
 
 private:
     Q_DISABLE_COPY(ORVPagePainter)
-    double pixels(double points) const;
-    QRectF pixels(const QRectF& points) const;
+    QRectF layoutArea() const;
     void paintText(QPainter* painter, int page) const;
     void paintMarginTexts(QPainter* painter, int page) const;
     void paintMarginText(QPainter* painter, const ORVPageSetup::MarginText& marginText, const QRectF& area,

@@ -2,6 +2,7 @@
 
 #include "ORVRtfProperties.h"
 #include "ORVStockParagraph_p.h"
+#include "ORVStockTable_p.h"
 #include "ORVTextListFormat.h"
 #include "ORVUnit.h"
 #include "QtCompat_p.h"
@@ -26,13 +27,21 @@ const int firstKeptProperty = QTextFormat::UserProperty + 311;
 
 // What is different in the two forms. Its order decides the ids of the kept properties.
 const int stockProperties[] = {
-    QTextFormat::BlockLeftMargin, QTextFormat::BlockRightMargin,
-    QTextFormat::BlockTopMargin,  QTextFormat::BlockBottomMargin,
-    QTextFormat::TextIndent,      QTextFormat::TabPositions,
-    QTextFormat::LineHeight,      QTextFormat::LineHeightType,
-    QTextFormat::ListStyle,       QTextFormat::TextVerticalAlignment,
-    QTextFormat::FrameBorder,     QTextFormat::TableCellPadding,
-    compat::tableBorderCollapse,  resolutionProperty,
+    QTextFormat::BlockLeftMargin,
+    QTextFormat::BlockRightMargin,
+    QTextFormat::BlockTopMargin,
+    QTextFormat::BlockBottomMargin,
+    QTextFormat::TextIndent,
+    QTextFormat::TabPositions,
+    QTextFormat::LineHeight,
+    QTextFormat::LineHeightType,
+    QTextFormat::ListStyle,
+    QTextFormat::TextVerticalAlignment,
+    QTextFormat::FrameBorder,
+    QTextFormat::TableCellPadding,
+    QTextFormat::TableColumnWidthConstraints,
+    compat::tableBorderCollapse,
+    resolutionProperty,
 };
 const int stockPropertyCount = int(sizeof(stockProperties) / sizeof(stockProperties[0]));
 
@@ -120,37 +129,6 @@ QTextCharFormat applicationText(const QTextCharFormat& format)
     return application;
 }
 
-QTextTableFormat stockTable(const QTextTableFormat& format, int resolution)
-{
-    if (isStock(format))
-        return format;
-    QTextTableFormat stock(format);
-    stock.setBorder(format.border() * resolution / 72);
-    stock.setCellPadding(format.cellPadding() * resolution / 72);
-    // Without room between cells neighbours share one line.
-    if (format.cellSpacing() == 0)
-        stock.setProperty(compat::tableBorderCollapse, true);
-    return remembering(stock, format, resolution);
-}
-
-QTextTableFormat applicationTable(const QTextTableFormat& format, int screenResolution)
-{
-    const bool wasStock = isStock(format);
-    if (!wasStock && format.hasProperty(resolutionProperty))
-        return format;
-    const int resolution = wasStock ? format.intProperty(resolutionProperty) : screenResolution;
-    QTextTableFormat application = wasStock ? remembered(format) : format;
-    const QTextTableFormat expected = wasStock ? stockTable(application, resolution) : QTextTableFormat();
-    const int lengths[] = {QTextFormat::FrameBorder, QTextFormat::TableCellPadding};
-    for (const int length : lengths) {
-        if (format.hasProperty(length) && format.property(length) != expected.property(length))
-            application.setProperty(length, format.doubleProperty(length) * 72 / resolution);
-    }
-    if (!wasStock)
-        application.setProperty(resolutionProperty, 0);
-    return application;
-}
-
 /*! Whether Qt would show markers where the list, as it is described, has none. */
 bool showsNoMarkers(const QTextListFormat& format)
 {
@@ -190,7 +168,7 @@ public:
 
     Conversion(QTextDocument* document, Direction direction)
         : m_document(document), m_direction(direction), m_resolution(ORVUnit::screenResolution()),
-          m_paragraph(document, m_resolution)
+          m_paragraph(document, m_resolution), m_tables(document, m_resolution)
     {
     }
 
@@ -217,6 +195,8 @@ private:
     QVector<TextChange> textChanges(const QTextBlock& block) const;
     void convertLists();
     void convertTables();
+    QTextTableFormat stockTable(const QTextTable* table);
+    QTextTableFormat applicationTable(const QTextTable* table);
     QTextBlockFormat paragraph(const QTextBlockFormat& format, const ORVStockListItem& item) const;
     QTextBlockFormat stockParagraph(const QTextBlockFormat& format, const ORVStockListItem& item) const;
     QTextBlockFormat applicationParagraph(const QTextBlockFormat& format, const ORVStockListItem& item) const;
@@ -227,6 +207,7 @@ private:
     int m_resolution;
     ORVStockParagraph m_paragraph;
     ORVStockLists m_lists;
+    ORVStockTables m_tables;
     QSet<QTextList*> m_usedLists;
 };
 
@@ -331,11 +312,36 @@ void Conversion::convertTables()
         if (!table)
             continue;
         const QTextTableFormat format = table->format();
-        const QTextTableFormat result = m_direction == ToStock ? stockTable(format, m_resolution)
-                                                               : applicationTable(format, m_resolution);
+        const QTextTableFormat result = m_direction == ToStock ? stockTable(table) : applicationTable(table);
         if (result != format)
             table->setFormat(result);
     }
+}
+
+QTextTableFormat Conversion::stockTable(const QTextTable* table)
+{
+    const QTextTableFormat format = table->format();
+    m_tables.note(table, isStock(format) ? remembered(format) : format);
+    if (isStock(format))
+        return format;
+    return remembering(m_tables.stock(format, m_tables.availableShare(table)), format, m_resolution);
+}
+
+QTextTableFormat Conversion::applicationTable(const QTextTable* table)
+{
+    const QTextTableFormat format = table->format();
+    const double share = m_tables.availableShare(table);
+    QTextTableFormat result = format;
+    if (isStock(format)) {
+        const ORVStockTables tables(m_document, format.intProperty(resolutionProperty));
+        result = remembered(format);
+        result = tables.application(result, tables.stock(result, share), format, share);
+    } else if (!format.hasProperty(resolutionProperty)) {
+        result = m_tables.application(format, QTextTableFormat(), format, share);
+        result.setProperty(resolutionProperty, 0);
+    }
+    m_tables.note(table, result);
+    return result;
 }
 
 } // namespace
