@@ -97,3 +97,33 @@ qint64 ORVTextRtfReader::pos() const
 {
     return d->m_input.pos();
 }
+
+int ORVTextRtfReader::paperWidth() const
+{
+    return d->m_paperWidth;
+}
+
+int ORVTextRtfReader::paperHeight() const
+{
+    return d->m_paperHeight;
+}
+
+int ORVTextRtfReader::marginLeft() const
+{
+    return d->m_leftMargin;
+}
+
+int ORVTextRtfReader::marginRight() const
+{
+    return d->m_rightMargin;
+}
+
+int ORVTextRtfReader::marginTop() const
+{
+    return d->m_topMargin;
+}
+
+int ORVTextRtfReader::marginBottom() const
+{
+    return d->m_bottomMargin;
+}

@@ -57,6 +57,19 @@ public:
     */
     qint64 pos() const;
 
+    /*!
+        Size and margins of the page as the last read found them, in twips and as they stand in the file: a
+        damaged file may have any numbers. Where a file states nothing, US Letter with margins of 1800 twips
+       at the sides and 1440 above and below. The document itself does not keep them. To have them written
+       again, the writer takes them from properties of the document, see ORVTextRtfWriter::write().
+    */
+    int paperWidth() const;
+    int paperHeight() const;
+    int marginLeft() const;
+    int marginRight() const;
+    int marginTop() const;
+    int marginBottom() const;
+
     /*! Whether fonts are hinted: full hinting when true, none when false (the default). */
     static bool DefaultFontHinting;
     /*! What read(QTextDocument*) does with U+007F to U+009F: remove when true (the default). */

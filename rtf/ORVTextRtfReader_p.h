@@ -46,6 +46,14 @@ public:
     ORVRtfInput m_input;
     int m_error = NoError;
 
+    // Page geometry, twips
+    int m_paperWidth = defaultPaperWidth;
+    int m_paperHeight = defaultPaperHeight;
+    int m_leftMargin = defaultLeftMargin;
+    int m_rightMargin = defaultRightMargin;
+    int m_topMargin = defaultTopMargin;
+    int m_bottomMargin = defaultBottomMargin;
+
 protected:
     /*! A control word that is known, or not, and taken off the input. */
     struct ScannedWord {
@@ -240,14 +248,6 @@ private:
     ORVRtfValueNumbers m_columnWidths;
     // Whether border words describe cells, or rows, whose borders are not kept.
     bool m_bordersAreCells = false;
-
-    // Page geometry, twips
-    int m_paperWidth = defaultPaperWidth;
-    int m_paperHeight = defaultPaperHeight;
-    int m_leftMargin = defaultLeftMargin;
-    int m_rightMargin = defaultRightMargin;
-    int m_topMargin = defaultTopMargin;
-    int m_bottomMargin = defaultBottomMargin;
 
     // Fields and pictures
     QString m_fieldInstruction;

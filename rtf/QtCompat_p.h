@@ -11,6 +11,7 @@
 #include <QtGui/QFontInfo>
 #include <QtGui/QPen>
 #include <QtGui/QTextCharFormat>
+#include <QtGui/QTextOption>
 
 #include <cmath>
 #include <limits>
@@ -114,6 +115,32 @@ inline void setFontFamily(QTextCharFormat& format, const QString& family)
 #endif
 #endif
 }
+
+/*! Distance between the tab stops of \a option where a paragraph has none of its own, in pixels. */
+inline double tabDistance(const QTextOption& option)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 10, 0)
+    return option.tabStopDistance();
+#else
+    return option.tabStop();
+#endif
+}
+
+inline void setTabDistance(QTextOption& option, double pixels)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 10, 0)
+    option.setTabStopDistance(pixels);
+#else
+    option.setTabStop(pixels);
+#endif
+}
+
+/*! The property by which neighbouring cells of a table share one border line; older Qt versions ignore it. */
+#if QT_VERSION >= QT_VERSION_CHECK(5, 14, 0)
+const int tableBorderCollapse = QTextFormat::TableBorderCollapse;
+#else
+const int tableBorderCollapse = 0x4105;
+#endif
 
 /*! The nearest integer, halves away from zero; out-of-range values are clamped and NaN gives 0. */
 inline int roundHalfAway(double value)

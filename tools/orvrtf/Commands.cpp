@@ -1,13 +1,12 @@
 #include "Commands.h"
 
+#include "DocumentExport.h"
 #include "DocumentInfo.h"
-#include "HtmlExport.h"
+#include "EngineImport.h"
 #include "Interruption.h"
-#include "RtfExport.h"
+#include "RtfImport.h"
 #include "Streams.h"
-#include "TextExport.h"
 
-#include <ORVTextRtf.h>
 #include <ORVTextRtfReader.h>
 #include <ORVTextRtfStripper.h>
 
@@ -38,7 +37,7 @@ QString decoded(QByteArray bytes)
 void readRtf(QIODevice* device, QTextDocument& document, ReadResult& result)
 {
     ORVTextRtfReader reader(device);
-    reader.read(&document);
+    readRtfWithPage(reader, &document);
     result.status = reader.error();
     result.message = reader.errorString();
 }
@@ -51,7 +50,7 @@ ReadResult readDocument(const QString& path, Options::Format format, QTextDocume
         switch (format) {
         case Options::Rtf: readRtf(input.device(), document, result); break;
         case Options::Html: document.setHtml(decoded(input.device()->readAll())); break;
-        case Options::PlainText: document.setPlainText(decoded(input.device()->readAll())); break;
+        default: document.setPlainText(decoded(input.device()->readAll())); break;
         }
         result.hasInput = input.isReadToEnd();
     }
@@ -94,30 +93,30 @@ ExitCode output(const QString& path, const QByteArray& data, ExitCode success)
     return reportUnwritten(path, errorString);
 }
 
-QByteArray converted(QTextDocument& document, const Options& options)
+/*! Writes \a document as convert is to; \a success when that works, else a line for the user and Failure. */
+ExitCode writeConverted(QTextDocument& document, const Options& options, ExitCode success)
 {
-    switch (options.outputFormat) {
-    case Options::Html: return documentToHtml(document);
-    case Options::PlainText: return documentToPlainText(document);
-    case Options::Rtf: return documentToRtf(document, options.rtf);
-    }
-    return QByteArray();
+    QString path;
+    QString errorString;
+    if (exportDocument(document, options, &path, &errorString))
+        return success;
+    return reportUnwritten(path, errorString);
 }
 
-bool readWithEngine(const Options& options, QTextDocument& document, QStringList& errors)
+QStringList readWithEngine(const Options& options, QTextDocument& document)
 {
     const StartedPrograms programs;
-    return ORVTextRtf::loadFileIntoDocument(options.input, &document, options.engine, &errors);
+    return loadWithEngine(options.input, options.engine, &document);
 }
 
 /*! For input that another program converts; nothing is written unless all of it could be read. */
 ExitCode convertWithEngine(const Options& options)
 {
     QTextDocument document;
-    QStringList errors;
-    if (readWithEngine(options, document, errors))
-        return output(options.output, converted(document, options), Success);
-    for (const QString& error : qAsConst(errors))
+    const QStringList errors = readWithEngine(options, document);
+    if (errors.isEmpty())
+        return writeConverted(document, options, Success);
+    for (const QString& error : errors)
         printError(error);
     return Failure;
 }
@@ -131,7 +130,7 @@ ExitCode convert(const Options& options)
     const ExitCode code = reportReading(options.input, result);
     if (!result.hasInput)
         return code;
-    return output(options.output, converted(document, options), code);
+    return writeConverted(document, options, code);
 }
 
 ExitCode info(const Options& options)

@@ -26,6 +26,8 @@ extern "C" Q_DECL_EXPORT int orvrtfRunCommand(const Options& options, char* prog
         return runCommand(options);
     }
     needNoDisplay();
+    // What is made must not depend on a screen: a pixel is a 96th of an inch, as in HTML.
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
     const QGuiApplication application(count, arguments);
     return runCommand(options);
 }

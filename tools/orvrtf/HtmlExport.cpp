@@ -1,8 +1,9 @@
 #include "HtmlExport.h"
 
+#include "VisibleDocument.h"
+
 #include <ORVGuiUtil.h>
 #include <ORVRtfProperties.h>
-#include <ORVTextListFormat.h>
 #include <TextDocSupport.h>
 
 #include <QHash>
@@ -13,7 +14,6 @@
 #include <QTextDocument>
 #include <QTextFragment>
 #include <QTextImageFormat>
-#include <QTextList>
 #include <QVector>
 
 namespace {
@@ -114,29 +114,6 @@ void adaptFormats(QTextDocument& document, QTextCursor& cursor)
     }
 }
 
-bool isItemWithoutMarker(const QTextBlock& block)
-{
-    QTextList* list = block.textList();
-    if (!list)
-        return false;
-    const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(list->format());
-    const int level = ORVTextListFormat::blockLevel(list, block);
-    return level < levels.size() && levels.at(level).text().isEmpty();
-}
-
-/*! Word processors number their headings by lists whose numbers are empty; HTML would show numbers. */
-void releaseItemsWithoutMarker(QTextDocument& document, QTextCursor& cursor)
-{
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (!isItemWithoutMarker(block))
-            continue;
-        QTextBlockFormat format = block.blockFormat();
-        format.setObjectIndex(-1);
-        cursor.setPosition(block.position());
-        cursor.setBlockFormat(format);
-    }
-}
-
 /*! Without it a browser takes the file for its system's 8-bit encoding. */
 void declareEncoding(QString& html)
 {
@@ -155,8 +132,8 @@ QByteArray documentToHtml(QTextDocument& document)
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
     adaptFormats(document, cursor);
-    releaseItemsWithoutMarker(document, cursor);
     cursor.endEditBlock();
+    makeListsVisible(document);
     QString html = document.toHtml();
     declareEncoding(html);
     return html.toUtf8();

@@ -13,10 +13,11 @@ const char* const description =
     "Converts and examines Rich Text Format files.\n"
     "\n"
     "Commands:\n"
-    "  convert IN OUT  Convert between RTF, HTML and plain text. The suffixes (.rtf,\n"
-    "                  .html, .htm or .txt) say which, unless --from and --to do. IN\n"
-    "                  can also be .doc, .docx or .odt, where LibreOffice, AbiWord or\n"
-    "                  pandoc is installed. Any other IN is taken for RTF.\n"
+    "  convert IN OUT  Convert between RTF, HTML and plain text, and to ODT, PDF and\n"
+    "                  PNG. The suffixes (.rtf, .html, .htm, .txt; .odt, .pdf, .png) say\n"
+    "                  which, unless --from and --to do. IN can also be .doc, .docx or\n"
+    "                  .odt, where LibreOffice, AbiWord or pandoc is installed. Any other\n"
+    "                  IN is taken for RTF.\n"
     "  convert IN... --output-dir DIR --to FORMAT\n"
     "                  Convert each IN to a file of the same name, with the suffix of the\n"
     "                  format, in DIR, which is made when it is missing.\n"
@@ -28,7 +29,8 @@ const char* const description =
     "IN and OUT can be \"-\" for the standard input and output. HTML is UTF-8 and holds its\n"
     "pictures. Plain text is UTF-8 too: a line for each paragraph, table cell and line\n"
     "break, no-break spaces kept, pictures left out. RTF is written for other programs\n"
-    "unless --storage asks for the application's own form.\n"
+    "unless --storage asks for the application's own form. PDF and PNG have the pages that\n"
+    "RTF states, else A4; PNG is a picture for each: OUT.png, OUT-2.png and so on.\n"
     "\n"
     "Damaged RTF loses no text: what can be read is written, one line on the standard\n"
     "error says what is wrong, and the exit status is 1.\n"
@@ -49,7 +51,8 @@ struct Arguments {
         QLatin1String("engine"),
         QLatin1String("Program that reads .doc, .docx and .odt: auto, libreoffice, abiword or pandoc."),
         QLatin1String("name")};
-    QCommandLineOption to{QLatin1String("to"), QLatin1String("Format of OUT for convert: rtf, html or txt."),
+    QCommandLineOption to{QLatin1String("to"),
+                          QLatin1String("Format of OUT for convert: rtf, html, txt, odt, pdf or png."),
                           QLatin1String("format")};
     QCommandLineOption storage{QLatin1String("storage"),
                                QLatin1String("Write RTF in the application's own form.")};
@@ -95,18 +98,30 @@ Options invalid(const QString& what)
     return options;
 }
 
-bool formatFromName(const QString& name, Options::Format* format)
+/*! A format by the name that options and suffixes have for it. */
+struct FormatName {
+    const char* name;
+    Options::Format format;
+    bool isRead;
+};
+
+const FormatName formatNames[] = {
+    {"rtf", Options::Rtf, true},       {"html", Options::Html, true}, {"htm", Options::Html, true},
+    {"txt", Options::PlainText, true}, {"odt", Options::Odt, false},  {"pdf", Options::Pdf, false},
+    {"png", Options::Png, false},
+};
+
+enum class Use { Input, Output };
+
+bool formatFromName(const QString& name, Use use, Options::Format* format)
 {
-    const QString lower = name.toLower();
-    if (lower == QLatin1String("html") || lower == QLatin1String("htm"))
-        *format = Options::Html;
-    else if (lower == QLatin1String("txt"))
-        *format = Options::PlainText;
-    else if (lower == QLatin1String("rtf"))
-        *format = Options::Rtf;
-    else
-        return false;
-    return true;
+    for (const FormatName& known : formatNames) {
+        if ((known.isRead || use == Use::Output) && name.toLower() == QLatin1String(known.name)) {
+            *format = known.format;
+            return true;
+        }
+    }
+    return false;
 }
 
 /*! Whether both are one existing file; the standard streams never are. */
@@ -160,9 +175,9 @@ QString readFrom(const Arguments& arguments, Options* options)
     const QString suffix = QFileInfo(options->input).suffix();
     if (parser.isSet(arguments.from)) {
         const QString name = parser.value(arguments.from);
-        if (!formatFromName(name, &options->inputFormat))
+        if (!formatFromName(name, Use::Input, &options->inputFormat))
             return QString::fromLatin1("unknown input format \"%1\", known are rtf, html and txt").arg(name);
-    } else if (!formatFromName(suffix, &options->inputFormat)) {
+    } else if (!formatFromName(suffix, Use::Input, &options->inputFormat)) {
         options->needsEngine = isWordProcessorSuffix(suffix);
     }
     return QString();
@@ -225,17 +240,22 @@ Options twoFileOptions(Options::Command command, const QString& name, const QStr
 /*! Finds out which format convert is to write; a text says what is wrong with the options, if anything is. */
 QString readOutputFormat(const Arguments& arguments, Options* options)
 {
+    const bool isStandardOutput = options->output == QLatin1String("-");
     if (arguments.parser.isSet(arguments.to)) {
         const QString name = arguments.parser.value(arguments.to);
-        if (!formatFromName(name, &options->outputFormat))
-            return QString::fromLatin1("unknown output format \"%1\", known are rtf, html and txt").arg(name);
-    } else if (options->output == QLatin1String("-")) {
-        return QLatin1String("the standard output needs --to rtf, --to html or --to txt");
-    } else if (!formatFromName(QFileInfo(options->output).suffix(), &options->outputFormat)) {
+        if (!formatFromName(name, Use::Output, &options->outputFormat))
+            return QString::fromLatin1(
+                       "unknown output format \"%1\", known are rtf, html, txt, odt, pdf and png")
+                .arg(name);
+    } else if (isStandardOutput) {
+        return QLatin1String("the standard output needs --to rtf, html, txt, odt or pdf");
+    } else if (!formatFromName(QFileInfo(options->output).suffix(), Use::Output, &options->outputFormat)) {
         return QString::fromLatin1("cannot tell the format of \"%1\" by its suffix, known are "
-                                   ".rtf, .html, .htm and .txt")
+                                   ".rtf, .html, .htm, .txt, .odt, .pdf and .png")
             .arg(options->output);
     }
+    if (isStandardOutput && options->outputFormat == Options::Png)
+        return QLatin1String("png is a file for each page and cannot go to the standard output");
     return QString();
 }
 

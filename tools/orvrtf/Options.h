@@ -15,7 +15,8 @@ enum ExitCode { Success = 0, Failure = 1, UsageError = 2 };
 /*! What the command line asks for. */
 struct Options {
     enum Command { Help, Version, Convert, Batch, Info, Check, Strip, Invalid };
-    enum Format { Html, PlainText, Rtf };
+    /*! The first three can be read as well as written. */
+    enum Format { Html, PlainText, Rtf, Odt, Pdf, Png };
 
     Command command = Invalid;
     /*! Path of the input, "-" for the standard input. */

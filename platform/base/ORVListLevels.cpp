@@ -1,0 +1,121 @@
+#include "ORVListLevels.h"
+
+#include "ORVTextListFormat.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+#include <QtCore/QVector>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextList>
+
+namespace {
+
+/*! A list while its levels are being separated. */
+struct Separation {
+    QList<ORVTextListLevel> levels;
+    /*! The list of the current items of each level; null where there is none. */
+    QVector<QTextList*> lists;
+};
+
+/*! The number that \a list shows for its last item, without what surrounds it. */
+QString lastNumber(const QTextList* list)
+{
+    if (!list || list->count() == 0)
+        return QString::number(1);
+    const QTextListFormat format = list->format();
+    const QString text = list->itemText(list->item(list->count() - 1));
+    const QString suffix =
+        format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QString(QLatin1Char('.'));
+    const int prefixLength = int(format.numberPrefix().size());
+    return text.mid(prefixLength, text.size() - prefixLength - suffix.size());
+}
+
+/*! The template of \a level with the numbers of the levels above it, which no longer change. */
+QString templateOf(const Separation& separation, int level)
+{
+    QString text = separation.levels.at(level).text();
+    for (int above = 1; above <= level; ++above)
+        text.replace(QString::fromLatin1("%%1").arg(above), lastNumber(separation.lists.at(level - above)));
+    return text;
+}
+
+QTextListFormat formatOf(const QTextListFormat& original, const Separation& separation, int level)
+{
+    ORVTextListLevel shown = separation.levels.at(level);
+    shown.setText(templateOf(separation, level));
+    QTextListFormat format(original);
+    ORVTextListFormat::setLevels(format, QList<ORVTextListLevel>() << shown);
+    if (shown.text().isEmpty())
+        format.setStyle(QTextListFormat::ListStyleUndefined);
+    format.setIndent(original.indent() + level);
+    return format;
+}
+
+/*! The list indents its items further: the paragraph's own margin makes up for it. */
+void keepPosition(QTextBlock block, int steps)
+{
+    const double indent = steps * block.document()->indentWidth();
+    QTextBlockFormat change;
+    if (block.textDirection() == Qt::RightToLeft)
+        change.setRightMargin(block.blockFormat().rightMargin() - indent);
+    else
+        change.setLeftMargin(block.blockFormat().leftMargin() - indent);
+    QTextCursor(block).mergeBlockFormat(change);
+}
+
+void separateItem(const QTextBlock& block, Separation* separation)
+{
+    QTextList* const original = block.textList();
+    const int level =
+        qMin(ORVTextListFormat::blockLevel(original, block), int(separation->levels.size()) - 1);
+    separation->lists.resize(level + 1);
+    if (level == 0) {
+        separation->lists[0] = original;
+        return;
+    }
+    QTextList*& list = separation->lists[level];
+    if (list)
+        list->add(block);
+    else
+        list = QTextCursor(block).createList(formatOf(original->format(), *separation, level));
+    keepPosition(block, level);
+}
+
+/*! The lists with items on other levels than the first one. */
+QSet<QTextList*> listsOfSeveralLevels(const QTextDocument* document)
+{
+    QSet<QTextList*> lists;
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+        QTextList* const list = block.textList();
+        if (list && ORVTextListFormat::blockLevel(list, block) > 0
+            && ORVTextListFormat::levels(list->format()).size() > 1)
+            lists.insert(list);
+    }
+    return lists;
+}
+
+} // namespace
+
+void ORVListLevels::separate(QTextDocument* document)
+{
+    if (!document)
+        return;
+    const QSet<QTextList*> lists = listsOfSeveralLevels(document);
+    if (lists.isEmpty())
+        return;
+    QHash<QTextList*, Separation> separations;
+    QTextCursor cursor(document);
+    cursor.beginEditBlock();
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+        QTextList* const list = block.textList();
+        if (!list || !lists.contains(list))
+            continue;
+        Separation& separation = separations[list];
+        if (separation.levels.isEmpty())
+            separation.levels = ORVTextListFormat::levels(list->format());
+        separateItem(block, &separation);
+    }
+    cursor.endEditBlock();
+}

@@ -1,0 +1,270 @@
+#include "ORVStockParagraph_p.h"
+
+#include "ORVPageGeometry.h"
+#include "ORVRtfProperties.h"
+#include "ORVTextListFormat.h"
+
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextList>
+
+namespace {
+
+// Room that the marker of a list item takes in front of its text, in points: a quarter of an inch. Qt puts
+// the marker in front of the first line, RTF at its beginning.
+const double markerWidth = 18;
+// Height of a single line that line multiples are counted in, in points.
+const double singleLineHeight = 12;
+
+bool isDouble(const QTextFormat& format, int property)
+{
+    return format.property(property).userType() == QMetaType::Double;
+}
+
+bool isRightToLeft(const QTextBlockFormat& format)
+{
+    return format.property(QTextFormat::LayoutDirection).toInt() == Qt::RightToLeft;
+}
+
+/*! The indents of a paragraph, in points. */
+struct Indents {
+    bool isLeftStated;
+    bool isFirstLineStated;
+    double left;
+    /*! Of the first line, from the left indent. */
+    double firstLine;
+};
+
+Indents indentsOf(const QTextBlockFormat& format, const ORVStockListItem& item)
+{
+    Indents indents;
+    indents.isLeftStated = isDouble(format, ORVRtfProperty::LeftIndent);
+    indents.isFirstLineStated = indents.isLeftStated || format.hasProperty(QTextFormat::TextIndent);
+    if (!indents.isFirstLineStated && item.hasLevel) {
+        indents.isLeftStated = indents.isFirstLineStated = true;
+        indents.left = item.level.indent();
+        indents.firstLine = item.level.firstLinePosition() - indents.left;
+    } else {
+        indents.left = format.doubleProperty(ORVRtfProperty::LeftIndent);
+        indents.firstLine = format.doubleProperty(QTextFormat::TextIndent) - indents.left;
+    }
+    return indents;
+}
+
+bool isChanged(const QTextFormat& before, const QTextFormat& after, int property)
+{
+    return before.property(property) != after.property(property);
+}
+
+} // namespace
+
+ORVStockListItem ORVStockLists::item(QTextList* list, const QTextBlockFormat& format)
+{
+    ORVStockListItem item;
+    if (!list)
+        return item;
+    if (!m_lists.contains(list)) {
+        // Without a style of Qt only what is stored describes levels.
+        QTextListFormat unstyled = list->format();
+        unstyled.setStyle(QTextListFormat::ListStyleUndefined);
+        List known;
+        known.indent = list->format().indent();
+        known.levels = ORVTextListFormat::levels(unstyled);
+        known.storesLevels = !known.levels.isEmpty();
+        if (!known.storesLevels)
+            known.levels = ORVTextListFormat::levels(list->format());
+        m_lists.insert(list, known);
+    }
+    const List& known = *m_lists.constFind(list);
+    const int level = qMax(0, format.property(ORVRtfProperty::ListLevel).toInt());
+    item.indent = known.indent;
+    item.hasMarker = !known.storesLevels && !known.levels.isEmpty();
+    if (known.storesLevels && level < known.levels.size()) {
+        item.hasLevel = true;
+        item.level = known.levels.at(level);
+        item.hasMarker = !item.level.text().isEmpty();
+    }
+    return item;
+}
+
+ORVStockParagraph::ORVStockParagraph(const QTextDocument* document, int resolution)
+    : m_resolution(resolution), m_textWidth(ORVPageGeometry::of(document).textWidth()),
+      m_indentWidth(document->indentWidth())
+{
+}
+
+/*! What Qt indents a paragraph by besides its margins, in pixels. */
+double ORVStockParagraph::listPixels(const QTextBlockFormat& format, const ORVStockListItem& item) const
+{
+    return (format.indent() + item.indent) * m_indentWidth;
+}
+
+QTextBlockFormat ORVStockParagraph::stock(const QTextBlockFormat& format, const ORVStockListItem& item) const
+{
+    QTextBlockFormat result(format);
+    setStockIndents(&result, item);
+    const double right = format.doubleProperty(ORVRtfProperty::RightIndent);
+    if (right != 0)
+        result.setRightMargin(pixels(m_textWidth - right)
+                              - (isRightToLeft(format) ? listPixels(format, item) : 0));
+    scale(&result, QTextFormat::BlockTopMargin, m_resolution / 72);
+    scale(&result, QTextFormat::BlockBottomMargin, m_resolution / 72);
+    setStockLineHeight(&result);
+    return result;
+}
+
+void ORVStockParagraph::setStockIndents(QTextBlockFormat* stock, const ORVStockListItem& item) const
+{
+    const Indents indents = indentsOf(*stock, item);
+    const double firstLine = item.hasMarker ? qMax(0.0, indents.firstLine + markerWidth) : indents.firstLine;
+    if (indents.isLeftStated)
+        stock->setLeftMargin(pixels(indents.left) - (isRightToLeft(*stock) ? 0 : listPixels(*stock, item)));
+    if (indents.isFirstLineStated)
+        stock->setTextIndent(pixels(firstLine));
+    setStockTabs(stock, indents.left, firstLine);
+}
+
+/*!
+    Tab stops are counted from the margin in RTF, from the paragraph's left edge in Qt. Where the first line
+    begins in front of that edge, the edge is a tab stop as well.
+*/
+void ORVStockParagraph::setStockTabs(QTextBlockFormat* stock, double left, double firstLine) const
+{
+    QList<QTextOption::Tab> tabs = stock->tabPositions();
+    int firstInside = 0;
+    for (QTextOption::Tab& tab : tabs) {
+        tab.position = pixels(tab.position - left);
+        if (tab.position < 0)
+            ++firstInside;
+    }
+    if (firstLine < 0 && (firstInside == tabs.size() || tabs.at(firstInside).position != 0))
+        tabs.insert(firstInside, QTextOption::Tab(0, QTextOption::LeftTab));
+    if (!tabs.isEmpty())
+        stock->setTabPositions(tabs);
+}
+
+/*! As in word processors a positive height is the least one, a negative one exact. */
+void ORVStockParagraph::setStockLineHeight(QTextBlockFormat* stock) const
+{
+    const double spacing = stock->doubleProperty(ORVRtfProperty::LineSpacing);
+    const double base = stock->doubleProperty(ORVRtfProperty::LineMultiple);
+    if (spacing == 0 || spacing == base)
+        return;
+    if (spacing < 0)
+        stock->setLineHeight(pixels(-spacing), QTextBlockFormat::FixedHeight);
+    else if (base > 0)
+        stock->setLineHeight(100 * spacing / base, QTextBlockFormat::ProportionalHeight);
+    else
+        stock->setLineHeight(pixels(spacing), QTextBlockFormat::MinimumHeight);
+}
+
+void ORVStockParagraph::scale(QTextBlockFormat* format, int property, double factor) const
+{
+    if (format->hasProperty(property))
+        format->setProperty(property, format->doubleProperty(property) * factor);
+}
+
+QTextBlockFormat ORVStockParagraph::application(const QTextBlockFormat& format,
+                                                const QTextBlockFormat& expected,
+                                                const QTextBlockFormat& changed,
+                                                const ORVStockListItem& item) const
+{
+    QTextBlockFormat result(format);
+    const bool isLeftChanged = isChanged(expected, changed, QTextFormat::BlockLeftMargin);
+    const bool isFirstLineChanged = isChanged(expected, changed, QTextFormat::TextIndent);
+    if (isLeftChanged || isFirstLineChanged)
+        setLeftIndents(&result, changed, item, isLeftChanged, isFirstLineChanged);
+    if (isChanged(expected, changed, QTextFormat::BlockRightMargin))
+        setRightIndent(&result, changed, item);
+    if (isChanged(expected, changed, QTextFormat::TabPositions))
+        setTabs(&result, changed);
+    if (isChanged(expected, changed, QTextFormat::LineHeight)
+        || isChanged(expected, changed, QTextFormat::LineHeightType))
+        setLineSpacing(&result, changed);
+    const int margins[] = {QTextFormat::BlockTopMargin, QTextFormat::BlockBottomMargin};
+    for (const int margin : margins) {
+        if (!isChanged(expected, changed, margin))
+            continue;
+        result.setProperty(margin, changed.property(margin));
+        scale(&result, margin, 72 / m_resolution);
+    }
+    return result;
+}
+
+QTextBlockFormat ORVStockParagraph::translated(const QTextBlockFormat& format,
+                                               const ORVStockListItem& item) const
+{
+    QTextBlockFormat result(format);
+    result.clearProperty(QTextFormat::BlockLeftMargin);
+    result.clearProperty(QTextFormat::BlockRightMargin);
+    result.clearProperty(QTextFormat::BlockIndent);
+    result.clearProperty(QTextFormat::TextIndent);
+    setLeftIndents(&result, format, item, true, true);
+    setRightIndent(&result, format, item);
+    setTabs(&result, format);
+    setLineSpacing(&result, format);
+    scale(&result, QTextFormat::BlockTopMargin, 72 / m_resolution);
+    scale(&result, QTextFormat::BlockBottomMargin, 72 / m_resolution);
+    return result;
+}
+
+void ORVStockParagraph::setLeftIndents(QTextBlockFormat* result, const QTextBlockFormat& stock,
+                                       const ORVStockListItem& item, bool isLeftChanged,
+                                       bool isFirstLineChanged) const
+{
+    Indents indents = indentsOf(*result, item);
+    if (isLeftChanged)
+        indents.left = points(stock.leftMargin() + (isRightToLeft(stock) ? 0 : listPixels(stock, item)));
+    if (isFirstLineChanged)
+        indents.firstLine = points(stock.textIndent()) - (item.hasMarker ? markerWidth : 0);
+    result->setProperty(ORVRtfProperty::LeftIndent, indents.left);
+    result->setProperty(QTextFormat::TextIndent, indents.left + indents.firstLine);
+}
+
+void ORVStockParagraph::setRightIndent(QTextBlockFormat* result, const QTextBlockFormat& stock,
+                                       const ORVStockListItem& item) const
+{
+    const double right = stock.rightMargin() + (isRightToLeft(stock) ? listPixels(stock, item) : 0);
+    if (right == 0)
+        result->clearProperty(ORVRtfProperty::RightIndent);
+    else
+        result->setProperty(ORVRtfProperty::RightIndent, m_textWidth - points(right));
+}
+
+void ORVStockParagraph::setTabs(QTextBlockFormat* result, const QTextBlockFormat& stock) const
+{
+    const double left = result->doubleProperty(ORVRtfProperty::LeftIndent);
+    const bool isHanging = stock.textIndent() < 0;
+    QList<QTextOption::Tab> tabs;
+    const QList<QTextOption::Tab> stockTabs = stock.tabPositions();
+    for (QTextOption::Tab tab : stockTabs) {
+        if (isHanging && tab.position == 0)
+            continue;
+        tab.position = left + points(tab.position);
+        tabs.append(tab);
+    }
+    if (tabs.isEmpty())
+        result->clearProperty(QTextFormat::TabPositions);
+    else
+        result->setTabPositions(tabs);
+}
+
+void ORVStockParagraph::setLineSpacing(QTextBlockFormat* result, const QTextBlockFormat& stock) const
+{
+    const double height = stock.lineHeight();
+    const int type = stock.lineHeightType();
+    if (type == QTextBlockFormat::LineDistanceHeight)
+        return;
+    result->clearProperty(ORVRtfProperty::LineSpacing);
+    result->clearProperty(ORVRtfProperty::LineMultiple);
+    result->clearProperty(QTextFormat::LineHeight);
+    result->clearProperty(QTextFormat::LineHeightType);
+    if (height <= 0 || type == QTextBlockFormat::SingleHeight)
+        return;
+    if (type == QTextBlockFormat::ProportionalHeight) {
+        result->setProperty(ORVRtfProperty::LineSpacing, height * singleLineHeight / 100);
+        result->setProperty(ORVRtfProperty::LineMultiple, singleLineHeight);
+    } else {
+        const bool isExact = type == QTextBlockFormat::FixedHeight;
+        result->setProperty(ORVRtfProperty::LineSpacing, isExact ? -points(height) : points(height));
+    }
+}

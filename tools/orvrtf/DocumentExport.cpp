@@ -1,0 +1,52 @@
+#include "DocumentExport.h"
+
+#include "HtmlExport.h"
+#include "OdtExport.h"
+#include "Options.h"
+#include "PageExport.h"
+#include "RtfExport.h"
+#include "Streams.h"
+#include "TextExport.h"
+
+#include <ORVStockFormats.h>
+
+#include <QTextDocument>
+
+namespace {
+
+/*! RTF is in the application's form, HTML and all that shows a document in Qt's own. */
+void adaptFormats(QTextDocument& document, const Options& options)
+{
+    const bool isFromRtf = options.needsEngine || options.inputFormat == Options::Rtf;
+    if (options.outputFormat == Options::PlainText)
+        return;
+    document.setUndoRedoEnabled(false);
+    if (options.outputFormat != Options::Rtf && isFromRtf)
+        ORVStockFormats::toStock(&document);
+    else if (options.outputFormat == Options::Rtf && !isFromRtf)
+        ORVStockFormats::fromStock(&document);
+}
+
+QByteArray converted(QTextDocument& document, const Options& options)
+{
+    switch (options.outputFormat) {
+    case Options::Html: return documentToHtml(document);
+    case Options::PlainText: return documentToPlainText(document);
+    case Options::Rtf: return documentToRtf(document, options.rtf);
+    case Options::Odt: return documentToOdt(document);
+    case Options::Pdf: return documentToPdf(document);
+    case Options::Png: break;
+    }
+    return QByteArray();
+}
+
+} // namespace
+
+bool exportDocument(QTextDocument& document, const Options& options, QString* path, QString* errorString)
+{
+    adaptFormats(document, options);
+    *path = options.output;
+    if (options.outputFormat == Options::Png)
+        return writePagePictures(document, path, errorString);
+    return writeOutput(*path, converted(document, options), errorString);
+}

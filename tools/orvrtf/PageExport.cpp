@@ -1,0 +1,116 @@
+#include "PageExport.h"
+
+#include "Streams.h"
+#include "VisibleDocument.h"
+
+#include <ORVPagePainter.h>
+#include <ORVTextPage.h>
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QImage>
+#include <QMarginsF>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QTextDocument>
+
+namespace {
+
+const int pdfResolution = 600;
+const int pictureResolution = 96;
+
+ORVPageSetup::MarginText marginText(const QTextDocument& document, const char* property)
+{
+    const ORVTextPage page = qvariant_cast<ORVTextPage>(document.property(property));
+    return {page.text, page.option.alignment(), page.font};
+}
+
+ORVPageSetup pageSetup(const QTextDocument& document)
+{
+    ORVPageSetup setup;
+    setup.page = ORVPageGeometry::of(&document);
+    if (!document.property("paperSize").isValid())
+        setup.page.paperSize = QPageSize(QPageSize::A4).size(QPageSize::Point);
+    setup.header = marginText(document, "header");
+    setup.footer = marginText(document, "footer");
+    setup.firstPageHasMarginTexts = !document.property("notOnFirstPage").toBool();
+    setup.firstNumber = document.property("countFirstPage").toBool() ? 1 : 0;
+    return setup;
+}
+
+QString picturePath(const QString& firstPath, int number)
+{
+    const QString suffix = QLatin1String(".png");
+    const bool hasSuffix = firstPath.endsWith(suffix, Qt::CaseInsensitive);
+    QString path = firstPath;
+    return path.insert(firstPath.size() - (hasSuffix ? suffix.size() : 0),
+                       QString::fromLatin1("-%1").arg(number));
+}
+
+/*! The page as a file of PNG; empty when there is no memory for it. */
+QByteArray picture(const ORVPagePainter& pages, const QSize& size, int page)
+{
+    const int dotsPerMeter = qRound(pictureResolution / 0.0254);
+    QImage image(size, QImage::Format_RGB32);
+    image.setDotsPerMeterX(dotsPerMeter);
+    image.setDotsPerMeterY(dotsPerMeter);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    pages.paintPage(&painter, page);
+    painter.end();
+    QByteArray data;
+    QBuffer buffer(&data);
+    buffer.open(QIODevice::WriteOnly);
+    return image.save(&buffer, "PNG") ? data : QByteArray();
+}
+
+bool writePicture(const QByteArray& data, const QString& path, QString* errorString)
+{
+    if (!data.isEmpty())
+        return writeOutput(path, data, errorString);
+    *errorString = QLatin1String("the picture cannot be made");
+    return false;
+}
+
+} // namespace
+
+QByteArray documentToPdf(QTextDocument& document)
+{
+    makeVisible(document);
+    const ORVPageSetup setup = pageSetup(document);
+    QByteArray data;
+    QBuffer buffer(&data);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(pdfResolution);
+    writer.setCreator(QLatin1String("orvrtf"));
+    writer.setTitle(document.metaInformation(QTextDocument::DocumentTitle));
+    writer.setPageSize(
+        QPageSize(setup.page.usablePaperSize(), QPageSize::Point, QString(), QPageSize::ExactMatch));
+    writer.setPageMargins(QMarginsF());
+    const ORVPagePainter pages(&document, setup, pdfResolution);
+    QPainter painter(&writer);
+    for (int page = 0; page < pages.pageCount(); ++page) {
+        if (page > 0)
+            writer.newPage();
+        pages.paintPage(&painter, page);
+    }
+    return painter.end() ? data : QByteArray();
+}
+
+bool writePagePictures(QTextDocument& document, QString* path, QString* errorString)
+{
+    makeVisible(document);
+    const ORVPageSetup setup = pageSetup(document);
+    const QSize size = (setup.page.usablePaperSize() * pictureResolution / 72).toSize();
+    const ORVPagePainter pages(&document, setup, pictureResolution);
+    const QString firstPath = *path;
+    for (int page = 0; page < pages.pageCount(); ++page) {
+        if (page > 0)
+            *path = picturePath(firstPath, page + 1);
+        if (!writePicture(picture(pages, size, page), *path, errorString))
+            return false;
+    }
+    return true;
+}

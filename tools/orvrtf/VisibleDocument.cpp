@@ -1,0 +1,93 @@
+#include "VisibleDocument.h"
+
+#include <ORVListLevels.h>
+#include <ORVTextListFormat.h>
+#include <TextDocSupport.h>
+
+#include <QImage>
+#include <QSet>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextFragment>
+#include <QTextImageFormat>
+#include <QTextList>
+#include <QUrl>
+
+namespace {
+
+bool isItemWithoutMarker(const QTextBlock& block)
+{
+    QTextList* list = block.textList();
+    if (!list)
+        return false;
+    const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(list->format());
+    const int level = ORVTextListFormat::blockLevel(list, block);
+    return level < levels.size() && levels.at(level).text().isEmpty();
+}
+
+/*! The paragraph stays where it is: what the list indents it by becomes a part of its margin. */
+void releaseFromList(const QTextBlock& block, QTextCursor& cursor)
+{
+    QTextBlockFormat format = block.blockFormat();
+    const double indent = block.textList()->format().indent() * block.document()->indentWidth();
+    if (block.textDirection() == Qt::RightToLeft)
+        format.setRightMargin(format.rightMargin() + indent);
+    else
+        format.setLeftMargin(format.leftMargin() + indent);
+    format.setObjectIndex(-1);
+    cursor.setPosition(block.position());
+    cursor.setBlockFormat(format);
+}
+
+/*! Word processors number their headings by lists whose numbers are empty; Qt would show numbers. */
+void releaseItemsWithoutMarker(QTextDocument& document)
+{
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (isItemWithoutMarker(block))
+            releaseFromList(block, cursor);
+    }
+    cursor.endEditBlock();
+}
+
+QSet<QString> pictureNames(const QTextDocument& document)
+{
+    QSet<QString> names;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
+            const QTextCharFormat format = it.fragment().charFormat();
+            if (format.isImageFormat())
+                names.insert(format.toImageFormat().name());
+        }
+    }
+    return names;
+}
+
+/*! A document looks for a picture that it does not hold in the file system. */
+void settlePictures(QTextDocument& document)
+{
+    QImage empty(1, 1, QImage::Format_ARGB32);
+    empty.fill(Qt::transparent);
+    const QSet<QString> names = pictureNames(document);
+    for (const QString& name : names) {
+        const QImage image = TextDocSupport::image(&document, name);
+        document.addResource(QTextDocument::ImageResource, QUrl(name), image.isNull() ? empty : image);
+    }
+}
+
+} // namespace
+
+void makeListsVisible(QTextDocument& document)
+{
+    releaseItemsWithoutMarker(document);
+    ORVListLevels::separate(&document);
+}
+
+void makeVisible(QTextDocument& document)
+{
+    document.setUndoRedoEnabled(false);
+    makeListsVisible(document);
+    settlePictures(document);
+}
