@@ -91,7 +91,7 @@ get_flags() {
 
 consume_with_pkg_config() {
     get_flags --cflags --libs OrvRtf
-    quietly "$compiler" -o "$folder/with pkg-config" "$source/examples/consumer/main.cpp" "${flags[@]}"
+    quietly "$compiler" -fPIC -o "$folder/with pkg-config" "$source/examples/consumer/main.cpp" "${flags[@]}"
     LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -name libOrvRtf.so)") check_consumer "$folder/with pkg-config"
 }
 
@@ -102,7 +102,7 @@ compile_headers() {
     for header in "$headers"/*.h; do
         name=$(basename "$header")
         printf '#include <%s>\n#include <OrvRtf/%s>\n' "$name" "$name" >"$scratch/header.cpp"
-        quietly "$compiler" -std=c++17 -fsyntax-only -Wall -Wextra -Wpedantic -Werror \
+        quietly "$compiler" -std=c++17 -fPIC -fsyntax-only -Wall -Wextra -Wpedantic -Werror \
             -DQT_NO_KEYWORDS -DQT_NO_CAST_FROM_ASCII -DQT_NO_CAST_TO_ASCII \
             "$scratch/header.cpp" "${flags[@]}" "-I$prefix/include"
     done
