@@ -15,10 +15,9 @@ configure_file(${PROJECT_SOURCE_DIR}/CHANGELOG.md ${deb_folder}/CHANGELOG.md COP
 foreach(name changelog CHANGELOG.md)
     execute_process(COMMAND gzip -9 -n -c ${deb_folder}/${name} OUTPUT_FILE ${deb_folder}/${name}.gz)
 endforeach()
-foreach(component_package runtime:${ORVRTF_DEB_RUNTIME} development:liborvrtf-dev tool:orvrtf)
-    string(REPLACE ":" ";" component_package ${component_package})
-    list(GET component_package 0 component)
-    list(GET component_package 1 package)
+
+# orv_deb_package(<component> <package>): the name of the package of <component>, and the files that each package has.
+macro(orv_deb_package component package)
     string(TOUPPER ${component} upper)
     set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${package})
     install(FILES
@@ -28,7 +27,11 @@ foreach(component_package runtime:${ORVRTF_DEB_RUNTIME} development:liborvrtf-de
         DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/${package}
         COMPONENT ${component}
         EXCLUDE_FROM_ALL)
-endforeach()
+endmacro()
+
+orv_deb_package(runtime ${ORVRTF_DEB_RUNTIME})
+orv_deb_package(development liborvrtf-dev)
+orv_deb_package(tool orvrtf)
 
 # What the system's linker and other packages must know of the libraries.
 configure_file(${deb_source_folder}/shlibs.in ${deb_folder}/shlibs @ONLY)
@@ -41,6 +44,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGE_CONTACT ${ORVRTF_PACKAGE_MAINTAINER})
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_PROJECT_CONFIG_FILE ${PROJECT_SOURCE_DIR}/cmake/OrvPackagingChecks.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/OrvCompressPages.cmake)
 set(CPACK_POST_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/OrvFinishPackages.cmake)
 set(CPACK_ORVRTF_CONFIGURED_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_COMPONENTS_ALL runtime development tool)
@@ -66,16 +70,16 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS ${deb_qt_dev_${ORVRTF_QT_MAJOR}})
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION text)
 
-set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "conversion between RTF and QTextDocument: libraries
-This library reads and writes Rich Text Format, as word processors exchange it
+set(deb_library_description
+"This library reads and writes Rich Text Format, as word processors exchange it
 in files and on the clipboard, from and into the text documents of Qt:
-formats, tables, lists, pictures, links and notes.
+formats, tables, lists, pictures, links and notes.")
+set(CPACK_DEBIAN_RUNTIME_DESCRIPTION "conversion between RTF and QTextDocument: libraries
+${deb_library_description}
 .
 This package has the shared libraries.")
 set(CPACK_DEBIAN_DEVELOPMENT_DESCRIPTION "conversion between RTF and QTextDocument: development files
-This library reads and writes Rich Text Format, as word processors exchange it
-in files and on the clipboard, from and into the text documents of Qt:
-formats, tables, lists, pictures, links and notes.
+${deb_library_description}
 .
 This package has the headers, and what CMake and pkg-config need.")
 set(CPACK_DEBIAN_TOOL_DESCRIPTION "converts between RTF, HTML and plain text

@@ -5,6 +5,7 @@
 set -euo pipefail
 
 source=$1
+sample=$source/tests/data/pandoc-links.rtf
 
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
@@ -100,11 +101,16 @@ check_stripped() {
     done < <(find "$1" -type f \( -name '*.so*' -o -path '*/bin/*' \))
 }
 
-# run_tool PROGRAM: converts a sample.
-run_tool() {
+# prints_sample COMMAND…: COMMAND prints the text of the sample.
+prints_sample() {
     local text
-    text=$("$1" convert "$source/tests/data/pandoc-links.rtf" - --to txt)
-    [[ $text == *"See the plain web link for more"* ]] || fail "$1 prints: $text"
+    text=$("$@")
+    [[ $text == *"See the plain web link for more"* ]] || fail "$* prints: $text"
+}
+
+# run_tool PROGRAM: converts the sample.
+run_tool() {
+    prints_sample "$1" convert "$sample" - --to txt
 }
 
 try_unpacked() {
@@ -151,11 +157,11 @@ try_system() {
 build_consumer() {
     cmake -S "$source/examples/consumer" -B "$scratch/consumer"
     cmake --build "$scratch/consumer"
-    "$scratch/consumer/consumer" "$source/tests/data/pandoc-links.rtf" "$scratch/written.rtf"
+    prints_sample "$scratch/consumer/consumer" "$sample" "$scratch/written.rtf"
     local flags
     read -ra flags < <(pkg-config --cflags --libs OrvRtf)
     c++ -fPIC -o "$scratch/with-pkg-config" "$source/examples/consumer/main.cpp" "${flags[@]}"
-    "$scratch/with-pkg-config" "$source/tests/data/pandoc-links.rtf" "$scratch/written.rtf"
+    prints_sample "$scratch/with-pkg-config" "$sample" "$scratch/written.rtf"
 }
 
 make_packages
