@@ -3,7 +3,7 @@
 
 #include "ORVRtfGlobal.h"
 
-#include <ORVImportExport.h>
+#include "ORVImportExport.h"
 
 #include <QtCore/QStringList>
 

@@ -6,12 +6,13 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 logs=$root/build/logs
 
-# Debian packages that building needs, and those that the tests, the benchmarks, coverage, fuzzing and the checks
-# of CI need besides.
+# Debian packages that building needs, and those that making packages, the tests, the benchmarks, coverage, fuzzing
+# and the checks of CI need besides.
 build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev)
+package_packages=(dpkg-dev file)
 test_packages=(
-    abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui man-db mandoc pandoc parallel poppler-utils
-    python3 rsync unrtf valgrind xclip xvfb
+    "${package_packages[@]}" abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui lintian man-db mandoc
+    pandoc parallel pkgconf poppler-utils python3 rsync unrtf valgrind xclip xvfb
 )
 bench_packages=(abiword libbenchmark-dev libreoffice-writer-nogui pandoc python3 unrtf)
 coverage_packages=(clang libclang-rt-dev llvm)
