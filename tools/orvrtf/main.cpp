@@ -1,4 +1,5 @@
 #include "DocumentModule.h"
+#include "Messages.h"
 #include "Options.h"
 #include "Streams.h"
 
@@ -40,7 +41,7 @@ ExitCode print(const QString& text)
     QString errorString;
     if (writeOutput(QLatin1String("-"), text.toUtf8(), &errorString))
         return Success;
-    printError(QString::fromLatin1("cannot write standard output: %1").arg(errorString));
+    printError(Messages::tr("cannot write standard output: %1").arg(errorString));
     return Failure;
 }
 
@@ -52,7 +53,7 @@ int runInModule(const Options& options, char* programName, const QString& progra
         reinterpret_cast<DocumentModule::Entry>(module.resolve(DocumentModule::entryName));
     if (run)
         return run(options, programName);
-    printError(QString::fromLatin1("the program is not installed completely: %1").arg(module.errorString()));
+    printError(Messages::tr("the program is not installed completely: %1").arg(module.errorString()));
     return Failure;
 }
 
@@ -66,7 +67,7 @@ int main(int argc, char** argv)
     const Options options = parseOptions(argc, argv, &programFolder);
     switch (options.command) {
     case Options::Invalid:
-        printError(QString::fromLatin1("%1; see orvrtf --help").arg(options.text));
+        printError(Messages::tr("%1; see orvrtf --help").arg(options.text));
         return UsageError;
     case Options::Help: return print(options.text);
     case Options::Version: return print(QLatin1String("orvrtf " ORVRTF_VERSION "\n"));
