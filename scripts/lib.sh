@@ -8,7 +8,7 @@ logs=$root/build/logs
 
 # Debian packages that building needs, and those that the tests, the benchmarks, fuzzing and the checks of CI
 # need besides.
-build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev)
+build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 test_packages=(
     abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf valgrind
     xclip xvfb

@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "Options.h"
+#include "Translations.h"
 
 #include <QGuiApplication>
 
@@ -23,9 +24,11 @@ extern "C" Q_DECL_EXPORT int orvrtfRunCommand(const Options& options, char* prog
     char* arguments[] = {programName, nullptr};
     if (options.command == Options::Check || options.command == Options::Strip) {
         const QCoreApplication application(count, arguments);
+        const Translations translations(options.languages);
         return runCommand(options);
     }
     needNoDisplay();
     const QGuiApplication application(count, arguments);
+    const Translations translations(options.languages);
     return runCommand(options);
 }

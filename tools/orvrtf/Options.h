@@ -28,6 +28,8 @@ struct Options {
     Format outputFormat = Html;
     RtfExportOptions rtf;
     bool json = false;
+    /*! Languages of the messages, see Translations. */
+    QStringList languages;
     /*! What --help prints, for Help; what is wrong with the command line, for Invalid. */
     QString text;
 
