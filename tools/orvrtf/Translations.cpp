@@ -8,7 +8,7 @@ namespace {
 QByteArray messageLocale()
 {
     for (const char* const variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        const QByteArray name = qgetenv(variable);
+        QByteArray name = qgetenv(variable);
         if (!name.isEmpty())
             return name;
     }
