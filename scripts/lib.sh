@@ -10,8 +10,8 @@ logs=$root/build/logs
 # need besides.
 build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 test_packages=(
-    abiword fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf valgrind
-    xclip xvfb
+    abiword doxygen fonts-dejavu-core fonts-liberation libreoffice-writer-nogui pandoc poppler-utils python3 unrtf
+    valgrind xclip xvfb
 )
 bench_packages=(abiword libbenchmark-dev libreoffice-writer-nogui pandoc python3 unrtf)
 fuzz_packages=(clang libclang-rt-dev)
