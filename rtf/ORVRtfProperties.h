@@ -10,6 +10,7 @@
 */
 namespace ORVRtfProperty {
 
+/*! The ids of the properties, each with its type and the kind of format that has it. */
 enum Id {
     /*! int, block: number of the paragraph's list as `\ls` gives it. */
     ListOverride = QTextFormat::UserProperty + 1,
@@ -43,8 +44,7 @@ enum Id {
     AnnotationAnchor = QTextFormat::UserProperty + 102,
     /*! bool, char: the text has a footnote, whose content is NoteContent. */
     FootnoteAnchor = QTextFormat::UserProperty + 103,
-    /*! QString, char: the bookmark the text belongs to; a name that begins with "@" marks a bookmark's end.
-     */
+    /*! QString, char: the bookmark the text belongs to; a name that begins with "@" marks its end. */
     BookmarkName = QTextFormat::UserProperty + 210,
     /*! QString, char: the bookmark whose page number the text stands for. */
     PageReference = QTextFormat::UserProperty + 211,

@@ -21,8 +21,10 @@ class QFont;
 */
 class ORV_RTF_EXPORT ORVTextRtfCommon {
 public:
-    /*! The control words; 0 stands for none or unknown. The numbers mean nothing outside the process, and any
-     *  other number is a control word without a spelling. */
+    /*!
+        The control words; 0 stands for none or unknown. The numbers mean nothing outside the process, and any
+        other number is a control word without a spelling.
+    */
     enum KeyWord : int {
         NoKeyWord = 0,
 #define ORV_KEYWORD_MEMBER(name, spelling) name,
@@ -33,6 +35,7 @@ public:
     /*! Number of control words in the tables. */
     static const int KeyWordCount = KeyWordEnd - 1;
 
+    /*! Builds both tables, unless they exist. */
     ORVTextRtfCommon();
     virtual ~ORVTextRtfCommon();
 
@@ -56,8 +59,7 @@ public:
     static int codePageLen(int codePage);
     /*! The character that stands for what \a codePage cannot express: always "?". */
     static QChar codePageDefaultChar(int codePage);
-    /*! The `\fcharset` value a font is written with. It is 1252 for every font, which selects code page 1252.
-     */
+    /*! The `\fcharset` value \a font is written with: 1252 for every font, which selects that code page. */
     static int fontCharset(const QFont& font);
     /*! The UTF-16 unit of the first byte at \a byte in code page 1252; 0 where the code page has none. */
     static ushort unicodeFromAnsi1252(const char* byte);
@@ -68,30 +70,45 @@ public:
         "?" when that is null. \a length is not looked at: one byte is one character.
     */
     static QChar unicodeFromAnsi(const char* bytes, unsigned int codePage, int length, QChar defaultChar);
-    /*! \a defaultChar twice ("?" twice when it is null): no multi-byte code page can be written. */
+    /*!
+        The two bytes of \a c in \a codePage: \a defaultChar twice ("?" twice when it is null), since no
+        multi-byte code page can be written. \a length is not looked at.
+    */
     static QPair<ushort, ushort> unicodeToMultiByte(const QChar& c, unsigned int codePage, int length,
                                                     QChar defaultChar);
 
     /*! The colour that shows revision \a level (1 to 5); black for any other level. */
     static QColor revisionColor(int level);
 
-    /*! Paper size and margins of a page where nothing else is said, in twips. */
+    /*! Width of the paper where a document names none, in twips: US Letter. */
     static const int defaultPaperWidth = 12240;
+    /*! Height of the paper where a document names none, in twips: US Letter. */
     static const int defaultPaperHeight = 15840;
+    /*! Left margin of a page where a document names none, in twips. */
     static const int defaultLeftMargin = 1800;
+    /*! Right margin of a page where a document names none, in twips. */
     static const int defaultRightMargin = 1800;
+    /*! Top margin of a page where a document names none, in twips. */
     static const int defaultTopMargin = 1440;
+    /*! Bottom margin of a page where a document names none, in twips. */
     static const int defaultBottomMargin = 1440;
 
     /*! Opening and closing quotation mark. */
     typedef QPair<QChar, QChar> QuotePair;
+    /*! U+2018 and U+2019. */
     static const QuotePair defaultSingleQuotes;
+    /*! U+201C and U+201D. */
     static const QuotePair defaultDoubleQuotes;
 
+    /*! Red, see revisionColor(). */
     static const QColor firstRevisionColor;
+    /*! Blue, see revisionColor(). */
     static const QColor secondRevisionColor;
+    /*! Green, see revisionColor(). */
     static const QColor thirdRevisionColor;
+    /*! Orange, see revisionColor(). */
     static const QColor fourthRevisionColor;
+    /*! Purple, see revisionColor(). */
     static const QColor fifthRevisionColor;
 
 protected:

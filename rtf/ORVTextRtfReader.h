@@ -29,6 +29,7 @@ public:
 
     /*! Makes \a device the input; it is opened for reading by the read when it is not open yet. */
     void setDevice(QIODevice* device);
+    /*! The input; null when there is none. */
     QIODevice* device() const;
 
     /*!
@@ -80,6 +81,7 @@ public:
 protected:
     /*! Adopts the private object of a subclass. */
     explicit ORVTextRtfReader(ORVTextRtfReaderPrivate* dd);
+    /*! What the reader is made of; deleted with it. */
     ORVTextRtfReaderPrivate* const d;
 
 private:

@@ -27,6 +27,7 @@ public:
 
     /*! Makes \a device the output; it is opened for writing by write() when it is not open yet. */
     void setDevice(QIODevice* device);
+    /*! The output; null when there is none. */
     QIODevice* device() const;
 
     /*!
@@ -50,9 +51,11 @@ public:
     void setFootnotesWithLeadingSpace(bool leadingSpace);
     /*! What footnotes are written as: footnotes unless set. */
     void setFootnoteDestination(ORVTextRtf::ExportStyle destination);
+    /*! What footnotes are written as. */
     ORVTextRtf::ExportStyle footnoteDestination() const;
     /*! What annotations are written as: annotations unless set. */
     void setAnnotationDestination(ORVTextRtf::ExportStyle destination);
+    /*! What annotations are written as. */
     ORVTextRtf::ExportStyle annotationDestination() const;
 
     /*!

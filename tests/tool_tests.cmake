@@ -61,6 +61,12 @@ set_tests_properties(readme_example PROPERTIES
     ENVIRONMENT "${ORV_TEST_ENVIRONMENT}"
     PASS_REGULAR_EXPRESSION "See the plain web link for more")
 
+# Whatever is not documented in the public headers, or documented wrongly, fails.
+if(TARGET doc)
+    add_test(NAME reference COMMAND ${DOXYGEN_EXECUTABLE} ${PROJECT_BINARY_DIR}/docs/Doxyfile)
+    set_tests_properties(reference PROPERTIES LABELS docs)
+endif()
+
 # Real files of many programs, where a folder of them is at hand: <folder>/**/*.rtf with the expected texts
 # below <folder>/expected and text_recall.py, which compares them.
 if(NOT DEFINED ORVRTF_CORPUS_DIR AND EXISTS ${PROJECT_SOURCE_DIR}/../shared/corpus/text_recall.py)

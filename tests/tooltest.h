@@ -41,6 +41,7 @@ private slots:
         const char* const displayVariables[] = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
         for (const char* name : displayVariables)
             m_environment.remove(QString::fromLatin1(name));
+        m_environment.insert(QLatin1String("LC_ALL"), QLatin1String("C.UTF-8"));
     }
 
 protected:

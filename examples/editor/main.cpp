@@ -1,12 +1,20 @@
 #include "EditorWindow.h"
 
 #include <QApplication>
+#include <QLocale>
+#include <QTranslator>
 
 /*! editor [FILE]: a small editor for Rich Text Format. */
 int main(int argc, char** argv)
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("orvrtf-editor"));
+
+    // Of the window and of the library. There is none where messages stay in English.
+    QTranslator translator;
+    const QString translations = QApplication::applicationDirPath() + QStringLiteral("/" ORVRTF_TRANSLATIONS);
+    if (translator.load(QLocale(), QStringLiteral("orvrtf"), QStringLiteral("_"), translations))
+        QApplication::installTranslator(&translator);
     QApplication::setApplicationDisplayName(QApplication::translate("main", "RTF editor"));
 
     EditorWindow window;

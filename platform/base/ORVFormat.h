@@ -4,6 +4,7 @@
 /*! Formats of documents that TextTransform can be asked for. The numbers are part of the interface. */
 namespace ORVFormat {
 
+/*! Plain text, HTML, OpenDocument text and Rich Text Format. */
 enum Format { PlainText = 1, Html = 2, Odt = 3, Rtf = 4 };
 
 } // namespace ORVFormat

@@ -4,6 +4,7 @@
 /*! The programs that convert documents of other formats. */
 namespace ORVImportExport {
 
+/*! The program that converts. */
 enum Engine {
     /*! Whichever is installed: LibreOffice before AbiWord before pandoc. */
     AutomaticEngine = 0,

@@ -9,6 +9,7 @@ class QTextCharFormat;
 class QTextDocument;
 class QTextImageFormat;
 
+/*! The character format of a document where its text says nothing else, and names of pictures. */
 namespace ORVTextFormat {
 
 /*!

@@ -28,8 +28,10 @@ ORV_PLATFORM_EXPORT QList<ORVTextListLevel> levels(const QTextListFormat& format
 */
 ORV_PLATFORM_EXPORT void setLevels(QTextListFormat& format, const QList<ORVTextListLevel>& levels);
 
-/*! The 0-based level of \a block in \a list; 0 when \a list is null, or the block has no level or is not in
- * it. */
+/*!
+    The 0-based level of \a block in \a list; 0 when \a list is null, or the block has no level or is not in
+    it.
+*/
 ORV_PLATFORM_EXPORT int blockLevel(QTextList* list, const QTextBlock& block);
 
 /*!

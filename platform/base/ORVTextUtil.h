@@ -7,6 +7,7 @@
 
 class QTextCursor;
 
+/*! Installed fonts, and white space at the ends of texts. */
 namespace ORVTextUtil {
 
 /*!

@@ -8,6 +8,7 @@ class QObject;
 class QString;
 class QTextDocument;
 
+/*! What QTextDocument does not do, or not well: whole copies, page breaks stated in one way, pictures. */
 namespace TextDocSupport {
 
 /*!
@@ -29,8 +30,8 @@ ORV_PLATFORM_EXPORT void clearDefaultTextOptionFlags(QTextDocument* document);
 /*!
     Turns each page break after a block into a page break before the block that follows it (in the order of
     the text, so also into a table, within it and out of it), so that every break is stated in one way. A
-   break after the last block stays, and so does what else QTextFormat::PageBreakPolicy says. One undo step.
-   Does nothing when \a document is null.
+    break after the last block stays, and so does what else QTextFormat::PageBreakPolicy says. One undo step.
+    Does nothing when \a document is null.
 */
 ORV_PLATFORM_EXPORT void normalizePageBreaks(QTextDocument* document);
 

@@ -13,15 +13,19 @@ class QString;
 */
 namespace TextTransform {
 
+/*! How a conversion went. errorDescription() has it in words. */
 enum Error {
+    /*! The target holds the converted document. */
     NoError = 0,
     /*! No program known here converts from the source's format, or into the one asked for. */
     UnsupportedFormat,
+    /*! The source does not exist, is not a file, or may not be read. */
     SourceNotReadable,
     /*! The program is not installed; with AutomaticEngine, none is. */
     ToolNotFound,
     /*! The program could not be started, crashed, or ended with an error. */
     ToolFailed,
+    /*! The program was killed at the time limit. */
     ToolTimedOut,
     /*! The program wrote nothing, or what it wrote could not be stored. */
     NoOutput
@@ -32,8 +36,8 @@ enum Error {
     with \a engine, and waits until that is done, at most as long as setTimeout() says.
 
     AutomaticEngine takes the first installed program that can do the conversion; when that one fails, no
-   other is tried. LibreOffice converts between all of these; AbiWord reads no HTML, pandoc no .doc, and both
-   write Rtf and PlainText (UTF-8) only.
+    other is tried. LibreOffice converts between all of these; AbiWord reads no HTML, pandoc no .doc, and both
+    write Rtf and PlainText (UTF-8) only.
 
     A new \a target can be read by its owner only; one that was there is replaced and keeps its permissions.
     Unless NoError is returned, \a target is left as it was, and \a errorString, unless null, says more about

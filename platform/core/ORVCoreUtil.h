@@ -5,6 +5,7 @@
 
 #include <QtCore/QString>
 
+/*! Temporary files. */
 namespace ORVCoreUtil {
 
 /*!

@@ -5,6 +5,7 @@
 
 #include <QtCore/QStringList>
 
+/*! The types under which RTF is on the clipboard. */
 namespace ORV {
 
 /*!

@@ -8,6 +8,7 @@
 
 class QImage;
 
+/*! Names and encodings of pictures. */
 namespace ORVGuiUtil {
 
 /*!

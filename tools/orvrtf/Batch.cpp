@@ -1,6 +1,7 @@
 #include "Batch.h"
 
 #include "Interruption.h"
+#include "Messages.h"
 #include "Options.h"
 #include "ProgressBar.h"
 #include "SignalWatch.h"
@@ -43,15 +44,15 @@ QString Tally::summary() const
 {
     const struct {
         int count;
-        const char* words;
-    } rest[] = {{of(Worker::ConvertedWithErrors), "%1 converted with errors"},
-                {of(Worker::Failed), "%1 failed"},
-                {of(Worker::Stopped), "%1 interrupted"},
-                {m_total - tried(), "%1 not tried"}};
-    QStringList parts(QString::fromLatin1("%1 converted").arg(of(Worker::Converted)));
+        QString words;
+    } rest[] = {{of(Worker::ConvertedWithErrors), Messages::tr("%1 converted with errors")},
+                {of(Worker::Failed), Messages::tr("%1 failed")},
+                {of(Worker::Stopped), Messages::tr("%1 interrupted")},
+                {m_total - tried(), Messages::tr("%1 not tried")}};
+    QStringList parts(Messages::tr("%1 converted").arg(of(Worker::Converted)));
     for (const auto& part : rest) {
         if (part.count > 0)
-            parts << QString::fromLatin1(part.words).arg(part.count);
+            parts << part.words.arg(part.count);
     }
     return parts.join(QLatin1String(", "));
 }
@@ -155,7 +156,7 @@ void Batch::print(const QByteArray& lines)
 int runBatch(const BatchPlan& plan, const QString& program)
 {
     if (!QDir().mkpath(plan.outputDirectory)) {
-        printError(QString::fromLatin1("cannot make the directory %1").arg(plan.outputDirectory));
+        printError(Messages::tr("cannot make the directory %1").arg(plan.outputDirectory));
         return Failure;
     }
     Batch batch(plan, program);

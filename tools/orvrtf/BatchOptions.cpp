@@ -1,6 +1,7 @@
 #include "BatchOptions.h"
 
 #include "BatchPlan.h"
+#include "Messages.h"
 
 #include <QCommandLineParser>
 #include <QThread>
@@ -59,19 +60,19 @@ bool readJobs(const QCommandLineParser& parser, int* jobs)
 QList<QCommandLineOption> BatchOptions::all()
 {
     return {QCommandLineOption(outputDirectoryName(),
-                               QLatin1String("Convert many files, into this directory."),
-                               QLatin1String("directory")),
+                               Messages::tr("Convert many files, into this directory."),
+                               Messages::tr("directory")),
             QCommandLineOption(jobsName(),
-                               QLatin1String("Convert so many files at the same time: 1 unless given; 0 or "
-                                             "auto is one for each processor."),
-                               QLatin1String("number")),
+                               Messages::tr("Convert so many files at the same time: 1 unless given; 0 or "
+                                            "auto is one for each processor."),
+                               Messages::tr("number")),
             QCommandLineOption(keepGoingName(),
-                               QLatin1String("Convert the other files when one fails; otherwise no new one "
-                                             "is begun then.")),
+                               Messages::tr("Convert the other files when one fails; otherwise no new one "
+                                            "is begun then.")),
             QCommandLineOption(timeoutName(),
-                               QLatin1String("Give up a file of many after so many seconds: 600 unless "
-                                             "given; 0 is never."),
-                               QLatin1String("seconds"))};
+                               Messages::tr("Give up a file of many after so many seconds: 600 unless "
+                                            "given; 0 is never."),
+                               Messages::tr("seconds"))};
 }
 
 bool BatchOptions::isBatch(const QCommandLineParser& parser)
@@ -93,11 +94,11 @@ QString BatchOptions::read(const QCommandLineParser& parser, BatchPlan* plan)
     plan->outputDirectory = parser.value(outputDirectoryName());
     plan->keepGoing = parser.isSet(keepGoingName());
     if (plan->outputDirectory.isEmpty())
-        return QLatin1String("--output-dir takes a directory");
+        return Messages::tr("--output-dir takes a directory");
     if (!readJobs(parser, &plan->jobs))
-        return QString::fromLatin1("--jobs takes a number or auto, not \"%1\"").arg(parser.value(jobsName()));
+        return Messages::tr("--jobs takes a number or auto, not \"%1\"").arg(parser.value(jobsName()));
     if (!readNumber(parser, timeoutName(), maxTimeout, &plan->timeout))
-        return QString::fromLatin1("--timeout takes a number of seconds, not \"%1\"")
+        return Messages::tr("--timeout takes a number of seconds, not \"%1\"")
             .arg(parser.value(timeoutName()));
     return QString();
 }

@@ -1,5 +1,7 @@
 #include "BatchPlan.h"
 
+#include "Messages.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
@@ -21,7 +23,7 @@ QString firstPageOf(const QString& output)
 
 QString conflict(const QString& input, const QString& otherInput, const QString& output)
 {
-    return QString::fromLatin1("\"%1\" and \"%2\" would both become \"%3\"").arg(input, otherInput, output);
+    return Messages::tr("\"%1\" and \"%2\" would both become \"%3\"").arg(input, otherInput, output);
 }
 
 /*! Says which output two of the files would be written to; an empty text when there is none. */
@@ -50,7 +52,7 @@ QString overwrittenInput(const QList<BatchFile>& files)
     for (const BatchFile& file : files) {
         const QString existing = QFileInfo(file.output).canonicalFilePath();
         if (!existing.isEmpty() && inputs.contains(existing))
-            return QString::fromLatin1("\"%1\" is both input and output").arg(file.output);
+            return Messages::tr("\"%1\" is both input and output").arg(file.output);
     }
     return QString();
 }

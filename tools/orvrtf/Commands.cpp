@@ -4,6 +4,7 @@
 #include "DocumentInfo.h"
 #include "EngineImport.h"
 #include "Interruption.h"
+#include "Messages.h"
 #include "RtfImport.h"
 #include "Streams.h"
 
@@ -59,9 +60,9 @@ ReadResult readDocument(const QString& path, Options::Format format, QTextDocume
     return result;
 }
 
-QString shownName(const QString& path, const char* standardStream)
+QString shownName(const QString& path, const QString& standardStream)
 {
-    return path == QLatin1String("-") ? QLatin1String(standardStream) : path;
+    return path == QLatin1String("-") ? standardStream : path;
 }
 
 /*! Tells the user how reading \a path went wrong, if it did, and gives the exit status for it. */
@@ -69,18 +70,18 @@ ExitCode reportReading(const QString& path, const ReadResult& result)
 {
     if (result.hasInput && result.status == 0)
         return Success;
-    const QString name = shownName(path, "standard input");
+    const QString name = shownName(path, Messages::tr("standard input"));
     if (result.hasInput)
         printError(QString::fromLatin1("%1: %2").arg(name, result.message));
     else
-        printError(QString::fromLatin1("cannot read %1: %2").arg(name, result.message));
+        printError(Messages::tr("cannot read %1: %2").arg(name, result.message));
     return Failure;
 }
 
 ExitCode reportUnwritten(const QString& path, const QString& errorString)
 {
-    printError(
-        QString::fromLatin1("cannot write %1: %2").arg(shownName(path, "standard output"), errorString));
+    printError(Messages::tr("cannot write %1: %2")
+                   .arg(shownName(path, Messages::tr("standard output")), errorString));
     return Failure;
 }
 
@@ -148,10 +149,7 @@ ExitCode info(const Options& options)
         object.insert(QLatin1String("message"), result.message);
         data = QJsonDocument(object).toJson();
     } else {
-        const QString status =
-            QString::fromLatin1("status      %1%2\n")
-                .arg(result.status)
-                .arg(result.status == 0 ? QString() : QString::fromLatin1(" (%1)").arg(result.message));
+        const QString status = DocumentInfo::line(Messages::tr("status"), result.status, result.message);
         data = (info.toText() + status).toUtf8();
     }
     return output(QLatin1String("-"), data, code);

@@ -1,5 +1,7 @@
 #include "DocumentInfo.h"
 
+#include "Messages.h"
+
 #include <ORVRtfProperties.h>
 
 #include <QFont>
@@ -13,6 +15,8 @@
 #include <QTextTable>
 
 namespace {
+
+const int nameWidth = 12;
 
 /*! Counts the notes of one kind over the fragments of a document, in order. */
 class NoteCounter {
@@ -130,13 +134,6 @@ int countTables(const QTextDocument& document)
     return tables;
 }
 
-QString line(const char* name, int count, const QString& detail = QString())
-{
-    const QString text = QString::fromLatin1("%1%2").arg(QLatin1String(name), -12).arg(count);
-    return (detail.isEmpty() ? text : text + QLatin1String(" (") + detail + QLatin1Char(')'))
-        + QLatin1Char('\n');
-}
-
 } // namespace
 
 DocumentInfo::DocumentInfo(const QTextDocument& document)
@@ -157,14 +154,22 @@ DocumentInfo::DocumentInfo(const QTextDocument& document)
     lists = int(textLists.size());
 }
 
+QString DocumentInfo::line(const QString& name, int number, const QString& detail)
+{
+    const QString text = name.leftJustified(nameWidth) + QString::number(number);
+    return (detail.isEmpty() ? text : text + QLatin1String(" (") + detail + QLatin1Char(')'))
+        + QLatin1Char('\n');
+}
+
 QString DocumentInfo::toText() const
 {
-    return line("paragraphs", paragraphs) + line("words", words) + line("characters", characters)
-        + line("fonts", int(fonts.size()), fonts.join(QLatin1String(", "))) + line("pictures", pictures)
-        + line("links", int(links.size()))
-        + line("notes", footnotes + annotations,
-               QString::fromLatin1("%1 footnotes, %2 annotations").arg(footnotes).arg(annotations))
-        + line("tables", tables) + line("lists", lists);
+    const QString notes = Messages::tr("%1 footnotes, %2 annotations").arg(footnotes).arg(annotations);
+    return line(Messages::tr("paragraphs"), paragraphs) + line(Messages::tr("words"), words)
+        + line(Messages::tr("characters"), characters)
+        + line(Messages::tr("fonts"), int(fonts.size()), fonts.join(QLatin1String(", ")))
+        + line(Messages::tr("pictures"), pictures) + line(Messages::tr("links"), int(links.size()))
+        + line(Messages::tr("notes"), footnotes + annotations, notes) + line(Messages::tr("tables"), tables)
+        + line(Messages::tr("lists"), lists);
 }
 
 QJsonObject DocumentInfo::toJson() const

@@ -35,6 +35,8 @@ struct DocumentInfo {
 
     /*! The numbers as lines of text for people. */
     QString toText() const;
+    /*! A line as toText() has them: \a name, \a number, and \a detail in parentheses where there is one. */
+    static QString line(const QString& name, int number, const QString& detail = QString());
     /*! The numbers as JSON, with the fonts and links one by one. */
     QJsonObject toJson() const;
 };

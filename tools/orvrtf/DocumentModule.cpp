@@ -2,6 +2,7 @@
 
 #include "Commands.h"
 #include "Options.h"
+#include "Translations.h"
 
 #include <QGuiApplication>
 
@@ -23,11 +24,13 @@ extern "C" Q_DECL_EXPORT int orvrtfRunCommand(const Options& options, char* prog
     char* arguments[] = {programName, nullptr};
     if (options.command == Options::Check || options.command == Options::Strip) {
         const QCoreApplication application(count, arguments);
+        const Translations translations(options.languages);
         return runCommand(options);
     }
     needNoDisplay();
     // What is made must not depend on a screen: a pixel is a 96th of an inch, as in HTML.
     QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
     const QGuiApplication application(count, arguments);
+    const Translations translations(options.languages);
     return runCommand(options);
 }

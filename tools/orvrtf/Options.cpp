@@ -1,6 +1,7 @@
 #include "Options.h"
 
 #include "BatchOptions.h"
+#include "Messages.h"
 
 #include <QCommandLineOption>
 #include <QCommandLineParser>
@@ -9,7 +10,8 @@
 
 namespace {
 
-const char* const description =
+const char* const description = QT_TRANSLATE_NOOP(
+    "orvrtf",
     "Converts and examines Rich Text Format files.\n"
     "\n"
     "Commands:\n"
@@ -36,38 +38,38 @@ const char* const description =
     "error says what is wrong, and the exit status is 1.\n"
     "\n"
     "Exit status: 0 all is well; 1 IN is damaged, or reading or writing failed; 2 the\n"
-    "command line is wrong. A failed conversion leaves no partial output file.";
+    "command line is wrong. A failed conversion leaves no partial output file.");
 
 struct Arguments {
     Arguments();
 
-    QCommandLineOption help{{QLatin1String("h"), QLatin1String("help")}, QLatin1String("Show this help.")};
+    QCommandLineOption help{{QLatin1String("h"), QLatin1String("help")}, Messages::tr("Show this help.")};
     QCommandLineOption version{{QLatin1String("v"), QLatin1String("version")},
-                               QLatin1String("Show the version.")};
+                               Messages::tr("Show the version.")};
     QCommandLineOption from{QLatin1String("from"),
-                            QLatin1String("Format of IN for convert: rtf, html or txt."),
-                            QLatin1String("format")};
+                            Messages::tr("Format of IN for convert: rtf, html or txt."),
+                            Messages::tr("format")};
     QCommandLineOption engine{
         QLatin1String("engine"),
-        QLatin1String("Program that reads .doc, .docx and .odt: auto, libreoffice, abiword or pandoc."),
-        QLatin1String("name")};
+        Messages::tr("Program that reads .doc, .docx and .odt: auto, libreoffice, abiword or pandoc."),
+        Messages::tr("name")};
     QCommandLineOption to{QLatin1String("to"),
-                          QLatin1String("Format of OUT for convert: rtf, html, txt, odt, pdf or png."),
-                          QLatin1String("format")};
+                          Messages::tr("Format of OUT for convert: rtf, html, txt, odt, pdf or png."),
+                          Messages::tr("format")};
     QCommandLineOption storage{QLatin1String("storage"),
-                               QLatin1String("Write RTF in the application's own form.")};
+                               Messages::tr("Write RTF in the application's own form.")};
     QCommandLineOption msWordHighlight{
         QLatin1String("ms-word-highlight"),
-        QLatin1String("Write text backgrounds as MS Word takes them in any colour.")};
+        Messages::tr("Write text backgrounds as MS Word takes them in any colour.")};
     QCommandLineOption decorateLinks{QLatin1String("decorate-links"),
-                                     QLatin1String("Write links blue and underlined.")};
+                                     Messages::tr("Write links blue and underlined.")};
     QCommandLineOption footnotes{QLatin1String("footnotes"),
-                                 QLatin1String("Write footnotes as annotation, footnote or alternate."),
-                                 QLatin1String("style")};
+                                 Messages::tr("Write footnotes as annotation, footnote or alternate."),
+                                 Messages::tr("style")};
     QCommandLineOption annotations{QLatin1String("annotations"),
-                                   QLatin1String("Write annotations as annotation, footnote or alternate."),
-                                   QLatin1String("style")};
-    QCommandLineOption json{QLatin1String("json"), QLatin1String("Let info print JSON.")};
+                                   Messages::tr("Write annotations as annotation, footnote or alternate."),
+                                   Messages::tr("style")};
+    QCommandLineOption json{QLatin1String("json"), Messages::tr("Let info print JSON.")};
     QCommandLineParser parser;
 
     /*! The options of convert that say how a file is converted. */
@@ -79,14 +81,14 @@ struct Arguments {
 
 Arguments::Arguments()
 {
-    parser.setApplicationDescription(QLatin1String(description));
+    parser.setApplicationDescription(Messages::tr(description));
     parser.addOptions({help, version});
     parser.addOptions(conversion());
     parser.addOptions(BatchOptions::all());
     parser.addOption(json);
-    parser.addPositionalArgument(QLatin1String("COMMAND"), QLatin1String("convert, info, check or strip."));
-    parser.addPositionalArgument(QLatin1String("IN"), QLatin1String("File to read."));
-    parser.addPositionalArgument(QLatin1String("OUT"), QLatin1String("File that convert and strip write."),
+    parser.addPositionalArgument(QLatin1String("COMMAND"), Messages::tr("convert, info, check or strip."));
+    parser.addPositionalArgument(QLatin1String("IN"), Messages::tr("File to read."));
+    parser.addPositionalArgument(QLatin1String("OUT"), Messages::tr("File that convert and strip write."),
                                  QLatin1String("[OUT]"));
 }
 
@@ -176,7 +178,7 @@ QString readFrom(const Arguments& arguments, Options* options)
     if (parser.isSet(arguments.from)) {
         const QString name = parser.value(arguments.from);
         if (!formatFromName(name, Use::Input, &options->inputFormat))
-            return QString::fromLatin1("unknown input format \"%1\", known are rtf, html and txt").arg(name);
+            return Messages::tr("unknown input format \"%1\", known are rtf, html and txt").arg(name);
     } else if (!formatFromName(suffix, Use::Input, &options->inputFormat)) {
         options->needsEngine = isWordProcessorSuffix(suffix);
     }
@@ -190,12 +192,11 @@ QString readEngine(const Arguments& arguments, Options* options)
     if (!parser.isSet(arguments.engine))
         return QString();
     if (!options->needsEngine)
-        return QLatin1String("--engine goes with .doc, .docx and .odt input only");
+        return Messages::tr("--engine goes with .doc, .docx and .odt input only");
     const QString name = parser.value(arguments.engine);
     if (engineFromName(name, &options->engine))
         return QString();
-    return QString::fromLatin1("unknown engine \"%1\", known are auto, libreoffice, abiword and pandoc")
-        .arg(name);
+    return Messages::tr("unknown engine \"%1\", known are auto, libreoffice, abiword and pandoc").arg(name);
 }
 
 /*! Reads the options that steer the writing of RTF; a text says what is wrong with them, if anything is. */
@@ -207,14 +208,14 @@ QString readRtfOptions(const Arguments& arguments, Options* options)
              {arguments.storage, arguments.msWordHighlight, arguments.decorateLinks, arguments.footnotes,
               arguments.annotations}) {
             if (parser.isSet(option))
-                return QString::fromLatin1("--%1 goes with RTF output only").arg(option.names().constFirst());
+                return Messages::tr("--%1 goes with RTF output only").arg(option.names().constFirst());
         }
     }
     options->rtf.storage = parser.isSet(arguments.storage);
     options->rtf.msWordHighlight = parser.isSet(arguments.msWordHighlight);
     options->rtf.decorateLinks = parser.isSet(arguments.decorateLinks);
     const QString unknown =
-        QLatin1String("unknown style \"%1\", known are annotation, footnote and alternate");
+        Messages::tr("unknown style \"%1\", known are annotation, footnote and alternate");
     if (parser.isSet(arguments.footnotes)
         && !styleFromName(parser.value(arguments.footnotes), &options->rtf.footnotes))
         return unknown.arg(parser.value(arguments.footnotes));
@@ -227,9 +228,9 @@ QString readRtfOptions(const Arguments& arguments, Options* options)
 Options twoFileOptions(Options::Command command, const QString& name, const QStringList& files)
 {
     if (files.size() != 2)
-        return invalid(QString::fromLatin1("%1 takes an input and an output file").arg(name));
+        return invalid(Messages::tr("%1 takes an input and an output file").arg(name));
     if (isSameFile(files.at(0), files.at(1)))
-        return invalid(QString::fromLatin1("\"%1\" is both input and output").arg(files.at(0)));
+        return invalid(Messages::tr("\"%1\" is both input and output").arg(files.at(0)));
     Options options;
     options.command = command;
     options.input = files.at(0);
@@ -244,18 +245,17 @@ QString readOutputFormat(const Arguments& arguments, Options* options)
     if (arguments.parser.isSet(arguments.to)) {
         const QString name = arguments.parser.value(arguments.to);
         if (!formatFromName(name, Use::Output, &options->outputFormat))
-            return QString::fromLatin1(
-                       "unknown output format \"%1\", known are rtf, html, txt, odt, pdf and png")
+            return Messages::tr("unknown output format \"%1\", known are rtf, html, txt, odt, pdf and png")
                 .arg(name);
     } else if (isStandardOutput) {
-        return QLatin1String("the standard output needs --to rtf, html, txt, odt or pdf");
+        return Messages::tr("the standard output needs --to rtf, html, txt, odt or pdf");
     } else if (!formatFromName(QFileInfo(options->output).suffix(), Use::Output, &options->outputFormat)) {
-        return QString::fromLatin1("cannot tell the format of \"%1\" by its suffix, known are "
-                                   ".rtf, .html, .htm, .txt, .odt, .pdf and .png")
+        return Messages::tr("cannot tell the format of \"%1\" by its suffix, known are "
+                            ".rtf, .html, .htm, .txt, .odt, .pdf and .png")
             .arg(options->output);
     }
     if (isStandardOutput && options->outputFormat == Options::Png)
-        return QLatin1String("png is a file for each page and cannot go to the standard output");
+        return Messages::tr("png is a file for each page and cannot go to the standard output");
     return QString();
 }
 
@@ -292,12 +292,12 @@ QStringList workerOptions(const Arguments& arguments, const Options& options)
 QString readBatchFiles(const Arguments& arguments, const QStringList& files, Options* options)
 {
     if (files.isEmpty())
-        return QLatin1String("convert --output-dir takes input files");
+        return Messages::tr("convert --output-dir takes input files");
     const QString suffix = arguments.parser.value(arguments.to).toLower();
     BatchPlan& plan = options->batch;
     for (const QString& file : files) {
         if (file == QLatin1String("-"))
-            return QLatin1String("the standard input does not go with --output-dir");
+            return Messages::tr("the standard input does not go with --output-dir");
         Options one;
         one.input = file;
         QString problem = readFrom(arguments, &one);
@@ -317,7 +317,7 @@ Options batchOptions(const Arguments& arguments, const QStringList& files)
     options.command = Options::Batch;
     QString problem = BatchOptions::read(arguments.parser, &options.batch);
     if (problem.isEmpty() && !arguments.parser.isSet(arguments.to))
-        problem = QLatin1String("--output-dir needs --to");
+        problem = Messages::tr("--output-dir needs --to");
     if (problem.isEmpty())
         problem = readOutputFormat(arguments, &options);
     if (problem.isEmpty())
@@ -330,7 +330,7 @@ Options batchOptions(const Arguments& arguments, const QStringList& files)
 Options oneFileOptions(Options::Command command, const QString& name, const QStringList& files)
 {
     if (files.size() != 1)
-        return invalid(QString::fromLatin1("%1 takes one input file").arg(name));
+        return invalid(Messages::tr("%1 takes one input file").arg(name));
     Options options;
     options.command = command;
     options.input = files.at(0);
@@ -350,24 +350,23 @@ Options commandOptions(const Arguments& arguments)
 {
     QStringList files = arguments.parser.positionalArguments();
     if (files.isEmpty())
-        return invalid(QLatin1String("no command given"));
+        return invalid(Messages::tr("no command given"));
     const QString name = files.takeFirst();
     const Options::Command command = commandFromName(name);
     if (command == Options::Invalid)
-        return invalid(QString::fromLatin1("unknown command \"%1\"").arg(name));
+        return invalid(Messages::tr("unknown command \"%1\"").arg(name));
     const QList<QCommandLineOption> convertOnly = arguments.conversion() + BatchOptions::all();
     for (const QCommandLineOption& option : convertOnly) {
         if (arguments.parser.isSet(option) && command != Options::Convert)
-            return invalid(
-                QString::fromLatin1("--%1 does not go with %2").arg(option.names().constFirst(), name));
+            return invalid(Messages::tr("--%1 does not go with %2").arg(option.names().constFirst(), name));
     }
     if (arguments.parser.isSet(arguments.json) && command != Options::Info)
-        return invalid(QString::fromLatin1("--json does not go with %1").arg(name));
+        return invalid(Messages::tr("--json does not go with %1").arg(name));
     if (BatchOptions::isBatch(arguments.parser))
         return batchOptions(arguments, files);
     const QString stray = BatchOptions::stray(arguments.parser);
     if (!stray.isEmpty())
-        return invalid(QString::fromLatin1("--%1 goes with --output-dir only").arg(stray));
+        return invalid(Messages::tr("--%1 goes with --output-dir only").arg(stray));
     if (command == Options::Convert || command == Options::Strip) {
         const Options options = twoFileOptions(command, name, files);
         return options.command == Options::Convert ? convertOptions(arguments, options) : options;

@@ -32,6 +32,8 @@ struct Options {
     /*! Of Batch, and all that it needs. */
     BatchPlan batch;
     bool json = false;
+    /*! Languages of the messages, see Translations. */
+    QStringList languages;
     /*! What --help prints, for Help; what is wrong with the command line, for Invalid. */
     QString text;
 

@@ -1,5 +1,6 @@
 #include "PageExport.h"
 
+#include "Messages.h"
 #include "Streams.h"
 #include "VisibleDocument.h"
 
@@ -69,7 +70,7 @@ bool writePicture(const QByteArray& data, const QString& path, QString* errorStr
 {
     if (!data.isEmpty())
         return writeOutput(path, data, errorString);
-    *errorString = QLatin1String("the picture cannot be made");
+    *errorString = Messages::tr("the picture cannot be made");
     return false;
 }
 

@@ -1,5 +1,7 @@
 #include "Streams.h"
 
+#include "Messages.h"
+
 #include <QFileInfo>
 
 #include <cstdio>
@@ -48,7 +50,7 @@ bool InputStream::isReadToEnd()
 {
     if (device()->atEnd() && m_file.error() == QFile::NoError)
         return true;
-    m_errorString = QLatin1String("reading stopped before the end");
+    m_errorString = Messages::tr("reading stopped before the end");
     return false;
 }
 
@@ -66,7 +68,7 @@ bool InputStream::spool()
     }
     if (isWritten && m_spool.seek(0))
         return true;
-    m_errorString = QString::fromLatin1("no temporary file: %1").arg(m_spool.errorString());
+    m_errorString = Messages::tr("no temporary file: %1").arg(m_spool.errorString());
     return false;
 }
 

@@ -1,5 +1,6 @@
 #include "Worker.h"
 
+#include "Messages.h"
 #include "Streams.h"
 
 #include <sys/stat.h>
@@ -86,20 +87,20 @@ void Worker::processFinished(int exitCode, QProcess::ExitStatus status)
     if (hasExited && exitCode == 0)
         end(Converted, printed);
     else if (m_isTimedOut)
-        fail(QString::fromLatin1("not done within %1 seconds").arg(m_timeout));
+        fail(Messages::tr("not done within %1 seconds").arg(m_timeout));
     else if (m_isStopped)
         end(Stopped);
     else if (!hasExited)
-        fail(QLatin1String("the conversion crashed"));
+        fail(Messages::tr("the conversion crashed"));
     else if (printed.isEmpty())
-        fail(QString::fromLatin1("exit status %1").arg(exitCode));
+        fail(Messages::tr("exit status %1").arg(exitCode));
     else
         end(FileId(m_file.output) == m_oldOutput ? Failed : ConvertedWithErrors, printed);
 }
 
 void Worker::fail(const QString& reason)
 {
-    end(Failed, errorLine(QString::fromLatin1("cannot convert %1: %2").arg(m_file.input, reason)));
+    end(Failed, errorLine(Messages::tr("cannot convert %1: %2").arg(m_file.input, reason)));
 }
 
 void Worker::end(Outcome outcome, const QByteArray& message)

@@ -1,7 +1,9 @@
 #include "Batch.h"
 #include "DocumentModule.h"
+#include "Messages.h"
 #include "Options.h"
 #include "Streams.h"
+#include "Translations.h"
 
 #include <QCoreApplication>
 #include <QLibrary>
@@ -29,61 +31,77 @@ void ignoreMessages(QtMsgType type, const QMessageLogContext&, const QString& me
         printError(message);
 }
 
-Options parseOptions(int argc, char** argv, QString* programFolder)
-{
-    const QCoreApplication application(argc, argv);
-    *programFolder = QCoreApplication::applicationDirPath();
-    return Options::parse(QCoreApplication::arguments());
-}
-
 ExitCode print(const QString& text)
 {
     QString errorString;
     if (writeOutput(QLatin1String("-"), text.toUtf8(), &errorString))
         return Success;
-    printError(QString::fromLatin1("cannot write standard output: %1").arg(errorString));
+    printError(Messages::tr("cannot write standard output: %1").arg(errorString));
     return Failure;
 }
 
-int convertMany(const BatchPlan& plan, char* programName)
+/*! Whether the command works on documents. */
+bool needsModule(Options::Command command)
+{
+    switch (command) {
+    case Options::Convert:
+    case Options::Info:
+    case Options::Check:
+    case Options::Strip: return true;
+    default: return false;
+    }
+}
+
+/*! Carries out what needs no documents: starts the conversions of many files, says what the options ask for,
+ * or what is wrong with them. */
+ExitCode answer(const Options& options)
+{
+    if (options.command == Options::Help)
+        return print(options.text);
+    if (options.command == Options::Version)
+        return print(QLatin1String("orvrtf " ORVRTF_VERSION "\n"));
+    if (options.command == Options::Batch)
+        return runBatch(options.batch, QCoreApplication::applicationFilePath());
+    printError(Messages::tr("%1; see orvrtf --help").arg(options.text));
+    return UsageError;
+}
+
+ExitCode reportMissingModule(const Options& options, char* programName, const QString& reason)
 {
     int count = 1;
     char* arguments[] = {programName, nullptr};
     const QCoreApplication application(count, arguments);
-    return runBatch(plan, QCoreApplication::applicationFilePath());
+    const Translations translations(options.languages);
+    printError(Messages::tr("the program is not installed completely: %1").arg(reason));
+    return Failure;
 }
 
-/*! Runs a command in the module that has what it needs. */
+/*! Runs a command in the module that has what it needs, also an application of its own. */
 int runInModule(const Options& options, char* programName, const QString& programFolder)
 {
     QLibrary module(programFolder + QLatin1String("/" ORVRTF_MODULE));
     const DocumentModule::Entry run =
         reinterpret_cast<DocumentModule::Entry>(module.resolve(DocumentModule::entryName));
-    if (run)
-        return run(options, programName);
-    printError(QString::fromLatin1("the program is not installed completely: %1").arg(module.errorString()));
-    return Failure;
+    return run ? run(options, programName) : reportMissingModule(options, programName, module.errorString());
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
+    const QStringList languages = Translations::wantedLanguages();
     useUtf8InsteadOfAscii();
     qInstallMessageHandler(ignoreMessages);
     QString programFolder;
-    const Options options = parseOptions(argc, argv, &programFolder);
-    switch (options.command) {
-    case Options::Invalid:
-        printError(QString::fromLatin1("%1; see orvrtf --help").arg(options.text));
-        return UsageError;
-    case Options::Help: return print(options.text);
-    case Options::Version: return print(QLatin1String("orvrtf " ORVRTF_VERSION "\n"));
-    case Options::Batch: return convertMany(options.batch, argv[0]);
-    case Options::Convert:
-    case Options::Info:
-    case Options::Check:
-    case Options::Strip: break;
+    Options options;
+    {
+        const QCoreApplication application(argc, argv);
+        const Translations translations(languages);
+        programFolder = QCoreApplication::applicationDirPath();
+        options = Options::parse(QCoreApplication::arguments());
+        if (!needsModule(options.command))
+            return answer(options);
     }
+    options.languages = languages;
     return runInModule(options, argv[0], programFolder);
 }

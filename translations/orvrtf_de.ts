@@ -1,0 +1,666 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>EditorWindow</name>
+    <message>
+        <source>Rich Text (*.rtf);;All files (*)</source>
+        <translation>Rich Text (*.rtf);;Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>&amp;Datei</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>&amp;New</source>
+        <translation>&amp;Neu</translation>
+    </message>
+    <message>
+        <source>&amp;Open…</source>
+        <translation>Ö&amp;ffnen…</translation>
+    </message>
+    <message>
+        <source>&amp;Save</source>
+        <translation>&amp;Speichern</translation>
+    </message>
+    <message>
+        <source>Save &amp;as…</source>
+        <translation>Speichern &amp;unter…</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>&amp;Beenden</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>&amp;Bearbeiten</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>&amp;Rückgängig</translation>
+    </message>
+    <message>
+        <source>&amp;Redo</source>
+        <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>Select &amp;all</source>
+        <translation>A&amp;lles auswählen</translation>
+    </message>
+    <message>
+        <source>&amp;Insert</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>F&amp;ormat</source>
+        <translation>F&amp;ormat</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>The file cannot be opened.</source>
+        <translation>Die Datei lässt sich nicht öffnen.</translation>
+    </message>
+    <message>
+        <source>This file is damaged; what can be read is shown (%1)</source>
+        <translation>Diese Datei ist beschädigt; angezeigt wird, was lesbar ist (%1)</translation>
+    </message>
+    <message>
+        <source>The document cannot be saved.</source>
+        <translation>Das Dokument lässt sich nicht speichern.</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Save as</source>
+        <translation>Speichern unter</translation>
+    </message>
+    <message>
+        <source>Save the changes?</source>
+        <translation>Änderungen speichern?</translation>
+    </message>
+    <message>
+        <source>Unnamed</source>
+        <translation>Unbenannt</translation>
+    </message>
+    <message>
+        <source>%1[*]</source>
+        <translation>%1[*]</translation>
+    </message>
+</context>
+<context>
+    <name>FormatActions</name>
+    <message>
+        <source>&amp;Bold</source>
+        <translation>Fe&amp;tt</translation>
+    </message>
+    <message>
+        <source>&amp;Italic</source>
+        <translation>&amp;Kursiv</translation>
+    </message>
+    <message>
+        <source>&amp;Underline</source>
+        <translation>&amp;Unterstrichen</translation>
+    </message>
+    <message>
+        <source>&amp;Colour…</source>
+        <translation>F&amp;arbe…</translation>
+    </message>
+    <message>
+        <source>Align &amp;left</source>
+        <translation>&amp;Linksbündig</translation>
+    </message>
+    <message>
+        <source>C&amp;entre</source>
+        <translation>&amp;Zentriert</translation>
+    </message>
+    <message>
+        <source>Align &amp;right</source>
+        <translation>&amp;Rechtsbündig</translation>
+    </message>
+    <message>
+        <source>&amp;Justify</source>
+        <translation>&amp;Blocksatz</translation>
+    </message>
+    <message>
+        <source>Bullet &amp;list</source>
+        <translation>Au&amp;fzählung</translation>
+    </message>
+    <message>
+        <source>&amp;Numbered list</source>
+        <translation>&amp;Nummerierte Liste</translation>
+    </message>
+</context>
+<context>
+    <name>InsertActions</name>
+    <message>
+        <source>Pictures (%1)</source>
+        <translation>Bilder (%1)</translation>
+    </message>
+    <message>
+        <source>&amp;Table…</source>
+        <translation>&amp;Tabelle…</translation>
+    </message>
+    <message>
+        <source>&amp;Picture…</source>
+        <translation>&amp;Bild…</translation>
+    </message>
+    <message>
+        <source>Insert picture</source>
+        <translation>Bild einfügen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be inserted: %2</source>
+        <translation>%1 lässt sich nicht einfügen: %2</translation>
+    </message>
+</context>
+<context>
+    <name>ORVTextRtf</name>
+    <message>
+        <source>Failed loading RTF file &apos;%1&apos;</source>
+        <translation>Die RTF-Datei „%1“ ließ sich nicht laden</translation>
+    </message>
+    <message>
+        <source>Unmatched &apos;{&apos; in Rich Text file</source>
+        <translation>„{“ ohne Gegenstück in der RTF-Datei</translation>
+    </message>
+    <message>
+        <source>Unmatched &apos;}&apos; in Rich Text file</source>
+        <translation>„}“ ohne Gegenstück in der RTF-Datei</translation>
+    </message>
+    <message>
+        <source>Invalid character found in #SDATA</source>
+        <translation>Ungültiges Zeichen in #SDATA</translation>
+    </message>
+    <message>
+        <source>Invalid table encountered in Rich Text file</source>
+        <translation>Ungültige Tabelle in der RTF-Datei</translation>
+    </message>
+    <message>
+        <source>Assertion Error</source>
+        <translation>Interner Fehler</translation>
+    </message>
+    <message>
+        <source>Unexpected end of file</source>
+        <translation>Unerwartetes Ende der Datei</translation>
+    </message>
+    <message>
+        <source>Invalid control word encountered</source>
+        <translation>Ungültiges Steuerwort</translation>
+    </message>
+    <message>
+        <source>Invalid control word parameter encountered</source>
+        <translation>Ungültiger Parameter eines Steuerworts</translation>
+    </message>
+    <message>
+        <source>Could not open device</source>
+        <translation>Das Gerät ließ sich nicht öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>QCommandLineParser</name>
+    <message>
+        <source>Usage: %1</source>
+        <translation>Aufruf: %1</translation>
+    </message>
+    <message>
+        <source>[options]</source>
+        <translation>[Optionen]</translation>
+    </message>
+    <message>
+        <source>Options:</source>
+        <translation>Optionen:</translation>
+    </message>
+    <message>
+        <source>Arguments:</source>
+        <translation>Argumente:</translation>
+    </message>
+    <message>
+        <source>Unknown option &apos;%1&apos;.</source>
+        <translation>Unbekannte Option „%1“.</translation>
+    </message>
+    <message>
+        <source>Unknown options: %1.</source>
+        <translation>Unbekannte Optionen: %1.</translation>
+    </message>
+    <message>
+        <source>Missing value after &apos;%1&apos;.</source>
+        <translation>Nach „%1“ fehlt ein Wert.</translation>
+    </message>
+    <message>
+        <source>Unexpected value after &apos;%1&apos;.</source>
+        <translation>Unerwarteter Wert nach „%1“.</translation>
+    </message>
+</context>
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Could not write RTF contents to file: &apos;%1&apos;</source>
+        <translation>Der RTF-Inhalt ließ sich nicht in die Datei schreiben: „%1“</translation>
+    </message>
+    <message>
+        <source>RTF writer failed generating contents for file: &apos;%1&apos;</source>
+        <translation>Der RTF-Inhalt ließ sich nicht erzeugen für die Datei: „%1“</translation>
+    </message>
+    <message>
+        <source>Could not open RTF file for writing.
+File: &apos;%1&apos;
+Error: &apos;%2&apos;</source>
+        <translation>Die RTF-Datei ließ sich nicht zum Schreiben öffnen.
+Datei: „%1“
+Fehler: „%2“</translation>
+    </message>
+    <message>
+        <source>Could not flush RTF contents of file: &apos;%1&apos;
+Error: &apos;%2&apos;</source>
+        <translation>Der RTF-Inhalt der Datei ließ sich nicht vollständig schreiben: „%1“
+Fehler: „%2“</translation>
+    </message>
+</context>
+<context>
+    <name>QPlatformTheme</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+</context>
+<context>
+    <name>TableDialog</name>
+    <message>
+        <source>Insert table</source>
+        <translation>Tabelle einfügen</translation>
+    </message>
+    <message>
+        <source>&amp;Rows:</source>
+        <translation>&amp;Zeilen:</translation>
+    </message>
+    <message>
+        <source>&amp;Columns:</source>
+        <translation>&amp;Spalten:</translation>
+    </message>
+</context>
+<context>
+    <name>TextDocSupport</name>
+    <message>
+        <source>Failed loading converted RTF file &apos;%1&apos;
+Error: %2</source>
+        <translation>Die konvertierte RTF-Datei „%1“ ließ sich nicht laden
+Fehler: %2</translation>
+    </message>
+    <message>
+        <source>Failed loading %1 file &apos;%2&apos;
+Error: %3</source>
+        <translation>Die %1-Datei „%2“ ließ sich nicht laden
+Fehler: %3</translation>
+    </message>
+</context>
+<context>
+    <name>TextTransform</name>
+    <message>
+        <source>Cannot convert &apos;.%1&apos; files to this format: %2</source>
+        <translation>„.%1“-Dateien lassen sich nicht in dieses Format konvertieren: %2</translation>
+    </message>
+    <message>
+        <source>Looked for: %1</source>
+        <translation>Gesucht wurde: %1</translation>
+    </message>
+    <message>
+        <source>Could not read &apos;%1&apos;: %2</source>
+        <translation>„%1“ ließ sich nicht lesen: %2</translation>
+    </message>
+    <message>
+        <source>Could not write &apos;%1&apos;: %2</source>
+        <translation>„%1“ ließ sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be started</source>
+        <translation>%1 ließ sich nicht starten</translation>
+    </message>
+    <message>
+        <source>%1 crashed</source>
+        <translation>%1 ist abgestürzt</translation>
+    </message>
+    <message>
+        <source>%1 ended with exit status %2</source>
+        <translation>%1 endete mit Exit-Status %2</translation>
+    </message>
+    <message>
+        <source>%1 did not end within %2 seconds</source>
+        <translation>%1 wurde nicht innerhalb von %2 Sekunden fertig</translation>
+    </message>
+    <message>
+        <source>%1 wrote nothing</source>
+        <translation>%1 hat nichts geschrieben</translation>
+    </message>
+    <message>
+        <source>not a file</source>
+        <translation>keine Datei</translation>
+    </message>
+    <message>
+        <source>There is no folder for temporary files</source>
+        <translation>Es gibt keinen Ordner für temporäre Dateien</translation>
+    </message>
+    <message>
+        <source>No program for this conversion is known</source>
+        <translation>Für diese Konvertierung ist kein Programm bekannt</translation>
+    </message>
+    <message>
+        <source>The file could not be read</source>
+        <translation>Die Datei ließ sich nicht lesen</translation>
+    </message>
+    <message>
+        <source>No program for this conversion is installed</source>
+        <translation>Für diese Konvertierung ist kein Programm installiert</translation>
+    </message>
+    <message>
+        <source>The conversion program failed</source>
+        <translation>Das Konvertierungsprogramm ist gescheitert</translation>
+    </message>
+    <message>
+        <source>The conversion program took too long</source>
+        <translation>Das Konvertierungsprogramm brauchte zu lange</translation>
+    </message>
+    <message>
+        <source>The converted file was not written</source>
+        <translation>Die konvertierte Datei wurde nicht geschrieben</translation>
+    </message>
+</context>
+<context>
+    <name>main</name>
+    <message>
+        <source>RTF editor</source>
+        <translation>RTF-Editor</translation>
+    </message>
+</context>
+<context>
+    <name>orvrtf</name>
+    <message>
+        <source>standard input</source>
+        <translation>Standardeingabe</translation>
+    </message>
+    <message>
+        <source>cannot read %1: %2</source>
+        <translation>%1 lässt sich nicht lesen: %2</translation>
+    </message>
+    <message>
+        <source>cannot write %1: %2</source>
+        <translation>%1 lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>standard output</source>
+        <translation>Standardausgabe</translation>
+    </message>
+    <message>
+        <source>status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>%1 footnotes, %2 annotations</source>
+        <translation>%1 Fußnoten, %2 Kommentare</translation>
+    </message>
+    <message>
+        <source>paragraphs</source>
+        <translation>Absätze</translation>
+    </message>
+    <message>
+        <source>words</source>
+        <translation>Wörter</translation>
+    </message>
+    <message>
+        <source>characters</source>
+        <translation>Zeichen</translation>
+    </message>
+    <message>
+        <source>fonts</source>
+        <translation>Schriften</translation>
+    </message>
+    <message>
+        <source>pictures</source>
+        <translation>Bilder</translation>
+    </message>
+    <message>
+        <source>links</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>notes</source>
+        <translation>Anmerkungen</translation>
+    </message>
+    <message>
+        <source>tables</source>
+        <translation>Tabellen</translation>
+    </message>
+    <message>
+        <source>lists</source>
+        <translation>Listen</translation>
+    </message>
+    <message>
+        <source>cannot write standard output: %1</source>
+        <translation>Die Standardausgabe lässt sich nicht schreiben: %1</translation>
+    </message>
+    <message>
+        <source>%1; see orvrtf --help</source>
+        <translation>%1; siehe orvrtf --help</translation>
+    </message>
+    <message>
+        <source>the program is not installed completely: %1</source>
+        <translation>Das Programm ist nicht vollständig installiert: %1</translation>
+    </message>
+    <message>
+        <source>Converts and examines Rich Text Format files.
+
+Commands:
+  convert IN OUT  Convert between RTF, HTML and plain text. The suffixes (.rtf,
+                  .html, .htm or .txt) say which, unless --from and --to do. IN
+                  can also be .doc, .docx or .odt, where LibreOffice, AbiWord or
+                  pandoc is installed. Any other IN is taken for RTF.
+  info IN         Count what IN holds: paragraphs, words, characters, fonts,
+                  pictures, links, notes, tables and lists.
+  check IN        Say whether IN is sound.
+  strip IN OUT    Copy RTF without pictures, list numbers and unknown control words.
+
+IN and OUT can be &quot;-&quot; for the standard input and output. HTML is UTF-8 and holds its
+pictures. Plain text is UTF-8 too: a line for each paragraph, table cell and line
+break, no-break spaces kept, pictures left out. RTF is written for other programs
+unless --storage asks for the application&apos;s own form.
+
+Damaged RTF loses no text: what can be read is written, one line on the standard
+error says what is wrong, and the exit status is 1.
+
+Exit status: 0 all is well; 1 IN is damaged, or reading or writing failed; 2 the
+command line is wrong. A failed conversion leaves no partial output file.</source>
+        <translation>Konvertiert und untersucht Dateien im Rich Text Format.
+
+Befehle:
+  convert IN OUT  Zwischen RTF, HTML und reinem Text konvertieren. Die Endungen (.rtf,
+                  .html, .htm oder .txt) sagen, welches, wenn nicht --from und --to
+                  es tun. IN kann auch .doc, .docx oder .odt sein, wo LibreOffice,
+                  AbiWord oder pandoc installiert ist. Jedes andere IN gilt als RTF.
+  info IN         Zählen, was IN enthält: Absätze, Wörter, Zeichen, Schriften, Bilder,
+                  Links, Anmerkungen, Tabellen und Listen.
+  check IN        Sagen, ob IN unbeschädigt ist.
+  strip IN OUT    RTF ohne Bilder, Listennummern und unbekannte Steuerwörter kopieren.
+
+IN und OUT können „-“ sein: Standardeingabe und Standardausgabe. HTML ist UTF-8 und
+enthält seine Bilder. Auch reiner Text ist UTF-8: eine Zeile für jeden Absatz, jede
+Tabellenzelle und jeden Zeilenumbruch, geschützte Leerzeichen bleiben, Bilder fallen
+weg. RTF wird für andere Programme geschrieben, wenn nicht --storage die eigene Form
+der Anwendung verlangt.
+
+Beschädigtes RTF verliert keinen Text: was lesbar ist, wird geschrieben, eine Zeile
+auf der Standardfehlerausgabe sagt, was nicht stimmt, und der Exit-Status ist 1.
+
+Exit-Status: 0 alles in Ordnung; 1 IN ist beschädigt, oder Lesen oder Schreiben ist
+gescheitert; 2 die Befehlszeile stimmt nicht. Eine gescheiterte Konvertierung
+hinterlässt keine unvollständige Ausgabedatei.</translation>
+    </message>
+    <message>
+        <source>Show this help.</source>
+        <translation>Diese Hilfe zeigen.</translation>
+    </message>
+    <message>
+        <source>Show the version.</source>
+        <translation>Die Version zeigen.</translation>
+    </message>
+    <message>
+        <source>Format of IN for convert: rtf, html or txt.</source>
+        <translation>Format von IN für convert: rtf, html oder txt.</translation>
+    </message>
+    <message>
+        <source>format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Program that reads .doc, .docx and .odt: auto, libreoffice, abiword or pandoc.</source>
+        <translation>Programm, das .doc, .docx und .odt liest: auto, libreoffice, abiword oder pandoc.</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Format of OUT for convert: rtf, html or txt.</source>
+        <translation>Format von OUT für convert: rtf, html oder txt.</translation>
+    </message>
+    <message>
+        <source>Write RTF in the application&apos;s own form.</source>
+        <translation>RTF in der eigenen Form der Anwendung schreiben.</translation>
+    </message>
+    <message>
+        <source>Write text backgrounds as MS Word takes them in any colour.</source>
+        <translation>Texthintergründe so schreiben, wie MS Word sie in jeder Farbe annimmt.</translation>
+    </message>
+    <message>
+        <source>Write links blue and underlined.</source>
+        <translation>Links blau und unterstrichen schreiben.</translation>
+    </message>
+    <message>
+        <source>Write footnotes as annotation, footnote or alternate.</source>
+        <translation>Fußnoten als annotation (Kommentar), footnote (Fußnote) oder alternate (andere Form der Fußnote) schreiben.</translation>
+    </message>
+    <message>
+        <source>style</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Write annotations as annotation, footnote or alternate.</source>
+        <translation>Kommentare als annotation (Kommentar), footnote (Fußnote) oder alternate (andere Form der Fußnote) schreiben.</translation>
+    </message>
+    <message>
+        <source>Let info print JSON.</source>
+        <translation>info gibt JSON aus.</translation>
+    </message>
+    <message>
+        <source>convert, info, check or strip.</source>
+        <translation>convert, info, check oder strip.</translation>
+    </message>
+    <message>
+        <source>File to read.</source>
+        <translation>Datei, die gelesen wird.</translation>
+    </message>
+    <message>
+        <source>File that convert and strip write.</source>
+        <translation>Datei, die convert und strip schreiben.</translation>
+    </message>
+    <message>
+        <source>unknown input format &quot;%1&quot;, known are rtf, html and txt</source>
+        <translation>Unbekanntes Eingabeformat „%1“, bekannt sind rtf, html und txt</translation>
+    </message>
+    <message>
+        <source>--engine goes with .doc, .docx and .odt input only</source>
+        <translation>--engine gilt nur bei Eingaben in .doc, .docx und .odt</translation>
+    </message>
+    <message>
+        <source>unknown engine &quot;%1&quot;, known are auto, libreoffice, abiword and pandoc</source>
+        <translation>Unbekanntes Programm „%1“, bekannt sind auto, libreoffice, abiword und pandoc</translation>
+    </message>
+    <message>
+        <source>--%1 goes with RTF output only</source>
+        <translation>--%1 gilt nur bei Ausgabe von RTF</translation>
+    </message>
+    <message>
+        <source>unknown style &quot;%1&quot;, known are annotation, footnote and alternate</source>
+        <translation>Unbekannte Art „%1“, bekannt sind annotation, footnote und alternate</translation>
+    </message>
+    <message>
+        <source>%1 takes an input and an output file</source>
+        <translation>%1 braucht eine Eingabe- und eine Ausgabedatei</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is both input and output</source>
+        <translation>„%1“ ist Eingabe und Ausgabe zugleich</translation>
+    </message>
+    <message>
+        <source>unknown output format &quot;%1&quot;, known are rtf, html and txt</source>
+        <translation>Unbekanntes Ausgabeformat „%1“, bekannt sind rtf, html und txt</translation>
+    </message>
+    <message>
+        <source>the standard output needs --to rtf, --to html or --to txt</source>
+        <translation>Die Standardausgabe braucht --to rtf, --to html oder --to txt</translation>
+    </message>
+    <message>
+        <source>cannot tell the format of &quot;%1&quot; by its suffix, known are .rtf, .html, .htm and .txt</source>
+        <translation>Die Endung von „%1“ verrät das Format nicht, bekannt sind .rtf, .html, .htm und .txt</translation>
+    </message>
+    <message>
+        <source>%1 takes one input file</source>
+        <translation>%1 braucht eine Eingabedatei</translation>
+    </message>
+    <message>
+        <source>no command given</source>
+        <translation>Es ist kein Befehl angegeben</translation>
+    </message>
+    <message>
+        <source>unknown command &quot;%1&quot;</source>
+        <translation>Unbekannter Befehl „%1“</translation>
+    </message>
+    <message>
+        <source>--%1 does not go with %2</source>
+        <translation>--%1 gilt nicht bei %2</translation>
+    </message>
+    <message>
+        <source>--json does not go with %1</source>
+        <translation>--json gilt nicht bei %1</translation>
+    </message>
+    <message>
+        <source>reading stopped before the end</source>
+        <translation>Das Lesen brach vor dem Ende ab</translation>
+    </message>
+    <message>
+        <source>no temporary file: %1</source>
+        <translation>Keine temporäre Datei: %1</translation>
+    </message>
+</context>
+</TS>
