@@ -30,7 +30,7 @@
 /*!
     Where the supported versions of Qt differ, and the few numeric rules that must not follow Qt.
 
-    Everything version-dependent stands here and nowhere else.
+    Everything version-dependent stands here or, for files and folders, in QtFileCompat_p.h.
 */
 namespace compat {
 
