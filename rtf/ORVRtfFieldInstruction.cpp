@@ -1,12 +1,14 @@
 #include "ORVRtfFieldInstruction_p.h"
 
+#include "QtCompat_p.h"
+
 QString ORVRtfFieldInstruction::hyperlinkTarget(const QString& instruction)
 {
     const QLatin1String word("HYPERLINK");
     const QChar quote = QLatin1Char('"');
 
     const QString text = instruction.trimmed();
-    const int opening = word.size() + 1;
+    const int opening = compat::length(word) + 1;
     const int closing = int(text.size()) - 1;
     if (closing <= opening || !text.startsWith(word) || !text.at(opening - 1).isSpace())
         return QString();

@@ -1,7 +1,7 @@
 #ifndef ORVRTFSINK_P_H
 #define ORVRTFSINK_P_H
 
-#include <QtCore/QLatin1String>
+#include "QtCompat_p.h"
 
 #include <array>
 #include <cstring>
@@ -40,7 +40,7 @@ public:
         std::memcpy(m_buffer.data() + m_size, bytes, size_t(length));
         m_size += int(length);
     }
-    void append(QLatin1String text) { append(text.latin1(), text.size()); }
+    void append(QLatin1String text) { append(text.latin1(), compat::length(text)); }
     /*! Appends the lower bytes of \a length UTF-16 units. */
     void appendLatin1(const ushort* units, qint64 length);
     void appendNumber(int value);

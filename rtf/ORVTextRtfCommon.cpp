@@ -1,5 +1,7 @@
 #include "ORVTextRtfCommon.h"
 
+#include "QtCompat_p.h"
+
 #include <QtCore/QMap>
 #include <QtGui/QColor>
 
@@ -112,7 +114,7 @@ void ORVTextRtfCommon::initHash()
         mHash.reserve(KeyWordCount);
         for (QHash<KeyWord, QLatin1String>::const_iterator row = mMap.constBegin(); row != mMap.constEnd();
              ++row)
-            mHash.insert(hash(row.value().latin1(), unsigned(row.value().size())), row.key());
+            mHash.insert(hash(row.value().latin1(), unsigned(compat::length(row.value()))), row.key());
     });
 }
 

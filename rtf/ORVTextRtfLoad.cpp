@@ -1,5 +1,7 @@
 #include "ORVTextRtf.h"
 
+#include "QtCompat_p.h"
+
 #include <ORVCoreUtil.h>
 #include <TextTransform.h>
 
@@ -26,14 +28,14 @@ void loadPlainText(const QString& fileName, QTextDocument* document)
 {
     QByteArray data;
     if (document && readFile(fileName, QIODevice::ReadOnly | QIODevice::Text, &data))
-        document->setPlainText(QString::fromLatin1(data));
+        document->setPlainText(compat::fromLatin1(data));
 }
 
 void loadHtml(const QString& fileName, QTextDocument* document)
 {
     QByteArray data;
     if (document && readFile(fileName, QIODevice::ReadOnly, &data))
-        document->setHtml(QString::fromUtf8(data));
+        document->setHtml(compat::fromUtf8(data));
 }
 
 void loadRtf(const QString& fileName, QTextDocument* document, QStringList* errors)

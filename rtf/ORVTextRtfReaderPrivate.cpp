@@ -230,7 +230,7 @@ void ORVTextRtfReaderPrivate::takeText()
 
     const int length = m_input.textLength();
     if (m_skipDepth == 0)
-        m_pendingText += QLatin1String(m_input.data(), length);
+        compat::appendLatin1(m_pendingText, m_input.data(), length);
     m_input.release(length);
 }
 

@@ -4,6 +4,7 @@
 #include "ORVRtfProperties.h"
 #include "ORVTextFormat.h"
 #include "ORVTextUtil.h"
+#include "QtCompat_p.h"
 
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
@@ -167,7 +168,7 @@ void ORVTextRtfWriterPrivate::openHyperlink(const QTextFragment& fragment, RunFo
     m_output.openGroup();
     m_output.write(Field);
     m_output.openIgnorableGroup(FieldInstruction);
-    const QString instruction = QString::fromLatin1(m_paragraph.fragment.link.toLatin1());
+    const QString instruction = compat::fromLatin1(m_paragraph.fragment.link.toLatin1());
     m_output.writePrintableCharacters(instruction, 0, true, false, QString());
     m_output.closeGroup();
     m_output.openGroup();

@@ -1,9 +1,12 @@
 #ifndef QTCOMPAT_P_H
 #define QTCOMPAT_P_H
 
+#include <QtCore/QByteArray>
 #include <QtCore/QCoreApplication>
+#include <QtCore/QCryptographicHash>
 #include <QtCore/QProcess>
 #include <QtCore/QStringList>
+#include <QtCore/QUrl>
 #include <QtCore/QVariant>
 #include <QtGui/QColor>
 #include <QtGui/QFont>
@@ -11,7 +14,11 @@
 #include <QtGui/QFontInfo>
 #include <QtGui/QPen>
 #include <QtGui/QTextCharFormat>
+#include <QtGui/QTextDocument>
 #include <QtGui/QTextOption>
+#if QT_VERSION < QT_VERSION_CHECK(5, 0, 0)
+#include <QtGui/QApplication>
+#endif
 
 #include <cmath>
 #include <limits>
@@ -24,7 +31,7 @@
 /*!
     Where the supported versions of Qt differ, and the few numeric rules that must not follow Qt.
 
-    Everything version-dependent stands here and nowhere else.
+    Everything version-dependent stands here or, for files and folders, in QtFileCompat_p.h.
 */
 namespace compat {
 
@@ -201,10 +208,84 @@ inline QChar fromByte(char byte)
     return QChar(ushort(uchar(byte)));
 }
 
-/*! Whether fonts of the screen can be asked for; without a QGuiApplication Qt's font classes crash. */
+/*! The text that \a bytes are in Latin-1. */
+inline QString fromLatin1(const QByteArray& bytes)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return QString::fromLatin1(bytes);
+#else
+    return QString::fromLatin1(bytes.constData());
+#endif
+}
+
+/*! The text that \a bytes are in UTF-8. */
+inline QString fromUtf8(const QByteArray& bytes)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return QString::fromUtf8(bytes);
+#else
+    return QString::fromUtf8(bytes.constData());
+#endif
+}
+
+/*! The number of bytes of \a text. */
+inline int length(QLatin1String text)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return int(text.size());
+#else
+    return int(qstrlen(text.latin1()));
+#endif
+}
+
+/*! Appends \a length \a bytes of Latin-1 to \a text. */
+inline void appendLatin1(QString& text, const char* bytes, int length)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    text += QLatin1String(bytes, length);
+#else
+    text += QString::fromLatin1(bytes, length);
+#endif
+}
+
+/*! The strongest hash that is always there. */
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+const QCryptographicHash::Algorithm strongHash = QCryptographicHash::Sha256;
+#else
+const QCryptographicHash::Algorithm strongHash = QCryptographicHash::Sha1;
+#endif
+
+/*! The URL that names in \a document are relative to; empty where documents have none. */
+inline QUrl baseUrl(const QTextDocument* document)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 3, 0)
+    return document->baseUrl();
+#else
+    Q_UNUSED(document);
+    return QUrl();
+#endif
+}
+
+/*! Gives \a document the base URL \a url, where documents have one. */
+inline void setBaseUrl(QTextDocument* document, const QUrl& url)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 3, 0)
+    document->setBaseUrl(url);
+#else
+    Q_UNUSED(document);
+    Q_UNUSED(url);
+#endif
+}
+
+/*! Whether fonts of the screen can be asked for; without a GUI application Qt's font classes crash. */
 inline bool hasGui()
 {
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
     return QCoreApplication::instance() && QCoreApplication::instance()->inherits("QGuiApplication");
+#else
+    return QCoreApplication::instance() && QCoreApplication::instance()->inherits("QApplication")
+        && QApplication::type() != QApplication::Tty;
+#endif
 }
 
 /*! The installed font families. Only with hasGui(). */
@@ -250,8 +331,32 @@ inline QString toString(const QVariant& value)
     if (value.userType() != QMetaType::QByteArray)
         return value.toString();
     const QByteArray bytes = value.toByteArray();
-    const QString text = QString::fromUtf8(bytes);
-    return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
+    const QString text = fromUtf8(bytes);
+    return text.toUtf8() == bytes ? text : fromLatin1(bytes);
+}
+
+/*! The file that is always empty and takes everything. */
+inline QString nullDevice()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 2, 0)
+    return QProcess::nullDevice();
+#elif defined(Q_OS_WIN)
+    return QLatin1String("NUL");
+#else
+    return QLatin1String("/dev/null");
+#endif
+}
+
+/*! The system's number of \a process, which is running. */
+inline qint64 processId(const QProcess& process)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 3, 0)
+    return process.processId();
+#elif defined(Q_OS_WIN)
+    return process.pid()->dwProcessId;
+#else
+    return process.pid();
+#endif
 }
 
 /*! A process that leads a process group of its own, where the system has such, see killGroup(). */

@@ -1,5 +1,7 @@
 #include "ORVConversionTool_p.h"
 
+#include "QtCompat_p.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QDir>
@@ -33,7 +35,7 @@ int formatIndex(ORVFormat::Format format)
 QString profileUrl(const QString& folder)
 {
     const QString path = QDir(folder).absoluteFilePath(QLatin1String(profileFolder));
-    return QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
+    return compat::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
 }
 
 QStringList libreOfficeArguments(const QString& folder, const QString& suffix, const char* filter)

@@ -1,6 +1,7 @@
 #include "ORVTextListFormat.h"
 
 #include "ORVRtfProperties.h"
+#include "QtCompat_p.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
@@ -75,7 +76,7 @@ QString encoded(const QList<ORVTextListLevel>& levels)
     stream.setVersion(QDataStream::Qt_4_6);
     for (const ORVTextListLevel& level : levels)
         stream << level;
-    return QString::fromLatin1(bytes.toBase64());
+    return compat::fromLatin1(bytes.toBase64());
 }
 
 QList<ORVTextListLevel> storedLevels(const QTextListFormat& format)
@@ -126,7 +127,7 @@ void setNumberSurroundings(QTextListFormat* format, const ORVTextListLevel& leve
         return;
     }
     format->setNumberPrefix(level.text().left(number));
-    format->setNumberSuffix(level.text().mid(number + numberPlaceholder.size()));
+    format->setNumberSuffix(level.text().mid(number + compat::length(numberPlaceholder)));
 }
 
 // Without a suffix of its own Qt writes a point after the number.

@@ -172,10 +172,10 @@ int ORVTextUtil::defaultFontWeight(const QString& family, int fallback)
     if (family.isEmpty() || !compat::hasGui())
         return fallback;
     const QList<int> weights = weightsOf(family);
-    const auto notAbove =
-        std::find_if(weights.rbegin(), weights.rend(), [fallback](int weight) { return weight <= fallback; });
-    if (notAbove != weights.rend())
-        return *notAbove;
+    const QList<int>::const_iterator above =
+        std::upper_bound(weights.constBegin(), weights.constEnd(), fallback);
+    if (above != weights.constBegin())
+        return *(above - 1);
     return weights.isEmpty() ? fallback : weights.first();
 }
 

@@ -43,15 +43,15 @@ ORVToolProcess::Outcome ORVToolProcess::run(const QStringList& arguments, int ti
     compat::GroupProcess process;
     process.setWorkingDirectory(m_folder);
     process.setProcessEnvironment(environment(path(homeFolder), path(temporaryFolder)));
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardInputFile(compat::nullDevice());
+    process.setStandardOutputFile(compat::nullDevice());
     process.setStandardErrorFile(path(errorFile));
     process.start(m_program, arguments);
     if (!process.waitForStarted(-1)) {
         m_errorOutput = process.errorString();
         return NotStarted;
     }
-    const qint64 id = process.processId();
+    const qint64 id = compat::processId(process);
     const bool isFinished = process.waitForFinished(timeout > 0 ? timeout : -1);
     compat::killGroup(id);
     if (!isFinished) {
@@ -78,5 +78,5 @@ QString ORVToolProcess::printedErrors() const
     if (!file.open(QIODevice::ReadOnly))
         return QString();
     file.seek(qMax(qint64(0), file.size() - maxErrorOutput));
-    return QString::fromUtf8(file.read(maxErrorOutput)).trimmed();
+    return compat::fromUtf8(file.read(maxErrorOutput)).trimmed();
 }

@@ -74,7 +74,7 @@ void restoreProperties(const QTextDocument* document, QTextDocument* copy)
     const QList<QByteArray> names = document->dynamicPropertyNames();
     for (const QByteArray& name : names)
         copy->setProperty(name.constData(), document->property(name.constData()));
-    copy->setBaseUrl(document->baseUrl());
+    compat::setBaseUrl(copy, compat::baseUrl(document));
     copy->setDefaultCursorMoveStyle(document->defaultCursorMoveStyle());
     // The document margin also sets the margins of the root frame, which may have others of its own.
     copy->setDocumentMargin(document->documentMargin());
@@ -186,7 +186,7 @@ QImage TextDocSupport::image(const QTextDocument* document, const QString& name)
     if (!document || name.isEmpty())
         return QImage();
     const QUrl url(name);
-    const QUrl resolved = document->baseUrl().resolved(url);
+    const QUrl resolved = compat::baseUrl(document).resolved(url);
     QImage image = toImage(resource(document, url, resolved.scheme()));
     if (image.isNull() && resolved.scheme() == QLatin1String("qrc"))
         return QImage(QLatin1Char(':') + resolved.path());

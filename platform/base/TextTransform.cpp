@@ -2,6 +2,7 @@
 
 #include "ORVConversionTool_p.h"
 #include "ORVToolProcess_p.h"
+#include "QtFileCompat_p.h"
 
 #include <QtCore/QCoreApplication>
 #include <QtCore/QDir>
@@ -10,9 +11,6 @@
 #include <QtCore/QMap>
 #include <QtCore/QMutex>
 #include <QtCore/QMutexLocker>
-#include <QtCore/QSaveFile>
-#include <QtCore/QStandardPaths>
-#include <QtCore/QTemporaryDir>
 
 namespace {
 
@@ -55,7 +53,7 @@ QStringList programsOf(const ORVConversionTool& tool)
 QString executable(const QString& program)
 {
     if (!program.contains(QLatin1Char('/'))) {
-        const QString found = QStandardPaths::findExecutable(program);
+        const QString found = compat::findExecutable(program);
         return found.isEmpty() ? found : QFileInfo(found).absoluteFilePath();
     }
     const QFileInfo info(program);
@@ -137,7 +135,7 @@ Result cannotWrite(const QString& path, const QString& reason)
 }
 
 /*! Copies all of \a from, which is open, to the file \a to, which is open as well. */
-Result copy(QFile& from, QFileDevice& to)
+Result copy(QFile& from, compat::FileDevice& to)
 {
     QByteArray chunk(chunkSize, Qt::Uninitialized);
     qint64 count = 0;
@@ -154,7 +152,7 @@ Result copy(QFile& from, QFileDevice& to)
 Result store(const QString& output, const QString& target)
 {
     QFile from(output);
-    QSaveFile to(target);
+    compat::SaveFile to(target);
     const bool isNew = !QFile::exists(target);
     if (!from.open(QIODevice::ReadOnly))
         return cannotWrite(target, from.errorString());
@@ -246,7 +244,7 @@ Result transform(const QString& source, const QString& target, ORVFormat::Format
     const QList<InstalledTool> found = installed(tools);
     if (found.isEmpty())
         return lookedFor(tools);
-    QTemporaryDir folder;
+    compat::TemporaryFolder folder;
     // Where the system's folder for temporary files is missing, Qt takes the current one.
     if (!folder.isValid() || !QFileInfo(QDir::tempPath()).isDir())
         return {TextTransform::NoOutput,

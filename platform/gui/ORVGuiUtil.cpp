@@ -1,5 +1,7 @@
 #include "ORVGuiUtil.h"
 
+#include "QtCompat_p.h"
+
 #include <QtCore/QBuffer>
 #include <QtCore/QCryptographicHash>
 #include <QtCore/QVector>
@@ -72,7 +74,7 @@ QString ORVGuiUtil::resourceId(const QImage& image)
     if (image.isNull())
         return QString();
 
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    QCryptographicHash hash(compat::strongHash);
     addNumber(&hash, image.format());
     addNumber(&hash, image.width());
     addNumber(&hash, image.height());
@@ -85,7 +87,7 @@ QString ORVGuiUtil::resourceId(const QImage& image)
         hash.addData(reader.line(y));
 
     // With a scheme of its own the name never leads to a file, and no base URL changes it.
-    return QLatin1String("orvimage:") + QString::fromLatin1(hash.result().toHex());
+    return QLatin1String("orvimage:") + compat::fromLatin1(hash.result().toHex());
 }
 
 QByteArray ORVGuiUtil::toByteArray(const QImage& image, const char* format, int quality)
