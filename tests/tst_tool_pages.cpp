@@ -110,8 +110,7 @@ void tst_tool_pages::samples_data()
 
     const QString letter = QStringLiteral("612 x 792 pts (letter)");
     const QString a4 = QStringLiteral("595 x 842 pts (A4)");
-    for (const char* name : {"libreoffice-paragraphs", "libreoffice-essay", "libreoffice-links",
-                             "libreoffice-notes", "pandoc-lists"})
+    for (const char* name : {"libreoffice-essay", "libreoffice-links", "libreoffice-notes", "pandoc-lists"})
         QTest::newRow(name) << letter << QSize(816, 1056);
     for (const char* name : {"libreoffice-grids", "libreoffice-outline", "libreoffice-pictures"})
         QTest::newRow(name) << a4 << QSize(794, 1123);
