@@ -54,7 +54,7 @@ QTextListFormat formatOf(const QTextListFormat& original, const Separation& sepa
 }
 
 /*! The list indents its items further: the paragraph's own margin makes up for it. */
-void keepPosition(QTextBlock block, int steps)
+void keepPosition(const QTextBlock& block, int steps)
 {
     const double indent = steps * block.document()->indentWidth();
     QTextBlockFormat change;

@@ -327,7 +327,7 @@ void Conversion::convertTables()
 
 QTextTableFormat Conversion::stockTable(const QTextTable* table)
 {
-    const QTextTableFormat format = table->format();
+    QTextTableFormat format = table->format();
     m_tables.note(table, isStock(format) ? remembered(format) : format);
     if (isStock(format))
         return format;

@@ -11,7 +11,7 @@
 namespace {
 
 /*! Replaces the ends of paragraphs between \a first and \a last by line breaks; empty lines at the end go. */
-void joinParagraphs(QTextCursor first, const QTextCursor& last)
+void joinParagraphs(const QTextCursor& first, const QTextCursor& last)
 {
     QTextCursor cursor = last;
     while (cursor.block() != first.block()) {
