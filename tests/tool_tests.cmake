@@ -2,7 +2,7 @@
 
 orv_add_test(samples)
 
-foreach(subject tool tool_batch tool_writing)
+foreach(subject tool tool_batch tool_pages tool_writing)
     orv_add_test(${subject} SOURCES tooltest.h)
     add_dependencies(tst_${subject} orvrtf)
     target_compile_definitions(tst_${subject} PRIVATE
@@ -18,6 +18,7 @@ target_link_libraries(namedtempfiles PRIVATE ${CMAKE_DL_LIBS})
 add_dependencies(tst_tool_batch namedtempfiles)
 target_compile_definitions(tst_tool_batch PRIVATE NAMED_TEMP_FILES="$<TARGET_FILE:namedtempfiles>")
 set_property(TEST tool_batch APPEND PROPERTY ENVIRONMENT ASAN_OPTIONS=verify_asan_link_order=0)
+set_tests_properties(tool_pages PROPERTIES LABELS "unit;acceptance;slow")
 
 # A gigabyte through a pipe.
 add_test(NAME strip_memory COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/strip_memory.py $<TARGET_FILE:orvrtf>)
@@ -26,7 +27,8 @@ set_tests_properties(strip_memory PROPERTIES LABELS slow)
 orv_add_test(tool_documents SOURCES
     ../tools/orvrtf/DocumentInfo.cpp
     ../tools/orvrtf/HtmlExport.cpp
-    ../tools/orvrtf/TextExport.cpp)
+    ../tools/orvrtf/TextExport.cpp
+    ../tools/orvrtf/VisibleDocument.cpp)
 target_include_directories(tst_tool_documents PRIVATE ../tools/orvrtf)
 
 orv_add_test(tool_formats LABELS slow)
