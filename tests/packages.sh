@@ -34,7 +34,7 @@ make_packages() {
 run_lintian() {
     local as_root=()
     [[ $(id -u) != 0 ]] || as_root=(--allow-root)
-    lintian "${as_root[@]}" --fail-on error "${deb[@]}" || fail "lintian complains"
+    lintian "${as_root[@]}" --fail-on error,warning "${deb[@]}" || fail "lintian complains"
 }
 
 # depends PACKAGE EXPRESSION: PACKAGE depends on what the extended regular expression says.

@@ -54,7 +54,7 @@ bool needsModule(Options::Command command)
 
 /*! Carries out what needs no documents: starts the conversions of many files, says what the options ask for,
  * or what is wrong with them. */
-ExitCode answer(const Options& options)
+int answer(const Options& options)
 {
     if (options.command == Options::Help)
         return print(options.text);
