@@ -1,6 +1,9 @@
 #include "EditorWindow.h"
 
+#include <ORVUnit.h>
+
 #include <QApplication>
+#include <QScreen>
 
 /*! editor [FILE]: a small editor for Rich Text Format. */
 int main(int argc, char** argv)
@@ -9,6 +12,8 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("orvrtf-editor"));
     QApplication::setApplicationDisplayName(QApplication::translate("main", "RTF editor"));
 
+    // Documents are shown in the pixels that Qt counts with.
+    ORVUnit::setScreenResolution(qRound(QApplication::primaryScreen()->logicalDotsPerInch()));
     EditorWindow window;
     window.show();
     const QStringList arguments = QApplication::arguments();

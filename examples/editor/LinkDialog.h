@@ -1,0 +1,23 @@
+#ifndef LINKDIALOG_H
+#define LINKDIALOG_H
+
+#include <QDialog>
+
+class QLineEdit;
+
+/*! Asks for a link: the text that shows it, and its target. */
+class LinkDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    LinkDialog(const QString& text, const QString& target, QWidget* parent);
+
+    QString text() const;
+    QString target() const;
+
+private:
+    QLineEdit* m_text;
+    QLineEdit* m_target;
+};
+
+#endif
