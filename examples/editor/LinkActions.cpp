@@ -83,7 +83,7 @@ Link LinkActions::linkAtMouse() const
 
 void LinkActions::hover()
 {
-    const QString target = linkAtMouse().target;
+    const QString target = Links::shownTarget(linkAtMouse());
     if (target == m_hovered)
         return;
     m_hovered = target;

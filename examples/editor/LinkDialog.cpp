@@ -5,8 +5,10 @@
 #include <QLineEdit>
 
 LinkDialog::LinkDialog(const QString& text, const QString& target, QWidget* parent)
-    : QDialog(parent), m_text(new QLineEdit(text, this)), m_target(new QLineEdit(target, this))
+    : QDialog(parent), m_firstText(text), m_text(new QLineEdit(text, this)),
+      m_target(new QLineEdit(target, this))
 {
+    m_firstShown = m_text->text();
     setWindowTitle(tr("Link"));
     m_text->setObjectName(QStringLiteral("text"));
     m_target->setObjectName(QStringLiteral("target"));
@@ -25,7 +27,7 @@ LinkDialog::LinkDialog(const QString& text, const QString& target, QWidget* pare
 
 QString LinkDialog::text() const
 {
-    return m_text->text();
+    return m_text->text() == m_firstShown ? m_firstText : m_text->text();
 }
 
 QString LinkDialog::target() const

@@ -12,10 +12,13 @@ class LinkDialog : public QDialog {
 public:
     LinkDialog(const QString& text, const QString& target, QWidget* parent);
 
+    /*! Just what it was at first, whatever characters that has, unless the user has changed it. */
     QString text() const;
     QString target() const;
 
 private:
+    QString m_firstText;
+    QString m_firstShown;
     QLineEdit* m_text;
     QLineEdit* m_target;
 };

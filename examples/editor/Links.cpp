@@ -75,3 +75,9 @@ QUrl Links::addressToOpen(const Link& link)
         || scheme == QLatin1String("mailto");
     return isHarmless ? address : QUrl();
 }
+
+QString Links::shownTarget(const Link& link)
+{
+    const QUrl address = addressToOpen(link);
+    return address.isEmpty() ? link.target : address.toString(QUrl::FullyEncoded);
+}

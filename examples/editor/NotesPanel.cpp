@@ -19,6 +19,7 @@ NotesPanel::NotesPanel(QTextEdit* edit, QWidget* parent)
     setObjectName(QStringLiteral("notes"));
     setWidget(m_list);
     m_list->setWordWrap(true);
+    m_list->setSpacing(2);
     m_list->setAlternatingRowColors(true);
     m_timer.setSingleShot(true);
     m_timer.setInterval(pause);

@@ -121,13 +121,15 @@ QCheckBox* PageDialog::createCheckBox(const QString& text, bool isChecked)
 
 void PageDialog::createLayout(QComboBox* papers)
 {
-    const auto row = [](QWidget* left, QWidget* right) {
-        QHBoxLayout* layout = new QHBoxLayout;
-        layout->addWidget(left, 1);
-        layout->addWidget(right);
-        return layout;
-    };
     QFormLayout* form = new QFormLayout(this);
+    const auto addMarginText = [=](const QString& label, const MarginText& marginText) {
+        QHBoxLayout* row = new QHBoxLayout;
+        row->addWidget(marginText.text, 1);
+        row->addWidget(marginText.alignment);
+        QLabel* const name = new QLabel(label, this);
+        name->setBuddy(marginText.text);
+        form->addRow(name, row);
+    };
     form->addRow(tr("&Paper:"), papers);
     form->addRow(tr("&Width:"), m_width);
     form->addRow(tr("&Height:"), m_height);
@@ -135,8 +137,8 @@ void PageDialog::createLayout(QComboBox* papers)
     form->addRow(tr("&Right margin:"), m_right);
     form->addRow(tr("&Top margin:"), m_top);
     form->addRow(tr("&Bottom margin:"), m_bottom);
-    form->addRow(tr("H&eader:"), row(m_header.text, m_header.alignment));
-    form->addRow(tr("&Footer:"), row(m_footer.text, m_footer.alignment));
+    addMarginText(tr("H&eader:"), m_header);
+    addMarginText(tr("&Footer:"), m_footer);
     QLabel* hint = new QLabel(tr("<$p> is the page number, <$pagecount> the number of pages."), this);
     hint->setTextFormat(Qt::PlainText);
     form->addRow(hint);

@@ -33,6 +33,6 @@ PreviewWindow::PreviewWindow(const QTextDocument& document, QWidget* parent)
     close->setShortcut(Qt::Key_Escape);
     connect(close, &QAction::triggered, this, &QWidget::close);
     bar->addSeparator();
-    bar->addWidget(new QLabel(tr("%n page(s)", nullptr, m_view->pageCount()), bar));
+    bar->addWidget(new QLabel(tr("Pages: %1").arg(m_view->pageCount()), bar));
     resize(900, 760);
 }

@@ -37,7 +37,7 @@ QString TextTips::textAt(int position) const
     }
     const Link link = Links::at(*m_edit->document(), position);
     if (link.length > 0) {
-        lines << link.target;
+        lines << Links::shownTarget(link);
         if (!Links::addressToOpen(link).isEmpty())
             lines << tr("Ctrl+click opens the link");
     }
