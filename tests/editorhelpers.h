@@ -2,13 +2,22 @@
 #define EDITORHELPERS_H
 
 #include "EditorWindow.h"
+#include "ORVTextRtf.h"
 #include "RichTextEdit.h"
 #include "TextDocSupport.h"
 #include "rtftesthelpers.h"
 
+#include <QAction>
+#include <QtCore/QTemporaryDir>
+#include <QtCore/QTemporaryFile>
+#include <QtCore/QTimer>
 #include <QtGui/QTextList>
 #include <QtGui/QTextTable>
 #include <QtTest/QtTest>
+#include <QtWidgets/QApplication>
+
+#include <functional>
+#include <memory>
 
 /*! What the tests of the editor window share. */
 namespace editortest {
@@ -86,6 +95,92 @@ inline QString describe(const QTextDocument& document)
 inline QString contentOf(const EditorWindow& window)
 {
     return describe(*window.textEdit()->document());
+}
+
+inline void select(EditorWindow& window, int from, int to)
+{
+    QTextCursor cursor(window.textEdit()->document());
+    cursor.setPosition(from);
+    cursor.setPosition(to, QTextCursor::KeepAnchor);
+    window.textEdit()->setTextCursor(cursor);
+}
+
+/*! Reads the RTF \a body into \a window. */
+inline void setBody(EditorWindow& window, const QByteArray& body)
+{
+    QVERIFY(ORVTextRtf::fromRtfData("{\\rtf1\\ansi " + body + "{}}", window.textEdit()->document(), nullptr));
+}
+
+inline QAction* actionOf(const EditorWindow& window, const char* text)
+{
+    const QList<QAction*> actions = window.findChildren<QAction*>();
+    for (QAction* action : actions) {
+        if (action->text().remove(QLatin1Char('&')) == QString::fromUtf8(text))
+            return action;
+    }
+    qFatal("no action %s", text);
+}
+
+/*! Has \a answer fill in and close the next dialog of the class \a Dialog, as soon as it is there. */
+template <typename Dialog>
+class DialogAnswer {
+public:
+    explicit DialogAnswer(const std::function<void(Dialog*)>& answer)
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, answer] {
+            Dialog* const dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            m_timer.stop();
+            answer(dialog);
+        });
+        m_timer.start(1);
+    }
+
+    /*! Whether there has been one. */
+    bool isGiven() const { return !m_timer.isActive(); }
+
+private:
+    QTimer m_timer;
+};
+
+/*! A window that is shown, with an empty document in the default font of the tests. */
+inline std::unique_ptr<EditorWindow> shownWindow()
+{
+    auto window = std::make_unique<EditorWindow>();
+    QFont font;
+    compat::setFamily(font, QString::fromLatin1(rtftest::DefaultFamily));
+    font.setPointSizeF(rtftest::DefaultPointSize);
+    window->textEdit()->document()->setDefaultFont(font);
+    window->show();
+    if (!QTest::qWaitForWindowExposed(window.get()))
+        qFatal("the window is not shown");
+    return window;
+}
+
+/*! Opens a file with \a rtf in \a window. */
+inline bool openRtf(EditorWindow& window, const QByteArray& rtf)
+{
+    QTemporaryFile file;
+    return file.open() && file.write(rtf) == rtf.size() && file.flush() && window.openFile(file.fileName());
+}
+
+/*! What the file says when \a window saves its document. */
+inline QByteArray savedRtf(EditorWindow& window)
+{
+    QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("saved.rtf")));
+    if (!window.saveFile(file.fileName()) || !file.open(QIODevice::ReadOnly))
+        qFatal("the document is not saved");
+    return file.readAll();
+}
+
+/*! Where the character at \a position of the text is shown, in the viewport of the text edit. */
+inline QPoint placeOf(const EditorWindow& window, int position)
+{
+    QTextCursor cursor(window.textEdit()->document());
+    cursor.setPosition(position);
+    return window.textEdit()->cursorRect(cursor).center() + QPoint(3, 0);
 }
 
 } // namespace editortest

@@ -1,7 +1,8 @@
 # The example programs. tst_editor_clipboard has an X server of its own, and xclip as the other program.
 if(TARGET OrvRtfEditorObjects)
-    orv_add_test(editor LIBRARIES OrvRtfEditorObjects LABELS gui)
-    orv_add_test(editor_clipboard LIBRARIES OrvRtfEditorObjects LABELS gui)
+    foreach(subject editor editor_clipboard editor_links editor_notes editor_pages editor_revisions)
+        orv_add_test(${subject} LIBRARIES OrvRtfEditorObjects LABELS gui)
+    endforeach()
 endif()
 
 # What docs/guide.md tells its readers to do, done.

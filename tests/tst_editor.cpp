@@ -53,20 +53,6 @@ bool drop(const QMimeData& mime, QWidget* target)
     return drop.isAccepted();
 }
 
-void select(EditorWindow& window, int from, int to)
-{
-    QTextCursor cursor(window.textEdit()->document());
-    cursor.setPosition(from);
-    cursor.setPosition(to, QTextCursor::KeepAnchor);
-    window.textEdit()->setTextCursor(cursor);
-}
-
-/*! Reads the RTF \a body into \a window. */
-void setBody(EditorWindow& window, const QByteArray& body)
-{
-    QVERIFY(ORVTextRtf::fromRtfData("{\\rtf1\\ansi " + body + "{}}", window.textEdit()->document(), nullptr));
-}
-
 /*! Copies what is selected in \a from, and pastes it in \a to. */
 void copyAndPaste(EditorWindow& from, EditorWindow& to)
 {
@@ -84,16 +70,6 @@ QByteArray bullets()
 QString bullet(const char* text)
 {
     return QChar(0x2022) + QLatin1Char(' ') + QLatin1String(text);
-}
-
-QAction* actionOf(const EditorWindow& window, const char* text)
-{
-    const QList<QAction*> actions = window.findChildren<QAction*>();
-    for (QAction* action : actions) {
-        if (action->text().remove(QLatin1Char('&')) == QString::fromUtf8(text))
-            return action;
-    }
-    qFatal("no action %s", text);
 }
 
 } // namespace

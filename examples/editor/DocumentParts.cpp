@@ -27,7 +27,7 @@ QStringList pictureNames(const QTextDocument& document)
     return names;
 }
 
-void copyPictures(const QStringList& names, const QTextDocument& from, QTextDocument* to)
+void addPictures(const QStringList& names, const QTextDocument& from, QTextDocument* to)
 {
     for (const QString& name : names) {
         const QImage image = TextDocSupport::image(&from, name);
@@ -86,13 +86,13 @@ void DocumentParts::copySelection(const QTextCursor& selection, QTextDocument* p
     ORVTextFormat::setDefaultCharFormat(part, ORVTextFormat::defaultCharFormat(document));
     QTextCursor(part).insertFragment(selection.selection());
     copyFirstFormat(selection, part);
-    copyPictures(pictureNames(*part), *document, part);
+    addPictures(pictureNames(*part), *document, part);
 }
 
 void DocumentParts::insert(const QTextDocument& part, QTextCursor target)
 {
     // First, since the text is laid out with them as soon as it is there.
-    copyPictures(pictureNames(part), part, target.document());
+    copyPictures(part, target.document());
     target.beginEditBlock();
     target.removeSelectedText();
     const int position = target.position();
@@ -105,4 +105,9 @@ void DocumentParts::insert(const QTextDocument& part, QTextCursor target)
     else
         QTextCursor(first).setBlockFormat(format); // in an empty document Qt has changed it
     target.endEditBlock();
+}
+
+void DocumentParts::copyPictures(const QTextDocument& from, QTextDocument* to)
+{
+    addPictures(pictureNames(from), from, to);
 }

@@ -2,8 +2,17 @@
 
 #include "FormatActions.h"
 #include "InsertActions.h"
+#include "LinkActions.h"
+#include "MarkupHighlighter.h"
+#include "NoteActions.h"
+#include "NotesPanel.h"
+#include "PageActions.h"
+#include "RevisionActions.h"
 #include "RichTextEdit.h"
+#include "RtfDocument.h"
 #include "RtfFile.h"
+#include "TextTips.h"
+#include "TypingFormat.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -30,17 +39,23 @@ QString rtfFilter()
 
 EditorWindow::EditorWindow(QWidget* parent)
     : QMainWindow(parent), m_edit(new RichTextEdit(this)), m_formatActions(new FormatActions(m_edit)),
-      m_insertActions(new InsertActions(m_edit))
+      m_insertActions(new InsertActions(m_edit)), m_noteActions(new NoteActions(m_edit)),
+      m_linkActions(new LinkActions(m_edit)), m_revisionActions(new RevisionActions(m_edit)),
+      m_pageActions(new PageActions(m_edit)), m_notesPanel(new NotesPanel(m_edit, this)),
+      m_highlighter(new MarkupHighlighter(this))
 {
+    new TextTips(m_edit);
+    new TypingFormat(m_edit);
     setCentralWidget(m_edit);
     setAcceptDrops(true);
     setUnifiedTitleAndToolBarOnMac(true);
     createFileMenu();
     createEditMenu();
     createFormatMenus();
-    statusBar();
+    createNotesPanel();
+    createStatusMessages();
     setDocument(createDocument(), QString());
-    resize(840, 640);
+    resize(1000, 700);
 }
 
 void EditorWindow::createFileMenu()
@@ -63,6 +78,9 @@ void EditorWindow::createFileMenu()
     QAction* saveAs = menu->addAction(tr("Save &as…"));
     saveAs->setShortcut(QKeySequence::SaveAs);
     connect(saveAs, &QAction::triggered, this, &EditorWindow::saveAs);
+    menu->addAction(tr("&Export for other programs…"), this, &EditorWindow::exportRtf);
+    menu->addSeparator();
+    menu->addActions(m_pageActions->actions());
     menu->addSeparator();
     QAction* quit = menu->addAction(tr("&Quit"));
     quit->setShortcut(QKeySequence::Quit);
@@ -89,12 +107,36 @@ void EditorWindow::createEditMenu()
 
 void EditorWindow::createFormatMenus()
 {
-    menuBar()->addMenu(tr("&Insert"))->addActions(m_insertActions->actions());
-    menuBar()->addMenu(tr("F&ormat"))->addActions(m_formatActions->actions());
+    QMenu* insert = menuBar()->addMenu(tr("&Insert"));
+    insert->addActions(m_insertActions->actions());
+    insert->addSeparator();
+    insert->addActions(m_linkActions->actions());
+    insert->addSeparator();
+    insert->addActions(m_noteActions->actions());
+    QMenu* format = menuBar()->addMenu(tr("F&ormat"));
+    format->addActions(m_formatActions->actions());
+    format->addSeparator();
+    format->addMenu(tr("&Revision level"))->addActions(m_revisionActions->actions());
     QToolBar* bar = addToolBar(tr("Format"));
     bar->addActions(m_formatActions->actions());
     bar->addSeparator();
     bar->addActions(m_insertActions->actions());
+}
+
+void EditorWindow::createNotesPanel()
+{
+    addDockWidget(Qt::RightDockWidgetArea, m_notesPanel);
+    connect(m_notesPanel, &NotesPanel::editRequested, m_noteActions, &NoteActions::editNote);
+    menuBar()->addMenu(tr("&View"))->addAction(m_notesPanel->toggleViewAction());
+}
+
+void EditorWindow::createStatusMessages()
+{
+    connect(m_linkActions, &LinkActions::hovered, statusBar(),
+            [this](const QString& target) { statusBar()->showMessage(target); });
+    connect(m_linkActions, &LinkActions::refused, this, [this](const QString& target) {
+        statusBar()->showMessage(tr("Only web and mail addresses are opened: %1").arg(target));
+    });
 }
 
 bool EditorWindow::openFile(const QString& fileName)
@@ -120,6 +162,9 @@ bool EditorWindow::saveFile(const QString& fileName)
         return false;
     }
     setFileName(fileName);
+    if (RtfDocument::hasRevisionLevels(*m_edit->document()))
+        statusBar()->showMessage(tr("Saved with revision levels, which other programs may not show; "
+                                    "for them, export the document"));
     return true;
 }
 
@@ -169,6 +214,19 @@ bool EditorWindow::saveAs()
     return dialog.exec() == QDialog::Accepted && saveFile(dialog.selectedFiles().first());
 }
 
+void EditorWindow::exportRtf()
+{
+    QFileDialog dialog(this, tr("Export for other programs"), QString(), rtfFilter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("rtf"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString fileName = dialog.selectedFiles().first();
+    QString message;
+    if (!RtfFile::exportTo(fileName, *m_edit->document(), &message))
+        reportError(tr("The document cannot be saved."), fileName, message);
+}
+
 /*! Whether the document may go; asks whether to save changes first. */
 bool EditorWindow::mayDiscardDocument()
 {
@@ -196,6 +254,8 @@ void EditorWindow::setDocument(std::unique_ptr<QTextDocument> document, const QS
     const QPointer<QTextDocument> before = m_edit->document();
     m_edit->setDocument(document.release()); // a child of the text edit
     m_edit->setTextCursor(QTextCursor(m_edit->document())); // without the text format of the one before
+    m_highlighter->setDocument(m_edit->document());
+    m_notesPanel->refresh();
     delete before; // unless the text edit, which made its very first one, has done so
     setFileName(fileName);
 }

@@ -7,7 +7,13 @@
 
 class FormatActions;
 class InsertActions;
+class LinkActions;
+class MarkupHighlighter;
+class NoteActions;
+class NotesPanel;
+class PageActions;
 class QTextDocument;
+class RevisionActions;
 class RichTextEdit;
 
 /*! A window that edits one RTF file. */
@@ -19,6 +25,8 @@ public:
 
     RichTextEdit* textEdit() const { return m_edit; }
     InsertActions* insertActions() const { return m_insertActions; }
+    NotesPanel* notesPanel() const { return m_notesPanel; }
+    PageActions* pageActions() const { return m_pageActions; }
     QString fileName() const { return m_fileName; }
 
     /*! Opens \a fileName in place of the document, whatever that holds; false, with a message box, on
@@ -36,11 +44,14 @@ private:
     void createFileMenu();
     void createEditMenu();
     void createFormatMenus();
+    void createNotesPanel();
+    void createStatusMessages();
 
     void newDocument();
     void open();
     bool save();
     bool saveAs();
+    void exportRtf();
     bool mayDiscardDocument();
 
     std::unique_ptr<QTextDocument> createDocument();
@@ -51,6 +62,12 @@ private:
     RichTextEdit* m_edit;
     FormatActions* m_formatActions;
     InsertActions* m_insertActions;
+    NoteActions* m_noteActions;
+    LinkActions* m_linkActions;
+    RevisionActions* m_revisionActions;
+    PageActions* m_pageActions;
+    NotesPanel* m_notesPanel;
+    MarkupHighlighter* m_highlighter;
     QString m_fileName;
 };
 

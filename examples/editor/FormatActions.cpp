@@ -144,6 +144,8 @@ void FormatActions::showParagraphFormat()
         action->setChecked(action->data().toInt() == int(alignment));
 
     const QTextList* list = m_edit->textCursor().currentList();
-    m_bullets->setChecked(list && !isNumbered(list->format().style()));
-    m_numbers->setChecked(list && isNumbered(list->format().style()));
+    // Headings may be in lists that show nothing.
+    const QTextListFormat::Style style = list ? list->format().style() : QTextListFormat::ListStyleUndefined;
+    m_bullets->setChecked(style != QTextListFormat::ListStyleUndefined && !isNumbered(style));
+    m_numbers->setChecked(isNumbered(style));
 }

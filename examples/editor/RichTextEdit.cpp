@@ -1,31 +1,60 @@
 #include "RichTextEdit.h"
 
 #include "DocumentParts.h"
+#include "RtfDocument.h"
 #include "RtfFile.h"
 
 #include <ORV.h>
+#include <ORVPageGeometry.h>
+#include <ORVStockFormats.h>
 #include <ORVTextFormat.h>
 #include <ORVTextRtf.h>
 
+#include <QAbstractTextDocumentLayout>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTextDocumentFragment>
 
 namespace {
 
-/*! Reads RTF on \a mime; our own flavour comes first, since nothing is lost in it. */
+/*! What \a mime may have RTF under; our own flavour comes first, since nothing is lost in it. */
+QStringList rtfTypes()
+{
+    return QStringList(QLatin1String(ORV::OrvellineMarkupRtfMimeType)) + ORV::rtfMimeTypes();
+}
+
+/*! Reads the first RTF on \a mime that is not damaged; false when there is none. */
 bool readRtf(const QMimeData* mime, QTextDocument* part)
 {
-    return ORVTextRtf::fromOrvellineMarkupRtfMimeData(mime, part) || ORVTextRtf::fromRtfMimeData(mime, part);
+    const QStringList types = rtfTypes();
+    for (const QString& type : types) {
+        const QByteArray rtf = mime->data(type);
+        QString message;
+        if (!rtf.isEmpty() && RtfDocument::read(rtf, part, &message))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
 
 RichTextEdit::RichTextEdit(QWidget* parent) : QTextEdit(parent) { }
 
+int RichTextEdit::characterAt(const QPoint& point) const
+{
+    const QScrollBar* bar = horizontalScrollBar();
+    const int scrolled = isRightToLeft() ? bar->maximum() - bar->value() : bar->value();
+    const QPointF place = point + QPointF(scrolled, verticalScrollBar()->value());
+    return document()->documentLayout()->hitTest(place, Qt::ExactHit);
+}
+
 QMimeData* RichTextEdit::createMimeDataFromSelection() const
 {
     QTextDocument part;
     DocumentParts::copySelection(textCursor(), &part);
+    if (document()->property("paperSize").isValid())
+        ORVPageGeometry::of(document()).setOn(&part);
+    ORVStockFormats::fromStock(&part);
     const QTextDocumentFragment selection = textCursor().selection();
 
     // The best form first: that is the one other programs prefer.

@@ -13,6 +13,9 @@ class RichTextEdit : public QTextEdit {
 public:
     explicit RichTextEdit(QWidget* parent = nullptr);
 
+    /*! Position of the character that is shown at \a point of the viewport; -1 where there is none. */
+    int characterAt(const QPoint& point) const;
+
 protected:
     /*! The selection as RTF in both flavours, as HTML and as plain text. */
     QMimeData* createMimeDataFromSelection() const override;

@@ -1,11 +1,24 @@
 #include "RtfFile.h"
 
+#include "FileWriting.h"
+#include "RtfDocument.h"
+
 #include <ORVTextRtf.h>
 
 #include <QFile>
 #include <QMimeData>
-#include <QSaveFile>
+#include <QTextDocument>
 #include <QUrl>
+
+namespace {
+
+bool write(const QString& fileName, const QTextDocument& document, bool exportingMode, QString* message)
+{
+    const std::unique_ptr<QTextDocument> copy = RtfDocument::toWrite(document);
+    return FileWriting::replace(fileName, ORVTextRtf::toRtfData(copy.get(), true, exportingMode), message);
+}
+
+} // namespace
 
 RtfFile::Opened RtfFile::open(const QString& fileName, QTextDocument* document, QString* message)
 {
@@ -14,19 +27,17 @@ RtfFile::Opened RtfFile::open(const QString& fileName, QTextDocument* document, 
         *message = file.errorString();
         return Opened::NotAtAll;
     }
-    file.close();
-    return ORVTextRtf::fromRtfFile(fileName, document, message) ? Opened::Completely : Opened::InPart;
+    return RtfDocument::read(file.readAll(), document, message) ? Opened::Completely : Opened::InPart;
 }
 
 bool RtfFile::save(const QString& fileName, const QTextDocument& document, QString* message)
 {
-    const bool exportingMode = true; // other programs are to read it
-    const QByteArray rtf = ORVTextRtf::toRtfData(&document, false, exportingMode);
-    QSaveFile file(fileName);
-    if (file.open(QIODevice::WriteOnly) && file.write(rtf) == rtf.size() && file.commit())
-        return true;
-    *message = file.errorString();
-    return false;
+    return write(fileName, document, !RtfDocument::hasRevisionLevels(document), message);
+}
+
+bool RtfFile::exportTo(const QString& fileName, const QTextDocument& document, QString* message)
+{
+    return write(fileName, document, true, message);
 }
 
 QString RtfFile::nameOn(const QMimeData* mime)

@@ -18,10 +18,14 @@ enum class Opened { Completely, InPart, NotAtAll };
 Opened open(const QString& fileName, QTextDocument* document, QString* message);
 
 /*!
-    Writes \a document to the file \a fileName, for any word processor to open. When that fails, \a message
-    says why, and a file that was there before is still there.
+    Writes \a document to the file \a fileName: for any word processor to open, unless it has revision levels.
+    Those are kept, in the application's own form of RTF, of which word processors may leave out the text that
+    has them. On failure \a message says why, and a file that was there before is still there.
 */
 bool save(const QString& fileName, const QTextDocument& document, QString* message);
+
+/*! As save(), for any word processor in any case: revision levels become colours. */
+bool exportTo(const QString& fileName, const QTextDocument& document, QString* message);
 
 /*! The RTF file that \a mime, of a drag from a file manager, is about; empty if it is about something else.
  */

@@ -1,7 +1,10 @@
 #include "EditorWindow.h"
 
+#include <ORVUnit.h>
+
 #include <QApplication>
 #include <QLocale>
+#include <QScreen>
 #include <QTranslator>
 
 /*! editor [FILE]: a small editor for Rich Text Format. */
@@ -17,6 +20,8 @@ int main(int argc, char** argv)
         QApplication::installTranslator(&translator);
     QApplication::setApplicationDisplayName(QApplication::translate("main", "RTF editor"));
 
+    // Documents are shown in the pixels that Qt counts with.
+    ORVUnit::setScreenResolution(qRound(QApplication::primaryScreen()->logicalDotsPerInch()));
     EditorWindow window;
     window.show();
     const QStringList arguments = QApplication::arguments();

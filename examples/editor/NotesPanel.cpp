@@ -1,0 +1,82 @@
+#include "NotesPanel.h"
+
+#include <QListWidget>
+#include <QTextCursor>
+#include <QTextEdit>
+
+namespace {
+
+// How long the user pauses before the list is made anew, in milliseconds.
+const int pause = 300;
+// As much of a note as the list shows, in characters.
+const int shownLength = 200;
+
+} // namespace
+
+NotesPanel::NotesPanel(QTextEdit* edit, QWidget* parent)
+    : QDockWidget(tr("Notes"), parent), m_edit(edit), m_list(new QListWidget(this))
+{
+    setObjectName(QStringLiteral("notes"));
+    setWidget(m_list);
+    m_list->setWordWrap(true);
+    m_list->setSpacing(2);
+    m_list->setAlternatingRowColors(true);
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(pause);
+    connect(&m_timer, &QTimer::timeout, this, &NotesPanel::refresh);
+    connect(m_edit, &QTextEdit::textChanged, &m_timer, QOverload<>::of(&QTimer::start));
+    const auto rowOf = [this](const QListWidgetItem* item) { return m_list->row(item); };
+    connect(m_list, &QListWidget::itemClicked, this, [=](QListWidgetItem* item) { showNote(rowOf(item)); });
+    connect(m_list, &QListWidget::itemActivated, this, [=](QListWidgetItem* item) {
+        showNote(rowOf(item));
+        emit editRequested();
+    });
+}
+
+QStringList NotesPanel::texts() const
+{
+    QStringList texts;
+    for (int row = 0; row < m_list->count(); ++row)
+        texts << m_list->item(row)->text();
+    return texts;
+}
+
+void NotesPanel::refresh()
+{
+    m_timer.stop();
+    m_notes = Notes::in(*m_edit->document());
+    QStringList shown;
+    for (const Note& note : qAsConst(m_notes))
+        shown << textOf(note);
+    if (shown == texts())
+        return; // the user's place in the list stays
+    m_list->clear();
+    m_list->addItems(shown);
+}
+
+QString NotesPanel::textOf(const Note& note)
+{
+    QString text;
+    if (!note.isAttached) {
+        text = Notes::text(*m_edit->document(), note);
+    } else {
+        if (!m_contents.contains(note.content))
+            m_contents.insert(note.content, Notes::text(*m_edit->document(), note));
+        text = m_contents.value(note.content);
+    }
+    text = text.left(shownLength).simplified();
+    return note.kind == Note::Comment ? tr("Comment: %1").arg(text) : tr("Footnote: %1").arg(text);
+}
+
+void NotesPanel::showNote(int row)
+{
+    if (m_timer.isActive())
+        refresh(); // the places have changed
+    if (row < 0 || row >= m_notes.size())
+        return;
+    const Note& note = m_notes.at(row);
+    QTextCursor cursor(m_edit->document());
+    cursor.setPosition(note.position + note.length);
+    cursor.setPosition(note.position, QTextCursor::KeepAnchor);
+    m_edit->setTextCursor(cursor);
+}

@@ -1,0 +1,53 @@
+#include "PageSettings.h"
+
+#include <QTextDocument>
+#include <QVariant>
+
+namespace {
+
+/*! A header or footer that \a document does not have yet would begin in the font of the text. */
+ORVTextPage marginText(const QTextDocument& document, const char* property)
+{
+    ORVTextPage text = qvariant_cast<ORVTextPage>(document.property(property));
+    if (text.text.isEmpty())
+        text.font = document.defaultFont();
+    return text;
+}
+
+ORVPageSetup::MarginText toPaint(const ORVTextPage& text)
+{
+    return {text.text, text.option.alignment(), text.font};
+}
+
+} // namespace
+
+PageSettings PageSettings::of(const QTextDocument& document)
+{
+    PageSettings settings;
+    settings.page = ORVPageGeometry::of(&document);
+    settings.header = marginText(document, "header");
+    settings.footer = marginText(document, "footer");
+    settings.notOnFirstPage = document.property("notOnFirstPage").toBool();
+    settings.countFirstPage = document.property("countFirstPage").toBool();
+    return settings;
+}
+
+void PageSettings::setOn(QTextDocument* document) const
+{
+    page.setOn(document);
+    document->setProperty("header", QVariant::fromValue(header));
+    document->setProperty("footer", QVariant::fromValue(footer));
+    document->setProperty("notOnFirstPage", notOnFirstPage);
+    document->setProperty("countFirstPage", countFirstPage);
+}
+
+ORVPageSetup PageSettings::setup() const
+{
+    ORVPageSetup setup;
+    setup.page = page;
+    setup.header = toPaint(header);
+    setup.footer = toPaint(footer);
+    setup.firstPageHasMarginTexts = !notOnFirstPage;
+    setup.firstNumber = countFirstPage ? 1 : 0;
+    return setup;
+}
