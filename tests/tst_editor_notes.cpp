@@ -1,3 +1,4 @@
+#include "NoteActions.h"
 #include "NoteDialog.h"
 #include "Notes.h"
 #include "NotesPanel.h"
@@ -7,6 +8,7 @@
 #include "rtfstory.h"
 
 #include <QtGui/QHelpEvent>
+#include <QtWidgets/QListWidget>
 #include <QtWidgets/QToolTip>
 
 using namespace editortest;
@@ -95,6 +97,9 @@ private slots:
     void panelListsAllNotes();
     void panelFollowsTheText();
     void panelShowsThePlaceOfANote();
+    void clickInThePanelShowsThePlace_data();
+    void clickInThePanelShowsThePlace();
+    void doubleClickInThePanelEdits();
     void tipSaysWhatTheNoteSays_data();
     void tipSaysWhatTheNoteSays();
     void printedNotesAreNumbered();
@@ -340,6 +345,36 @@ void TestEditorNotes::panelShowsThePlaceOfANote()
     QCOMPARE(m_window->textEdit()->textCursor().selectedText(), QStringLiteral("two"));
     m_window->notesPanel()->showNote(2);
     QCOMPARE(m_window->textEdit()->textCursor().selectedText(), QStringLiteral("two"));
+}
+
+void TestEditorNotes::clickInThePanelShowsThePlace_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::newRow("left") << int(Qt::LeftButton);
+    QTest::newRow("right") << int(Qt::RightButton);
+}
+
+void TestEditorNotes::clickInThePanelShowsThePlace()
+{
+    QFETCH(int, button);
+    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote one}b{\\*\\annotation two}c{}}"));
+    const QListWidget* list = m_window->notesPanel()->findChild<QListWidget*>();
+    const QPoint second = list->visualItemRect(list->item(1)).center();
+    QTest::mousePress(list->viewport(), Qt::MouseButton(button), Qt::NoModifier, second);
+    QCOMPARE(m_window->textEdit()->textCursor().selectedText(), QStringLiteral("two"));
+    QCOMPARE(list->actions(), m_window->findChild<NoteActions*>()->actions());
+}
+
+void TestEditorNotes::doubleClickInThePanelEdits()
+{
+    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote one}b{\\*\\annotation two}c{}}"));
+    const QListWidget* list = m_window->notesPanel()->findChild<QListWidget*>();
+    const QPoint second = list->visualItemRect(list->item(1)).center();
+    const std::unique_ptr<DialogAnswer<NoteDialog>> answer(newAnswer(QStringLiteral("new")));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, second);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, second);
+    QVERIFY(answer->isGiven());
+    QCOMPARE(document()->toPlainText(), QStringLiteral("aonebnewc"));
 }
 
 void TestEditorNotes::tipSaysWhatTheNoteSays_data()
