@@ -2,13 +2,15 @@
 
 orv_add_test(samples)
 
-foreach(subject tool tool_writing)
+foreach(subject tool tool_pages tool_writing)
     orv_add_test(${subject} SOURCES tooltest.h)
     add_dependencies(tst_${subject} orvrtf)
     target_compile_definitions(tst_${subject} PRIVATE
         ORVRTF_TOOL="$<TARGET_FILE:orvrtf>"
         ORVRTF_VERSION="${PROJECT_VERSION}")
 endforeach()
+
+set_tests_properties(tool_pages PROPERTIES LABELS "unit;acceptance;slow")
 
 # A gigabyte through a pipe.
 add_test(NAME strip_memory COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/strip_memory.py $<TARGET_FILE:orvrtf>)
@@ -17,7 +19,8 @@ set_tests_properties(strip_memory PROPERTIES LABELS slow)
 orv_add_test(tool_documents SOURCES
     ../tools/orvrtf/DocumentInfo.cpp
     ../tools/orvrtf/HtmlExport.cpp
-    ../tools/orvrtf/TextExport.cpp)
+    ../tools/orvrtf/TextExport.cpp
+    ../tools/orvrtf/VisibleDocument.cpp)
 target_include_directories(tst_tool_documents PRIVATE ../tools/orvrtf)
 
 orv_add_test(tool_formats LABELS slow)

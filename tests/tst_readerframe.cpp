@@ -123,6 +123,9 @@ private slots:
     void givenFormatThatIsNoCharacterFormat();
     void defaultFormatStays();
     void plainReadKeepsTheFontOfTheDefault();
+    void page_data();
+    void page();
+    void pageOfTheNextReadBeginsAnew();
 };
 
 void TestReaderframe::staticDefaults()
@@ -549,6 +552,57 @@ void TestReaderframe::plainReadKeepsTheFontOfTheDefault()
                              {QTextFormat::FontPointSize, 17.0},
                              {QTextFormat::FontHintingPreference, int(QFont::PreferNoHinting)}}));
     QCOMPARE(dump(formatOf(*document, QStringLiteral("abc"))), QString());
+}
+
+typedef QVector<int> Page;
+
+/*! Paper width and height, margins left, right, top and bottom. */
+static Page pageOf(const ORVTextRtfReader& reader)
+{
+    return {reader.paperWidth(),  reader.paperHeight(), reader.marginLeft(),
+            reader.marginRight(), reader.marginTop(),   reader.marginBottom()};
+}
+
+void TestReaderframe::page_data()
+{
+    QTest::addColumn<QByteArray>("rtf");
+    QTest::addColumn<Page>("page");
+
+    const Page letter{12240, 15840, 1800, 1800, 1440, 1440};
+    QTest::newRow("not stated") << QByteArray("{\\rtf1 text}") << letter;
+    QTest::newRow("no RTF") << QByteArray() << letter;
+    QTest::newRow("stated") << QByteArray(
+        "{\\rtf1\\paperw11906\\paperh16838\\margl1\\margr2\\margt3\\margb4 text}")
+                            << Page{11906, 16838, 1, 2, 3, 4};
+    QTest::newRow("one of them") << QByteArray("{\\rtf1\\margr500 text}")
+                                 << Page{12240, 15840, 1800, 500, 1440, 1440};
+    QTest::newRow("as it stands") << QByteArray("{\\rtf1\\paperw0\\margt-20 text}")
+                                  << Page{0, 15840, 1800, 1800, -20, 1440};
+    QTest::newRow("in a damaged file")
+        << QByteArray("{\\rtf1\\paperw300 text") << Page{300, 15840, 1800, 1800, 1440, 1440};
+}
+
+void TestReaderframe::page()
+{
+    QFETCH(QByteArray, rtf);
+    QBuffer buffer(&rtf);
+    ORVTextRtfReader reader(&buffer);
+    reader.read(newDocument().data());
+    QTEST(pageOf(reader), "page");
+}
+
+void TestReaderframe::pageOfTheNextReadBeginsAnew()
+{
+    QBuffer first;
+    first.setData("{\\rtf1\\paperw300 text}");
+    QBuffer second;
+    second.setData("{\\rtf1\\paperh400 text}");
+    ORVTextRtfReader reader(&first);
+    QCOMPARE(pageOf(reader), Page({12240, 15840, 1800, 1800, 1440, 1440}));
+    reader.read(newDocument().data());
+    reader.setDevice(&second);
+    reader.read(newDocument().data());
+    QCOMPARE(pageOf(reader), Page({12240, 400, 1800, 1800, 1440, 1440}));
 }
 
 QTEST_MAIN(TestReaderframe)

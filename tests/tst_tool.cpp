@@ -396,11 +396,11 @@ void tst_tool::usageErrors_data()
     QTest::newRow("strip without output") << "strip in.rtf" << QByteArray("strip takes");
     QTest::newRow("format for strip") << "strip in.rtf out.rtf --to rtf" << QByteArray("--to");
     QTest::newRow("strip onto itself") << "strip in.rtf ./in.rtf" << QByteArray("both input and output");
-    QTest::newRow("unknown suffix") << "convert in.rtf out.pdf" << QByteArray("\"out.pdf\"");
+    QTest::newRow("unknown suffix") << "convert in.rtf out.doc" << QByteArray("\"out.doc\"");
     QTest::newRow("no suffix") << "convert in.rtf out" << QByteArray("\"out\"");
-    QTest::newRow("unknown format") << "convert in.rtf out.html --to pdf" << QByteArray("\"pdf\"");
+    QTest::newRow("unknown format") << "convert in.rtf out.html --to doc" << QByteArray("\"doc\"");
     QTest::newRow("no format") << "convert in.rtf out.html --to" << QByteArray("'--to'");
-    QTest::newRow("standard output without format") << "convert in.rtf -" << QByteArray("--to html");
+    QTest::newRow("standard output without format") << "convert in.rtf -" << QByteArray("--to rtf");
     QTest::newRow("format for info") << "info in.rtf --to html" << QByteArray("--to");
     QTest::newRow("format for check") << "check in.rtf --to html" << QByteArray("--to");
     QTest::newRow("JSON for check") << "check in.rtf --json" << QByteArray("--json");

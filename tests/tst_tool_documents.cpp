@@ -1,6 +1,7 @@
 #include "DocumentInfo.h"
 #include "HtmlExport.h"
 #include "TextExport.h"
+#include "VisibleDocument.h"
 
 #include <ORVRtfProperties.h>
 #include <ORVTextListFormat.h>
@@ -38,6 +39,7 @@ private slots:
     void underlinesInHtml_data();
     void underlinesInHtml();
     void listItemsWithoutMarkerInHtml();
+    void hiddenListItemShowsNoMarker();
 };
 
 static QTextCharFormat flagged(int property)
@@ -310,6 +312,22 @@ void tst_tool_documents::listItemsWithoutMarkerInHtml()
     QCOMPARE(html.count("<li"), 1);
     QVERIFY2(html.contains("heading</p>"), html.constData());
     QVERIFY2(html.contains("item</li>"), html.constData());
+}
+
+// Qt hides the empty paragraph in front of a table.
+void tst_tool_documents::hiddenListItemShowsNoMarker()
+{
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    cursor.createList(QTextListFormat::ListDecimal);
+    cursor.insertText(text("first"));
+    cursor.insertBlock();
+    const QTextBlock hidden = cursor.block();
+    cursor.insertTable(1, 1);
+    QVERIFY(hidden.textList());
+    makeVisible(document);
+    QVERIFY(!hidden.textList());
+    QVERIFY(document.begin().textList());
 }
 
 QTEST_GUILESS_MAIN(tst_tool_documents)

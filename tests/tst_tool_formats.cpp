@@ -300,7 +300,7 @@ void TestToolFormats::usageErrors_data()
         << "check in.docx --engine pandoc" << QByteArray("--engine does not go with check");
     QTest::newRow("docx output") << "convert in.docx out.docx"
                                  << QByteArray("cannot tell the format of \"out.docx\" by its suffix, known "
-                                               "are .rtf, .html, .htm and .txt");
+                                               "are .rtf, .html, .htm, .txt, .odt, .pdf and .png");
     QTest::newRow("docx for --from") << "convert in out.rtf --from docx"
                                      << QByteArray(
                                             "unknown input format \"docx\", known are rtf, html and txt");

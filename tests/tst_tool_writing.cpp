@@ -344,10 +344,10 @@ void tst_tool_writing::html_data()
         "<p style=\"margin:0\">One</p><p style=\"margin:0\" align=\"right\">Two</p>")
                                 << firstParagraph()
             + "{\\f1\\fs24 One}\n\\par\\pard\\plain \\qr\\ltrch\\loch {\\f1\\fs24 Two}";
-    // 12 pixels, which stand for points in a document.
+    // 12 pixels are 9 points.
     QTest::newRow("paragraph margins")
         << QByteArray("<p>One</p>")
-        << QByteArray("\n\\pard\\plain \\sa240\\sb240\\ltrch\\loch {\\f1\\fs24 One}");
+        << QByteArray("\n\\pard\\plain \\sa180\\sb180\\ltrch\\loch {\\f1\\fs24 One}");
     QTest::newRow("line break") << QByteArray("One<br>two")
                                 << firstParagraph() + "{\\f1\\fs24 One\\line two}";
 }
@@ -447,13 +447,13 @@ void tst_tool_writing::usageErrors_data()
         << QByteArray("unknown input format \"odt\", known are rtf, html and txt");
     QTest::newRow("unknown output format")
         << "convert in.rtf out.rtf --to doc"
-        << QByteArray("unknown output format \"doc\", known are rtf, html and txt");
-    QTest::newRow("unknown suffix") << "convert in.rtf out.odt"
+        << QByteArray("unknown output format \"doc\", known are rtf, html, txt, odt, pdf and png");
+    QTest::newRow("unknown suffix") << "convert in.rtf out.doc"
                                     << QByteArray(
-                                           "cannot tell the format of \"out.odt\" by its suffix, known "
-                                           "are .rtf, .html, .htm and .txt");
+                                           "cannot tell the format of \"out.doc\" by its suffix, known "
+                                           "are .rtf, .html, .htm, .txt, .odt, .pdf and .png");
     QTest::newRow("standard output without format")
-        << "convert in.rtf -" << QByteArray("the standard output needs --to rtf, --to html or --to txt");
+        << "convert in.rtf -" << QByteArray("the standard output needs --to rtf, html, txt, odt or pdf");
     QTest::newRow("output is input") << "convert in.rtf ./in.rtf --storage"
                                      << QByteArray("\"in.rtf\" is both input and output");
 }

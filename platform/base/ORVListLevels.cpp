@@ -15,17 +15,17 @@ namespace {
 /*! A list while its levels are being separated. */
 struct Separation {
     QList<ORVTextListLevel> levels;
-    /*! The list of the current items of each level; null where there is none. */
-    QVector<QTextList*> lists;
+    /*! The current item of each level; invalid where there is none. */
+    QVector<QTextBlock> items;
 };
 
-/*! The number that \a list shows for its last item, without what surrounds it. */
-QString lastNumber(const QTextList* list)
+/*! The number that \a item shows, without what surrounds it; that of a first item where there is none. */
+QString numberOf(const QTextBlock& item)
 {
-    if (!list || list->count() == 0)
+    if (!item.isValid())
         return QString::number(1);
-    const QTextListFormat format = list->format();
-    const QString text = list->itemText(list->item(list->count() - 1));
+    const QTextListFormat format = item.textList()->format();
+    const QString text = item.textList()->itemText(item);
     const QString suffix =
         format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QString(QLatin1Char('.'));
     const int prefixLength = int(format.numberPrefix().size());
@@ -37,7 +37,7 @@ QString templateOf(const Separation& separation, int level)
 {
     QString text = separation.levels.at(level).text();
     for (int above = 1; above <= level; ++above)
-        text.replace(QString::fromLatin1("%%1").arg(above), lastNumber(separation.lists.at(level - above)));
+        text.replace(QString::fromLatin1("%%1").arg(above), numberOf(separation.items.at(level - above)));
     return text;
 }
 
@@ -54,7 +54,7 @@ QTextListFormat formatOf(const QTextListFormat& original, const Separation& sepa
 }
 
 /*! The list indents its items further: the paragraph's own margin makes up for it. */
-void keepPosition(QTextBlock block, int steps)
+void keepPosition(const QTextBlock& block, int steps)
 {
     const double indent = steps * block.document()->indentWidth();
     QTextBlockFormat change;
@@ -70,17 +70,16 @@ void separateItem(const QTextBlock& block, Separation* separation)
     QTextList* const original = block.textList();
     const int level =
         qMin(ORVTextListFormat::blockLevel(original, block), int(separation->levels.size()) - 1);
-    separation->lists.resize(level + 1);
-    if (level == 0) {
-        separation->lists[0] = original;
-        return;
+    separation->items.resize(level + 1);
+    QTextBlock& current = separation->items[level];
+    if (level > 0) {
+        if (current.isValid())
+            current.textList()->add(block);
+        else
+            QTextCursor(block).createList(formatOf(original->format(), *separation, level));
+        keepPosition(block, level);
     }
-    QTextList*& list = separation->lists[level];
-    if (list)
-        list->add(block);
-    else
-        list = QTextCursor(block).createList(formatOf(original->format(), *separation, level));
-    keepPosition(block, level);
+    current = block;
 }
 
 /*! The lists with items on other levels than the first one. */

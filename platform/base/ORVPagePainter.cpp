@@ -39,7 +39,7 @@ QAbstractTextDocumentLayout::PaintContext blackOnWhite()
 void setTabDistance(QTextDocument* document)
 {
     QTextOption option = document->defaultTextOption();
-    if (compat::tabDistance(option) != compat::tabDistance(QTextOption()))
+    if (compat::tabDistance(option) != compat::tabDistance(QTextDocument().defaultTextOption()))
         return;
     compat::setTabDistance(option, tabDistance * ORVUnit::screenResolution() / 72);
     document->setDefaultTextOption(option);

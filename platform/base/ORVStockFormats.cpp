@@ -99,6 +99,12 @@ bool hasStockProperty(const QTextFormat& format)
     return false;
 }
 
+/*! Whether Qt indents the paragraph besides its margins, or what its list says counts. */
+bool isIndented(const QTextBlockFormat& format, const ORVStockListItem& item)
+{
+    return format.indent() != 0 || item.indent != 0 || item.hasLevel;
+}
+
 /*! What a shifted baseline shows as in stock form. */
 QTextCharFormat::VerticalAlignment shiftedAlignment(const QTextCharFormat& format)
 {
@@ -211,10 +217,12 @@ private:
     QSet<QTextList*> m_usedLists;
 };
 
+/*! Every format that applicationParagraph() would translate has to remember what it was. */
 QTextBlockFormat Conversion::stockParagraph(const QTextBlockFormat& format,
                                             const ORVStockListItem& item) const
 {
-    if (isStock(format) || (!isApplicationParagraph(format) && !hasStockProperty(format) && !item.hasLevel))
+    if (isStock(format)
+        || (!isApplicationParagraph(format) && !hasStockProperty(format) && !isIndented(format, item)))
         return format;
     return remembering(m_paragraph.stock(format, item), format, m_resolution);
 }
@@ -227,8 +235,7 @@ QTextBlockFormat Conversion::applicationParagraph(const QTextBlockFormat& format
         const QTextBlockFormat application = remembered(format);
         return paragraph.application(application, paragraph.stock(application, item), format, item);
     }
-    const bool isIndented = format.indent() != 0 || item.indent != 0;
-    if (isApplicationParagraph(format) || (!hasStockProperty(format) && !isIndented))
+    if (isApplicationParagraph(format) || (!hasStockProperty(format) && !isIndented(format, item)))
         return format;
     return m_paragraph.translated(format, item);
 }
@@ -320,7 +327,7 @@ void Conversion::convertTables()
 
 QTextTableFormat Conversion::stockTable(const QTextTable* table)
 {
-    const QTextTableFormat format = table->format();
+    QTextTableFormat format = table->format();
     m_tables.note(table, isStock(format) ? remembered(format) : format);
     if (isStock(format))
         return format;

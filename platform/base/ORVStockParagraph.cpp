@@ -14,6 +14,8 @@ namespace {
 const double markerWidth = 18;
 // Height of a single line that line multiples are counted in, in points.
 const double singleLineHeight = 12;
+// An exact height of less, in points, hides the text; programs write such where they mean another unit.
+const double leastExactHeight = 2;
 
 bool isDouble(const QTextFormat& format, int property)
 {
@@ -77,10 +79,10 @@ ORVStockListItem ORVStockLists::item(QTextList* list, const QTextBlockFormat& fo
     const List& known = *m_lists.constFind(list);
     const int level = qMax(0, format.property(ORVRtfProperty::ListLevel).toInt());
     item.indent = known.indent;
-    item.hasMarker = !known.storesLevels && !known.levels.isEmpty();
-    if (known.storesLevels && level < known.levels.size()) {
+    item.hasMarker = !known.levels.isEmpty();
+    if (known.storesLevels || !item.hasMarker) {
         item.hasLevel = true;
-        item.level = known.levels.at(level);
+        item.level = known.levels.value(level);
         item.hasMarker = !item.level.text().isEmpty();
     }
     return item;
@@ -147,7 +149,7 @@ void ORVStockParagraph::setStockLineHeight(QTextBlockFormat* stock) const
 {
     const double spacing = stock->doubleProperty(ORVRtfProperty::LineSpacing);
     const double base = stock->doubleProperty(ORVRtfProperty::LineMultiple);
-    if (spacing == 0 || spacing == base)
+    if (spacing == 0 || spacing == base || (spacing < 0 && -spacing < leastExactHeight))
         return;
     if (spacing < 0)
         stock->setLineHeight(pixels(-spacing), QTextBlockFormat::FixedHeight);

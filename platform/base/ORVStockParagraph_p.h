@@ -14,7 +14,7 @@ class QTextList;
 struct ORVStockListItem {
     /*! Steps of indentation that the list adds. */
     int indent = 0;
-    /*! Whether the list itself describes the level that the paragraph has, and how. */
+    /*! Whether what the list says of the level counts for the paragraph's place, instead of Qt's indent. */
     bool hasLevel = false;
     ORVTextListLevel level;
     /*! Whether a marker stands in front of the item. */

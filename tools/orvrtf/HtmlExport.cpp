@@ -124,6 +124,13 @@ void declareEncoding(QString& html)
         html.insert(start, QLatin1String("<meta charset=\"utf-8\" />"));
 }
 
+/*! Qt leaves out the unit of an exact line height: a browser would take the pixels for lines. */
+void addLineHeightUnit(QString& html)
+{
+    const QString type = QLatin1String("; -qt-line-height-type: fixed;");
+    html.replace(type, QLatin1String("px") + type);
+}
+
 } // namespace
 
 QByteArray documentToHtml(QTextDocument& document)
@@ -136,5 +143,6 @@ QByteArray documentToHtml(QTextDocument& document)
     makeListsVisible(document);
     QString html = document.toHtml();
     declareEncoding(html);
+    addLineHeightUnit(html);
     return html.toUtf8();
 }

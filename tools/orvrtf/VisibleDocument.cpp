@@ -16,6 +16,7 @@
 
 namespace {
 
+/*! Word processors number their headings by lists whose numbers are empty; Qt would show numbers. */
 bool isItemWithoutMarker(const QTextBlock& block)
 {
     QTextList* list = block.textList();
@@ -24,6 +25,13 @@ bool isItemWithoutMarker(const QTextBlock& block)
     const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(list->format());
     const int level = ORVTextListFormat::blockLevel(list, block);
     return level < levels.size() && levels.at(level).text().isEmpty();
+}
+
+/*! Qt hides an empty paragraph in front of a table, but not its marker. */
+bool isHiddenItem(const QTextBlock& block)
+{
+    return block.textList() && block.length() == 1 && block.next().isValid()
+        && QTextCursor(block.next()).currentFrame() != QTextCursor(block).currentFrame();
 }
 
 /*! The paragraph stays where it is: what the list indents it by becomes a part of its margin. */
@@ -40,13 +48,12 @@ void releaseFromList(const QTextBlock& block, QTextCursor& cursor)
     cursor.setBlockFormat(format);
 }
 
-/*! Word processors number their headings by lists whose numbers are empty; Qt would show numbers. */
 void releaseItemsWithoutMarker(QTextDocument& document)
 {
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (isItemWithoutMarker(block))
+        if (isItemWithoutMarker(block) || isHiddenItem(block))
             releaseFromList(block, cursor);
     }
     cursor.endEditBlock();

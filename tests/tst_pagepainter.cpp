@@ -1,0 +1,290 @@
+#include <ORVPagePainter.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QtTest>
+
+/*! Documents on pages. Text is drawn as blocks of colour: pictures, whose edges are exact. */
+class tst_pagepainter : public QObject {
+    Q_OBJECT
+
+private slots:
+    void emptyDocumentIsOnePage();
+    void pagesThatDoNotExist();
+    void textStandsBetweenTheMargins_data();
+    void textStandsBetweenTheMargins();
+    void pageBreaks();
+    void longTextFillsPages();
+    void documentStaysAsItIs();
+    void tabStopsAreHalfAnInchApart();
+    void marginTexts_data();
+    void marginTexts();
+    void placeholders();
+    void unusablePaper_data();
+    void unusablePaper();
+};
+
+namespace {
+
+ORVPageSetup smallPage()
+{
+    ORVPageSetup setup;
+    setup.page.paperSize = QSizeF(144, 216);
+    setup.page.leftMargin = 18;
+    setup.page.rightMargin = 36;
+    setup.page.topMargin = 54;
+    setup.page.bottomMargin = 45;
+    return setup;
+}
+
+/*! Fills \a document with a black square of so many pixels (96 to the inch). */
+void insertSquare(QTextDocument* document, int side)
+{
+    QImage square(side, side, QImage::Format_RGB32);
+    square.fill(Qt::black);
+    document->addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("square")), square);
+    QTextCursor(document).insertImage(QStringLiteral("square"));
+}
+
+QImage painted(const ORVPagePainter& pages, const ORVPageSetup& setup, int resolution, int page)
+{
+    QImage image((setup.page.usablePaperSize() * resolution / 72).toSize(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    pages.paintPage(&painter, page);
+    return image;
+}
+
+/*! What is not white within \a area; null when all is. */
+QRect darkArea(const QImage& image, const QRect& area)
+{
+    QRect dark;
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (image.pixel(x, y) != qRgb(255, 255, 255))
+                dark |= QRect(x, y, 1, 1);
+        }
+    }
+    return dark;
+}
+
+QRect darkArea(const QImage& image)
+{
+    return darkArea(image, image.rect());
+}
+
+} // namespace
+
+void tst_pagepainter::emptyDocumentIsOnePage()
+{
+    const QTextDocument document;
+    const ORVPageSetup setup = smallPage();
+    const ORVPagePainter pages(&document, setup, 72);
+    QCOMPARE(pages.pageCount(), 1);
+    QCOMPARE(darkArea(painted(pages, setup, 72, 0)), QRect());
+}
+
+void tst_pagepainter::pagesThatDoNotExist()
+{
+    ORVPageSetup setup = smallPage();
+    setup.header.text = QStringLiteral("Header");
+    QTextDocument document;
+    document.setPlainText(QStringLiteral("text"));
+    const ORVPagePainter pages(&document, setup, 72);
+    QCOMPARE(darkArea(painted(pages, setup, 72, 1)), QRect());
+    QCOMPARE(darkArea(painted(pages, setup, 72, -1)), QRect());
+}
+
+void tst_pagepainter::textStandsBetweenTheMargins_data()
+{
+    QTest::addColumn<int>("resolution");
+
+    QTest::newRow("96") << 96;
+    QTest::newRow("192") << 192;
+    QTest::newRow("288") << 288;
+}
+
+// The margins are 18 and 54 points, so 24 and 72 pixels at 96 to the inch.
+void tst_pagepainter::textStandsBetweenTheMargins()
+{
+    QFETCH(int, resolution);
+    QTextDocument document;
+    insertSquare(&document, 30);
+    const ORVPageSetup setup = smallPage();
+    const ORVPagePainter pages(&document, setup, resolution);
+    QCOMPARE(pages.pageCount(), 1);
+    const int factor = resolution / 96;
+    const QRect dark = darkArea(painted(pages, setup, resolution, 0));
+    QCOMPARE(dark.topLeft(), QPoint(24, 72) * factor);
+    QCOMPARE(dark.size(), QSize(30, 30) * factor);
+}
+
+void tst_pagepainter::pageBreaks()
+{
+    QTextDocument document;
+    document.setPlainText(QStringLiteral("one\ntwo\nthree"));
+    QTextBlockFormat format;
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextCursor(document.findBlockByNumber(1)).mergeBlockFormat(format);
+    QTextCursor(document.findBlockByNumber(2)).mergeBlockFormat(format);
+    QCOMPARE(ORVPagePainter(&document, smallPage(), 96).pageCount(), 3);
+}
+
+// 117 points of text are 156 pixels: three squares of 50 pixels, each in a line of its own.
+void tst_pagepainter::longTextFillsPages()
+{
+    QTextDocument document;
+    QFont font;
+    font.setPixelSize(1);
+    document.setDefaultFont(font);
+    for (int i = 0; i < 7; ++i) {
+        insertSquare(&document, 48);
+        if (i < 6)
+            QTextCursor(&document).insertBlock();
+    }
+    const ORVPageSetup setup = smallPage();
+    const ORVPagePainter pages(&document, setup, 96);
+    QCOMPARE(pages.pageCount(), 3);
+    const int counts[] = {3, 3, 1};
+    for (int page = 0; page < 3; ++page) {
+        const QRect dark = darkArea(painted(pages, setup, 96, page));
+        QCOMPARE(dark.top(), 72);
+        QVERIFY(dark.height() >= 48 * counts[page]);
+        QVERIFY(dark.height() < 48 * counts[page] + 12);
+    }
+}
+
+void tst_pagepainter::documentStaysAsItIs()
+{
+    QTextDocument document;
+    document.setPlainText(QStringLiteral("text"));
+    const double margin = document.documentMargin();
+    const QSizeF size = document.pageSize();
+    const ORVPagePainter pages(&document, smallPage(), 96);
+    QCOMPARE(pages.pageCount(), 1);
+    QCOMPARE(document.documentMargin(), margin);
+    QCOMPARE(document.pageSize(), size);
+}
+
+// 48 pixels behind the left margin, which is 24 pixels wide.
+void tst_pagepainter::tabStopsAreHalfAnInchApart()
+{
+    QTextDocument document;
+    document.setPlainText(QStringLiteral("\t"));
+    QImage square(8, 8, QImage::Format_RGB32);
+    square.fill(Qt::black);
+    document.addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("square")), square);
+    QTextCursor cursor(&document);
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertImage(QStringLiteral("square"));
+    const ORVPageSetup setup = smallPage();
+    QCOMPARE(darkArea(painted(ORVPagePainter(&document, setup, 96), setup, 96, 0)).left(), 24 + 48);
+}
+
+void tst_pagepainter::marginTexts_data()
+{
+    QTest::addColumn<bool>("isHeader");
+    QTest::addColumn<int>("alignment");
+    QTest::addColumn<bool>("onFirstPage");
+    QTest::addColumn<int>("page");
+
+    QTest::newRow("header, left") << true << int(Qt::AlignLeft) << true << 0;
+    QTest::newRow("header, right") << true << int(Qt::AlignRight) << true << 1;
+    QTest::newRow("footer, centre") << false << int(Qt::AlignHCenter) << true << 0;
+    QTest::newRow("not on the first page") << true << int(Qt::AlignLeft) << false << 0;
+    QTest::newRow("on the second page") << false << int(Qt::AlignLeft) << false << 1;
+}
+
+// Between the edge of the paper and the text; half the margin away from the edge, where that is less than 36
+// points.
+void tst_pagepainter::marginTexts()
+{
+    QFETCH(bool, isHeader);
+    QFETCH(int, alignment);
+    QFETCH(bool, onFirstPage);
+    QFETCH(int, page);
+    ORVPageSetup setup = smallPage();
+    ORVPageSetup::MarginText& text = isHeader ? setup.header : setup.footer;
+    text.text = QStringLiteral("Mark");
+    text.font.setPointSize(6);
+    text.alignment = Qt::Alignment(alignment);
+    setup.firstPageHasMarginTexts = onFirstPage;
+    QTextDocument document;
+    document.setPlainText(QStringLiteral(" \n "));
+    QTextBlockFormat format;
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextCursor(document.lastBlock()).mergeBlockFormat(format);
+    const ORVPagePainter pages(&document, setup, 96);
+    QCOMPARE(pages.pageCount(), 2);
+
+    // 144 × 216 points are 192 × 288 pixels, with 24 and 48 at the sides, 72 above and 60 below.
+    const QRect dark = darkArea(painted(pages, setup, 96, page));
+    QCOMPARE(dark.isNull(), page == 0 && !onFirstPage);
+    if (dark.isNull())
+        return;
+    const QRect area = isHeader ? QRect(24, 36, 120, 36) : QRect(24, 228, 120, 30);
+    QVERIFY(area.contains(dark));
+    if (alignment == Qt::AlignLeft)
+        QVERIFY(dark.right() < area.center().x());
+    else if (alignment == Qt::AlignRight)
+        QVERIFY(dark.left() > area.center().x());
+    else
+        QVERIFY(qAbs(dark.center().x() - area.center().x()) <= 2);
+}
+
+// What the placeholders give looks as if it had been written so.
+void tst_pagepainter::placeholders()
+{
+    QTextDocument document;
+    document.setPlainText(QStringLiteral(" \n "));
+    QTextBlockFormat format;
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextCursor(document.lastBlock()).mergeBlockFormat(format);
+    ORVPageSetup setup = smallPage();
+    setup.firstNumber = 6;
+    setup.footer.text = QStringLiteral("Page <$p> of <$pagecount>");
+    ORVPageSetup expected = setup;
+    expected.footer.text = QStringLiteral("Page 7 of 2");
+    const QImage image = painted(ORVPagePainter(&document, setup, 96), setup, 96, 1);
+    QCOMPARE(image, painted(ORVPagePainter(&document, expected, 96), expected, 96, 1));
+    QVERIFY(image != painted(ORVPagePainter(&document, expected, 96), expected, 96, 2));
+}
+
+void tst_pagepainter::unusablePaper_data()
+{
+    QTest::addColumn<QSizeF>("paper");
+    QTest::addColumn<double>("margin");
+    QTest::addColumn<QRectF>("textArea");
+
+    QTest::newRow("no paper") << QSizeF(0, 0) << 72.0 << QRectF(72, 72, 468, 648);
+    QTest::newRow("negative") << QSizeF(-600, 800) << 72.0 << QRectF(72, 72, 468, 648);
+    QTest::newRow("a mile") << QSizeF(4561920, 800) << 72.0 << QRectF(72, 72, 468, 648);
+    QTest::newRow("margins meet") << QSizeF(118, 218) << 100.0 << QRectF(50, 100, 18, 18);
+    QTest::newRow("negative margins") << QSizeF(200, 300) << -10.0 << QRectF(0, 0, 200, 300);
+}
+
+void tst_pagepainter::unusablePaper()
+{
+    QFETCH(QSizeF, paper);
+    QFETCH(double, margin);
+    ORVPageSetup setup;
+    setup.page = {paper, margin, margin, margin, margin};
+    QTEST(setup.page.textArea(), "textArea");
+    QTextDocument document;
+    document.setPlainText(QStringLiteral("text"));
+    QVERIFY(ORVPagePainter(&document, setup, 96).pageCount() >= 1);
+}
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
+    QGuiApplication application(argc, argv);
+    tst_pagepainter test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_pagepainter.moc"
