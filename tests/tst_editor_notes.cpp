@@ -1,3 +1,5 @@
+#include "Links.h"
+#include "NoteActions.h"
 #include "NoteDialog.h"
 #include "Notes.h"
 #include "NotesPanel.h"
@@ -7,6 +9,7 @@
 #include "rtfstory.h"
 
 #include <QtGui/QHelpEvent>
+#include <QtWidgets/QListWidget>
 #include <QtWidgets/QToolTip>
 
 using namespace editortest;
@@ -74,7 +77,11 @@ private slots:
 
     void insertedFootnoteIsSaved();
     void insertedCommentIsSaved();
+    void noteIsAttachedToTheWordAtTheCursor_data();
     void noteIsAttachedToTheWordAtTheCursor();
+    void noteOfALinkIsPutBehindIt_data();
+    void noteOfALinkIsPutBehindIt();
+    void fontOfANoteIsSaved();
     void noteOfTwoParagraphsIsAttachedToTheLast();
     void noteWithoutAWordIsPutInLine();
     void secondNoteOfAWordIsPutBehindIt();
@@ -95,6 +102,9 @@ private slots:
     void panelListsAllNotes();
     void panelFollowsTheText();
     void panelShowsThePlaceOfANote();
+    void clickInThePanelShowsThePlace_data();
+    void clickInThePanelShowsThePlace();
+    void doubleClickInThePanelEdits();
     void tipSaysWhatTheNoteSays_data();
     void tipSaysWhatTheNoteSays();
     void printedNotesAreNumbered();
@@ -145,12 +155,64 @@ void TestEditorNotes::insertedCommentIsSaved()
              documentHead() + firstParagraph() + comment("some", "How many?") + run(" words") + "}");
 }
 
+void TestEditorNotes::noteIsAttachedToTheWordAtTheCursor_data()
+{
+    QTest::addColumn<int>("position");
+    QTest::addColumn<QString>("notes");
+    QTest::newRow("first character") << 0 << QStringLiteral("attached footnote 0+3 x");
+    QTest::newRow("within") << 5 << QStringLiteral("attached footnote 4+3 x");
+    QTest::newRow("behind, before punctuation") << 7 << QStringLiteral("attached footnote 4+3 x");
+    QTest::newRow("behind punctuation") << 8 << QStringLiteral("in line footnote 8+1 x");
+}
+
 void TestEditorNotes::noteIsAttachedToTheWordAtTheCursor()
 {
-    m_window->textEdit()->setPlainText(QStringLiteral("one two three"));
-    select(*m_window, 5, 5);
+    QFETCH(int, position);
+    QFETCH(QString, notes);
+    m_window->textEdit()->setPlainText(QStringLiteral("one two."));
+    select(*m_window, position, position);
     trigger("Footnote…", QStringLiteral("x"));
-    QCOMPARE(notesOf(*m_window), QStringLiteral("attached footnote 4+3 x"));
+    QCOMPARE(notesOf(*m_window), notes);
+}
+
+/*! RTF has one of the two only, and the link would be lost. */
+void TestEditorNotes::noteOfALinkIsPutBehindIt_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+    QTest::newRow("cursor in the link") << 4 << 4;
+    QTest::newRow("selected link") << 2 << 6;
+    QTest::newRow("part of it and more") << 0 << 4;
+}
+
+void TestEditorNotes::noteOfALinkIsPutBehindIt()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    QVERIFY(
+        openRtf(*m_window, "{\\rtf1\\ansi A {\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt link}} end{}}"));
+    select(*m_window, from, to);
+    trigger("Comment…", QStringLiteral("new"));
+    QCOMPARE(notesOf(*m_window), QStringLiteral("in line comment 6+3 new"));
+    QCOMPARE(document()->toPlainText(), QStringLiteral("A linknew end"));
+    QCOMPARE(Links::at(*document(), 2).length, 4);
+}
+
+/*! A font of its own, which the document has nowhere else. */
+void TestEditorNotes::fontOfANoteIsSaved()
+{
+    m_window->textEdit()->setPlainText(QStringLiteral("word"));
+    const DialogAnswer<NoteDialog> answer([](NoteDialog* dialog) {
+        QTextCharFormat format;
+        compat::setFontFamily(format, QStringLiteral("Quibble Serif"));
+        QTextCursor(dialog->content()).insertText(QStringLiteral("text"), format);
+        dialog->accept();
+    });
+    actionOf(*m_window, "Footnote…")->trigger();
+    const QByteArray rtf = savedRtf(*m_window);
+    QVERIFY2(fontTableOf(rtf).contains("Quibble Serif"), rtf.constData());
+    QCOMPARE(compat::fontFamily(formatOf(*read(rtf).document, QStringLiteral("text"))),
+             QStringLiteral("Quibble Serif"));
 }
 
 void TestEditorNotes::noteOfTwoParagraphsIsAttachedToTheLast()
@@ -340,6 +402,36 @@ void TestEditorNotes::panelShowsThePlaceOfANote()
     QCOMPARE(m_window->textEdit()->textCursor().selectedText(), QStringLiteral("two"));
     m_window->notesPanel()->showNote(2);
     QCOMPARE(m_window->textEdit()->textCursor().selectedText(), QStringLiteral("two"));
+}
+
+void TestEditorNotes::clickInThePanelShowsThePlace_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::newRow("left") << int(Qt::LeftButton);
+    QTest::newRow("right") << int(Qt::RightButton);
+}
+
+void TestEditorNotes::clickInThePanelShowsThePlace()
+{
+    QFETCH(int, button);
+    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote one}b{\\*\\annotation two}c{}}"));
+    const QListWidget* list = m_window->notesPanel()->findChild<QListWidget*>();
+    const QPoint second = list->visualItemRect(list->item(1)).center();
+    QTest::mousePress(list->viewport(), Qt::MouseButton(button), Qt::NoModifier, second);
+    QCOMPARE(m_window->textEdit()->textCursor().selectedText(), QStringLiteral("two"));
+    QCOMPARE(list->actions(), m_window->findChild<NoteActions*>()->actions());
+}
+
+void TestEditorNotes::doubleClickInThePanelEdits()
+{
+    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote one}b{\\*\\annotation two}c{}}"));
+    const QListWidget* list = m_window->notesPanel()->findChild<QListWidget*>();
+    const QPoint second = list->visualItemRect(list->item(1)).center();
+    const std::unique_ptr<DialogAnswer<NoteDialog>> answer(newAnswer(QStringLiteral("new")));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, second);
+    QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, second);
+    QVERIFY(answer->isGiven());
+    QCOMPARE(document()->toPlainText(), QStringLiteral("aonebnewc"));
 }
 
 void TestEditorNotes::tipSaysWhatTheNoteSays_data()

@@ -107,6 +107,30 @@
         <source>%1[*]</source>
         <translation>%1[*]</translation>
     </message>
+    <message>
+        <source>&amp;Export for other programs…</source>
+        <translation>Für andere Programme &amp;exportieren …</translation>
+    </message>
+    <message>
+        <source>&amp;Revision level</source>
+        <translation>Über&amp;arbeitungsstufe</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>&amp;Ansicht</translation>
+    </message>
+    <message>
+        <source>Only web and mail addresses are opened: %1</source>
+        <translation>Nur Web- und E-Mail-Adressen werden geöffnet: %1</translation>
+    </message>
+    <message>
+        <source>Saved with revision levels, which other programs may not show; for them, export the document</source>
+        <translation>Mit Überarbeitungsstufen gespeichert, die andere Programme vielleicht nicht zeigen; für diese das Dokument exportieren</translation>
+    </message>
+    <message>
+        <source>Export for other programs</source>
+        <translation>Für andere Programme exportieren</translation>
+    </message>
 </context>
 <context>
     <name>FormatActions</name>
@@ -175,6 +199,82 @@
     </message>
 </context>
 <context>
+    <name>LinkActions</name>
+    <message>
+        <source>&amp;Link…</source>
+        <translation>&amp;Link …</translation>
+    </message>
+    <message>
+        <source>&amp;Remove link</source>
+        <translation>Link ent&amp;fernen</translation>
+    </message>
+</context>
+<context>
+    <name>LinkDialog</name>
+    <message>
+        <source>Link</source>
+        <translation>Link</translation>
+    </message>
+    <message>
+        <source>Te&amp;xt:</source>
+        <translation>Te&amp;xt:</translation>
+    </message>
+    <message>
+        <source>&amp;Target:</source>
+        <translation>&amp;Ziel:</translation>
+    </message>
+</context>
+<context>
+    <name>NoteActions</name>
+    <message>
+        <source>&amp;Footnote…</source>
+        <translation>&amp;Fußnote …</translation>
+    </message>
+    <message>
+        <source>&amp;Comment…</source>
+        <translation>&amp;Kommentar …</translation>
+    </message>
+    <message>
+        <source>&amp;Edit note…</source>
+        <translation>Anmerkung &amp;bearbeiten …</translation>
+    </message>
+    <message>
+        <source>&amp;Delete note</source>
+        <translation>Anmerkung &amp;löschen</translation>
+    </message>
+    <message>
+        <source>Edit comment</source>
+        <translation>Kommentar bearbeiten</translation>
+    </message>
+    <message>
+        <source>Edit footnote</source>
+        <translation>Fußnote bearbeiten</translation>
+    </message>
+    <message>
+        <source>Insert footnote</source>
+        <translation>Fußnote einfügen</translation>
+    </message>
+    <message>
+        <source>Insert comment</source>
+        <translation>Kommentar einfügen</translation>
+    </message>
+</context>
+<context>
+    <name>NotesPanel</name>
+    <message>
+        <source>Notes</source>
+        <translation>Anmerkungen</translation>
+    </message>
+    <message>
+        <source>Comment: %1</source>
+        <translation>Kommentar: %1</translation>
+    </message>
+    <message>
+        <source>Footnote: %1</source>
+        <translation>Fußnote: %1</translation>
+    </message>
+</context>
+<context>
     <name>ORVTextRtf</name>
     <message>
         <source>Failed loading RTF file &apos;%1&apos;</source>
@@ -215,6 +315,135 @@
     <message>
         <source>Could not open device</source>
         <translation>Das Gerät ließ sich nicht öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>PageActions</name>
+    <message>
+        <source>Pa&amp;ge set-up…</source>
+        <translation>&amp;Seite einrichten …</translation>
+    </message>
+    <message>
+        <source>Print pre&amp;view…</source>
+        <translation>Druck&amp;vorschau …</translation>
+    </message>
+    <message>
+        <source>Export as P&amp;DF…</source>
+        <translation>Als P&amp;DF exportieren …</translation>
+    </message>
+    <message>
+        <source>Export as PDF</source>
+        <translation>Als PDF exportieren</translation>
+    </message>
+    <message>
+        <source>PDF (*.pdf)</source>
+        <translation>PDF (*.pdf)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written: %2</source>
+        <translation>%1 kann nicht geschrieben werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>PageDialog</name>
+    <message>
+        <source>&amp;None on the first page</source>
+        <translation>&amp;Nicht auf der ersten Seite</translation>
+    </message>
+    <message>
+        <source>The first page &amp;counts</source>
+        <translation>Die erste Seite &amp;zählt mit</translation>
+    </message>
+    <message>
+        <source>Page set-up</source>
+        <translation>Seite einrichten</translation>
+    </message>
+    <message>
+        <source>Other</source>
+        <translation>Andere</translation>
+    </message>
+    <message>
+        <source> mm</source>
+        <translation> mm</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>Links</translation>
+    </message>
+    <message>
+        <source>Centre</source>
+        <translation>Zentriert</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>Rechts</translation>
+    </message>
+    <message>
+        <source>&amp;Paper:</source>
+        <translation>&amp;Papier:</translation>
+    </message>
+    <message>
+        <source>&amp;Width:</source>
+        <translation>&amp;Breite:</translation>
+    </message>
+    <message>
+        <source>&amp;Height:</source>
+        <translation>&amp;Höhe:</translation>
+    </message>
+    <message>
+        <source>&amp;Left margin:</source>
+        <translation>&amp;Linker Rand:</translation>
+    </message>
+    <message>
+        <source>&amp;Right margin:</source>
+        <translation>&amp;Rechter Rand:</translation>
+    </message>
+    <message>
+        <source>&amp;Top margin:</source>
+        <translation>&amp;Oberer Rand:</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom margin:</source>
+        <translation>&amp;Unterer Rand:</translation>
+    </message>
+    <message>
+        <source>H&amp;eader:</source>
+        <translation>&amp;Kopfzeile:</translation>
+    </message>
+    <message>
+        <source>&amp;Footer:</source>
+        <translation>&amp;Fußzeile:</translation>
+    </message>
+    <message>
+        <source>&lt;$p&gt; is the page number, &lt;$pagecount&gt; the number of pages.</source>
+        <translation>&lt;$p&gt; ist die Seitenzahl, &lt;$pagecount&gt; die Anzahl der Seiten.</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewWindow</name>
+    <message>
+        <source>Print preview</source>
+        <translation>Druckvorschau</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;in</source>
+        <translation>&amp;Vergrößern</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;out</source>
+        <translation>Ver&amp;kleinern</translation>
+    </message>
+    <message>
+        <source>&amp;Close</source>
+        <translation>&amp;Schließen</translation>
+    </message>
+    <message>
+        <source>Pages: %1</source>
+        <translation>Seiten: %1</translation>
     </message>
 </context>
 <context>
@@ -297,6 +526,17 @@ Fehler: „%2“</translation>
     </message>
 </context>
 <context>
+    <name>RevisionActions</name>
+    <message>
+        <source>&amp;None</source>
+        <translation>&amp;Keine</translation>
+    </message>
+    <message>
+        <source>Revision &amp;%1</source>
+        <translation>Überarbeitung &amp;%1</translation>
+    </message>
+</context>
+<context>
     <name>TableDialog</name>
     <message>
         <source>Insert table</source>
@@ -324,6 +564,21 @@ Fehler: %2</translation>
 Error: %3</source>
         <translation>Die %1-Datei „%2“ ließ sich nicht laden
 Fehler: %3</translation>
+    </message>
+</context>
+<context>
+    <name>TextTips</name>
+    <message>
+        <source>Comment: %1</source>
+        <translation>Kommentar: %1</translation>
+    </message>
+    <message>
+        <source>Footnote: %1</source>
+        <translation>Fußnote: %1</translation>
+    </message>
+    <message>
+        <source>Ctrl+click opens the link</source>
+        <translation>Strg+Klick öffnet den Link</translation>
     </message>
 </context>
 <context>
@@ -479,54 +734,6 @@ Fehler: %3</translation>
         <translation>Das Programm ist nicht vollständig installiert: %1</translation>
     </message>
     <message>
-        <source>Converts and examines Rich Text Format files.
-
-Commands:
-  convert IN OUT  Convert between RTF, HTML and plain text. The suffixes (.rtf,
-                  .html, .htm or .txt) say which, unless --from and --to do. IN
-                  can also be .doc, .docx or .odt, where LibreOffice, AbiWord or
-                  pandoc is installed. Any other IN is taken for RTF.
-  info IN         Count what IN holds: paragraphs, words, characters, fonts,
-                  pictures, links, notes, tables and lists.
-  check IN        Say whether IN is sound.
-  strip IN OUT    Copy RTF without pictures, list numbers and unknown control words.
-
-IN and OUT can be &quot;-&quot; for the standard input and output. HTML is UTF-8 and holds its
-pictures. Plain text is UTF-8 too: a line for each paragraph, table cell and line
-break, no-break spaces kept, pictures left out. RTF is written for other programs
-unless --storage asks for the application&apos;s own form.
-
-Damaged RTF loses no text: what can be read is written, one line on the standard
-error says what is wrong, and the exit status is 1.
-
-Exit status: 0 all is well; 1 IN is damaged, or reading or writing failed; 2 the
-command line is wrong. A failed conversion leaves no partial output file.</source>
-        <translation>Konvertiert und untersucht Dateien im Rich Text Format.
-
-Befehle:
-  convert IN OUT  Zwischen RTF, HTML und reinem Text konvertieren. Die Endungen (.rtf,
-                  .html, .htm oder .txt) sagen, welches, wenn nicht --from und --to
-                  es tun. IN kann auch .doc, .docx oder .odt sein, wo LibreOffice,
-                  AbiWord oder pandoc installiert ist. Jedes andere IN gilt als RTF.
-  info IN         Zählen, was IN enthält: Absätze, Wörter, Zeichen, Schriften, Bilder,
-                  Links, Anmerkungen, Tabellen und Listen.
-  check IN        Sagen, ob IN unbeschädigt ist.
-  strip IN OUT    RTF ohne Bilder, Listennummern und unbekannte Steuerwörter kopieren.
-
-IN und OUT können „-“ sein: Standardeingabe und Standardausgabe. HTML ist UTF-8 und
-enthält seine Bilder. Auch reiner Text ist UTF-8: eine Zeile für jeden Absatz, jede
-Tabellenzelle und jeden Zeilenumbruch, geschützte Leerzeichen bleiben, Bilder fallen
-weg. RTF wird für andere Programme geschrieben, wenn nicht --storage die eigene Form
-der Anwendung verlangt.
-
-Beschädigtes RTF verliert keinen Text: was lesbar ist, wird geschrieben, eine Zeile
-auf der Standardfehlerausgabe sagt, was nicht stimmt, und der Exit-Status ist 1.
-
-Exit-Status: 0 alles in Ordnung; 1 IN ist beschädigt, oder Lesen oder Schreiben ist
-gescheitert; 2 die Befehlszeile stimmt nicht. Eine gescheiterte Konvertierung
-hinterlässt keine unvollständige Ausgabedatei.</translation>
-    </message>
-    <message>
         <source>Show this help.</source>
         <translation>Diese Hilfe zeigen.</translation>
     </message>
@@ -549,10 +756,6 @@ hinterlässt keine unvollständige Ausgabedatei.</translation>
     <message>
         <source>name</source>
         <translation>Name</translation>
-    </message>
-    <message>
-        <source>Format of OUT for convert: rtf, html or txt.</source>
-        <translation>Format von OUT für convert: rtf, html oder txt.</translation>
     </message>
     <message>
         <source>Write RTF in the application&apos;s own form.</source>
@@ -623,18 +826,6 @@ hinterlässt keine unvollständige Ausgabedatei.</translation>
         <translation>„%1“ ist Eingabe und Ausgabe zugleich</translation>
     </message>
     <message>
-        <source>unknown output format &quot;%1&quot;, known are rtf, html and txt</source>
-        <translation>Unbekanntes Ausgabeformat „%1“, bekannt sind rtf, html und txt</translation>
-    </message>
-    <message>
-        <source>the standard output needs --to rtf, --to html or --to txt</source>
-        <translation>Die Standardausgabe braucht --to rtf, --to html oder --to txt</translation>
-    </message>
-    <message>
-        <source>cannot tell the format of &quot;%1&quot; by its suffix, known are .rtf, .html, .htm and .txt</source>
-        <translation>Die Endung von „%1“ verrät das Format nicht, bekannt sind .rtf, .html, .htm und .txt</translation>
-    </message>
-    <message>
         <source>%1 takes one input file</source>
         <translation>%1 braucht eine Eingabedatei</translation>
     </message>
@@ -661,6 +852,188 @@ hinterlässt keine unvollständige Ausgabedatei.</translation>
     <message>
         <source>no temporary file: %1</source>
         <translation>Keine temporäre Datei: %1</translation>
+    </message>
+    <message>
+        <source>%1 converted with errors</source>
+        <translation>%1 mit Fehlern konvertiert</translation>
+    </message>
+    <message>
+        <source>%1 failed</source>
+        <translation>%1 gescheitert</translation>
+    </message>
+    <message>
+        <source>%1 interrupted</source>
+        <translation>%1 unterbrochen</translation>
+    </message>
+    <message>
+        <source>%1 not tried</source>
+        <translation>%1 nicht versucht</translation>
+    </message>
+    <message>
+        <source>%1 converted</source>
+        <translation>%1 konvertiert</translation>
+    </message>
+    <message>
+        <source>cannot make the directory %1</source>
+        <translation>das Verzeichnis %1 lässt sich nicht anlegen</translation>
+    </message>
+    <message>
+        <source>Convert many files, into this directory.</source>
+        <translation>Viele Dateien konvertieren, in dieses Verzeichnis.</translation>
+    </message>
+    <message>
+        <source>directory</source>
+        <translation>Verzeichnis</translation>
+    </message>
+    <message>
+        <source>Convert so many files at the same time: 1 unless given; 0 or auto is one for each processor.</source>
+        <translation>So viele Dateien gleichzeitig konvertieren: 1, wenn nichts angegeben ist; 0 oder auto: eine für jeden Prozessor.</translation>
+    </message>
+    <message>
+        <source>number</source>
+        <translation>Zahl</translation>
+    </message>
+    <message>
+        <source>Convert the other files when one fails; otherwise no new one is begun then.</source>
+        <translation>Die anderen Dateien konvertieren, wenn eine scheitert; sonst wird dann keine neue begonnen.</translation>
+    </message>
+    <message>
+        <source>Give up a file of many after so many seconds: 600 unless given; 0 is never.</source>
+        <translation>Eine von vielen Dateien nach so vielen Sekunden aufgeben: 600, wenn nichts angegeben ist; 0: nie.</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>Sekunden</translation>
+    </message>
+    <message>
+        <source>--output-dir takes a directory</source>
+        <translation>--output-dir verlangt ein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>--jobs takes a number or auto, not &quot;%1&quot;</source>
+        <translation>--jobs verlangt eine Zahl oder auto, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>--timeout takes a number of seconds, not &quot;%1&quot;</source>
+        <translation>--timeout verlangt eine Zahl von Sekunden, nicht „%1“</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; and &quot;%2&quot; would both become &quot;%3&quot;</source>
+        <translation>„%1“ und „%2“ würden beide zu „%3“</translation>
+    </message>
+    <message>
+        <source>Format of OUT for convert: rtf, html, txt, odt, pdf or png.</source>
+        <translation>Format von OUT für convert: rtf, html, txt, odt, pdf oder png.</translation>
+    </message>
+    <message>
+        <source>unknown output format &quot;%1&quot;, known are rtf, html, txt, odt, pdf and png</source>
+        <translation>unbekanntes Ausgabeformat „%1“, bekannt sind rtf, html, txt, odt, pdf und png</translation>
+    </message>
+    <message>
+        <source>the standard output needs --to rtf, html, txt, odt or pdf</source>
+        <translation>die Standardausgabe verlangt --to rtf, html, txt, odt oder pdf</translation>
+    </message>
+    <message>
+        <source>cannot tell the format of &quot;%1&quot; by its suffix, known are .rtf, .html, .htm, .txt, .odt, .pdf and .png</source>
+        <translation>an der Endung von „%1“ ist das Format nicht zu erkennen, bekannt sind .rtf, .html, .htm, .txt, .odt, .pdf und .png</translation>
+    </message>
+    <message>
+        <source>png is a file for each page and cannot go to the standard output</source>
+        <translation>png ist eine Datei für jede Seite und kann nicht auf die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>convert --output-dir takes input files</source>
+        <translation>convert --output-dir verlangt Eingabedateien</translation>
+    </message>
+    <message>
+        <source>the standard input does not go with --output-dir</source>
+        <translation>die Standardeingabe passt nicht zu --output-dir</translation>
+    </message>
+    <message>
+        <source>--output-dir needs --to</source>
+        <translation>--output-dir verlangt --to</translation>
+    </message>
+    <message>
+        <source>--%1 goes with --output-dir only</source>
+        <translation>--%1 passt nur zu --output-dir</translation>
+    </message>
+    <message>
+        <source>the picture cannot be made</source>
+        <translation>das Bild lässt sich nicht herstellen</translation>
+    </message>
+    <message>
+        <source>not done within %1 seconds</source>
+        <translation>nicht fertig innerhalb von %1 Sekunden</translation>
+    </message>
+    <message>
+        <source>the conversion crashed</source>
+        <translation>die Konvertierung ist abgestürzt</translation>
+    </message>
+    <message>
+        <source>exit status %1</source>
+        <translation>Exit-Status %1</translation>
+    </message>
+    <message>
+        <source>cannot convert %1: %2</source>
+        <translation>%1 lässt sich nicht konvertieren: %2</translation>
+    </message>
+    <message>
+        <source>Converts and examines Rich Text Format files.
+
+Commands:
+  convert IN OUT  Convert between RTF, HTML and plain text, and to ODT, PDF and
+                  PNG. The suffixes (.rtf, .html, .htm, .txt; .odt, .pdf, .png) say
+                  which, unless --from and --to do. IN can also be .doc, .docx or
+                  .odt, where LibreOffice, AbiWord or pandoc is installed. Any other
+                  IN is taken for RTF.
+  convert IN... --output-dir DIR --to FORMAT
+                  Convert each IN to a file of the same name, with the suffix of the
+                  format, in DIR, which is made when it is missing.
+  info IN         Count what IN holds: paragraphs, words, characters, fonts,
+                  pictures, links, notes, tables and lists.
+  check IN        Say whether IN is sound.
+  strip IN OUT    Copy RTF without pictures, list numbers and unknown control words.
+
+IN and OUT can be &quot;-&quot; for the standard input and output. HTML is UTF-8 and holds its
+pictures. Plain text is UTF-8 too: a line for each paragraph, table cell and line
+break, no-break spaces kept, pictures left out. RTF is written for other programs
+unless --storage asks for the application&apos;s own form. PDF and PNG have the pages that
+RTF states, else A4; PNG is a picture for each: OUT.png, OUT-2.png and so on.
+
+Damaged RTF is converted as far as it can be read; then one line on the standard
+error says what is wrong, and the exit status is 1.
+
+Exit status: 0 all is well; 1 IN is damaged, or reading or writing failed; 2 the
+command line is wrong. A failed conversion leaves no partial output file.</source>
+        <translation>Konvertiert und untersucht Dateien im Rich Text Format.
+
+Befehle:
+  convert IN OUT  Zwischen RTF, HTML und reinem Text konvertieren, und nach ODT, PDF
+                  und PNG. Die Endungen (.rtf, .html, .htm, .txt; .odt, .pdf, .png)
+                  sagen, welches, wenn nicht --from und --to es tun. IN kann auch
+                  .doc, .docx oder .odt sein, wo LibreOffice, AbiWord oder pandoc
+                  installiert ist. Jedes andere IN gilt als RTF.
+  convert IN... --output-dir DIR --to FORMAT
+                  Jedes IN in eine Datei desselben Namens mit der Endung des Formats
+                  konvertieren, in DIR, das angelegt wird, wenn es fehlt.
+  info IN         Zählen, was IN enthält: Absätze, Wörter, Zeichen, Schriften, Bilder,
+                  Links, Anmerkungen, Tabellen und Listen.
+  check IN        Sagen, ob IN unbeschädigt ist.
+  strip IN OUT    RTF ohne Bilder, Listennummern und unbekannte Steuerwörter kopieren.
+
+IN und OUT können „-“ sein: Standardeingabe und Standardausgabe. HTML ist UTF-8 und
+enthält seine Bilder. Auch reiner Text ist UTF-8: eine Zeile für jeden Absatz, jede
+Tabellenzelle und jeden Zeilenumbruch, geschützte Leerzeichen bleiben, Bilder fallen
+weg. RTF wird für andere Programme geschrieben, wenn nicht --storage die eigene Form
+der Anwendung verlangt. PDF und PNG haben die Seiten, die das RTF angibt, sonst A4;
+PNG ist ein Bild für jede Seite: OUT.png, OUT-2.png und so weiter.
+
+Beschädigtes RTF wird konvertiert, soweit es lesbar ist; eine Zeile auf der
+Standardfehlerausgabe sagt dann, was nicht stimmt, und der Exit-Status ist 1.
+
+Exit-Status: 0 alles in Ordnung; 1 IN ist beschädigt, oder Lesen oder Schreiben ist
+gescheitert; 2 die Befehlszeile stimmt nicht. Eine gescheiterte Konvertierung
+hinterlässt keine unvollständige Ausgabedatei.</translation>
     </message>
 </context>
 </TS>

@@ -126,6 +126,7 @@ void EditorWindow::createFormatMenus()
 void EditorWindow::createNotesPanel()
 {
     addDockWidget(Qt::RightDockWidgetArea, m_notesPanel);
+    m_notesPanel->setMenu(m_noteActions->actions());
     connect(m_notesPanel, &NotesPanel::editRequested, m_noteActions, &NoteActions::editNote);
     menuBar()->addMenu(tr("&View"))->addAction(m_notesPanel->toggleViewAction());
 }

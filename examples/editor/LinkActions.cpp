@@ -25,7 +25,7 @@ bool isControlClick(const QEvent* event)
 LinkActions::LinkActions(RichTextEdit* edit) : QObject(edit), m_edit(edit)
 {
     QAction* link = new QAction(tr("&Link…"), this);
-    link->setShortcut(Qt::CTRL | Qt::Key_K);
+    link->setShortcut(QKeySequence(QStringLiteral("Ctrl+K")));
     connect(link, &QAction::triggered, this, &LinkActions::askForLink);
     QAction* remove = new QAction(tr("&Remove link"), this);
     connect(remove, &QAction::triggered, this, &LinkActions::removeLink);

@@ -2,6 +2,7 @@
 
 #include "DocumentParts.h"
 #include "FragmentFormats.h"
+#include "Links.h"
 #include "RtfDocument.h"
 
 #include <ORVRtfProperties.h>
@@ -11,6 +12,8 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+
+#include <algorithm>
 
 using namespace ORVRtfProperty;
 
@@ -65,31 +68,52 @@ QTextCursor selectionOf(QTextDocument* document, int from, int to)
     return cursor;
 }
 
-bool hasNote(const QTextCursor& selection)
+/*! Whether \a selection, of one paragraph, has neither a note nor a link: with both, RTF would have one. */
+bool isFree(const QTextCursor& selection)
 {
-    QVector<Note> notes;
-    appendNotes(selection.block(), &notes);
-    for (const Note& note : qAsConst(notes)) {
-        if (note.position < selection.selectionEnd()
-            && note.position + note.length > selection.selectionStart())
-            return true;
+    const QTextBlock block = selection.block();
+    for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        const bool isSelected = fragment.position() < selection.selectionEnd()
+            && fragment.position() + fragment.length() > selection.selectionStart();
+        const QTextCharFormat format = fragment.charFormat();
+        if (isSelected && (noteOf(format).length > 0 || format.isAnchor()))
+            return false;
     }
-    return false;
+    return true;
+}
+
+bool isWord(const QString& text)
+{
+    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isLetterOrNumber(); });
+}
+
+/*! The word that \a place is in or beside. Punctuation, which is a word too for Qt, counts as none. */
+QTextCursor wordAt(QTextCursor place)
+{
+    QTextCursor word = place;
+    word.select(QTextCursor::WordUnderCursor);
+    if (!isWord(word.selectedText()) && !place.atBlockStart()) {
+        word.setPosition(place.position() - 1);
+        word.select(QTextCursor::WordUnderCursor);
+    }
+    if (isWord(word.selectedText()))
+        return word;
+    place.clearSelection();
+    return place;
 }
 
 /*! What a note at \a place can be attached to; selects nothing where it cannot. */
 QTextCursor anchorAt(const QTextCursor& place)
 {
-    QTextCursor anchor = place;
-    if (!anchor.hasSelection())
-        anchor.select(QTextCursor::WordUnderCursor);
+    const QTextCursor anchor = place.hasSelection() ? place : wordAt(place);
     const int end = anchor.selectionEnd();
     // Text of several paragraphs would have the note once for each.
     const int begin = qMax(anchor.selectionStart(), anchor.document()->findBlock(end).position());
-    anchor = selectionOf(anchor.document(), begin, end);
-    if (hasNote(anchor))
-        anchor.clearSelection();
-    return anchor;
+    QTextCursor within = selectionOf(anchor.document(), begin, end);
+    if (!isFree(within))
+        within.clearSelection();
+    return within;
 }
 
 QByteArray toRtf(const QTextDocument& content)
@@ -125,9 +149,12 @@ void attach(const QTextCursor& anchor, Note::Kind kind, const QByteArray& conten
         });
 }
 
-/*! A place for a note in line at \a place: outside of other notes, and apart from one in front of it. */
+/*! A place for a note in line at \a place: outside of links and notes, and apart from one in front of it. */
 QTextCursor placeInLine(QTextCursor place)
 {
+    const Link link = Links::at(*place.document(), place.position());
+    if (link.position < place.position())
+        place.setPosition(qMax(place.position(), link.position + link.length));
     const Note other = Notes::at(place);
     if (other.length == 0)
         return place;

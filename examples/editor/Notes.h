@@ -45,7 +45,7 @@ void copyContent(const QTextDocument& document, const Note& note, QTextDocument*
 /*!
     Adds a note that says what \a content holds, as one step for undo. It is attached to what \a place
     selects, or else to the word there. Where nothing can have it, because there is no word or because that
-    has a note, it is put there in line.
+    has a note or is a link, it is put there in line.
 */
 void insert(QTextCursor place, Note::Kind kind, const QTextDocument& content);
 /*! Has \a note of \a document say what \a content holds. */

@@ -20,17 +20,25 @@ NotesPanel::NotesPanel(QTextEdit* edit, QWidget* parent)
     setWidget(m_list);
     m_list->setWordWrap(true);
     m_list->setSpacing(2);
+    m_list->setResizeMode(QListView::Adjust);
     m_list->setAlternatingRowColors(true);
     m_timer.setSingleShot(true);
     m_timer.setInterval(pause);
     connect(&m_timer, &QTimer::timeout, this, &NotesPanel::refresh);
     connect(m_edit, &QTextEdit::textChanged, &m_timer, QOverload<>::of(&QTimer::start));
     const auto rowOf = [this](const QListWidgetItem* item) { return m_list->row(item); };
-    connect(m_list, &QListWidget::itemClicked, this, [=](QListWidgetItem* item) { showNote(rowOf(item)); });
+    // Also with the right button, so that a context menu is about the note.
+    connect(m_list, &QListWidget::itemPressed, this, [=](QListWidgetItem* item) { showNote(rowOf(item)); });
     connect(m_list, &QListWidget::itemActivated, this, [=](QListWidgetItem* item) {
         showNote(rowOf(item));
         emit editRequested();
     });
+}
+
+void NotesPanel::setMenu(const QList<QAction*>& actions)
+{
+    m_list->addActions(actions);
+    m_list->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 QStringList NotesPanel::texts() const

@@ -7,6 +7,7 @@
 #include <QHash>
 #include <QTimer>
 
+class QAction;
 class QListWidget;
 class QTextEdit;
 
@@ -21,6 +22,8 @@ class NotesPanel : public QDockWidget {
 public:
     NotesPanel(QTextEdit* edit, QWidget* parent);
 
+    /*! Offers \a actions, which are about the note at the cursor, as the context menu. */
+    void setMenu(const QList<QAction*>& actions);
     /*! What the list shows, a note each. */
     QStringList texts() const;
     /*! Brings the list up to date; to be called when the text edit has got another document. */

@@ -9,7 +9,7 @@
 
 namespace {
 
-// As much of a note as a tool tip shows, in characters.
+// As much of a note or target as a tool tip shows, in characters.
 const int shownLength = 1000;
 
 /*! Lines that are broken where they get long, whatever \a text looks like. */
@@ -37,7 +37,7 @@ QString TextTips::textAt(int position) const
     }
     const Link link = Links::at(*m_edit->document(), position);
     if (link.length > 0) {
-        lines << Links::shownTarget(link);
+        lines << Links::shownTarget(link).left(shownLength);
         if (!Links::addressToOpen(link).isEmpty())
             lines << tr("Ctrl+click opens the link");
     }

@@ -34,7 +34,7 @@ const char* const description = QT_TRANSLATE_NOOP(
     "unless --storage asks for the application's own form. PDF and PNG have the pages that\n"
     "RTF states, else A4; PNG is a picture for each: OUT.png, OUT-2.png and so on.\n"
     "\n"
-    "Damaged RTF loses no text: what can be read is written, one line on the standard\n"
+    "Damaged RTF is converted as far as it can be read; then one line on the standard\n"
     "error says what is wrong, and the exit status is 1.\n"
     "\n"
     "Exit status: 0 all is well; 1 IN is damaged, or reading or writing failed; 2 the\n"
