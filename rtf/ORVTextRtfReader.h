@@ -59,17 +59,19 @@ public:
     qint64 pos() const;
 
     /*!
+        \name The page
         Size and margins of the page as the last read found them, in twips and as they stand in the file: a
-        damaged file may have any numbers. Where a file states nothing, US Letter with margins of 1800 twips
-       at the sides and 1440 above and below. The document itself does not keep them. To have them written
-       again, the writer takes them from properties of the document, see ORVTextRtfWriter::write().
+        damaged file may have any numbers. The document itself does not keep them. To have them written
+        again, the writer takes them from properties of the document, see ORVTextRtfWriter::write().
     */
-    int paperWidth() const;
-    int paperHeight() const;
-    int marginLeft() const;
-    int marginRight() const;
-    int marginTop() const;
-    int marginBottom() const;
+    //!@{
+    int paperWidth() const; //!< `\paperw`, 12240 unless stated.
+    int paperHeight() const; //!< `\paperh`, 15840 unless stated.
+    int marginLeft() const; //!< `\margl`, 1800 unless stated.
+    int marginRight() const; //!< `\margr`, 1800 unless stated.
+    int marginTop() const; //!< `\margt`, 1440 unless stated.
+    int marginBottom() const; //!< `\margb`, 1440 unless stated.
+    //!@}
 
     /*! Whether fonts are hinted: full hinting when true, none when false (the default). */
     static bool DefaultFontHinting;

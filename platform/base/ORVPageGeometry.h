@@ -15,11 +15,16 @@ class QTextDocument;
     below, as RTF has it where a file says nothing of its page.
 */
 struct ORV_PLATFORM_EXPORT ORVPageGeometry {
+    /*! Width and height of the paper. */
     QSizeF paperSize = QSizeF(612, 792);
-    double leftMargin = 90;
-    double rightMargin = 90;
-    double topMargin = 72;
-    double bottomMargin = 72;
+    /*! \name Margins
+        Empty space between the edges of the paper and the text. */
+    //!@{
+    double leftMargin = 90; //!< At the left.
+    double rightMargin = 90; //!< At the right.
+    double topMargin = 72; //!< Above the text; the header stands in it.
+    double bottomMargin = 72; //!< Below the text; the footer stands in it.
+    //!@}
 
     /*!
         The page that the dynamic properties "paperSize" (QSizeF), "leftMargin", "rightMargin", "topMargin"

@@ -18,12 +18,17 @@ struct ORV_PLATFORM_EXPORT ORVPageSetup {
     struct MarginText {
         /*! "<$p>" stands for the page number, "<$pagecount>" for the number of pages; empty for none. */
         QString text;
+        /*! Only the horizontal alignment is used. */
         Qt::Alignment alignment = Qt::AlignLeft;
+        /*! Font of the whole text. */
         QFont font;
     };
 
+    /*! Paper and margins. */
     ORVPageGeometry page;
+    /*! In the top margin. */
     MarginText header;
+    /*! In the bottom margin. */
     MarginText footer;
     /*! Whether the first page has a header and footer too. */
     bool firstPageHasMarginTexts = true;

@@ -2,13 +2,13 @@
 
 #include "RtfImport.h"
 
+#include <ORVCoreUtil.h>
 #include <ORVTextRtfReader.h>
 #include <TextTransform.h>
 
 #include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 namespace {
 
@@ -18,11 +18,14 @@ QString message(const char* text)
     return QCoreApplication::translate("TextDocSupport", text);
 }
 
+/*! Reads the file \a path, which is needed no longer then. */
 QStringList loadConverted(const QString& path, QTextDocument* document)
 {
     QFile file(path);
     ORVTextRtfReader reader(&file);
-    if (readRtfWithPage(reader, document))
+    const bool isSound = readRtfWithPage(reader, document);
+    file.remove();
+    if (isSound)
         return QStringList();
     return {message("Failed loading converted RTF file '%1'\nError: %2").arg(path, reader.errorString())};
 }
@@ -31,8 +34,7 @@ QStringList loadConverted(const QString& path, QTextDocument* document)
 
 QStringList loadWithEngine(const QString& path, ORVImportExport::Engine engine, QTextDocument* document)
 {
-    const QTemporaryDir folder;
-    const QString converted = folder.filePath(QLatin1String("converted.rtf"));
+    const QString converted = ORVCoreUtil::GetNewTempFilePath(QLatin1String("rtf"));
     QString details;
     const TextTransform::Error error =
         TextTransform::transformFileViaTools(path, converted, ORVFormat::Rtf, engine, &details, true);
