@@ -68,6 +68,8 @@ private slots:
     void resourceIdDoesNotDependOnMetadata();
 
     void pngBytesHoldThePixels();
+    void bytesDoNotDependOnWhatIsNoPixel_data();
+    void bytesDoNotDependOnWhatIsNoPixel();
     void bytesOfWhatCannotBeWrittenAreEmpty_data();
     void bytesOfWhatCannotBeWrittenAreEmpty();
     void qualityIsUsedAndClamped();
@@ -212,6 +214,34 @@ void TestGuiUtil::pngBytesHoldThePixels()
     const QByteArray bytes = ORVGuiUtil::toByteArray(image, "PNG", -1);
     QVERIFY(bytes.startsWith("\x89PNG\r\n\x1a\n"));
     QCOMPARE(QImage::fromData(bytes).convertToFormat(QImage::Format_RGB32), image);
+}
+
+void TestGuiUtil::bytesDoNotDependOnWhatIsNoPixel_data()
+{
+    QTest::addColumn<int>("format");
+    QTest::addColumn<int>("strayBits");
+    QTest::newRow("mono, high bit first") << int(QImage::Format_Mono) << 0x1f;
+    QTest::newRow("mono, low bit first") << int(QImage::Format_MonoLSB) << 0xf8;
+}
+
+/*! Three pixels take three bits of a byte; the other five are stray. */
+void TestGuiUtil::bytesDoNotDependOnWhatIsNoPixel()
+{
+    QFETCH(int, format);
+    QFETCH(int, strayBits);
+    QImage clean(3, 2, QImage::Format(format));
+    clean.setColorTable(QVector<QRgb>() << qRgb(0, 0, 0) << qRgb(255, 255, 255));
+    clean.fill(0);
+    QImage stray = clean.copy();
+    for (int y = 0; y < stray.height(); ++y)
+        stray.scanLine(y)[0] |= uchar(strayBits);
+    QCOMPARE(stray, clean);
+
+    const QByteArray png = ORVGuiUtil::toByteArray(clean, "PNG", -1);
+    QCOMPARE(ORVGuiUtil::toByteArray(stray, "PNG", -1), png);
+    QCOMPARE(QImage::fromData(png).convertToFormat(QImage::Format_RGB32),
+             clean.convertToFormat(QImage::Format_RGB32));
+    QCOMPARE(stray.constScanLine(0)[0], uchar(strayBits));
 }
 
 void TestGuiUtil::bytesOfWhatCannotBeWrittenAreEmpty_data()

@@ -25,6 +25,7 @@ private slots:
     void cleanup() { ORVUnit::setScreenResolution(96); }
 
     void nullDocumentsAreLeftAlone();
+    void pagesInTwips();
     void paragraphs_data();
     void paragraphs();
     void keepBitsAreNotLineWrapping();
@@ -137,6 +138,17 @@ void tst_stockformats::nullDocumentsAreLeftAlone()
     ORVStockFormats::toStock(nullptr);
     ORVStockFormats::fromStock(nullptr);
     QCOMPARE(ORVPageGeometry::of(nullptr).paperSize, QSizeF(612, 792));
+}
+
+/*! A twip is a twentieth of a point. */
+void tst_stockformats::pagesInTwips()
+{
+    const ORVPageGeometry page = ORVPageGeometry::fromTwips(QSize(8400, 11901), QMargins(1080, 720, 20, -10));
+    QCOMPARE(page.paperSize, QSizeF(420, 595.05));
+    QCOMPARE(page.leftMargin, 54.0);
+    QCOMPARE(page.topMargin, 36.0);
+    QCOMPARE(page.rightMargin, 1.0);
+    QCOMPARE(page.bottomMargin, -0.5);
 }
 
 void tst_stockformats::paragraphs_data()

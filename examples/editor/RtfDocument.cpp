@@ -10,23 +10,6 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
-namespace {
-
-const double twipsPerPoint = 20;
-
-ORVPageGeometry pageOf(const ORVTextRtfReader& reader)
-{
-    ORVPageGeometry page;
-    page.paperSize = QSizeF(reader.paperWidth(), reader.paperHeight()) / twipsPerPoint;
-    page.leftMargin = reader.marginLeft() / twipsPerPoint;
-    page.rightMargin = reader.marginRight() / twipsPerPoint;
-    page.topMargin = reader.marginTop() / twipsPerPoint;
-    page.bottomMargin = reader.marginBottom() / twipsPerPoint;
-    return page;
-}
-
-} // namespace
-
 bool RtfDocument::read(const QByteArray& rtf, QTextDocument* document, QString* message)
 {
     const bool hasUndo = document->isUndoRedoEnabled();
@@ -38,7 +21,10 @@ bool RtfDocument::read(const QByteArray& rtf, QTextDocument* document, QString* 
     const bool isSound = reader.read(document);
     *message = reader.errorString();
     // First, since the right edges of paragraphs depend on it.
-    pageOf(reader).setOn(document);
+    const ORVPageGeometry page = ORVPageGeometry::fromTwips(
+        QSize(reader.paperWidth(), reader.paperHeight()),
+        QMargins(reader.marginLeft(), reader.marginTop(), reader.marginRight(), reader.marginBottom()));
+    page.setOn(document);
     ORVStockFormats::toStock(document);
     document->setUndoRedoEnabled(hasUndo);
     return isSound;

@@ -25,9 +25,9 @@ int main(int argc, char** argv)
     out << "left margin: " << reader.marginLeft() << " twips\n";
 
     // Properties of the document, from which the writer takes the page as well.
-    ORVPageGeometry page;
-    page.paperSize = QSizeF(reader.paperWidth() / 20.0, reader.paperHeight() / 20.0);
-    page.leftMargin = page.rightMargin = 54;
+    const ORVPageGeometry page = ORVPageGeometry::fromTwips(
+        QSize(reader.paperWidth(), reader.paperHeight()),
+        QMargins(reader.marginLeft(), reader.marginTop(), reader.marginRight(), reader.marginBottom()));
     page.setOn(&document);
 
     ORVPageSetup setup;

@@ -60,6 +60,17 @@ ORVPageGeometry ORVPageGeometry::of(const QTextDocument* document)
     return page;
 }
 
+ORVPageGeometry ORVPageGeometry::fromTwips(const QSize& paper, const QMargins& margins)
+{
+    ORVPageGeometry page;
+    page.paperSize = QSizeF(paper) / twipsPerPoint;
+    page.leftMargin = margins.left() / twipsPerPoint;
+    page.rightMargin = margins.right() / twipsPerPoint;
+    page.topMargin = margins.top() / twipsPerPoint;
+    page.bottomMargin = margins.bottom() / twipsPerPoint;
+    return page;
+}
+
 void ORVPageGeometry::setOn(QTextDocument* document) const
 {
     if (!document)

@@ -3,6 +3,7 @@
 
 #include "ORVPlatformGlobal.h"
 
+#include <QtCore/QMargins>
 #include <QtCore/QRectF>
 #include <QtCore/QSizeF>
 
@@ -32,6 +33,11 @@ struct ORV_PLATFORM_EXPORT ORVPageGeometry {
         default-constructed. A default-constructed page when \a document is null.
     */
     static ORVPageGeometry of(const QTextDocument* document);
+    /*!
+        The page with paper of the size \a paper and the margins \a margins, both in twips, as
+        ORVTextRtfReader has them.
+    */
+    static ORVPageGeometry fromTwips(const QSize& paper, const QMargins& margins);
     /*! Sets those properties of \a document; does nothing when it is null. */
     void setOn(QTextDocument* document) const;
 

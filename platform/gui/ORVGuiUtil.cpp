@@ -27,6 +27,19 @@ uchar lastByteMask(const QImage& image)
                                                     : uchar(0xff << (8 - usedBits));
 }
 
+// The bits behind the last pixel of a line can be anything. Encoders would write them out.
+QImage withoutStrayBits(const QImage& image)
+{
+    const uchar mask = lastByteMask(image);
+    if (mask == 0xff)
+        return image;
+    QImage result(image);
+    const int last = int(qint64(image.width()) * image.depth() / 8);
+    for (int y = 0; y < result.height(); ++y)
+        result.scanLine(y)[last] &= mask;
+    return result;
+}
+
 // The bytes of a scanline in which only what is a pixel counts: whole bytes that lie beyond the width, the
 // bits of the last byte that do, and the byte that Format_RGB32 leaves undefined can hold anything.
 class ScanlineReader {
@@ -95,7 +108,7 @@ QByteArray ORVGuiUtil::toByteArray(const QImage& image, const char* format, int 
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    if (!image.save(&buffer, format, qBound(-1, quality, 100)))
+    if (!withoutStrayBits(image).save(&buffer, format, qBound(-1, quality, 100)))
         return QByteArray();
     return bytes;
 }

@@ -3,21 +3,12 @@
 #include <ORVPageGeometry.h>
 #include <ORVTextRtfReader.h>
 
-namespace {
-
-const double twipsPerPoint = 20;
-
-} // namespace
-
 bool readRtfWithPage(ORVTextRtfReader& reader, QTextDocument* document)
 {
     const bool isSound = reader.read(document);
-    ORVPageGeometry page;
-    page.paperSize = QSizeF(reader.paperWidth(), reader.paperHeight()) / twipsPerPoint;
-    page.leftMargin = reader.marginLeft() / twipsPerPoint;
-    page.rightMargin = reader.marginRight() / twipsPerPoint;
-    page.topMargin = reader.marginTop() / twipsPerPoint;
-    page.bottomMargin = reader.marginBottom() / twipsPerPoint;
+    const ORVPageGeometry page = ORVPageGeometry::fromTwips(
+        QSize(reader.paperWidth(), reader.paperHeight()),
+        QMargins(reader.marginLeft(), reader.marginTop(), reader.marginRight(), reader.marginBottom()));
     page.setOn(document);
     return isSound;
 }
