@@ -208,24 +208,16 @@ inline QChar fromByte(char byte)
     return QChar(ushort(uchar(byte)));
 }
 
-/*! The text that \a bytes are in Latin-1. */
+/*! The text that \a bytes are in Latin-1, zero bytes included, at which Qt before version 6 ends a QByteArray. */
 inline QString fromLatin1(const QByteArray& bytes)
 {
-#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    return QString::fromLatin1(bytes);
-#else
-    return QString::fromLatin1(bytes.constData());
-#endif
+    return QString::fromLatin1(bytes.constData(), int(bytes.size()));
 }
 
-/*! The text that \a bytes are in UTF-8. */
+/*! The text that \a bytes are in UTF-8, zero bytes included, at which Qt before version 6 ends a QByteArray. */
 inline QString fromUtf8(const QByteArray& bytes)
 {
-#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
-    return QString::fromUtf8(bytes);
-#else
-    return QString::fromUtf8(bytes.constData());
-#endif
+    return QString::fromUtf8(bytes.constData(), int(bytes.size()));
 }
 
 /*! The number of bytes of \a text. */

@@ -41,6 +41,7 @@ private slots:
     void otherSuffixGivesFalseAndNoMessage_data();
     void otherSuffixGivesFalseAndNoMessage();
     void plainTextIsLatin1WithLineFeeds();
+    void zeroBytesEndNoText();
     void htmlIsUtf8();
     void missingTextOrHtmlGivesTrue_data();
     void missingTextOrHtmlGivesTrue();
@@ -167,6 +168,13 @@ void TestLoadFile::plainTextIsLatin1WithLineFeeds()
     writeFile(path(QStringLiteral("a.txt")), "caf\xe9 \xc3\xa9 <b>\r\nnext\nlast");
     QVERIFY(load(QStringLiteral("a.txt")));
     QCOMPARE(m_document->toPlainText(), QString::fromUtf8("caf\xc3\xa9 \xc3\x83\xc2\xa9 <b>\nnext\nlast"));
+}
+
+void TestLoadFile::zeroBytesEndNoText()
+{
+    writeFile(path(QStringLiteral("text.txt")), QByteArray("a\0b", 3));
+    QVERIFY(load(QStringLiteral("text.txt")));
+    QCOMPARE(m_document->toPlainText(), QString::fromLatin1("a\0b", 3));
 }
 
 void TestLoadFile::htmlIsUtf8()

@@ -91,6 +91,10 @@ private slots:
     void plainText();
     void encodingOfText_data();
     void encodingOfText();
+    void zeroBytesEndNoText_data();
+    void zeroBytesEndNoText();
+    void zeroBytesEndNoHtml();
+    void halfAUnitOfUtf16IsShown();
 
     void usageErrors_data();
     void usageErrors();
@@ -393,6 +397,10 @@ void tst_tool_writing::encodingOfText_data()
     QTest::newRow("UTF-8 with byte order mark") << QByteArray("\xef\xbb\xbf"
                                                               "caf\xc3\xa9");
     QTest::newRow("Latin-1") << QByteArray("caf\xe9");
+    QTest::newRow("UTF-16, high byte first") << QByteArray("\xfe\xff\0c\0a\0f\0\xe9", 10);
+    QTest::newRow("UTF-16, low byte first") << QByteArray("\xff\xfe"
+                                                          "c\0a\0f\0\xe9\0",
+                                                          10);
 }
 
 void tst_tool_writing::encodingOfText()
@@ -402,6 +410,41 @@ void tst_tool_writing::encodingOfText()
         const ToolRun result = run(words("convert - - --to txt --from") + words(format), content);
         QCOMPARE(result.out, QByteArray("caf\xc3\xa9\n"));
     }
+}
+
+void tst_tool_writing::zeroBytesEndNoText_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QByteArray>("text");
+
+    QTest::newRow("ASCII") << QByteArray("a\0b", 3) << QByteArray("a\0b\n", 4);
+    QTest::newRow("UTF-8") << QByteArray("\xc3\xa9\0b", 4) << QByteArray("\xc3\xa9\0b\n", 5);
+    QTest::newRow("Latin-1") << QByteArray("\xe9\0b", 3) << QByteArray("\xc3\xa9\0b\n", 5);
+    QTest::newRow("UTF-16") << QByteArray("\xfe\xff\0a\0\0\0b", 8) << QByteArray("a\0b\n", 4);
+    QTest::newRow("first") << QByteArray("\0b", 2) << QByteArray("\0b\n", 3);
+}
+
+void tst_tool_writing::zeroBytesEndNoText()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QByteArray, text);
+    QCOMPARE(run(words("convert - - --from txt --to txt"), content).out, text);
+}
+
+void tst_tool_writing::zeroBytesEndNoHtml()
+{
+    const ToolRun result =
+        run(words("convert - - --from html --to txt"), QByteArray("<p>a</p>\0<p>b</p>", 17));
+    QVERIFY2(result.out.endsWith("b\n"), result.out.constData());
+}
+
+void tst_tool_writing::halfAUnitOfUtf16IsShown()
+{
+    const ToolRun result = run(words("convert - - --from txt --to txt"),
+                               QByteArray("\xff\xfe"
+                                          "a\0b",
+                                          5));
+    QCOMPARE(result.out, QByteArray("a\xef\xbf\xbd\n"));
 }
 
 void tst_tool_writing::usageErrors_data()

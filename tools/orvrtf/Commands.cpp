@@ -7,6 +7,7 @@
 #include "Messages.h"
 #include "RtfImport.h"
 #include "Streams.h"
+#include "TextDecoding.h"
 
 #include <ORVTextRtfReader.h>
 #include <ORVTextRtfStripper.h>
@@ -25,16 +26,6 @@ struct ReadResult {
     QString message;
 };
 
-/*! Text is UTF-8, with or without a byte order mark, where it is valid as that, else Latin-1. */
-QString decoded(QByteArray bytes)
-{
-    const QByteArray mark = "\xef\xbb\xbf";
-    if (bytes.startsWith(mark))
-        bytes.remove(0, mark.size());
-    const QString text = QString::fromUtf8(bytes);
-    return text.toUtf8() == bytes ? text : QString::fromLatin1(bytes);
-}
-
 void readRtf(QIODevice* device, QTextDocument& document, ReadResult& result)
 {
     ORVTextRtfReader reader(device);
@@ -50,8 +41,8 @@ ReadResult readDocument(const QString& path, Options::Format format, QTextDocume
     if (input.open(path)) {
         switch (format) {
         case Options::Rtf: readRtf(input.device(), document, result); break;
-        case Options::Html: document.setHtml(decoded(input.device()->readAll())); break;
-        default: document.setPlainText(decoded(input.device()->readAll())); break;
+        case Options::Html: document.setHtml(decodedText(input.device()->readAll())); break;
+        default: document.setPlainText(decodedText(input.device()->readAll())); break;
         }
         result.hasInput = input.isReadToEnd();
     }
