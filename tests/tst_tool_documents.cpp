@@ -36,6 +36,9 @@ private slots:
     void plainTextOfTable();
     void picturesOfTheDocumentOnly();
     void outlinedTextIsVisibleInHtml();
+    void exactLineHeightsInHtmlArePixels();
+    void titleOfHtml_data();
+    void titleOfHtml();
     void underlinesInHtml_data();
     void underlinesInHtml();
     void listItemsWithoutMarkerInHtml();
@@ -271,6 +274,52 @@ void tst_tool_documents::outlinedTextIsVisibleInHtml()
     QTextCursor(&document).insertText(text("outlined"), format);
     const QByteArray html = documentToHtml(document);
     QVERIFY2(html.contains("color:#008000;\">outlined<"), html.constData());
+}
+
+// A browser takes a number without a unit for a multiple of the line.
+void tst_tool_documents::exactLineHeightsInHtmlArePixels()
+{
+    const QString written = text("line-height:7; -qt-line-height-type: fixed; style=\"");
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    QTextBlockFormat format;
+    format.setLineHeight(20, QTextBlockFormat::FixedHeight);
+    cursor.setBlockFormat(format);
+    cursor.insertText(written + written);
+    const QByteArray html = documentToHtml(document);
+    const QByteArray shown = "line-height:7; -qt-line-height-type: fixed; style=&quot;";
+    QVERIFY2(html.contains(shown + shown), html.constData());
+    QCOMPARE(html.count("line-height:20px; -qt-line-height-type: fixed;"), 1);
+    QCOMPARE(html.count("px; -qt-line-height-type"), 1);
+}
+
+void tst_tool_documents::titleOfHtml_data()
+{
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QByteArray>("element");
+
+    QTest::newRow("plain") << "A title" << QByteArray("<title>A title</title>");
+    QTest::newRow("about encodings") << "Of charset=utf-8" << QByteArray("<title>Of charset=utf-8</title>");
+    QTest::newRow("like HTML") << "<head></head></title><b>&"
+                               << QByteArray(
+                                      "<title>&lt;head&gt;&lt;/head&gt;&lt;/title&gt;&lt;b&gt;&amp;</title>");
+    QTest::newRow("like an encoding")
+        << "<meta charset=x>" << QByteArray("<title>&lt;meta charset=x&gt;</title>");
+}
+
+/*! Whatever the title is, the file says which encoding it has. */
+void tst_tool_documents::titleOfHtml()
+{
+    QFETCH(QString, title);
+    QFETCH(QByteArray, element);
+    QTextDocument document;
+    document.setPlainText(text("text"));
+    document.setMetaInformation(QTextDocument::DocumentTitle, title);
+    const QByteArray html = documentToHtml(document);
+    const QByteArray head = html.left(html.indexOf("</head>"));
+    QVERIFY2(head.contains(element), html.constData());
+    QCOMPARE(html.count("<title>"), 1);
+    QCOMPARE(head.count("<meta charset=\"utf-8\" />"), 1);
 }
 
 void tst_tool_documents::underlinesInHtml_data()

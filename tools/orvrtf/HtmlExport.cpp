@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QImage>
 #include <QPen>
+#include <QStringList>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -114,21 +115,40 @@ void adaptFormats(QTextDocument& document, QTextCursor& cursor)
     }
 }
 
-/*! Without it a browser takes the file for its system's 8-bit encoding. */
-void declareEncoding(QString& html)
+/*! The HTML of \a document without its title, which Qt would write as if it were HTML itself. */
+QString untitledHtml(QTextDocument& document)
+{
+    document.setMetaInformation(QTextDocument::DocumentTitle, QString());
+    return document.toHtml();
+}
+
+/*! Adds \a title, and the encoding: without it a browser takes the file for its system's 8-bit one. */
+void completeHead(QString& html, const QString& title)
 {
     const QString head = QLatin1String("<head>");
     const auto start = html.indexOf(head) + head.size();
     const auto end = html.indexOf(QLatin1String("</head>"));
+    QString added;
     if (!html.mid(start, end - start).contains(QLatin1String("charset=")))
-        html.insert(start, QLatin1String("<meta charset=\"utf-8\" />"));
+        added += QLatin1String("<meta charset=\"utf-8\" />");
+    if (!title.isEmpty())
+        added += QLatin1String("<title>") + title.toHtmlEscaped() + QLatin1String("</title>");
+    html.insert(start, added);
 }
 
 /*! Qt leaves out the unit of an exact line height: a browser would take the pixels for lines. */
 void addLineHeightUnit(QString& html)
 {
     const QString type = QLatin1String("; -qt-line-height-type: fixed;");
-    html.replace(type, QLatin1String("px") + type);
+    // In text, a quotation mark is "&quot;": this stands in tags only.
+    const QString attribute = QLatin1String(" style=\"");
+    QStringList parts = html.split(attribute);
+    for (int i = 1; i < parts.size(); ++i) {
+        QString& part = parts[i];
+        const auto length = part.indexOf(QLatin1Char('"'));
+        part.replace(0, length, part.left(length).replace(type, QLatin1String("px") + type));
+    }
+    html = parts.join(attribute);
 }
 
 } // namespace
@@ -141,8 +161,9 @@ QByteArray documentToHtml(QTextDocument& document)
     adaptFormats(document, cursor);
     cursor.endEditBlock();
     makeListsVisible(document);
-    QString html = document.toHtml();
-    declareEncoding(html);
+    const QString title = document.metaInformation(QTextDocument::DocumentTitle);
+    QString html = untitledHtml(document);
+    completeHead(html, title);
     addLineHeightUnit(html);
     return html.toUtf8();
 }
