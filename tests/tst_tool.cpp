@@ -58,6 +58,7 @@ private slots:
     void version();
     void help();
     void needsNoDisplay();
+    void platformOfTheEnvironmentIsNotUsed();
     void incompleteInstallation();
     void fileNamesInCLocale();
     void fileNamesThatLookLikeOptions();
@@ -598,6 +599,16 @@ void tst_tool::needsNoDisplay()
     m_environment.insert(QLatin1String("WAYLAND_DISPLAY"), QLatin1String("no-such-socket"));
     const ToolRun result = run(words("convert - - --to txt"), "{\\rtf1 Text}");
     QCOMPARE(result.err, QByteArray());
+    QCOMPARE(result.out, QByteArray("Text\n"));
+}
+
+/*! Qt gives up a program whose platform does not work. */
+void tst_tool::platformOfTheEnvironmentIsNotUsed()
+{
+    m_environment.insert(QLatin1String("QT_QPA_PLATFORM"), QLatin1String("no-such-platform"));
+    const ToolRun result = run(words("convert - - --to txt"), "{\\rtf1 Text}");
+    QCOMPARE(result.err, QByteArray());
+    QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.out, QByteArray("Text\n"));
 }
 

@@ -8,11 +8,10 @@
 
 namespace {
 
-/*! Nothing is ever shown; with a display Qt would want to reach it all the same. */
+/*! Nothing is ever shown: no display need be there, whatever the environment says of one. */
 void needNoDisplay()
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
 } // namespace
