@@ -19,6 +19,7 @@ private slots:
     void headingsOfHelp();
     void errors_data();
     void errors();
+    void conversionOfManyFiles();
     void infoForPeople();
     void infoForPrograms();
     void withoutTranslations();
@@ -116,6 +117,17 @@ void tst_german::errors()
     QCOMPARE(run(arguments.split(QLatin1Char(' ')), input).err, german);
     setLocale("C");
     QCOMPARE(run(arguments.split(QLatin1Char(' ')), input).err, english);
+}
+
+/*! Each file is converted by a program of its own, which is to speak as the first, also in a locale that is
+ * not installed. */
+void tst_german::conversionOfManyFiles()
+{
+    write("a.rtf", "{\\rtf1 a}}");
+    setLocale("de_XX.UTF-8");
+    QCOMPARE(run(words("convert a.rtf --to txt --output-dir out")).err,
+             QByteArray("orvrtf: a.rtf: „{“ ohne Gegenstück in der RTF-Datei\n"
+                        "orvrtf: 0 konvertiert, 1 mit Fehlern konvertiert\n"));
 }
 
 void tst_german::infoForPeople()

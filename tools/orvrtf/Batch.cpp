@@ -60,7 +60,7 @@ QString Tally::summary() const
 /*! The run of a batch. */
 class Batch {
 public:
-    Batch(const BatchPlan& plan, const QString& program);
+    Batch(const BatchPlan& plan, const QString& program, const QProcessEnvironment& environment);
     ExitCode run();
     /*! The signal that has interrupted the run, 0 for none. */
     int signal() const { return m_signals.signal(); }
@@ -82,13 +82,13 @@ private:
     QEventLoop m_loop;
 };
 
-Batch::Batch(const BatchPlan& plan, const QString& program)
+Batch::Batch(const BatchPlan& plan, const QString& program, const QProcessEnvironment& environment)
     : m_plan(plan), m_signals([this] { stop(); }), m_bar(int(plan.files.size())),
       m_tally(int(plan.files.size()))
 {
     const int count = qMin(plan.jobs, int(plan.files.size()));
     for (int i = 0; i < count; ++i)
-        m_workers.push_back(std::make_unique<Worker>(program, plan.timeout));
+        m_workers.push_back(std::make_unique<Worker>(program, environment, plan.timeout));
 }
 
 ExitCode Batch::run()
@@ -153,13 +153,13 @@ void Batch::print(const QByteArray& lines)
 
 } // namespace
 
-int runBatch(const BatchPlan& plan, const QString& program)
+int runBatch(const BatchPlan& plan, const QString& program, const QProcessEnvironment& environment)
 {
     if (!QDir().mkpath(plan.outputDirectory)) {
         printError(Messages::tr("cannot make the directory %1").arg(plan.outputDirectory));
         return Failure;
     }
-    Batch batch(plan, program);
+    Batch batch(plan, program, environment);
     const ExitCode code = batch.run();
     if (batch.signal() != 0)
         Interruption::endBy(batch.signal());

@@ -21,8 +21,10 @@ Worker::FileId::FileId(const QString& path)
     }
 }
 
-Worker::Worker(const QString& program, int timeout) : m_program(program), m_timeout(timeout)
+Worker::Worker(const QString& program, const QProcessEnvironment& environment, int timeout)
+    : m_program(program), m_timeout(timeout)
 {
+    m_process.setProcessEnvironment(environment);
     m_process.setStandardInputFile(QProcess::nullDevice());
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_timer.setSingleShot(true);

@@ -4,6 +4,7 @@
 #include "BatchPlan.h"
 
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTimer>
 
 #include <functional>
@@ -23,8 +24,9 @@ public:
     };
     typedef std::function<void(Worker& worker)> Callback;
 
-    /*! \a program is started for each file, which may take \a timeout seconds (0 for any time). */
-    Worker(const QString& program, int timeout);
+    /*! \a program is started in \a environment for each file, which may take \a timeout seconds (0 for any
+     * time). */
+    Worker(const QString& program, const QProcessEnvironment& environment, int timeout);
     ~Worker();
     /*! Begins to convert \a file and calls \a finished at the end, never from inside this function. */
     void start(const BatchFile& file, const Callback& finished);

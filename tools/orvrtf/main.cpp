@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QLibrary>
+#include <QProcessEnvironment>
 
 #include <clocale>
 #include <langinfo.h>
@@ -53,15 +54,15 @@ bool needsModule(Options::Command command)
 }
 
 /*! Carries out what needs no documents: starts the conversions of many files, says what the options ask for,
- * or what is wrong with them. */
-int answer(const Options& options)
+ * or what is wrong with them. \a environment is that of the program as it was started. */
+int answer(const Options& options, const QProcessEnvironment& environment)
 {
     if (options.command == Options::Help)
         return print(options.text);
     if (options.command == Options::Version)
         return print(QLatin1String("orvrtf " ORVRTF_VERSION "\n"));
     if (options.command == Options::Batch)
-        return runBatch(options.batch, QCoreApplication::applicationFilePath());
+        return runBatch(options.batch, QCoreApplication::applicationFilePath(), environment);
     printError(Messages::tr("%1; see orvrtf --help").arg(options.text));
     return UsageError;
 }
@@ -90,6 +91,7 @@ int runInModule(const Options& options, char* programName, const QString& progra
 int main(int argc, char** argv)
 {
     const QStringList languages = Translations::wantedLanguages();
+    const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     useUtf8InsteadOfAscii();
     qInstallMessageHandler(ignoreMessages);
     QString programFolder;
@@ -100,7 +102,7 @@ int main(int argc, char** argv)
         programFolder = QCoreApplication::applicationDirPath();
         options = Options::parse(QCoreApplication::arguments());
         if (!needsModule(options.command))
-            return answer(options);
+            return answer(options, environment);
     }
     options.languages = languages;
     return runInModule(options, argv[0], programFolder);
