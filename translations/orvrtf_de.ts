@@ -994,11 +994,12 @@ Commands:
   check IN        Say whether IN is sound.
   strip IN OUT    Copy RTF without pictures, list numbers and unknown control words.
 
-IN and OUT can be &quot;-&quot; for the standard input and output. HTML is UTF-8 and holds its
-pictures. Plain text is UTF-8 too: a line for each paragraph, table cell and line
-break, no-break spaces kept, pictures left out. RTF is written for other programs
-unless --storage asks for the application&apos;s own form. PDF and PNG have the pages that
-RTF states, else A4; PNG is a picture for each: OUT.png, OUT-2.png and so on.
+IN and OUT can be &quot;-&quot; for the standard input and output; names with a leading dash go
+behind &quot;--&quot;. HTML is UTF-8 and holds its pictures. Plain text is UTF-8 too: a line for
+each paragraph, table cell and line break, no-break spaces kept, pictures left out. RTF
+is written for other programs unless --storage asks for the application&apos;s own form. PDF
+and PNG have the pages that the RTF states, US Letter where it states none, and A4 for
+other IN; PNG is a picture for each: OUT.png, OUT-2.png and so on.
 
 Damaged RTF is converted as far as it can be read; then one line on the standard
 error says what is wrong, and the exit status is 1.
@@ -1021,12 +1022,13 @@ Befehle:
   check IN        Sagen, ob IN unbeschädigt ist.
   strip IN OUT    RTF ohne Bilder, Listennummern und unbekannte Steuerwörter kopieren.
 
-IN und OUT können „-“ sein: Standardeingabe und Standardausgabe. HTML ist UTF-8 und
-enthält seine Bilder. Auch reiner Text ist UTF-8: eine Zeile für jeden Absatz, jede
-Tabellenzelle und jeden Zeilenumbruch, geschützte Leerzeichen bleiben, Bilder fallen
-weg. RTF wird für andere Programme geschrieben, wenn nicht --storage die eigene Form
-der Anwendung verlangt. PDF und PNG haben die Seiten, die das RTF angibt, sonst A4;
-PNG ist ein Bild für jede Seite: OUT.png, OUT-2.png und so weiter.
+IN und OUT können „-“ sein: Standardeingabe und Standardausgabe. Namen, die mit einem
+Strich beginnen, stehen hinter „--“. HTML ist UTF-8 und enthält seine Bilder. Auch
+reiner Text ist UTF-8: eine Zeile für jeden Absatz, jede Tabellenzelle und jeden
+Zeilenumbruch, geschützte Leerzeichen bleiben, Bilder fallen weg. RTF wird für andere
+Programme geschrieben, wenn nicht --storage die eigene Form der Anwendung verlangt. PDF
+und PNG haben die Seiten, die das RTF angibt, US Letter, wenn es keine angibt, und A4
+bei anderem IN; PNG ist ein Bild für jede Seite: OUT.png, OUT-2.png und so weiter.
 
 Beschädigtes RTF wird konvertiert, soweit es lesbar ist; eine Zeile auf der
 Standardfehlerausgabe sagt dann, was nicht stimmt, und der Exit-Status ist 1.
