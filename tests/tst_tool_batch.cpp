@@ -356,6 +356,8 @@ void tst_tool_batch::picturesOfPages_data()
     QTest::newRow("no first page") << "a-1.png" << false;
     QTest::newRow("no page of a number below 0") << "a--2.png" << false;
     QTest::newRow("no number") << "a-x.png" << false;
+    QTest::newRow("leading zero") << "a-02.png" << false;
+    QTest::newRow("sign") << "a-+2.png" << false;
     QTest::newRow("page of another") << "b-2.png" << false;
     QTest::newRow("other format") << "a-2.txt" << false;
 }

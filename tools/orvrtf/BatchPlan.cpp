@@ -18,7 +18,9 @@ QString firstPageOf(const QString& output)
     if (dash < 0 || !output.endsWith(suffix))
         return QString();
     const QString number = output.mid(dash + 1, output.size() - suffix.size() - dash - 1);
-    return number.toInt() < 2 ? QString() : output.left(dash) + suffix;
+    const int page = number.toInt();
+    // "a-02.png" is the first page of a file of its own.
+    return page < 2 || number != QString::number(page) ? QString() : output.left(dash) + suffix;
 }
 
 QString conflict(const QString& input, const QString& otherInput, const QString& output)
