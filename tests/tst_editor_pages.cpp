@@ -63,6 +63,11 @@ private slots:
 
     void pageOfAFileIsSaved();
     void dialogKeepsWhatIsNotChanged();
+    void dialogKeepsLengthsBeyondItsRange_data();
+    void dialogKeepsLengthsBeyondItsRange();
+    void dialogKeepsTheAlignment_data();
+    void dialogKeepsTheAlignment();
+    void dialogChangesTheAlignment();
     void dialogChoosesPaper();
     void dialogShowsThePaper_data();
     void dialogShowsThePaper();
@@ -196,6 +201,70 @@ void TestEditorPages::dialogKeepsWhatIsNotChanged()
     const QByteArray rtf = savedRtf(*m_window);
     QVERIFY2(rtf.contains("\\paperw11906\\paperh16838\\margl1701\\margr567\\margt1417\\margb1137"),
              rtf.constData());
+}
+
+void TestEditorPages::dialogKeepsLengthsBeyondItsRange_data()
+{
+    QTest::addColumn<QSizeF>("paper");
+    QTest::addColumn<double>("margin");
+    QTest::newRow("negative margin") << QSizeF(612, 792) << -36.0;
+    // 22 inches are 1584 points.
+    QTest::newRow("paper of more than 22 inches") << QSizeF(1600, 3000) << 72.0;
+    QTest::newRow("neither") << QSizeF(1584, 500) << 0.0;
+}
+
+void TestEditorPages::dialogKeepsLengthsBeyondItsRange()
+{
+    QFETCH(QSizeF, paper);
+    QFETCH(double, margin);
+    PageSettings settings;
+    settings.page.paperSize = paper;
+    settings.page.leftMargin = margin;
+    settings.page.topMargin = margin;
+    const PageDialog dialog(settings, nullptr);
+    const ORVPageGeometry page = dialog.settings().page;
+    QCOMPARE(page.paperSize, paper);
+    QCOMPARE(page.leftMargin, margin);
+    QCOMPARE(page.topMargin, margin);
+}
+
+void TestEditorPages::dialogKeepsTheAlignment_data()
+{
+    QTest::addColumn<int>("alignment");
+    QTest::newRow("left") << int(Qt::AlignLeft);
+    QTest::newRow("centre") << int(Qt::AlignHCenter);
+    QTest::newRow("right") << int(Qt::AlignRight);
+    QTest::newRow("none of the choices") << int(Qt::AlignJustify);
+    QTest::newRow("more than a choice") << int(Qt::AlignRight | Qt::AlignBottom);
+}
+
+void TestEditorPages::dialogKeepsTheAlignment()
+{
+    QFETCH(int, alignment);
+    PageSettings settings;
+    settings.header.option.setAlignment(Qt::Alignment(alignment));
+    settings.footer.option.setAlignment(Qt::Alignment(alignment));
+    const PageDialog dialog(settings, nullptr);
+    QCOMPARE(int(dialog.settings().header.option.alignment()), alignment);
+    QCOMPARE(int(dialog.settings().footer.option.alignment()), alignment);
+}
+
+void TestEditorPages::dialogChangesTheAlignment()
+{
+    PageSettings settings;
+    settings.header.option.setAlignment(Qt::AlignJustify);
+    settings.footer.option.setAlignment(Qt::AlignJustify);
+    const PageDialog dialog(settings, nullptr);
+    const QList<QComboBox*> boxes = dialog.findChildren<QComboBox*>();
+    QVector<QComboBox*> alignments;
+    for (QComboBox* box : boxes) {
+        if (box->findText(QStringLiteral("Centre")) >= 0)
+            alignments << box;
+    }
+    QCOMPARE(alignments.size(), 2);
+    alignments.first()->setCurrentIndex(alignments.first()->findText(QStringLiteral("Centre")));
+    QCOMPARE(int(dialog.settings().header.option.alignment()), int(Qt::AlignHCenter));
+    QCOMPARE(int(dialog.settings().footer.option.alignment()), int(Qt::AlignJustify));
 }
 
 void TestEditorPages::dialogChoosesPaper()

@@ -21,16 +21,9 @@ const double longestSide = 558.8;
 /*! What \a box says, in points: just what it was made with, unless the user has changed it. */
 double points(const QDoubleSpinBox* box)
 {
-    const double before = box->property("points").toDouble();
-    const QString shown = box->textFromValue(before * millimetresPerPoint);
-    return box->textFromValue(box->value()) == shown ? before : box->value() / millimetresPerPoint;
-}
-
-ORVTextPage changed(ORVTextPage page, const QString& text, Qt::Alignment alignment)
-{
-    page.text = text;
-    page.option.setAlignment(alignment);
-    return page;
+    // What it shows is rounded, and within its range.
+    const bool isChanged = box->value() != box->property("shown").toDouble();
+    return isChanged ? box->value() / millimetresPerPoint : box->property("points").toDouble();
 }
 
 } // namespace
@@ -95,6 +88,7 @@ QDoubleSpinBox* PageDialog::createLength(const char* name, double points)
     box->setSuffix(tr(" mm"));
     box->setValue(points * millimetresPerPoint);
     box->setProperty("points", points);
+    box->setProperty("shown", box->value());
     return box;
 }
 
@@ -109,7 +103,7 @@ PageDialog::MarginText PageDialog::createMarginText(const char* name, const ORVT
     const int current =
         alignment->findData(int(text.option.alignment() & (Qt::AlignHCenter | Qt::AlignRight)));
     alignment->setCurrentIndex(qMax(0, current));
-    return {edit, alignment};
+    return {edit, alignment, alignment->currentIndex()};
 }
 
 QCheckBox* PageDialog::createCheckBox(const QString& text, bool isChecked)
@@ -152,8 +146,10 @@ void PageDialog::createLayout(QComboBox* papers)
 
 PageSettings PageDialog::settings() const
 {
-    const auto text = [](const ORVTextPage& before, const MarginText& now) {
-        return changed(before, now.text->text(), Qt::Alignment(now.alignment->currentData().toInt()));
+    const auto apply = [](const MarginText& marginText, ORVTextPage* page) {
+        page->text = marginText.text->text();
+        if (marginText.alignment->currentIndex() != marginText.shownAlignment)
+            page->option.setAlignment(Qt::Alignment(marginText.alignment->currentData().toInt()));
     };
     PageSettings settings = m_settings;
     settings.page.paperSize = QSizeF(points(m_width), points(m_height));
@@ -161,8 +157,8 @@ PageSettings PageDialog::settings() const
     settings.page.rightMargin = points(m_right);
     settings.page.topMargin = points(m_top);
     settings.page.bottomMargin = points(m_bottom);
-    settings.header = text(settings.header, m_header);
-    settings.footer = text(settings.footer, m_footer);
+    apply(m_header, &settings.header);
+    apply(m_footer, &settings.footer);
     settings.notOnFirstPage = m_notOnFirstPage->isChecked();
     settings.countFirstPage = m_countFirstPage->isChecked();
     return settings;

@@ -25,6 +25,8 @@ private:
     struct MarginText {
         QLineEdit* text;
         QComboBox* alignment;
+        // The index that was chosen at first, which is not all that an alignment can be.
+        int shownAlignment;
     };
 
     QComboBox* createPapers();
