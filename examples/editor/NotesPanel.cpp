@@ -56,6 +56,7 @@ void NotesPanel::refresh()
     QStringList shown;
     for (const Note& note : qAsConst(m_notes))
         shown << textOf(note);
+    forgetOldContents();
     if (shown == texts())
         return; // the user's place in the list stays
     m_list->clear();
@@ -74,6 +75,16 @@ QString NotesPanel::textOf(const Note& note)
     }
     text = text.left(shownLength).simplified();
     return note.kind == Note::Comment ? tr("Comment: %1").arg(text) : tr("Footnote: %1").arg(text);
+}
+
+void NotesPanel::forgetOldContents()
+{
+    QHash<QByteArray, QString> contents;
+    for (const Note& note : qAsConst(m_notes)) {
+        if (note.isAttached)
+            contents.insert(note.content, m_contents.value(note.content));
+    }
+    m_contents.swap(contents);
 }
 
 void NotesPanel::showNote(int row)

@@ -37,11 +37,12 @@ signals:
 
 private:
     QString textOf(const Note& note);
+    void forgetOldContents();
 
     QTextEdit* m_edit;
     QListWidget* m_list;
     QVector<Note> m_notes;
-    // What attached notes say, so that each is read once.
+    // What the attached notes that are listed say, so that each is read once.
     QHash<QByteArray, QString> m_contents;
     QTimer m_timer;
 };
