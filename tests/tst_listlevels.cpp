@@ -15,6 +15,7 @@ private slots:
     void nullDocumentIsLeftAlone();
     void markers_data();
     void markers();
+    void numbersAboveFromRightToLeft();
     void positionsStay();
     void listsOfOneLevelAreLeftAlone();
 };
@@ -90,6 +91,22 @@ void tst_listlevels::markers()
     fill(&document, listLevels, levels);
     ORVListLevels::separate(&document);
     QTEST(markersOf(document).join(QLatin1Char(' ')), "markers");
+}
+
+// Qt writes what is around the number the other way round: ".1" for the template "%0.".
+void tst_listlevels::numbersAboveFromRightToLeft()
+{
+    QTextDocument document;
+    fill(&document, {level(ORVTextListLevel::Decimal, "%0."), level(ORVTextListLevel::LowerLetter, "%1.%0)")},
+         {0, 0, 1});
+    QTextBlockFormat format;
+    format.setLayoutDirection(Qt::RightToLeft);
+    QTextCursor cursor(&document);
+    cursor.select(QTextCursor::Document);
+    cursor.mergeBlockFormat(format);
+    ORVListLevels::separate(&document);
+    QCOMPARE(markersOf(document),
+             QStringList({QStringLiteral(".1"), QStringLiteral(".2"), QStringLiteral(")a2.")}));
 }
 
 // The list of level n adds n steps of 40 pixels more.

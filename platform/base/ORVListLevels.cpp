@@ -28,8 +28,10 @@ QString numberOf(const QTextBlock& item)
     const QString text = item.textList()->itemText(item);
     const QString suffix =
         format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QString(QLatin1Char('.'));
-    const int prefixLength = int(format.numberPrefix().size());
-    return text.mid(prefixLength, text.size() - prefixLength - suffix.size());
+    const QString prefix = format.numberPrefix();
+    // From right to left the suffix comes first.
+    const QString& before = item.textDirection() == Qt::RightToLeft ? suffix : prefix;
+    return text.mid(before.size(), text.size() - prefix.size() - suffix.size());
 }
 
 /*! The template of \a level with the numbers of the levels above it, which no longer change. */
