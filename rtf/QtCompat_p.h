@@ -208,13 +208,13 @@ inline QChar fromByte(char byte)
     return QChar(ushort(uchar(byte)));
 }
 
-/*! The text that \a bytes are in Latin-1, zero bytes included, at which Qt before version 6 ends a QByteArray. */
+/*! The text that \a bytes are in Latin-1, zero bytes and all: Qt before version 6 ends a QByteArray there. */
 inline QString fromLatin1(const QByteArray& bytes)
 {
     return QString::fromLatin1(bytes.constData(), int(bytes.size()));
 }
 
-/*! The text that \a bytes are in UTF-8, zero bytes included, at which Qt before version 6 ends a QByteArray. */
+/*! The text that \a bytes are in UTF-8, zero bytes and all: Qt before version 6 ends a QByteArray there. */
 inline QString fromUtf8(const QByteArray& bytes)
 {
     return QString::fromUtf8(bytes.constData(), int(bytes.size()));
