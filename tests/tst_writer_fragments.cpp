@@ -319,6 +319,7 @@ void TestWriterFragments::pictureWithPdfIsWrittenAsPdf_data()
                             << QByteArray("MathTypeEdEq\\loch\\af0\\hich\\af0\\dbch\\af0\\uc1\\u233\\'E9");
     QTest::newRow("utf8") << QVariant(QByteArray("\xc3\xa9"))
                           << QByteArray("MathTypeEdEq\\loch\\af0\\hich\\af0\\dbch\\af0\\uc1\\u233\\'E9");
+    QTest::newRow("zero byte") << QVariant(QByteArray("a\0b", 3)) << QByteArray("MathTypeEdEqa\\'00b");
 }
 
 void TestWriterFragments::pictureWithPdfIsWrittenAsPdf()
