@@ -13,10 +13,7 @@
 namespace conversiontest {
 
 /*! A word of every paragraph of the real documents; one of them is beyond ASCII. */
-const char* const RealWords[] = {"Heading",
-                                 "Gr\xc3\xbc\xc3\x9f"
-                                 "e",
-                                 "strong", "first", "second"};
+const char* const RealWords[] = {"Heading", u8"Gr\u00fc\u00dfe", "strong", "first", "second"};
 
 inline void writeFile(const QString& path, const QByteArray& data)
 {

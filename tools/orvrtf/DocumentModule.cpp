@@ -4,6 +4,7 @@
 #include "Options.h"
 #include "Translations.h"
 
+#include <QFont>
 #include <QGuiApplication>
 
 namespace {
@@ -12,6 +13,14 @@ namespace {
 void needNoDisplay()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+/*! Text whose size is not stated has 12 points, as in RTF, whatever Qt makes of a display that is none. */
+void useUsualFontSize()
+{
+    QFont font = QGuiApplication::font();
+    font.setPointSize(12);
+    QGuiApplication::setFont(font);
 }
 
 } // namespace
@@ -30,6 +39,7 @@ extern "C" Q_DECL_EXPORT int orvrtfRunCommand(const Options& options, char* prog
     // What is made must not depend on a screen: a pixel is a 96th of an inch, as in HTML.
     QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
     const QGuiApplication application(count, arguments);
+    useUsualFontSize();
     const Translations translations(options.languages);
     return runCommand(options);
 }
