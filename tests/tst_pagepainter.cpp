@@ -6,6 +6,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextTable>
 #include <QtTest>
 
 /*! Documents on pages. Text is drawn as blocks of colour: pictures, whose edges are exact. */
@@ -19,6 +20,13 @@ private slots:
     void textStandsBetweenTheMargins();
     void pageBreaks();
     void longTextFillsPages();
+    void lengthsOfMilesAreLimited_data();
+    void lengthsOfMilesAreLimited();
+    void textStaysOnThePaper_data();
+    void textStaysOnThePaper();
+    void paddingLeavesRoomForText();
+    void largestFont_data();
+    void largestFont();
     void documentStaysAsItIs();
     void tabStopsAreHalfAnInchApart();
     void marginTexts_data();
@@ -156,6 +164,119 @@ void tst_pagepainter::longTextFillsPages()
         QVERIFY(dark.height() >= 48 * counts[page]);
         QVERIFY(dark.height() < 48 * counts[page] + 12);
     }
+}
+
+void tst_pagepainter::lengthsOfMilesAreLimited_data()
+{
+    QTest::addColumn<int>("property");
+    QTest::addColumn<double>("pixels");
+
+    // 22 inches are 2112 pixels, and 132 lines of 12 points.
+    QTest::newRow("space before") << int(QTextFormat::BlockTopMargin) << 2112.0;
+    QTest::newRow("space after") << int(QTextFormat::BlockBottomMargin) << 2112.0;
+    QTest::newRow("least line height") << int(QTextFormat::LineHeight) << 2112.0;
+}
+
+// Qt would never be done with these pages.
+void tst_pagepainter::lengthsOfMilesAreLimited()
+{
+    QFETCH(int, property);
+    QFETCH(double, pixels);
+    const double lengths[] = {1e7, pixels};
+    QTextDocument documents[2];
+    for (int i = 0; i < 2; ++i) {
+        documents[i].setPlainText(QStringLiteral("x\n").repeated(20));
+        QTextBlockFormat format;
+        if (property == QTextFormat::LineHeight)
+            format.setProperty(QTextFormat::LineHeightType, int(QTextBlockFormat::MinimumHeight));
+        format.setProperty(property, lengths[i]);
+        QTextCursor cursor(&documents[i]);
+        cursor.select(QTextCursor::Document);
+        cursor.mergeBlockFormat(format);
+    }
+    const ORVPagePainter pages(&documents[0], smallPage(), 96);
+    const int count = ORVPagePainter(&documents[1], smallPage(), 96).pageCount();
+    // 156 pixels a page; the space in front of the first paragraph or behind the last does not count.
+    QVERIFY(count >= 19 * 2112 / 156);
+    QCOMPARE(pages.pageCount(), count);
+}
+
+void tst_pagepainter::textStaysOnThePaper_data()
+{
+    QTest::addColumn<int>("property");
+    QTest::addColumn<double>("pixels");
+    QTest::addColumn<int>("left");
+
+    // The text is 120 pixels wide, begins 24 pixels from the edge, and keeps 24.
+    QTest::newRow("left margin") << int(QTextFormat::BlockLeftMargin) << 1e8 << 24 + 120 - 24;
+    QTest::newRow("first line") << int(QTextFormat::TextIndent) << 1e8 << 24 + 120 - 24;
+    QTest::newRow("first line to the left") << int(QTextFormat::TextIndent) << -1e8 << 0;
+    QTest::newRow("what fits") << int(QTextFormat::BlockLeftMargin) << 96.0 << 24 + 96;
+    QTest::newRow("what fits to the left") << int(QTextFormat::TextIndent) << -20.0 << 4;
+}
+
+void tst_pagepainter::textStaysOnThePaper()
+{
+    QFETCH(int, property);
+    QFETCH(double, pixels);
+    QTextDocument document;
+    insertSquare(&document, 10);
+    QTextBlockFormat format;
+    format.setProperty(property, pixels);
+    QTextCursor(&document).mergeBlockFormat(format);
+    const ORVPageSetup setup = smallPage();
+    QTEST(darkArea(painted(ORVPagePainter(&document, setup, 96), setup, 96, 0)).left(), "left");
+}
+
+// (120 - 24) / 2 pixels on each side.
+void tst_pagepainter::paddingLeavesRoomForText()
+{
+    QTextDocument document;
+    QTextTableFormat format;
+    format.setBorder(0);
+    format.setCellSpacing(0);
+    format.setCellPadding(1e8);
+    QTextCursor(&document).insertTable(1, 1, format);
+    QImage square(10, 10, QImage::Format_RGB32);
+    square.fill(Qt::black);
+    document.addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("square")), square);
+    QTextCursor(document.begin().next()).insertImage(QStringLiteral("square"));
+    const ORVPageSetup setup = smallPage();
+    QCOMPARE(darkArea(painted(ORVPagePainter(&document, setup, 96), setup, 96, 0)).left(), 24 + 48);
+}
+
+void tst_pagepainter::largestFont_data()
+{
+    QTest::addColumn<int>("property");
+    QTest::addColumn<double>("size");
+    QTest::addColumn<double>("largest");
+
+    // 1638 points are 2184 pixels.
+    QTest::newRow("points") << int(QTextFormat::FontPointSize) << 1e6 << 1638.0;
+    QTest::newRow("pixels") << int(QTextFormat::FontPixelSize) << 1e7 << 2184.0;
+}
+
+void tst_pagepainter::largestFont()
+{
+    QFETCH(int, property);
+    QFETCH(double, size);
+    QFETCH(double, largest);
+    ORVPageSetup setup;
+    setup.page = {QSizeF(1584, 3168), 0, 0, 0, 0};
+    QImage images[2];
+    const double sizes[] = {size, largest};
+    for (int i = 0; i < 2; ++i) {
+        QTextCharFormat format;
+        if (property == QTextFormat::FontPixelSize)
+            format.setProperty(property, int(sizes[i]));
+        else
+            format.setProperty(property, sizes[i]);
+        QTextDocument document;
+        QTextCursor(&document).insertText(QStringLiteral("H"), format);
+        images[i] = painted(ORVPagePainter(&document, setup, 72), setup, 72, 0);
+    }
+    QVERIFY(!darkArea(images[1]).isNull());
+    QVERIFY(images[0] == images[1]);
 }
 
 void tst_pagepainter::documentStaysAsItIs()

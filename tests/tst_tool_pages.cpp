@@ -19,6 +19,8 @@ private slots:
     void a4UnlessStated_data();
     void a4UnlessStated();
     void unusablePage();
+    void lengthsOfMilesShowTheText_data();
+    void lengthsOfMilesShowTheText();
     void fontsAreEmbedded();
     void pageBreaksMakePictures();
     void indentsAreSeen();
@@ -221,6 +223,26 @@ void tst_tool_pages::unusablePage()
     convert(words("in.rtf out.pdf"));
     QVERIFY(program("pdfinfo", {path("out.pdf")}).contains("612 x 792 pts (letter)"));
     QVERIFY(pdfText(path("out.pdf")).contains(QLatin1Char('i')));
+}
+
+void tst_tool_pages::lengthsOfMilesShowTheText_data()
+{
+    QTest::addColumn<QByteArray>("body");
+
+    for (const char* words :
+         {"\\sb100000000", "\\sb2000000000", "\\sa300000000", "\\sl300000000", "\\sl-300000000",
+          "\\sl2000000000\\slmult1", "\\fi-2000000000", "\\li300000000", "\\ri-300000000"})
+        QTest::newRow(words + 1) << QByteArray(words) + " i\\par i\\par i";
+    QTest::newRow("trgaph") << QByteArray(
+        "\\trowd\\trgaph300000000\\cellx3000\\intbl i\\par i\\par i\\cell\\row");
+}
+
+void tst_tool_pages::lengthsOfMilesShowTheText()
+{
+    QFETCH(QByteArray, body);
+    write("in.rtf", "{\\rtf1" + body + '}');
+    convert(words("in.rtf out.pdf"));
+    QCOMPARE(pdfText(path("out.pdf")).simplified(), QStringLiteral("i i i"));
 }
 
 void tst_tool_pages::fontsAreEmbedded()

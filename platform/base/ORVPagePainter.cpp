@@ -1,5 +1,6 @@
 #include "ORVPagePainter.h"
 
+#include "ORVPageLimits_p.h"
 #include "ORVUnit.h"
 #include "QtCompat_p.h"
 #include "TextDocSupport.h"
@@ -51,6 +52,7 @@ ORVPagePainter::ORVPagePainter(const QTextDocument* document, const ORVPageSetup
     : m_setup(setup), m_resolution(qMax(1, resolution)), m_device(deviceOf(ORVUnit::screenResolution())),
       m_document(TextDocSupport::cloneDocumentQtStyle(document, nullptr))
 {
+    ORVPageLimits::apply(m_document.data(), m_setup.page, ORVUnit::screenResolution());
     setTabDistance(m_document.data());
     m_document->setUseDesignMetrics(true);
     m_document->documentLayout()->setPaintDevice(m_device.data());
