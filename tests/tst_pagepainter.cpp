@@ -20,6 +20,7 @@ private slots:
     void textStandsBetweenTheMargins();
     void pageBreaks();
     void longTextFillsPages();
+    void pagesDoNotDrift();
     void lengthsOfMilesAreLimited_data();
     void lengthsOfMilesAreLimited();
     void textStaysOnThePaper_data();
@@ -164,6 +165,25 @@ void tst_pagepainter::longTextFillsPages()
         QVERIFY(dark.height() >= 48 * counts[page]);
         QVERIFY(dark.height() < 48 * counts[page] + 12);
     }
+}
+
+// Pages of 156.493… pixels are laid out as 10015/64 of them; the rest would be two pixels after 200 pages.
+void tst_pagepainter::pagesDoNotDrift()
+{
+    QTextDocument document;
+    QTextBlockFormat format;
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    for (int i = 0; i < 201; ++i) {
+        if (i > 0)
+            QTextCursor(&document).insertBlock();
+        insertSquare(&document, 10);
+        QTextCursor(&document).setBlockFormat(i < 200 ? format : QTextBlockFormat());
+    }
+    ORVPageSetup setup = smallPage();
+    setup.page.paperSize.setHeight(216.37);
+    const ORVPagePainter pages(&document, setup, 96);
+    QCOMPARE(pages.pageCount(), 201);
+    QCOMPARE(darkArea(painted(pages, setup, 96, 200)), QRect(24, 72, 10, 10));
 }
 
 void tst_pagepainter::lengthsOfMilesAreLimited_data()

@@ -11,8 +11,12 @@
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextOption>
 
+#include <cmath>
+
 namespace {
 
+// Of a pixel: Qt's layout cuts off what is finer, which would add up from page to page.
+const double layoutUnits = 64;
 const double inchesPerMeter = 1 / 0.0254;
 // Distance between tab stops where a paragraph has none, and of header and footer from the edges of the
 // paper, in points: half an inch, as RTF has both unless a file says otherwise.
@@ -67,12 +71,13 @@ int ORVPagePainter::pageCount() const
     return qMax(1, m_document->pageCount());
 }
 
-/*! Where the text stands on the paper, in pixels of the layout. */
+/*! Where the text stands on the paper, in pixels of the layout, and with the height that Qt's pages have. */
 QRectF ORVPagePainter::layoutArea() const
 {
     const QRectF area = m_setup.page.textArea();
     const double scale = ORVUnit::screenResolution() / 72.0;
-    return QRectF(area.topLeft() * scale, area.size() * scale);
+    const double height = std::floor(area.height() * scale * layoutUnits) / layoutUnits;
+    return QRectF(area.left() * scale, area.top() * scale, area.width() * scale, height);
 }
 
 void ORVPagePainter::paintPage(QPainter* painter, int page) const
