@@ -15,6 +15,8 @@ class tst_pagepainter : public QObject {
 
 private slots:
     void emptyDocumentIsOnePage();
+    void nullDocumentIsAnEmptyPage();
+    void nullPainterPaintsNothing();
     void pagesThatDoNotExist();
     void textStandsBetweenTheMargins_data();
     void textStandsBetweenTheMargins();
@@ -95,6 +97,23 @@ void tst_pagepainter::emptyDocumentIsOnePage()
     const ORVPagePainter pages(&document, setup, 72);
     QCOMPARE(pages.pageCount(), 1);
     QCOMPARE(darkArea(painted(pages, setup, 72, 0)), QRect());
+}
+
+void tst_pagepainter::nullDocumentIsAnEmptyPage()
+{
+    const ORVPageSetup setup = smallPage();
+    const ORVPagePainter pages(nullptr, setup, 72);
+    QCOMPARE(pages.pageCount(), 1);
+    QCOMPARE(darkArea(painted(pages, setup, 72, 0)), QRect());
+}
+
+void tst_pagepainter::nullPainterPaintsNothing()
+{
+    QTextDocument document;
+    document.setPlainText(QStringLiteral("text"));
+    const ORVPagePainter pages(&document, smallPage(), 72);
+    pages.paintPage(nullptr, 0);
+    QCOMPARE(pages.pageCount(), 1);
 }
 
 void tst_pagepainter::pagesThatDoNotExist()
@@ -405,6 +424,8 @@ void tst_pagepainter::unusablePaper_data()
     QTest::newRow("negative") << QSizeF(-600, 800) << 72.0 << QRectF(72, 72, 468, 648);
     QTest::newRow("a mile") << QSizeF(4561920, 800) << 72.0 << QRectF(72, 72, 468, 648);
     QTest::newRow("margins meet") << QSizeF(118, 218) << 100.0 << QRectF(50, 100, 18, 18);
+    QTest::newRow("infinite margins") << QSizeF(200, 300) << qInf() << QRectF(0, 0, 200, 300);
+    QTest::newRow("margins that are no number") << QSizeF(200, 300) << qQNaN() << QRectF(0, 0, 200, 300);
     QTest::newRow("negative margins") << QSizeF(200, 300) << -10.0 << QRectF(0, 0, 200, 300);
 }
 

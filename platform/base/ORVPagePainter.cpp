@@ -54,7 +54,7 @@ void setTabDistance(QTextDocument* document)
 
 ORVPagePainter::ORVPagePainter(const QTextDocument* document, const ORVPageSetup& setup, int resolution)
     : m_setup(setup), m_resolution(qMax(1, resolution)), m_device(deviceOf(ORVUnit::screenResolution())),
-      m_document(TextDocSupport::cloneDocumentQtStyle(document, nullptr))
+      m_document(document ? TextDocSupport::cloneDocumentQtStyle(document, nullptr) : new QTextDocument)
 {
     ORVPageLimits::apply(m_document.data(), m_setup.page, ORVUnit::screenResolution());
     setTabDistance(m_document.data());
@@ -82,7 +82,7 @@ QRectF ORVPagePainter::layoutArea() const
 
 void ORVPagePainter::paintPage(QPainter* painter, int page) const
 {
-    if (page < 0 || page >= pageCount())
+    if (!painter || page < 0 || page >= pageCount())
         return;
     const double scale = double(m_resolution) / ORVUnit::screenResolution();
     painter->save();
