@@ -962,6 +962,14 @@ Fehler: %3</translation>
         <translation>das Bild lässt sich nicht herstellen</translation>
     </message>
     <message>
+        <source>the file cannot be made</source>
+        <translation>die Datei lässt sich nicht herstellen</translation>
+    </message>
+    <message>
+        <source>it is the input</source>
+        <translation>das ist die Eingabe</translation>
+    </message>
+    <message>
         <source>not done within %1 seconds</source>
         <translation>nicht fertig innerhalb von %1 Sekunden</translation>
     </message>
