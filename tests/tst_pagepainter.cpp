@@ -1,4 +1,5 @@
 #include <ORVPagePainter.h>
+#include <ORVPagePdf.h>
 
 #include <QGuiApplication>
 #include <QImage>
@@ -37,6 +38,8 @@ private slots:
     void placeholders();
     void unusablePaper_data();
     void unusablePaper();
+    void pdfHasAllPages();
+    void pdfOfNoDocumentIsAnEmptyPage();
 };
 
 namespace {
@@ -439,6 +442,31 @@ void tst_pagepainter::unusablePaper()
     QTextDocument document;
     document.setPlainText(QStringLiteral("text"));
     QVERIFY(ORVPagePainter(&document, setup, 96).pageCount() >= 1);
+}
+
+void tst_pagepainter::pdfHasAllPages()
+{
+    QTextDocument document;
+    document.setPlainText(QStringLiteral("one\ntwo"));
+    document.setMetaInformation(QTextDocument::DocumentTitle, QStringLiteral("Numbers"));
+    QTextBlockFormat format;
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextCursor(document.lastBlock()).mergeBlockFormat(format);
+    QByteArray pdf = ORVPagePdf::make(&document, smallPage(), QStringLiteral("test"));
+    QVERIFY(pdf.startsWith("%PDF-"));
+    QCOMPARE(pdf.count("/Type /Page\n"), 2);
+    QVERIFY(pdf.contains("/MediaBox [0 0 144.000000 216.000000]"));
+    // Texts are in UTF-16.
+    pdf.replace('\0', "");
+    QVERIFY(pdf.contains("Numbers"));
+    QVERIFY(pdf.contains("test"));
+}
+
+void tst_pagepainter::pdfOfNoDocumentIsAnEmptyPage()
+{
+    const QByteArray pdf = ORVPagePdf::make(nullptr, smallPage());
+    QVERIFY(pdf.startsWith("%PDF-"));
+    QCOMPARE(pdf.count("/Type /Page\n"), 1);
 }
 
 int main(int argc, char** argv)

@@ -420,6 +420,13 @@
     </message>
 </context>
 <context>
+    <name>PdfFile</name>
+    <message>
+        <source>the file cannot be made</source>
+        <translation>die Datei lässt sich nicht herstellen</translation>
+    </message>
+</context>
+<context>
     <name>PreviewWindow</name>
     <message>
         <source>Print preview</source>

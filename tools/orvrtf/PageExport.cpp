@@ -6,21 +6,19 @@
 #include "VisibleDocument.h"
 
 #include <ORVPagePainter.h>
+#include <ORVPagePdf.h>
 #include <ORVTextPage.h>
 
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QMarginsF>
 #include <QPageSize>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QTextDocument>
 
 namespace {
 
-const int pdfResolution = 600;
 const int pictureResolution = 96;
 
 ORVPageSetup::MarginText marginText(const QTextDocument& document, const char* property)
@@ -144,25 +142,7 @@ bool writePictures(const ORVPagePainter& pages, const QSize& size, QString* path
 QByteArray documentToPdf(QTextDocument& document)
 {
     makeVisible(document);
-    const ORVPageSetup setup = pageSetup(document);
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setResolution(pdfResolution);
-    writer.setCreator(QLatin1String("orvrtf"));
-    writer.setTitle(document.metaInformation(QTextDocument::DocumentTitle));
-    writer.setPageSize(
-        QPageSize(setup.page.usablePaperSize(), QPageSize::Point, QString(), QPageSize::ExactMatch));
-    writer.setPageMargins(QMarginsF());
-    const ORVPagePainter pages(&document, setup, pdfResolution);
-    QPainter painter(&writer);
-    for (int page = 0; page < pages.pageCount(); ++page) {
-        if (page > 0)
-            writer.newPage();
-        pages.paintPage(&painter, page);
-    }
-    return painter.end() ? data : QByteArray();
+    return ORVPagePdf::make(&document, pageSetup(document), QLatin1String("orvrtf"));
 }
 
 bool writePagePictures(QTextDocument& document, const QString& input, QString* path, QString* errorString)
