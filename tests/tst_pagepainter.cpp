@@ -1,4 +1,5 @@
 #include <ORVPagePainter.h>
+#include <ORVPagePdf.h>
 
 #include <QGuiApplication>
 #include <QImage>
@@ -6,6 +7,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextTable>
 #include <QtTest>
 
 /*! Documents on pages. Text is drawn as blocks of colour: pictures, whose edges are exact. */
@@ -14,11 +16,21 @@ class tst_pagepainter : public QObject {
 
 private slots:
     void emptyDocumentIsOnePage();
+    void nullDocumentIsAnEmptyPage();
+    void nullPainterPaintsNothing();
     void pagesThatDoNotExist();
     void textStandsBetweenTheMargins_data();
     void textStandsBetweenTheMargins();
     void pageBreaks();
     void longTextFillsPages();
+    void pagesDoNotDrift();
+    void lengthsOfMilesAreLimited_data();
+    void lengthsOfMilesAreLimited();
+    void textStaysOnThePaper_data();
+    void textStaysOnThePaper();
+    void paddingLeavesRoomForText();
+    void largestFont_data();
+    void largestFont();
     void documentStaysAsItIs();
     void tabStopsAreHalfAnInchApart();
     void marginTexts_data();
@@ -26,6 +38,8 @@ private slots:
     void placeholders();
     void unusablePaper_data();
     void unusablePaper();
+    void pdfHasAllPages();
+    void pdfOfNoDocumentIsAnEmptyPage();
 };
 
 namespace {
@@ -86,6 +100,23 @@ void tst_pagepainter::emptyDocumentIsOnePage()
     const ORVPagePainter pages(&document, setup, 72);
     QCOMPARE(pages.pageCount(), 1);
     QCOMPARE(darkArea(painted(pages, setup, 72, 0)), QRect());
+}
+
+void tst_pagepainter::nullDocumentIsAnEmptyPage()
+{
+    const ORVPageSetup setup = smallPage();
+    const ORVPagePainter pages(nullptr, setup, 72);
+    QCOMPARE(pages.pageCount(), 1);
+    QCOMPARE(darkArea(painted(pages, setup, 72, 0)), QRect());
+}
+
+void tst_pagepainter::nullPainterPaintsNothing()
+{
+    QTextDocument document;
+    document.setPlainText(QStringLiteral("text"));
+    const ORVPagePainter pages(&document, smallPage(), 72);
+    pages.paintPage(nullptr, 0);
+    QCOMPARE(pages.pageCount(), 1);
 }
 
 void tst_pagepainter::pagesThatDoNotExist()
@@ -156,6 +187,138 @@ void tst_pagepainter::longTextFillsPages()
         QVERIFY(dark.height() >= 48 * counts[page]);
         QVERIFY(dark.height() < 48 * counts[page] + 12);
     }
+}
+
+// Pages of 156.493… pixels are laid out as 10015/64 of them; the rest would be two pixels after 200 pages.
+void tst_pagepainter::pagesDoNotDrift()
+{
+    QTextDocument document;
+    QTextBlockFormat format;
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    for (int i = 0; i < 201; ++i) {
+        if (i > 0)
+            QTextCursor(&document).insertBlock();
+        insertSquare(&document, 10);
+        QTextCursor(&document).setBlockFormat(i < 200 ? format : QTextBlockFormat());
+    }
+    ORVPageSetup setup = smallPage();
+    setup.page.paperSize.setHeight(216.37);
+    const ORVPagePainter pages(&document, setup, 96);
+    QCOMPARE(pages.pageCount(), 201);
+    QCOMPARE(darkArea(painted(pages, setup, 96, 200)), QRect(24, 72, 10, 10));
+}
+
+void tst_pagepainter::lengthsOfMilesAreLimited_data()
+{
+    QTest::addColumn<int>("property");
+    QTest::addColumn<double>("pixels");
+
+    // 22 inches are 2112 pixels, and 132 lines of 12 points.
+    QTest::newRow("space before") << int(QTextFormat::BlockTopMargin) << 2112.0;
+    QTest::newRow("space after") << int(QTextFormat::BlockBottomMargin) << 2112.0;
+    QTest::newRow("least line height") << int(QTextFormat::LineHeight) << 2112.0;
+}
+
+// Qt would never be done with these pages.
+void tst_pagepainter::lengthsOfMilesAreLimited()
+{
+    QFETCH(int, property);
+    QFETCH(double, pixels);
+    const double lengths[] = {1e7, pixels};
+    QTextDocument documents[2];
+    for (int i = 0; i < 2; ++i) {
+        documents[i].setPlainText(QStringLiteral("x\n").repeated(20));
+        QTextBlockFormat format;
+        if (property == QTextFormat::LineHeight)
+            format.setProperty(QTextFormat::LineHeightType, int(QTextBlockFormat::MinimumHeight));
+        format.setProperty(property, lengths[i]);
+        QTextCursor cursor(&documents[i]);
+        cursor.select(QTextCursor::Document);
+        cursor.mergeBlockFormat(format);
+    }
+    const ORVPagePainter pages(&documents[0], smallPage(), 96);
+    const int count = ORVPagePainter(&documents[1], smallPage(), 96).pageCount();
+    // 156 pixels a page; the space in front of the first paragraph or behind the last does not count.
+    QVERIFY(count >= 19 * 2112 / 156);
+    QCOMPARE(pages.pageCount(), count);
+}
+
+void tst_pagepainter::textStaysOnThePaper_data()
+{
+    QTest::addColumn<int>("property");
+    QTest::addColumn<double>("pixels");
+    QTest::addColumn<int>("left");
+
+    // The text is 120 pixels wide, begins 24 pixels from the edge, and keeps 24.
+    QTest::newRow("left margin") << int(QTextFormat::BlockLeftMargin) << 1e8 << 24 + 120 - 24;
+    QTest::newRow("first line") << int(QTextFormat::TextIndent) << 1e8 << 24 + 120 - 24;
+    QTest::newRow("first line to the left") << int(QTextFormat::TextIndent) << -1e8 << 0;
+    QTest::newRow("what fits") << int(QTextFormat::BlockLeftMargin) << 96.0 << 24 + 96;
+    QTest::newRow("what fits to the left") << int(QTextFormat::TextIndent) << -20.0 << 4;
+}
+
+void tst_pagepainter::textStaysOnThePaper()
+{
+    QFETCH(int, property);
+    QFETCH(double, pixels);
+    QTextDocument document;
+    insertSquare(&document, 10);
+    QTextBlockFormat format;
+    format.setProperty(property, pixels);
+    QTextCursor(&document).mergeBlockFormat(format);
+    const ORVPageSetup setup = smallPage();
+    QTEST(darkArea(painted(ORVPagePainter(&document, setup, 96), setup, 96, 0)).left(), "left");
+}
+
+// (120 - 24) / 2 pixels on each side.
+void tst_pagepainter::paddingLeavesRoomForText()
+{
+    QTextDocument document;
+    QTextTableFormat format;
+    format.setBorder(0);
+    format.setCellSpacing(0);
+    format.setCellPadding(1e8);
+    QTextCursor(&document).insertTable(1, 1, format);
+    QImage square(10, 10, QImage::Format_RGB32);
+    square.fill(Qt::black);
+    document.addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("square")), square);
+    QTextCursor(document.begin().next()).insertImage(QStringLiteral("square"));
+    const ORVPageSetup setup = smallPage();
+    QCOMPARE(darkArea(painted(ORVPagePainter(&document, setup, 96), setup, 96, 0)).left(), 24 + 48);
+}
+
+void tst_pagepainter::largestFont_data()
+{
+    QTest::addColumn<int>("property");
+    QTest::addColumn<double>("size");
+    QTest::addColumn<double>("largest");
+
+    // 1638 points are 2184 pixels.
+    QTest::newRow("points") << int(QTextFormat::FontPointSize) << 1e6 << 1638.0;
+    QTest::newRow("pixels") << int(QTextFormat::FontPixelSize) << 1e7 << 2184.0;
+}
+
+void tst_pagepainter::largestFont()
+{
+    QFETCH(int, property);
+    QFETCH(double, size);
+    QFETCH(double, largest);
+    ORVPageSetup setup;
+    setup.page = {QSizeF(1584, 3168), 0, 0, 0, 0};
+    QImage images[2];
+    const double sizes[] = {size, largest};
+    for (int i = 0; i < 2; ++i) {
+        QTextCharFormat format;
+        if (property == QTextFormat::FontPixelSize)
+            format.setProperty(property, int(sizes[i]));
+        else
+            format.setProperty(property, sizes[i]);
+        QTextDocument document;
+        QTextCursor(&document).insertText(QStringLiteral("H"), format);
+        images[i] = painted(ORVPagePainter(&document, setup, 72), setup, 72, 0);
+    }
+    QVERIFY(!darkArea(images[1]).isNull());
+    QVERIFY(images[0] == images[1]);
 }
 
 void tst_pagepainter::documentStaysAsItIs()
@@ -264,6 +427,8 @@ void tst_pagepainter::unusablePaper_data()
     QTest::newRow("negative") << QSizeF(-600, 800) << 72.0 << QRectF(72, 72, 468, 648);
     QTest::newRow("a mile") << QSizeF(4561920, 800) << 72.0 << QRectF(72, 72, 468, 648);
     QTest::newRow("margins meet") << QSizeF(118, 218) << 100.0 << QRectF(50, 100, 18, 18);
+    QTest::newRow("infinite margins") << QSizeF(200, 300) << qInf() << QRectF(0, 0, 200, 300);
+    QTest::newRow("margins that are no number") << QSizeF(200, 300) << qQNaN() << QRectF(0, 0, 200, 300);
     QTest::newRow("negative margins") << QSizeF(200, 300) << -10.0 << QRectF(0, 0, 200, 300);
 }
 
@@ -277,6 +442,31 @@ void tst_pagepainter::unusablePaper()
     QTextDocument document;
     document.setPlainText(QStringLiteral("text"));
     QVERIFY(ORVPagePainter(&document, setup, 96).pageCount() >= 1);
+}
+
+void tst_pagepainter::pdfHasAllPages()
+{
+    QTextDocument document;
+    document.setPlainText(QStringLiteral("one\ntwo"));
+    document.setMetaInformation(QTextDocument::DocumentTitle, QStringLiteral("Numbers"));
+    QTextBlockFormat format;
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextCursor(document.lastBlock()).mergeBlockFormat(format);
+    QByteArray pdf = ORVPagePdf::make(&document, smallPage(), QStringLiteral("test"));
+    QVERIFY(pdf.startsWith("%PDF-"));
+    QCOMPARE(pdf.count("/Type /Page\n"), 2);
+    QVERIFY(pdf.contains("/MediaBox [0 0 144.000000 216.000000]"));
+    // Texts are in UTF-16.
+    pdf.replace('\0', "");
+    QVERIFY(pdf.contains("Numbers"));
+    QVERIFY(pdf.contains("test"));
+}
+
+void tst_pagepainter::pdfOfNoDocumentIsAnEmptyPage()
+{
+    const QByteArray pdf = ORVPagePdf::make(nullptr, smallPage());
+    QVERIFY(pdf.startsWith("%PDF-"));
+    QCOMPARE(pdf.count("/Type /Page\n"), 1);
 }
 
 int main(int argc, char** argv)

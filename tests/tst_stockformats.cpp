@@ -192,6 +192,30 @@ void tst_stockformats::paragraphs_data()
                                                 {ORVRtfProperty::LineMultiple, 12.0}}
                                   << Properties{{QTextFormat::LineHeight, QVariant()},
                                                 {QTextFormat::LineHeightType, QVariant()}};
+    // Word processors take 22 inches, which are 1584 points and 2112 pixels.
+    QTest::newRow("left indent of miles")
+        << Properties{{ORVRtfProperty::LeftIndent, 1e7}, {QTextFormat::TextIndent, 1e7}}
+        << Properties{{QTextFormat::BlockLeftMargin, 2112.0}, {QTextFormat::TextIndent, 0.0}};
+    QTest::newRow("first line miles away")
+        << Properties{{QTextFormat::TextIndent, -1e8}} << Properties{{QTextFormat::TextIndent, -2112.0}};
+    QTest::newRow("right edge miles away") << Properties{{ORVRtfProperty::RightIndent, 1e7}}
+                                           << Properties{{QTextFormat::BlockRightMargin, -2112.0}};
+    QTest::newRow("miles of space") << Properties{{QTextFormat::BlockTopMargin, 1e6},
+                                                  {QTextFormat::BlockBottomMargin, 1e8}}
+                                    << Properties{{QTextFormat::BlockTopMargin, 2112.0},
+                                                  {QTextFormat::BlockBottomMargin, 2112.0}};
+    QTest::newRow("22 inches of space")
+        << Properties{{QTextFormat::BlockTopMargin, 1584.0}, {QTextFormat::BlockBottomMargin, 1583.25}}
+        << Properties{{QTextFormat::BlockTopMargin, 2112.0}, {QTextFormat::BlockBottomMargin, 2111.0}};
+    QTest::newRow("less than no space")
+        << Properties{{QTextFormat::BlockTopMargin, -12.0}} << Properties{{QTextFormat::BlockTopMargin, 0.0}};
+    QTest::newRow("least height of miles")
+        << Properties{{ORVRtfProperty::LineSpacing, 1e7}} << Properties{{QTextFormat::LineHeight, 2112.0}};
+    QTest::newRow("exact height of miles")
+        << Properties{{ORVRtfProperty::LineSpacing, -1e7}} << Properties{{QTextFormat::LineHeight, 2112.0}};
+    QTest::newRow("multiple of miles")
+        << Properties{{ORVRtfProperty::LineSpacing, 1e8}, {ORVRtfProperty::LineMultiple, 12.0}}
+        << Properties{{QTextFormat::LineHeight, 13200.0}};
     // Newer Qt versions have a property of the id of the line spacing.
     QTest::newRow("heading level") << Properties{{ORVRtfProperty::LineSpacing, 2}}
                                    << Properties{{QTextFormat::LineHeight, QVariant()}};
@@ -243,6 +267,7 @@ void tst_stockformats::tabStops_data()
         << 18.0 << 18.0 << QList<double>{9, 36} << QList<double>{-12, 24};
     QTest::newRow("hanging first line") << 36.0 << 18.0 << QList<double>{27, 72} << QList<double>{-12, 0, 48};
     QTest::newRow("hanging, stated") << 36.0 << 18.0 << QList<double>{36} << QList<double>{0};
+    QTest::newRow("miles away") << 0.0 << 0.0 << QList<double>{36, 1e7} << QList<double>{48, 2112};
     QTest::newRow("hanging without tab stops") << 36.0 << 18.0 << QList<double>() << QList<double>{0};
 }
 
@@ -378,6 +403,13 @@ void tst_stockformats::tables()
     QCOMPARE(table->format().property(compat::tableBorderCollapse), QVariant(true));
     QCOMPARE(second->format().border(), 1.0);
     QCOMPARE(second->format().property(compat::tableBorderCollapse), QVariant());
+
+    QTextTableFormat miles;
+    miles.setCellPadding(1e7);
+    cursor.movePosition(QTextCursor::End);
+    QTextTable* const third = cursor.insertTable(1, 1, miles);
+    ORVStockFormats::toStock(&document);
+    QCOMPARE(third->format().cellPadding(), 2112.0);
 }
 
 // RTF counts from the page; a view from the cell that the table stands in, which is a half of it here.
@@ -412,6 +444,10 @@ void tst_stockformats::thereAndBack_data()
     QTest::newRow("paragraphs") << QByteArray(
         "\\li720\\fi-360\\ri333\\sb77\\sa13 a\\par\\pard\\sl360\\slmult1 b"
         "\\par\\pard\\sl-301\\keep\\keepn c\\par\\pard\\li1\\fi7 d");
+    QTest::newRow("miles") << QByteArray("\\li300000000\\fi-2000000000\\ri-2000000000\\sb-77\\sa2000000000"
+                                         "\\tx900000000 a\\par\\pard\\sl2000000000\\slmult1 b\\par\\pard"
+                                         "\\sl-300000000 c\\par\\trowd\\trgaph300000000\\cellx3001\\intbl d"
+                                         "\\cell\\row");
     QTest::newRow("tab stops") << QByteArray("\\li720\\fi-360\\tqr\\tx313\\tx720\\tqdec\\tx1111 a\\tab b");
     QTest::newRow("baselines") << QByteArray("a{\\up7 b}{\\dn3 c}{\\up2\\super d}");
     QTest::newRow("lists") << QByteArray(

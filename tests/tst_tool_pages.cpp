@@ -19,6 +19,8 @@ private slots:
     void a4UnlessStated_data();
     void a4UnlessStated();
     void unusablePage();
+    void lengthsOfMilesShowTheText_data();
+    void lengthsOfMilesShowTheText();
     void fontsAreEmbedded();
     void pageBreaksMakePictures();
     void indentsAreSeen();
@@ -31,6 +33,10 @@ private slots:
     void standardOutput();
     void picturesNeedFiles();
     void unwritablePictureIsNamed();
+    void pictureOverTheInputIsRefused_data();
+    void pictureOverTheInputIsRefused();
+    void picturesOfOtherPagesStay();
+    void interruptedPicturesAreRemoved();
     void nothingIsLeftBehind_data();
     void nothingIsLeftBehind();
 
@@ -223,6 +229,26 @@ void tst_tool_pages::unusablePage()
     QVERIFY(pdfText(path("out.pdf")).contains(QLatin1Char('i')));
 }
 
+void tst_tool_pages::lengthsOfMilesShowTheText_data()
+{
+    QTest::addColumn<QByteArray>("body");
+
+    for (const char* words :
+         {"\\sb100000000", "\\sb2000000000", "\\sa300000000", "\\sl300000000", "\\sl-300000000",
+          "\\sl2000000000\\slmult1", "\\fi-2000000000", "\\li300000000", "\\ri-300000000"})
+        QTest::newRow(words + 1) << QByteArray(words) + " i\\par i\\par i";
+    QTest::newRow("trgaph") << QByteArray(
+        "\\trowd\\trgaph300000000\\cellx3000\\intbl i\\par i\\par i\\cell\\row");
+}
+
+void tst_tool_pages::lengthsOfMilesShowTheText()
+{
+    QFETCH(QByteArray, body);
+    write("in.rtf", "{\\rtf1" + body + '}');
+    convert(words("in.rtf out.pdf"));
+    QCOMPARE(pdfText(path("out.pdf")).simplified(), QStringLiteral("i i i"));
+}
+
 void tst_tool_pages::fontsAreEmbedded()
 {
     convert({sample(QStringLiteral("libreoffice-essay")), path("out.pdf")});
@@ -348,8 +374,54 @@ void tst_tool_pages::unwritablePictureIsNamed()
     QCOMPARE(result.exitCode, 1);
     QVERIFY2(result.err.startsWith("orvrtf: cannot write out-2.png: "), result.err.constData());
     QVERIFY(isOneLineAboutTool(result.err));
-    QVERIFY(!QImage(path("out.png")).isNull());
-    QVERIFY(!QFile::exists(path("out-3.png")));
+    QCOMPARE(QDir(m_dir->path()).entryList({QStringLiteral("out*")}),
+             QStringList(QStringLiteral("out-2.png")));
+}
+
+void tst_tool_pages::pictureOverTheInputIsRefused_data()
+{
+    QTest::addColumn<QString>("command");
+
+    QTest::newRow("same name") << QStringLiteral("convert --from rtf in-2.png in.png");
+    QTest::newRow("another path") << QStringLiteral("convert --from rtf ./in-2.png in.png");
+    QTest::newRow("link") << QStringLiteral("convert link.rtf in.png");
+}
+
+void tst_tool_pages::pictureOverTheInputIsRefused()
+{
+    QFETCH(QString, command);
+    const QByteArray rtf = "{\\rtf1 one\\page two}";
+    write("in-2.png", rtf);
+    QVERIFY(QFile::link(path("in-2.png"), path("link.rtf")));
+    const ToolRun result = run(words(command.toLatin1().constData()));
+    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.err, QByteArray("orvrtf: cannot write in-2.png: it is the input\n"));
+    QCOMPARE(read(path("in-2.png")), rtf);
+    QVERIFY(!QFile::exists(path("in.png")));
+}
+
+void tst_tool_pages::picturesOfOtherPagesStay()
+{
+    write("out-2.png", "second");
+    write("out-3.png", "third");
+    write("in.rtf", "{\\rtf1 one\\page two}");
+    convert(words("in.rtf out.png"));
+    QVERIFY(!QImage(path("out-2.png")).isNull());
+    QCOMPARE(read(path("out-3.png")), QByteArray("third"));
+}
+
+// So many pages take long enough for the signal to come in between.
+void tst_tool_pages::interruptedPicturesAreRemoved()
+{
+    write("in.rtf", "{\\rtf1 " + QByteArray("page\\page ").repeated(2000) + '}');
+    QProcess process;
+    start(process, words("convert in.rtf out.png"));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path("out-2.png")), 60000);
+    process.terminate();
+    QVERIFY(process.waitForFinished(60000));
+    QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+    QCOMPARE(QDir(m_dir->path()).entryList({QStringLiteral("out*")}, QDir::Files | QDir::Hidden),
+             QStringList());
 }
 
 void tst_tool_pages::nothingIsLeftBehind_data()

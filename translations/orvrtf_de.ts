@@ -420,6 +420,13 @@
     </message>
 </context>
 <context>
+    <name>PdfFile</name>
+    <message>
+        <source>the file cannot be made</source>
+        <translation>die Datei lässt sich nicht herstellen</translation>
+    </message>
+</context>
+<context>
     <name>PreviewWindow</name>
     <message>
         <source>Print preview</source>
@@ -960,6 +967,14 @@ Fehler: %3</translation>
     <message>
         <source>the picture cannot be made</source>
         <translation>das Bild lässt sich nicht herstellen</translation>
+    </message>
+    <message>
+        <source>the file cannot be made</source>
+        <translation>die Datei lässt sich nicht herstellen</translation>
+    </message>
+    <message>
+        <source>it is the input</source>
+        <translation>das ist die Eingabe</translation>
     </message>
     <message>
         <source>not done within %1 seconds</source>

@@ -3,6 +3,7 @@
 #include "QtCompat_p.h"
 
 #include <QtCore/QVariant>
+#include <QtCore/QtNumeric>
 #include <QtGui/QTextDocument>
 
 namespace {
@@ -30,11 +31,16 @@ bool isUsable(double side)
     return side >= shortestSide && side <= longestSide;
 }
 
+double usableMargin(double margin)
+{
+    return qIsFinite(margin) ? qMax(0.0, margin) : 0;
+}
+
 // Makes both margins of a side shorter by the same share until text fits between them.
 void makeRoom(double side, double* before, double* after)
 {
-    *before = qMax(0.0, *before);
-    *after = qMax(0.0, *after);
+    *before = usableMargin(*before);
+    *after = usableMargin(*after);
     const double room = side - leastText;
     const double margins = *before + *after;
     if (margins <= room)

@@ -1,5 +1,6 @@
 #include "ORVPagePainter.h"
 
+#include "ORVPageLimits_p.h"
 #include "ORVUnit.h"
 #include "QtCompat_p.h"
 #include "TextDocSupport.h"
@@ -10,8 +11,12 @@
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextOption>
 
+#include <cmath>
+
 namespace {
 
+// Of a pixel: Qt's layout cuts off what is finer, which would add up from page to page.
+const double layoutUnits = 64;
 const double inchesPerMeter = 1 / 0.0254;
 // Distance between tab stops where a paragraph has none, and of header and footer from the edges of the
 // paper, in points: half an inch, as RTF has both unless a file says otherwise.
@@ -49,8 +54,9 @@ void setTabDistance(QTextDocument* document)
 
 ORVPagePainter::ORVPagePainter(const QTextDocument* document, const ORVPageSetup& setup, int resolution)
     : m_setup(setup), m_resolution(qMax(1, resolution)), m_device(deviceOf(ORVUnit::screenResolution())),
-      m_document(TextDocSupport::cloneDocumentQtStyle(document, nullptr))
+      m_document(document ? TextDocSupport::cloneDocumentQtStyle(document, nullptr) : new QTextDocument)
 {
+    ORVPageLimits::apply(m_document.data(), m_setup.page, ORVUnit::screenResolution());
     setTabDistance(m_document.data());
     m_document->setUseDesignMetrics(true);
     m_document->documentLayout()->setPaintDevice(m_device.data());
@@ -65,17 +71,18 @@ int ORVPagePainter::pageCount() const
     return qMax(1, m_document->pageCount());
 }
 
-/*! Where the text stands on the paper, in pixels of the layout. */
+/*! Where the text stands on the paper, in pixels of the layout, and with the height that Qt's pages have. */
 QRectF ORVPagePainter::layoutArea() const
 {
     const QRectF area = m_setup.page.textArea();
     const double scale = ORVUnit::screenResolution() / 72.0;
-    return QRectF(area.topLeft() * scale, area.size() * scale);
+    const double height = std::floor(area.height() * scale * layoutUnits) / layoutUnits;
+    return QRectF(area.left() * scale, area.top() * scale, area.width() * scale, height);
 }
 
 void ORVPagePainter::paintPage(QPainter* painter, int page) const
 {
-    if (page < 0 || page >= pageCount())
+    if (!painter || page < 0 || page >= pageCount())
         return;
     const double scale = double(m_resolution) / ORVUnit::screenResolution();
     painter->save();

@@ -48,7 +48,7 @@ class ORV_PLATFORM_EXPORT ORVPagePainter {
 public:
     /*!
         Lays out a copy of \a document, which stays as it is, on pages of \a setup, for painting with
-        \a resolution pixels to the inch.
+        \a resolution pixels to the inch. A null \a document counts as an empty one.
     */
     ORVPagePainter(const QTextDocument* document, const ORVPageSetup& setup, int resolution);
     ~ORVPagePainter();
@@ -59,7 +59,7 @@ public:
     /*!
         Paints page \a page, counted from 0. The painter's origin is where the upper left corner of the paper
         is to be, and its pixels are those of the resolution. Nothing is painted where the paper is empty, and
-        nothing at all for a page that does not exist.
+        nothing at all for a page that does not exist. Does nothing when \a painter is null.
     */
     void paintPage(QPainter* painter, int page) const;
 

@@ -1,6 +1,7 @@
 #include "ORVStockParagraph_p.h"
 
 #include "ORVPageGeometry.h"
+#include "ORVPageLimits_p.h"
 #include "ORVRtfProperties.h"
 #include "ORVTextListFormat.h"
 
@@ -94,6 +95,12 @@ ORVStockParagraph::ORVStockParagraph(const QTextDocument* document, int resoluti
 {
 }
 
+/*! In pixels, and no longer than what can be laid out. */
+double ORVStockParagraph::stockLength(double points) const
+{
+    return pixels(ORVPageLimits::length(points));
+}
+
 /*! What Qt indents a paragraph by besides its margins, in pixels. */
 double ORVStockParagraph::listPixels(const QTextBlockFormat& format, const ORVStockListItem& item) const
 {
@@ -106,10 +113,10 @@ QTextBlockFormat ORVStockParagraph::stock(const QTextBlockFormat& format, const 
     setStockIndents(&result, item);
     const double right = format.doubleProperty(ORVRtfProperty::RightIndent);
     if (right != 0)
-        result.setRightMargin(pixels(m_textWidth - right)
+        result.setRightMargin(stockLength(m_textWidth - right)
                               - (isRightToLeft(format) ? listPixels(format, item) : 0));
-    scale(&result, QTextFormat::BlockTopMargin, m_resolution / 72);
-    scale(&result, QTextFormat::BlockBottomMargin, m_resolution / 72);
+    setStockSpacing(&result, QTextFormat::BlockTopMargin);
+    setStockSpacing(&result, QTextFormat::BlockBottomMargin);
     setStockLineHeight(&result);
     return result;
 }
@@ -119,9 +126,10 @@ void ORVStockParagraph::setStockIndents(QTextBlockFormat* stock, const ORVStockL
     const Indents indents = indentsOf(*stock, item);
     const double firstLine = item.hasMarker ? qMax(0.0, indents.firstLine + markerWidth) : indents.firstLine;
     if (indents.isLeftStated)
-        stock->setLeftMargin(pixels(indents.left) - (isRightToLeft(*stock) ? 0 : listPixels(*stock, item)));
+        stock->setLeftMargin(stockLength(indents.left)
+                             - (isRightToLeft(*stock) ? 0 : listPixels(*stock, item)));
     if (indents.isFirstLineStated)
-        stock->setTextIndent(pixels(firstLine));
+        stock->setTextIndent(stockLength(firstLine));
     setStockTabs(stock, indents.left, firstLine);
 }
 
@@ -134,7 +142,7 @@ void ORVStockParagraph::setStockTabs(QTextBlockFormat* stock, double left, doubl
     QList<QTextOption::Tab> tabs = stock->tabPositions();
     int firstInside = 0;
     for (QTextOption::Tab& tab : tabs) {
-        tab.position = pixels(tab.position - left);
+        tab.position = stockLength(tab.position - left);
         if (tab.position < 0)
             ++firstInside;
     }
@@ -152,11 +160,18 @@ void ORVStockParagraph::setStockLineHeight(QTextBlockFormat* stock) const
     if (spacing == 0 || spacing == base || (spacing < 0 && -spacing < leastExactHeight))
         return;
     if (spacing < 0)
-        stock->setLineHeight(pixels(-spacing), QTextBlockFormat::FixedHeight);
+        stock->setLineHeight(stockLength(-spacing), QTextBlockFormat::FixedHeight);
     else if (base > 0)
-        stock->setLineHeight(100 * spacing / base, QTextBlockFormat::ProportionalHeight);
+        stock->setLineHeight(qMin(100 * spacing / base, ORVPageLimits::highestLineMultiple),
+                             QTextBlockFormat::ProportionalHeight);
     else
-        stock->setLineHeight(pixels(spacing), QTextBlockFormat::MinimumHeight);
+        stock->setLineHeight(stockLength(spacing), QTextBlockFormat::MinimumHeight);
+}
+
+void ORVStockParagraph::setStockSpacing(QTextBlockFormat* stock, int property) const
+{
+    if (stock->hasProperty(property))
+        stock->setProperty(property, pixels(ORVPageLimits::distance(stock->doubleProperty(property))));
 }
 
 void ORVStockParagraph::scale(QTextBlockFormat* format, int property, double factor) const

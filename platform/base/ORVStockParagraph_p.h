@@ -61,12 +61,14 @@ public:
 
 private:
     double pixels(double points) const { return points * m_resolution / 72; }
+    double stockLength(double points) const;
     double points(double pixels) const { return pixels * 72 / m_resolution; }
     double listPixels(const QTextBlockFormat& format, const ORVStockListItem& item) const;
 
     void setStockIndents(QTextBlockFormat* stock, const ORVStockListItem& item) const;
     void setStockTabs(QTextBlockFormat* stock, double left, double firstLine) const;
     void setStockLineHeight(QTextBlockFormat* stock) const;
+    void setStockSpacing(QTextBlockFormat* stock, int property) const;
     void scale(QTextBlockFormat* format, int property, double factor) const;
 
     void setLeftIndents(QTextBlockFormat* result, const QTextBlockFormat& stock, const ORVStockListItem& item,

@@ -1,6 +1,7 @@
 #include "ORVStockTable_p.h"
 
 #include "ORVPageGeometry.h"
+#include "ORVPageLimits_p.h"
 #include "QtCompat_p.h"
 
 #include <QtGui/QTextTable>
@@ -89,7 +90,8 @@ QTextTableFormat ORVStockTables::stock(const QTextTableFormat& format, double sh
 {
     QTextTableFormat result(format);
     for (const int property : lengthProperties)
-        result.setProperty(property, format.doubleProperty(property) * m_pixelsPerPoint);
+        result.setProperty(property,
+                           ORVPageLimits::distance(format.doubleProperty(property)) * m_pixelsPerPoint);
     // A hairline is drawn as thin as it can be seen.
     if (format.border() > 0)
         result.setBorder(qMax(1.0, result.border()));

@@ -1,6 +1,7 @@
 #include "DocumentExport.h"
 
 #include "HtmlExport.h"
+#include "Messages.h"
 #include "OdtExport.h"
 #include "Options.h"
 #include "PageExport.h"
@@ -27,6 +28,7 @@ void adaptFormats(QTextDocument& document, const Options& options)
         ORVStockFormats::fromStock(&document);
 }
 
+/*! Empty on failure; of all formats only plain text may be that. */
 QByteArray converted(QTextDocument& document, const Options& options)
 {
     switch (options.outputFormat) {
@@ -47,6 +49,10 @@ bool exportDocument(QTextDocument& document, const Options& options, QString* pa
     adaptFormats(document, options);
     *path = options.output;
     if (options.outputFormat == Options::Png)
-        return writePagePictures(document, path, errorString);
-    return writeOutput(*path, converted(document, options), errorString);
+        return writePagePictures(document, options.input, path, errorString);
+    const QByteArray data = converted(document, options);
+    if (!data.isEmpty() || options.outputFormat == Options::PlainText)
+        return writeOutput(*path, data, errorString);
+    *errorString = Messages::tr("the file cannot be made");
+    return false;
 }

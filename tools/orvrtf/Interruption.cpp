@@ -15,6 +15,7 @@ const int endingSignals[] = {SIGHUP, SIGINT, SIGTERM};
 char unfinishedPath[PATH_MAX];
 char childrenPath[PATH_MAX];
 volatile std::sig_atomic_t lastSignal = 0;
+int blockCount = 0;
 
 sigset_t endingSignalSet()
 {
@@ -101,16 +102,33 @@ StartedPrograms::~StartedPrograms()
         Interruption::endBy(lastSignal);
 }
 
-InterruptionBlock::InterruptionBlock()
+InterruptionBlock::InterruptionBlock() : m_isOutermost(blockCount++ == 0)
 {
     const sigset_t set = endingSignalSet();
-    pthread_sigmask(SIG_BLOCK, &set, nullptr);
+    if (m_isOutermost)
+        pthread_sigmask(SIG_BLOCK, &set, nullptr);
 }
 
 InterruptionBlock::~InterruptionBlock()
 {
+    --blockCount;
     const sigset_t set = endingSignalSet();
-    pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+    if (m_isOutermost)
+        pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+}
+
+bool InterruptionBlock::isInterrupted()
+{
+    sigset_t pending;
+    sigpending(&pending);
+    for (const int signal : endingSignals) {
+        struct sigaction action = {};
+        // What is ignored is kept back all the same.
+        if (sigismember(&pending, signal) == 1 && sigaction(signal, nullptr, &action) == 0
+            && action.sa_handler != SIG_IGN)
+            return true;
+    }
+    return false;
 }
 
 void Interruption::handle(Handler handler)

@@ -33,14 +33,18 @@ private:
     Q_DISABLE_COPY(StartedPrograms)
 };
 
-/*! Keeps SIGHUP, SIGINT and SIGTERM back while it lives, and lets them come then. */
+/*! Keeps SIGHUP, SIGINT and SIGTERM back while it lives, and lets them come when the last one ends. */
 class InterruptionBlock {
 public:
     InterruptionBlock();
     ~InterruptionBlock();
 
+    /*! Whether one that is kept back will end the program. */
+    static bool isInterrupted();
+
 private:
     Q_DISABLE_COPY(InterruptionBlock)
+    bool m_isOutermost;
 };
 
 namespace Interruption {

@@ -1,24 +1,24 @@
 #include "PageExport.h"
 
+#include "Interruption.h"
 #include "Messages.h"
 #include "Streams.h"
 #include "VisibleDocument.h"
 
 #include <ORVPagePainter.h>
+#include <ORVPagePdf.h>
 #include <ORVTextPage.h>
 
 #include <QBuffer>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QMarginsF>
 #include <QPageSize>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QTextDocument>
 
 namespace {
 
-const int pdfResolution = 600;
 const int pictureResolution = 96;
 
 ORVPageSetup::MarginText marginText(const QTextDocument& document, const char* property)
@@ -40,8 +40,11 @@ ORVPageSetup pageSetup(const QTextDocument& document)
     return setup;
 }
 
+/*! The file for the page \a number, counted from 1. */
 QString picturePath(const QString& firstPath, int number)
 {
+    if (number == 1)
+        return firstPath;
     const QString suffix = QLatin1String(".png");
     const bool hasSuffix = firstPath.endsWith(suffix, Qt::CaseInsensitive);
     QString path = firstPath;
@@ -54,6 +57,8 @@ QByteArray picture(const ORVPagePainter& pages, const QSize& size, int page)
 {
     const int dotsPerMeter = qRound(pictureResolution / 0.0254);
     QImage image(size, QImage::Format_RGB32);
+    if (image.isNull())
+        return QByteArray();
     image.setDotsPerMeterX(dotsPerMeter);
     image.setDotsPerMeterY(dotsPerMeter);
     image.fill(Qt::white);
@@ -74,44 +79,82 @@ bool writePicture(const QByteArray& data, const QString& path, QString* errorStr
     return false;
 }
 
+/*! The files that have been written. Unless they are to be kept, they are removed in the end. */
+class WrittenFiles {
+public:
+    ~WrittenFiles()
+    {
+        for (const QString& path : m_paths)
+            QFile::remove(path);
+    }
+
+    /*! Devices and pipes stay. */
+    void add(const QString& path)
+    {
+        const QFileInfo info(path);
+        if (info.isFile())
+            m_paths.append(info.canonicalFilePath());
+    }
+
+    void keep() { m_paths.clear(); }
+
+private:
+    QStringList m_paths;
+};
+
+/*! Whether both are one file that exists. */
+bool isSameFile(const QString& path, const QString& otherPath)
+{
+    const QString file = QFileInfo(path).canonicalFilePath();
+    return !file.isEmpty() && file == QFileInfo(otherPath).canonicalFilePath();
+}
+
+/*! The first of \a pageCount pictures that would take the place of \a input; empty when none would. */
+QString overwritingPicture(const QString& firstPath, int pageCount, const QString& input)
+{
+    for (int number = 1; number <= pageCount; ++number) {
+        const QString path = picturePath(firstPath, number);
+        if (isSameFile(path, input))
+            return path;
+    }
+    return QString();
+}
+
+/*! False when one cannot be written, and on an interruption, which then ends the program. */
+bool writePictures(const ORVPagePainter& pages, const QSize& size, QString* path, QString* errorString)
+{
+    const InterruptionBlock block;
+    WrittenFiles written;
+    const QString firstPath = *path;
+    for (int page = 0; page < pages.pageCount(); ++page) {
+        *path = picturePath(firstPath, page + 1);
+        if (InterruptionBlock::isInterrupted()
+            || !writePicture(picture(pages, size, page), *path, errorString))
+            return false;
+        written.add(*path);
+    }
+    written.keep();
+    return true;
+}
+
 } // namespace
 
 QByteArray documentToPdf(QTextDocument& document)
 {
     makeVisible(document);
-    const ORVPageSetup setup = pageSetup(document);
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setResolution(pdfResolution);
-    writer.setCreator(QLatin1String("orvrtf"));
-    writer.setTitle(document.metaInformation(QTextDocument::DocumentTitle));
-    writer.setPageSize(
-        QPageSize(setup.page.usablePaperSize(), QPageSize::Point, QString(), QPageSize::ExactMatch));
-    writer.setPageMargins(QMarginsF());
-    const ORVPagePainter pages(&document, setup, pdfResolution);
-    QPainter painter(&writer);
-    for (int page = 0; page < pages.pageCount(); ++page) {
-        if (page > 0)
-            writer.newPage();
-        pages.paintPage(&painter, page);
-    }
-    return painter.end() ? data : QByteArray();
+    return ORVPagePdf::make(&document, pageSetup(document), QLatin1String("orvrtf"));
 }
 
-bool writePagePictures(QTextDocument& document, QString* path, QString* errorString)
+bool writePagePictures(QTextDocument& document, const QString& input, QString* path, QString* errorString)
 {
     makeVisible(document);
     const ORVPageSetup setup = pageSetup(document);
     const QSize size = (setup.page.usablePaperSize() * pictureResolution / 72).toSize();
     const ORVPagePainter pages(&document, setup, pictureResolution);
-    const QString firstPath = *path;
-    for (int page = 0; page < pages.pageCount(); ++page) {
-        if (page > 0)
-            *path = picturePath(firstPath, page + 1);
-        if (!writePicture(picture(pages, size, page), *path, errorString))
-            return false;
-    }
-    return true;
+    const QString overwriting = overwritingPicture(*path, pages.pageCount(), input);
+    if (overwriting.isEmpty())
+        return writePictures(pages, size, path, errorString);
+    *path = overwriting;
+    *errorString = Messages::tr("it is the input");
+    return false;
 }

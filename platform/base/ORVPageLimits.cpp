@@ -1,0 +1,214 @@
+#include "ORVPageLimits_p.h"
+
+#include "ORVPageGeometry.h"
+
+#include <QtCore/QVector>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextFrame>
+#include <QtGui/QTextTable>
+
+namespace {
+
+// Points: what is left for the first word of a line, or for that of a cell, at least.
+const double leastText = 18;
+// Points: padding of cells that is taken as it is, however narrow the columns of a table are.
+const double usualPadding = 36;
+
+const int paragraphDistances[] = {QTextFormat::BlockTopMargin, QTextFormat::BlockBottomMargin};
+const int frameDistances[] = {
+    QTextFormat::FrameBorder,      QTextFormat::FrameMargin,       QTextFormat::FramePadding,
+    QTextFormat::FrameTopMargin,   QTextFormat::FrameBottomMargin, QTextFormat::FrameLeftMargin,
+    QTextFormat::FrameRightMargin, QTextFormat::TableCellSpacing,  QTextFormat::TableCellPadding};
+
+/*! A run of text and the format that it is to have. */
+struct TextChange {
+    int position;
+    int length;
+    QTextCharFormat format;
+};
+
+class Limiter {
+public:
+    Limiter(QTextDocument* document, const ORVPageGeometry& page, int resolution)
+        : m_document(document), m_pixelsPerPoint(resolution / 72.0), m_textWidth(page.textArea().width()),
+          m_leftOfText(page.textArea().left()),
+          m_rightOfText(page.usablePaperSize().width() - page.textArea().right())
+    {
+    }
+
+    void run()
+    {
+        m_document->setDefaultFont(font(m_document->defaultFont()));
+        QTextCursor cursor(m_document);
+        cursor.beginEditBlock();
+        for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next())
+            limitBlock(cursor, block);
+        limitFrames();
+        cursor.endEditBlock();
+    }
+
+private:
+    void limitBlock(QTextCursor& cursor, const QTextBlock& block) const;
+    void limitText(QTextCursor& cursor, const QTextBlock& block) const;
+    void limitFrames() const;
+    QFont font(QFont font) const;
+    QTextBlockFormat paragraph(QTextBlockFormat format) const;
+    void keepOnPaper(QTextBlockFormat* format) const;
+    double onPaper(double pixels, double outside) const;
+    void limitPadding(QTextFrameFormat* format) const;
+    QTextCharFormat text(QTextCharFormat format) const;
+    template <int Count>
+    void limit(QTextFormat* format, const int (&properties)[Count], double (*limited)(double)) const;
+    void atMost(QTextFormat* format, int property, double largest) const;
+
+    QTextDocument* m_document;
+    double m_pixelsPerPoint;
+    // In points.
+    double m_textWidth;
+    double m_leftOfText;
+    double m_rightOfText;
+};
+
+template <int Count>
+void Limiter::limit(QTextFormat* format, const int (&properties)[Count], double (*limited)(double)) const
+{
+    for (const int property : properties) {
+        if (!format->hasProperty(property))
+            continue;
+        const double pixels = format->doubleProperty(property);
+        const double result = limited(pixels / m_pixelsPerPoint) * m_pixelsPerPoint;
+        if (qAbs(result - pixels) > 1)
+            format->setProperty(property, result);
+    }
+}
+
+void Limiter::atMost(QTextFormat* format, int property, double largest) const
+{
+    const QVariant value = format->property(property);
+    if (value.toDouble() <= largest)
+        return;
+    if (value.userType() == QMetaType::Int)
+        format->setProperty(property, int(largest));
+    else
+        format->setProperty(property, largest);
+}
+
+QFont Limiter::font(QFont font) const
+{
+    const double largest = ORVPageLimits::largestFont;
+    if (font.pointSizeF() > largest)
+        font.setPointSizeF(largest);
+    else if (font.pixelSize() > largest * m_pixelsPerPoint)
+        font.setPixelSize(int(largest * m_pixelsPerPoint));
+    return font;
+}
+
+QTextBlockFormat Limiter::paragraph(QTextBlockFormat format) const
+{
+    keepOnPaper(&format);
+    limit(&format, paragraphDistances, ORVPageLimits::distance);
+    const bool isMultiple = format.lineHeightType() == QTextBlockFormat::ProportionalHeight;
+    atMost(&format, QTextFormat::LineHeight,
+           isMultiple ? ORVPageLimits::highestLineMultiple : ORVPageLimits::longestLength * m_pixelsPerPoint);
+    return format;
+}
+
+/*! A distance from the edge of the text of which \a outside points lie between it and that of the paper. */
+double Limiter::onPaper(double pixels, double outside) const
+{
+    return qBound(-outside * m_pixelsPerPoint, pixels, (m_textWidth - leastText) * m_pixelsPerPoint);
+}
+
+void Limiter::keepOnPaper(QTextBlockFormat* format) const
+{
+    const bool isRightToLeft = format->layoutDirection() == Qt::RightToLeft;
+    const double left = onPaper(format->leftMargin(), m_leftOfText);
+    const double right = onPaper(format->rightMargin(), m_rightOfText);
+    const double edge = isRightToLeft ? right : left;
+    const double firstLine =
+        onPaper(edge + format->textIndent(), isRightToLeft ? m_rightOfText : m_leftOfText) - edge;
+    if (left != format->leftMargin())
+        format->setLeftMargin(left);
+    if (right != format->rightMargin())
+        format->setRightMargin(right);
+    if (qAbs(firstLine - format->textIndent()) > 1)
+        format->setTextIndent(firstLine);
+}
+
+/*! Columns are taken to be of one width. */
+void Limiter::limitPadding(QTextFrameFormat* format) const
+{
+    if (!format->isTableFormat())
+        return;
+    const double column = m_textWidth / qMax(1, format->toTableFormat().columns());
+    atMost(format, QTextFormat::TableCellPadding,
+           qMax((column - leastText) / 2, usualPadding) * m_pixelsPerPoint);
+}
+
+QTextCharFormat Limiter::text(QTextCharFormat format) const
+{
+    atMost(&format, QTextFormat::FontPointSize, ORVPageLimits::largestFont);
+    atMost(&format, QTextFormat::FontPixelSize, ORVPageLimits::largestFont * m_pixelsPerPoint);
+    return format;
+}
+
+void Limiter::limitBlock(QTextCursor& cursor, const QTextBlock& block) const
+{
+    cursor.setPosition(block.position());
+    const QTextBlockFormat format = paragraph(block.blockFormat());
+    if (format != block.blockFormat())
+        cursor.setBlockFormat(format);
+    const QTextCharFormat charFormat = text(block.charFormat());
+    if (charFormat != block.charFormat())
+        cursor.setBlockCharFormat(charFormat);
+    limitText(cursor, block);
+}
+
+void Limiter::limitText(QTextCursor& cursor, const QTextBlock& block) const
+{
+    QVector<TextChange> changes;
+    for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        const QTextCharFormat format = text(fragment.charFormat());
+        if (format != fragment.charFormat())
+            changes.append({fragment.position(), fragment.length(), format});
+    }
+    for (const TextChange& change : changes) {
+        cursor.setPosition(change.position);
+        cursor.setPosition(change.position + change.length, QTextCursor::KeepAnchor);
+        cursor.setCharFormat(change.format);
+    }
+}
+
+void Limiter::limitFrames() const
+{
+    QList<QTextFrame*> frames = m_document->rootFrame()->childFrames();
+    while (!frames.isEmpty()) {
+        QTextFrame* const frame = frames.takeLast();
+        frames += frame->childFrames();
+        QTextFrameFormat format = frame->frameFormat();
+        limit(&format, frameDistances, ORVPageLimits::distance);
+        limitPadding(&format);
+        if (format != frame->frameFormat())
+            frame->setFrameFormat(format);
+    }
+}
+
+} // namespace
+
+double ORVPageLimits::length(double points)
+{
+    return points == points ? qBound(-longestLength, points, longestLength) : 0;
+}
+
+double ORVPageLimits::distance(double points)
+{
+    return qMax(0.0, length(points));
+}
+
+void ORVPageLimits::apply(QTextDocument* document, const ORVPageGeometry& page, int resolution)
+{
+    Limiter(document, page, resolution).run();
+}
