@@ -118,7 +118,9 @@ QTextBlockFormat Limiter::paragraph(QTextBlockFormat format) const
 /*! A distance from the edge of the text of which \a outside points lie between it and that of the paper. */
 double Limiter::onPaper(double pixels, double outside) const
 {
-    return qBound(-outside * m_pixelsPerPoint, pixels, (m_textWidth - leastText) * m_pixelsPerPoint);
+    const double least = -qMax(0.0, outside) * m_pixelsPerPoint;
+    const double most = qMax(0.0, m_textWidth - leastText) * m_pixelsPerPoint;
+    return qBound(least, pixels, most);
 }
 
 void Limiter::keepOnPaper(QTextBlockFormat* format) const
