@@ -10,6 +10,8 @@
 #include <QTextTable>
 #include <QtTest>
 
+Q_DECLARE_METATYPE(QTextBlockFormat)
+
 /*! Documents on pages. Text is drawn as blocks of colour: pictures, whose edges are exact. */
 class tst_pagepainter : public QObject {
     Q_OBJECT
@@ -26,6 +28,8 @@ private slots:
     void pagesDoNotDrift();
     void lengthsOfMilesAreLimited_data();
     void lengthsOfMilesAreLimited();
+    void emptySpaceIsLimited_data();
+    void emptySpaceIsLimited();
     void textStaysOnThePaper_data();
     void textStaysOnThePaper();
     void paddingLeavesRoomForText();
@@ -241,6 +245,41 @@ void tst_pagepainter::lengthsOfMilesAreLimited()
     // 156 pixels a page; the space in front of the first paragraph or behind the last does not count.
     QVERIFY(count >= 19 * 2112 / 156);
     QCOMPARE(pages.pageCount(), count);
+}
+
+void tst_pagepainter::emptySpaceIsLimited_data()
+{
+    QTextBlockFormat format;
+    QTest::addColumn<QTextBlockFormat>("format");
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTest::newRow("page breaks") << format;
+    format = QTextBlockFormat();
+    format.setTopMargin(2000);
+    QTest::newRow("space above") << format;
+    format = QTextBlockFormat();
+    format.setLineHeight(2000, QTextBlockFormat::FixedHeight);
+    QTest::newRow("high lines") << format;
+}
+
+/*!
+    Qt's layout counts to 2^25 pixels. 45,000 pages or paragraphs that are as high would be more, and the
+    layout would never end, or end with one page. They fill some 2^24 pixels, and what follows is close.
+*/
+void tst_pagepainter::emptySpaceIsLimited()
+{
+    QFETCH(QTextBlockFormat, format);
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    for (int i = 0; i < 45000; ++i)
+        cursor.insertBlock(format);
+    cursor.endEditBlock();
+    const ORVPageSetup setup;
+    const ORVPagePainter pages(&document, setup, 96);
+    const double pageHeight = 864; // nine inches
+    const int most = int((1 << 24) / pageHeight);
+    QVERIFY2(pages.pageCount() > most / 2, qPrintable(QString::number(pages.pageCount())));
+    QVERIFY2(pages.pageCount() < 2 * most, qPrintable(QString::number(pages.pageCount())));
 }
 
 void tst_pagepainter::textStaysOnThePaper_data()

@@ -13,6 +13,8 @@ namespace {
 
 // Points: what is left for the first word of a line, or for that of a cell, at least.
 const double leastText = 18;
+// Pixels: half of what the layout can count, some 15,000 pages; the other half is for the text itself.
+const double mostEmptySpace = 1 << 24;
 // Points: padding of cells that is taken as it is, however narrow the columns of a table are.
 const double usualPadding = 36;
 
@@ -33,7 +35,7 @@ class Limiter {
 public:
     Limiter(QTextDocument* document, const ORVPageGeometry& page, int resolution)
         : m_document(document), m_pixelsPerPoint(resolution / 72.0), m_textWidth(page.textArea().width()),
-          m_leftOfText(page.textArea().left()),
+          m_pageHeight(page.textArea().height() * m_pixelsPerPoint), m_leftOfText(page.textArea().left()),
           m_rightOfText(page.usablePaperSize().width() - page.textArea().right())
     {
     }
@@ -50,7 +52,8 @@ public:
     }
 
 private:
-    void limitBlock(QTextCursor& cursor, const QTextBlock& block) const;
+    void limitBlock(QTextCursor& cursor, const QTextBlock& block);
+    void limitEmptySpace(QTextBlockFormat* format);
     void limitText(QTextCursor& cursor, const QTextBlock& block) const;
     void limitFrames() const;
     QFont font(QFont font) const;
@@ -67,8 +70,13 @@ private:
     double m_pixelsPerPoint;
     // In points.
     double m_textWidth;
+    // In pixels.
+    double m_pageHeight;
+    // In points.
     double m_leftOfText;
     double m_rightOfText;
+    // In pixels: what the paragraphs so far take besides their text.
+    double m_emptySpace = 0;
 };
 
 template <int Count>
@@ -156,10 +164,32 @@ QTextCharFormat Limiter::text(QTextCharFormat format) const
     return format;
 }
 
-void Limiter::limitBlock(QTextCursor& cursor, const QTextBlock& block) const
+/*! Page breaks, spacing and heights of lines are left out behind those that take too much together. */
+void Limiter::limitEmptySpace(QTextBlockFormat* format)
+{
+    const QTextFormat::PageBreakFlags breaks =
+        QTextFormat::PageBreak_AlwaysBefore | QTextFormat::PageBreak_AlwaysAfter;
+    const bool isPercent = format->lineHeightType() == QTextBlockFormat::ProportionalHeight;
+    double space = format->topMargin() + format->bottomMargin();
+    if ((format->pageBreakPolicy() & breaks) != 0)
+        space += m_pageHeight;
+    if (!isPercent)
+        space += format->lineHeight();
+    if (space == 0)
+        return;
+    m_emptySpace += space;
+    if (m_emptySpace <= mostEmptySpace)
+        return;
+    for (const int property : {QTextFormat::PageBreakPolicy, QTextFormat::BlockTopMargin,
+                               QTextFormat::BlockBottomMargin, QTextFormat::LineHeight})
+        format->clearProperty(property);
+}
+
+void Limiter::limitBlock(QTextCursor& cursor, const QTextBlock& block)
 {
     cursor.setPosition(block.position());
-    const QTextBlockFormat format = paragraph(block.blockFormat());
+    QTextBlockFormat format = paragraph(block.blockFormat());
+    limitEmptySpace(&format);
     if (format != block.blockFormat())
         cursor.setBlockFormat(format);
     const QTextCharFormat charFormat = text(block.charFormat());
