@@ -521,7 +521,7 @@ void tst_tool_batch::interruptionLeavesWholeFilesOnly()
     QCOMPARE(files("out"), words("a.txt"));
     QCOMPARE(read(path("out/a.txt")), QByteArray("a\n"));
     // The conversion has ended with the program.
-    QVERIFY(!isRead("b.rtf"));
+    QTRY_VERIFY_WITH_TIMEOUT(!isRead("b.rtf"), patience);
 }
 
 /*! As in a terminal, where the signal reaches the conversions as well. */
@@ -624,7 +624,7 @@ void tst_tool_batch::interruptedEngine()
     finish(process);
     ::close(writer);
     QCOMPARE(process.exitStatus(), QProcess::CrashExit);
-    QVERIFY(!isRead("wait"));
+    QTRY_VERIFY_WITH_TIMEOUT(!isRead("wait"), patience);
     QCOMPARE(foldersOfEngines().size(), 0);
     QCOMPARE(files(), words("bin in.docx temp wait"));
 }

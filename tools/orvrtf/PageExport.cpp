@@ -113,7 +113,7 @@ bool isSameFile(const QString& path, const QString& otherPath)
 QString overwritingPicture(const QString& firstPath, int pageCount, const QString& input)
 {
     for (int number = 1; number <= pageCount; ++number) {
-        const QString path = picturePath(firstPath, number);
+        QString path = picturePath(firstPath, number);
         if (isSameFile(path, input))
             return path;
     }
