@@ -34,6 +34,8 @@ exec '$tool' "\$@"
 END
 chmod +x "$folder/bin/orvrtf"
 
+# parallel runs its commands with $SHELL, which a login sets.
+export SHELL=/bin/bash
 export HOST_FOLDERS=$folder/hosts PATH=$folder/bin:$PATH HOME=$folder/home PARALLEL_SSH=$tests/localssh.sh
 mkdir -p "$HOME" "$HOST_FOLDERS" "$folder/work/letters/sub"
 cd "$folder/work"
@@ -55,6 +57,7 @@ run() {
 if PARALLEL="--will-cite --jobs 1 --halt soon,done=3" run 2>"$folder/errors"; then
     fail "the interrupted run says that all is well"
 fi
+[[ -f $folder/calls ]] || fail "no file was begun: $(<"$folder/errors")"
 calls=$(wc -l <"$folder/calls")
 ((calls >= 3 && calls <= 4)) || fail "$calls files were begun before the interruption"
 
