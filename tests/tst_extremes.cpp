@@ -290,8 +290,8 @@ void TestExtremes::extremeNumbers()
         "{\\rtf1 @ x\\par @ y}",
         "{\\rtf1{\\fonttbl{\\f1@ Quibble;}@}\\f1 x}",
         "{\\rtf1{\\colortbl;@;}@ x}",
-        "{\\rtf1{\\*\\listtable{\\list{\\listlevel@{\\leveltext\\'01@a;}}@\\listid1}}"
-        "{\\*\\listoverridetable{\\listoverride\\listid1@\\ls1}}\\ls1 x@\\par}",
+        ("{\\rtf1{\\*\\listtable{\\list{\\listlevel@{\\leveltext\\'01@a;}}@\\listid1}}"
+         "{\\*\\listoverridetable{\\listoverride\\listid1@\\ls1}}\\ls1 x@\\par}"),
         "{\\rtf1\\trowd@\\cellx900@\\cellx2000\\pard\\intbl a@\\cell b\\cell\\row\\pard x}",
         "{\\rtf1{\\pict\\pngblip@ 50352031203120323535200A41}x}"};
     for (const QByteArray& word : allWords()) {

@@ -456,7 +456,7 @@ void TestTextUtil::trimKeepsPictures()
     writer.insertText(QLatin1String("  "));
     QTextCursor cursor = wholeDocument(&document);
     ORVTextUtil::trim(cursor);
-    const QString picture(QChar(QChar::ObjectReplacementCharacter));
+    const QString picture = QChar(QChar::ObjectReplacementCharacter);
     QCOMPARE(paragraphs(document), picture + QLatin1String(" x ") + picture);
 }
 
