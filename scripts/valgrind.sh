@@ -7,7 +7,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 # Hours under valgrind, or about processes: the sanitizers take care of these.
-left_out="corpus|corpus_.*|damaged|editor.*|extremes|hostile|limits|loadfile|tables_model|tables_robustness"
+left_out="corpus|corpus_.*|damaged|editor.*|extremes|german|hostile|limits|loadfile|tables_model|tables_robustness"
 left_out+="|texttransform.*|threads|tool.*"
 
 need_packages "${build_packages[@]}" "${test_packages[@]}"
@@ -33,6 +33,8 @@ run_one() {
     fi
 }
 export -f run_one
+# What the regular expressions compile to at run time reads more bytes at once than were set.
+export QT_ENABLE_REGEXP_JIT=0
 export root logs QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 mkdir -p "$logs"
 printf '%s\n' "${subjects[@]}" | xargs -P "$(nproc)" -I '{}' bash -c 'run_one "{}"' \

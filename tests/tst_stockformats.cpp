@@ -47,6 +47,7 @@ private slots:
     void resolutionIsRemembered();
     void changesInStockFormCount_data();
     void changesInStockFormCount();
+    void equalTabStopsAreNoChange();
     void changedOtherPropertiesStay();
     void changedBaseline();
     void changedListStyle();
@@ -571,6 +572,28 @@ void tst_stockformats::changesInStockFormCount()
     for (Properties::const_iterator it = application.begin(); it != application.end(); ++it)
         QCOMPARE(result.property(it.key()), it.value());
     QVERIFY(!result.hasProperty(QTextFormat::BlockLeftMargin));
+}
+
+// Tab stops are equal also when the unused bytes between their members are not.
+void tst_stockformats::equalTabStopsAreNoChange()
+{
+    QTextBlockFormat format = indented(36, 54);
+    format.setTabPositions({QTextOption::Tab(100, QTextOption::RightTab)});
+    Paragraph paragraph(format);
+    ORVStockFormats::toStock(&paragraph.document);
+    const QTextOption::Tab stock = paragraph.format().tabPositions().constFirst();
+    for (const int unused : {0, 0x5A}) {
+        alignas(QTextOption::Tab) unsigned char memory[sizeof(QTextOption::Tab)];
+        memset(memory, unused, sizeof memory);
+        const QTextOption::Tab* const tab =
+            new (memory) QTextOption::Tab(stock.position, stock.type, stock.delimiter);
+        QTextBlockFormat change;
+        change.setTabPositions({*tab});
+        change.setLeftMargin(unused + 10);
+        paragraph.merge(change);
+    }
+    ORVStockFormats::fromStock(&paragraph.document);
+    QCOMPARE(paragraph.format().tabPositions(), format.tabPositions());
 }
 
 void tst_stockformats::changedOtherPropertiesStay()
