@@ -65,7 +65,7 @@ void ORVTextRtfReaderPrivate::finalizePicture()
         const QString name = ORVGuiUtil::resourceId(image);
         // A cell's own document hands its text on to the target document, but not its pictures.
         m_document->addResource(QTextDocument::ImageResource, QUrl(name), image);
-        m_cursor.insertImage(
+        m_cursor.place().insertImage(
             m_picture.imageFormat(image, name, m_binaryData, m_pictureNumber, m_state.charFormat));
         if (m_picture.fileName.isEmpty())
             ++m_pictureNumber;

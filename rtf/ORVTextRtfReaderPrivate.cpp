@@ -45,19 +45,6 @@ bool addsCharacter(ORVTextRtfCommon::KeyWord keyWord)
     }
 }
 
-/*! Whether a document makes a new paragraph of \a c, which takes its format when the next text is drawn. */
-bool endsParagraph(QChar c)
-{
-    const ushort unit = c.unicode();
-    return unit == '\n' || unit == '\r' || unit == QChar::ParagraphSeparator || unit == 0xFDD0
-        || unit == 0xFDD1;
-}
-
-bool isEmpty(const QTextBlock& block)
-{
-    return block.length() == 1;
-}
-
 } // namespace
 
 ORVTextRtfReaderPrivate::ORVTextRtfReaderPrivate()
@@ -83,7 +70,7 @@ bool ORVTextRtfReaderPrivate::read(QTextDocument* document, bool removeInvalidCh
     editBlock.beginEditBlock();
     beginRead(document, removeInvalidChars);
     m_error = parseFile();
-    m_cursor = QTextCursor();
+    m_cursor.moveTo(QTextCursor());
     m_document = nullptr;
     editBlock.endEditBlock();
 
@@ -97,7 +84,7 @@ bool ORVTextRtfReaderPrivate::read(QTextDocument* document, bool removeInvalidCh
 void ORVTextRtfReaderPrivate::beginRead(QTextDocument* document, bool removeInvalidChars)
 {
     m_document = document;
-    m_cursor = QTextCursor(document);
+    m_cursor.moveTo(QTextCursor(document));
     adoptDefaultCharFormat(ORVTextFormat::defaultCharFormat(document));
     m_removeInvalidChars = removeInvalidChars;
     m_emptyBlockUnsettled = false;
@@ -173,6 +160,7 @@ int ORVTextRtfReaderPrivate::parseContent()
             result = status;
     }
     drawHeldText();
+    m_cursor.complete();
     return result;
 }
 
@@ -295,7 +283,7 @@ void ORVTextRtfReaderPrivate::drawTextBefore(KeyWord keyWord)
     const bool isBodyText = m_state.destination == Body || m_state.destination == FieldResultGroup;
     const int length = int(m_pendingText.size());
     if (isBodyText && addsCharacter(keyWord) && length > 0 && length < pendingTextSize
-        && !endsParagraph(m_pendingText.at(length - 1)))
+        && !ORVRtfTextCursor::endsParagraph(m_pendingText.at(length - 1)))
         m_heldText = length;
     else
         drawText();
@@ -357,14 +345,7 @@ void ORVTextRtfReaderPrivate::commitBlockFormat()
         finalizeTables(m_tableLevel);
     }
     m_emptyBlockUnsettled = false;
-    if (isEmpty(m_cursor.block()))
-        applyBlockFormats();
-}
-
-void ORVTextRtfReaderPrivate::applyBlockFormats()
-{
-    m_cursor.setBlockCharFormat(m_state.charFormat);
-    m_cursor.setBlockFormat(m_paragraph.format());
+    m_cursor.setBlockFormats(m_paragraph.format(), m_state.charFormat);
 }
 
 /*! Gives the cursor's block the formats in force if it is empty and waits for them; see drawBodyText(). */
@@ -373,8 +354,7 @@ void ORVTextRtfReaderPrivate::settleEmptyBlock()
     if (!m_emptyBlockUnsettled)
         return;
     m_emptyBlockUnsettled = false;
-    if (isEmpty(m_cursor.block()))
-        applyBlockFormats();
+    m_cursor.setBlockFormats(m_paragraph.format(), m_state.charFormat);
 }
 
 /*! Makes one list of all paragraphs that cite the same override, however far apart they stand. */

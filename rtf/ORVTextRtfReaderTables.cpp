@@ -22,7 +22,7 @@ void ORVTextRtfReaderPrivate::initializeTables(int level)
         settleEmptyBlock();
         ORVTextRtfRow row;
         row.table = QSharedPointer<ORVTextRtfTable>(new ORVTextRtfTable);
-        row.parentCursor = m_cursor;
+        row.parentCursor = m_cursor.place();
         m_rows.push(row);
         enterLastCell();
     }
@@ -37,7 +37,7 @@ ORVTextRtfRow& ORVTextRtfReaderPrivate::openRow()
 
 void ORVTextRtfReaderPrivate::enterLastCell()
 {
-    m_cursor = QTextCursor(m_rows.top().cells.last().document().data());
+    m_cursor.moveTo(QTextCursor(m_rows.top().cells.last().document().data()));
 }
 
 void ORVTextRtfReaderPrivate::endCell()
@@ -49,6 +49,7 @@ void ORVTextRtfReaderPrivate::endCell()
     commitBlockFormat();
     if (m_rows.isEmpty())
         return;
+    m_cursor.complete();
     m_rows.top().closeCell();
     enterLastCell();
 }
@@ -60,6 +61,7 @@ void ORVTextRtfReaderPrivate::finalizeRow()
     if (m_rows.isEmpty())
         return;
     settleEmptyBlock();
+    m_cursor.complete();
     ORVTextRtfRow& row = m_rows.top();
     row.finish();
     addRowToTable(row);
@@ -92,14 +94,14 @@ void ORVTextRtfReaderPrivate::finalizeTables(int level)
         return;
     while (m_rows.size() > level) {
         const ORVTextRtfRow row = m_rows.pop();
-        m_cursor = row.parentCursor;
+        m_cursor.moveTo(row.parentCursor);
         if (!row.table->isEmpty()) {
             row.table->setColumnWidths(textWidth(), m_columnWidths);
-            row.table->insertAt(m_cursor);
+            row.table->insertAt(m_cursor.place());
         }
     }
     m_emptyBlockUnsettled = false;
-    m_cursor.insertBlock();
+    m_cursor.endBlock();
 }
 
 /*!
@@ -112,9 +114,9 @@ void ORVTextRtfReaderPrivate::abandonTables()
         return;
     const ORVTextRtfRow outermost = m_rows.first();
     m_rows.clear();
-    m_cursor = outermost.parentCursor;
+    m_cursor.moveTo(outermost.parentCursor);
     if (!outermost.table->isEmpty())
-        outermost.table->insertAt(m_cursor);
+        outermost.table->insertAt(m_cursor.place());
 }
 
 double ORVTextRtfReaderPrivate::textWidth() const

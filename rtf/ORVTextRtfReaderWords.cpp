@@ -633,18 +633,19 @@ void ORVTextRtfReaderPrivate::setListOverrideNumber(int number)
 void ORVTextRtfReaderPrivate::endParagraph()
 {
     commitBlockFormat();
-    m_cursor.insertBlock();
+    m_cursor.endBlock();
 }
 
 /*! The break is stated on the paragraph that ends, and not on the one that begins. */
 void ORVTextRtfReaderPrivate::endPage()
 {
     commitBlockFormat();
-    QTextBlockFormat format = m_cursor.blockFormat();
+    QTextCursor& cursor = m_cursor.place();
+    QTextBlockFormat format = cursor.blockFormat();
     const int policy = format.intProperty(QTextFormat::PageBreakPolicy);
     format.setProperty(QTextFormat::PageBreakPolicy, policy | QTextFormat::PageBreak_AlwaysAfter);
-    m_cursor.setBlockFormat(format);
-    m_cursor.insertBlock();
+    cursor.setBlockFormat(format);
+    cursor.insertBlock();
     format.setProperty(QTextFormat::PageBreakPolicy, policy & ~int(QTextFormat::PageBreak_AlwaysAfter));
-    m_cursor.setBlockFormat(format);
+    cursor.setBlockFormat(format);
 }

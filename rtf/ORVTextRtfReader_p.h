@@ -6,6 +6,7 @@
 #include "ORVRtfListTable_p.h"
 #include "ORVRtfParagraph_p.h"
 #include "ORVRtfPicture_p.h"
+#include "ORVRtfTextCursor_p.h"
 #include "ORVTextRtfCommon.h"
 #include "ORVTextRtfRow_p.h"
 
@@ -13,7 +14,6 @@
 #include <QtCore/QVector>
 #include <QtGui/QColor>
 #include <QtGui/QTextCharFormat>
-#include <QtGui/QTextCursor>
 
 class QTextDocument;
 
@@ -123,7 +123,6 @@ private:
     void drawColorTableText();
     void cleanPendingText();
     void commitBlockFormat();
-    void applyBlockFormats();
     void settleEmptyBlock();
     void assembleLists();
 
@@ -206,7 +205,7 @@ private:
 
     // Where the document grows
     QTextDocument* m_document = nullptr;
-    QTextCursor m_cursor;
+    ORVRtfTextCursor m_cursor;
     bool m_removeInvalidChars = false;
     // The cursor's block may be empty and then has not been given its formats yet; see drawBodyText().
     bool m_emptyBlockUnsettled = false;
