@@ -19,6 +19,12 @@ QString cleanedName(const QString& name)
 
 } // namespace
 
+const ORVRtfFontTable::Font* ORVRtfFontTable::find(int number) const
+{
+    const QHash<int, Font>::const_iterator it = m_fonts.constFind(number);
+    return it == m_fonts.constEnd() ? nullptr : &*it;
+}
+
 void ORVRtfFontTable::setCodePage(int number, int codePage)
 {
     if (m_codePages.size() < ORVRtfLimits::fonts || m_codePages.contains(number))
@@ -31,7 +37,7 @@ void ORVRtfFontTable::define(int number, const QString& name, const QTextCharFor
     m_styleHint = QFont::AnyStyle;
 
     const QString family = cleanedName(name);
-    if (contains(number) ? family.trimmed().isEmpty() : m_fonts.size() >= ORVRtfLimits::fonts)
+    if (find(number) ? family.trimmed().isEmpty() : m_fonts.size() >= ORVRtfLimits::fonts)
         return;
     QFont font = compat::font(format);
     compat::setFamily(font, family);
@@ -41,7 +47,7 @@ void ORVRtfFontTable::define(int number, const QString& name, const QTextCharFor
         ++m_matchedFonts;
         matchInstalled(font, hint);
     }
-    m_fonts.insert(number, font);
+    m_fonts.insert(number, {font, compat::family(font), ++m_definedFonts});
 }
 
 /*! Makes \a font one of the installed family that stands best for its own. */

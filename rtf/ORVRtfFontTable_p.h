@@ -15,8 +15,16 @@ public:
     /*! Code page of a font that names none. */
     static constexpr int noCodePage = -1;
 
-    bool contains(int number) const { return m_fonts.contains(number); }
-    QFont font(int number) const { return m_fonts.value(number); }
+    struct Font {
+        QFont font;
+        // The one it names, ready to be used: asking a font for it takes long.
+        QString family;
+        // Differs from that of every font defined before.
+        quint64 serial;
+    };
+
+    /*! Font \a number until another is defined; null when it is not. */
+    const Font* find(int number) const;
     int codePage(int number) const { return m_codePages.value(number, noCodePage); }
     void setCodePage(int number, int codePage);
 
@@ -41,7 +49,8 @@ public:
 private:
     static void matchInstalled(QFont& font, QFont::StyleHint hint);
 
-    QHash<int, QFont> m_fonts;
+    QHash<int, Font> m_fonts;
+    quint64 m_definedFonts = 0;
     // How often a name has been looked for among the installed fonts.
     int m_matchedFonts = 0;
     QHash<int, int> m_codePages;

@@ -95,6 +95,11 @@ int ORVRtfInput::textLength() const
     const char* const text = data();
     const int limit = available();
     int length = 1;
+    // Four bytes at a time: all text goes through here.
+    while (length + 4 <= limit
+           && !(isSpecial(text[length]) | isSpecial(text[length + 1]) | isSpecial(text[length + 2])
+                | isSpecial(text[length + 3])))
+        length += 4;
     while (length < limit && !isSpecial(text[length]))
         ++length;
     return length;

@@ -29,13 +29,13 @@ void ORVTextRtfReaderPrivate::finalizeFontTable()
     if (!m_pendingText.isEmpty())
         setFontFamily(m_pendingText);
 
-    if (m_fonts.contains(m_defaultFont)) {
-        const QFont font = m_fonts.font(m_defaultFont);
+    if (const ORVRtfFontTable::Font* const found = m_fonts.find(m_defaultFont)) {
+        const int weight = found->font.weight();
         QTextCharFormat format = m_defaultCharFormat;
-        compat::setFontFamily(format, compat::family(font));
+        compat::setFontFamily(format, found->family);
         // The application stores the normal weight as 0.
-        format.setProperty(QTextFormat::FontWeight, font.weight() == QFont::Normal ? 0 : int(font.weight()));
-        format.setProperty(QTextFormat::FontFixedPitch, font.fixedPitch());
+        format.setProperty(QTextFormat::FontWeight, weight == QFont::Normal ? 0 : weight);
+        format.setProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());
         setDefaultCharFormat(format);
     }
 

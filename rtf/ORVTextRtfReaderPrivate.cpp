@@ -16,6 +16,7 @@
 #include <QtGui/QTextList>
 
 #include <algorithm>
+#include <cstring>
 
 namespace {
 
@@ -27,6 +28,22 @@ const int pendingTextSize = 1024;
 bool isInvalid(QChar c)
 {
     return c.unicode() >= 0x7F && c.unicode() <= 0x9F;
+}
+
+/*! Whether there is anything to clean. Mostly all is ASCII, which is seen for four characters at a time. */
+bool hasInvalid(const QString& text)
+{
+    const size_t step = 4;
+    const quint64 ones = 0x0001000100010001;
+    const size_t size = size_t(text.size());
+    size_t start = 0;
+    for (; start + step <= size; start += step) {
+        quint64 units;
+        std::memcpy(&units, text.constData() + start, sizeof units);
+        if ((units + ones) & (ones * 0xFF80))
+            break;
+    }
+    return std::any_of(text.begin() + start, text.end(), isInvalid);
 }
 
 bool addsCharacter(ORVTextRtfCommon::KeyWord keyWord)
@@ -65,14 +82,13 @@ bool ORVTextRtfReaderPrivate::read(QTextDocument* document, bool removeInvalidCh
     const bool undoRedoEnabled = document->isUndoRedoEnabled();
     document->setUndoRedoEnabled(false);
 
-    // The insertion cursor moves to other documents while tables are read; this one stays.
-    QTextCursor editBlock(document);
-    editBlock.beginEditBlock();
+    // All changes are one. No cursor is kept for that: each insertion costs more with each cursor there is.
+    QTextCursor(document).beginEditBlock();
     beginRead(document, removeInvalidChars);
     m_error = parseFile();
     m_cursor.moveTo(QTextCursor());
     m_document = nullptr;
-    editBlock.endEditBlock();
+    QTextCursor(document).endEditBlock();
 
     TextDocSupport::clearDefaultTextOptionFlags(document);
     TextDocSupport::normalizePageBreaks(document);
@@ -255,7 +271,8 @@ void ORVTextRtfReaderPrivate::drawText()
     // A font name is complete when its group or its entry ends.
     if (m_state.destination == FontTableGroup)
         return;
-    cleanPendingText();
+    if (!m_pendingText.isEmpty())
+        cleanPendingText();
     switch (m_state.destination) {
     case Body:
     case FieldResultGroup: drawBodyText(); break;
@@ -300,8 +317,7 @@ void ORVTextRtfReaderPrivate::drawHeldText()
 /*! Removes or replaces the characters U+007F to U+009F, which no text means. */
 void ORVTextRtfReaderPrivate::cleanPendingText()
 {
-    const QString& text = m_pendingText;
-    if (std::none_of(text.begin(), text.end(), isInvalid))
+    if (!hasInvalid(m_pendingText))
         return;
     if (m_removeInvalidChars) {
         const QString::iterator end = std::remove_if(m_pendingText.begin(), m_pendingText.end(), isInvalid);

@@ -319,14 +319,12 @@ int ORVTextRtfReaderPrivate::readBinaryData(int count)
     return NoError;
 }
 
-void ORVTextRtfReaderPrivate::setCharProperty(int id, const QVariant& value)
+/*! Sets a property that is a \a Value made of \a color. */
+template <typename Value>
+void ORVTextRtfReaderPrivate::setCharColor(int id, QRgb color)
 {
-    m_state.charFormat.setProperty(id, value);
-}
-
-void ORVTextRtfReaderPrivate::clearCharProperty(int id)
-{
-    m_state.charFormat.clearProperty(id);
+    m_formatChanges.apply(m_state.charFormat, id, color,
+                          [=](QTextCharFormat& format) { format.setProperty(id, Value(QColor(color))); });
 }
 
 bool ORVTextRtfReaderPrivate::isInNote() const
@@ -495,13 +493,13 @@ void ORVTextRtfReaderPrivate::setForegroundColor(int index)
 {
     if (!hasColor(index))
         return;
-    const QColor color(m_colors.at(index));
+    const QRgb color = m_colors.at(index);
     if (m_state.charFormat.hasProperty(QTextFormat::TextOutline)) {
         QPen outline = m_state.charFormat.textOutline();
-        outline.setColor(color);
+        outline.setColor(QColor(color));
         m_state.charFormat.setTextOutline(outline);
     } else {
-        m_state.charFormat.setForeground(QBrush(color));
+        setCharColor<QBrush>(QTextFormat::ForegroundBrush, color);
     }
 }
 
@@ -510,34 +508,35 @@ void ORVTextRtfReaderPrivate::setBackgroundColor(int index)
 {
     if (!hasColor(index))
         return;
-    const QColor color(m_colors.at(index));
-    if (index == 1 && color == QColor(Qt::white))
+    const QRgb color = m_colors.at(index);
+    if (index == 1 && QColor(color) == QColor(Qt::white))
         clearCharProperty(QTextFormat::BackgroundBrush);
     else
-        m_state.charFormat.setBackground(QBrush(color));
+        setCharColor<QBrush>(QTextFormat::BackgroundBrush, color);
 }
 
 void ORVTextRtfReaderPrivate::setUnderlineColor(int index)
 {
     if (hasColor(index))
-        setCharProperty(QTextFormat::TextUnderlineColor, QColor(m_colors.at(index)));
+        setCharColor<QColor>(QTextFormat::TextUnderlineColor, m_colors.at(index));
 }
 
 /*! In the font table the number begins an entry, and may end the one before. */
 void ORVTextRtfReaderPrivate::selectFont(int number)
 {
     if (isIn(FontTableGroup)) {
-        if (!m_fonts.contains(m_currentFont) && !m_pendingText.isEmpty())
+        if (!m_fonts.find(m_currentFont) && !m_pendingText.isEmpty())
             setFontFamily(m_pendingText);
         m_currentFont = number;
         return;
     }
     m_currentFont = number;
-    if (!m_fonts.contains(number))
+    const ORVRtfFontTable::Font* const found = m_fonts.find(number);
+    if (!found)
         return;
-    const QFont font = m_fonts.font(number);
-    compat::setFontFamily(m_state.charFormat, compat::family(font));
-    setCharProperty(QTextFormat::FontFixedPitch, font.fixedPitch());
+    m_formatChanges.apply(m_state.charFormat, QTextFormat::FontFamily, found->serial,
+                          [=](QTextCharFormat& format) { compat::setFontFamily(format, found->family); });
+    setCharProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());
     m_state.codePage = m_fonts.codePage(number);
 }
 

@@ -2,6 +2,7 @@
 #define ORVTEXTRTFREADER_P_H
 
 #include "ORVRtfFontTable_p.h"
+#include "ORVRtfFormatChanges_p.h"
 #include "ORVRtfInput_p.h"
 #include "ORVRtfListTable_p.h"
 #include "ORVRtfParagraph_p.h"
@@ -130,8 +131,14 @@ private:
     void translateUnicode(bool hasParameter, int unit);
     int translateHexadecimalByte();
     int readBinaryData(int count);
-    void setCharProperty(int id, const QVariant& value);
-    void clearCharProperty(int id);
+    template <typename Value>
+    void setCharProperty(int id, Value value)
+    {
+        m_formatChanges.set(m_state.charFormat, id, value);
+    }
+    void clearCharProperty(int id) { m_formatChanges.clear(m_state.charFormat, id); }
+    template <typename Value>
+    void setCharColor(int id, QRgb color);
     bool isInNote() const;
     void setBlockProperty(int id, const QVariant& value);
     void clearBlockProperty(int id);
@@ -219,6 +226,7 @@ private:
     // The document's default character format, and what \plain makes of it
     QTextCharFormat m_defaultCharFormat;
     QTextCharFormat m_plainCharFormat;
+    ORVRtfFormatChanges m_formatChanges;
 
     // Groups
     GroupState m_state;
