@@ -96,9 +96,8 @@ int ORVRtfInput::textLength() const
     const int limit = available();
     int length = 1;
     // Four bytes at a time: all text goes through here.
-    while (length + 4 <= limit
-           && !(isSpecial(text[length]) | isSpecial(text[length + 1]) | isSpecial(text[length + 2])
-                | isSpecial(text[length + 3])))
+    while (length + 4 <= limit && !isSpecial(text[length]) && !isSpecial(text[length + 1])
+           && !isSpecial(text[length + 2]) && !isSpecial(text[length + 3]))
         length += 4;
     while (length < limit && !isSpecial(text[length]))
         ++length;
