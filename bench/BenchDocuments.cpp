@@ -79,6 +79,7 @@ BenchDocuments::ProseBuilder::ProseBuilder(QTextDocument* document) : m_cursor(d
     m_bold.setFontWeight(QFont::Bold);
     document->setUndoRedoEnabled(false);
     m_cursor.beginEditBlock();
+    m_cursor.setBlockCharFormat(m_plain);
 }
 
 BenchDocuments::ProseBuilder::~ProseBuilder()
@@ -88,12 +89,10 @@ BenchDocuments::ProseBuilder::~ProseBuilder()
 
 void BenchDocuments::ProseBuilder::add(const Paragraph& paragraph)
 {
-    m_cursor.setBlockCharFormat(m_plain);
-    m_cursor.setBlockFormat(QTextBlockFormat());
     m_cursor.insertText(paragraph.before, m_plain);
     m_cursor.insertText(paragraph.bold, m_bold);
     m_cursor.insertText(paragraph.after, m_plain);
-    m_cursor.insertBlock();
+    m_cursor.insertBlock(QTextBlockFormat(), m_plain);
 }
 
 QByteArray BenchDocuments::novelRtf(int paragraphs)
@@ -129,11 +128,9 @@ void BenchDocuments::Copy::build(QTextDocument* document) const
     QTextCursor cursor(document);
     cursor.beginEditBlock();
     for (const Block& block : m_blocks) {
-        cursor.setBlockCharFormat(block.charFormat);
-        cursor.setBlockFormat(block.format);
+        cursor.insertBlock(block.format, block.charFormat);
         for (const Run& run : block.runs)
             cursor.insertText(run.text, run.format);
-        cursor.insertBlock();
     }
     cursor.endEditBlock();
 }
