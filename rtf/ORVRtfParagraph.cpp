@@ -16,6 +16,8 @@ const QTextBlockFormat& ORVRtfParagraph::format()
 void ORVRtfParagraph::reset()
 {
     m_format = QTextBlockFormat();
+    if (m_tabs.isEmpty())
+        return;
     m_tabs.clear();
     m_tabList.clear();
     m_tabsChanged = false;

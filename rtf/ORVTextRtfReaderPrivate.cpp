@@ -30,17 +30,17 @@ bool isInvalid(QChar c)
     return c.unicode() >= 0x7F && c.unicode() <= 0x9F;
 }
 
-/*! Whether there is anything to clean. Mostly all is ASCII, which is seen for four characters at a time. */
+/*! Whether there is anything to clean. Mostly all is ASCII, which is seen for eight characters at a time. */
 bool hasInvalid(const QString& text)
 {
-    const size_t step = 4;
+    const size_t step = 8;
     const quint64 ones = 0x0001000100010001;
     const size_t size = size_t(text.size());
     size_t start = 0;
     for (; start + step <= size; start += step) {
-        quint64 units;
-        std::memcpy(&units, text.constData() + start, sizeof units);
-        if ((units + ones) & (ones * 0xFF80))
+        quint64 units[2];
+        std::memcpy(units, text.constData() + start, sizeof units);
+        if (((units[0] + ones) | (units[1] + ones)) & (ones * 0xFF80))
             break;
     }
     return std::any_of(text.begin() + start, text.end(), isInvalid);
@@ -199,7 +199,7 @@ int ORVTextRtfReaderPrivate::scanKeyword(ScannedWord& result)
         return word.status == ORVRtfControlWord::CutOff ? UnexpectedEnd : InvalidControlWord;
     }
 
-    result.keyWord = fromLatin1(m_input.data(), unsigned(word.spellingLength));
+    result.keyWord = m_words.find(m_input.data(), unsigned(word.spellingLength));
     result.hasParameter = word.hasParameter;
     result.parameter = word.parameter;
     m_input.release(word.length);
@@ -271,7 +271,8 @@ void ORVTextRtfReaderPrivate::drawText()
     // A font name is complete when its group or its entry ends.
     if (m_state.destination == FontTableGroup)
         return;
-    if (!m_pendingText.isEmpty())
+    const bool hasText = !m_pendingText.isEmpty();
+    if (hasText)
         cleanPendingText();
     switch (m_state.destination) {
     case Body:
@@ -287,7 +288,8 @@ void ORVTextRtfReaderPrivate::drawText()
         break;
     default: break;
     }
-    m_pendingText.resize(0);
+    if (hasText)
+        m_pendingText.resize(0);
 }
 
 /*
@@ -299,7 +301,7 @@ void ORVTextRtfReaderPrivate::drawTextBefore(KeyWord keyWord)
 {
     const bool isBodyText = m_state.destination == Body || m_state.destination == FieldResultGroup;
     const int length = int(m_pendingText.size());
-    if (isBodyText && addsCharacter(keyWord) && length > 0 && length < pendingTextSize
+    if (length > 0 && length < pendingTextSize && isBodyText && addsCharacter(keyWord)
         && !ORVRtfTextCursor::endsParagraph(m_pendingText.at(length - 1)))
         m_heldText = length;
     else

@@ -8,6 +8,7 @@
 #include "ORVRtfParagraph_p.h"
 #include "ORVRtfPicture_p.h"
 #include "ORVRtfTextCursor_p.h"
+#include "ORVRtfWordMemory_p.h"
 #include "ORVTextRtfCommon.h"
 #include "ORVTextRtfRow_p.h"
 
@@ -216,6 +217,8 @@ private:
     bool m_removeInvalidChars = false;
     // The cursor's block may be empty and then has not been given its formats yet; see drawBodyText().
     bool m_emptyBlockUnsettled = false;
+
+    ORVRtfWordMemory m_words;
 
     // Read so far and not yet in the document
     QString m_pendingText;

@@ -20,6 +20,7 @@ orv_add_test(stripper)
 orv_add_test(textcursor INTERNAL)
 orv_add_test(threads)
 orv_add_test(tokenizer)
+orv_add_test(wordmemory INTERNAL)
 
 # Sanitizers take memory and time of their own, and other programs disturb the times. The times of one version of Qt
 # will do.
