@@ -9,8 +9,8 @@
 
 /*!
     Changes of character formats, the last of which are remembered with what came of them: a text says the
-   same few words again and again. What is remembered also shares its data with the format that was made
-   before, so that the document need not compare their properties to find out that it knows it.
+    same few words again and again. What is remembered also shares its data with the format that was made
+    before, so that the document need not compare their properties to find out that it knows it.
 */
 class ORVRtfFormatChanges {
 public:
@@ -32,7 +32,7 @@ public:
 
     /*!
         Has \a change change \a format, unless the outcome is remembered: what it does must depend on the
-       format, \a id and \a value only. Each \a id stands for one kind of change.
+        format, \a id and \a value only. Each \a id stands for one kind of change.
     */
     template <typename Change>
     void apply(QTextCharFormat& format, int id, quint64 value, Change change)

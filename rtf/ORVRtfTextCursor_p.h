@@ -9,8 +9,8 @@ class QString;
 
 /*!
     Where a document grows. The paragraph behind one that has ended is not inserted before something happens
-   to it: its formats are known by then, and Qt's document takes them with the paragraph for half of what
-   changing them afterwards costs.
+    to it: its formats are known by then, and Qt's document takes them with the paragraph for half of what
+    changing them afterwards costs.
 */
 class ORVRtfTextCursor {
 public:

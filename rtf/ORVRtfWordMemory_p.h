@@ -8,7 +8,7 @@
 
 /*!
     Looks up control words, and remembers what the last ones were: a text consists of a few that come again
-   and again, each of which is found here in a fraction of the time.
+    and again, each of which is found here in a fraction of the time.
 */
 class ORVRtfWordMemory {
 public:

@@ -52,6 +52,7 @@ private slots:
     void indents_data();
     void indents();
     void invalidCharacters();
+    void invalidCharactersAtAnyPlace();
     void invalidCharactersEverywhere_data();
     void invalidCharactersEverywhere();
     void emptyParagraphsKeepTheirFormats();
@@ -188,6 +189,28 @@ void TestReaderstate::invalidCharacters()
         const QString kept = "a" + QString(QChar(ushort(unit))) + "b";
         QCOMPARE(read(rtf, true).text(), invalid ? QStringLiteral("ab") : kept);
         QCOMPARE(read(rtf, false).text(), invalid ? QStringLiteral("a\uFFFDb") : kept);
+    }
+}
+
+// Also beside U+FFFF and U+FFFE, and between characters that are none.
+void TestReaderstate::invalidCharactersAtAnyPlace()
+{
+    for (const char* const neighbour : {"x", "\\u-1?", "\\u-2?", "\\u160?"}) {
+        const QString kept = read(QByteArray("{\\rtf1 ") + neighbour + '}', true).text();
+        QCOMPARE(kept.size(), 1);
+        for (int place = 0; place < 20; ++place) {
+            for (const char* const invalid : {"\\u127?", "\\u128?", "\\u159?"}) {
+                QByteArray rtf = "{\\rtf1 ";
+                QString expected;
+                for (int i = 0; i < 20; ++i) {
+                    rtf += i == place ? invalid : neighbour;
+                    expected += i == place ? QString() : kept;
+                }
+                QCOMPARE(read(rtf + '}', true).text(), expected);
+                expected.insert(place, QChar(QChar::ReplacementCharacter));
+                QCOMPARE(read(rtf + '}', false).text(), expected);
+            }
+        }
     }
 }
 
