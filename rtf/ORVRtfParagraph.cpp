@@ -3,6 +3,14 @@
 #include "ORVRtfLimits_p.h"
 #include "ORVRtfProperties.h"
 
+namespace {
+
+// Qt 5 compares tab stops in variants byte by byte. In a copy of this one the bytes between the members are
+// zero, too, so that paragraphs with equal tab stops have equal formats.
+const QTextOption::Tab zeroedTab;
+
+} // namespace
+
 const QTextBlockFormat& ORVRtfParagraph::format()
 {
     if (m_tabsChanged) {
@@ -54,8 +62,12 @@ void ORVRtfParagraph::addTab(double position)
     m_nextTabType = QTextOption::LeftTab;
     if (m_tabs.size() >= ORVRtfLimits::tabStops)
         return;
-    const QChar delimiter = type == QTextOption::DelimiterTab ? QChar(QLatin1Char('.')) : QChar();
-    m_tabs.append(QTextOption::Tab(position, type, delimiter));
+    m_tabs.append(zeroedTab);
+    QTextOption::Tab& tab = m_tabs.last();
+    tab.position = position;
+    tab.type = type;
+    if (type == QTextOption::DelimiterTab)
+        tab.delimiter = QLatin1Char('.');
     m_tabList += QByteArray::number(int(type)) + ' ' + QByteArray::number(position, 'g', 17) + ';';
     m_tabsChanged = true;
 }
