@@ -2,6 +2,13 @@
 
 #include <QtGui/QTextBlock>
 
+namespace {
+
+// Characters that wait to go into the document together: more save nothing, and take memory.
+const int largestPiece = 4096;
+
+} // namespace
+
 bool ORVRtfTextCursor::endsParagraph(QChar c)
 {
     const ushort unit = c.unicode();
@@ -13,6 +20,7 @@ void ORVRtfTextCursor::moveTo(const QTextCursor& place)
 {
     complete();
     m_cursor = place;
+    m_isBlockFormatKnown = false;
     m_hasText = false;
 }
 
@@ -20,19 +28,32 @@ QTextCursor& ORVRtfTextCursor::place()
 {
     complete();
     // Whatever the cursor is used for is not seen here.
+    m_isBlockFormatKnown = false;
     m_hasText = false;
     return m_cursor;
 }
 
 void ORVRtfTextCursor::complete()
 {
+    insertOwedText();
     if (!m_isBlockOwed)
         return;
     m_isBlockOwed = false;
-    if (m_areFormatsKnown)
-        m_cursor.insertBlock(m_blockFormat, m_blockCharFormat);
-    else
+    if (m_areNextFormatsKnown) {
+        m_cursor.insertBlock(m_nextFormat, m_nextCharFormat);
+        m_blockFormat = m_nextFormat;
+        m_isBlockFormatKnown = true;
+    } else {
         m_cursor.insertBlock();
+    }
+}
+
+void ORVRtfTextCursor::insertOwedText()
+{
+    if (m_text.isEmpty())
+        return;
+    m_cursor.insertText(m_text, m_textFormat);
+    m_text.resize(0);
 }
 
 void ORVRtfTextCursor::setBlockFormats(const QTextBlockFormat& format, const QTextCharFormat& charFormat)
@@ -40,26 +61,49 @@ void ORVRtfTextCursor::setBlockFormats(const QTextBlockFormat& format, const QTe
     if (m_hasText)
         return;
     if (m_isBlockOwed) {
-        m_areFormatsKnown = true;
-        m_blockFormat = format;
-        m_blockCharFormat = charFormat;
+        m_areNextFormatsKnown = true;
+        m_nextFormat = format;
+        m_nextCharFormat = charFormat;
     } else if (m_cursor.block().length() == 1) {
         m_cursor.setBlockCharFormat(charFormat);
         m_cursor.setBlockFormat(format);
+        m_blockFormat = format;
+        m_isBlockFormatKnown = true;
     }
+}
+
+/*! Whether text of \a format, and the end of a paragraph before it, may go on the text that waits. */
+bool ORVRtfTextCursor::continuesText(const QTextCharFormat& format) const
+{
+    if (m_text.isEmpty() || m_textFormat != format)
+        return false;
+    return !m_isBlockOwed
+        || (m_areNextFormatsKnown && m_isBlockFormatKnown && m_nextFormat == m_blockFormat
+            && m_nextCharFormat == format);
 }
 
 void ORVRtfTextCursor::insertText(const QString& text, const QTextCharFormat& format)
 {
-    complete();
-    m_cursor.insertText(text, format);
+    if (!continuesText(format)) {
+        complete();
+        m_textFormat = format;
+    } else if (m_isBlockOwed) {
+        // A paragraph that ends within text is followed by one that is like it and has the format of the
+        // text.
+        m_text += QChar(QChar::ParagraphSeparator);
+        m_isBlockOwed = false;
+    }
+    m_text += text;
     m_hasText = !text.isEmpty() && !endsParagraph(text.at(text.size() - 1));
+    if (!m_hasText || m_text.size() >= largestPiece)
+        insertOwedText();
 }
 
 void ORVRtfTextCursor::endBlock()
 {
-    complete();
+    if (m_isBlockOwed)
+        complete();
     m_isBlockOwed = true;
-    m_areFormatsKnown = false;
+    m_areNextFormatsKnown = false;
     m_hasText = false;
 }

@@ -1,16 +1,17 @@
 #ifndef ORVRTFTEXTCURSOR_P_H
 #define ORVRTFTEXTCURSOR_P_H
 
+#include <QtCore/QString>
 #include <QtGui/QTextBlockFormat>
 #include <QtGui/QTextCharFormat>
 #include <QtGui/QTextCursor>
 
-class QString;
-
 /*!
-    Where a document grows. The paragraph behind one that has ended is not inserted before something happens
-    to it: its formats are known by then, and Qt's document takes them with the paragraph for half of what
-    changing them afterwards costs.
+    Where a document grows, in as few pieces as possible: Qt's document takes each at a price.
+
+    The paragraph behind one that has ended is not inserted before something happens to it. Its formats are
+    known by then, and setting them afterwards would cost as much as the paragraph. Text waits for more that
+    has the same format, be it in the next paragraph, and goes in with it.
 */
 class ORVRtfTextCursor {
 public:
@@ -23,7 +24,7 @@ public:
     /*! The cursor itself, in a document that is complete up to it. */
     QTextCursor& place();
 
-    /*! Inserts the paragraph that is owed, if any. */
+    /*! Inserts the text and the paragraph that are owed, if any. */
     void complete();
 
     /*! Gives an empty paragraph its formats; one that has text is left alone. */
@@ -35,13 +36,22 @@ public:
     void endBlock();
 
 private:
+    bool continuesText(const QTextCharFormat& format) const;
+    void insertOwedText();
+
     QTextCursor m_cursor;
+    // Text that is not in the document, and its format.
+    QString m_text;
+    QTextCharFormat m_textFormat;
+    // The format of the paragraph at the place, if it is known.
+    QTextBlockFormat m_blockFormat;
+    bool m_isBlockFormatKnown = false;
     // A paragraph has ended, and the next one is not in the document. It is to have the formats, if they are
     // known.
     bool m_isBlockOwed = false;
-    bool m_areFormatsKnown = false;
-    QTextBlockFormat m_blockFormat;
-    QTextCharFormat m_blockCharFormat;
+    bool m_areNextFormatsKnown = false;
+    QTextBlockFormat m_nextFormat;
+    QTextCharFormat m_nextCharFormat;
     // The paragraph is known to have text; if not, the document is asked.
     bool m_hasText = false;
 };
