@@ -1,49 +1,58 @@
 #ifndef ORVRTFWORDMEMORY_P_H
 #define ORVRTFWORDMEMORY_P_H
 
+#include "ORVRtfControlWord_p.h"
 #include "ORVTextRtfCommon.h"
 
 #include <array>
-#include <cstring>
 
 /*!
-    Looks up control words, and remembers what the last ones were: a text consists of a few that come again
-    and again, each of which is found here in a fraction of the time.
+    Scans control words and looks them up, and remembers the last ones with parameter and blank as they stood
+    in the input: a text consists of a few that come again and again, each of which is known at a glance.
 */
 class ORVRtfWordMemory {
 public:
-    /*! The control word of \a length bytes at \a spelling, its backslash among them. */
-    ORVTextRtfCommon::KeyWord find(const char* spelling, unsigned length)
-    {
-        if (length == 0 || length > longest)
-            return ORVTextRtfCommon::fromLatin1(spelling, length);
-        Word& word = m_words[place(spelling, length)];
-        if (word.length != length || std::memcmp(word.spelling, spelling, length) != 0) {
-            word.length = length;
-            std::memcpy(word.spelling, spelling, length);
-            word.keyWord = ORVTextRtfCommon::fromLatin1(spelling, length);
-        }
-        return word.keyWord;
-    }
-
-private:
-    static const unsigned longest = 16;
-    static const unsigned count = 64;
-
     struct Word {
-        char spelling[longest];
-        unsigned length = 0;
+        ORVRtfControlWord scanned;
         ORVTextRtfCommon::KeyWord keyWord = ORVTextRtfCommon::NoKeyWord;
     };
 
-    static unsigned place(const char* spelling, unsigned length)
-    {
-        const unsigned first = static_cast<unsigned char>(spelling[length > 1 ? 1 : 0]);
-        const unsigned last = static_cast<unsigned char>(spelling[length - 1]);
-        return (first + 3 * last + 5 * length) % count;
-    }
+    /*!
+        The control word at \a data, of which \a available bytes can be read; see ORVRtfControlWord::scan().
+        The result holds until the next call.
+    */
+    const Word& scan(const char* data, int available);
 
-    std::array<Word, count> m_words;
+private:
+    // Bytes that are compared at a time, and bytes of a word that is remembered.
+    static constexpr int step = 8;
+    static constexpr int longest = 2 * step;
+    // Words with the same beginning that are remembered.
+    static constexpr size_t alike = 4;
+
+    struct Bytes {
+        quint64 first;
+        quint64 second;
+    };
+    struct Known {
+        Word word;
+        Bytes mask = {0, 0};
+        // No word is like this one.
+        Bytes bytes = {1, 1};
+        // Whether it ends whatever follows it.
+        bool endsItself = false;
+    };
+    struct Place {
+        std::array<Known, alike> known;
+        size_t next = 0;
+    };
+
+    static Bytes bytesAt(const char* data);
+    static bool matches(const Known& known, const Bytes& bytes, const char* data);
+    static void setBytes(Known& known, const char* data);
+
+    std::array<Place, 32> m_places;
+    Word m_word;
 };
 
 #endif

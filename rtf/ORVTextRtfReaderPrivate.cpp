@@ -1,6 +1,5 @@
 #include "ORVTextRtfReader_p.h"
 
-#include "ORVRtfControlWord_p.h"
 #include "ORVRtfHexadecimal_p.h"
 #include "ORVRtfLimits_p.h"
 #include "ORVRtfProperties.h"
@@ -192,17 +191,17 @@ int ORVTextRtfReaderPrivate::scanKeyword(ScannedWord& result)
 {
     // The look-ahead fetches at most one more line: enough for any control word.
     m_input.charAt(ORVRtfControlWord::longest);
-    const ORVRtfControlWord word = ORVRtfControlWord::scan(m_input.data(), m_input.available());
-    if (word.status != ORVRtfControlWord::Complete) {
+    const ORVRtfWordMemory::Word& word = m_words.scan(m_input.data(), m_input.available());
+    if (word.scanned.status != ORVRtfControlWord::Complete) {
         // Without its backslash the rest is text, and the rest of the document can be read.
         m_input.release(1);
-        return word.status == ORVRtfControlWord::CutOff ? UnexpectedEnd : InvalidControlWord;
+        return word.scanned.status == ORVRtfControlWord::CutOff ? UnexpectedEnd : InvalidControlWord;
     }
 
-    result.keyWord = m_words.find(m_input.data(), unsigned(word.spellingLength));
-    result.hasParameter = word.hasParameter;
-    result.parameter = word.parameter;
-    m_input.release(word.length);
+    result.keyWord = word.keyWord;
+    result.hasParameter = word.scanned.hasParameter;
+    result.parameter = word.scanned.parameter;
+    m_input.release(word.scanned.length);
     return NoError;
 }
 
@@ -259,7 +258,8 @@ int ORVTextRtfReaderPrivate::popProperties()
         return UnmatchedClosingBrace;
     finalizeDestination();
     settleEmptyBlock();
-    m_state = m_groups.pop();
+    m_state = m_groups.top();
+    m_groups.removeLast();
     return NoError;
 }
 
@@ -268,12 +268,18 @@ void ORVTextRtfReaderPrivate::drawText()
     if (m_skipDepth > 0)
         return;
     m_heldText = 0;
+    if (!m_pendingText.isEmpty())
+        drawPendingText();
+    else if (isInBodyText())
+        noteEmptyText();
+}
+
+void ORVTextRtfReaderPrivate::drawPendingText()
+{
     // A font name is complete when its group or its entry ends.
-    if (m_state.destination == FontTableGroup)
+    if (isIn(FontTableGroup))
         return;
-    const bool hasText = !m_pendingText.isEmpty();
-    if (hasText)
-        cleanPendingText();
+    cleanPendingText();
     switch (m_state.destination) {
     case Body:
     case FieldResultGroup: drawBodyText(); break;
@@ -288,8 +294,7 @@ void ORVTextRtfReaderPrivate::drawText()
         break;
     default: break;
     }
-    if (hasText)
-        m_pendingText.resize(0);
+    m_pendingText.resize(0);
 }
 
 /*
@@ -299,9 +304,8 @@ void ORVTextRtfReaderPrivate::drawText()
 */
 void ORVTextRtfReaderPrivate::drawTextBefore(KeyWord keyWord)
 {
-    const bool isBodyText = m_state.destination == Body || m_state.destination == FieldResultGroup;
     const int length = int(m_pendingText.size());
-    if (length > 0 && length < pendingTextSize && isBodyText && addsCharacter(keyWord)
+    if (length > 0 && length < pendingTextSize && isInBodyText() && addsCharacter(keyWord)
         && !ORVRtfTextCursor::endsParagraph(m_pendingText.at(length - 1)))
         m_heldText = length;
     else
@@ -330,18 +334,24 @@ void ORVTextRtfReaderPrivate::cleanPendingText()
     }
 }
 
+void ORVTextRtfReaderPrivate::drawBodyText()
+{
+    // All of it may have been cleaned away.
+    if (m_pendingText.isEmpty()) {
+        noteEmptyText();
+        return;
+    }
+    commitBlockFormat();
+    m_cursor.insertText(m_pendingText, m_state.charFormat);
+}
+
 /*
     An empty paragraph takes the formats in force at every control word and brace, so that the last of them
     count. They are only put into the document when something else happens to the paragraph: many words
     usually stand before its text. Near the end of the input nothing may come any more, so it is done at once.
 */
-void ORVTextRtfReaderPrivate::drawBodyText()
+void ORVTextRtfReaderPrivate::noteEmptyText()
 {
-    if (!m_pendingText.isEmpty()) {
-        commitBlockFormat();
-        m_cursor.insertText(m_pendingText, m_state.charFormat);
-        return;
-    }
     m_emptyBlockUnsettled = true;
     if (m_input.isFetched())
         settleEmptyBlock();
@@ -366,7 +376,7 @@ void ORVTextRtfReaderPrivate::commitBlockFormat()
     m_cursor.setBlockFormats(m_paragraph.format(), m_state.charFormat);
 }
 
-/*! Gives the cursor's block the formats in force if it is empty and waits for them; see drawBodyText(). */
+/*! Gives the cursor's block the formats in force if it is empty and waits for them; see noteEmptyText(). */
 void ORVTextRtfReaderPrivate::settleEmptyBlock()
 {
     if (!m_emptyBlockUnsettled)
@@ -379,10 +389,17 @@ void ORVTextRtfReaderPrivate::settleEmptyBlock()
 void ORVTextRtfReaderPrivate::assembleLists()
 {
     QHash<int, QTextList*> listOfOverride;
+    int otherFormat = -1;
     for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
-        const QTextBlockFormat format = block.blockFormat();
-        if (!format.hasProperty(ORVRtfProperty::ListOverride))
+        // Most paragraphs are in no list, and many have the same format.
+        const int index = block.blockFormatIndex();
+        if (index == otherFormat)
             continue;
+        const QTextBlockFormat format = block.blockFormat();
+        if (!format.hasProperty(ORVRtfProperty::ListOverride)) {
+            otherFormat = index;
+            continue;
+        }
         const int number = format.intProperty(ORVRtfProperty::ListOverride);
         const int level = format.intProperty(ORVRtfProperty::ListLevel);
         QTextList*& list = listOfOverride[number];

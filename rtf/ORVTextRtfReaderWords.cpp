@@ -138,8 +138,8 @@ int ORVTextRtfReaderPrivate::translateControlWord(KeyWord keyWord, bool hasParam
     case BackgroundColor:
     case HighlightColor: setBackgroundColor(n); break;
     case OrvellineRevisionLevel: setCharProperty(RevisionLevel, n); break;
-    case Annotation: setCharProperty(InAnnotation, true); break;
-    case Footnote: setCharProperty(InFootnote, true); break;
+    case Annotation: beginNote(InAnnotation); break;
+    case Footnote: beginNote(InFootnote); break;
 
     // Paragraphs
     case NewParagraph:
@@ -327,9 +327,10 @@ void ORVTextRtfReaderPrivate::setCharColor(int id, QRgb color)
                           [=](QTextCharFormat& format) { format.setProperty(id, Value(QColor(color))); });
 }
 
-bool ORVTextRtfReaderPrivate::isInNote() const
+void ORVTextRtfReaderPrivate::beginNote(int id)
 {
-    return m_state.charFormat.boolProperty(InAnnotation) || m_state.charFormat.boolProperty(InFootnote);
+    setCharProperty(id, true);
+    (id == InAnnotation ? m_state.inAnnotation : m_state.inFootnote) = true;
 }
 
 /*! Paragraph words inside a note must not change the paragraph around it. */
@@ -419,12 +420,10 @@ void ORVTextRtfReaderPrivate::setLineMultiple(int multiple)
 /*! Back to the plain format; notes go on. */
 void ORVTextRtfReaderPrivate::resetCharFormat()
 {
-    const bool inAnnotation = m_state.charFormat.boolProperty(InAnnotation);
-    const bool inFootnote = m_state.charFormat.boolProperty(InFootnote);
     m_state.charFormat = m_plainCharFormat;
-    if (inAnnotation)
+    if (m_state.inAnnotation)
         setCharProperty(InAnnotation, true);
-    if (inFootnote)
+    if (m_state.inFootnote)
         setCharProperty(InFootnote, true);
     m_state.codePage = ORVRtfFontTable::noCodePage;
     m_currentFont = m_defaultFont;
@@ -535,8 +534,10 @@ void ORVTextRtfReaderPrivate::selectFont(int number)
     if (!found)
         return;
     m_formatChanges.apply(m_state.charFormat, QTextFormat::FontFamily, found->serial,
-                          [=](QTextCharFormat& format) { compat::setFontFamily(format, found->family); });
-    setCharProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());
+                          [=](QTextCharFormat& format) {
+                              compat::setFontFamily(format, found->family);
+                              format.setProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());
+                          });
     m_state.codePage = m_fonts.codePage(number);
 }
 

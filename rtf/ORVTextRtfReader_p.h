@@ -107,6 +107,9 @@ private:
         // Code page of the current font, -1 for the document's.
         int codePage = ORVRtfFontTable::noCodePage;
         ExpectedFormat expectedFormat = TextData;
+        // Whether the text is that of a note, which the format says as well.
+        bool inAnnotation = false;
+        bool inFootnote = false;
         // The next group repeats in ANSI what the one after it says in Unicode (\upr).
         bool skipNextGroup = false;
     };
@@ -121,7 +124,9 @@ private:
     void drawText();
     void drawTextBefore(KeyWord keyWord);
     void drawHeldText();
+    void drawPendingText();
     void drawBodyText();
+    void noteEmptyText();
     void drawColorTableText();
     void cleanPendingText();
     void commitBlockFormat();
@@ -140,7 +145,8 @@ private:
     void clearCharProperty(int id) { m_formatChanges.clear(m_state.charFormat, id); }
     template <typename Value>
     void setCharColor(int id, QRgb color);
-    bool isInNote() const;
+    void beginNote(int id);
+    bool isInNote() const { return m_state.inAnnotation || m_state.inFootnote; }
     void setBlockProperty(int id, const QVariant& value);
     void clearBlockProperty(int id);
     void setLeftIndent(double points);
@@ -167,6 +173,7 @@ private:
     void setFontStyleHint(QFont::StyleHint hint);
     void setFontFamily(const QString& name);
     bool isIn(Destination destination) const { return m_state.destination == destination; }
+    bool isInBodyText() const { return isIn(Body) || isIn(FieldResultGroup); }
     void openColorTable();
     void openDestination(Destination destination);
     void openPictureData(Destination destination);
@@ -215,7 +222,7 @@ private:
     QTextDocument* m_document = nullptr;
     ORVRtfTextCursor m_cursor;
     bool m_removeInvalidChars = false;
-    // The cursor's block may be empty and then has not been given its formats yet; see drawBodyText().
+    // The cursor's block may be empty and then has not been given its formats yet; see noteEmptyText().
     bool m_emptyBlockUnsettled = false;
 
     ORVRtfWordMemory m_words;

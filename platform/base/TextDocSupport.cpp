@@ -171,11 +171,18 @@ void TextDocSupport::normalizePageBreaks(QTextDocument* document)
     QTextCursor edit(document);
     edit.beginEditBlock();
     bool addsBefore = false;
+    int plainFormat = -1;
     for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+        // Most paragraphs have no page break, and many have the same format.
+        const int index = block.blockFormatIndex();
+        if (!addsBefore && index == plainFormat)
+            continue;
         const int policy = block.blockFormat().intProperty(QTextFormat::PageBreakPolicy);
         const bool movesAfter = (policy & QTextFormat::PageBreak_AlwaysAfter) && block.next().isValid();
         if (addsBefore || movesAfter)
             setPageBreaks(block, addsBefore, movesAfter);
+        else if (policy == 0)
+            plainFormat = index;
         addsBefore = movesAfter;
     }
     edit.endEditBlock();
