@@ -1,5 +1,6 @@
 #include "ORVGuiUtil.h"
 #include "ORVRtfFieldInstruction_p.h"
+#include "ORVRtfProperties.h"
 #include "ORVTextFormat.h"
 #include "ORVTextRtfReader_p.h"
 #include "QtCompat_p.h"
@@ -111,6 +112,8 @@ void ORVTextRtfReaderPrivate::adoptDefaultCharFormat(const QTextCharFormat& form
         m_plainCharFormat.clearProperty(id);
     m_plainCharFormat.setFontStrikeOut(false);
     m_plainCharFormat.setFontOverline(false);
+    m_isPlainInAnnotation = m_plainCharFormat.boolProperty(ORVRtfProperty::InAnnotation);
+    m_isPlainInFootnote = m_plainCharFormat.boolProperty(ORVRtfProperty::InFootnote);
 }
 
 /*! Invalid when the default format names no colour. */

@@ -425,6 +425,8 @@ void ORVTextRtfReaderPrivate::resetCharFormat()
         setCharProperty(InAnnotation, true);
     if (m_state.inFootnote)
         setCharProperty(InFootnote, true);
+    m_state.inAnnotation = m_state.inAnnotation || m_isPlainInAnnotation;
+    m_state.inFootnote = m_state.inFootnote || m_isPlainInFootnote;
     m_state.codePage = ORVRtfFontTable::noCodePage;
     m_currentFont = m_defaultFont;
 }

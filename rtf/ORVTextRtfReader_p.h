@@ -236,6 +236,9 @@ private:
     // The document's default character format, and what \plain makes of it
     QTextCharFormat m_defaultCharFormat;
     QTextCharFormat m_plainCharFormat;
+    // A note may be read with its own format as the default.
+    bool m_isPlainInAnnotation = false;
+    bool m_isPlainInFootnote = false;
     ORVRtfFormatChanges m_formatChanges;
 
     // Groups

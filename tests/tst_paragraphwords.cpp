@@ -53,6 +53,7 @@ private slots:
     void resetInTheMiddle();
     void wordsInNotes_data();
     void wordsInNotes();
+    void wordsInTextThatIsANoteByDefault();
     void wordsWithoutEffect_data();
     void wordsWithoutEffect();
     void ignoredGroups_data();
@@ -359,6 +360,26 @@ void TestParagraphwords::wordsInNotes()
     QCOMPARE(tabsOf(tabbed.blockFormat(1)), QStringLiteral("36 0"));
     QVERIFY(!tabbed.block(0).textList());
     QVERIFY(tabbed.block(1).textList());
+}
+
+// A note's content may be read with the note's own format as the default: \\plain makes it a note's then.
+void TestParagraphwords::wordsInTextThatIsANoteByDefault()
+{
+    for (const int flag : {ORVRtfProperty::InFootnote, ORVRtfProperty::InAnnotation}) {
+        QTextCharFormat format;
+        format.setProperty(flag, true);
+        const QByteArray rtf = "{\\rtf1\\ansi\\qc one\\par\\pard\\plain\\qr two\\par{\\pard\\qj three}}";
+        QBuffer buffer;
+        buffer.setData(rtf);
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
+        ORVTextRtfReader reader(&buffer);
+        QTextDocument document;
+        QVERIFY(reader.read(&document, true, format));
+        const int alignment = QTextFormat::BlockAlignment;
+        QCOMPARE(document.begin().blockFormat().property(alignment), QVariant(int(Qt::AlignHCenter)));
+        QVERIFY(!document.begin().next().blockFormat().hasProperty(alignment));
+        QVERIFY(!document.lastBlock().blockFormat().hasProperty(alignment));
+    }
 }
 
 void TestParagraphwords::wordsWithoutEffect_data()
