@@ -97,8 +97,8 @@ void tst_german::errors_data()
     };
     row("command line", "read x", "", "orvrtf: Unbekannter Befehl „read“; siehe orvrtf --help\n",
         "orvrtf: unknown command \"read\"; see orvrtf --help\n");
-    row("option", "--rotate", "", "orvrtf: Unbekannte Option „rotate“.; siehe orvrtf --help\n",
-        "orvrtf: Unknown option 'rotate'.; see orvrtf --help\n");
+    row("option", "--rotate", "", "orvrtf: Unbekannte Option „rotate“; siehe orvrtf --help\n",
+        "orvrtf: Unknown option 'rotate'; see orvrtf --help\n");
     row("check", "check -", "{\\rtf1 a", "orvrtf: Standardeingabe: „}“ ohne Gegenstück in der RTF-Datei\n",
         "orvrtf: standard input: Unmatched '}' in Rich Text file\n");
     row("convert", "convert --to txt - -", "{\\rtf1 a}}",

@@ -101,6 +101,15 @@ Options invalid(const QString& what)
     return options;
 }
 
+/*! What Qt finds wrong, without the full stop: it becomes the first half of a line. */
+QString parsingError(const QCommandLineParser& parser)
+{
+    QString text = parser.errorText();
+    if (text.endsWith(QLatin1Char('.')))
+        text.chop(1);
+    return text;
+}
+
 /*! A format by the name that options and suffixes have for it. */
 struct FormatName {
     const char* name;
@@ -383,7 +392,7 @@ Options Options::parse(const QStringList& arguments)
 {
     Arguments known;
     if (!known.parser.parse(arguments))
-        return invalid(known.parser.errorText());
+        return invalid(parsingError(known.parser));
     Options options;
     if (known.parser.isSet(known.help)) {
         options.command = Help;
