@@ -52,11 +52,11 @@ QString plainNumber(int style, int number)
 
 } // namespace
 
-QString ORVRtfListNumber::itemText(const QTextListFormat& format, int number, Qt::LayoutDirection direction)
+QString ORVRtfListNumber::itemText(const QTextListFormat& format, int number, bool isRightToLeft)
 {
     const QString prefix = format.numberPrefix();
     const QString suffix =
         format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QString(QLatin1Char('.'));
     const QString text = plainNumber(format.style(), number);
-    return direction == Qt::RightToLeft ? suffix + text + prefix : prefix + text + suffix;
+    return isRightToLeft ? suffix + text + prefix : prefix + text + suffix;
 }

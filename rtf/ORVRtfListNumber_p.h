@@ -2,7 +2,6 @@
 #define ORVRTFLISTNUMBER_P_H
 
 #include <QtCore/QString>
-#include <QtCore/Qt>
 
 class QTextListFormat;
 
@@ -12,7 +11,7 @@ namespace ORVRtfListNumber {
     The text before item \a number (counted from 1) of a list of \a format, as QTextList::itemText() gives it.
     Qt looks the item up to know its number, which makes a long list cost the square of its length.
 */
-QString itemText(const QTextListFormat& format, int number, Qt::LayoutDirection direction);
+QString itemText(const QTextListFormat& format, int number, bool isRightToLeft);
 
 } // namespace ORVRtfListNumber
 

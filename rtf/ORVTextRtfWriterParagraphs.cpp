@@ -165,8 +165,8 @@ void ORVTextRtfWriterPrivate::writeListItem(const QTextBlock& block, QTextList* 
     m_output.write(BlockListLevel, ORVTextListFormat::blockLevel(list, block));
     m_output.openGroup();
     m_output.write(ListText);
-    const QString text =
-        ORVRtfListNumber::itemText(list->format(), itemNumber(list, block), block.textDirection());
+    const QString text = ORVRtfListNumber::itemText(list->format(), itemNumber(list, block),
+                                                    block.textDirection() == Qt::RightToLeft);
     writeFormattedText(text + QLatin1Char('\t'), runFormat(block));
     m_output.closeGroup();
 }

@@ -155,6 +155,8 @@ private slots:
     void senselessNumbers_data();
     void senselessNumbers();
     void senselessTables();
+    void unknownKinds_data();
+    void unknownKinds();
     void unusualBrushes();
 };
 
@@ -492,6 +494,44 @@ void TestExtremes::senselessTables()
         QTextCursor(document.data()).insertTable(2, 3, format);
         QCOMPARE(complaintAboutWriting(*document), QString());
     }
+}
+
+void TestExtremes::unknownKinds_data()
+{
+    QTest::addColumn<int>("kind");
+    for (const int kind :
+         {32, 77, -1, -100, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})
+        QTest::newRow(qPrintable(QString::number(kind))) << kind;
+}
+
+/*! Properties that are to say one of a few kinds, with a number that stands for none. */
+void TestExtremes::unknownKinds()
+{
+    QFETCH(int, kind);
+    QTextBlockFormat blockFormat;
+    for (const int id : {QTextFormat::LayoutDirection, QTextFormat::BlockAlignment,
+                         QTextFormat::LineHeightType, QTextFormat::PageBreakPolicy})
+        blockFormat.setProperty(id, kind);
+    QTextCharFormat charFormat;
+    for (const int id :
+         {QTextFormat::LayoutDirection, QTextFormat::TextVerticalAlignment, QTextFormat::TextUnderlineStyle,
+          QTextFormat::FontCapitalization, QTextFormat::FontHintingPreference, QTextFormat::FontStyleHint})
+        charFormat.setProperty(id, kind);
+    QTextListFormat listFormat;
+    listFormat.setProperty(QTextFormat::ListStyle, kind);
+    QTextTableFormat tableFormat;
+    for (const int id : {QTextFormat::FrameBorderStyle, QTextFormat::CssFloat, QTextFormat::BlockAlignment,
+                         QTextFormat::LayoutDirection, QTextFormat::PageBreakPolicy})
+        tableFormat.setProperty(id, kind);
+
+    const QSharedPointer<QTextDocument> document = newDocument();
+    QTextCursor cursor(document.data());
+    cursor.setBlockFormat(blockFormat);
+    cursor.insertText(QStringLiteral("x"), charFormat);
+    cursor.createList(listFormat);
+    QTextTable* const table = cursor.insertTable(1, 1, tableFormat);
+    table->cellAt(0, 0).setFormat(charFormat);
+    QCOMPARE(complaintAboutWriting(*document), QString());
 }
 
 void TestExtremes::unusualBrushes()
