@@ -182,6 +182,8 @@ void TestTextDocSupport::pageBreaks_data()
     QTest::newRow("after the last stays") << (L() << 0 << After) << (L() << 0 << After);
     QTest::newRow("after the last two") << (L() << After << After) << (L() << 0 << (Before | After));
     QTest::newRow("after the only one") << (L() << After) << (L() << After);
+    QTest::newRow("between paragraphs without")
+        << (L() << 0 << After << 0 << 0 << After << 0) << (L() << 0 << 0 << Before << 0 << 0 << Before);
     QTest::newRow("other bits stay") << (L() << (After | KeepTogether) << KeepWithNext
                                              << (KeepTogether | KeepWithNext))
                                      << (L() << KeepTogether << (Before | KeepWithNext)
