@@ -1,6 +1,6 @@
 #include "ORVTextRtf.h"
 
-#include "QtCompat_p.h"
+#include "QtStringCompat_p.h"
 
 #include <ORVCoreUtil.h>
 #include <TextTransform.h>

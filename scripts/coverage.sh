@@ -18,6 +18,6 @@ find "$folder/counts" -name '*.profraw' >"$folder/counts/list"
 llvm-profdata merge --sparse -f "$folder/counts/list" -o "$folder/all.profdata"
 rm -rf "$folder/counts"
 
-measured=("$folder/lib/libOrvRtf.so" --instr-profile "$folder/all.profdata" "$root/rtf")
+measured=("$folder/lib/libOrvRtf.so" --instr-profile "$folder/all.profdata" "$root/common" "$root/rtf" "$root/view")
 llvm-cov show --format html --show-branches count --output-dir "$folder/report" "${measured[@]}"
 llvm-cov export --summary-only "${measured[@]}" | python3 "$root/scripts/coverage.py" "$least_lines" "$least_branches"

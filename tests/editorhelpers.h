@@ -3,6 +3,7 @@
 
 #include "EditorWindow.h"
 #include "ORVTextRtf.h"
+#include "QtFontCompat_p.h"
 #include "RichTextEdit.h"
 #include "TextDocSupport.h"
 #include "rtftesthelpers.h"

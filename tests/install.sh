@@ -41,7 +41,7 @@ install_and_move() {
 # Every public header, and nothing private.
 check_installed_headers() {
     local expected
-    expected=$(cd "$source" && printf '%s\n' ORVRtfVersion.h rtf/*.h platform/*/*.h | sed 's,.*/,,' | grep -v '_p\.h$')
+    expected=$(cd "$source" && printf '%s\n' ORVRtfVersion.h common/*.h rtf/*.h view/*.h platform/*/*.h | sed 's,.*/,,' | grep -v '_p\.h$')
     same "installed headers" "$(sort <<<"$expected")" "$(find "$headers" -printf '%P\n' | grep . | sort)"
 }
 

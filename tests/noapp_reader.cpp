@@ -1,3 +1,4 @@
+#include "QtFontCompat_p.h"
 #include "rtftesthelpers.h"
 
 #include <cstdio>

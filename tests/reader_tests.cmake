@@ -5,13 +5,13 @@ orv_add_test(damaged LABELS slow)
 orv_add_test(destinations)
 orv_add_test(devices)
 orv_add_test(extremes LABELS slow)
-orv_add_test(formatchanges INTERNAL)
+orv_add_test(charformatcache INTERNAL)
 orv_add_test(paragraph INTERNAL)
 orv_add_test(guiless)
 orv_add_test(inmemory)
 orv_add_test(input INTERNAL)
 orv_add_test(keywords)
-orv_add_test(limits)
+orv_add_test(limits INTERNAL)
 orv_add_test(lists_reading)
 orv_add_test(loadfile LABELS slow)
 orv_add_test(paragraphwords)
@@ -19,10 +19,10 @@ orv_add_test(properties)
 orv_add_test(readerframe)
 orv_add_test(readerstate)
 orv_add_test(stripper)
-orv_add_test(textcursor INTERNAL)
+orv_add_test(textinserter INTERNAL)
 orv_add_test(threads)
 orv_add_test(tokenizer)
-orv_add_test(wordmemory INTERNAL)
+orv_add_test(wordcache INTERNAL)
 
 # Sanitizers take memory and time of their own, and other programs disturb the times. The times of one version of Qt
 # will do.
@@ -33,13 +33,16 @@ endif()
 
 # Reading in a program without any application object, which QtTest always makes.
 add_executable(noapp_reader noapp_reader.cpp)
+target_include_directories(noapp_reader PRIVATE ${PROJECT_SOURCE_DIR}/common)
 target_link_libraries(noapp_reader PRIVATE OrvRtf)
 add_test(NAME noapp_reader COMMAND noapp_reader)
 set_tests_properties(noapp_reader PROPERTIES LABELS unit)
 
 # Every public header compiles by itself, and may be included twice.
 file(GLOB ORV_PUBLIC_HEADERS CONFIGURE_DEPENDS
+    ${PROJECT_SOURCE_DIR}/common/*.h
     ${PROJECT_SOURCE_DIR}/rtf/*.h
+    ${PROJECT_SOURCE_DIR}/view/*.h
     ${PROJECT_SOURCE_DIR}/platform/*/*.h)
 list(FILTER ORV_PUBLIC_HEADERS EXCLUDE REGEX "_p\\.h$")
 set(ORV_HEADER_SOURCES)

@@ -2,7 +2,7 @@
 #define RTFTESTHELPERS_H
 
 #include "ORVTextRtfReader.h"
-#include "QtCompat_p.h"
+#include "QtFontCompat_p.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QMap>

@@ -1,5 +1,6 @@
 #include "ORV.h"
 #include "ORVTextRtf.h"
+#include "QtFontCompat_p.h"
 #include "editorhelpers.h"
 #include "rtfstory.h"
 

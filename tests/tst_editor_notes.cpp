@@ -5,6 +5,7 @@
 #include "NotesPanel.h"
 #include "ORVRtfProperties.h"
 #include "PrintCopy.h"
+#include "QtFontCompat_p.h"
 #include "editorhelpers.h"
 #include "rtfstory.h"
 

@@ -1,3 +1,4 @@
+#include "ORVRounding_p.h"
 #include "ORVRtfProperties.h"
 #include "ORVTextPage.h"
 #include "PageActions.h"
@@ -279,8 +280,8 @@ void TestEditorPages::dialogChoosesPaper()
     emit papers->activated(papers->currentIndex());
     // 210 mm by 297 mm
     const QSizeF paper = dialog.settings().page.paperSize;
-    QCOMPARE(compat::roundHalfAway(paper.width() * 20), 11906);
-    QCOMPARE(compat::roundHalfAway(paper.height() * 20), 16838);
+    QCOMPARE(ORVRounding::halfAway(paper.width() * 20), 11906);
+    QCOMPARE(ORVRounding::halfAway(paper.height() * 20), 16838);
     QCOMPARE(papers->currentText(), QStringLiteral("A4"));
 }
 

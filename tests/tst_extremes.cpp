@@ -1,6 +1,7 @@
 #include "ORVRtfProperties.h"
 #include "ORVTextListFormat.h"
 #include "ORVTextRtfStripper.h"
+#include "QtFontCompat_p.h"
 #include "rtfwritinghelpers.h"
 #include "tabletesthelpers.h"
 

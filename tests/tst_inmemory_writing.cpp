@@ -1,3 +1,4 @@
+#include "QtFontCompat_p.h"
 #include "rtfwritinghelpers.h"
 
 #include "ORVRtfProperties.h"

@@ -1,3 +1,4 @@
+#include "ORVRtfFormatSerials_p.h"
 #include "ORVRtfProperties.h"
 #include "rtftesthelpers.h"
 #include "tabletesthelpers.h"
@@ -206,7 +207,7 @@ void TestLimits::numberedTabLists()
             rtf += "\\pard\\tx" + QByteArray::number(i) + " x\\par ";
     }
     const Reading reading = readBody(rtf + "\\pard x");
-    const int id = ORVRtfProperty::ListNumber;
+    const int id = ORVRtfFormatSerials::property;
     QVERIFY(!reading.blockFormat(255).hasProperty(id));
     QCOMPARE(reading.blockFormat(256).property(id), QVariant(256));
     QCOMPARE(reading.blockFormat(257).property(id), QVariant(257));
@@ -223,7 +224,7 @@ void TestLimits::numberedColumnWidths()
     const Reading reading = readBody(rtf + "\\pard x");
     const QList<QTextTable*> tables = tablesOf(*reading.document);
     QCOMPARE(int(tables.size()), 258);
-    const int id = ORVRtfProperty::ListNumber;
+    const int id = ORVRtfFormatSerials::property;
     QVERIFY(!tables.at(255)->format().hasProperty(id));
     QCOMPARE(tables.at(256)->format().property(id), QVariant(256));
 }
@@ -252,7 +253,7 @@ void TestLimits::numbersBeginAnewWithEachRead()
              propertiesOf(fresh.document->lastBlock().blockFormat()));
     QCOMPARE(propertiesOf(tablesOf(document).value(0)->format()),
              propertiesOf(tablesOf(*fresh.document).value(0)->format()));
-    QVERIFY(!document.lastBlock().blockFormat().hasProperty(ORVRtfProperty::ListNumber));
+    QVERIFY(!document.lastBlock().blockFormat().hasProperty(ORVRtfFormatSerials::property));
 }
 
 QTEST_MAIN(TestLimits)

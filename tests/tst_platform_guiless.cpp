@@ -4,7 +4,7 @@
 #include "ORVTextListFormat.h"
 #include "ORVTextUtil.h"
 #include "ORVUnit.h"
-#include "QtCompat_p.h"
+#include "QtFontCompat_p.h"
 #include "TextDocSupport.h"
 
 #include <QImage>

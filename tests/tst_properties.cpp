@@ -47,7 +47,6 @@ void TestProperties::propertyIds_data()
     QTest::newRow("footnote anchor") << int(ORVRtfProperty::FootnoteAnchor) << 0x100067;
     QTest::newRow("bookmark name") << int(ORVRtfProperty::BookmarkName) << 0x1000D2;
     QTest::newRow("page reference") << int(ORVRtfProperty::PageReference) << 0x1000D3;
-    QTest::newRow("list number") << int(ORVRtfProperty::ListNumber) << 0x1000DC;
     QTest::newRow("left indent") << int(ORVRtfProperty::LeftIndent) << 0x1036;
     QTest::newRow("right indent") << int(ORVRtfProperty::RightIndent) << 0x1037;
     QTest::newRow("line spacing") << int(ORVRtfProperty::LineSpacing) << 0x1070;

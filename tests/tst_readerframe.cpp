@@ -1,5 +1,6 @@
 #include "ORVRtfProperties.h"
 #include "ORVTextFormat.h"
+#include "QtFontCompat_p.h"
 #include "rtftesthelpers.h"
 
 #include <QtCore/QFile>

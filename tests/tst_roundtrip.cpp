@@ -1,6 +1,8 @@
 #include "ORVGuiUtil.h"
 #include "ORVRtfProperties.h"
 #include "ORVTextListFormat.h"
+#include "QtFontCompat_p.h"
+#include "QtFormatCompat_p.h"
 #include "TextDocSupport.h"
 #include "rtfwritinghelpers.h"
 #include "structurehelpers.h"

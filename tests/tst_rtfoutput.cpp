@@ -1,4 +1,6 @@
-#include "ORVRtfOutputTables_p.h"
+#include "ORVRtfOutputColors_p.h"
+#include "ORVRtfOutputFonts_p.h"
+#include "QtFontCompat_p.h"
 #include "bufferedoutput.h"
 #include "rtfwritinghelpers.h"
 

@@ -1,3 +1,4 @@
+#include "QtFontCompat_p.h"
 #include "structurehelpers.h"
 
 #include "ORVRtfProperties.h"

@@ -6,6 +6,7 @@
 #include <ORVTextRtfWriter.h>
 #include <ORVUnit.h>
 
+#include "QtFormatCompat_p.h"
 #include "rtftesthelpers.h"
 
 #include <QTextBlock>

@@ -1,6 +1,6 @@
 #include "ORVTextUtil.h"
 
-#include "QtCompat_p.h"
+#include "QtFontCompat_p.h"
 
 #include <QFontDatabase>
 #include <QTextBlock>

@@ -1,5 +1,6 @@
 #include "ORVRtfProperties.h"
 #include "ORVTextPage.h"
+#include "QtFontCompat_p.h"
 #include "bufferedoutput.h"
 #include "rtfwritinghelpers.h"
 

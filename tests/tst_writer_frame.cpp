@@ -1,6 +1,7 @@
 #include "ORVRtfProperties.h"
 #include "ORVTextFormat.h"
 #include "ORVTextPage.h"
+#include "QtFontCompat_p.h"
 #include "rtfwritinghelpers.h"
 
 #include <QtCore/QDir>

@@ -3,7 +3,7 @@
 orv_add_test(clipboard)
 orv_add_test(files)
 orv_add_test(inmemory_writing)
-orv_add_test(listnumber INTERNAL)
+orv_add_test(listitemtext INTERNAL)
 orv_add_test(pagesetup)
 orv_add_test(roundtrip)
 orv_add_test(rtfoutput INTERNAL)

@@ -1,6 +1,6 @@
 #include "ORVConversionTool_p.h"
 
-#include "QtCompat_p.h"
+#include "QtStringCompat_p.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QCryptographicHash>

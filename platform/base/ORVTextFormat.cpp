@@ -1,6 +1,6 @@
 #include "ORVTextFormat.h"
 
-#include "QtCompat_p.h"
+#include "QtFontCompat_p.h"
 
 #include <QtCore/QVariant>
 #include <QtGui/QFontInfo>

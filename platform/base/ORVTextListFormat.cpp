@@ -1,7 +1,7 @@
 #include "ORVTextListFormat.h"
 
 #include "ORVRtfProperties.h"
-#include "QtCompat_p.h"
+#include "QtStringCompat_p.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>

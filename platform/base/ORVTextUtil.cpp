@@ -1,6 +1,6 @@
 #include "ORVTextUtil.h"
 
-#include "QtCompat_p.h"
+#include "QtFontCompat_p.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QList>
@@ -17,6 +17,21 @@
 #include <mutex>
 
 namespace {
+
+/*! The weights of the styles of \a family, empty when it is not installed. Only with compat::hasGui(). */
+QList<int> fontWeights(const QString& family)
+{
+    QList<int> weights;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+    for (const QString& style : QFontDatabase::styles(family))
+        weights.append(QFontDatabase::weight(family, style));
+#else
+    QFontDatabase database;
+    for (const QString& style : database.styles(family))
+        weights.append(database.weight(family, style));
+#endif
+    return weights;
+}
 
 // What is known about font families, by name. Documents name the same few again and again; the bound is there
 // for the one that names thousands.
@@ -126,7 +141,7 @@ QList<int> weightsOf(const QString& family)
     static FamilyCache<QList<int>> cache;
     QList<int> weights;
     if (!cache.find(family, &weights)) {
-        weights = compat::fontWeights(family);
+        weights = fontWeights(family);
         std::sort(weights.begin(), weights.end());
         if (!weights.isEmpty())
             cache.insert(family, weights);

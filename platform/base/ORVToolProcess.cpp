@@ -1,10 +1,16 @@
 #include "ORVToolProcess_p.h"
 
-#include "QtCompat_p.h"
+#include "QtStringCompat_p.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QFile>
+#include <QtCore/QProcess>
 #include <QtCore/QProcessEnvironment>
+
+#ifdef Q_OS_UNIX
+#include <csignal>
+#include <unistd.h>
+#endif
 
 namespace {
 
@@ -33,6 +39,61 @@ QProcessEnvironment environment(const QString& home, const QString& temporary)
     return environment;
 }
 
+/*! The file that is always empty and takes everything. */
+QString nullDevice()
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 2, 0)
+    return QProcess::nullDevice();
+#elif defined(Q_OS_WIN)
+    return QLatin1String("NUL");
+#else
+    return QLatin1String("/dev/null");
+#endif
+}
+
+/*! The system's number of \a process, which is running. */
+qint64 processId(const QProcess& process)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 3, 0)
+    return process.processId();
+#elif defined(Q_OS_WIN)
+    return process.pid()->dwProcessId;
+#else
+    return process.pid();
+#endif
+}
+
+/*! A process that leads a process group of its own, where the system has such, see killGroup(). */
+class GroupProcess : public QProcess {
+#ifdef Q_OS_UNIX
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+public:
+    GroupProcess()
+    {
+        setChildProcessModifier([] { ::setpgid(0, 0); });
+    }
+#else
+protected:
+    void setupChildProcess() override
+    {
+        ::setpgid(0, 0);
+    }
+#endif
+#endif
+};
+
+/*! Kills what is left of the group that the process with the id \a leader leads or led: all that it started.
+ */
+void killGroup(qint64 leader)
+{
+#ifdef Q_OS_UNIX
+    if (leader > 1)
+        ::kill(-pid_t(leader), SIGKILL);
+#else
+    Q_UNUSED(leader);
+#endif
+}
+
 } // namespace
 
 ORVToolProcess::Outcome ORVToolProcess::run(const QStringList& arguments, int timeout)
@@ -40,20 +101,20 @@ ORVToolProcess::Outcome ORVToolProcess::run(const QStringList& arguments, int ti
     const QDir dir(m_folder);
     dir.mkdir(QLatin1String(homeFolder));
     dir.mkdir(QLatin1String(temporaryFolder));
-    compat::GroupProcess process;
+    GroupProcess process;
     process.setWorkingDirectory(m_folder);
     process.setProcessEnvironment(environment(path(homeFolder), path(temporaryFolder)));
-    process.setStandardInputFile(compat::nullDevice());
-    process.setStandardOutputFile(compat::nullDevice());
+    process.setStandardInputFile(nullDevice());
+    process.setStandardOutputFile(nullDevice());
     process.setStandardErrorFile(path(errorFile));
     process.start(m_program, arguments);
     if (!process.waitForStarted(-1)) {
         m_errorOutput = process.errorString();
         return NotStarted;
     }
-    const qint64 id = compat::processId(process);
+    const qint64 id = processId(process);
     const bool isFinished = process.waitForFinished(timeout > 0 ? timeout : -1);
-    compat::killGroup(id);
+    killGroup(id);
     if (!isFinished) {
         process.kill();
         process.waitForFinished(killTimeout);

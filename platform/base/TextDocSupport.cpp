@@ -1,6 +1,6 @@
 #include "TextDocSupport.h"
 
-#include "QtCompat_p.h"
+#include "QtFontCompat_p.h"
 
 #include <QtCore/QUrl>
 #include <QtCore/QVariant>
@@ -14,6 +14,28 @@
 #include <QtGui/QTextOption>
 
 namespace {
+
+/*! The URL that names in \a document are relative to; empty where documents have none. */
+QUrl baseUrl(const QTextDocument* document)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 3, 0)
+    return document->baseUrl();
+#else
+    Q_UNUSED(document);
+    return QUrl();
+#endif
+}
+
+/*! Gives \a document the base URL \a url, where documents have one. */
+void setBaseUrl(QTextDocument* document, const QUrl& url)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 3, 0)
+    document->setBaseUrl(url);
+#else
+    Q_UNUSED(document);
+    Q_UNUSED(url);
+#endif
+}
 
 // QTextDocument::clone() of a document that is nothing but one empty list item takes over a reference to a
 // list that the copy does not have; newer Qt versions crash on it. There is no content to clone here.
@@ -74,7 +96,7 @@ void restoreProperties(const QTextDocument* document, QTextDocument* copy)
     const QList<QByteArray> names = document->dynamicPropertyNames();
     for (const QByteArray& name : names)
         copy->setProperty(name.constData(), document->property(name.constData()));
-    compat::setBaseUrl(copy, compat::baseUrl(document));
+    setBaseUrl(copy, baseUrl(document));
     copy->setDefaultCursorMoveStyle(document->defaultCursorMoveStyle());
     // The document margin also sets the margins of the root frame, which may have others of its own.
     copy->setDocumentMargin(document->documentMargin());
@@ -193,7 +215,7 @@ QImage TextDocSupport::image(const QTextDocument* document, const QString& name)
     if (!document || name.isEmpty())
         return QImage();
     const QUrl url(name);
-    const QUrl resolved = compat::baseUrl(document).resolved(url);
+    const QUrl resolved = baseUrl(document).resolved(url);
     QImage image = toImage(resource(document, url, resolved.scheme()));
     if (image.isNull() && resolved.scheme() == QLatin1String("qrc"))
         return QImage(QLatin1Char(':') + resolved.path());

@@ -1,6 +1,6 @@
 #include "ORVGuiUtil.h"
 
-#include "QtCompat_p.h"
+#include "QtStringCompat_p.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCryptographicHash>
@@ -10,6 +10,13 @@
 #include <QtGui/QImage>
 
 namespace {
+
+/*! The strongest hash that is always there. */
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+const QCryptographicHash::Algorithm strongHash = QCryptographicHash::Sha256;
+#else
+const QCryptographicHash::Algorithm strongHash = QCryptographicHash::Sha1;
+#endif
 
 void addNumber(QCryptographicHash* hash, qint32 number)
 {
@@ -87,7 +94,7 @@ QString ORVGuiUtil::resourceId(const QImage& image)
     if (image.isNull())
         return QString();
 
-    QCryptographicHash hash(compat::strongHash);
+    QCryptographicHash hash(strongHash);
     addNumber(&hash, image.format());
     addNumber(&hash, image.width());
     addNumber(&hash, image.height());

@@ -1,0 +1,76 @@
+#ifndef ORVRTFPROPERTIES_H
+#define ORVRTFPROPERTIES_H
+
+#include <QtGui/QTextFormat>
+
+/*!
+    The properties of the application inside a document's formats, through which what RTF says and Qt has no
+    property for travels: the reader sets them, the writer and the application read them. An absent property
+    counts as 0, false or empty.
+*/
+namespace ORVRtfProperty {
+
+/*! The ids of the properties, each with its type and the kind of format that has it. */
+enum Id {
+    /*! int, block: number of the paragraph's list as `\ls` gives it. */
+    ListOverride = QTextFormat::UserProperty + 1,
+    /*! int, block: 0-based level of the paragraph in its list. */
+    ListLevel = QTextFormat::UserProperty + 2,
+    /*! QString, image: the MathML text of the formula that the picture shows. */
+    MathML = QTextFormat::UserProperty + 4,
+    /*! QByteArray, image: a PDF that stands behind the picture. */
+    PdfData = QTextFormat::UserProperty + 5,
+    /*! QByteArray or QString, image: the file name that goes with PdfData. */
+    PdfFileName = QTextFormat::UserProperty + 6,
+    /*! bool, char: the text carries a note whose fonts and colours the document's tables need. */
+    HasNoteContent = QTextFormat::UserProperty + 7,
+    /*! QByteArray, char: the note attached to the text, as RTF. */
+    NoteContent = QTextFormat::UserProperty + 8,
+    /*! int, char: revision level of the text, 1 to 5. */
+    RevisionLevel = QTextFormat::UserProperty + 10,
+    /*! QByteArray, image: the undecoded bytes of a JPEG picture, so that it is written back unchanged. */
+    SourceImageData = QTextFormat::UserProperty + 12,
+    /*! QString, image: "PNG", "JPEG", "WMF" or empty. */
+    ImageType = QTextFormat::UserProperty + 13,
+    /*! QString, image: the picture's file name. */
+    ImageFileName = QTextFormat::UserProperty + 14,
+    /*! int, char: shift of the baseline in half-points, upwards positive. */
+    BaselineShift = QTextFormat::UserProperty + 15,
+    /*! bool, char: the text is the text of an annotation, standing in line. */
+    InAnnotation = QTextFormat::UserProperty + 100,
+    /*! bool, char: the text is the text of a footnote, standing in line. */
+    InFootnote = QTextFormat::UserProperty + 101,
+    /*! bool, char: the text has an annotation, whose content is NoteContent. */
+    AnnotationAnchor = QTextFormat::UserProperty + 102,
+    /*! bool, char: the text has a footnote, whose content is NoteContent. */
+    FootnoteAnchor = QTextFormat::UserProperty + 103,
+    /*! QString, char: the bookmark the text belongs to; a name that begins with "@" marks its end. */
+    BookmarkName = QTextFormat::UserProperty + 210,
+    /*! QString, char: the bookmark whose page number the text stands for. */
+    PageReference = QTextFormat::UserProperty + 211,
+
+    // The following are ids of the application inside Qt's own range of block properties. Newer Qt versions
+    // use 0x1070 for heading levels, as an int; a line spacing is always a double.
+
+    /*! double, block: left indent in points; QTextFormat::TextIndent is then the position of the first line
+        measured from the same edge. */
+    LeftIndent = 0x1036,
+    /*! double, block: position of the right text edge in points, measured from the left margin. */
+    RightIndent = 0x1037,
+    /*! double, block: height of a line in points. */
+    LineSpacing = 0x1070,
+    /*! double, block: the single-line height, in points, that LineSpacing is relative to. */
+    LineMultiple = 0x1071
+};
+
+/*! The application's own bits in QTextFormat::PageBreakPolicy. */
+enum PageBreakBit {
+    /*! Keep the paragraph on one page with the next one. */
+    KeepWithNext = 0x20,
+    /*! Keep the paragraph's lines on one page. */
+    KeepLinesTogether = 0x200
+};
+
+} // namespace ORVRtfProperty
+
+#endif

@@ -1,0 +1,26 @@
+#ifndef QTFORMATCOMPAT_P_H
+#define QTFORMATCOMPAT_P_H
+
+#include <QtCore/QVariant>
+#include <QtGui/QColor>
+#include <QtGui/QTextFormat>
+
+/*! Properties of text formats, where the supported versions of Qt differ or invent values. */
+namespace compat {
+
+/*! The property by which neighbouring cells of a table share one border line; older Qt versions ignore it. */
+#if QT_VERSION >= QT_VERSION_CHECK(5, 14, 0)
+const int tableBorderCollapse = QTextFormat::TableBorderCollapse;
+#else
+const int tableBorderCollapse = 0x4105;
+#endif
+
+/*! The colour of the solid brush stored under \a propertyId, invalid when there is none. */
+inline QColor brushColor(const QTextFormat& format, int propertyId)
+{
+    return qvariant_cast<QColor>(format.property(propertyId));
+}
+
+} // namespace compat
+
+#endif

@@ -1,0 +1,49 @@
+#ifndef ORVRTFLIMITS_P_H
+#define ORVRTFLIMITS_P_H
+
+#include <QtCore/qglobal.h>
+
+/*!
+    Bounds on what a damaged or hostile file can make the library use. No real document meets them; beyond
+    them it goes on within bounds. docs/rtf.md lists them for users.
+*/
+namespace ORVRtfLimits {
+
+/*! Open groups; a group opened beyond them is skipped whole. */
+const int openGroups = 1000000;
+/*! Tables within tables: Qt's layout time doubles with each level. */
+const int tableNesting = 12;
+/*! Columns of one table. */
+const int tableColumns = 256;
+/*!
+    Cells that the tables of one document may have beyond four for each cell in the file. Rows need not state
+    all the cells that they have, so a short row below a wide one takes more memory than its text.
+*/
+const int spareTableCells = 100000;
+const qint64 tableCellsForEachInFile = 4;
+/*! Tab stops of one paragraph. */
+const int tabStops = 256;
+/*! Different lists of tab stops, or of column widths, whose formats carry no ORVRtfFormatSerials::property.
+ */
+const int formatsWithoutSerial = 256;
+/*! Fonts of one font table. */
+const int fonts = 10000;
+/*! Font names that are looked for among the installed fonts, which takes half a millisecond each. */
+const int matchedFonts = 1000;
+/*! Levels of one list. */
+const int listLevels = 9;
+/*! Characters of a level's text as RTF has it: its length, which usually is one byte, and what that counts.
+ */
+const int levelText = 256;
+/*! Characters of a field's instruction, which is looked at whenever a group in it ends. */
+const int fieldInstruction = 8192;
+/*! Notes within notes; the text of a deeper one is left out. */
+const int noteNesting = 16;
+/*! Pixels of one picture, by its header and before it is decoded. */
+const qint64 picturePixels = 100000000;
+/*! Pixels of a displayed picture's side. */
+const int pictureSide = 32767;
+
+} // namespace ORVRtfLimits
+
+#endif

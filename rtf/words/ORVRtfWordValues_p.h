@@ -1,0 +1,77 @@
+#ifndef ORVRTFWORDVALUES_P_H
+#define ORVRTFWORDVALUES_P_H
+
+#include "ORVTextListLevel.h"
+#include "ORVTextRtfCommon.h"
+
+#include <QtGui/QTextCharFormat>
+
+/*!
+    Control words and numbers that stand one to one for values of Qt or of the application: read in one
+    direction by the reader, in the other by the writer.
+*/
+namespace ORVRtfWordValues {
+
+/*! A control word and the value of a format property that it stands for. */
+struct WordValue {
+    ORVTextRtfCommon::KeyWord word;
+    int value;
+};
+
+constexpr WordValue underlineStyles[] = {
+    {ORVTextRtfCommon::UnderlineSolid, QTextCharFormat::SingleUnderline},
+    {ORVTextRtfCommon::UnderlineDash, QTextCharFormat::DashUnderline},
+    {ORVTextRtfCommon::UnderlineDot, QTextCharFormat::DotLine},
+    {ORVTextRtfCommon::UnderlineDashDot, QTextCharFormat::DashDotLine},
+    {ORVTextRtfCommon::UnderlineDashDotDot, QTextCharFormat::DashDotDotLine},
+    {ORVTextRtfCommon::UnderlineWave, QTextCharFormat::WaveUnderline}};
+
+constexpr WordValue paragraphAlignments[] = {{ORVTextRtfCommon::LeftAlignParagraph, Qt::AlignLeft},
+                                             {ORVTextRtfCommon::RightAlignParagraph, Qt::AlignRight},
+                                             {ORVTextRtfCommon::CenterParagraph, Qt::AlignHCenter},
+                                             {ORVTextRtfCommon::JustifyParagraph, Qt::AlignJustify}};
+
+/*! Vertical alignments of text. Qt's middle alignment is the word for centred text, as of cells. */
+constexpr WordValue verticalAlignments[] = {
+    {ORVTextRtfCommon::SuperScript, QTextCharFormat::AlignSuperScript},
+    {ORVTextRtfCommon::SubScript, QTextCharFormat::AlignSubScript},
+    {ORVTextRtfCommon::TextVerticalAlignCenter, QTextCharFormat::AlignMiddle},
+    {ORVTextRtfCommon::TextVerticalAlignTop, QTextCharFormat::AlignTop},
+    {ORVTextRtfCommon::TextVerticalAlignBottom, QTextCharFormat::AlignBottom},
+    {ORVTextRtfCommon::TextVerticalAlignJustified, QTextCharFormat::AlignBaseline}};
+
+/*! The value that \a word stands for in \a table, 0 when it is not in there. */
+template <int size>
+constexpr int valueOf(const WordValue (&table)[size], ORVTextRtfCommon::KeyWord word)
+{
+    for (int i = 0; i < size; ++i) {
+        if (table[i].word == word)
+            return table[i].value;
+    }
+    return 0;
+}
+
+/*! The control word that stands for \a value in \a table, NoKeyWord when none does. */
+template <int size>
+constexpr ORVTextRtfCommon::KeyWord wordOf(const WordValue (&table)[size], int value)
+{
+    for (int i = 0; i < size; ++i) {
+        if (table[i].value == value)
+            return table[i].word;
+    }
+    return ORVTextRtfCommon::NoKeyWord;
+}
+
+/*! How RTF numbers the kinds of list numbering. */
+struct NumberFormat {
+    int levelNfc;
+    ORVTextListLevel::Kind kind;
+};
+
+constexpr NumberFormat numberFormats[] = {
+    {0, ORVTextListLevel::Decimal},     {1, ORVTextListLevel::UpperRoman},  {2, ORVTextListLevel::LowerRoman},
+    {3, ORVTextListLevel::UpperLetter}, {4, ORVTextListLevel::LowerLetter}, {23, ORVTextListLevel::Bullet}};
+
+} // namespace ORVRtfWordValues
+
+#endif

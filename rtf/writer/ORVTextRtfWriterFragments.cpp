@@ -1,0 +1,316 @@
+#include "ORVTextRtfWriter_p.h"
+
+#include "ORVRtfLimits_p.h"
+#include "ORVRtfProperties.h"
+#include "ORVTextFormat.h"
+#include "ORVTextUtil.h"
+#include "QtStringCompat_p.h"
+
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextImageFormat>
+
+using namespace ORVRtfProperty;
+
+namespace {
+
+bool isAnchored(const QTextCharFormat& format)
+{
+    return format.property(AnnotationAnchor).toBool() || format.property(FootnoteAnchor).toBool();
+}
+
+} // namespace
+
+/*! \a next is the fragment behind \a fragment in the same paragraph, if there is one. */
+void ORVTextRtfWriterPrivate::processFragment(const QTextFragment& fragment, const QTextFragment& next,
+                                              const QTextBlock& block, Pass pass)
+{
+    RunFormat& run = runFormat(fragment);
+    if (pass == Collect) {
+        collectRun(run);
+        return;
+    }
+
+    // What the text is, not what it is written as, counts: a note that is written as one of another kind
+    // begins anew with each fragment. Programs in the field rely on it.
+    if (goesOnIn(run.state)) {
+        m_paragraph.lastRun = &run;
+        writeContent(fragment, run, true);
+        return;
+    }
+    finalizeFragmentState(run.state.name);
+    m_paragraph.fragment = convertedState(run.state);
+    m_paragraph.lastRun = &run;
+    // Where more text follows in the same construct, each has a group, so that no format leaks.
+    const bool isFollowed = next.isValid() && goesOnIn(runFormat(next).state);
+    openState(fragment, run, isFollowed, block);
+}
+
+/*! Whether text of \a state belongs to the construct that is open; in a note the target of a link does not
+ * count. */
+bool ORVTextRtfWriterPrivate::goesOnIn(const FragmentState& state) const
+{
+    const FragmentState& open = m_paragraph.fragment;
+    return state == open && (open.link == state.link || (open.flags & FragmentState::AnyNote));
+}
+
+void ORVTextRtfWriterPrivate::collectRun(RunFormat& run)
+{
+    if (run.isCollected)
+        return;
+    run.isCollected = true;
+    collectFormat(run.format);
+    collectNote(run.format);
+}
+
+/*! Notes bring fonts, colours and lists of their own. */
+void ORVTextRtfWriterPrivate::collectNote(const QTextCharFormat& format)
+{
+    if (!format.property(HasNoteContent).toBool())
+        return;
+    const QByteArray content = format.property(NoteContent).toByteArray();
+    if (!content.isEmpty())
+        processSubDocument(noteDocument(content).data(), Collect);
+}
+
+/*! Opens the construct of the current state around \a fragment; finalizeFragmentState() closes it. */
+void ORVTextRtfWriterPrivate::openState(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
+                                        const QTextBlock& block)
+{
+    const int flags = m_paragraph.fragment.flags;
+    if (flags & FragmentState::Annotation)
+        openAnnotation(fragment, run, isFollowed, block);
+    else if (flags & FragmentState::AnnotationAnchor)
+        openAnnotationRange(fragment, run, isFollowed);
+    else if (flags & FragmentState::FootnoteAnchor)
+        openFootnoteAnchor(fragment, run);
+    else if (flags & (FragmentState::Footnote | FragmentState::AlternateFootnote))
+        openFootnote(fragment, run, isFollowed, block);
+    else if (flags & FragmentState::Hyperlink)
+        openHyperlink(fragment, run, isFollowed);
+    else
+        writeContent(fragment, run, true);
+}
+
+void ORVTextRtfWriterPrivate::openAnnotation(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
+                                             const QTextBlock& block)
+{
+    if (isAnchored(run.format))
+        writeContent(fragment, run, false);
+    m_output.openGroup();
+    m_output.write(AnnotationCharacter);
+    m_output.openIgnorableGroup(Annotation);
+    writeNoteText(fragment, run, isFollowed, block);
+}
+
+void ORVTextRtfWriterPrivate::openAnnotationRange(const QTextFragment& fragment, RunFormat& run,
+                                                  bool isFollowed)
+{
+    ++m_noteCounter;
+    m_output.openGroup();
+    writeNumberGroup(AnnotationRefStart);
+    writeContent(fragment, run, isFollowed);
+    m_pendingNote = run.format.property(NoteContent).toByteArray();
+}
+
+void ORVTextRtfWriterPrivate::openFootnoteAnchor(const QTextFragment& fragment, RunFormat& run)
+{
+    writeContent(fragment, run, true);
+    m_pendingNote = run.format.property(NoteContent).toByteArray();
+}
+
+void ORVTextRtfWriterPrivate::openFootnote(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
+                                           const QTextBlock& block)
+{
+    if (isAnchored(run.format))
+        writeContent(fragment, run, false);
+    openFootnoteGroups(m_paragraph.fragment.flags & FragmentState::AlternateFootnote, run);
+    writeNoteText(fragment, run, isFollowed, block);
+}
+
+/*! The footnote stands inside the group of its mark, and begins with the mark again. */
+void ORVTextRtfWriterPrivate::openFootnoteGroups(bool isAlternate, RunFormat& mark)
+{
+    m_output.openGroup();
+    m_output.write(SuperScript);
+    m_output.write(FootnoteCharacter);
+    m_output.openGroup();
+    m_output.write(Footnote);
+    if (isAlternate)
+        m_output.write(AlternateFootnote);
+    m_output.write(ResetParagraph);
+    m_output.write(ResetFormat);
+    m_output.endKeyword();
+    m_output.openGroup();
+    m_output.write(SuperScript);
+    m_output.write(FootnoteCharacter);
+    writeCharFormat(mark);
+    m_output.closeGroup();
+}
+
+/*! The text of a note that begins here: the note attached to \a fragment, or the fragment itself. */
+void ORVTextRtfWriterPrivate::writeNoteText(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
+                                            const QTextBlock& block)
+{
+    if (isAnchored(run.format)) {
+        writeNote(run.format.property(NoteContent).toByteArray());
+        return;
+    }
+    if (m_footnotesWithLeadingSpace)
+        m_output.writePrintableCharacters(QLatin1String(" "), 0, true, false, QString());
+    writeBlockFormat(block);
+    writeContent(fragment, run, isFollowed, m_footnotesWithLeadingSpace);
+}
+
+/*! The field of a link: its target, and the text that shows it. */
+void ORVTextRtfWriterPrivate::openHyperlink(const QTextFragment& fragment, RunFormat& run, bool isFollowed)
+{
+    m_output.openGroup();
+    m_output.write(Field);
+    m_output.openIgnorableGroup(FieldInstruction);
+    const QString instruction = compat::fromLatin1(m_paragraph.fragment.link.toLatin1());
+    m_output.writePrintableCharacters(instruction, 0, true, false, QString());
+    m_output.closeGroup();
+    m_output.openGroup();
+    m_output.write(FieldResult);
+    writeContent(fragment, run, isFollowed);
+}
+
+QString ORVTextRtfWriterPrivate::linkInstruction(const QTextCharFormat& format)
+{
+    const QString bookmark = format.property(PageReference).toString();
+    if (bookmark.isEmpty())
+        return QLatin1String("HYPERLINK \"") + format.anchorHref() + QLatin1Char('"');
+    return QLatin1String("HYPERLINK \\l ") + bookmark;
+}
+
+/*!
+    Writes the text of \a fragment, or its pictures: neighbours of equal format stand in one fragment, a
+    character each.
+*/
+void ORVTextRtfWriterPrivate::writeContent(const QTextFragment& fragment, RunFormat& run, bool inGroup,
+                                           bool isTrimmed)
+{
+    if (run.isPicture) {
+        for (int i = 0; i < fragment.length(); ++i)
+            writePicture(run.format.toImageFormat());
+        return;
+    }
+    if (inGroup)
+        m_output.openGroup();
+    writeFormattedText(isTrimmed ? ORVTextUtil::trimLeadingSpaces(fragment.text()) : fragment.text(), run);
+    if (inGroup)
+        m_output.closeGroup();
+}
+
+/*! Ends the state that is open; the text that follows belongs to \a nextBookmark, if to any. */
+void ORVTextRtfWriterPrivate::finalizeFragmentState(const QString& nextBookmark)
+{
+    const int flags = m_paragraph.fragment.flags;
+    if (!(flags & FragmentState::Annotation)) {
+        if (flags & FragmentState::AnnotationAnchor)
+            return writeAnnotationEnd();
+        if (flags & FragmentState::FootnoteAnchor)
+            return writeFootnoteEnd();
+    }
+    if (flags & (FragmentState::AnyNote | FragmentState::Hyperlink)) {
+        m_output.closeGroup();
+        m_output.closeGroup();
+    }
+    if (m_paragraph.fragment.name != nextBookmark)
+        writeBookmark(m_paragraph.fragment.name);
+}
+
+/*! `{\*\word number}`, with the number of the current note. */
+void ORVTextRtfWriterPrivate::writeNumberGroup(KeyWord keyWord)
+{
+    m_output.openIgnorableGroup(keyWord);
+    m_output.writePrintableCharacters(QString::number(m_noteCounter), 0, true, false, QString());
+    m_output.closeGroup();
+}
+
+void ORVTextRtfWriterPrivate::writeAnnotationEnd()
+{
+    writeNumberGroup(AnnotationRefEnd);
+    m_output.closeGroup();
+    m_output.openGroup();
+    m_output.write(AnnotationCharacter);
+    m_output.openIgnorableGroup(Annotation);
+    writeNumberGroup(AnnotationRef);
+    writePendingNote();
+    m_output.closeGroup();
+    m_output.closeGroup();
+}
+
+void ORVTextRtfWriterPrivate::writeFootnoteEnd()
+{
+    openFootnoteGroups(false, *m_paragraph.lastRun);
+    writePendingNote();
+    m_output.closeGroup();
+    m_output.closeGroup();
+}
+
+void ORVTextRtfWriterPrivate::writeBookmark(const QString& name)
+{
+    if (name.isEmpty())
+        return;
+    m_output.openIgnorableGroup(name.startsWith(QLatin1Char('@')) ? BookmarkEnd : BookmarkStart);
+    m_output.writePrintableCharacters(name, 0, true, false, QString());
+    m_output.closeGroup();
+}
+
+void ORVTextRtfWriterPrivate::writePendingNote()
+{
+    const QByteArray content = m_pendingNote;
+    m_pendingNote.clear();
+    writeNote(content);
+}
+
+void ORVTextRtfWriterPrivate::writeNote(const QByteArray& content)
+{
+    const QSharedPointer<QTextDocument> document = noteDocument(content);
+    if (!document)
+        return;
+    if (m_footnotesWithLeadingSpace) {
+        m_output.writePrintableCharacters(QLatin1String(" "), 0, true, false, QString());
+        QTextCursor all(document.data());
+        all.select(QTextCursor::Document);
+        ORVTextUtil::trim(all);
+    }
+    processSubDocument(document.data(), Write);
+}
+
+/*!
+    The document of a note whose RTF is \a content; null when there is none. It is made once and lives as long
+    as the document is written, because its lists are in the list table.
+*/
+QSharedPointer<QTextDocument> ORVTextRtfWriterPrivate::noteDocument(const QByteArray& content)
+{
+    const QHash<QByteArray, QSharedPointer<QTextDocument>>::const_iterator known =
+        m_noteDocuments.constFind(content);
+    if (known != m_noteDocuments.constEnd())
+        return known.value();
+
+    QSharedPointer<QTextDocument> document(new QTextDocument);
+    ORVTextFormat::setDefaultCharFormat(document.data(), ORVTextFormat::defaultCharFormat(m_document));
+    if (!ORVTextRtf::fromRtfCData(content, document.data()) || document->isEmpty())
+        document.clear();
+    m_noteDocuments.insert(content, document);
+    return document;
+}
+
+/*! Walks a note; the paragraph around it goes on afterwards as if nothing had happened. */
+void ORVTextRtfWriterPrivate::processSubDocument(QTextDocument* document, Pass pass)
+{
+    if (!document || m_noteDepth >= ORVRtfLimits::noteNesting)
+        return;
+    const ParagraphState paragraph = m_paragraph;
+    const QByteArray pendingNote = m_pendingNote;
+    TextSource text = std::move(m_text);
+    ++m_noteDepth;
+    processDocument(document, pass);
+    m_text = std::move(text);
+    m_paragraph = paragraph;
+    m_pendingNote = pendingNote;
+    --m_noteDepth;
+}

@@ -1,0 +1,152 @@
+#include "ORVTextRtfWriter_p.h"
+
+#include "ORVRounding_p.h"
+#include "ORVRtfUnits_p.h"
+#include "ORVRtfWordValues_p.h"
+#include "ORVTextListFormat.h"
+
+#include <QtGui/QTextList>
+
+using namespace ORVRtfUnits;
+
+namespace {
+
+// Levels that are written of a list.
+const int mostLevels = 8;
+const int spaceAfterNumber = 360;
+
+int levelNumberFormat(unsigned kind)
+{
+    for (const ORVRtfWordValues::NumberFormat& row : ORVRtfWordValues::numberFormats) {
+        if (unsigned(row.kind) == kind)
+            return row.levelNfc;
+    }
+    return 0;
+}
+
+/*!
+    Turns the template of level \a levelIndex into RTF's form: a character for its length, then the text with
+    the numbers of levels as the characters of their codes. \a positions gets the places of the numbers.
+*/
+QString levelText(const QString& levelTemplate, int levelIndex, QString& positions)
+{
+    QString text;
+    int i = 0;
+    while (i < levelTemplate.size()) {
+        int end = i + 1;
+        while (levelTemplate.at(i) == QLatin1Char('%') && end < levelTemplate.size()
+               && levelTemplate.at(end).isDigit())
+            ++end;
+        if (end > i + 1) {
+            const int above = levelTemplate.mid(i + 1, end - i - 1).toInt();
+            text += QChar(ushort(qMax(0, levelIndex - above)));
+            positions += QChar(ushort(text.size()));
+        } else {
+            text += levelTemplate.at(i);
+        }
+        i = end;
+    }
+    text.prepend(QChar(ushort(text.size())));
+    return text;
+}
+
+} // namespace
+
+void ORVTextRtfWriterPrivate::collectList(QTextList* list, const QTextCharFormat& format)
+{
+    if (containsTextList(list))
+        return;
+    collectFormat(format);
+    m_listIndexes.insert(list, int(m_lists.size()));
+    m_lists.append(qMakePair(list, format));
+}
+
+int ORVTextRtfWriterPrivate::textListIndex(QTextList* list) const
+{
+    return m_listIndexes.value(list, -1);
+}
+
+/*! The list table, and the override table by whose numbers paragraphs refer to it. */
+void ORVTextRtfWriterPrivate::writeListTemplates()
+{
+    if (m_lists.isEmpty())
+        return;
+    m_output.openIgnorableGroup(ListTable);
+    for (int i = 0; i < m_lists.size(); ++i)
+        writeListTemplate(m_lists.at(i).first, m_lists.at(i).second, i + 1);
+    m_output.closeGroup();
+    m_output.writeStructure('\n');
+
+    m_output.openIgnorableGroup(ListOverrideTable);
+    for (int number = 1; number <= m_lists.size(); ++number) {
+        m_output.openGroup();
+        m_output.write(ListOverrideItem);
+        m_output.write(ListId, number);
+        m_output.write(ListOverrideItemCount, 0);
+        m_output.write(ListOverrideIndex, number);
+        m_output.closeGroup();
+    }
+    m_output.closeGroup();
+    m_output.writeStructure('\n');
+}
+
+void ORVTextRtfWriterPrivate::writeListTemplate(QTextList* list, const QTextCharFormat& format, int number)
+{
+    m_output.writeStructure('\n');
+    m_output.openGroup();
+    m_output.write(List);
+    m_output.write(ListTemplateId, number);
+    m_output.write(HybridList);
+    QList<ORVTextListLevel> levels = ORVTextListFormat::levels(list->format());
+    if (levels.isEmpty())
+        levels.append(ORVTextListLevel());
+    for (int i = 0; i < qMin(int(levels.size()), mostLevels); ++i)
+        writeListLevel(levels.at(i), i, format);
+    m_output.openGroup();
+    m_output.write(ListName);
+    m_output.endKeyword();
+    m_output.writeStructure(';');
+    m_output.closeGroup();
+    m_output.write(ListId, number);
+    m_output.closeGroup();
+}
+
+void ORVTextRtfWriterPrivate::writeListLevel(const ORVTextListLevel& level, int index,
+                                             const QTextCharFormat& format)
+{
+    const int numberFormat = levelNumberFormat(level.kind());
+    m_output.writeStructure('\n');
+    m_output.openGroup();
+    m_output.write(ListLevel);
+    m_output.write(ListLevelFormat, numberFormat);
+    m_output.write(ListLevelFormatNew, numberFormat);
+    m_output.write(ListLevelJustification, 0);
+    m_output.write(ListLevelJustificationNew, 0);
+    m_output.write(ListLevelTextFollow, 0);
+    m_output.write(ListLevelFirstItem, 1);
+    m_output.write(ListLevelTextFollowSpace, spaceAfterNumber);
+    m_output.write(ListLevelIndent, 0);
+
+    QString positions;
+    const QString text = levelText(level.text(), index, positions);
+    writeLevelGroup(ListLevelText, text);
+    writeLevelGroup(ListLevelNumberOffsets, positions);
+    m_output.writeWords(charFormatWords(format));
+
+    const int indent = ORVRounding::truncated(level.indent() * twipsPerPoint);
+    m_output.write(TextIndent,
+                   ORVRounding::truncated((level.firstLinePosition() - level.indent()) * twipsPerPoint));
+    m_output.write(LeftIndent, indent);
+    m_output.write(LeftIndentI18n, indent);
+    m_output.closeGroup();
+}
+
+/*! `{\word text;}`; placeholders in the text are control characters, so it is written as it is. */
+void ORVTextRtfWriterPrivate::writeLevelGroup(KeyWord keyWord, const QString& text)
+{
+    m_output.openGroup();
+    m_output.write(keyWord);
+    m_output.writePrintableCharacters(ORVRtfOutput::escaped(text + QLatin1Char(';')), 0, true, true,
+                                      QString());
+    m_output.closeGroup();
+}

@@ -1,0 +1,198 @@
+#include "ORVTextRtfWriter_p.h"
+
+#include "ORVRounding_p.h"
+#include "ORVRtfListItemText_p.h"
+#include "ORVRtfProperties.h"
+#include "ORVRtfUnits_p.h"
+#include "ORVRtfWordValues_p.h"
+#include "ORVTextListFormat.h"
+
+#include <QtGui/QTextList>
+
+using namespace ORVRtfUnits;
+using namespace ORVRtfWordValues;
+
+namespace {
+
+// Height of a single line that line multiples are counted in, in points.
+const double singleLineHeight = 12.0;
+// Hanging indent of exported list items that state none, in twips.
+const int listItemOffset = -360;
+
+int twips(double points)
+{
+    return ORVRounding::truncated(points * twipsPerPoint);
+}
+
+} // namespace
+
+/*! \a next is the paragraph that follows in the same cell or frame, if one does. */
+void ORVTextRtfWriterPrivate::processBlock(const QTextBlock& block, const QTextBlock& next, Pass pass)
+{
+    QTextBlock::iterator it = block.begin();
+    const bool isEmpty = it.atEnd();
+    const bool isLeftOut = isEmpty && m_paragraph.skipEmpty;
+    m_paragraph.skipEmpty = false;
+    if (isLeftOut)
+        return;
+
+    const bool isFormatStated = pass == Write && beginParagraph(block);
+    if (QTextList* const list = block.textList()) {
+        if (pass == Collect)
+            collectList(list, block.charFormat());
+        else
+            writeListItem(block, list, isFormatStated);
+    }
+    if (isEmpty)
+        processFormat(block, pass);
+    while (!it.atEnd()) {
+        const QTextFragment fragment = it.fragment();
+        ++it;
+        processFragment(fragment, it.atEnd() ? QTextFragment() : it.fragment(), block, pass);
+    }
+    if (pass == Write)
+        endFragments(next);
+}
+
+/*! Paragraph properties are stated when they change; the result tells whether they were. */
+bool ORVTextRtfWriterPrivate::beginParagraph(const QTextBlock& block)
+{
+    const int formatNumber = block.blockFormatIndex();
+    m_output.writeStructure('\n');
+    const bool isFormatStated = m_paragraph.isFirst || formatNumber != m_paragraph.blockFormat;
+    if (!m_paragraph.isFirst)
+        m_output.write(NewParagraph);
+    if (isFormatStated)
+        m_output.write(ResetParagraph);
+    m_paragraph.isFirst = false;
+    m_paragraph.blockFormat = formatNumber;
+    m_output.write(ResetFormat);
+    m_output.endKeyword();
+
+    if (m_paragraph.tableDepth > 0) {
+        m_output.write(InTable);
+        m_output.write(TableNesting, m_paragraph.tableDepth);
+    }
+    if (isFormatStated) {
+        writeBlockFormat(block);
+        if (m_paragraph.tableDepth == 0) {
+            const bool rightToLeft =
+                block.blockFormat().property(QTextFormat::LayoutDirection).toInt() == Qt::RightToLeft;
+            m_output.write(rightToLeft ? RightToLeftCharacters : LeftToRightCharacters);
+            m_output.write(LowAnsiCharacters);
+            m_output.endKeyword();
+        }
+    }
+    return isFormatStated;
+}
+
+void ORVTextRtfWriterPrivate::writeBlockFormat(const QTextBlock& block)
+{
+    const QTextBlockFormat format = block.blockFormat();
+    const int pageBreak = format.property(QTextFormat::PageBreakPolicy).toInt();
+    if (pageBreak & QTextFormat::PageBreak_AlwaysBefore)
+        m_output.write(StartParagraphOnNewPage);
+    if (pageBreak & ORVRtfProperty::KeepLinesTogether)
+        m_output.write(KeepParagraphIntact);
+    if (pageBreak & ORVRtfProperty::KeepWithNext)
+        m_output.write(KeepParagraphWithNext);
+    if (!block.textList())
+        writeTabs(format);
+    writeIndents(format, block.textList());
+    if (const double below = format.doubleProperty(QTextFormat::BlockBottomMargin))
+        m_output.write(SpaceAfterParagraph, twips(below));
+    if (const double above = format.doubleProperty(QTextFormat::BlockTopMargin))
+        m_output.write(SpaceBeforeParagraph, twips(above));
+    writeLineSpacing(format);
+    const int alignment = format.property(QTextFormat::BlockAlignment).toInt() & 0xF;
+    if (const KeyWord word = wordOf(paragraphAlignments, alignment))
+        m_output.write(word);
+    if (format.property(QTextFormat::LayoutDirection).toInt() == Qt::RightToLeft)
+        m_output.write(RightToLeftParagraph);
+}
+
+void ORVTextRtfWriterPrivate::writeTabs(const QTextBlockFormat& format)
+{
+    const QList<QTextOption::Tab> tabs = format.tabPositions();
+    for (const QTextOption::Tab& tab : tabs) {
+        switch (tab.type) {
+        case QTextOption::RightTab: m_output.write(FlushRightTab); break;
+        case QTextOption::CenterTab: m_output.write(CenteredTab); break;
+        case QTextOption::DelimiterTab: m_output.write(DecimalTab); break;
+        default: break;
+        }
+        m_output.write(TabPosition, twips(tab.position));
+    }
+}
+
+/*! Positions of the application become distances: of the first line from the indent, of the right edge from
+    the margin. */
+void ORVTextRtfWriterPrivate::writeIndents(const QTextBlockFormat& format, bool isInList)
+{
+    const double left = format.doubleProperty(ORVRtfProperty::LeftIndent);
+    if (left != 0)
+        m_output.write(LeftIndent, twips(left));
+    const double firstLine = format.doubleProperty(QTextFormat::TextIndent) - left;
+    if (firstLine != 0)
+        m_output.write(TextIndent, twips(firstLine));
+    else if (m_exportingMode && isInList)
+        m_output.write(TextIndent, listItemOffset);
+    const double right = format.doubleProperty(ORVRtfProperty::RightIndent);
+    if (right != 0)
+        m_output.write(RightIndent, ORVRounding::truncated(textWidth() - right * twipsPerPoint));
+}
+
+/*! Multiples of a single line are counted in 240ths of it; other heights are exact, in twips. */
+void ORVTextRtfWriterPrivate::writeLineSpacing(const QTextBlockFormat& format)
+{
+    const double spacing = format.doubleProperty(ORVRtfProperty::LineSpacing);
+    const double base = format.doubleProperty(ORVRtfProperty::LineMultiple);
+    if (spacing == 0 || spacing == base)
+        return;
+    if (base != 0) {
+        m_output.write(LineSpacing, twips(spacing * singleLineHeight / base));
+        m_output.write(LineSpacingMultiple, 1);
+    } else {
+        m_output.write(LineSpacing, twips(spacing));
+        m_output.write(LineSpacingMultiple, 0);
+    }
+}
+
+void ORVTextRtfWriterPrivate::writeListItem(const QTextBlock& block, QTextList* list, bool isFormatStated)
+{
+    if (isFormatStated)
+        m_output.write(ListOverrideIndex, textListIndex(list) + 1);
+    m_output.write(BlockListLevel, ORVTextListFormat::blockLevel(list, block));
+    m_output.openGroup();
+    m_output.write(ListText);
+    const QString text = ORVRtfListItemText::itemText(list->format(), itemNumber(list, block),
+                                                      block.textDirection() == Qt::RightToLeft);
+    writeFormattedText(text + QLatin1Char('\t'), runFormat(block));
+    m_output.closeGroup();
+}
+
+/*! The number of \a block in \a list, from 1. The items come in order, so it is usually the next one. */
+int ORVTextRtfWriterPrivate::itemNumber(const QTextList* list, const QTextBlock& block)
+{
+    int& next = m_nextListItem[list];
+    if (next >= list->count() || list->item(next) != block)
+        next = list->itemNumber(block);
+    return ++next;
+}
+
+/*! A note or bookmark goes on in the next paragraph if that begins in the same state; a link never does. */
+void ORVTextRtfWriterPrivate::endFragments(const QTextBlock& next)
+{
+    if (m_paragraph.fragment == FragmentState())
+        return;
+    QString nextBookmark;
+    const QTextBlock::iterator first = next.begin();
+    if (next.isValid() && !first.atEnd()) {
+        const FragmentState& state = runFormat(first.fragment()).state;
+        if (state == m_paragraph.fragment && !(state.flags & FragmentState::Hyperlink))
+            return;
+        nextBookmark = state.name;
+    }
+    finalizeFragmentState(nextBookmark);
+    m_paragraph.fragment = FragmentState();
+}

@@ -1,0 +1,117 @@
+#include "ORVTextRtfWriter_p.h"
+
+#include "ORVGuiUtil.h"
+#include "ORVRounding_p.h"
+#include "ORVRtfProperties.h"
+#include "ORVRtfWordValues_p.h"
+#include "ORVTextFormat.h"
+#include "ORVUnit.h"
+#include "QtStringCompat_p.h"
+#include "TextDocSupport.h"
+
+#include <QtGui/QImage>
+#include <QtGui/QTextImageFormat>
+
+#include <limits>
+
+using namespace ORVRtfProperty;
+
+namespace {
+
+// Formulas of the application are known by this prefix of their file name.
+const char pdfNamePrefix[] = "MathTypeEdEq";
+
+bool isJpeg(const QTextImageFormat& format)
+{
+    const QString type = format.property(ImageType).toString().toLower();
+    return type == QLatin1String("jpeg") || type == QLatin1String("jpg");
+}
+
+/*! \a value as text; bytes are taken for UTF-8 when they are valid as that, else for Latin-1. */
+QString toText(const QVariant& value)
+{
+    if (value.userType() != QMetaType::QByteArray)
+        return value.toString();
+    const QByteArray bytes = value.toByteArray();
+    const QString text = compat::fromUtf8(bytes);
+    return text.toUtf8() == bytes ? text : compat::fromLatin1(bytes);
+}
+
+QString pdfFileName(const QTextImageFormat& format)
+{
+    const QLatin1String prefix(pdfNamePrefix);
+    const QString name = toText(format.property(ORVRtfProperty::PdfFileName));
+    return name.startsWith(prefix) ? name : prefix + name;
+}
+
+} // namespace
+
+void ORVTextRtfWriterPrivate::writePicture(const QTextImageFormat& format)
+{
+    writePicturePosition(format);
+    QString name = ORVTextFormat::imageName(format);
+    if (name.startsWith(QLatin1String(":/")))
+        name.prepend(QLatin1String("qrc"));
+    const QImage image = TextDocSupport::image(m_text.document, name);
+    if (image.isNull())
+        return;
+    if (!format.property(PdfData).toByteArray().isEmpty())
+        writeEmbeddedPdf(format);
+    else
+        writePictureData(format, image);
+}
+
+void ORVTextRtfWriterPrivate::writePicturePosition(const QTextImageFormat& format)
+{
+    if (format.hasProperty(BaselineShift) && format.hasProperty(ORVRtfProperty::PdfFileName)) {
+        const int shift = qMax(-std::numeric_limits<int>::max(), format.property(BaselineShift).toInt());
+        m_output.write(shift < 0 ? TextDown : TextUp, qAbs(shift));
+    } else if (const KeyWord word =
+                   ORVRtfWordValues::wordOf(ORVRtfWordValues::verticalAlignments,
+                                            format.property(QTextFormat::TextVerticalAlignment).toInt())) {
+        m_output.write(word);
+    }
+    m_output.endKeyword();
+}
+
+void ORVTextRtfWriterPrivate::writeEmbeddedPdf(const QTextImageFormat& format)
+{
+    m_output.openIgnorableGroup(OrvellinePdf);
+    m_output.endKeyword();
+    m_output.openGroup();
+    writeTextGroup(PdfFileName, pdfFileName(format));
+    m_output.writeHexadecimalCharacters(format.property(PdfData).toByteArray());
+    m_output.closeGroup();
+    m_output.closeGroup();
+}
+
+void ORVTextRtfWriterPrivate::writePictureData(const QTextImageFormat& format, const QImage& image)
+{
+    m_output.openIgnorableGroup(ShpPicture);
+    m_output.openGroup();
+    m_output.write(Picture);
+    writeTextGroup(PictureName, ORVTextFormat::imageName(format));
+    if (format.hasProperty(MathML))
+        writeTextGroup(MathMLEquation, format.property(MathML).toString());
+    m_output.write(PictureWidth, image.width());
+    m_output.write(PictureHeight, image.height());
+    m_output.write(PictureGoalWidth, ORVUnit::rtfPixelsToTwips(ORVRounding::truncated(format.width())));
+    m_output.write(PictureGoalHeight, ORVUnit::rtfPixelsToTwips(ORVRounding::truncated(format.height())));
+
+    QByteArray data = isJpeg(format) ? format.property(SourceImageData).toByteArray() : QByteArray();
+    m_output.write(data.isEmpty() ? PngData : JpegData);
+    m_output.endKeyword();
+    if (data.isEmpty())
+        data = ORVGuiUtil::toByteArray(image, "PNG", -1);
+    m_output.writeHexadecimalCharacters(data);
+    m_output.closeGroup();
+    m_output.closeGroup();
+}
+
+/*! `{\*\word text}` */
+void ORVTextRtfWriterPrivate::writeTextGroup(KeyWord keyWord, const QString& text)
+{
+    m_output.openIgnorableGroup(keyWord);
+    m_output.writePrintableCharacters(text, 0, true, false, QString());
+    m_output.closeGroup();
+}

@@ -1,0 +1,243 @@
+#include "ORVTextRtfWriter_p.h"
+
+#include "ORVRounding_p.h"
+#include "ORVRtfUnits_p.h"
+#include "QtFormatCompat_p.h"
+
+#include <QtGui/QTextTable>
+
+using namespace ORVRtfUnits;
+
+namespace {
+
+// Width of a column that states none, in points.
+const int defaultColumnWidth = 200;
+// The widest border there is, in twips.
+const int widestBorder = 255;
+// Colours up to this number are no shading: the automatic one and black, which stands for missing ones.
+const int noShading = 1;
+
+/*! Width of \a column in points; \a totalWidth is that of the text, in points. */
+int calcColumnWidth(int column, const QVector<QTextLength>& constraints, double totalWidth)
+{
+    if (column >= constraints.size())
+        return defaultColumnWidth;
+    const QTextLength& length = constraints.at(column);
+    switch (length.type()) {
+    case QTextLength::FixedLength: return ORVRounding::truncated(length.rawValue());
+    case QTextLength::PercentageLength: return ORVRounding::truncated(totalWidth * length.rawValue() / 100);
+    case QTextLength::VariableLength: return ORVRounding::truncated(totalWidth);
+    }
+    return -1;
+}
+
+bool hasText(const QTextBlock& block)
+{
+    return block.isValid() && !block.begin().atEnd();
+}
+
+} // namespace
+
+void ORVTextRtfWriterPrivate::processFrame(const QTextFrame* frame, Pass pass)
+{
+    m_paragraph.skipEmpty = false;
+    m_paragraph.isFirst = true;
+    processContent(frame->begin(), frame->end(), m_paragraph.tableDepth == 0, pass);
+    m_paragraph.skipEmpty = false;
+}
+
+void ORVTextRtfWriterPrivate::processTableCell(const QTextTableCell& cell, Pass pass)
+{
+    m_paragraph.isFirst = true;
+    processContent(cell.begin(), cell.end(), true, pass);
+    m_paragraph.skipEmpty = false;
+}
+
+/*! Walks what stands in a frame or a cell: tables, frames and, if \a hasBlocks, paragraphs. */
+void ORVTextRtfWriterPrivate::processContent(QTextFrame::iterator it, const QTextFrame::iterator& end,
+                                             bool hasBlocks, Pass pass)
+{
+    QTextBlock before;
+    while (it != end) {
+        const QTextBlock block = it.currentBlock();
+        const QTextFrame* const child = it.currentFrame();
+        ++it;
+        if (const QTextTable* const table = qobject_cast<const QTextTable*>(child)) {
+            if (pass == Write && (m_exportingMode || m_paragraphBeforeTableEnded) && hasText(before))
+                endParagraphBeforeTable();
+            processTable(table, pass);
+            m_paragraph.skipEmpty = true;
+        } else if (child) {
+            // Of a frame that is no table only the frames within it are written.
+            const QList<QTextFrame*> frames = child->childFrames();
+            for (const QTextFrame* inner : frames)
+                processFrame(inner, pass);
+        } else if (block.isValid() && hasBlocks) {
+            processBlock(block, it != end && !it.currentFrame() ? it.currentBlock() : QTextBlock(), pass);
+        }
+        before = block;
+    }
+}
+
+void ORVTextRtfWriterPrivate::endParagraphBeforeTable()
+{
+    m_output.writeStructure('\n');
+    m_output.write(NewParagraph);
+}
+
+void ORVTextRtfWriterPrivate::processTable(const QTextTable* table, Pass pass)
+{
+    if (pass == Collect) {
+        collectTable(table);
+        return;
+    }
+    ++m_paragraph.tableDepth;
+    writeTable(table);
+    --m_paragraph.tableDepth;
+    m_paragraph.isFirst = true;
+}
+
+void ORVTextRtfWriterPrivate::collectTable(const QTextTable* table)
+{
+    m_colors.appendMissing(compat::brushColor(table->format(), QTextFormat::FrameBorderBrush));
+    for (int row = 0; row < table->rows(); ++row) {
+        for (int column = 0; column < table->columns(); ++column) {
+            const QTextTableCell cell = table->cellAt(row, column);
+            if (!cell.isValid() || cell.row() != row || cell.column() != column)
+                continue;
+            m_colors.appendMissing(compat::brushColor(cell.format(), QTextFormat::BackgroundBrush));
+            processTableCell(cell, Collect);
+        }
+    }
+}
+
+void ORVTextRtfWriterPrivate::writeTable(const QTextTable* table)
+{
+    m_output.writeStructure('\n');
+    for (int row = 0; row < table->rows(); ++row)
+        writeTableRow(table, row);
+}
+
+/*! A row is defined behind its cells, and at the outermost level before them too. */
+void ORVTextRtfWriterPrivate::writeTableRow(const QTextTable* table, int row)
+{
+    const int depth = m_paragraph.tableDepth;
+    const bool isNested = depth > 1;
+    m_output.writeStructure('\n');
+    if (!isNested)
+        processTableRowDefinition(table, row);
+    for (int column = 0; column < table->columns(); ++column) {
+        const QTextTableCell cell = table->cellAt(row, column);
+        if (cell.isValid() && cell.row() == row && cell.column() == column) {
+            m_output.endKeyword();
+            processTableCell(cell, Write);
+        }
+        m_output.write(isNested ? EndNestedCell : EndCell);
+    }
+
+    m_output.openGroup();
+    if (isNested) {
+        m_output.write(OptionalDestination);
+        m_output.write(NestedTableRowDefinition);
+    }
+    processTableRowDefinition(table, row);
+    m_output.write(isNested ? EndNestedRow : EndRow);
+    m_output.closeGroup();
+    m_output.write(ResetParagraph);
+    if (isNested && row == table->rows() - 1) {
+        m_output.write(TableNesting, depth - 1);
+        m_output.write(InTable);
+    }
+}
+
+void ORVTextRtfWriterPrivate::processTableRowDefinition(const QTextTable* table, int row)
+{
+    const QTextTableFormat format = table->format();
+    const bool isFirst = row == 0;
+    const bool isLast = row == table->rows() - 1;
+    m_output.writeStructure('\n');
+    m_output.write(TableRowDefinition);
+    m_output.write(TableRowCellPadding, ORVRounding::truncated(format.cellPadding() * twipsPerPoint));
+    m_output.write(TableAutofit, 1);
+    if (isLast)
+        m_output.write(LastRow);
+    m_output.writeStructure(' ');
+
+    // What is seen of borders belongs to the cells.
+    if (isFirst)
+        writeNoBorder(TableRowBorderTop);
+    writeNoBorder(TableRowBorderRight);
+    if (isLast)
+        writeNoBorder(TableRowBorderBottom);
+    writeNoBorder(TableRowBorderLeft);
+
+    const QVector<QTextLength> constraints = format.columnWidthConstraints();
+    double right = 0;
+    for (int column = 0; column < table->columns(); ++column) {
+        m_output.writeStructure('\n');
+        writeCellDefinition(table->cellAt(row, column), row, column, format);
+        right += calcColumnWidth(column, constraints, textWidth() / twipsPerPoint);
+        m_output.write(CellRightBoundary, ORVRounding::truncated(right * twipsPerPoint));
+        m_output.writeStructure('\n');
+    }
+}
+
+void ORVTextRtfWriterPrivate::writeNoBorder(KeyWord side)
+{
+    m_output.write(side);
+    m_output.write(NoBorder);
+    m_output.writeStructure(' ');
+}
+
+void ORVTextRtfWriterPrivate::writeClosed(KeyWord keyWord)
+{
+    m_output.write(keyWord);
+    m_output.writeStructure(' ');
+}
+
+void ORVTextRtfWriterPrivate::writeCellDefinition(const QTextTableCell& cell, int row, int column,
+                                                  const QTextTableFormat& format)
+{
+    int alignment = QTextCharFormat::AlignTop;
+    if (cell.isValid()) {
+        if (cell.rowSpan() > 1)
+            writeClosed(cell.row() == row ? CellVerticalMergeFirst : CellVerticalMergePreceeding);
+        if (cell.columnSpan() > 1)
+            writeClosed(cell.column() == column ? CellMergeFirst : CellMergePreceeding);
+        alignment = cell.format().property(QTextFormat::TextVerticalAlignment).toInt();
+    }
+    switch (alignment) {
+    case QTextCharFormat::AlignMiddle: writeClosed(CellVerticalAlignCenter); break;
+    case QTextCharFormat::AlignBottom: writeClosed(CellVerticalAlignBottom); break;
+    default: writeClosed(CellVerticalAlignTop); break;
+    }
+    m_output.write(NoCellShading);
+    for (KeyWord side : {CellBorderTop, CellBorderRight, CellBorderBottom, CellBorderLeft})
+        writeCellBorder(side, format);
+    if (cell.isValid())
+        backgroundColor(cell);
+}
+
+/*! One border format serves all sides of all cells. */
+void ORVTextRtfWriterPrivate::writeCellBorder(KeyWord side, const QTextTableFormat& format)
+{
+    const double border = format.doubleProperty(QTextFormat::FrameBorder);
+    if (format.property(QTextFormat::FrameBorderStyle).toInt() == 0 || !(border > 0)) {
+        writeNoBorder(side);
+        return;
+    }
+    const QColor color = compat::brushColor(format, QTextFormat::FrameBorderBrush);
+    m_output.write(side);
+    m_output.write(SingleWidthBorder);
+    m_output.write(BorderWidth, qMin(ORVRounding::truncated(border * twipsPerPoint), widestBorder));
+    if (m_colors.number(color) <= m_colors.colors().size())
+        m_output.write(BorderColor, m_colors.number(color));
+    m_output.writeStructure(' ');
+}
+
+void ORVTextRtfWriterPrivate::backgroundColor(const QTextTableCell& cell)
+{
+    const int number = m_colors.number(compat::brushColor(cell.format(), QTextFormat::BackgroundBrush));
+    if (number > noShading)
+        m_output.write(BackgroundPatternColor, number);
+}

@@ -1,0 +1,169 @@
+#include "ORVPagePainter.h"
+
+#include "ORVPageLimits_p.h"
+#include "ORVRounding_p.h"
+#include "ORVUnit.h"
+#include "TextDocSupport.h"
+
+#include <QtGui/QAbstractTextDocumentLayout>
+#include <QtGui/QImage>
+#include <QtGui/QPainter>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextOption>
+
+#include <cmath>
+
+namespace {
+
+// Of a pixel: Qt's layout cuts off what is finer, which would add up from page to page.
+const double layoutUnits = 64;
+const double inchesPerMeter = 1 / 0.0254;
+// Distance between tab stops where a paragraph has none, and of header and footer from the edges of the
+// paper, in points: half an inch, as RTF has both unless a file says otherwise.
+const double tabDistance = 36;
+const double marginTextDistance = 36;
+
+/*! Distance between the tab stops of \a option where a paragraph has none of its own, in pixels. */
+double tabStopDistance(const QTextOption& option)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 10, 0)
+    return option.tabStopDistance();
+#else
+    return option.tabStop();
+#endif
+}
+
+void setTabStopDistance(QTextOption& option, double pixels)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 10, 0)
+    option.setTabStopDistance(pixels);
+#else
+    option.setTabStop(pixels);
+#endif
+}
+
+QPaintDevice* deviceOf(int dotsPerInch)
+{
+    QImage* const device = new QImage(1, 1, QImage::Format_RGB32);
+    const int dotsPerMeter = ORVRounding::halfAway(dotsPerInch * inchesPerMeter);
+    device->setDotsPerMeterX(dotsPerMeter);
+    device->setDotsPerMeterY(dotsPerMeter);
+    return device;
+}
+
+/*! Paper is white, whatever the colours of windows are. */
+QAbstractTextDocumentLayout::PaintContext blackOnWhite()
+{
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette.setColor(QPalette::Text, Qt::black);
+    return context;
+}
+
+/*! Qt's tab stops of views are wider than those of word processors; others than these are meant. */
+void setTabDistance(QTextDocument* document)
+{
+    QTextOption option = document->defaultTextOption();
+    if (tabStopDistance(option) != tabStopDistance(QTextDocument().defaultTextOption()))
+        return;
+    setTabStopDistance(option, tabDistance * ORVUnit::screenResolution() / 72);
+    document->setDefaultTextOption(option);
+}
+
+} // namespace
+
+ORVPagePainter::ORVPagePainter(const QTextDocument* document, const ORVPageSetup& setup, int resolution)
+    : m_setup(setup), m_resolution(qMax(1, resolution)), m_device(deviceOf(ORVUnit::screenResolution())),
+      m_document(document ? TextDocSupport::cloneDocumentQtStyle(document, nullptr) : new QTextDocument)
+{
+    ORVPageLimits::apply(m_document.data(), m_setup.page, ORVUnit::screenResolution());
+    setTabDistance(m_document.data());
+    m_document->setUseDesignMetrics(true);
+    m_document->documentLayout()->setPaintDevice(m_device.data());
+    m_document->setDocumentMargin(0);
+    m_document->setPageSize(layoutArea().size());
+}
+
+ORVPagePainter::~ORVPagePainter() { }
+
+int ORVPagePainter::pageCount() const
+{
+    return qMax(1, m_document->pageCount());
+}
+
+/*! Where the text stands on the paper, in pixels of the layout, and with the height that Qt's pages have. */
+QRectF ORVPagePainter::layoutArea() const
+{
+    const QRectF area = m_setup.page.textArea();
+    const double scale = ORVUnit::screenResolution() / 72.0;
+    const double height = std::floor(area.height() * scale * layoutUnits) / layoutUnits;
+    return QRectF(area.left() * scale, area.top() * scale, area.width() * scale, height);
+}
+
+void ORVPagePainter::paintPage(QPainter* painter, int page) const
+{
+    if (!painter || page < 0 || page >= pageCount())
+        return;
+    const double scale = double(m_resolution) / ORVUnit::screenResolution();
+    painter->save();
+    painter->scale(scale, scale);
+    paintText(painter, page);
+    if (page > 0 || m_setup.firstPageHasMarginTexts)
+        paintMarginTexts(painter, page);
+    painter->restore();
+}
+
+/*! What stands in the side margins, as markers of lists do, is painted too. */
+void ORVPagePainter::paintText(QPainter* painter, int page) const
+{
+    const QRectF area = layoutArea();
+    const double paperWidth = m_setup.page.usablePaperSize().width() * ORVUnit::screenResolution() / 72;
+    const double top = page * area.height();
+    const QRectF clip(-area.left(), top, paperWidth, area.height());
+    painter->save();
+    painter->translate(area.left(), area.top() - top);
+    painter->setClipRect(clip, Qt::IntersectClip);
+    QAbstractTextDocumentLayout::PaintContext context = blackOnWhite();
+    context.clip = clip;
+    m_document->documentLayout()->draw(painter, context);
+    painter->restore();
+}
+
+void ORVPagePainter::paintMarginTexts(QPainter* painter, int page) const
+{
+    const double scale = ORVUnit::screenResolution() / 72.0;
+    const QRectF text = layoutArea();
+    const double below = m_setup.page.usablePaperSize().height() * scale - text.bottom();
+    const double top = qMin(marginTextDistance * scale, text.top() / 2);
+    const double bottom = qMin(marginTextDistance * scale, below / 2);
+    const QRectF header(text.left(), top, text.width(), text.top() - top);
+    const QRectF footer(text.left(), text.bottom(), text.width(), below - bottom);
+    paintMarginText(painter, m_setup.header, header, Qt::AlignTop, page);
+    paintMarginText(painter, m_setup.footer, footer, Qt::AlignBottom, page);
+}
+
+/*! \a side is the side of \a area at which the text stands. A longer text goes beyond the other. */
+void ORVPagePainter::paintMarginText(QPainter* painter, const ORVPageSetup::MarginText& marginText,
+                                     const QRectF& area, Qt::AlignmentFlag side, int page) const
+{
+    if (marginText.text.isEmpty())
+        return;
+    QTextOption option;
+    option.setAlignment(marginText.alignment & Qt::AlignHorizontal_Mask);
+    QString text = marginText.text;
+    text.replace(QLatin1String("<$p>"), QString::number(m_setup.firstNumber + page));
+    text.replace(QLatin1String("<$pagecount>"), QString::number(pageCount()));
+
+    QTextDocument document;
+    document.setUseDesignMetrics(true);
+    document.documentLayout()->setPaintDevice(m_device.data());
+    document.setDocumentMargin(0);
+    document.setDefaultFont(marginText.font);
+    document.setDefaultTextOption(option);
+    document.setPlainText(text);
+    document.setTextWidth(area.width());
+    painter->save();
+    painter->translate(area.left(),
+                       side == Qt::AlignTop ? area.top() : area.bottom() - document.size().height());
+    document.documentLayout()->draw(painter, blackOnWhite());
+    painter->restore();
+}

@@ -1,0 +1,81 @@
+#ifndef ORVPAGEPAINTER_H
+#define ORVPAGEPAINTER_H
+
+#include "ORVPageGeometry.h"
+#include "ORVRtfGlobal.h"
+
+#include <QtCore/QScopedPointer>
+#include <QtCore/QString>
+#include <QtGui/QFont>
+
+class QPaintDevice;
+class QPainter;
+class QTextDocument;
+
+/*! What all pages of a document have in common. */
+struct ORV_RTF_EXPORT ORVPageSetup {
+    /*! A header or footer. */
+    struct MarginText {
+        /*! "<$p>" stands for the page number, "<$pagecount>" for the number of pages; empty for none. */
+        QString text;
+        /*! Only the horizontal alignment is used. */
+        Qt::Alignment alignment = Qt::AlignLeft;
+        /*! Font of the whole text. */
+        QFont font;
+    };
+
+    /*! Paper and margins. */
+    ORVPageGeometry page;
+    /*! In the top margin. */
+    MarginText header;
+    /*! In the bottom margin. */
+    MarginText footer;
+    /*! Whether the first page has a header and footer too. */
+    bool firstPageHasMarginTexts = true;
+    /*! Number of the first page. */
+    int firstNumber = 1;
+};
+
+/*!
+    Divides a document into pages and paints them: for printing, a preview, PDF or pictures. The pages are the
+    same for all of them.
+
+    The document is to be in stock form (see ORVStockFormats), with pixels of ORVUnit::screenResolution(),
+   which must be the resolution that Qt counts with (QScreen::logicalDotsPerInch(), or 96 with
+   Qt::AA_Use96Dpi). Needs a QGuiApplication.
+*/
+class ORV_RTF_EXPORT ORVPagePainter {
+public:
+    /*!
+        Lays out a copy of \a document, which stays as it is, on pages of \a setup, for painting with
+        \a resolution pixels to the inch. A null \a document counts as an empty one.
+    */
+    ORVPagePainter(const QTextDocument* document, const ORVPageSetup& setup, int resolution);
+    ~ORVPagePainter();
+
+    /*! Number of pages, at least 1. */
+    int pageCount() const;
+
+    /*!
+        Paints page \a page, counted from 0. The painter's origin is where the upper left corner of the paper
+        is to be, and its pixels are those of the resolution. Nothing is painted where the paper is empty, and
+        nothing at all for a page that does not exist. Does nothing when \a painter is null.
+    */
+    void paintPage(QPainter* painter, int page) const;
+
+private:
+    Q_DISABLE_COPY(ORVPagePainter)
+    QRectF layoutArea() const;
+    void paintText(QPainter* painter, int page) const;
+    void paintMarginTexts(QPainter* painter, int page) const;
+    void paintMarginText(QPainter* painter, const ORVPageSetup::MarginText& marginText, const QRectF& area,
+                         Qt::AlignmentFlag side, int page) const;
+
+    ORVPageSetup m_setup;
+    int m_resolution;
+    // What the layout takes the resolution from; nothing is painted on it.
+    QScopedPointer<QPaintDevice> m_device;
+    QScopedPointer<QTextDocument> m_document;
+};
+
+#endif

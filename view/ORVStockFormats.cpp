@@ -1,0 +1,366 @@
+#include "ORVStockFormats.h"
+
+#include "ORVRtfProperties.h"
+#include "ORVStockParagraph_p.h"
+#include "ORVStockTables_p.h"
+#include "ORVTextListFormat.h"
+#include "ORVUnit.h"
+#include "QtFormatCompat_p.h"
+
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+#include <QtCore/QVector>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
+#include <QtGui/QTextDocument>
+#include <QtGui/QTextFragment>
+#include <QtGui/QTextList>
+#include <QtGui/QTextTable>
+
+namespace {
+
+// int: the format is in stock form, and so many of its pixels make an inch; 0 on a table that has been
+// translated from stock form.
+const int resolutionProperty = QTextFormat::UserProperty + 310;
+// The first of the properties that keep the value of a stock property in the application's form.
+const int firstKeptProperty = QTextFormat::UserProperty + 311;
+
+// What is different in the two forms. Its order decides the ids of the kept properties.
+const int stockProperties[] = {
+    QTextFormat::BlockLeftMargin,
+    QTextFormat::BlockRightMargin,
+    QTextFormat::BlockTopMargin,
+    QTextFormat::BlockBottomMargin,
+    QTextFormat::TextIndent,
+    QTextFormat::TabPositions,
+    QTextFormat::LineHeight,
+    QTextFormat::LineHeightType,
+    QTextFormat::ListStyle,
+    QTextFormat::TextVerticalAlignment,
+    QTextFormat::FrameBorder,
+    QTextFormat::TableCellPadding,
+    QTextFormat::TableColumnWidthConstraints,
+    compat::tableBorderCollapse,
+    resolutionProperty,
+};
+const int stockPropertyCount = int(sizeof(stockProperties) / sizeof(stockProperties[0]));
+
+const int paragraphIndents[] = {ORVRtfProperty::LeftIndent, ORVRtfProperty::RightIndent,
+                                ORVRtfProperty::LineSpacing, ORVRtfProperty::LineMultiple};
+
+bool isStock(const QTextFormat& format)
+{
+    return format.intProperty(resolutionProperty) > 0;
+}
+
+/*! Has \a stock remember \a application, the format that it has been made from. */
+template <typename Format>
+Format remembering(Format stock, const Format& application, int resolution)
+{
+    for (int i = 0; i < stockPropertyCount; ++i) {
+        if (application.hasProperty(stockProperties[i]))
+            stock.setProperty(firstKeptProperty + i, application.property(stockProperties[i]));
+    }
+    stock.setProperty(resolutionProperty, resolution);
+    return stock;
+}
+
+/*! The format that \a stock remembers. Its properties have the order that they had, on which equality
+ * depends. */
+template <typename Format>
+Format remembered(Format stock)
+{
+    for (int i = 0; i < stockPropertyCount; ++i) {
+        const QVariant value = stock.property(firstKeptProperty + i);
+        if (value.isValid())
+            stock.setProperty(stockProperties[i], value);
+        else
+            stock.clearProperty(stockProperties[i]);
+        stock.clearProperty(firstKeptProperty + i);
+    }
+    return stock;
+}
+
+bool isApplicationParagraph(const QTextBlockFormat& format)
+{
+    for (const int property : paragraphIndents) {
+        if (format.property(property).userType() == QMetaType::Double)
+            return true;
+    }
+    return false;
+}
+
+bool hasStockProperty(const QTextFormat& format)
+{
+    for (const int property : stockProperties) {
+        if (format.hasProperty(property))
+            return true;
+    }
+    return false;
+}
+
+/*! Whether Qt indents the paragraph besides its margins, or what its list says counts. */
+bool isIndented(const QTextBlockFormat& format, const ORVStockListItem& item)
+{
+    return format.indent() != 0 || item.indent != 0 || item.hasLevel;
+}
+
+/*! What a shifted baseline shows as in stock form. */
+QTextCharFormat::VerticalAlignment shiftedAlignment(const QTextCharFormat& format)
+{
+    return format.intProperty(ORVRtfProperty::BaselineShift) > 0 ? QTextCharFormat::AlignSuperScript
+                                                                 : QTextCharFormat::AlignSubScript;
+}
+
+QTextCharFormat stockText(const QTextCharFormat& format, int resolution)
+{
+    if (isStock(format) || format.verticalAlignment() != QTextCharFormat::AlignMiddle
+        || format.intProperty(ORVRtfProperty::BaselineShift) == 0)
+        return format;
+    QTextCharFormat stock(format);
+    stock.setVerticalAlignment(shiftedAlignment(format));
+    return remembering(stock, format, resolution);
+}
+
+QTextCharFormat applicationText(const QTextCharFormat& format)
+{
+    if (!isStock(format))
+        return format;
+    QTextCharFormat application = remembered(format);
+    if (format.verticalAlignment() != shiftedAlignment(format)) {
+        application.setProperty(QTextFormat::TextVerticalAlignment,
+                                format.property(QTextFormat::TextVerticalAlignment));
+        application.clearProperty(ORVRtfProperty::BaselineShift);
+    }
+    return application;
+}
+
+/*! Whether Qt would show markers where the list, as it is described, has none. */
+bool showsNoMarkers(const QTextListFormat& format)
+{
+    QTextListFormat unstyled(format);
+    unstyled.setStyle(QTextListFormat::ListStyleUndefined);
+    const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(unstyled);
+    for (const ORVTextListLevel& level : levels) {
+        if (!level.text().isEmpty())
+            return false;
+    }
+    return !levels.isEmpty();
+}
+
+QTextListFormat stockList(const QTextListFormat& format, int resolution)
+{
+    if (isStock(format) || !showsNoMarkers(format))
+        return format;
+    QTextListFormat stock(format);
+    stock.setStyle(QTextListFormat::ListStyleUndefined);
+    return remembering(stock, format, resolution);
+}
+
+QTextListFormat applicationList(const QTextListFormat& format)
+{
+    if (!isStock(format))
+        return format;
+    QTextListFormat application = remembered(format);
+    if (format.style() != QTextListFormat::ListStyleUndefined)
+        application.setStyle(format.style());
+    return application;
+}
+
+/*! One way through a document, which turns all of its formats into the other form. */
+class Conversion {
+public:
+    enum Direction { ToStock, FromStock };
+
+    Conversion(QTextDocument* document, Direction direction)
+        : m_document(document), m_direction(direction), m_resolution(ORVUnit::screenResolution()),
+          m_paragraph(document, m_resolution), m_tables(document, m_resolution)
+    {
+    }
+
+    void run()
+    {
+        QTextCursor cursor(m_document);
+        cursor.beginEditBlock();
+        convertBlocks(cursor);
+        convertLists();
+        convertTables();
+        cursor.endEditBlock();
+    }
+
+private:
+    /*! A run of text and the format that it is to have. */
+    struct TextChange {
+        int position;
+        int length;
+        QTextCharFormat format;
+    };
+
+    void convertBlocks(QTextCursor& cursor);
+    void convertText(QTextCursor& cursor, const QTextBlock& block);
+    QVector<TextChange> textChanges(const QTextBlock& block) const;
+    void convertLists();
+    void convertTables();
+    QTextTableFormat stockTable(const QTextTable* table);
+    QTextTableFormat applicationTable(const QTextTable* table);
+    QTextBlockFormat paragraph(const QTextBlockFormat& format, const ORVStockListItem& item) const;
+    QTextBlockFormat stockParagraph(const QTextBlockFormat& format, const ORVStockListItem& item) const;
+    QTextBlockFormat applicationParagraph(const QTextBlockFormat& format, const ORVStockListItem& item) const;
+    QTextCharFormat text(const QTextCharFormat& format) const;
+
+    QTextDocument* m_document;
+    Direction m_direction;
+    int m_resolution;
+    ORVStockParagraph m_paragraph;
+    ORVStockLists m_lists;
+    ORVStockTables m_tables;
+    QSet<QTextList*> m_usedLists;
+};
+
+/*! Every format that applicationParagraph() would translate has to remember what it was. */
+QTextBlockFormat Conversion::stockParagraph(const QTextBlockFormat& format,
+                                            const ORVStockListItem& item) const
+{
+    if (isStock(format)
+        || (!isApplicationParagraph(format) && !hasStockProperty(format) && !isIndented(format, item)))
+        return format;
+    return remembering(m_paragraph.stock(format, item), format, m_resolution);
+}
+
+QTextBlockFormat Conversion::applicationParagraph(const QTextBlockFormat& format,
+                                                  const ORVStockListItem& item) const
+{
+    if (isStock(format)) {
+        const ORVStockParagraph paragraph(m_document, format.intProperty(resolutionProperty));
+        const QTextBlockFormat application = remembered(format);
+        return paragraph.application(application, paragraph.stock(application, item), format, item);
+    }
+    if (isApplicationParagraph(format) || (!hasStockProperty(format) && !isIndented(format, item)))
+        return format;
+    return m_paragraph.translated(format, item);
+}
+
+QTextBlockFormat Conversion::paragraph(const QTextBlockFormat& format, const ORVStockListItem& item) const
+{
+    return m_direction == ToStock ? stockParagraph(format, item) : applicationParagraph(format, item);
+}
+
+QTextCharFormat Conversion::text(const QTextCharFormat& format) const
+{
+    return m_direction == ToStock ? stockText(format, m_resolution) : applicationText(format);
+}
+
+/*! Paragraphs of one format are in one list, if any, so each format is translated once. */
+void Conversion::convertBlocks(QTextCursor& cursor)
+{
+    QHash<int, QTextBlockFormat> converted;
+    for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
+        const int index = block.blockFormatIndex();
+        const QTextBlockFormat format = block.blockFormat();
+        if (!converted.contains(index)) {
+            QTextList* const list = block.textList();
+            if (list)
+                m_usedLists.insert(list);
+            converted.insert(index, paragraph(format, m_lists.item(list, format)));
+        }
+        cursor.setPosition(block.position());
+        const QTextBlockFormat& result = *converted.constFind(index);
+        if (result != format)
+            cursor.setBlockFormat(result);
+        const QTextCharFormat blockText = text(block.charFormat());
+        if (blockText != block.charFormat())
+            cursor.setBlockCharFormat(blockText);
+        convertText(cursor, block);
+    }
+}
+
+void Conversion::convertText(QTextCursor& cursor, const QTextBlock& block)
+{
+    const QVector<TextChange> changes = textChanges(block);
+    for (const TextChange& change : changes) {
+        cursor.setPosition(change.position);
+        cursor.setPosition(change.position + change.length, QTextCursor::KeepAnchor);
+        cursor.setCharFormat(change.format);
+    }
+}
+
+QVector<Conversion::TextChange> Conversion::textChanges(const QTextBlock& block) const
+{
+    QVector<TextChange> changes;
+    for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
+        const QTextFragment fragment = it.fragment();
+        const QTextCharFormat format = fragment.charFormat();
+        const QTextCharFormat result = text(format);
+        if (result != format)
+            changes.append({fragment.position(), fragment.length(), result});
+    }
+    return changes;
+}
+
+void Conversion::convertLists()
+{
+    const QSet<QTextList*>& lists = m_usedLists;
+    for (QTextList* const list : lists) {
+        const QTextListFormat format = list->format();
+        const QTextListFormat result =
+            m_direction == ToStock ? stockList(format, m_resolution) : applicationList(format);
+        if (result != format)
+            list->setFormat(result);
+    }
+}
+
+void Conversion::convertTables()
+{
+    QList<QTextFrame*> frames = m_document->rootFrame()->childFrames();
+    while (!frames.isEmpty()) {
+        QTextFrame* const frame = frames.takeLast();
+        frames += frame->childFrames();
+        QTextTable* const table = qobject_cast<QTextTable*>(frame);
+        if (!table)
+            continue;
+        const QTextTableFormat format = table->format();
+        const QTextTableFormat result = m_direction == ToStock ? stockTable(table) : applicationTable(table);
+        if (result != format)
+            table->setFormat(result);
+    }
+}
+
+QTextTableFormat Conversion::stockTable(const QTextTable* table)
+{
+    QTextTableFormat format = table->format();
+    m_tables.note(table, isStock(format) ? remembered(format) : format);
+    if (isStock(format))
+        return format;
+    return remembering(m_tables.stock(format, m_tables.availableShare(table)), format, m_resolution);
+}
+
+QTextTableFormat Conversion::applicationTable(const QTextTable* table)
+{
+    const QTextTableFormat format = table->format();
+    const double share = m_tables.availableShare(table);
+    QTextTableFormat result = format;
+    if (isStock(format)) {
+        const ORVStockTables tables(m_document, format.intProperty(resolutionProperty));
+        result = remembered(format);
+        result = tables.application(result, tables.stock(result, share), format, share);
+    } else if (!format.hasProperty(resolutionProperty)) {
+        result = m_tables.application(format, QTextTableFormat(), format, share);
+        result.setProperty(resolutionProperty, 0);
+    }
+    m_tables.note(table, result);
+    return result;
+}
+
+} // namespace
+
+void ORVStockFormats::toStock(QTextDocument* document)
+{
+    if (document)
+        Conversion(document, Conversion::ToStock).run();
+}
+
+void ORVStockFormats::fromStock(QTextDocument* document)
+{
+    if (document)
+        Conversion(document, Conversion::FromStock).run();
+}

@@ -1,0 +1,119 @@
+#include "ORVStockTables_p.h"
+
+#include "ORVPageGeometry.h"
+#include "ORVPageLimits_p.h"
+#include "QtFormatCompat_p.h"
+
+#include <QtGui/QTextTable>
+
+namespace {
+
+const int lengthProperties[] = {QTextFormat::FrameBorder, QTextFormat::TableCellPadding};
+
+/*! Has fixed widths multiplied by one factor and shares by another. */
+void scaleWidths(QTextTableFormat* format, double fixedFactor, double shareFactor)
+{
+    QVector<QTextLength> widths = format->columnWidthConstraints();
+    if (widths.isEmpty())
+        return;
+    for (QTextLength& width : widths) {
+        if (width.type() != QTextLength::VariableLength)
+            width = QTextLength(width.type(),
+                                width.rawValue()
+                                    * (width.type() == QTextLength::FixedLength ? fixedFactor : shareFactor));
+    }
+    format->setColumnWidthConstraints(widths);
+}
+
+/*! Shares that make more than the whole would leave no room for the last column; they are reduced alike. */
+void fitShares(QTextTableFormat* format)
+{
+    double sum = 0;
+    const QVector<QTextLength> widths = format->columnWidthConstraints();
+    for (const QTextLength& width : widths) {
+        if (width.type() == QTextLength::PercentageLength)
+            sum += width.rawValue();
+    }
+    if (sum > 100)
+        scaleWidths(format, 1, 100 / sum);
+}
+
+} // namespace
+
+ORVStockTables::ORVStockTables(const QTextDocument* document, int resolution)
+    : m_pixelsPerPoint(resolution / 72.0), m_textWidth(ORVPageGeometry::of(document).textWidth())
+{
+}
+
+double ORVStockTables::availableShare(const QTextTable* table) const
+{
+    QTextFrame* frame = table->parentFrame();
+    while (frame && !qobject_cast<QTextTable*>(frame))
+        frame = frame->parentFrame();
+    const QTextTable* const parent = qobject_cast<QTextTable*>(frame);
+    if (!parent)
+        return 1;
+    const QVector<double> shares = m_columnShares.value(parent);
+    const QTextTableCell cell = parent->cellAt(table->firstPosition());
+    double share = 0;
+    for (int column = cell.column(); column < cell.column() + cell.columnSpan(); ++column)
+        share += shares.value(column);
+    return share > 0 ? share : 1;
+}
+
+/*! Columns without a width share what the others leave. */
+void ORVStockTables::note(const QTextTable* table, const QTextTableFormat& format)
+{
+    QVector<double> shares(table->columns(), 0);
+    const QVector<QTextLength> widths = format.columnWidthConstraints();
+    double left = availableShare(table);
+    int variableColumns = shares.size();
+    for (int column = 0; column < qMin(int(shares.size()), int(widths.size())); ++column) {
+        const QTextLength& width = widths.at(column);
+        if (width.type() == QTextLength::VariableLength)
+            continue;
+        if (width.type() == QTextLength::PercentageLength)
+            shares[column] = width.rawValue() / 100;
+        else if (m_textWidth > 0)
+            shares[column] = width.rawValue() / m_textWidth;
+        left -= shares.at(column);
+        --variableColumns;
+    }
+    for (double& share : shares) {
+        if (share == 0 && variableColumns > 0)
+            share = qMax(0.0, left) / variableColumns;
+    }
+    m_columnShares.insert(table, shares);
+}
+
+QTextTableFormat ORVStockTables::stock(const QTextTableFormat& format, double share) const
+{
+    QTextTableFormat result(format);
+    for (const int property : lengthProperties)
+        result.setProperty(property,
+                           ORVPageLimits::distance(format.doubleProperty(property)) * m_pixelsPerPoint);
+    // A hairline is drawn as thin as it can be seen.
+    if (format.border() > 0)
+        result.setBorder(qMax(1.0, result.border()));
+    // Without room between cells neighbours share one line.
+    if (format.cellSpacing() == 0)
+        result.setProperty(compat::tableBorderCollapse, true);
+    scaleWidths(&result, m_pixelsPerPoint, 1 / share);
+    fitShares(&result);
+    return result;
+}
+
+QTextTableFormat ORVStockTables::application(const QTextTableFormat& format, const QTextTableFormat& expected,
+                                             const QTextTableFormat& changed, double share) const
+{
+    QTextTableFormat result(format);
+    for (const int property : lengthProperties) {
+        if (changed.hasProperty(property) && changed.property(property) != expected.property(property))
+            result.setProperty(property, changed.doubleProperty(property) / m_pixelsPerPoint);
+    }
+    if (changed.columnWidthConstraints() != expected.columnWidthConstraints()) {
+        result.setColumnWidthConstraints(changed.columnWidthConstraints());
+        scaleWidths(&result, 1 / m_pixelsPerPoint, share);
+    }
+    return result;
+}
