@@ -100,30 +100,30 @@ qint64 ORVTextRtfReader::pos() const
 
 int ORVTextRtfReader::paperWidth() const
 {
-    return d->m_paperWidth;
+    return d->m_page.paperWidth;
 }
 
 int ORVTextRtfReader::paperHeight() const
 {
-    return d->m_paperHeight;
+    return d->m_page.paperHeight;
 }
 
 int ORVTextRtfReader::marginLeft() const
 {
-    return d->m_leftMargin;
+    return d->m_page.leftMargin;
 }
 
 int ORVTextRtfReader::marginRight() const
 {
-    return d->m_rightMargin;
+    return d->m_page.rightMargin;
 }
 
 int ORVTextRtfReader::marginTop() const
 {
-    return d->m_topMargin;
+    return d->m_page.topMargin;
 }
 
 int ORVTextRtfReader::marginBottom() const
 {
-    return d->m_bottomMargin;
+    return d->m_page.bottomMargin;
 }

@@ -127,12 +127,7 @@ int ORVTextRtfReaderPrivate::parseFile()
     if (!device || (!device->isOpen() && !device->open(QIODevice::ReadOnly)))
         return DeviceNotOpen;
 
-    m_paperWidth = defaultPaperWidth;
-    m_paperHeight = defaultPaperHeight;
-    m_leftMargin = defaultLeftMargin;
-    m_rightMargin = defaultRightMargin;
-    m_topMargin = defaultTopMargin;
-    m_bottomMargin = defaultBottomMargin;
+    m_page = ORVRtfPage();
 
     const int status = parseContent();
     abandonTables();

@@ -77,7 +77,7 @@ void ORVTextRtfReaderPrivate::addRowToTable(ORVTextRtfRow& row)
 {
     m_tableCellsLeft += ORVRtfLimits::tableCellsForEachInFile * row.cells.size();
     if (!row.table->isEmpty() && row.table->mostCellsWith(row) - row.table->cellCount() > m_tableCellsLeft) {
-        row.table->setColumnWidths(textWidth(), m_columnWidths);
+        row.table->setColumnWidths(m_page.textWidth(), m_columnWidths);
         row.table->insertAt(row.parentCursor);
         row.table = QSharedPointer<ORVTextRtfTable>(new ORVTextRtfTable);
     }
@@ -95,7 +95,7 @@ void ORVTextRtfReaderPrivate::finalizeTables(int level)
         const ORVTextRtfRow row = m_rows.pop();
         m_cursor.moveTo(row.parentCursor);
         if (!row.table->isEmpty()) {
-            row.table->setColumnWidths(textWidth(), m_columnWidths);
+            row.table->setColumnWidths(m_page.textWidth(), m_columnWidths);
             row.table->insertAt(m_cursor.place());
         }
     }
@@ -116,11 +116,6 @@ void ORVTextRtfReaderPrivate::abandonTables()
     m_cursor.moveTo(outermost.parentCursor);
     if (!outermost.table->isEmpty())
         outermost.table->insertAt(m_cursor.place());
-}
-
-double ORVTextRtfReaderPrivate::textWidth() const
-{
-    return double(m_paperWidth) - m_leftMargin - m_rightMargin;
 }
 
 void ORVTextRtfReaderPrivate::setCellAlignment(QTextCharFormat::VerticalAlignment alignment)

@@ -173,12 +173,12 @@ int ORVTextRtfReaderPrivate::translateControlWord(KeyWord keyWord, bool hasParam
     case TabPosition: m_paragraph.addTab(points(n)); break;
 
     // Page, in twips
-    case PaperWidth: m_paperWidth = n; break;
-    case PaperHeight: m_paperHeight = n; break;
-    case LeftMargin: m_leftMargin = n; break;
-    case RightMargin: m_rightMargin = n; break;
-    case TopMargin: m_topMargin = n; break;
-    case BottomMargin: m_bottomMargin = n; break;
+    case PaperWidth: m_page.paperWidth = n; break;
+    case PaperHeight: m_page.paperHeight = n; break;
+    case LeftMargin: m_page.leftMargin = n; break;
+    case RightMargin: m_page.rightMargin = n; break;
+    case TopMargin: m_page.topMargin = n; break;
+    case BottomMargin: m_page.bottomMargin = n; break;
 
     // Tables
     case InTable: setTableLevel(qMax(1, m_tableLevel)); break;
@@ -368,7 +368,7 @@ void ORVTextRtfReaderPrivate::setRightIndent(double points)
 /*! A distance from the right margin; what is stored is the position of the text edge from the left margin. */
 void ORVTextRtfReaderPrivate::setRightMargin(int twips)
 {
-    setRightIndent((textWidth() - twips) / twipsPerPoint);
+    setRightIndent((m_page.textWidth() - twips) / twipsPerPoint);
 }
 
 bool ORVTextRtfReaderPrivate::isRightToLeft() const

@@ -5,6 +5,7 @@
 #include "ORVRtfFontTable_p.h"
 #include "ORVRtfInput_p.h"
 #include "ORVRtfListTable_p.h"
+#include "ORVRtfPage_p.h"
 #include "ORVRtfParagraph_p.h"
 #include "ORVRtfPicture_p.h"
 #include "ORVRtfTextInserter_p.h"
@@ -48,13 +49,7 @@ public:
     ORVRtfInput m_input;
     int m_error = NoError;
 
-    // Page geometry, twips
-    int m_paperWidth = defaultPaperWidth;
-    int m_paperHeight = defaultPaperHeight;
-    int m_leftMargin = defaultLeftMargin;
-    int m_rightMargin = defaultRightMargin;
-    int m_topMargin = defaultTopMargin;
-    int m_bottomMargin = defaultBottomMargin;
+    ORVRtfPage m_page;
 
 protected:
     /*! A control word that is known, or not, and taken off the input. */
@@ -198,7 +193,6 @@ private:
     void addRowToTable(ORVTextRtfRow& row);
     void finalizeTables(int level);
     void abandonTables();
-    double textWidth() const;
     void setCellAlignment(QTextCharFormat::VerticalAlignment alignment);
     void setCellColor(int index);
     void setCellPadding(int twips);

@@ -139,7 +139,7 @@ void ORVTextRtfWriterPrivate::writeIndents(const QTextBlockFormat& format, bool 
         m_output.write(TextIndent, listItemOffset);
     const double right = format.doubleProperty(ORVRtfProperty::RightIndent);
     if (right != 0)
-        m_output.write(RightIndent, ORVRounding::truncated(textWidth() - right * twipsPerPoint));
+        m_output.write(RightIndent, ORVRounding::truncated(m_page.textWidth() - right * twipsPerPoint));
 }
 
 /*! Multiples of a single line are counted in 240ths of it; other heights are exact, in twips. */

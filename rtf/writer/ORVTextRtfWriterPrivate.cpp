@@ -93,19 +93,15 @@ bool ORVTextRtfWriterPrivate::writeHeader()
 
 void ORVTextRtfWriterPrivate::readPageSetup(const QTextDocument* document)
 {
-    m_paperSize = ORVTextRtfWriter::paperSizeForDocument(document);
-    m_topMargin = marginInTwips(document, "topMargin", defaultTopMargin);
-    m_leftMargin = marginInTwips(document, "leftMargin", defaultLeftMargin);
-    m_rightMargin = marginInTwips(document, "rightMargin", defaultRightMargin);
-    m_bottomMargin = marginInTwips(document, "bottomMargin", defaultBottomMargin);
+    const QSize paper = ORVTextRtfWriter::paperSizeForDocument(document);
+    m_page.paperWidth = paper.width();
+    m_page.paperHeight = paper.height();
+    m_page.topMargin = marginInTwips(document, "topMargin", defaultTopMargin);
+    m_page.leftMargin = marginInTwips(document, "leftMargin", defaultLeftMargin);
+    m_page.rightMargin = marginInTwips(document, "rightMargin", defaultRightMargin);
+    m_page.bottomMargin = marginInTwips(document, "bottomMargin", defaultBottomMargin);
     m_header = qvariant_cast<ORVTextPage>(document->property("header"));
     m_footer = qvariant_cast<ORVTextPage>(document->property("footer"));
-}
-
-/*! Width of the text between the margins, in twips. */
-double ORVTextRtfWriterPrivate::textWidth() const
-{
-    return double(m_paperSize.width()) - m_leftMargin - m_rightMargin;
 }
 
 void ORVTextRtfWriterPrivate::processDocument(QTextDocument* document, Pass pass)
@@ -175,12 +171,12 @@ void ORVTextRtfWriterPrivate::writeColorTable()
 
 void ORVTextRtfWriterPrivate::writeDocumentSettings(const QTextDocument* document)
 {
-    m_output.write(PaperWidth, m_paperSize.width());
-    m_output.write(PaperHeight, m_paperSize.height());
-    m_output.write(LeftMargin, m_leftMargin);
-    m_output.write(RightMargin, m_rightMargin);
-    m_output.write(TopMargin, m_topMargin);
-    m_output.write(BottomMargin, m_bottomMargin);
+    m_output.write(PaperWidth, m_page.paperWidth);
+    m_output.write(PaperHeight, m_page.paperHeight);
+    m_output.write(LeftMargin, m_page.leftMargin);
+    m_output.write(RightMargin, m_page.rightMargin);
+    m_output.write(TopMargin, m_page.topMargin);
+    m_output.write(BottomMargin, m_page.bottomMargin);
     // Both kinds of notes may occur: footnotes at the bottom of the page, endnotes behind the text.
     m_output.write(FootnoteEndnoteType, 2);
     m_output.write(FootnotesAtBottomOfPage);

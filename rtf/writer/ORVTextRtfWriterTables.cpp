@@ -176,7 +176,7 @@ void ORVTextRtfWriterPrivate::processTableRowDefinition(const QTextTable* table,
     for (int column = 0; column < table->columns(); ++column) {
         m_output.writeStructure('\n');
         writeCellDefinition(table->cellAt(row, column), row, column, format);
-        right += calcColumnWidth(column, constraints, textWidth() / twipsPerPoint);
+        right += calcColumnWidth(column, constraints, m_page.textWidth() / twipsPerPoint);
         m_output.write(CellRightBoundary, ORVRounding::truncated(right * twipsPerPoint));
         m_output.writeStructure('\n');
     }

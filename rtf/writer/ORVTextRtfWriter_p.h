@@ -4,6 +4,7 @@
 #include "ORVRtfOutputColors_p.h"
 #include "ORVRtfOutputFonts_p.h"
 #include "ORVRtfOutput_p.h"
+#include "ORVRtfPage_p.h"
 #include "ORVTextPage.h"
 #include "ORVTextRtf.h"
 #include "ORVTextRtfCommon.h"
@@ -12,7 +13,6 @@
 #include <QtCore/QList>
 #include <QtCore/QPair>
 #include <QtCore/QSharedPointer>
-#include <QtCore/QSize>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextBlockFormat>
 #include <QtGui/QTextCharFormat>
@@ -116,7 +116,6 @@ private:
     void writeColorTable();
     void writeDocumentSettings(const QTextDocument* document);
     void writePageFooterOrHeader(KeyWord which, const ORVTextPage& page);
-    double textWidth() const;
 
     // Character formats and states (ORVTextRtfWriterFormats.cpp)
     void processFormat(const QTextBlock& block, Pass pass);
@@ -212,11 +211,7 @@ private:
 
     QTextDocument* m_document = nullptr;
     TextSource m_text;
-    QSize m_paperSize;
-    int m_leftMargin = 0;
-    int m_rightMargin = 0;
-    int m_topMargin = 0;
-    int m_bottomMargin = 0;
+    ORVRtfPage m_page;
     ORVTextPage m_header;
     ORVTextPage m_footer;
 

@@ -1,0 +1,19 @@
+#ifndef ORVRTFPAGE_P_H
+#define ORVRTFPAGE_P_H
+
+#include "ORVTextRtfCommon.h"
+
+/*! The page as RTF states it: paper and margins in twips, US Letter unless stated. */
+struct ORVRtfPage {
+    int paperWidth = ORVTextRtfCommon::defaultPaperWidth;
+    int paperHeight = ORVTextRtfCommon::defaultPaperHeight;
+    int leftMargin = ORVTextRtfCommon::defaultLeftMargin;
+    int rightMargin = ORVTextRtfCommon::defaultRightMargin;
+    int topMargin = ORVTextRtfCommon::defaultTopMargin;
+    int bottomMargin = ORVTextRtfCommon::defaultBottomMargin;
+
+    /*! Width of the text between the margins, in twips; 0 or less where a file says so. */
+    double textWidth() const { return double(paperWidth) - leftMargin - rightMargin; }
+};
+
+#endif
