@@ -23,7 +23,10 @@ class QTextDocument;
 */
 class ORV_RTF_EXPORT ORVTextRtf {
 public:
-    /*! Where footnotes and annotations go in the RTF that is written. */
+    /*!
+        Where footnotes and annotations go in the RTF that is written. A setting of ORVTextRtfWriter;
+        applications know it under this class.
+    */
     enum ExportStyle { ExportAsAnnotation = 0, ExportAsFootnote = 1, ExportAsAlternateFootnote = 2 };
 
     /*!

@@ -2,6 +2,7 @@
 #define ORVTEXTRTFWRITER_H
 
 #include "ORVRtfGlobal.h"
+// For ORVTextRtf::ExportStyle, the one name of the facade that the writer needs.
 #include "ORVTextRtf.h"
 
 class ORVTextRtfWriterPrivate;

@@ -86,7 +86,6 @@ void ORVRtfOutput::endKeyword()
         writeStructure(' ');
 }
 
-/*! A control word that is closed at once, whatever follows. */
 void ORVRtfOutput::writeClosedWord(ORVTextRtfCommon::KeyWord keyWord)
 {
     write(keyWord);

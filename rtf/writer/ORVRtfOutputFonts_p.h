@@ -26,8 +26,7 @@ public:
     /*! Number of \a font, 0 when it is not there. */
     int number(const QFont& font) const;
 
-    /*! The size of \a font in half-points; fractions of a point are dropped, also where it is not given in
-     * points. */
+    /*! The size of \a font in half-points, without fractions of a point even if it is given in pixels. */
     static int halfPoints(const QFont& font);
 
 private:

@@ -31,6 +31,8 @@ public:
     /*! Writes a control word and its number without a blank between them. */
     bool write(const char* spelling, int value);
     bool write(ORVTextRtfCommon::KeyWord keyWord, int value);
+    /*! Writes a control word and the blank that ends it, whatever follows. */
+    void writeClosedWord(ORVTextRtfCommon::KeyWord keyWord);
     /*! Writes \a words, control words with their numbers as another output has written them. */
     void writeWords(const QByteArray& words);
     /*! Writes one of "{", "}", ";", a line feed or a blank. It ends a control word. */
@@ -53,8 +55,8 @@ public:
     bool writePrintableCharacters(QString text, int fontNumber, bool leadingSpace, bool verbatim,
                                   const QString& bookmark);
     /*!
-        Writes two lower-case hexadecimal digits for each byte of \a data. The result compares the digits
-        written with the bytes, so it is false for anything but nothing; programs know it that way.
+        Writes two lower-case hexadecimal digits for each byte of \a data. False unless \a data is empty: the
+        result compares the number of digits with that of bytes, and callers ignore it.
     */
     bool writeHexadecimalCharacters(const QByteArray& data);
 
@@ -64,7 +66,6 @@ public:
 private:
     void writeRaw(const char* rtf);
     bool writeSpecialCharacter(ushort unit, int fontNumber, const QString& bookmark);
-    void writeClosedWord(ORVTextRtfCommon::KeyWord keyWord);
     void writeEscapedByte(int byte);
     void writeUnicode(ushort unit, int fontNumber, bool& preambleWritten);
     void writePageField(ushort placeholder, const QString& bookmark);

@@ -33,53 +33,53 @@ QIODevice* ORVTextRtfWriter::device() const
 
 void ORVTextRtfWriter::setExportingMode(bool exportingMode)
 {
-    d->m_exportingMode = exportingMode;
+    d->m_settings.exportingMode = exportingMode;
     d->m_output.setExportingMode(exportingMode);
 }
 
 void ORVTextRtfWriter::setParagraphBeforeTableEnded(bool ended)
 {
-    d->m_paragraphBeforeTableEnded = ended;
+    d->m_settings.paragraphBeforeTableEnded = ended;
 }
 
 void ORVTextRtfWriter::setHightlightForMsWord(bool highlight)
 {
-    d->m_highlightForMsWord = highlight;
+    d->m_settings.highlightForMsWord = highlight;
 }
 
 void ORVTextRtfWriter::setHyperlinksColor(const QColor& color)
 {
-    d->m_hyperlinksColor = color;
+    d->m_settings.hyperlinksColor = color;
 }
 
 void ORVTextRtfWriter::setDecorateHyperlinks(bool decorate)
 {
-    d->m_decorateHyperlinks = decorate;
+    d->m_settings.decorateHyperlinks = decorate;
 }
 
 void ORVTextRtfWriter::setFootnotesWithLeadingSpace(bool leadingSpace)
 {
-    d->m_footnotesWithLeadingSpace = leadingSpace;
+    d->m_settings.footnotesWithLeadingSpace = leadingSpace;
 }
 
 void ORVTextRtfWriter::setFootnoteDestination(ORVTextRtf::ExportStyle destination)
 {
-    d->m_footnoteDestination = destination;
+    d->m_settings.footnoteDestination = destination;
 }
 
 ORVTextRtf::ExportStyle ORVTextRtfWriter::footnoteDestination() const
 {
-    return d->m_footnoteDestination;
+    return d->m_settings.footnoteDestination;
 }
 
 void ORVTextRtfWriter::setAnnotationDestination(ORVTextRtf::ExportStyle destination)
 {
-    d->m_annotationDestination = destination;
+    d->m_settings.annotationDestination = destination;
 }
 
 ORVTextRtf::ExportStyle ORVTextRtfWriter::annotationDestination() const
 {
-    return d->m_annotationDestination;
+    return d->m_settings.annotationDestination;
 }
 
 bool ORVTextRtfWriter::write(const QTextDocument* document, bool inPlace)

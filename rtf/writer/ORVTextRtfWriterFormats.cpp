@@ -30,42 +30,7 @@ void ORVTextRtfWriterPrivate::processFormat(const QTextBlock& block, Pass pass)
     if (pass == Collect)
         collectFormat(block.charFormat());
     else
-        writeCharFormat(runFormat(block));
-}
-
-ORVTextRtfWriterPrivate::RunFormat& ORVTextRtfWriterPrivate::runFormat(const QTextFragment& fragment)
-{
-    std::unique_ptr<RunFormat>& run = runFormatAt(fragment.charFormatIndex());
-    if (!run)
-        run = describe(fragment.charFormat());
-    return *run;
-}
-
-ORVTextRtfWriterPrivate::RunFormat& ORVTextRtfWriterPrivate::runFormat(const QTextBlock& block)
-{
-    std::unique_ptr<RunFormat>& run = runFormatAt(block.charFormatIndex());
-    if (!run)
-        run = describe(block.charFormat());
-    return *run;
-}
-
-std::unique_ptr<ORVTextRtfWriterPrivate::RunFormat>& ORVTextRtfWriterPrivate::runFormatAt(int number)
-{
-    const size_t index = size_t(number);
-    if (index >= m_text.formats.size())
-        m_text.formats.resize(index + 1);
-    return m_text.formats[index];
-}
-
-std::unique_ptr<ORVTextRtfWriterPrivate::RunFormat>
-ORVTextRtfWriterPrivate::describe(const QTextCharFormat& format)
-{
-    std::unique_ptr<RunFormat> run(new RunFormat);
-    run->format = format;
-    run->state = cleanState(format);
-    run->isPicture = format.toImageFormat().isValid();
-    run->pageReference = format.property(PageReference).toString();
-    return run;
+        writeCharFormat(m_text.runFormat(block));
 }
 
 void ORVTextRtfWriterPrivate::collectFormat(const QTextCharFormat& format)
@@ -78,17 +43,17 @@ void ORVTextRtfWriterPrivate::collectFormat(const QTextCharFormat& format)
 /*! Whether a revision level or a decorated link decides on the colour of the text. */
 bool ORVTextRtfWriterPrivate::hasChosenColor(const QTextCharFormat& format) const
 {
-    return (m_exportingMode && format.property(RevisionLevel).toInt() > 0)
-        || (m_decorateHyperlinks && format.isAnchor());
+    return (m_settings.exportingMode && format.property(RevisionLevel).toInt() > 0)
+        || (m_settings.decorateHyperlinks && format.isAnchor());
 }
 
 QColor ORVTextRtfWriterPrivate::foregroundColor(const QTextCharFormat& format) const
 {
     const int level = format.property(RevisionLevel).toInt();
-    if (m_exportingMode && level > 0)
+    if (m_settings.exportingMode && level > 0)
         return revisionColor(level);
-    if (m_decorateHyperlinks && format.isAnchor())
-        return m_hyperlinksColor;
+    if (m_settings.decorateHyperlinks && format.isAnchor())
+        return m_settings.hyperlinksColor;
     return compat::brushColor(format, QTextFormat::ForegroundBrush);
 }
 
@@ -113,7 +78,7 @@ QByteArray ORVTextRtfWriterPrivate::charFormatWords(const QTextCharFormat& forma
     words.write(FontSize, ORVRtfOutputFonts::halfPoints(compat::font(format)));
     writeFontStyle(format, words);
     const int level = format.property(RevisionLevel).toInt();
-    if (level > 0 && !m_exportingMode) {
+    if (level > 0 && !m_settings.exportingMode) {
         words.write(OptionalDestination);
         words.write(OrvellineRevisionLevel, level);
     }
@@ -151,9 +116,9 @@ void ORVTextRtfWriterPrivate::writeFontStyle(const QTextCharFormat& format, ORVR
 
 void ORVTextRtfWriterPrivate::writeColors(const QTextCharFormat& format, ORVRtfOutput& words) const
 {
-    if (m_decorateHyperlinks && format.isAnchor()) {
+    if (m_settings.decorateHyperlinks && format.isAnchor()) {
         words.write(UnderlineSolid);
-        words.write(UnderlineColor, m_colors.number(m_hyperlinksColor));
+        words.write(UnderlineColor, m_colors.number(m_settings.hyperlinksColor));
     }
     const int colorCount = int(m_colors.colors().size());
     if (hasChosenColor(format) || format.hasProperty(QTextFormat::ForegroundBrush)) {
@@ -172,7 +137,7 @@ void ORVTextRtfWriterPrivate::writeColors(const QTextCharFormat& format, ORVRtfO
 void ORVTextRtfWriterPrivate::writeBackground(int number, ORVRtfOutput& words) const
 {
     words.write(BackgroundColor, number);
-    if (m_highlightForMsWord) {
+    if (m_settings.highlightForMsWord) {
         words.write("\\chshdng", 0);
         words.write("\\chcbpat", number);
     } else {
@@ -184,62 +149,4 @@ void ORVTextRtfWriterPrivate::writeFormattedText(const QString& text, RunFormat&
 {
     writeCharFormat(run);
     m_output.writePrintableCharacters(text, run.fontNumber, true, false, run.pageReference);
-}
-
-bool ORVTextRtfWriterPrivate::FragmentState::operator==(const FragmentState& other) const
-{
-    return this == &other || (flags == other.flags && noteData == other.noteData && name == other.name);
-}
-
-ORVTextRtfWriterPrivate::FragmentState ORVTextRtfWriterPrivate::cleanState(const QTextCharFormat& format)
-{
-    FragmentState state;
-    if (format.property(InAnnotation).toBool())
-        state.flags |= FragmentState::Annotation;
-    if (format.property(InFootnote).toBool())
-        state.flags |= FragmentState::Footnote;
-    if (format.property(AnnotationAnchor).toBool())
-        state.flags |= FragmentState::AnnotationAnchor;
-    if (format.property(FootnoteAnchor).toBool())
-        state.flags |= FragmentState::FootnoteAnchor;
-    if (state.flags & (FragmentState::AnnotationAnchor | FragmentState::FootnoteAnchor))
-        state.noteData = format.property(NoteContent).toByteArray();
-    if (format.isAnchor() && !format.anchorHref().isEmpty()) {
-        state.flags |= FragmentState::Hyperlink;
-        state.link = linkInstruction(format);
-    }
-    state.name = format.property(BookmarkName).toString();
-    if (!state.name.isEmpty())
-        state.flags |= FragmentState::Bookmark;
-    return state;
-}
-
-/*! What \a state becomes where notes of one kind are to be written as another. */
-ORVTextRtfWriterPrivate::FragmentState
-ORVTextRtfWriterPrivate::convertedState(const FragmentState& state) const
-{
-    const int annotations = FragmentState::Annotation | FragmentState::AnnotationAnchor;
-    const int footnotes = FragmentState::Footnote | FragmentState::FootnoteAnchor;
-    const int others = FragmentState::Hyperlink | FragmentState::Bookmark;
-
-    FragmentState converted(state);
-    converted.flags &= others;
-    if (state.flags & annotations) {
-        switch (m_annotationDestination) {
-        case ORVTextRtf::ExportAsFootnote: converted.flags |= FragmentState::Footnote; break;
-        case ORVTextRtf::ExportAsAlternateFootnote:
-            converted.flags |= FragmentState::AlternateFootnote;
-            break;
-        default: converted.flags |= state.flags & (annotations | footnotes); break;
-        }
-    } else if (state.flags & footnotes) {
-        switch (m_footnoteDestination) {
-        case ORVTextRtf::ExportAsAnnotation: converted.flags |= FragmentState::Annotation; break;
-        case ORVTextRtf::ExportAsAlternateFootnote:
-            converted.flags |= FragmentState::AlternateFootnote;
-            break;
-        default: converted.flags |= state.flags & footnotes; break;
-        }
-    }
-    return converted;
 }

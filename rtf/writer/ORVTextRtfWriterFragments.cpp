@@ -2,7 +2,6 @@
 
 #include "ORVRtfLimits_p.h"
 #include "ORVRtfProperties.h"
-#include "ORVTextFormat.h"
 #include "ORVTextUtil.h"
 #include "QtStringCompat_p.h"
 
@@ -25,7 +24,7 @@ bool isAnchored(const QTextCharFormat& format)
 void ORVTextRtfWriterPrivate::processFragment(const QTextFragment& fragment, const QTextFragment& next,
                                               const QTextBlock& block, Pass pass)
 {
-    RunFormat& run = runFormat(fragment);
+    RunFormat& run = m_text.runFormat(fragment);
     if (pass == Collect) {
         collectRun(run);
         return;
@@ -39,15 +38,14 @@ void ORVTextRtfWriterPrivate::processFragment(const QTextFragment& fragment, con
         return;
     }
     finalizeFragmentState(run.state.name);
-    m_paragraph.fragment = convertedState(run.state);
+    m_paragraph.fragment = run.state.convertedState(m_settings);
     m_paragraph.lastRun = &run;
     // Where more text follows in the same construct, each has a group, so that no format leaks.
-    const bool isFollowed = next.isValid() && goesOnIn(runFormat(next).state);
+    const bool isFollowed = next.isValid() && goesOnIn(m_text.runFormat(next).state);
     openState(fragment, run, isFollowed, block);
 }
 
-/*! Whether text of \a state belongs to the construct that is open; in a note the target of a link does not
- * count. */
+/*! Whether text of \a state belongs to the construct that is open. In a note the link's target is ignored. */
 bool ORVTextRtfWriterPrivate::goesOnIn(const FragmentState& state) const
 {
     const FragmentState& open = m_paragraph.fragment;
@@ -70,7 +68,7 @@ void ORVTextRtfWriterPrivate::collectNote(const QTextCharFormat& format)
         return;
     const QByteArray content = format.property(NoteContent).toByteArray();
     if (!content.isEmpty())
-        processSubDocument(noteDocument(content).data(), Collect);
+        processSubDocument(m_noteDocuments.document(content, m_document).data(), Collect);
 }
 
 /*! Opens the construct of the current state around \a fragment; finalizeFragmentState() closes it. */
@@ -110,13 +108,13 @@ void ORVTextRtfWriterPrivate::openAnnotationRange(const QTextFragment& fragment,
     m_output.openGroup();
     writeNumberGroup(AnnotationRefStart);
     writeContent(fragment, run, isFollowed);
-    m_pendingNote = run.format.property(NoteContent).toByteArray();
+    m_paragraph.pendingNote = run.format.property(NoteContent).toByteArray();
 }
 
 void ORVTextRtfWriterPrivate::openFootnoteAnchor(const QTextFragment& fragment, RunFormat& run)
 {
     writeContent(fragment, run, true);
-    m_pendingNote = run.format.property(NoteContent).toByteArray();
+    m_paragraph.pendingNote = run.format.property(NoteContent).toByteArray();
 }
 
 void ORVTextRtfWriterPrivate::openFootnote(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
@@ -156,10 +154,10 @@ void ORVTextRtfWriterPrivate::writeNoteText(const QTextFragment& fragment, RunFo
         writeNote(run.format.property(NoteContent).toByteArray());
         return;
     }
-    if (m_footnotesWithLeadingSpace)
+    if (m_settings.footnotesWithLeadingSpace)
         m_output.writePrintableCharacters(QLatin1String(" "), 0, true, false, QString());
     writeBlockFormat(block);
-    writeContent(fragment, run, isFollowed, m_footnotesWithLeadingSpace);
+    writeContent(fragment, run, isFollowed, m_settings.footnotesWithLeadingSpace);
 }
 
 /*! The field of a link: its target, and the text that shows it. */
@@ -174,14 +172,6 @@ void ORVTextRtfWriterPrivate::openHyperlink(const QTextFragment& fragment, RunFo
     m_output.openGroup();
     m_output.write(FieldResult);
     writeContent(fragment, run, isFollowed);
-}
-
-QString ORVTextRtfWriterPrivate::linkInstruction(const QTextCharFormat& format)
-{
-    const QString bookmark = format.property(PageReference).toString();
-    if (bookmark.isEmpty())
-        return QLatin1String("HYPERLINK \"") + format.anchorHref() + QLatin1Char('"');
-    return QLatin1String("HYPERLINK \\l ") + bookmark;
 }
 
 /*!
@@ -261,17 +251,17 @@ void ORVTextRtfWriterPrivate::writeBookmark(const QString& name)
 
 void ORVTextRtfWriterPrivate::writePendingNote()
 {
-    const QByteArray content = m_pendingNote;
-    m_pendingNote.clear();
+    const QByteArray content = m_paragraph.pendingNote;
+    m_paragraph.pendingNote.clear();
     writeNote(content);
 }
 
 void ORVTextRtfWriterPrivate::writeNote(const QByteArray& content)
 {
-    const QSharedPointer<QTextDocument> document = noteDocument(content);
+    const QSharedPointer<QTextDocument> document = m_noteDocuments.document(content, m_document);
     if (!document)
         return;
-    if (m_footnotesWithLeadingSpace) {
+    if (m_settings.footnotesWithLeadingSpace) {
         m_output.writePrintableCharacters(QLatin1String(" "), 0, true, false, QString());
         QTextCursor all(document.data());
         all.select(QTextCursor::Document);
@@ -280,37 +270,16 @@ void ORVTextRtfWriterPrivate::writeNote(const QByteArray& content)
     processSubDocument(document.data(), Write);
 }
 
-/*!
-    The document of a note whose RTF is \a content; null when there is none. It is made once and lives as long
-    as the document is written, because its lists are in the list table.
-*/
-QSharedPointer<QTextDocument> ORVTextRtfWriterPrivate::noteDocument(const QByteArray& content)
-{
-    const QHash<QByteArray, QSharedPointer<QTextDocument>>::const_iterator known =
-        m_noteDocuments.constFind(content);
-    if (known != m_noteDocuments.constEnd())
-        return known.value();
-
-    QSharedPointer<QTextDocument> document(new QTextDocument);
-    ORVTextFormat::setDefaultCharFormat(document.data(), ORVTextFormat::defaultCharFormat(m_document));
-    if (!ORVTextRtf::fromRtfCData(content, document.data()) || document->isEmpty())
-        document.clear();
-    m_noteDocuments.insert(content, document);
-    return document;
-}
-
 /*! Walks a note; the paragraph around it goes on afterwards as if nothing had happened. */
 void ORVTextRtfWriterPrivate::processSubDocument(QTextDocument* document, Pass pass)
 {
     if (!document || m_noteDepth >= ORVRtfLimits::noteNesting)
         return;
     const ParagraphState paragraph = m_paragraph;
-    const QByteArray pendingNote = m_pendingNote;
-    TextSource text = std::move(m_text);
+    ORVRtfTextSource text = std::move(m_text);
     ++m_noteDepth;
     processDocument(document, pass);
     m_text = std::move(text);
     m_paragraph = paragraph;
-    m_pendingNote = pendingNote;
     --m_noteDepth;
 }

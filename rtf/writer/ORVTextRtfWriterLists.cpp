@@ -54,31 +54,26 @@ QString levelText(const QString& levelTemplate, int levelIndex, QString& positio
 
 void ORVTextRtfWriterPrivate::collectList(QTextList* list, const QTextCharFormat& format)
 {
-    if (containsTextList(list))
+    if (m_lists.contains(list))
         return;
     collectFormat(format);
-    m_listIndexes.insert(list, int(m_lists.size()));
-    m_lists.append(qMakePair(list, format));
-}
-
-int ORVTextRtfWriterPrivate::textListIndex(QTextList* list) const
-{
-    return m_listIndexes.value(list, -1);
+    m_lists.append(list, format);
 }
 
 /*! The list table, and the override table by whose numbers paragraphs refer to it. */
 void ORVTextRtfWriterPrivate::writeListTemplates()
 {
-    if (m_lists.isEmpty())
+    const QList<ORVRtfOutputLists::List>& lists = m_lists.lists();
+    if (lists.isEmpty())
         return;
     m_output.openIgnorableGroup(ListTable);
-    for (int i = 0; i < m_lists.size(); ++i)
-        writeListTemplate(m_lists.at(i).first, m_lists.at(i).second, i + 1);
+    for (int i = 0; i < lists.size(); ++i)
+        writeListTemplate(lists.at(i).list, lists.at(i).markerFormat, i + 1);
     m_output.closeGroup();
     m_output.writeStructure('\n');
 
     m_output.openIgnorableGroup(ListOverrideTable);
-    for (int number = 1; number <= m_lists.size(); ++number) {
+    for (int number = 1; number <= lists.size(); ++number) {
         m_output.openGroup();
         m_output.write(ListOverrideItem);
         m_output.write(ListId, number);

@@ -125,8 +125,7 @@ void ORVTextRtfWriterPrivate::writeTabs(const QTextBlockFormat& format)
     }
 }
 
-/*! Positions of the application become distances: of the first line from the indent, of the right edge from
-    the margin. */
+/*! RTF counts the first line from the left indent and the right edge from the right margin. */
 void ORVTextRtfWriterPrivate::writeIndents(const QTextBlockFormat& format, bool isInList)
 {
     const double left = format.doubleProperty(ORVRtfProperty::LeftIndent);
@@ -135,7 +134,7 @@ void ORVTextRtfWriterPrivate::writeIndents(const QTextBlockFormat& format, bool 
     const double firstLine = format.doubleProperty(QTextFormat::TextIndent) - left;
     if (firstLine != 0)
         m_output.write(TextIndent, twips(firstLine));
-    else if (m_exportingMode && isInList)
+    else if (m_settings.exportingMode && isInList)
         m_output.write(TextIndent, listItemOffset);
     const double right = format.doubleProperty(ORVRtfProperty::RightIndent);
     if (right != 0)
@@ -161,23 +160,14 @@ void ORVTextRtfWriterPrivate::writeLineSpacing(const QTextBlockFormat& format)
 void ORVTextRtfWriterPrivate::writeListItem(const QTextBlock& block, QTextList* list, bool isFormatStated)
 {
     if (isFormatStated)
-        m_output.write(ListOverrideIndex, textListIndex(list) + 1);
+        m_output.write(ListOverrideIndex, m_lists.number(list));
     m_output.write(BlockListLevel, ORVTextListFormat::blockLevel(list, block));
     m_output.openGroup();
     m_output.write(ListText);
-    const QString text = ORVRtfListItemText::itemText(list->format(), itemNumber(list, block),
+    const QString text = ORVRtfListItemText::itemText(list->format(), m_lists.itemNumber(list, block),
                                                       block.textDirection() == Qt::RightToLeft);
-    writeFormattedText(text + QLatin1Char('\t'), runFormat(block));
+    writeFormattedText(text + QLatin1Char('\t'), m_text.runFormat(block));
     m_output.closeGroup();
-}
-
-/*! The number of \a block in \a list, from 1. The items come in order, so it is usually the next one. */
-int ORVTextRtfWriterPrivate::itemNumber(const QTextList* list, const QTextBlock& block)
-{
-    int& next = m_nextListItem[list];
-    if (next >= list->count() || list->item(next) != block)
-        next = list->itemNumber(block);
-    return ++next;
 }
 
 /*! A note or bookmark goes on in the next paragraph if that begins in the same state; a link never does. */
@@ -188,7 +178,7 @@ void ORVTextRtfWriterPrivate::endFragments(const QTextBlock& next)
     QString nextBookmark;
     const QTextBlock::iterator first = next.begin();
     if (next.isValid() && !first.atEnd()) {
-        const FragmentState& state = runFormat(first.fragment()).state;
+        const FragmentState& state = m_text.runFormat(first.fragment()).state;
         if (state == m_paragraph.fragment && !(state.flags & FragmentState::Hyperlink))
             return;
         nextBookmark = state.name;

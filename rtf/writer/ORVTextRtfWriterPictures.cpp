@@ -52,7 +52,7 @@ void ORVTextRtfWriterPrivate::writePicture(const QTextImageFormat& format)
     QString name = ORVTextFormat::imageName(format);
     if (name.startsWith(QLatin1String(":/")))
         name.prepend(QLatin1String("qrc"));
-    const QImage image = TextDocSupport::image(m_text.document, name);
+    const QImage image = TextDocSupport::image(m_text.document(), name);
     if (image.isNull())
         return;
     if (!format.property(PdfData).toByteArray().isEmpty())

@@ -71,10 +71,8 @@ bool ORVTextRtfWriterPrivate::write(const QTextDocument* document, bool inPlace)
     }
     m_noteDocuments.clear();
     m_lists.clear();
-    m_listIndexes.clear();
-    m_nextListItem.clear();
     m_document = nullptr;
-    m_text = TextSource();
+    m_text = ORVRtfTextSource();
     return begun;
 }
 
@@ -107,20 +105,19 @@ void ORVTextRtfWriterPrivate::readPageSetup(const QTextDocument* document)
 void ORVTextRtfWriterPrivate::processDocument(QTextDocument* document, Pass pass)
 {
     m_paragraph = ParagraphState();
-    m_text = TextSource();
-    m_text.document = document;
+    m_text = ORVRtfTextSource(document);
     processFrame(document->rootFrame(), pass);
 }
 
-/*! Collects what the document uses, and writes the tables that its body refers to. */
+/*!
+    Collects what the document uses, and writes the tables of the header that its body refers to by number:
+    fonts, colours and lists. QTextTables are written by processTable().
+*/
 void ORVTextRtfWriterPrivate::createTables()
 {
     m_fonts.insertFirst(compat::font(ORVTextFormat::defaultCharFormat(m_document)));
     collectPageFont(m_header);
     collectPageFont(m_footer);
-
-    m_lists.clear();
-    m_listIndexes.clear();
     processDocument(m_document, Collect);
 
     writeFontTable();

@@ -63,7 +63,8 @@ void ORVTextRtfWriterPrivate::processContent(QTextFrame::iterator it, const QTex
         const QTextFrame* const child = it.currentFrame();
         ++it;
         if (const QTextTable* const table = qobject_cast<const QTextTable*>(child)) {
-            if (pass == Write && (m_exportingMode || m_paragraphBeforeTableEnded) && hasText(before))
+            if (pass == Write && (m_settings.exportingMode || m_settings.paragraphBeforeTableEnded)
+                && hasText(before))
                 endParagraphBeforeTable();
             processTable(table, pass);
             m_paragraph.skipEmpty = true;
@@ -189,27 +190,22 @@ void ORVTextRtfWriterPrivate::writeNoBorder(KeyWord side)
     m_output.writeStructure(' ');
 }
 
-void ORVTextRtfWriterPrivate::writeClosed(KeyWord keyWord)
-{
-    m_output.write(keyWord);
-    m_output.writeStructure(' ');
-}
-
 void ORVTextRtfWriterPrivate::writeCellDefinition(const QTextTableCell& cell, int row, int column,
                                                   const QTextTableFormat& format)
 {
     int alignment = QTextCharFormat::AlignTop;
     if (cell.isValid()) {
         if (cell.rowSpan() > 1)
-            writeClosed(cell.row() == row ? CellVerticalMergeFirst : CellVerticalMergePreceeding);
+            m_output.writeClosedWord(cell.row() == row ? CellVerticalMergeFirst
+                                                       : CellVerticalMergePreceeding);
         if (cell.columnSpan() > 1)
-            writeClosed(cell.column() == column ? CellMergeFirst : CellMergePreceeding);
+            m_output.writeClosedWord(cell.column() == column ? CellMergeFirst : CellMergePreceeding);
         alignment = cell.format().property(QTextFormat::TextVerticalAlignment).toInt();
     }
     switch (alignment) {
-    case QTextCharFormat::AlignMiddle: writeClosed(CellVerticalAlignCenter); break;
-    case QTextCharFormat::AlignBottom: writeClosed(CellVerticalAlignBottom); break;
-    default: writeClosed(CellVerticalAlignTop); break;
+    case QTextCharFormat::AlignMiddle: m_output.writeClosedWord(CellVerticalAlignCenter); break;
+    case QTextCharFormat::AlignBottom: m_output.writeClosedWord(CellVerticalAlignBottom); break;
+    default: m_output.writeClosedWord(CellVerticalAlignTop); break;
     }
     m_output.write(NoCellShading);
     for (KeyWord side : {CellBorderTop, CellBorderRight, CellBorderBottom, CellBorderLeft})
@@ -235,6 +231,7 @@ void ORVTextRtfWriterPrivate::writeCellBorder(KeyWord side, const QTextTableForm
     m_output.writeStructure(' ');
 }
 
+/*! Writes the shading of \a cell. */
 void ORVTextRtfWriterPrivate::backgroundColor(const QTextTableCell& cell)
 {
     const int number = m_colors.number(compat::brushColor(cell.format(), QTextFormat::BackgroundBrush));
