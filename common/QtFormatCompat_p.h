@@ -1,6 +1,7 @@
 #ifndef QTFORMATCOMPAT_P_H
 #define QTFORMATCOMPAT_P_H
 
+#include <QtCore/QString>
 #include <QtCore/QVariant>
 #include <QtGui/QColor>
 #include <QtGui/QTextFormat>
@@ -19,6 +20,13 @@ const int tableBorderCollapse = 0x4105;
 inline QColor brushColor(const QTextFormat& format, int propertyId)
 {
     return qvariant_cast<QColor>(format.property(propertyId));
+}
+
+/*! The text that Qt writes after the numbers of a list: a point, unless \a format states something else. */
+inline QString numberSuffix(const QTextListFormat& format)
+{
+    return format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix()
+                                                             : QString(QLatin1Char('.'));
 }
 
 } // namespace compat

@@ -1,6 +1,7 @@
 #include "ORVListLevels.h"
 
 #include "ORVTextListFormat.h"
+#include "QtFormatCompat_p.h"
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>
@@ -26,8 +27,7 @@ QString numberOf(const QTextBlock& item)
         return QString::number(1);
     const QTextListFormat format = item.textList()->format();
     const QString text = item.textList()->itemText(item);
-    const QString suffix =
-        format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QString(QLatin1Char('.'));
+    const QString suffix = compat::numberSuffix(format);
     const QString prefix = format.numberPrefix();
     // From right to left the suffix comes first.
     const QString& before = item.textDirection() == Qt::RightToLeft ? suffix : prefix;

@@ -1,14 +1,16 @@
 #include "ORVPageGeometry.h"
 
 #include "ORVRounding_p.h"
+#include "ORVRtfUnits_p.h"
 
 #include <QtCore/QVariant>
 #include <QtCore/qnumeric.h>
 #include <QtGui/QTextDocument>
 
+using namespace ORVRtfUnits;
+
 namespace {
 
-const double twipsPerPoint = 20;
 // Sides of paper that can be shown, in points: half an inch, and the 22 inches of word processors four times.
 const double shortestSide = 36;
 const double longestSide = 6336;
@@ -70,10 +72,10 @@ ORVPageGeometry ORVPageGeometry::fromTwips(const QSize& paper, const QMargins& m
 {
     ORVPageGeometry page;
     page.paperSize = QSizeF(paper) / twipsPerPoint;
-    page.leftMargin = margins.left() / twipsPerPoint;
-    page.rightMargin = margins.right() / twipsPerPoint;
-    page.topMargin = margins.top() / twipsPerPoint;
-    page.bottomMargin = margins.bottom() / twipsPerPoint;
+    page.leftMargin = points(margins.left());
+    page.rightMargin = points(margins.right());
+    page.topMargin = points(margins.top());
+    page.bottomMargin = points(margins.bottom());
     return page;
 }
 

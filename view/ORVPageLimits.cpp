@@ -1,12 +1,12 @@
 #include "ORVPageLimits_p.h"
 
+#include "ORVFragmentFormats_p.h"
+#include "ORVFrames_p.h"
 #include "ORVPageGeometry.h"
 
-#include <QtCore/QVector>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
-#include <QtGui/QTextFrame>
 #include <QtGui/QTextTable>
 
 namespace {
@@ -23,13 +23,6 @@ const int frameDistances[] = {
     QTextFormat::FrameBorder,      QTextFormat::FrameMargin,       QTextFormat::FramePadding,
     QTextFormat::FrameTopMargin,   QTextFormat::FrameBottomMargin, QTextFormat::FrameLeftMargin,
     QTextFormat::FrameRightMargin, QTextFormat::TableCellSpacing,  QTextFormat::TableCellPadding};
-
-/*! A run of text and the format that it is to have. */
-struct TextChange {
-    int position;
-    int length;
-    QTextCharFormat format;
-};
 
 class Limiter {
 public:
@@ -54,7 +47,6 @@ public:
 private:
     void limitBlock(QTextCursor& cursor, const QTextBlock& block);
     void limitEmptySpace(QTextBlockFormat* format);
-    void limitText(QTextCursor& cursor, const QTextBlock& block) const;
     void limitFrames() const;
     QFont font(QFont font) const;
     QTextBlockFormat paragraph(QTextBlockFormat format) const;
@@ -192,34 +184,13 @@ void Limiter::limitBlock(QTextCursor& cursor, const QTextBlock& block)
     limitEmptySpace(&format);
     if (format != block.blockFormat())
         cursor.setBlockFormat(format);
-    const QTextCharFormat charFormat = text(block.charFormat());
-    if (charFormat != block.charFormat())
-        cursor.setBlockCharFormat(charFormat);
-    limitText(cursor, block);
-}
-
-void Limiter::limitText(QTextCursor& cursor, const QTextBlock& block) const
-{
-    QVector<TextChange> changes;
-    for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-        const QTextFragment fragment = it.fragment();
-        const QTextCharFormat format = text(fragment.charFormat());
-        if (format != fragment.charFormat())
-            changes.append({fragment.position(), fragment.length(), format});
-    }
-    for (const TextChange& change : changes) {
-        cursor.setPosition(change.position);
-        cursor.setPosition(change.position + change.length, QTextCursor::KeepAnchor);
-        cursor.setCharFormat(change.format);
-    }
+    ORVFragmentFormats::change(cursor, block, [this](const QTextCharFormat& format) { return text(format); });
 }
 
 void Limiter::limitFrames() const
 {
-    QList<QTextFrame*> frames = m_document->rootFrame()->childFrames();
-    while (!frames.isEmpty()) {
-        QTextFrame* const frame = frames.takeLast();
-        frames += frame->childFrames();
+    const QList<QTextFrame*> frames = ORVFrames::all(m_document);
+    for (QTextFrame* const frame : frames) {
         QTextFrameFormat format = frame->frameFormat();
         limit(&format, frameDistances, ORVPageLimits::distance);
         limitPadding(&format);

@@ -1,6 +1,9 @@
 #include "ORVStockFormats.h"
 
+#include "ORVFragmentFormats_p.h"
+#include "ORVFrames_p.h"
 #include "ORVRtfProperties.h"
+#include "ORVStockLists_p.h"
 #include "ORVStockParagraph_p.h"
 #include "ORVStockTables_p.h"
 #include "ORVTextListFormat.h"
@@ -9,11 +12,9 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QSet>
-#include <QtCore/QVector>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
-#include <QtGui/QTextFragment>
 #include <QtGui/QTextList>
 #include <QtGui/QTextTable>
 
@@ -189,16 +190,7 @@ public:
     }
 
 private:
-    /*! A run of text and the format that it is to have. */
-    struct TextChange {
-        int position;
-        int length;
-        QTextCharFormat format;
-    };
-
     void convertBlocks(QTextCursor& cursor);
-    void convertText(QTextCursor& cursor, const QTextBlock& block);
-    QVector<TextChange> textChanges(const QTextBlock& block) const;
     void convertLists();
     void convertTables();
     QTextTableFormat stockTable(const QTextTable* table);
@@ -267,34 +259,9 @@ void Conversion::convertBlocks(QTextCursor& cursor)
         const QTextBlockFormat& result = *converted.constFind(index);
         if (result != format)
             cursor.setBlockFormat(result);
-        const QTextCharFormat blockText = text(block.charFormat());
-        if (blockText != block.charFormat())
-            cursor.setBlockCharFormat(blockText);
-        convertText(cursor, block);
+        ORVFragmentFormats::change(cursor, block,
+                                   [this](const QTextCharFormat& format) { return text(format); });
     }
-}
-
-void Conversion::convertText(QTextCursor& cursor, const QTextBlock& block)
-{
-    const QVector<TextChange> changes = textChanges(block);
-    for (const TextChange& change : changes) {
-        cursor.setPosition(change.position);
-        cursor.setPosition(change.position + change.length, QTextCursor::KeepAnchor);
-        cursor.setCharFormat(change.format);
-    }
-}
-
-QVector<Conversion::TextChange> Conversion::textChanges(const QTextBlock& block) const
-{
-    QVector<TextChange> changes;
-    for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-        const QTextFragment fragment = it.fragment();
-        const QTextCharFormat format = fragment.charFormat();
-        const QTextCharFormat result = text(format);
-        if (result != format)
-            changes.append({fragment.position(), fragment.length(), result});
-    }
-    return changes;
 }
 
 void Conversion::convertLists()
@@ -311,10 +278,8 @@ void Conversion::convertLists()
 
 void Conversion::convertTables()
 {
-    QList<QTextFrame*> frames = m_document->rootFrame()->childFrames();
-    while (!frames.isEmpty()) {
-        QTextFrame* const frame = frames.takeLast();
-        frames += frame->childFrames();
+    const QList<QTextFrame*> frames = ORVFrames::all(m_document);
+    for (QTextFrame* const frame : frames) {
         QTextTable* const table = qobject_cast<QTextTable*>(frame);
         if (!table)
             continue;
@@ -328,7 +293,7 @@ void Conversion::convertTables()
 QTextTableFormat Conversion::stockTable(const QTextTable* table)
 {
     QTextTableFormat format = table->format();
-    m_tables.note(table, isStock(format) ? remembered(format) : format);
+    m_tables.remember(table, isStock(format) ? remembered(format) : format);
     if (isStock(format))
         return format;
     return remembering(m_tables.stock(format, m_tables.availableShare(table)), format, m_resolution);
@@ -347,7 +312,7 @@ QTextTableFormat Conversion::applicationTable(const QTextTable* table)
         result = m_tables.application(format, QTextTableFormat(), format, share);
         result.setProperty(resolutionProperty, 0);
     }
-    m_tables.note(table, result);
+    m_tables.remember(table, result);
     return result;
 }
 

@@ -3,10 +3,9 @@
 #include "ORVPageGeometry.h"
 #include "ORVPageLimits_p.h"
 #include "ORVRtfProperties.h"
-#include "ORVTextListFormat.h"
+#include "ORVStockLists_p.h"
 
 #include <QtGui/QTextDocument>
-#include <QtGui/QTextList>
 
 namespace {
 
@@ -59,35 +58,6 @@ bool isChanged(const QTextFormat& before, const QTextFormat& after, int property
 }
 
 } // namespace
-
-ORVStockListItem ORVStockLists::item(QTextList* list, const QTextBlockFormat& format)
-{
-    ORVStockListItem item;
-    if (!list)
-        return item;
-    if (!m_lists.contains(list)) {
-        // Without a style of Qt only what is stored describes levels.
-        QTextListFormat unstyled = list->format();
-        unstyled.setStyle(QTextListFormat::ListStyleUndefined);
-        List known;
-        known.indent = list->format().indent();
-        known.levels = ORVTextListFormat::levels(unstyled);
-        known.storesLevels = !known.levels.isEmpty();
-        if (!known.storesLevels)
-            known.levels = ORVTextListFormat::levels(list->format());
-        m_lists.insert(list, known);
-    }
-    const List& known = *m_lists.constFind(list);
-    const int level = qMax(0, format.property(ORVRtfProperty::ListLevel).toInt());
-    item.indent = known.indent;
-    item.hasMarker = !known.levels.isEmpty();
-    if (known.storesLevels || !item.hasMarker) {
-        item.hasLevel = true;
-        item.level = known.levels.value(level);
-        item.hasMarker = !item.level.text().isEmpty();
-    }
-    return item;
-}
 
 ORVStockParagraph::ORVStockParagraph(const QTextDocument* document, int resolution)
     : m_resolution(resolution), m_textWidth(ORVPageGeometry::of(document).textWidth()),

@@ -1,41 +1,10 @@
 #ifndef ORVSTOCKPARAGRAPH_P_H
 #define ORVSTOCKPARAGRAPH_P_H
 
-#include "ORVTextListLevel.h"
-
-#include <QtCore/QHash>
-#include <QtCore/QList>
 #include <QtGui/QTextBlockFormat>
 
 class QTextDocument;
-class QTextList;
-
-/*! The list that a paragraph is in, as far as it counts for its indents. */
-struct ORVStockListItem {
-    /*! Steps of indentation that the list adds. */
-    int indent = 0;
-    /*! Whether what the list says of the level counts for the paragraph's place, instead of Qt's indent. */
-    bool hasLevel = false;
-    ORVTextListLevel level;
-    /*! Whether a marker stands in front of the item. */
-    bool hasMarker = false;
-};
-
-/*! Knows the lists of a document, each of which is examined once. */
-class ORVStockLists {
-public:
-    /*! The place of a paragraph with \a format in \a list, which may be null. */
-    ORVStockListItem item(QTextList* list, const QTextBlockFormat& format);
-
-private:
-    struct List {
-        int indent = 0;
-        bool storesLevels = false;
-        QList<ORVTextListLevel> levels;
-    };
-
-    QHash<QTextList*, List> m_lists;
-};
+struct ORVStockListItem;
 
 /*!
     Translates paragraph formats between the application's form (points) and the stock form (pixels). Nothing

@@ -62,7 +62,7 @@ double ORVStockTables::availableShare(const QTextTable* table) const
 }
 
 /*! Columns without a width share what the others leave. */
-void ORVStockTables::note(const QTextTable* table, const QTextTableFormat& format)
+void ORVStockTables::remember(const QTextTable* table, const QTextTableFormat& format)
 {
     QVector<double> shares(table->columns(), 0);
     const QVector<QTextLength> widths = format.columnWidthConstraints();

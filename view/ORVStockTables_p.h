@@ -10,18 +10,18 @@ class QTextTable;
 
 /*!
     Translates table formats between the application's form, where lengths are points and widths of columns
-   are shares of the text width of the page, and the stock form, where lengths are pixels and widths are
-   shares of what surrounds the table. Nothing is remembered in the formats here: see ORVStockFormats.
+    are shares of the text width of the page, and the stock form, where lengths are pixels and widths are
+    shares of what surrounds the table. Nothing is remembered in the formats here: see ORVStockFormats.
 */
 class ORVStockTables {
 public:
     /*! For tables of \a document and pixels of which \a resolution make an inch. */
     ORVStockTables(const QTextDocument* document, int resolution);
 
-    /*! How much of the text width is there for \a table; those around it must have been noted. */
+    /*! How much of the text width is there for \a table; remember() must know those around it. */
     double availableShare(const QTextTable* table) const;
-    /*! Notes that \a table has in the application's form the format \a format. */
-    void note(const QTextTable* table, const QTextTableFormat& format);
+    /*! Remembers \a format, that of \a table in the application's form, for the tables within it. */
+    void remember(const QTextTable* table, const QTextTableFormat& format);
 
     /*! What \a format, for which there is \a share of the text width, is in stock form. */
     QTextTableFormat stock(const QTextTableFormat& format, double share) const;

@@ -1,6 +1,7 @@
 #include "ORVTextListFormat.h"
 
 #include "ORVRtfProperties.h"
+#include "QtFormatCompat_p.h"
 #include "QtStringCompat_p.h"
 
 #include <QtCore/QByteArray>
@@ -130,12 +131,9 @@ void setNumberSurroundings(QTextListFormat* format, const ORVTextListLevel& leve
     format->setNumberSuffix(level.text().mid(number + compat::length(numberPlaceholder)));
 }
 
-// Without a suffix of its own Qt writes a point after the number.
 QString numberTemplate(const QTextListFormat& format)
 {
-    const QString suffix =
-        format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QString(QLatin1Char('.'));
-    return format.numberPrefix() + numberPlaceholder + suffix;
+    return format.numberPrefix() + numberPlaceholder + compat::numberSuffix(format);
 }
 
 // Gives kind and template of the level that shows what Qt shows; false when Qt shows nothing.

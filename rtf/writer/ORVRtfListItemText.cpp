@@ -1,5 +1,7 @@
 #include "ORVRtfListItemText_p.h"
 
+#include "QtFormatCompat_p.h"
+
 #include <QtGui/QTextListFormat>
 
 namespace {
@@ -55,8 +57,7 @@ QString plainNumber(int style, int number)
 QString ORVRtfListItemText::itemText(const QTextListFormat& format, int number, bool isRightToLeft)
 {
     const QString prefix = format.numberPrefix();
-    const QString suffix =
-        format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QString(QLatin1Char('.'));
+    const QString suffix = compat::numberSuffix(format);
     const QString text = plainNumber(format.style(), number);
     return isRightToLeft ? suffix + text + prefix : prefix + text + suffix;
 }
