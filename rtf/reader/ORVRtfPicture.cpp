@@ -2,6 +2,7 @@
 
 #include "ORVRounding_p.h"
 #include "ORVRtfLimits_p.h"
+#include "ORVRtfPictureKind_p.h"
 #include "ORVRtfProperties.h"
 
 #include <QtCore/QBuffer>
@@ -25,12 +26,6 @@ QImage decodeAs(const QByteArray& data, const QByteArray& format)
 int clampedSide(double side)
 {
     return qBound(0, ORVRounding::halfUp(side), ORVRtfLimits::pictureSide);
-}
-
-bool isJpeg(const QString& type)
-{
-    return type.compare(QLatin1String("jpeg"), Qt::CaseInsensitive) == 0
-        || type.compare(QLatin1String("jpg"), Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
@@ -60,7 +55,7 @@ QTextImageFormat ORVRtfPicture::imageFormat(const QImage& image, const QString& 
     QTextImageFormat format;
     format.merge(charFormat);
     format.setName(resourceName);
-    if (isJpeg(type))
+    if (ORVRtfPictureKind::isJpeg(type))
         format.setProperty(ORVRtfProperty::SourceImageData, data);
     format.setProperty(ORVRtfProperty::ImageType, type);
     format.setProperty(ORVRtfProperty::ImageFileName,

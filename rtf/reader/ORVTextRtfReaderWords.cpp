@@ -26,7 +26,6 @@ const int escapedByteLength = 4;
 const double defaultPointSize = 10.0;
 // Font sizes up to this many half-points are taken for missing.
 const int smallestFontSize = 2;
-const double singleLineHeight = 12.0;
 
 int channel(bool hasParameter, int parameter)
 {

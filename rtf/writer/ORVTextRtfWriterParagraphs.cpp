@@ -14,8 +14,6 @@ using namespace ORVRtfWordValues;
 
 namespace {
 
-// Height of a single line that line multiples are counted in, in points.
-const double singleLineHeight = 12.0;
 // Hanging indent of exported list items that state none, in twips.
 const int listItemOffset = -360;
 
