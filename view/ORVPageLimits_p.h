@@ -1,6 +1,8 @@
 #ifndef ORVPAGELIMITS_P_H
 #define ORVPAGELIMITS_P_H
 
+#include "ORVRtfUnits_p.h"
+
 class QTextDocument;
 struct ORVPageGeometry;
 
@@ -14,8 +16,8 @@ namespace ORVPageLimits {
 const double longestLength = 1584;
 // Points: the largest font of word processors.
 const double largestFont = 1638;
-// Percent: lines of 12 points that are as high as the longest length.
-const double highestLineMultiple = 13200;
+// Percent of a single line, which make the longest length.
+const double highestLineMultiple = 100 * longestLength / ORVRtfUnits::singleLineHeight;
 
 /*! \a points, or the longest length that way; 0 for what is no number. */
 double length(double points);

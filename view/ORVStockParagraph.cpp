@@ -3,6 +3,7 @@
 #include "ORVPageGeometry.h"
 #include "ORVPageLimits_p.h"
 #include "ORVRtfProperties.h"
+#include "ORVRtfUnits_p.h"
 #include "ORVStockLists_p.h"
 
 #include <QtGui/QTextDocument>
@@ -12,8 +13,6 @@ namespace {
 // Room that the marker of a list item takes in front of its text, in points: a quarter of an inch. Qt puts
 // the marker in front of the first line, RTF at its beginning.
 const double markerWidth = 18;
-// Height of a single line that line multiples are counted in, in points.
-const double singleLineHeight = 12;
 // An exact height of less, in points, hides the text; programs write such where they mean another unit.
 const double leastExactHeight = 2;
 
@@ -249,8 +248,8 @@ void ORVStockParagraph::setLineSpacing(QTextBlockFormat* result, const QTextBloc
     if (height <= 0 || type == QTextBlockFormat::SingleHeight)
         return;
     if (type == QTextBlockFormat::ProportionalHeight) {
-        result->setProperty(ORVRtfProperty::LineSpacing, height * singleLineHeight / 100);
-        result->setProperty(ORVRtfProperty::LineMultiple, singleLineHeight);
+        result->setProperty(ORVRtfProperty::LineSpacing, height * ORVRtfUnits::singleLineHeight / 100);
+        result->setProperty(ORVRtfProperty::LineMultiple, ORVRtfUnits::singleLineHeight);
     } else {
         const bool isExact = type == QTextBlockFormat::FixedHeight;
         result->setProperty(ORVRtfProperty::LineSpacing, isExact ? -points(height) : points(height));

@@ -2,6 +2,7 @@
 
 #include "ORVGuiUtil.h"
 #include "ORVRounding_p.h"
+#include "ORVRtfPictureKind_p.h"
 #include "ORVRtfProperties.h"
 #include "ORVRtfWordValues_p.h"
 #include "ORVTextFormat.h"
@@ -20,12 +21,6 @@ namespace {
 
 // Formulas of the application are known by this prefix of their file name.
 const char pdfNamePrefix[] = "MathTypeEdEq";
-
-bool isJpeg(const QTextImageFormat& format)
-{
-    const QString type = format.property(ImageType).toString().toLower();
-    return type == QLatin1String("jpeg") || type == QLatin1String("jpg");
-}
 
 /*! \a value as text; bytes are taken for UTF-8 when they are valid as that, else for Latin-1. */
 QString toText(const QVariant& value)
@@ -98,7 +93,9 @@ void ORVTextRtfWriterPrivate::writePictureData(const QTextImageFormat& format, c
     m_output.write(PictureGoalWidth, ORVUnit::rtfPixelsToTwips(ORVRounding::truncated(format.width())));
     m_output.write(PictureGoalHeight, ORVUnit::rtfPixelsToTwips(ORVRounding::truncated(format.height())));
 
-    QByteArray data = isJpeg(format) ? format.property(SourceImageData).toByteArray() : QByteArray();
+    QByteArray data;
+    if (ORVRtfPictureKind::isJpeg(format.property(ImageType).toString()))
+        data = format.property(SourceImageData).toByteArray();
     m_output.write(data.isEmpty() ? PngData : JpegData);
     m_output.endKeyword();
     if (data.isEmpty())
