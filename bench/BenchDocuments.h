@@ -83,8 +83,7 @@ QByteArray pictureRtf(const QByteArray& picture, const char* type);
 /*! \a count groups of one letter. */
 QByteArray groupsRtf(int count);
 
-/*! A table of \a rows rows and five columns. With \a merged the first column is one cell from top to bottom.
- */
+/*! A table of \a rows rows and five columns; if \a merged, the first column is one cell. */
 QByteArray tableRtf(int rows, bool merged);
 
 /*! A decimal list of \a items items. */

@@ -13,7 +13,7 @@ using namespace BenchDocuments;
 
 /*
     bench_instructions read|write|strip|table: does one thing once. instructions.py counts the instructions of
-   the function below, which takes a few milliseconds.
+    the function below, which takes a few milliseconds.
 */
 
 extern "C" __attribute__((noinline)) bool measuredWork(const char* what, QByteArray* rtf,

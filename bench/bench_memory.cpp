@@ -14,7 +14,7 @@ using namespace BenchDocuments;
 
 /*
     bench_memory build|read|write FILE: one thing in a process of its own, and by how much the most memory it
-   has had grew, in KB. "make" and "make-prose" make inputs, a large one and one of usual size.
+    has had grew, in KB. "make" and "make-prose" make inputs, a large one and one of usual size.
 */
 
 namespace {

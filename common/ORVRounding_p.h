@@ -8,7 +8,7 @@
 
 /*!
     Rounding of lengths. qRound() is not used: its treatment of negative halves differs between versions of
-   Qt. Every function clamps values beyond the range of int, and gives 0 for NaN.
+    Qt. Every function clamps values beyond the range of int, and gives 0 for NaN.
 */
 namespace ORVRounding {
 
@@ -35,7 +35,7 @@ inline int halfUp(double value)
 
 /*!
     The integer part of \a value. A value less than a millionth below an integer counts as that integer, so
-   that binary fractions do not make a length shrink each time it is stored.
+    that binary fractions do not make a length shrink each time it is stored.
 */
 inline int truncated(double value)
 {

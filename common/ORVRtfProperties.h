@@ -4,9 +4,8 @@
 #include <QtGui/QTextFormat>
 
 /*!
-    The properties of the application inside a document's formats, through which what RTF says and Qt has no
-    property for travels: the reader sets them, the writer and the application read them. An absent property
-    counts as 0, false or empty.
+    Custom properties of text formats, for features of RTF that Qt has no property for. The reader sets them,
+    the writer and the application read them. A missing property counts as 0, false or empty.
 */
 namespace ORVRtfProperty {
 
@@ -18,11 +17,11 @@ enum Id {
     ListLevel = QTextFormat::UserProperty + 2,
     /*! QString, image: the MathML text of the formula that the picture shows. */
     MathML = QTextFormat::UserProperty + 4,
-    /*! QByteArray, image: a PDF that stands behind the picture. */
+    /*! QByteArray, image: a PDF document that the picture shows. */
     PdfData = QTextFormat::UserProperty + 5,
     /*! QByteArray or QString, image: the file name that goes with PdfData. */
     PdfFileName = QTextFormat::UserProperty + 6,
-    /*! bool, char: the text carries a note whose fonts and colours the document's tables need. */
+    /*! bool, char: the text has a note whose fonts and colours belong in the tables of the document. */
     HasNoteContent = QTextFormat::UserProperty + 7,
     /*! QByteArray, char: the note attached to the text, as RTF. */
     NoteContent = QTextFormat::UserProperty + 8,
@@ -36,9 +35,9 @@ enum Id {
     ImageFileName = QTextFormat::UserProperty + 14,
     /*! int, char: shift of the baseline in half-points, upwards positive. */
     BaselineShift = QTextFormat::UserProperty + 15,
-    /*! bool, char: the text is the text of an annotation, standing in line. */
+    /*! bool, char: the text is that of an annotation, inline in the document. */
     InAnnotation = QTextFormat::UserProperty + 100,
-    /*! bool, char: the text is the text of a footnote, standing in line. */
+    /*! bool, char: the text is that of a footnote, inline in the document. */
     InFootnote = QTextFormat::UserProperty + 101,
     /*! bool, char: the text has an annotation, whose content is NoteContent. */
     AnnotationAnchor = QTextFormat::UserProperty + 102,
@@ -46,14 +45,16 @@ enum Id {
     FootnoteAnchor = QTextFormat::UserProperty + 103,
     /*! QString, char: the bookmark the text belongs to; a name that begins with "@" marks its end. */
     BookmarkName = QTextFormat::UserProperty + 210,
-    /*! QString, char: the bookmark whose page number the text stands for. */
+    /*! QString, char: the bookmark whose page number the text shows. */
     PageReference = QTextFormat::UserProperty + 211,
 
     // The following are ids of the application inside Qt's own range of block properties. Newer Qt versions
     // use 0x1070 for heading levels, as an int; a line spacing is always a double.
 
-    /*! double, block: left indent in points; QTextFormat::TextIndent is then the position of the first line
-        measured from the same edge. */
+    /*!
+        double, block: left indent in points. QTextFormat::TextIndent is then the position of the first line,
+        measured from the same edge.
+    */
     LeftIndent = 0x1036,
     /*! double, block: position of the right text edge in points, measured from the left margin. */
     RightIndent = 0x1037,

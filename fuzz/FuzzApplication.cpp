@@ -7,8 +7,10 @@ void ignoreMessage(QtMsgType, const QMessageLogContext&, const QString&) { }
 
 } // namespace
 
-// What all targets need once: an application, without a display, whose complaints about broken pictures and
-// absurd fonts do not fill the log.
+/*!
+    Runs once for every target: creates an application without a display, and keeps warnings about broken
+    pictures and absurd fonts out of the log.
+*/
 extern "C" __attribute__((visibility("default"))) int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

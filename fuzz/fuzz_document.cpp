@@ -5,8 +5,10 @@
 
 #include <QtGui/QTextDocument>
 
-// Writes documents of any structure and with any properties: what is written can be read, and the document
-// stays as it is.
+/*!
+    Writes documents of any structure with any properties. The output must be readable and the document
+    unchanged.
+*/
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     FuzzInput input(data, size);

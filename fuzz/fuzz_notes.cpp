@@ -85,7 +85,7 @@ void fill(QTextDocument* document, FuzzInput& input)
 
 } // namespace
 
-// Writes documents whose formats hold anything as a note, a name, a link or a picture's bytes.
+/*! Writes documents whose formats hold arbitrary notes, names, links and picture data. */
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     FuzzInput input(data, size);

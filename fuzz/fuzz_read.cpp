@@ -2,7 +2,7 @@
 
 #include <QtGui/QTextDocument>
 
-// Reads anything: it ends, with a known status, and leaves a document that can be used.
+/*! Reads any input: reading must end with a known status and leave a usable document. */
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     QTextDocument document;

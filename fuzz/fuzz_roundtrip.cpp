@@ -36,8 +36,10 @@ bool hasPlaceholderInName(const QTextFormat& format)
     return false;
 }
 
-/*! Whether a font, a link or a picture of \a document is named like a page field: the field is written there,
-    too, and its result reads as text. */
+/*!
+    Whether a font, a link or a picture of \a document is named like a page field. The writer writes a field
+    there as well, whose result reads as text.
+*/
 bool hasPlaceholderInName(const QTextDocument& document)
 {
     const QVector<QTextFormat> formats = document.allFormats();
@@ -66,7 +68,7 @@ QString expectedText(const QTextFragment& fragment, Mode mode)
 
 /*!
     The paragraphs of \a document, without empty ones: a paragraph around each table is Qt's, and not written
-   or made again where it is needed; exporting mode ends the paragraph in front of a table, which reads as an
+    or made again where it is needed; exporting mode ends the paragraph in front of a table, which reads as an
     empty one more.
 */
 QStringList expectedParagraphs(const QTextDocument& document, Mode mode)
@@ -95,7 +97,7 @@ void checkRoundTrip(const QTextDocument& document, Mode mode)
 
 } // namespace
 
-// Reads anything, writes it, and reads that: the second read meets no error, and the same text.
+/*! Reads any input, writes it and reads it again: the second read must find no error and the same text. */
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     QTextDocument document;

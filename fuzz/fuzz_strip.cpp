@@ -21,8 +21,9 @@ QByteArray stripped(const QByteArray& rtf)
 
 /*!
     The most that may become of \a rtf. A brace gains a line feed. What begins with a backslash gains a space
-   or a line feed; its number, which wraps around into a negative one from ten digits on ("2147483648" becomes
-    "-2147483648"), one byte more. All else is copied or dropped. So it is never more than twice the input.
+    or a line feed; its number, which wraps around into a negative one from ten digits on ("2147483648"
+    becomes "-2147483648"), one byte more. All else is copied or dropped. So it is never more than twice the
+    input.
 */
 int longestOutput(const QByteArray& rtf)
 {
@@ -51,7 +52,7 @@ QByteArray comparable(const QByteArray& rtf)
 
 } // namespace
 
-// Strips anything: the output has a bound, and there is nothing left to strip.
+/*! Strips any input: the size of the output is bounded, and stripping it again changes nothing. */
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     const QByteArray rtf(reinterpret_cast<const char*>(data), int(size));

@@ -23,7 +23,7 @@ bool readFile(const QString& fileName, QIODevice::OpenMode mode, QByteArray* dat
     return true;
 }
 
-// A plain text or HTML file that cannot be read is passed over in silence, as callers expect.
+/*! Ignores a file that cannot be read, as callers expect; so does loadHtml(). */
 void loadPlainText(const QString& fileName, QTextDocument* document)
 {
     QByteArray data;

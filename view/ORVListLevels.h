@@ -10,10 +10,10 @@ namespace ORVListLevels {
 
 /*!
     Makes lists of their own of the deeper levels of the lists in \a document, so that Qt shows each level
-   with its own marker and counts it anew behind each item above it ("1.", "a)", "b)", "2.", "a)").
+    with its own marker and counts it anew behind each item above it ("1.", "a)", "b)", "2.", "a)").
 
     For a copy that is shown, printed or exported, in stock form (see ORVStockFormats): the levels cannot be
-   put together again. The paragraphs stay where they are. Does nothing when \a document is null.
+    put together again. The paragraphs stay where they are. Does nothing when \a document is null.
 */
 ORV_RTF_EXPORT void separate(QTextDocument* document);
 

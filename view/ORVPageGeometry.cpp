@@ -38,7 +38,7 @@ double usableMargin(double margin)
     return qIsFinite(margin) ? qMax(0.0, margin) : 0;
 }
 
-// Makes both margins of a side shorter by the same share until text fits between them.
+/*! Shortens both margins of a side by the same share until text fits between them. */
 void makeRoom(double side, double* before, double* after)
 {
     *before = usableMargin(*before);

@@ -46,7 +46,7 @@ struct ORV_RTF_EXPORT ORVPageGeometry {
     /*!
         Where the text stands on the paper, in points. Paper that is too small to show anything counts as US
         Letter, margins that are no finite numbers as 0, and margins that leave no room for text make way for
-       it.
+        it.
     */
     QRectF textArea() const;
     /*! The paper that textArea() lies on, in points: paperSize, unless that is too small or too large. */

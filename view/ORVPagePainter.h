@@ -41,8 +41,8 @@ struct ORV_RTF_EXPORT ORVPageSetup {
     same for all of them.
 
     The document is to be in stock form (see ORVStockFormats), with pixels of ORVUnit::screenResolution(),
-   which must be the resolution that Qt counts with (QScreen::logicalDotsPerInch(), or 96 with
-   Qt::AA_Use96Dpi). Needs a QGuiApplication.
+    which must be the resolution that Qt counts with (QScreen::logicalDotsPerInch(), or 96 with
+    Qt::AA_Use96Dpi). Needs a QGuiApplication.
 */
 class ORV_RTF_EXPORT ORVPagePainter {
 public:

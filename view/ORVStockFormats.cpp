@@ -66,8 +66,7 @@ Format remembering(Format stock, const Format& application, int resolution)
     return stock;
 }
 
-/*! The format that \a stock remembers. Its properties have the order that they had, on which equality
- * depends. */
+/*! The format that \a stock remembers, with its properties in the same order: equality depends on it. */
 template <typename Format>
 Format remembered(Format stock)
 {

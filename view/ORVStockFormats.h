@@ -10,15 +10,15 @@ class QTextDocument;
 
     In the application's form, in which RTF is read and written, lengths are points; left indents, right edges
     and line spacing are properties of the application (ORVRtfProperties.h), and QTextFormat::TextIndent is
-   the position of the first line. In the stock form, which Qt's own views and its writers of HTML and ODF
-   show, the same things are Qt's own properties, in pixels of ORVUnit::screenResolution(): left and right
-   margins, the first line's offset from the left margin, line heights, and indents that do not repeat what a
-   list adds to them.
+    the position of the first line. In the stock form, which Qt's own views and its writers of HTML and ODF
+    show, the same things are Qt's own properties, in pixels of ORVUnit::screenResolution(): left and right
+    margins, the first line's offset from the left margin, line heights, and indents that do not repeat what a
+    list adds to them.
 
     What is translated: of paragraphs the indents (with those of list levels), right edge, space above and
-   below, line spacing and tab stops; of text a shifted baseline, which becomes super- or subscript; of lists
-   markers that are empty; of tables borders and cell padding. The bits that keep paragraphs and lines
-   together have no counterpart that means the same, and stay as they are.
+    below, line spacing and tab stops; of text a shifted baseline, which becomes super- or subscript; of lists
+    markers that are empty; of tables borders and cell padding. The bits that keep paragraphs and lines
+    together have no counterpart that means the same, and stay as they are.
 */
 namespace ORVStockFormats {
 

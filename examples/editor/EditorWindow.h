@@ -29,8 +29,7 @@ public:
     PageActions* pageActions() const { return m_pageActions; }
     QString fileName() const { return m_fileName; }
 
-    /*! Opens \a fileName in place of the document, whatever that holds; false, with a message box, on
-     * failure. */
+    /*! Replaces the document, saved or not, by \a fileName; false, with a message box, on failure. */
     bool openFile(const QString& fileName);
     /*! Saves the document as \a fileName; false, with a message box, on failure. */
     bool saveFile(const QString& fileName);

@@ -36,8 +36,7 @@ void clear(QTextCharFormat* format);
 */
 QUrl addressToOpen(const Link& link);
 
-/*! The target of \a link as it is shown to the user: an address that can be opened in plain ASCII, in which
-   no character looks like another. */
+/*! The target of \a link for display: addresses in plain ASCII, where no character looks like another. */
 QString shownTarget(const Link& link);
 
 } // namespace Links

@@ -20,8 +20,7 @@ struct Note {
 
     Kind kind = Footnote;
     bool isAttached = false;
-    /*! Of the text that it is attached to or, in line, of its own text; 0 characters long when there is none.
-     */
+    /*! Of the text that has the note or, inline, of the note's own text; length 0 when there is none. */
     int position = 0;
     int length = 0;
     /*! An attached note as RTF. */

@@ -27,8 +27,7 @@ bool save(const QString& fileName, const QTextDocument& document, QString* messa
 /*! As save(), for any word processor in any case: revision levels become colours. */
 bool exportTo(const QString& fileName, const QTextDocument& document, QString* message);
 
-/*! The RTF file that \a mime, of a drag from a file manager, is about; empty if it is about something else.
- */
+/*! The RTF file that \a mime holds when it is dragged from a file manager, empty when it holds none. */
 QString nameOn(const QMimeData* mime);
 
 } // namespace RtfFile

@@ -74,8 +74,10 @@ bool writeFile(const QString& path, const QByteArray& data)
     return file.open(QIODevice::WriteOnly) && file.write(data) == data.size() && file.flush();
 }
 
-// One LibreOffice finds another of the same profile by a socket whose name holds a hash of the profile's URL
-// in UTF-16. Its bytes are in hexadecimal without leading zeros.
+/*!
+    The socket by which LibreOffice finds another instance with the same profile. Its name holds a hash of the
+    profile's URL in UTF-16, its bytes as hexadecimal numbers without leading zeros.
+*/
 QString libreOfficeSocketName(const QString& folder)
 {
     const QString url = profileUrl(folder);

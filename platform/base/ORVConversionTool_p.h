@@ -12,7 +12,7 @@
     A program that converts documents: what it is called, what it reads and writes, and how it is called.
 
     It runs in a folder that is prepared for it. The names of the files there are ours, so no character in
-   them can be misunderstood.
+    them can be misunderstood.
 */
 class ORVConversionTool {
 public:

@@ -11,7 +11,7 @@ namespace {
 
 const char defaultFormatProperty[] = "orvDefaultCharFormat";
 
-// In points; 0 when only the screen could tell and there is none.
+/*! The size of \a font in points; 0 when it is in pixels and there is no screen to convert it. */
 qreal pointSize(const QFont& font)
 {
     if (font.pointSizeF() > 0 || !compat::hasGui())

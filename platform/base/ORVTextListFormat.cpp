@@ -117,8 +117,10 @@ QTextListFormat::Style listStyle(const ORVTextListLevel& level)
     return QTextListFormat::ListDecimal;
 }
 
-// A bullet has nothing around it, and neither has a template that shows no number: there Qt's own "1." says
-// more than a text to which Qt would add a number.
+/*!
+    Sets prefix and suffix of the number. A bullet has none. Neither has a template without a number: Qt would
+    add its number to the text, and its own "1." is better than that.
+*/
 void setNumberSurroundings(QTextListFormat* format, const ORVTextListLevel& level)
 {
     const int number = int(level.text().indexOf(numberPlaceholder));
@@ -136,7 +138,7 @@ QString numberTemplate(const QTextListFormat& format)
     return format.numberPrefix() + numberPlaceholder + compat::numberSuffix(format);
 }
 
-// Gives kind and template of the level that shows what Qt shows; false when Qt shows nothing.
+/*! Sets kind and template of \a level to what Qt shows for \a format; false when Qt shows nothing. */
 bool setMarker(ORVTextListLevel* level, const QTextListFormat& format)
 {
     for (const NumberStyle& number : numberStyles) {
@@ -168,7 +170,7 @@ QList<ORVTextListLevel> derivedLevels(const QTextListFormat& format)
     return levels;
 }
 
-// QTextList::itemNumber() searches the whole list; the block knows its list at once.
+/*! Faster than QTextList::itemNumber(), which searches the whole list. */
 bool isMember(QTextList* list, const QTextBlock& block)
 {
     return list && block.isValid() && block.textList() == list;

@@ -33,8 +33,10 @@ QList<int> fontWeights(const QString& family)
     return weights;
 }
 
-// What is known about font families, by name. Documents name the same few again and again; the bound is there
-// for the one that names thousands.
+/*!
+    A cache of what is known about font families, by name. Documents name a few families again and again; the
+    bound is for a document that names thousands.
+*/
 template <typename Value>
 class FamilyCache {
 public:
@@ -62,15 +64,17 @@ private:
     QHash<QString, Value> m_values;
 };
 
-// Qt adds the foundry, as in "Arial [Monotype]", where two of them installed a family of the same name; the
-// bare name selects either.
+/*!
+    Qt adds the foundry, as in "Arial [Monotype]", where two foundries have a family of the same name. The
+    bare name selects either.
+*/
 QString withoutFoundry(const QString& family)
 {
     const int foundry = int(family.lastIndexOf(QLatin1String(" [")));
     return foundry > 0 && family.endsWith(QLatin1Char(']')) ? family.left(foundry) : family;
 }
 
-// The family of that name among families, in their spelling, empty when there is none.
+/*! The member of \a families that is called \a name in upper or lower case, empty when there is none. */
 QString installedSpelling(const QStringList& families, const QString& name)
 {
     QString found;
@@ -95,8 +99,10 @@ QString firstInstalled(const QStringList& families, const QStringList& names)
 }
 
 #if defined(ORV_HAVE_FONTCONFIG)
-// The families bound to the place of name in fontconfig's preference list. Its rules for families of equal
-// metrics bind strongly; the weakly bound rest is what it would show for any name at all.
+/*!
+    The families that fontconfig strongly binds to \a name: those of equal metrics. Weakly bound families are
+    what it would offer for any name.
+*/
 QStringList equivalentFamilies(const QString& name)
 {
     QStringList families;
@@ -116,7 +122,7 @@ QStringList equivalentFamilies(const QString& name)
     return families;
 }
 
-// Asking fontconfig costs a tenth of a millisecond and more.
+/*! Cached, because asking fontconfig takes a tenth of a millisecond or more. */
 QStringList metricSubstitutes(const QString& name)
 {
     static FamilyCache<QStringList> cache;
@@ -134,8 +140,10 @@ QStringList metricSubstitutes(const QString&)
 }
 #endif
 
-// In ascending order. A family that is not installed is asked for anew each time: the application may add it
-// any moment.
+/*!
+    The weights of \a family in ascending order. Only installed families are cached: the application may add a
+    family at any time.
+*/
 QList<int> weightsOf(const QString& family)
 {
     static FamilyCache<QList<int>> cache;
@@ -157,8 +165,10 @@ void removeRange(QTextDocument* document, int from, int to)
     range.removeSelectedText();
 }
 
-// When whole paragraphs go, Qt keeps the paragraph format of the one that stays but not the character format
-// that its marker and its new text have.
+/*!
+    Removes a range that may span paragraphs. Qt then keeps the paragraph format of the last one, but not its
+    character format, which its marker and new text have.
+*/
 void removeLeadingRange(QTextDocument* document, int from, int to)
 {
     const QTextBlock kept = document->findBlock(to);

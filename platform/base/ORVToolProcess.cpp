@@ -82,8 +82,7 @@ protected:
 #endif
 };
 
-/*! Kills what is left of the group that the process with the id \a leader leads or led: all that it started.
- */
+/*! Kills what is left of the process group of \a leader, which may have ended: all that it started. */
 void killGroup(qint64 leader)
 {
 #ifdef Q_OS_UNIX

@@ -37,8 +37,10 @@ void setBaseUrl(QTextDocument* document, const QUrl& url)
 #endif
 }
 
-// QTextDocument::clone() of a document that is nothing but one empty list item takes over a reference to a
-// list that the copy does not have; newer Qt versions crash on it. There is no content to clone here.
+/*!
+    Copies a document that is one empty list item. QTextDocument::clone() would copy a reference to a list
+    that the copy does not have, and newer Qt versions crash on it.
+*/
 QTextDocument* cloneEmptyDocument(const QTextDocument* document, QObject* parent)
 {
     QTextDocument* copy = new QTextDocument(parent);
@@ -61,7 +63,7 @@ QTextDocument* cloneContent(const QTextDocument* document, QObject* parent)
     return document->clone(parent);
 }
 
-// The list of the first block of a document in its copy, where that block has been left out of it.
+/*! Puts the first block of \a copy, which clone() left out, into its place in the copy of \a list. */
 void joinList(QTextList* list, QTextDocument* copy)
 {
     if (list->count() > 1) {
@@ -73,7 +75,7 @@ void joinList(QTextList* list, QTextDocument* copy)
     QTextCursor(copy).createList(list->format());
 }
 
-// clone() keeps nothing of a first block that is blank: no formats, no place in a list.
+/*! clone() loses the formats of a blank first block and its place in a list. */
 void restoreBlankFirstBlock(const QTextDocument* document, QTextDocument* copy)
 {
     const QTextBlock first = document->begin();
@@ -90,7 +92,7 @@ void restoreBlankFirstBlock(const QTextDocument* document, QTextDocument* copy)
         joinList(list, copy);
 }
 
-// What clone() leaves out of the properties of the document itself.
+/*! Copies those properties of the document itself that clone() leaves out. */
 void restoreProperties(const QTextDocument* document, QTextDocument* copy)
 {
     const QList<QByteArray> names = document->dynamicPropertyNames();
@@ -103,14 +105,16 @@ void restoreProperties(const QTextDocument* document, QTextDocument* copy)
     copy->rootFrame()->setFrameFormat(document->rootFrame()->frameFormat());
 }
 
-// A parent that knows no resources. QTextDocument reads a file when a resource with the name of a file is
-// missing, unless its parent is a document: then it asks that instead.
+/*!
+    A parent without resources. When a resource with the name of a file is missing, QTextDocument reads the
+    file, unless its parent is a document: then it asks the parent instead.
+*/
 class EmptyResources : public QTextDocument {
 protected:
     QVariant loadResource(int, const QUrl&) override { return QVariant(); }
 };
 
-// The resource of that name that the document holds, though the name may be that of a file.
+/*! The resource \a url of \a document; never a file on disk, although \a url may name one. */
 QVariant storedResource(const QTextDocument* document, const QUrl& url)
 {
     QTextDocument* changed = const_cast<QTextDocument*>(document);
@@ -124,7 +128,7 @@ QVariant storedResource(const QTextDocument* document, const QUrl& url)
     return resource;
 }
 
-// The resource of that name; scheme is the one that url has when it is resolved against the base URL.
+/*! The resource \a url of \a document. \a scheme is that of \a url resolved against the base URL. */
 QVariant resource(const QTextDocument* document, const QUrl& url, const QString& scheme)
 {
     if (scheme.isEmpty() || scheme == QLatin1String("file"))
@@ -145,8 +149,7 @@ QImage toImage(const QVariant& resource)
     }
 }
 
-// The policy of block, without the break after it when movesAfter is true, with one before when addsBefore
-// is.
+/*! Removes the page break after \a block if \a movesAfter, and adds one before it if \a addsBefore. */
 void setPageBreaks(const QTextBlock& block, bool addsBefore, bool movesAfter)
 {
     QTextBlockFormat format = block.blockFormat();

@@ -9,8 +9,10 @@
 
 namespace {
 
-// The process id keeps processes apart, the counter the calls of one process, and the random part makes the
-// name one that nobody else on the machine can foresee.
+/*!
+    The process id distinguishes processes and the counter calls within one. The random part keeps others on
+    the machine from predicting the name.
+*/
 QString newTempFileName()
 {
     static std::atomic<unsigned> counter(0);

@@ -24,7 +24,7 @@ void addNumber(QCryptographicHash* hash, qint32 number)
     hash->addData(QByteArray(reinterpret_cast<const char*>(&littleEndian), sizeof littleEndian));
 }
 
-// The bits of the last byte of a scanline that belong to pixels; 0xff when all do.
+/*! The bits of a scanline's last byte that belong to pixels; 0xff when all do. */
 uchar lastByteMask(const QImage& image)
 {
     const int usedBits = int(qint64(image.width()) * image.depth() % 8);
@@ -34,7 +34,9 @@ uchar lastByteMask(const QImage& image)
                                                     : uchar(0xff << (8 - usedBits));
 }
 
-// The bits behind the last pixel of a line can be anything. Encoders would write them out.
+/*!
+    Clears the bits after the last pixel of each line. They can have any value, and encoders would write them.
+*/
 QImage withoutStrayBits(const QImage& image)
 {
     const uchar mask = lastByteMask(image);
@@ -47,8 +49,10 @@ QImage withoutStrayBits(const QImage& image)
     return result;
 }
 
-// The bytes of a scanline in which only what is a pixel counts: whole bytes that lie beyond the width, the
-// bits of the last byte that do, and the byte that Format_RGB32 leaves undefined can hold anything.
+/*!
+    Reads scanlines with everything masked out that is no pixel and can have any value: bytes beyond the
+    width, the unused bits of the last byte, and the unused byte of Format_RGB32.
+*/
 class ScanlineReader {
 public:
     explicit ScanlineReader(const QImage& image)
@@ -57,7 +61,7 @@ public:
     {
     }
 
-    // Valid until the next call.
+    /*! Line \a y, valid until the next call. */
     QByteArray line(int y)
     {
         const char* bytes = reinterpret_cast<const char*>(m_image.constScanLine(y));

@@ -8,7 +8,7 @@ namespace {
 const int twipsPerInch = 1440;
 std::atomic<int> dotsPerInch(96);
 
-// value * numerator / denominator, exact in 64 bits before it is rounded (halves away from zero) and clamped.
+/*! value * numerator / denominator, computed in 64 bits, rounded (halves away from zero) and clamped. */
 int scaled(int value, int numerator, int denominator)
 {
     const qint64 product = qint64(value) * numerator;

@@ -9,9 +9,9 @@
 
 /*!
     Makes formats distinguishable that differ only in a list-valued property. A document finds its formats by
-   a hash into which Qt takes such a list by its length alone: thousands of different tab stops or column
-   widths would be compared one by one. Formats beyond ORVRtfLimits::formatsWithoutSerial get a serial number,
-   which the hash covers.
+    a hash into which Qt takes such a list by its length alone: thousands of different tab stops or column
+    widths would be compared one by one. Formats beyond ORVRtfLimits::formatsWithoutSerial get a serial
+    number, which the hash covers.
 */
 class ORVRtfFormatSerials {
 public:

@@ -23,8 +23,7 @@ const int spareTableCells = 100000;
 const qint64 tableCellsForEachInFile = 4;
 /*! Tab stops of one paragraph. */
 const int tabStops = 256;
-/*! Different lists of tab stops, or of column widths, whose formats carry no ORVRtfFormatSerials::property.
- */
+/*! Different lists of tab stops, or of column widths, whose formats have no serial number. */
 const int formatsWithoutSerial = 256;
 /*! Fonts of one font table. */
 const int fonts = 10000;
@@ -32,8 +31,7 @@ const int fonts = 10000;
 const int matchedFonts = 1000;
 /*! Levels of one list. */
 const int listLevels = 9;
-/*! Characters of a level's text as RTF has it: its length, which usually is one byte, and what that counts.
- */
+/*! Characters of a list level's text, with the length byte that RTF has in front of it. */
 const int levelText = 256;
 /*! Characters of a field's instruction, which is looked at whenever a group in it ends. */
 const int fieldInstruction = 8192;
