@@ -20,7 +20,7 @@ struct Separation {
     QVector<QTextBlock> items;
 };
 
-/*! The number that \a item shows, without what surrounds it; that of a first item where there is none. */
+/*! The number of \a item without prefix and suffix; "1" when there is no item. */
 QString numberOf(const QTextBlock& item)
 {
     if (!item.isValid())
@@ -34,7 +34,7 @@ QString numberOf(const QTextBlock& item)
     return text.mid(before.size(), text.size() - prefix.size() - suffix.size());
 }
 
-/*! The template of \a level with the numbers of the levels above it, which no longer change. */
+/*! The template of \a level with the numbers of higher levels filled in, since they no longer change. */
 QString templateOf(const Separation& separation, int level)
 {
     QString text = separation.levels.at(level).text();
@@ -55,7 +55,7 @@ QTextListFormat formatOf(const QTextListFormat& original, const Separation& sepa
     return format;
 }
 
-/*! The list indents its items further: the paragraph's own margin makes up for it. */
+/*! Reduces the paragraph's margin by what the new list adds to its indent. */
 void keepPosition(const QTextBlock& block, int steps)
 {
     const double indent = steps * block.document()->indentWidth();
@@ -84,7 +84,7 @@ void separateItem(const QTextBlock& block, Separation* separation)
     current = block;
 }
 
-/*! The lists with items on other levels than the first one. */
+/*! The lists that have items on other levels than the first. */
 QSet<QTextList*> listsOfSeveralLevels(const QTextDocument* document)
 {
     QSet<QTextList*> lists;

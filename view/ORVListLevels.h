@@ -5,15 +5,16 @@
 
 class QTextDocument;
 
-/*! Levels of lists, which Qt knows one of only, for what shows a document and does not change it. */
+/*! Levels of lists for documents that are only displayed. A QTextList of Qt has one level. */
 namespace ORVListLevels {
 
 /*!
-    Makes lists of their own of the deeper levels of the lists in \a document, so that Qt shows each level
-    with its own marker and counts it anew behind each item above it ("1.", "a)", "b)", "2.", "a)").
+    Moves the items of deeper levels of the lists in \a document into lists of their own, so that Qt shows
+    each level with its own marker and restarts its numbering after each item of a higher level ("1.", "a)",
+    "b)", "2.", "a)").
 
-    For a copy that is shown, printed or exported, in stock form (see ORVStockFormats): the levels cannot be
-    put together again. The paragraphs stay where they are. Does nothing when \a document is null.
+    For a copy in stock form (see ORVStockFormats) that is displayed, printed or exported: the levels cannot
+    be restored. The paragraphs keep their positions on the page. Does nothing when \a document is null.
 */
 ORV_RTF_EXPORT void separate(QTextDocument* document);
 

@@ -11,11 +11,11 @@
 
 namespace {
 
-// Points: what is left for the first word of a line, or for that of a cell, at least.
+// Points: the room left at least for the first word of a line or cell.
 const double leastText = 18;
-// Pixels: half of what the layout can count, some 15,000 pages; the other half is for the text itself.
+// Pixels: half the range of the layout, some 15,000 pages. The other half is for the text itself.
 const double mostEmptySpace = 1 << 24;
-// Points: padding of cells that is taken as it is, however narrow the columns of a table are.
+// Points: cell padding that is accepted however narrow the columns of a table are.
 const double usualPadding = 36;
 
 const int paragraphDistances[] = {QTextFormat::BlockTopMargin, QTextFormat::BlockBottomMargin};
@@ -67,7 +67,7 @@ private:
     // In points.
     double m_leftOfText;
     double m_rightOfText;
-    // In pixels: what the paragraphs so far take besides their text.
+    // In pixels: space taken by the paragraphs so far, without their text.
     double m_emptySpace = 0;
 };
 
@@ -115,7 +115,7 @@ QTextBlockFormat Limiter::paragraph(QTextBlockFormat format) const
     return format;
 }
 
-/*! A distance from the edge of the text of which \a outside points lie between it and that of the paper. */
+/*! Limits a distance from the edge of the text to the paper, whose edge is \a outside points away. */
 double Limiter::onPaper(double pixels, double outside) const
 {
     const double least = -qMax(0.0, outside) * m_pixelsPerPoint;
@@ -139,7 +139,7 @@ void Limiter::keepOnPaper(QTextBlockFormat* format) const
         format->setTextIndent(firstLine);
 }
 
-/*! Columns are taken to be of one width. */
+/*! Assumes columns of equal width. */
 void Limiter::limitPadding(QTextFrameFormat* format) const
 {
     if (!format->isTableFormat())
@@ -156,7 +156,7 @@ QTextCharFormat Limiter::text(QTextCharFormat format) const
     return format;
 }
 
-/*! Page breaks, spacing and heights of lines are left out behind those that take too much together. */
+/*! Removes page breaks, spacing and line heights once their sum exceeds mostEmptySpace. */
 void Limiter::limitEmptySpace(QTextBlockFormat* format)
 {
     const QTextFormat::PageBreakFlags breaks =

@@ -7,8 +7,8 @@ class QTextDocument;
 struct ORVPageGeometry;
 
 /*!
-    What Qt's layout is given at most. It counts in 64ths of a pixel in 32 bits: lengths that a file makes up
-    would overflow, lose the text or even keep the layout from ever reaching the last page.
+    Limits for Qt's layout, which computes in 32-bit integers of 1/64 pixel. Made-up lengths of a damaged file
+    would overflow, lose text or keep the layout from ever reaching the last page.
 */
 namespace ORVPageLimits {
 
@@ -19,14 +19,14 @@ const double largestFont = 1638;
 // Percent of a single line, which make the longest length.
 const double highestLineMultiple = 100 * longestLength / ORVRtfUnits::singleLineHeight;
 
-/*! \a points, or the longest length that way; 0 for what is no number. */
+/*! \a points, limited to the longest length in both directions; 0 for NaN. */
 double length(double points);
-/*! The same for what cannot be negative. */
+/*! As length(), but never negative. */
 double distance(double points);
 
 /*!
-    Limits the lengths and font sizes of \a document, which is in stock form with \a resolution pixels to the
-    inch, and has its paragraphs begin on the paper of \a page.
+    Limits lengths and font sizes of \a document, which is in stock form with \a resolution pixels per inch,
+    and keeps the beginning of each paragraph on the paper of \a page.
 */
 void apply(QTextDocument* document, const ORVPageGeometry& page, int resolution);
 

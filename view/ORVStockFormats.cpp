@@ -20,13 +20,13 @@
 
 namespace {
 
-// int: the format is in stock form, and so many of its pixels make an inch; 0 on a table that has been
-// translated from stock form.
+// int: pixels per inch of a format in stock form; 0 for a table converted from a stock form that toStock()
+// did not make.
 const int resolutionProperty = QTextFormat::UserProperty + 310;
-// The first of the properties that keep the value of a stock property in the application's form.
+// The first of the properties that store original values, in the application's form.
 const int firstKeptProperty = QTextFormat::UserProperty + 311;
 
-// What is different in the two forms. Its order decides the ids of the kept properties.
+// The properties that differ between the two forms. Their order decides the ids of the stored values.
 const int stockProperties[] = {
     QTextFormat::BlockLeftMargin,
     QTextFormat::BlockRightMargin,
@@ -54,7 +54,7 @@ bool isStock(const QTextFormat& format)
     return format.intProperty(resolutionProperty) > 0;
 }
 
-/*! Has \a stock remember \a application, the format that it has been made from. */
+/*! Stores \a application, the format that \a stock was made from, in \a stock. */
 template <typename Format>
 Format remembering(Format stock, const Format& application, int resolution)
 {
@@ -66,7 +66,7 @@ Format remembering(Format stock, const Format& application, int resolution)
     return stock;
 }
 
-/*! The format that \a stock remembers, with its properties in the same order: equality depends on it. */
+/*! The format stored in \a stock. Its properties are set in the original order, on which equality depends. */
 template <typename Format>
 Format remembered(Format stock)
 {
@@ -99,13 +99,13 @@ bool hasStockProperty(const QTextFormat& format)
     return false;
 }
 
-/*! Whether Qt indents the paragraph besides its margins, or what its list says counts. */
+/*! Whether Qt or the level of a list indents the paragraph, besides its margins. */
 bool isIndented(const QTextBlockFormat& format, const ORVStockListItem& item)
 {
     return format.indent() != 0 || item.indent != 0 || item.hasLevel;
 }
 
-/*! What a shifted baseline shows as in stock form. */
+/*! The stock form of a shifted baseline. */
 QTextCharFormat::VerticalAlignment shiftedAlignment(const QTextCharFormat& format)
 {
     return format.intProperty(ORVRtfProperty::BaselineShift) > 0 ? QTextCharFormat::AlignSuperScript
@@ -135,7 +135,7 @@ QTextCharFormat applicationText(const QTextCharFormat& format)
     return application;
 }
 
-/*! Whether Qt would show markers where the list, as it is described, has none. */
+/*! Whether no level of the list has a marker, although Qt would show one. */
 bool showsNoMarkers(const QTextListFormat& format)
 {
     QTextListFormat unstyled(format);
@@ -167,7 +167,7 @@ QTextListFormat applicationList(const QTextListFormat& format)
     return application;
 }
 
-/*! One way through a document, which turns all of its formats into the other form. */
+/*! Converts all formats of a document in one pass. */
 class Conversion {
 public:
     enum Direction { ToStock, FromStock };
@@ -208,7 +208,7 @@ private:
     QSet<QTextList*> m_usedLists;
 };
 
-/*! Every format that applicationParagraph() would translate has to remember what it was. */
+/*! Stores the original of every format that applicationParagraph() would convert. */
 QTextBlockFormat Conversion::stockParagraph(const QTextBlockFormat& format,
                                             const ORVStockListItem& item) const
 {
@@ -241,7 +241,7 @@ QTextCharFormat Conversion::text(const QTextCharFormat& format) const
     return m_direction == ToStock ? stockText(format, m_resolution) : applicationText(format);
 }
 
-/*! Paragraphs of one format are in one list, if any, so each format is translated once. */
+/*! Converts each paragraph format once: paragraphs that share a format share the list too. */
 void Conversion::convertBlocks(QTextCursor& cursor)
 {
     QHash<int, QTextBlockFormat> converted;

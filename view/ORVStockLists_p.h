@@ -9,21 +9,23 @@
 class QTextBlockFormat;
 class QTextList;
 
-/*! The list that a paragraph is in, as far as it counts for its indents. */
+/*! The properties of a paragraph's list that decide about its indents. */
 struct ORVStockListItem {
     /*! Steps of indentation that the list adds. */
     int indent = 0;
-    /*! Whether the level of the list decides where the paragraph is, instead of Qt's indent. */
+    /*!
+        Whether the level stored in the list decides about the paragraph's position, instead of Qt's indent.
+    */
     bool hasLevel = false;
     ORVTextListLevel level;
     /*! Whether a marker stands in front of the item. */
     bool hasMarker = false;
 };
 
-/*! Knows the lists of a document, each of which is examined once. */
+/*! The lists of a document. Each list is examined once and cached. */
 class ORVStockLists {
 public:
-    /*! The place of a paragraph with \a format in \a list, which may be null. */
+    /*! The item that a paragraph of \a format is in \a list, which may be null. */
     ORVStockListItem item(QTextList* list, const QTextBlockFormat& format);
 
 private:

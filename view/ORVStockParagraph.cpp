@@ -10,10 +10,10 @@
 
 namespace {
 
-// Room that the marker of a list item takes in front of its text, in points: a quarter of an inch. Qt puts
-// the marker in front of the first line, RTF at its beginning.
+// Room for the marker of a list item in front of its text, in points: a quarter of an inch. Qt paints the
+// marker before the first line's position, RTF at it.
 const double markerWidth = 18;
-// An exact height of less, in points, hides the text; programs write such where they mean another unit.
+// In points. A smaller exact height would hide the text; programs that write one mean another unit.
 const double leastExactHeight = 2;
 
 bool isDouble(const QTextFormat& format, int property)
@@ -64,13 +64,13 @@ ORVStockParagraph::ORVStockParagraph(const QTextDocument* document, int resoluti
 {
 }
 
-/*! In pixels, and no longer than what can be laid out. */
+/*! \a points in pixels, limited to what Qt can lay out. */
 double ORVStockParagraph::stockLength(double points) const
 {
     return pixels(ORVPageLimits::length(points));
 }
 
-/*! What Qt indents a paragraph by besides its margins, in pixels. */
+/*! The indent in pixels that Qt adds to a paragraph's margins. */
 double ORVStockParagraph::listPixels(const QTextBlockFormat& format, const ORVStockListItem& item) const
 {
     return (format.indent() + item.indent) * m_indentWidth;
@@ -103,8 +103,8 @@ void ORVStockParagraph::setStockIndents(QTextBlockFormat* stock, const ORVStockL
 }
 
 /*!
-    Tab stops are counted from the margin in RTF, from the paragraph's left edge in Qt. Where the first line
-    begins in front of that edge, the edge is a tab stop as well.
+    Tab stops are measured from the margin in RTF, from the paragraph's left edge in Qt. With a hanging indent
+    that edge is a tab stop as well.
 */
 void ORVStockParagraph::setStockTabs(QTextBlockFormat* stock, double left, double firstLine) const
 {
@@ -161,7 +161,8 @@ QTextBlockFormat ORVStockParagraph::application(const QTextBlockFormat& format,
         setLeftIndents(&result, changed, item, isLeftChanged, isFirstLineChanged);
     if (isChanged(expected, changed, QTextFormat::BlockRightMargin))
         setRightIndent(&result, changed, item);
-    // Variants with tab stops differ by chance: Qt 5 compares the unused bytes between their members too.
+    // Variants with equal tab stops may compare unequal: Qt 5 compares the padding bytes between their
+    // members.
     if (expected.tabPositions() != changed.tabPositions())
         setTabs(&result, changed);
     if (isChanged(expected, changed, QTextFormat::LineHeight)

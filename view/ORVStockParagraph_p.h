@@ -7,25 +7,25 @@ class QTextDocument;
 struct ORVStockListItem;
 
 /*!
-    Translates paragraph formats between the application's form (points) and the stock form (pixels). Nothing
-    is remembered here: see ORVStockFormats.
+    Converts paragraph formats between the application's form (points) and the stock form (pixels). Storing
+    the original format is up to ORVStockFormats.
 */
 class ORVStockParagraph {
 public:
-    /*! For paragraphs of \a document and pixels of which \a resolution make an inch. */
+    /*! For paragraphs of \a document and pixels of 1 / \a resolution inch. */
     ORVStockParagraph(const QTextDocument* document, int resolution);
 
-    /*! What \a format of an \a item shows in stock form. */
+    /*! The stock form of \a format, which belongs to \a item. */
     QTextBlockFormat stock(const QTextBlockFormat& format, const ORVStockListItem& item) const;
 
     /*!
-        What says in the application's form what \a changed says in stock form: \a format, with all that is in
-        \a changed different from \a expected, the stock form of \a format.
+        \a format with those properties updated in which \a changed differs from \a expected, the stock form
+        of \a format.
     */
     QTextBlockFormat application(const QTextBlockFormat& format, const QTextBlockFormat& expected,
                                  const QTextBlockFormat& changed, const ORVStockListItem& item) const;
 
-    /*! What says in the application's form what \a format says, which has never been in that form. */
+    /*! The application's form of \a format, which has always been in stock form. */
     QTextBlockFormat translated(const QTextBlockFormat& format, const ORVStockListItem& item) const;
 
 private:

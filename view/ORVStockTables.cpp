@@ -10,7 +10,7 @@ namespace {
 
 const int lengthProperties[] = {QTextFormat::FrameBorder, QTextFormat::TableCellPadding};
 
-/*! Has fixed widths multiplied by one factor and shares by another. */
+/*! Multiplies fixed widths by \a fixedFactor and percentages by \a shareFactor. */
 void scaleWidths(QTextTableFormat* format, double fixedFactor, double shareFactor)
 {
     QVector<QTextLength> widths = format->columnWidthConstraints();
@@ -25,7 +25,7 @@ void scaleWidths(QTextTableFormat* format, double fixedFactor, double shareFacto
     format->setColumnWidthConstraints(widths);
 }
 
-/*! Shares that make more than the whole would leave no room for the last column; they are reduced alike. */
+/*! Reduces percentages that add up to more than 100, which would leave no room for the last column. */
 void fitShares(QTextTableFormat* format)
 {
     double sum = 0;
@@ -61,7 +61,7 @@ double ORVStockTables::availableShare(const QTextTable* table) const
     return share > 0 ? share : 1;
 }
 
-/*! Columns without a width share what the others leave. */
+/*! Columns without a width share the rest equally. */
 void ORVStockTables::remember(const QTextTable* table, const QTextTableFormat& format)
 {
     QVector<double> shares(table->columns(), 0);
@@ -92,10 +92,10 @@ QTextTableFormat ORVStockTables::stock(const QTextTableFormat& format, double sh
     for (const int property : lengthProperties)
         result.setProperty(property,
                            ORVPageLimits::distance(format.doubleProperty(property)) * m_pixelsPerPoint);
-    // A hairline is drawn as thin as it can be seen.
+    // A border below one pixel would not be painted.
     if (format.border() > 0)
         result.setBorder(qMax(1.0, result.border()));
-    // Without room between cells neighbours share one line.
+    // Without cell spacing, neighbouring cells share one border line.
     if (format.cellSpacing() == 0)
         result.setProperty(compat::tableBorderCollapse, true);
     scaleWidths(&result, m_pixelsPerPoint, 1 / share);

@@ -9,26 +9,29 @@ class QTextDocument;
 class QTextTable;
 
 /*!
-    Translates table formats between the application's form, where lengths are points and widths of columns
-    are shares of the text width of the page, and the stock form, where lengths are pixels and widths are
-    shares of what surrounds the table. Nothing is remembered in the formats here: see ORVStockFormats.
+    Converts table formats between the application's form, where lengths are points and column widths are
+    percentages of the page's text width, and the stock form, where lengths are pixels and widths are
+    percentages of the surrounding cell. Storing the original format is up to ORVStockFormats.
 */
 class ORVStockTables {
 public:
-    /*! For tables of \a document and pixels of which \a resolution make an inch. */
+    /*! For tables of \a document and pixels of 1 / \a resolution inch. */
     ORVStockTables(const QTextDocument* document, int resolution);
 
-    /*! How much of the text width is there for \a table; remember() must know those around it. */
+    /*!
+        The share of the text width available to \a table, from 0 to 1. remember() must have been called for
+        the tables around it.
+    */
     double availableShare(const QTextTable* table) const;
     /*! Remembers \a format, that of \a table in the application's form, for the tables within it. */
     void remember(const QTextTable* table, const QTextTableFormat& format);
 
-    /*! What \a format, for which there is \a share of the text width, is in stock form. */
+    /*! The stock form of \a format, which has \a share of the text width. */
     QTextTableFormat stock(const QTextTableFormat& format, double share) const;
 
     /*!
-        What says in the application's form what \a changed says in stock form: \a format, with all that is in
-        \a changed different from \a expected, the stock form of \a format.
+        \a format with those properties updated in which \a changed differs from \a expected, the stock form
+        of \a format.
     */
     QTextTableFormat application(const QTextTableFormat& format, const QTextTableFormat& expected,
                                  const QTextTableFormat& changed, double share) const;
