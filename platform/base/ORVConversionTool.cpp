@@ -16,8 +16,8 @@ const char* const profileFolder = "profile";
 const int formatCount = 4;
 const char* const formatSuffixes[formatCount] = {"txt", "html", "odt", "rtf"};
 
-// Pictures that a document only links to stay out: fetching them would tell a stranger's server who opens the
-// document. Macros stay out as well.
+// Linked pictures are blocked: loading them would tell a server who opens the document. Macros are blocked as
+// well.
 const char* const libreOfficeSettings =
     "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
     "<oor:items xmlns:oor=\"http://openoffice.org/2001/registry\">\n"
@@ -178,7 +178,7 @@ void ORVConversionTool::removeLeftovers(const QString& folder) const
 {
     if (m_description->engine != ORVImportExport::LibreOfficeEngine)
         return;
-    // It has them there whatever TMPDIR says.
+    // LibreOffice ignores TMPDIR for its sockets.
     for (const char* const path : {"/tmp", "/var/tmp"}) {
         QDir dir(QString::fromLatin1(path));
         const QStringList filter(libreOfficeSocketName(folder));

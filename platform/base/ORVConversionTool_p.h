@@ -9,10 +9,9 @@
 #include <QtCore/QStringList>
 
 /*!
-    A program that converts documents: what it is called, what it reads and writes, and how it is called.
+    A program that converts documents: its names, the formats it reads and writes, and its arguments.
 
-    It runs in a folder that is prepared for it. The names of the files there are ours, so no character in
-    them can be misunderstood.
+    It runs in a folder prepared for it. The file names there are ours, so they contain no special characters.
 */
 class ORVConversionTool {
 public:
@@ -20,21 +19,21 @@ public:
     static QList<ORVConversionTool> all();
 
     ORVImportExport::Engine engine() const;
-    /*! The name for people. */
+    /*! The name to show to users. */
     QString name() const;
     /*! The names under which it may be installed. */
     QStringList programs() const;
     /*! Whether it converts files that end in "." and \a suffix (in lower case) into \a format. */
     bool converts(const QString& suffix, ORVFormat::Format format) const;
 
-    /*! Makes the files and folders in \a folder that the tool expects; false when that fails. */
+    /*! Creates the files and folders in \a folder that the tool expects; false when that fails. */
     bool prepare(const QString& folder) const;
     /*!
         The arguments with which the tool, run in \a folder, converts the file sourceName(\a suffix) to the
         file outputName(\a format).
     */
     QStringList arguments(const QString& folder, const QString& suffix, ORVFormat::Format format) const;
-    /*! Removes what the tool leaves outside of \a folder when it is killed. */
+    /*! Removes files that the tool leaves outside of \a folder when it is killed. */
     void removeLeftovers(const QString& folder) const;
 
     static QString sourceName(const QString& suffix);

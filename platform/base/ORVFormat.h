@@ -1,7 +1,7 @@
 #ifndef ORVFORMAT_H
 #define ORVFORMAT_H
 
-/*! Formats of documents that TextTransform can be asked for. The numbers are part of the interface. */
+/*! Document formats that TextTransform converts to. The numbers are part of the interface. */
 namespace ORVFormat {
 
 /*! Plain text, HTML, OpenDocument text and Rich Text Format. */

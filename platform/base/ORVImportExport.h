@@ -6,7 +6,7 @@ namespace ORVImportExport {
 
 /*! The program that converts. */
 enum Engine {
-    /*! Whichever is installed: LibreOffice before AbiWord before pandoc. */
+    /*! The first that is installed: LibreOffice, AbiWord or pandoc. */
     AutomaticEngine = 0,
     LibreOfficeEngine,
     AbiWordEngine,

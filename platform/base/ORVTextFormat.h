@@ -9,14 +9,14 @@ class QTextCharFormat;
 class QTextDocument;
 class QTextImageFormat;
 
-/*! The character format of a document where its text says nothing else, and names of pictures. */
+/*! The default character format of a document, and names of pictures. */
 namespace ORVTextFormat {
 
 /*!
-    The character format that text of \a document has where nothing else is said: the one stored with
-    setDefaultCharFormat(), else a format that holds the family and point size of the document's default
-    font and nothing more (no point size when the font's size is in pixels and there is no QGuiApplication to
-    tell it). A default-constructed format when \a document is null.
+    The default character format of \a document: the one stored with setDefaultCharFormat(), else a format
+    with nothing but the family and point size of the document's default font (no point size when the font's
+    size is in pixels and there is no QGuiApplication to convert it). A default-constructed format when \a
+    document is null.
 */
 ORV_PLATFORM_EXPORT QTextCharFormat defaultCharFormat(const QTextDocument* document);
 

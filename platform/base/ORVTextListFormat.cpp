@@ -14,8 +14,8 @@
 
 namespace {
 
-// QString, list: the levels. A string, because that is the one type of variable length that Qt's formats hash
-// by value: with any other, a document's lists would cost quadratic time.
+// QString, list: the encoded levels. QString is the only type of variable length that Qt hashes by value in
+// formats. With any other, many lists would take quadratic time.
 const int levelsProperty = QTextFormat::UserProperty + 300;
 
 // Qt indents a list by 40 pixels for each step of its indent, at 96 pixels to the inch.
@@ -41,8 +41,8 @@ struct BulletStyle {
     QTextListFormat::Style style;
 };
 
-// The first marker of a style is the one that stands for it. Word processors take "o" from Courier New for a
-// circle, and code 0xA7 of Wingdings, in the private use area or not, for a square.
+// The first marker of a style represents it. Word processors use "o" of Courier New as a circle, and code
+// 0xA7 of Wingdings, in the private use area or not, as a square.
 const BulletStyle bulletStyles[] = {
     {0x2022, QTextListFormat::ListDisc},   {0x25e6, QTextListFormat::ListCircle},
     {0x25cb, QTextListFormat::ListCircle}, {'o', QTextListFormat::ListCircle},

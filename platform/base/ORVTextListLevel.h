@@ -7,14 +7,14 @@
 #include <QtCore/QString>
 
 /*!
-    One level of a multi-level list: how its items are marked and where they stand. A value type.
+    One level of a multi-level list: markers and indents of its items. A value type.
 
-    The text is a template: "%0" stands for the item's number on this level, "%1" for the number one level
-    above, and so on; everything else, a bullet for example, stands for itself.
+    The text is a template: "%0" is replaced by the item's number on this level, "%1" by the number one level
+    above, and so on. Any other text, for example a bullet, is shown literally.
 */
 class ORV_PLATFORM_EXPORT ORVTextListLevel {
 public:
-    /*! How the numbers of a level are written. */
+    /*! The number format of a level. */
     enum Kind { Bullet = 0, Decimal, LowerLetter, UpperLetter, LowerRoman, UpperRoman };
 
     /*! A decimal level with an empty template and no indents. */
@@ -22,27 +22,27 @@ public:
 
     /*! The template of the marker. */
     QString text() const { return m_text; }
-    /*! Makes \a text the template of the marker. */
+    /*! Sets the template of the marker. */
     void setText(const QString& text) { m_text = text; }
 
-    /*! A value of Kind; other values are kept as they are. */
+    /*! A value of Kind. Other values are stored unchanged. */
     unsigned kind() const { return m_kind; }
-    /*! Makes \a kind the kind of the numbers. */
+    /*! Sets the number format. */
     void setKind(unsigned kind) { m_kind = kind; }
 
     /*! Left indent of the items, in points. */
     double indent() const { return m_indent; }
-    /*! Makes \a indent, in points, the left indent of the items. */
+    /*! Sets the left indent of the items, in points. */
     void setIndent(double indent) { m_indent = indent; }
 
     /*! Position of an item's first line, in points, measured from the same edge as indent(). */
     double firstLinePosition() const { return m_firstLinePosition; }
-    /*! Makes \a position, in points, the position of an item's first line. */
+    /*! Sets the position of an item's first line, in points. */
     void setFirstLinePosition(double position) { m_firstLinePosition = position; }
 
-    /*! Whether template, kind and both positions are those of \a other. */
+    /*! Whether template, kind and both positions equal those of \a other. */
     bool operator==(const ORVTextListLevel& other) const;
-    /*! Whether this level and \a other differ in anything. */
+    /*! Whether this level and \a other differ. */
     bool operator!=(const ORVTextListLevel& other) const { return !(*this == other); }
 
 private:

@@ -18,10 +18,10 @@ const char* const homeFolder = "home";
 const char* const temporaryFolder = "temp";
 const char* const errorFile = "errors.txt";
 
-// Bytes of what a program prints that are kept: what it says last is what it failed from.
+// Bytes of the error output that are kept. The reason of a failure is at its end.
 const qint64 maxErrorOutput = 2000;
 
-// A killed process is gone at once, unless the system itself keeps it.
+// Milliseconds to wait for a killed process. Only the kernel can delay its end.
 const int killTimeout = 5000;
 
 QProcessEnvironment environment(const QString& home, const QString& temporary)

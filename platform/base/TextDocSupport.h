@@ -8,42 +8,45 @@ class QObject;
 class QString;
 class QTextDocument;
 
-/*! What QTextDocument does not do, or not well: whole copies, page breaks stated in one way, pictures. */
+/*!
+    Complete copies of documents, page breaks and pictures: what QTextDocument does not offer or does
+    incompletely.
+*/
 namespace TextDocSupport {
 
 /*!
-    A deep copy of \a document with \a parent as its parent object; the caller owns it. Null when \a document
+    A deep copy of \a document with \a parent as its parent object. The caller owns it. Null when \a document
     is null.
 
     The copy has the content, formats, lists, tables, resources, default font, style sheet and text option,
     title and URLs, page size and margins, page breaks and dynamic properties of the original. It has no undo
-    stack, and what belongs to a view only (hidden blocks, the object name, a limit of blocks) is not copied.
+    stack. State that belongs to a view (hidden blocks, the object name, a limit of blocks) is not copied.
 */
 ORV_PLATFORM_EXPORT QTextDocument* cloneDocumentQtStyle(const QTextDocument* document, QObject* parent);
 
 /*!
-    Switches off the flags of the document's default text option that show what is not text (tabs and spaces,
-    line and paragraph separators, …). Does nothing when \a document is null.
+    Clears the flags of the default text option that make invisible characters visible (tabs, spaces, line and
+    paragraph separators, …). Does nothing when \a document is null.
 */
 ORV_PLATFORM_EXPORT void clearDefaultTextOptionFlags(QTextDocument* document);
 
 /*!
-    Turns each page break after a block into a page break before the block that follows it (in the order of
-    the text, so also into a table, within it and out of it), so that every break is stated in one way. A
-    break after the last block stays, and so does what else QTextFormat::PageBreakPolicy says. One undo step.
-    Does nothing when \a document is null.
+    Moves each page break after a block to the beginning of the next block (in text order, so also into,
+    within and out of a table), so that every break is a break before a block. A break after the last block
+    and the other bits of QTextFormat::PageBreakPolicy are kept. One undo step. Does nothing when \a document
+    is null.
 */
 ORV_PLATFORM_EXPORT void normalizePageBreaks(QTextDocument* document);
 
 /*!
     The picture that \a document stores under \a name, null when there is none. \a name is a URL, relative to
-    the document's base URL. Resources that are images, pixmaps (with a QGuiApplication) or encoded bytes give
-    a picture, and so do "data:" URLs and, with names that begin with "qrc:/", the resources compiled into the
-    application.
+    the document's base URL. Resources can be images, pixmaps (with a QGuiApplication) or encoded bytes.
+    "data:" URLs are decoded, and names that begin with "qrc:/" are looked up in the resources compiled into
+    the application.
 
-    Nothing is loaded from disk, whatever the name: a name can come from a document that a stranger made. For
-    the time of the call a document that is asked for a local name is the child of another object, so the
-    thread that calls must be the one that may change \a document.
+    Nothing is loaded from disk, whatever the name: it may come from an untrusted document. During the call
+    the document may temporarily get another parent object, so call this from the thread that may change \a
+    document.
 */
 ORV_PLATFORM_EXPORT QImage image(const QTextDocument* document, const QString& name);
 

@@ -16,13 +16,13 @@ namespace {
 
 const int chunkSize = 65536;
 
-/*! How a conversion, or a step of it, went, and what there is to say about that. */
+/*! The outcome of a conversion or one of its steps, with a message for the user. */
 struct Result {
     TextTransform::Error error = TextTransform::NoError;
     QString message;
 };
 
-/*! What can be set for all conversions. */
+/*! The settings of all conversions. */
 struct Settings {
     QMutex mutex;
     QMap<ORVImportExport::Engine, QString> programs;
@@ -49,7 +49,7 @@ QStringList programsOf(const ORVConversionTool& tool)
     return program.isEmpty() ? tool.programs() : QStringList(program);
 }
 
-/*! The absolute path of \a program, empty when it is not there or cannot be run. */
+/*! The absolute path of \a program, empty when it does not exist or is not executable. */
 QString executable(const QString& program)
 {
     if (!program.contains(QLatin1Char('/'))) {
@@ -158,7 +158,7 @@ Result store(const QString& output, const QString& target)
         return cannotWrite(target, from.errorString());
     if (!to.open(QIODevice::WriteOnly))
         return cannotWrite(target, to.errorString());
-    // What a user keeps in a closed folder must not lie open in the folder for temporary files.
+    // A document from a private folder must not become readable for others.
     if (isNew)
         to.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     Result result = copy(from, to);
@@ -219,7 +219,7 @@ Result convert(QFile& source, const QString& suffix, const QString& target, ORVF
         return result;
     const QString output = QDir(folder).filePath(ORVConversionTool::outputName(format));
     const QFileInfo info(output);
-    // Only plain text can be a file of no bytes.
+    // Only plain text can be empty.
     if (!info.isFile() || (info.size() == 0 && format != ORVFormat::PlainText))
         return {TextTransform::NoOutput,
                 withOutput(QCoreApplication::translate("TextTransform", "%1 wrote nothing").arg(tool.name()),
@@ -235,7 +235,7 @@ Result transform(const QString& source, const QString& target, ORVFormat::Format
     const QList<ORVConversionTool> tools = candidates(suffix, format, engine);
     if (tools.isEmpty())
         return unsupported(suffix, engine);
-    // Opening what is not a file could wait for ever.
+    // Opening something else, for example a pipe, could block forever.
     if (QFileInfo(source).exists() && !QFileInfo(source).isFile())
         return cannotRead(source, QCoreApplication::translate("TextTransform", "not a file"));
     QFile file(source);

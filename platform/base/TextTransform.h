@@ -8,16 +8,16 @@
 class QString;
 
 /*!
-    Converts files of word processors by running other programs: LibreOffice, AbiWord or pandoc, as they are
-    installed. All functions are thread-safe; none needs an event loop or an application object.
+    Converts files of word processors by running other programs: LibreOffice, AbiWord or pandoc, whichever is
+    installed. All functions are thread-safe. None needs an event loop or an application object.
 */
 namespace TextTransform {
 
-/*! How a conversion went. errorDescription() has it in words. */
+/*! The result of a conversion. errorDescription() describes it in words. */
 enum Error {
     /*! The target holds the converted document. */
     NoError = 0,
-    /*! No program known here converts from the source's format, or into the one asked for. */
+    /*! No supported program converts from the source's format, or to the requested one. */
     UnsupportedFormat,
     /*! The source does not exist, is not a file, or may not be read. */
     SourceNotReadable,
@@ -27,42 +27,42 @@ enum Error {
     ToolFailed,
     /*! The program was killed at the time limit. */
     ToolTimedOut,
-    /*! The program wrote nothing, or what it wrote could not be stored. */
+    /*! The program wrote no output, or the output could not be stored. */
     NoOutput
 };
 
 /*!
-    Converts the file \a source (.doc, .docx, .odt, .rtf, .html or .htm) into the file \a target in \a format
-    with \a engine, and waits until that is done, at most as long as setTimeout() says.
+    Converts the file \a source (.doc, .docx, .odt, .rtf, .html or .htm) to the file \a target in \a format
+    with \a engine, and waits until that is done, at most as long as set with setTimeout().
 
-    AutomaticEngine takes the first installed program that can do the conversion; when that one fails, no
-    other is tried. LibreOffice converts between all of these; AbiWord reads no HTML, pandoc no .doc, and both
-    write Rtf and PlainText (UTF-8) only.
+    AutomaticEngine runs the first installed program that can do the conversion. If that fails, no other is
+    tried. LibreOffice converts between all of these formats; AbiWord reads no HTML and pandoc no .doc, and
+    both write Rtf and PlainText (UTF-8) only.
 
-    A new \a target can be read by its owner only; one that was there is replaced and keeps its permissions.
-    Unless NoError is returned, \a target is left as it was, and \a errorString, unless null, says more about
-    what went wrong than errorDescription() does: which programs were looked for, what the program printed. It
-    is left alone on success. No other file stays behind. The last argument is there for the callers of
-    libraries that stand in for this one; it makes no difference here.
+    A new \a target is readable by its owner only. An existing one is replaced and keeps its permissions.
+    Unless NoError is returned, \a target is left alone, and \a errorString, unless null, gets more detail
+    than errorDescription(): the programs that were looked for, the program's output. On success it is left
+    alone. No other file is left behind. The last argument is ignored; callers of libraries that replace this
+    one pass it.
 
-    The program works on a copy in a folder of its own, with settings of its own, and does not fetch pictures
-    and the like from other places. It is given no display. At the time limit it is killed, and with it the
-    programs that it started.
+    The program works on a copy in a folder of its own, with its own settings, and does not load pictures or
+    other files from elsewhere. It has no display. At the time limit it is killed, together with the programs
+    that it started.
 */
 ORV_PLATFORM_EXPORT Error transformFileViaTools(const QString& source, const QString& target,
                                                 ORVFormat::Format format, ORVImportExport::Engine engine,
                                                 QString* errorString, bool);
 
-/*! What \a error means, in the user's language; empty for NoError. */
+/*! A description of \a error in the user's language, empty for NoError. */
 ORV_PLATFORM_EXPORT QString errorDescription(Error error);
 
 /*!
-    Makes \a program the one to run for \a engine: a path, or a name to be looked up in PATH. An empty string
-    brings back the usual name. AutomaticEngine has no program of its own: nothing happens.
+    Sets the program that is run for \a engine: a path, or a name that is looked up in PATH. An empty string
+    restores the default. Does nothing for AutomaticEngine, which has no program of its own.
 */
 ORV_PLATFORM_EXPORT void setToolPath(ORVImportExport::Engine engine, const QString& program);
 
-/*! Limits each conversion to \a milliseconds, 120000 unless set; below 1 there is no limit. */
+/*! Limits each conversion to \a milliseconds (default 120000). A value below 1 removes the limit. */
 ORV_PLATFORM_EXPORT void setTimeout(int milliseconds);
 
 } // namespace TextTransform

@@ -9,8 +9,9 @@
 namespace ORVCoreUtil {
 
 /*!
-    A path in QDir::tempPath() that no file had a moment ago, ending in "." and \a suffix (in nothing when
-    \a suffix is empty). The file is not created; every call gives another path. Thread-safe.
+    A path in QDir::tempPath() that no file had at the time of the call, ending in "." and \a suffix (or
+    without ending when \a suffix is empty). The file is not created. Every call returns another path.
+    Thread-safe.
 */
 ORV_PLATFORM_EXPORT QString GetNewTempFilePath(const QString& suffix);
 

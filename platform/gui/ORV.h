@@ -5,16 +5,16 @@
 
 #include <QtCore/QStringList>
 
-/*! The types under which RTF is on the clipboard. */
+/*! The MIME types of RTF on the clipboard. */
 namespace ORV {
 
 /*!
-    The mime types under which the application offers and accepts RTF, in the order in which they are tried:
-    "text/rtf", "application/rtf", "text/richtext" and, on Windows and macOS, the platform's own name.
+    The MIME types under which the application offers and accepts RTF, in order of preference: "text/rtf",
+    "application/rtf", "text/richtext" and, on Windows and macOS, the native name.
 */
 ORV_PLATFORM_EXPORT QStringList rtfMimeTypes();
 
-/*! The mime type of the application's own flavour of RTF, Latin-1: "application/x-orvelline-markup-rtf". */
+/*! The MIME type of the application's own flavour of RTF: "application/x-orvelline-markup-rtf" in Latin-1. */
 extern ORV_PLATFORM_EXPORT const char* OrvellineMarkupRtfMimeType;
 
 } // namespace ORV
