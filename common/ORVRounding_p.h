@@ -34,8 +34,8 @@ inline int halfUp(double value)
 }
 
 /*!
-    The integer part of \a value. A value less than a millionth below an integer counts as that integer, so
-    that binary fractions do not make a length shrink each time it is stored.
+    The integer part of \a value. A value less than a millionth below an integer is treated as that integer,
+    so that binary fractions do not make a length shrink each time it is stored.
 */
 inline int truncated(double value)
 {

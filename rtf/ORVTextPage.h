@@ -9,8 +9,8 @@
 #include <QtGui/QTextOption>
 
 /*!
-    A page header or page footer. A document carries it as its dynamic property "header" or "footer"; the
-    type is known to QVariant under the name "ORVTextPage".
+    A page header or footer. A document stores it in its dynamic property "header" or "footer". QVariant knows
+    the type under the name "ORVTextPage".
 */
 class ORV_RTF_EXPORT ORVTextPage {
 public:
@@ -18,8 +18,8 @@ public:
     ~ORVTextPage();
 
     /*!
-        What the header or footer says; empty means that there is none. "<$p>" stands for the page number and
-        "<$pagecount>" for the number of pages.
+        The text; empty for no header or footer. "<$p>" is replaced by the page number and "<$pagecount>" by
+        the number of pages.
     */
     QString text;
     /*! Only the horizontal alignment is used. */

@@ -111,6 +111,7 @@ bool ORVTextRtf::toRtfFile(const QString& fileName, const QTextDocument* documen
 {
     if (!document)
         return false;
+    // Converted before the file is opened, so that a failure does not empty a file that is there.
     const QByteArray data = toRtfData(document, inPlace, exportingMode);
     if (data.isEmpty()) {
         assign(errorMessage,

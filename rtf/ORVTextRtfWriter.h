@@ -14,65 +14,66 @@ class QTextDocument;
 /*!
     Writes a QTextDocument as Rich Text Format to a device.
 
-    The device and the document belong to the caller. A writer can write several times; fonts and colours of
-    earlier documents then stay in its tables, so a writer for each document is better. A writer and the
-    document it writes are used by one thread.
+    The device and the document belong to the caller. A writer can write several documents, but fonts and
+    colours of earlier ones stay in its tables, so a new writer for each document is better. A writer and the
+    document that it writes must be used by one thread at a time.
 */
 class ORV_RTF_EXPORT ORVTextRtfWriter {
 public:
     /*! A writer without a device. */
     ORVTextRtfWriter();
-    /*! A writer to \a device, which stays the caller's. */
+    /*! A writer to \a device, which belongs to the caller. */
     explicit ORVTextRtfWriter(QIODevice* device);
     ~ORVTextRtfWriter();
 
-    /*! Makes \a device the output; it is opened for writing by write() when it is not open yet. */
+    /*! Sets the output device. write() opens it for writing if it is not open. */
     void setDevice(QIODevice* device);
-    /*! The output; null when there is none. */
+    /*! The output device, null when there is none. */
     QIODevice* device() const;
 
     /*!
-        Final output for other programs (off unless set): "<$p>" and "<$pagecount>" become page fields,
-        revision levels become colours, list items get a hanging indent, and a paragraph in front of a table
-        is ended before it.
+        Final output for other programs (off by default): "<$p>" and "<$pagecount>" become page fields,
+        revision levels become colours, list items get a hanging indent, and a paragraph before a table is
+        ended.
     */
     void setExportingMode(bool exportingMode);
     /*!
-        Whether a paragraph in front of a table is ended before it (off unless set; exporting mode does it
-        anyway). Word processors lose it otherwise; this library's reader would see an empty paragraph.
+        Whether a paragraph before a table is ended (off by default; exporting mode always does it). Otherwise
+        word processors lose the paragraph. This library's reader sees an empty paragraph instead.
     */
     void setParagraphBeforeTableEnded(bool ended);
-    /*! Writes text backgrounds as the shading of MS Word instead of as highlighting (off unless set). */
+    /*! Writes text backgrounds as shading for MS Word instead of as highlighting (off by default). */
     void setHightlightForMsWord(bool highlight);
-    /*! Colour of decorated hyperlinks; blue unless set. */
+    /*! Colour of decorated hyperlinks (default: blue). */
     void setHyperlinksColor(const QColor& color);
-    /*! Whether hyperlinks are underlined and coloured (off unless set). */
+    /*! Whether hyperlinks are underlined and coloured (off by default). */
     void setDecorateHyperlinks(bool decorate);
-    /*! Begins each note with exactly one blank (off unless set). */
+    /*! Whether each note begins with exactly one blank (off by default). */
     void setFootnotesWithLeadingSpace(bool leadingSpace);
-    /*! What footnotes are written as: footnotes unless set. */
+    /*! How footnotes are written (default: as footnotes). */
     void setFootnoteDestination(ORVTextRtf::ExportStyle destination);
-    /*! What footnotes are written as. */
+    /*! How footnotes are written. */
     ORVTextRtf::ExportStyle footnoteDestination() const;
-    /*! What annotations are written as: annotations unless set. */
+    /*! How annotations are written (default: as annotations). */
     void setAnnotationDestination(ORVTextRtf::ExportStyle destination);
-    /*! What annotations are written as. */
+    /*! How annotations are written. */
     ORVTextRtf::ExportStyle annotationDestination() const;
 
     /*!
-        Writes \a document. With \a inPlace false it works on a copy; with true the document itself loses its
-        undo history, its default text-option flags and page breaks after paragraphs.
+        Writes \a document. With \a inPlace false the writer works on a copy. With true the document itself
+        loses its undo history, its default text option flags and its page breaks after paragraphs (they
+        become breaks before the next paragraph).
 
-        Paper, margins (points), page numbering, header and footer come from the document's dynamic
+        Paper, margins (points), page numbering, header and footer are taken from the document's dynamic
         properties "paperSize", "topMargin", "leftMargin", "rightMargin", "bottomMargin", "notOnFirstPage",
         "countFirstPage", "header" and "footer".
 
-        False when there is no device or no document, when the device does not open, or when it does not take
-        the beginning of the output. What the device refuses later is only to be seen on the device.
+        False when there is no device or no document, when the device cannot be opened, or when it does not
+        accept the beginning of the output. Check the device for later write errors.
     */
     bool write(const QTextDocument* document, bool inPlace);
 
-    /*! US Letter in twips, or the area within the default margins when \a withoutMargins is true. */
+    /*! US Letter in twips; if \a withoutMargins, the size of the area within the default margins. */
     static QSize defaultPaperSize(bool withoutMargins);
     /*! The paper size of \a document in twips: its property "paperSize" (points), else US Letter. */
     static QSize paperSizeForDocument(const QTextDocument* document);

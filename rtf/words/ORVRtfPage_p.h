@@ -3,7 +3,7 @@
 
 #include "ORVTextRtfCommon.h"
 
-/*! The page as RTF states it: paper and margins in twips, US Letter unless stated. */
+/*! The page as RTF describes it: paper and margins in twips, US Letter by default. */
 struct ORVRtfPage {
     int paperWidth = ORVTextRtfCommon::defaultPaperWidth;
     int paperHeight = ORVTextRtfCommon::defaultPaperHeight;
@@ -12,7 +12,7 @@ struct ORVRtfPage {
     int topMargin = ORVTextRtfCommon::defaultTopMargin;
     int bottomMargin = ORVTextRtfCommon::defaultBottomMargin;
 
-    /*! Width of the text between the margins, in twips; 0 or less where a file says so. */
+    /*! Width of the text between the margins, in twips. May be 0 or less, as files can have any numbers. */
     double textWidth() const { return double(paperWidth) - leftMargin - rightMargin; }
 };
 

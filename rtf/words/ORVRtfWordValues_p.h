@@ -7,12 +7,12 @@
 #include <QtGui/QTextCharFormat>
 
 /*!
-    Control words and numbers that stand one to one for values of Qt or of the application: read in one
-    direction by the reader, in the other by the writer.
+    Control words and numbers that correspond one to one to values of Qt or of the application. The reader
+    maps in one direction, the writer in the other.
 */
 namespace ORVRtfWordValues {
 
-/*! A control word and the value of a format property that it stands for. */
+/*! A control word and the corresponding value of a format property. */
 struct WordValue {
     ORVTextRtfCommon::KeyWord word;
     int value;
@@ -40,7 +40,7 @@ constexpr WordValue verticalAlignments[] = {
     {ORVTextRtfCommon::TextVerticalAlignBottom, QTextCharFormat::AlignBottom},
     {ORVTextRtfCommon::TextVerticalAlignJustified, QTextCharFormat::AlignBaseline}};
 
-/*! The value that \a word stands for in \a table, 0 when it is not in there. */
+/*! The value for \a word in \a table, 0 when it is not there. */
 template <int size>
 constexpr int valueOf(const WordValue (&table)[size], ORVTextRtfCommon::KeyWord word)
 {
@@ -51,7 +51,7 @@ constexpr int valueOf(const WordValue (&table)[size], ORVTextRtfCommon::KeyWord 
     return 0;
 }
 
-/*! The control word that stands for \a value in \a table, NoKeyWord when none does. */
+/*! The control word for \a value in \a table, NoKeyWord when it is not there. */
 template <int size>
 constexpr ORVTextRtfCommon::KeyWord wordOf(const WordValue (&table)[size], int value)
 {
@@ -62,7 +62,7 @@ constexpr ORVTextRtfCommon::KeyWord wordOf(const WordValue (&table)[size], int v
     return ORVTextRtfCommon::NoKeyWord;
 }
 
-/*! How RTF numbers the kinds of list numbering. */
+/*! A kind of list numbering and its number in RTF. */
 struct NumberFormat {
     int levelNfc;
     ORVTextListLevel::Kind kind;

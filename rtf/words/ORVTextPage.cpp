@@ -2,7 +2,7 @@
 
 namespace {
 
-// Known by name from the moment the library is loaded, so that a document property can hold a page.
+// Registered when the library is loaded, so that a document property can hold a page.
 const int registeredTypeId = qRegisterMetaType<ORVTextPage>("ORVTextPage");
 
 } // namespace

@@ -7,7 +7,7 @@
 
 namespace {
 
-/*! A page reference leads to its bookmark, whatever the target of the link itself is. */
+/*! A page reference links to its bookmark, whatever the link's own target. */
 QString linkInstruction(const QTextCharFormat& format)
 {
     const QString bookmark = format.property(ORVRtfProperty::PageReference).toString();

@@ -22,7 +22,7 @@ struct ORVRtfFragmentState {
     int flags = 0;
     QByteArray noteData;
     QString name;
-    /*! Instruction of the link's field. Not compared: it only tells neighbouring links apart. */
+    /*! Instruction of the link's field. Not compared: it only distinguishes neighbouring links. */
     QString link;
 
     /*! The state of text of \a format. */

@@ -8,8 +8,8 @@ class QTextListFormat;
 namespace ORVRtfListItemText {
 
 /*!
-    The text before item \a number (counted from 1) of a list of \a format, as QTextList::itemText() gives it.
-    Qt looks the item up to know its number, which makes a long list cost the square of its length.
+    The text before item \a number (counted from 1) of a list of \a format, as QTextList::itemText() returns
+    it. That function searches the list for the item, which makes writing a long list quadratic.
 */
 QString itemText(const QTextListFormat& format, int number, bool isRightToLeft);
 

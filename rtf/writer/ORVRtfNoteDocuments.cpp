@@ -27,6 +27,7 @@ QSharedPointer<QTextDocument> ORVRtfNoteDocuments::document(const QByteArray& co
     if (known != m_documents.constEnd())
         return known.value();
 
+    // Damaged notes are remembered as well, by a null pointer, and not parsed again.
     QSharedPointer<QTextDocument> document(new QTextDocument);
     ORVTextFormat::setDefaultCharFormat(document.data(), ORVTextFormat::defaultCharFormat(owner));
     if (!readRtf(content, document.data()) || document->isEmpty())

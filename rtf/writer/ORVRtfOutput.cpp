@@ -7,7 +7,7 @@
 
 namespace {
 
-// What stands in texts for page numbers, and the characters it becomes on the way.
+// Tags for page numbers in texts, and the private characters that replace them during writing.
 const char pageNumberTag[] = "<$p>";
 const char pageCountTag[] = "<$pagecount>";
 const ushort pageNumberPlaceholder = 0xE000;
@@ -129,7 +129,7 @@ bool ORVRtfOutput::writePrintableCharacters(QString text, int fontNumber, bool l
     return true;
 }
 
-/*! Writes \a unit if it has a form of its own. */
+/*! Writes \a unit if it has a control word or escape of its own; false otherwise. */
 bool ORVRtfOutput::writeSpecialCharacter(ushort unit, int fontNumber, const QString& bookmark)
 {
     switch (unit) {
@@ -187,7 +187,7 @@ void ORVRtfOutput::writeEscapedByte(int byte)
     m_sink.append(escape, std::snprintf(escape, sizeof(escape), "\\'%02X", byte & 0xFF));
 }
 
-/*! A Unicode character, with one byte of code page 1252 behind it for programs that know no Unicode. */
+/*! Writes a Unicode character, followed by one byte of code page 1252 for programs without Unicode. */
 void ORVRtfOutput::writeUnicode(ushort unit, int fontNumber, bool& preambleWritten)
 {
     if (!preambleWritten) {
@@ -206,7 +206,7 @@ void ORVRtfOutput::writeUnicode(ushort unit, int fontNumber, bool& preambleWritt
 
 bool ORVRtfOutput::writeHexadecimalCharacters(const QByteArray& data)
 {
-    // Picture by picture these are megabytes: converted piece by piece.
+    // Pictures have megabytes, so they are converted in pieces.
     const int pieceSize = ORVRtfSink::capacity / 2;
     qint64 written = 0;
     for (int begin = 0; begin < data.size(); begin += pieceSize) {

@@ -6,15 +6,15 @@
 #include <QtGui/QColor>
 
 /*!
-    The colours of the document that is written. The first one added brings black and white with it, as
-    numbers 1 and 2; number 0 is the automatic colour, which is not in the list. Transparency is not kept.
+    The colours of the document that is written. The first one added also adds black and white as numbers 1
+    and 2. Number 0 is the automatic colour, which is not in the list. Transparency is ignored.
 */
 class ORVRtfOutputColors {
 public:
     const QList<QRgb>& colors() const { return m_colors; }
-    /*! Adds \a color unless it is there, or is invalid. */
+    /*! Adds \a color, unless it is there already or invalid. */
     void appendMissing(const QColor& color);
-    /*! Number of \a color, that of black when it is not there. */
+    /*! Number of \a color; that of black if it is not there. */
     int number(const QColor& color) const;
 
 private:

@@ -40,7 +40,8 @@ void ORVRtfOutputFonts::appendMissing(const QTextCharFormat& format)
         return;
     QFont font = compat::font(format);
     if (!family.isEmpty()) {
-        // The document's default font may add a pitch, or other families: the format would not find it again.
+        // The document's default font may contribute a pitch or other families. The format would not match
+        // them.
         compat::setFamily(font, family);
         font.setFixedPitch(fixedPitch);
     }

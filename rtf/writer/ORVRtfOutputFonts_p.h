@@ -9,21 +9,21 @@
 class QTextCharFormat;
 
 /*!
-    The fonts of the document that is written; a font's index is its RTF number. Fonts are told apart by
-    family and pitch, and the lowest number wins.
+    The fonts of the document that is written. A font's index is its number in RTF. Fonts are distinguished by
+    family and pitch; of equal ones the lowest number is used.
 */
 class ORVRtfOutputFonts {
 public:
     const QList<QFont>& fonts() const { return m_fonts; }
     void insertFirst(const QFont& font);
     void append(const QFont& font);
-    /*! Adds the font of \a format unless there is one like it; to a format without family any is. */
+    /*! Adds the font of \a format, unless there is an equal one. A format without family equals any font. */
     void appendMissing(const QTextCharFormat& format);
 
     bool contains(const QFont& font) const;
-    /*! Number of the font that \a format names, 0 when it names none or one that is not there. */
+    /*! Number of the font of \a format, 0 if it has none or one that is not there. */
     int number(const QTextCharFormat& format) const;
-    /*! Number of \a font, 0 when it is not there. */
+    /*! Number of \a font, 0 if it is not there. */
     int number(const QFont& font) const;
 
     /*! The size of \a font in half-points, without fractions of a point even if it is given in pixels. */

@@ -8,10 +8,10 @@ class QByteArray;
 class QString;
 
 /*!
-    The bytes of RTF on their way to a device: control words, structural characters and text.
+    Writes RTF to a device: control words, structural characters and text.
 
-    A control word that is followed by text must be ended by a blank; whether one is owed is remembered here.
-    Bytes are handed on in pieces of a few kilobytes; the device belongs to the caller.
+    A control word followed by text must be ended by a blank. The output remembers whether one is due. Bytes
+    are written in pieces of a few kilobytes. The device belongs to the caller.
 */
 class ORVRtfOutput {
 public:
@@ -20,9 +20,9 @@ public:
     /*! Whether header and footer placeholders in texts become page fields. */
     void setExportingMode(bool exportingMode) { m_exportingMode = exportingMode; }
 
-    /*! Begins a new stream: nothing is owed and nothing has failed. */
+    /*! Begins a new stream: resets the pending blank and the failure. */
     void begin();
-    /*! Hands all bytes on. False when the device refused some, now or earlier. */
+    /*! Writes all buffered bytes to the device. False when the device refused some, now or earlier. */
     bool flush() { return m_sink.flush(); }
 
     /*! Writes the control word \a spelling, which includes the backslash. */
@@ -31,7 +31,7 @@ public:
     /*! Writes a control word and its number without a blank between them. */
     bool write(const char* spelling, int value);
     bool write(ORVTextRtfCommon::KeyWord keyWord, int value);
-    /*! Writes a control word and the blank that ends it, whatever follows. */
+    /*! Writes a control word and the blank that ends it. */
     void writeClosedWord(ORVTextRtfCommon::KeyWord keyWord);
     /*! Writes \a words, control words with their numbers as another output has written them. */
     void writeWords(const QByteArray& words);
@@ -39,18 +39,18 @@ public:
     void writeStructure(char c);
     void openGroup() { writeStructure('{'); }
     void closeGroup() { writeStructure('}'); }
-    /*! Opens a group that programs may skip when they do not know \a keyWord, which is written too. */
+    /*! Opens a group with the destination \a keyWord, which programs skip if they do not know it. */
     void openIgnorableGroup(ORVTextRtfCommon::KeyWord keyWord);
-    /*! Writes the blank that the last control word is owed. */
+    /*! Writes the blank that ends the last control word, if one is due. */
     void endKeyword();
     bool isKeywordPending() const { return m_keywordPending; }
 
     /*!
-        Writes \a text so that any RTF reader takes it for text, in the font of number \a fontNumber.
+        Writes \a text as literal text, in the font of number \a fontNumber.
 
-        \a leadingSpace lets it begin with the blank owed to a control word. In \a verbatim mode "{", "}", "\"
-        and the characters that have control words of their own are written as they are. \a bookmark is what
-        page placeholders refer to, if not to the page they stand on. Always true.
+        With \a leadingSpace a blank that is due is written first. In \a verbatim mode "{", "}", "\" and the
+        characters that have control words are written as they are. Page placeholders refer to the page of \a
+        bookmark, or to the current page if it is empty. Always true.
     */
     bool writePrintableCharacters(QString text, int fontNumber, bool leadingSpace, bool verbatim,
                                   const QString& bookmark);

@@ -7,13 +7,13 @@
 #include <QtCore/QString>
 #include <QtGui/QTextCharFormat>
 
-/*! A character format and what follows from it, worked out once however many runs of text have it. */
+/*! A character format with everything derived from it, computed once for all runs of text that have it. */
 struct ORVRtfRunFormat {
     QTextCharFormat format;
     ORVRtfFragmentState state;
     bool isPicture = false;
     bool isCollected = false;
-    // The control words that state the format, made when they are first written.
+    // The control words for the format, created when they are first written.
     QByteArray words;
     int fontNumber = 0;
     QString pageReference;

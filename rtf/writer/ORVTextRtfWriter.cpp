@@ -34,6 +34,7 @@ QIODevice* ORVTextRtfWriter::device() const
 void ORVTextRtfWriter::setExportingMode(bool exportingMode)
 {
     d->m_settings.exportingMode = exportingMode;
+    // The output replaces the page placeholders in texts.
     d->m_output.setExportingMode(exportingMode);
 }
 

@@ -16,7 +16,10 @@ namespace {
 const int outlineWidth = 60;
 const int automaticColor = 0;
 
-/*! Whether \a pen draws the outline of outlined text: a thin black line, whatever default width it has. */
+/*!
+    Whether \a pen is that of outlined text: a thin black line. The default width of a pen depends on the Qt
+    version.
+*/
 bool isDefaultOutline(const QPen& pen)
 {
     return pen == QPen(Qt::SolidLine) || pen == QPen(QBrush(Qt::black), 0);
@@ -57,6 +60,7 @@ QColor ORVTextRtfWriterPrivate::foregroundColor(const QTextCharFormat& format) c
     return compat::brushColor(format, QTextFormat::ForegroundBrush);
 }
 
+/*! The words are created once for each format: runs of the same format are frequent. */
 void ORVTextRtfWriterPrivate::writeCharFormat(RunFormat& run)
 {
     if (run.words.isEmpty()) {
@@ -66,7 +70,9 @@ void ORVTextRtfWriterPrivate::writeCharFormat(RunFormat& run)
     m_output.writeWords(run.words);
 }
 
-/*! States every property that \a format has. Nothing is reset: text stands in groups of its own. */
+/*!
+    Writes every property that \a format has. Nothing is reset, since each run of text has a group of its own.
+*/
 QByteArray ORVTextRtfWriterPrivate::charFormatWords(const QTextCharFormat& format) const
 {
     QByteArray bytes;
@@ -120,6 +126,7 @@ void ORVTextRtfWriterPrivate::writeColors(const QTextCharFormat& format, ORVRtfO
         words.write(UnderlineSolid);
         words.write(UnderlineColor, m_colors.number(m_settings.hyperlinksColor));
     }
+    // A document without colours has no colour table that numbers could refer to.
     const int colorCount = int(m_colors.colors().size());
     if (hasChosenColor(format) || format.hasProperty(QTextFormat::ForegroundBrush)) {
         const int number = m_colors.number(foregroundColor(format));
@@ -133,7 +140,7 @@ void ORVTextRtfWriterPrivate::writeColors(const QTextCharFormat& format, ORVRtfO
     }
 }
 
-/*! MS Word knows a few highlight colours only; as shading it takes any. */
+/*! MS Word has few highlight colours, but accepts any colour as shading. */
 void ORVTextRtfWriterPrivate::writeBackground(int number, ORVRtfOutput& words) const
 {
     words.write(BackgroundColor, number);

@@ -20,7 +20,7 @@ bool isAnchored(const QTextCharFormat& format)
 
 } // namespace
 
-/*! \a next is the fragment behind \a fragment in the same paragraph, if there is one. */
+/*! \a next is the next fragment of the same paragraph, invalid at its end. */
 void ORVTextRtfWriterPrivate::processFragment(const QTextFragment& fragment, const QTextFragment& next,
                                               const QTextBlock& block, Pass pass)
 {
@@ -30,8 +30,8 @@ void ORVTextRtfWriterPrivate::processFragment(const QTextFragment& fragment, con
         return;
     }
 
-    // What the text is, not what it is written as, counts: a note that is written as one of another kind
-    // begins anew with each fragment. Programs in the field rely on it.
+    // The state is compared before conversion: a note that is written as another kind begins anew with each
+    // fragment. Programs in the field rely on it.
     if (goesOnIn(run.state)) {
         m_paragraph.lastRun = &run;
         writeContent(fragment, run, true);
@@ -40,7 +40,8 @@ void ORVTextRtfWriterPrivate::processFragment(const QTextFragment& fragment, con
     finalizeFragmentState(run.state.name);
     m_paragraph.fragment = run.state.convertedState(m_settings);
     m_paragraph.lastRun = &run;
-    // Where more text follows in the same construct, each has a group, so that no format leaks.
+    // If more text follows in the same construct, each run has a group, so that its format does not affect
+    // the next.
     const bool isFollowed = next.isValid() && goesOnIn(m_text.runFormat(next).state);
     openState(fragment, run, isFollowed, block);
 }
@@ -61,7 +62,7 @@ void ORVTextRtfWriterPrivate::collectRun(RunFormat& run)
     collectNote(run.format);
 }
 
-/*! Notes bring fonts, colours and lists of their own. */
+/*! Notes have fonts, colours and lists of their own. */
 void ORVTextRtfWriterPrivate::collectNote(const QTextCharFormat& format)
 {
     if (!format.property(HasNoteContent).toBool())
@@ -126,7 +127,7 @@ void ORVTextRtfWriterPrivate::openFootnote(const QTextFragment& fragment, RunFor
     writeNoteText(fragment, run, isFollowed, block);
 }
 
-/*! The footnote stands inside the group of its mark, and begins with the mark again. */
+/*! Opens the footnote inside the group of its mark. The footnote begins with the mark again. */
 void ORVTextRtfWriterPrivate::openFootnoteGroups(bool isAlternate, RunFormat& mark)
 {
     m_output.openGroup();
@@ -146,7 +147,7 @@ void ORVTextRtfWriterPrivate::openFootnoteGroups(bool isAlternate, RunFormat& ma
     m_output.closeGroup();
 }
 
-/*! The text of a note that begins here: the note attached to \a fragment, or the fragment itself. */
+/*! Writes the text of a note: the note attached to \a fragment, or the inline text of the fragment itself. */
 void ORVTextRtfWriterPrivate::writeNoteText(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
                                             const QTextBlock& block)
 {
@@ -175,8 +176,8 @@ void ORVTextRtfWriterPrivate::openHyperlink(const QTextFragment& fragment, RunFo
 }
 
 /*!
-    Writes the text of \a fragment, or its pictures: neighbours of equal format stand in one fragment, a
-    character each.
+    Writes the text of \a fragment, or its pictures: Qt joins neighbouring pictures of equal format into one
+    fragment with a character for each.
 */
 void ORVTextRtfWriterPrivate::writeContent(const QTextFragment& fragment, RunFormat& run, bool inGroup,
                                            bool isTrimmed)
@@ -193,7 +194,10 @@ void ORVTextRtfWriterPrivate::writeContent(const QTextFragment& fragment, RunFor
         m_output.closeGroup();
 }
 
-/*! Ends the state that is open; the text that follows belongs to \a nextBookmark, if to any. */
+/*!
+    Closes the open construct. \a nextBookmark is the bookmark of the text that follows, if any: a bookmark
+    goes on while its name stays.
+*/
 void ORVTextRtfWriterPrivate::finalizeFragmentState(const QString& nextBookmark)
 {
     const int flags = m_paragraph.fragment.flags;
@@ -270,7 +274,7 @@ void ORVTextRtfWriterPrivate::writeNote(const QByteArray& content)
     processSubDocument(document.data(), Write);
 }
 
-/*! Walks a note; the paragraph around it goes on afterwards as if nothing had happened. */
+/*! Walks a note. The state of the paragraph around it is restored afterwards. */
 void ORVTextRtfWriterPrivate::processSubDocument(QTextDocument* document, Pass pass)
 {
     if (!document || m_noteDepth >= ORVRtfLimits::noteNesting)

@@ -11,7 +11,7 @@ using namespace ORVRtfUnits;
 
 namespace {
 
-// Levels that are written of a list.
+// More levels of a list are not written.
 const int mostLevels = 8;
 const int spaceAfterNumber = 360;
 
@@ -25,8 +25,9 @@ int levelNumberFormat(unsigned kind)
 }
 
 /*!
-    Turns the template of level \a levelIndex into RTF's form: a character for its length, then the text with
-    the numbers of levels as the characters of their codes. \a positions gets the places of the numbers.
+    Converts the template of level \a levelIndex to RTF: a character that is the length, then the text with
+    each number of a level replaced by the character that has the level as its code. \a positions gets the
+    positions of these characters.
 */
 QString levelText(const QString& levelTemplate, int levelIndex, QString& positions)
 {
@@ -60,7 +61,7 @@ void ORVTextRtfWriterPrivate::collectList(QTextList* list, const QTextCharFormat
     m_lists.append(list, format);
 }
 
-/*! The list table, and the override table by whose numbers paragraphs refer to it. */
+/*! Writes the list table, and the override table that paragraphs refer to. */
 void ORVTextRtfWriterPrivate::writeListTemplates()
 {
     const QList<ORVRtfOutputLists::List>& lists = m_lists.lists();
@@ -136,7 +137,7 @@ void ORVTextRtfWriterPrivate::writeListLevel(const ORVTextListLevel& level, int 
     m_output.closeGroup();
 }
 
-/*! `{\word text;}`; placeholders in the text are control characters, so it is written as it is. */
+/*! `{\word text;}`. The placeholders in the text are control characters, so it is written verbatim. */
 void ORVTextRtfWriterPrivate::writeLevelGroup(KeyWord keyWord, const QString& text)
 {
     m_output.openGroup();

@@ -14,7 +14,7 @@ using namespace ORVRtfWordValues;
 
 namespace {
 
-// Hanging indent of exported list items that state none, in twips.
+// Hanging indent, in twips, of exported list items without one.
 const int listItemOffset = -360;
 
 int twips(double points)
@@ -24,7 +24,7 @@ int twips(double points)
 
 } // namespace
 
-/*! \a next is the paragraph that follows in the same cell or frame, if one does. */
+/*! \a next is the next paragraph of the same cell or frame, invalid at its end. */
 void ORVTextRtfWriterPrivate::processBlock(const QTextBlock& block, const QTextBlock& next, Pass pass)
 {
     QTextBlock::iterator it = block.begin();
@@ -52,7 +52,7 @@ void ORVTextRtfWriterPrivate::processBlock(const QTextBlock& block, const QTextB
         endFragments(next);
 }
 
-/*! Paragraph properties are stated when they change; the result tells whether they were. */
+/*! Paragraph properties are written only when they change. Returns whether they were. */
 bool ORVTextRtfWriterPrivate::beginParagraph(const QTextBlock& block)
 {
     const int formatNumber = block.blockFormatIndex();
@@ -168,7 +168,7 @@ void ORVTextRtfWriterPrivate::writeListItem(const QTextBlock& block, QTextList* 
     m_output.closeGroup();
 }
 
-/*! A note or bookmark goes on in the next paragraph if that begins in the same state; a link never does. */
+/*! A note or bookmark continues if the next paragraph begins in the same state. A link never does. */
 void ORVTextRtfWriterPrivate::endFragments(const QTextBlock& next)
 {
     if (m_paragraph.fragment == FragmentState())

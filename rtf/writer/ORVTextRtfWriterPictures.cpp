@@ -19,10 +19,10 @@ using namespace ORVRtfProperty;
 
 namespace {
 
-// Formulas of the application are known by this prefix of their file name.
+// The application recognises its formulas by this prefix of the file name.
 const char pdfNamePrefix[] = "MathTypeEdEq";
 
-/*! \a value as text; bytes are taken for UTF-8 when they are valid as that, else for Latin-1. */
+/*! \a value as text. Bytes are UTF-8 if they are valid UTF-8, else Latin-1. */
 QString toText(const QVariant& value)
 {
     if (value.userType() != QMetaType::QByteArray)
@@ -45,6 +45,7 @@ void ORVTextRtfWriterPrivate::writePicture(const QTextImageFormat& format)
 {
     writePicturePosition(format);
     QString name = ORVTextFormat::imageName(format);
+    // Resource paths of Qt are no URLs, which is what documents look pictures up by.
     if (name.startsWith(QLatin1String(":/")))
         name.prepend(QLatin1String("qrc"));
     const QImage image = TextDocSupport::image(m_text.document(), name);
@@ -93,6 +94,7 @@ void ORVTextRtfWriterPrivate::writePictureData(const QTextImageFormat& format, c
     m_output.write(PictureGoalWidth, ORVUnit::rtfPixelsToTwips(ORVRounding::truncated(format.width())));
     m_output.write(PictureGoalHeight, ORVUnit::rtfPixelsToTwips(ORVRounding::truncated(format.height())));
 
+    // Encoding a JPEG again would lose quality.
     QByteArray data;
     if (ORVRtfPictureKind::isJpeg(format.property(ImageType).toString()))
         data = format.property(SourceImageData).toByteArray();

@@ -19,7 +19,7 @@ namespace {
 const int fixedPitch = 1;
 const int variablePitch = 2;
 
-/*! The family word says what kind of font may replace one that a program does not have. */
+/*! The family word tells programs how to replace a font that is not installed. */
 ORVTextRtfCommon::KeyWord familyWord(const QFont& font)
 {
     const QString family = compat::family(font).toLower();
@@ -56,10 +56,12 @@ bool ORVTextRtfWriterPrivate::write(const QTextDocument* document, bool inPlace)
     if (!inPlace)
         copy.reset(TextDocSupport::cloneDocumentQtStyle(document, nullptr));
     m_document = inPlace ? const_cast<QTextDocument*>(document) : copy.data();
+    // Otherwise the undo history would record the changes below.
     m_document->setUndoRedoEnabled(false);
     TextDocSupport::clearDefaultTextOptionFlags(m_document);
     TextDocSupport::normalizePageBreaks(m_document);
 
+    // From the original: the copy that the platform makes need not have these properties.
     readPageSetup(document);
     const bool begun = writeHeader();
     if (begun) {
@@ -69,6 +71,7 @@ bool ORVTextRtfWriterPrivate::write(const QTextDocument* document, bool inPlace)
         m_output.closeGroup();
         m_output.flush();
     }
+    // Lists belong to the documents, which end here.
     m_noteDocuments.clear();
     m_lists.clear();
     m_document = nullptr;
@@ -86,6 +89,7 @@ bool ORVTextRtfWriterPrivate::writeHeader()
     m_output.write(UnicodeCharacterBytes, 1);
     m_output.write(DefaultFontNumber, 0);
     m_output.writeStructure('\n');
+    // A device that refuses the first bytes is noticed before the document is walked.
     return m_output.flush();
 }
 
@@ -174,7 +178,8 @@ void ORVTextRtfWriterPrivate::writeDocumentSettings(const QTextDocument* documen
     m_output.write(RightMargin, m_page.rightMargin);
     m_output.write(TopMargin, m_page.topMargin);
     m_output.write(BottomMargin, m_page.bottomMargin);
-    // Both kinds of notes may occur: footnotes at the bottom of the page, endnotes behind the text.
+    // Both kinds of notes may occur: footnotes at the bottom of the page, endnotes at the end of the
+    // document.
     m_output.write(FootnoteEndnoteType, 2);
     m_output.write(FootnotesAtBottomOfPage);
     m_output.write(EndnotesAtEndOfDocument);

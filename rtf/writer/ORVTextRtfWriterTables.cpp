@@ -10,11 +10,12 @@ using namespace ORVRtfUnits;
 
 namespace {
 
-// Width of a column that states none, in points.
+// Width of a column without one, in points.
 const int defaultColumnWidth = 200;
-// The widest border there is, in twips.
+// The widest border in RTF, in twips.
 const int widestBorder = 255;
-// Colours up to this number are no shading: the automatic one and black, which stands for missing ones.
+// Colours up to this number are not written as shading: the automatic one, and black, which missing colours
+// map to.
 const int noShading = 1;
 
 /*! Width of \a column in points; \a totalWidth is that of the text, in points. */
@@ -53,7 +54,7 @@ void ORVTextRtfWriterPrivate::processTableCell(const QTextTableCell& cell, Pass 
     m_paragraph.skipEmpty = false;
 }
 
-/*! Walks what stands in a frame or a cell: tables, frames and, if \a hasBlocks, paragraphs. */
+/*! Walks the content of a frame or cell: tables, frames and, if \a hasBlocks, paragraphs. */
 void ORVTextRtfWriterPrivate::processContent(QTextFrame::iterator it, const QTextFrame::iterator& end,
                                              bool hasBlocks, Pass pass)
 {
@@ -69,7 +70,7 @@ void ORVTextRtfWriterPrivate::processContent(QTextFrame::iterator it, const QTex
             processTable(table, pass);
             m_paragraph.skipEmpty = true;
         } else if (child) {
-            // Of a frame that is no table only the frames within it are written.
+            // Frames other than tables have no counterpart in RTF. Only frames within them are written.
             const QList<QTextFrame*> frames = child->childFrames();
             for (const QTextFrame* inner : frames)
                 processFrame(inner, pass);
@@ -104,6 +105,7 @@ void ORVTextRtfWriterPrivate::collectTable(const QTextTable* table)
     for (int row = 0; row < table->rows(); ++row) {
         for (int column = 0; column < table->columns(); ++column) {
             const QTextTableCell cell = table->cellAt(row, column);
+            // A merged cell comes up at each place that it covers.
             if (!cell.isValid() || cell.row() != row || cell.column() != column)
                 continue;
             m_colors.appendMissing(compat::brushColor(cell.format(), QTextFormat::BackgroundBrush));
@@ -119,7 +121,10 @@ void ORVTextRtfWriterPrivate::writeTable(const QTextTable* table)
         writeTableRow(table, row);
 }
 
-/*! A row is defined behind its cells, and at the outermost level before them too. */
+/*!
+    The definition of a row follows its cells. At the outermost level it also precedes them, as word
+    processors do it.
+*/
 void ORVTextRtfWriterPrivate::writeTableRow(const QTextTable* table, int row)
 {
     const int depth = m_paragraph.tableDepth;
@@ -164,7 +169,7 @@ void ORVTextRtfWriterPrivate::processTableRowDefinition(const QTextTable* table,
         m_output.write(LastRow);
     m_output.writeStructure(' ');
 
-    // What is seen of borders belongs to the cells.
+    // Visible borders are properties of the cells.
     if (isFirst)
         writeNoBorder(TableRowBorderTop);
     writeNoBorder(TableRowBorderRight);
@@ -214,7 +219,7 @@ void ORVTextRtfWriterPrivate::writeCellDefinition(const QTextTableCell& cell, in
         backgroundColor(cell);
 }
 
-/*! One border format serves all sides of all cells. */
+/*! QTextTableFormat has one border for all sides of all cells. */
 void ORVTextRtfWriterPrivate::writeCellBorder(KeyWord side, const QTextTableFormat& format)
 {
     const double border = format.doubleProperty(QTextFormat::FrameBorder);

@@ -27,8 +27,8 @@ class QTextTableCell;
 class QTextTableFormat;
 
 /*!
-    One document on its way to RTF. It is walked twice: once to collect its fonts, colours and lists, whose
-    tables come first in the file, and once to write it.
+    Writes one document as RTF. The document is walked twice: the first pass collects its fonts, colours and
+    lists, whose tables come first in the file; the second pass writes it.
 */
 class ORVTextRtfWriterPrivate : public ORVTextRtfCommon {
 public:
@@ -38,23 +38,23 @@ public:
     ORVRtfWriterSettings m_settings;
 
 private:
-    /*! What the walk over the document is for; nothing is written while collecting. */
+    /*! The two passes. Nothing is written while collecting. */
     enum Pass { Collect, Write };
 
     typedef ORVRtfFragmentState FragmentState;
     typedef ORVRtfRunFormat RunFormat;
 
-    /*! What is known of the paragraphs that are being written; a note has its own. */
+    /*! State of the paragraphs that are being written. A note has its own. */
     struct ParagraphState {
         FragmentState fragment;
         // RTF of the note whose anchor is open.
         QByteArray pendingNote;
-        // Format of the run that was written last: a footnote's mark takes it.
+        // Format of the last run written, for the mark of a footnote.
         RunFormat* lastRun = nullptr;
         // Number of the format in the document.
         int blockFormat = -1;
         bool isFirst = true;
-        // The next paragraph, directly behind a table, is left out when it is empty.
+        // The next paragraph follows a table directly and is left out if it is empty.
         bool skipEmpty = false;
         int tableDepth = 0;
     };
