@@ -14,6 +14,9 @@ class QIODevice;
     whatever its size.
 
     Both devices belong to the caller, who opens and closes them.
+
+    The inherited read() is of no use here. Without an output device it reads the input to its end, returns
+    false, and error() is 10.
 */
 class ORV_RTF_EXPORT ORVTextRtfStripper : public ORVTextRtfReader {
 public:

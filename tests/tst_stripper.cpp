@@ -1,9 +1,14 @@
 #include "ORVTextRtfStripper.h"
 
 #include <QtCore/QBuffer>
+#include <QtGui/QTextDocument>
 #include <QtTest/QtTest>
 
 namespace {
+
+const int unmatchedOpeningBrace = 2;
+const int noDocument = 6;
+const int couldNotOpenDevice = 10;
 
 QByteArray stripped(QByteArray rtf)
 {
@@ -48,6 +53,11 @@ private slots:
     void startsAtTheCurrentPosition();
     void refusedOutput();
     void everyPassBeginsAnew();
+    void readsWithoutOutput_data();
+    void readsWithoutOutput();
+    void readsWithoutDevices();
+    void readsIntoNoDocument();
+    void copiesAfterReadingWithoutOutput();
 };
 
 void TestStripper::copies_data()
@@ -338,5 +348,96 @@ void TestStripper::everyPassBeginsAnew()
     QCOMPARE(result, QByteArray("\n{\\pictxb y"));
 }
 
-QTEST_APPLESS_MAIN(TestStripper)
+void TestStripper::readsWithoutOutput_data()
+{
+    QTest::addColumn<QByteArray>("rtf");
+    QTest::addColumn<QString>("text");
+
+    QTest::newRow("nothing") << QByteArray() << QString();
+    QTest::newRow("text without words") << QByteArray("{text}") << QString::fromLatin1("text");
+    QTest::newRow("words and text") << QByteArray("{\\rtf1 one\\par two}") << QString::fromLatin1("onetwo");
+    // More than is held back for an output, in words, in numbers and in bytes.
+    const int count = 20000;
+    QTest::newRow("many words") << "{\\rtf1" + QByteArray("\\b").repeated(count) + " text}"
+                                << QString::fromLatin1("text");
+    QTest::newRow("many numbers") << "{\\rtf1" + QByteArray("\\fs24").repeated(count) + " text}"
+                                  << QString::fromLatin1("text");
+    QTest::newRow("many words between text")
+        << "{\\rtf1" + QByteArray("\\b x").repeated(count) + "}" << QString(count, QLatin1Char('x'));
+    QTest::newRow("many escaped bytes")
+        << "{\\rtf1" + QByteArray("\\'e9").repeated(count) + "text}" << QString::fromLatin1("text");
+    QTest::newRow("much binary data") << QByteArray("\\bin200 " + QByteArray(200, 'x')).repeated(count / 200)
+            + "{text}" << QString::fromLatin1("text");
+    QTest::newRow("damage") << QByteArray("}{\\rtf1 text{") << QString::fromLatin1("text");
+}
+
+/*! The inherited read() has nowhere to write what it copies: it reads all the same, and fails. */
+void TestStripper::readsWithoutOutput()
+{
+    QFETCH(QByteArray, rtf);
+    QFETCH(QString, text);
+    QBuffer input(&rtf);
+    QVERIFY(input.open(QIODevice::ReadOnly));
+    QTextDocument document;
+
+    ORVTextRtfStripper stripper;
+    stripper.setDevice(&input);
+
+    QVERIFY(!stripper.read(&document));
+    QCOMPARE(stripper.error(), couldNotOpenDevice);
+    QCOMPARE(stripper.errorString(), QString::fromLatin1("Could not open device"));
+    QVERIFY(input.atEnd());
+    QCOMPARE(document.toPlainText(), text);
+}
+
+void TestStripper::readsWithoutDevices()
+{
+    QTextDocument document;
+    ORVTextRtfStripper stripper;
+
+    QVERIFY(!stripper.read(&document));
+    QCOMPARE(stripper.error(), couldNotOpenDevice);
+}
+
+void TestStripper::readsIntoNoDocument()
+{
+    QByteArray rtf("{x}");
+    QBuffer input(&rtf);
+    QVERIFY(input.open(QIODevice::ReadOnly));
+    ORVTextRtfStripper stripper;
+    stripper.setDevice(&input);
+
+    QVERIFY(!stripper.read(nullptr));
+    QCOMPARE(stripper.error(), noDocument);
+}
+
+void TestStripper::copiesAfterReadingWithoutOutput()
+{
+    QByteArray first("{\\rtf1\\b first");
+    QByteArray second("{\\b second}");
+    QBuffer input(&first);
+    QVERIFY(input.open(QIODevice::ReadOnly));
+    QTextDocument document;
+    QByteArray result;
+    QBuffer output(&result);
+    QVERIFY(output.open(QIODevice::WriteOnly));
+
+    ORVTextRtfStripper stripper;
+    stripper.setDevice(&input);
+    QVERIFY(!stripper.read(&document));
+    QBuffer inputOfCopy(&second);
+    QVERIFY(inputOfCopy.open(QIODevice::ReadOnly));
+    stripper.setDevice(&inputOfCopy);
+    stripper.setOutput(&output);
+    stripper.process();
+    QCOMPARE(result, QByteArray("\n{\\b second}\n"));
+
+    // With an output the status is that of the input again.
+    QVERIFY(input.seek(0));
+    stripper.setDevice(&input);
+    QVERIFY(!stripper.read(&document));
+    QCOMPARE(stripper.error(), unmatchedOpeningBrace);
+}
+
+QTEST_MAIN(TestStripper)
 #include "tst_stripper.moc"

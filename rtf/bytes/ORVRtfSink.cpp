@@ -51,6 +51,6 @@ void ORVRtfSink::appendBeyondBuffer(const char* bytes, qint64 length)
 
 void ORVRtfSink::handOn(const char* bytes, qint64 length)
 {
-    if (m_device->write(bytes, length) != length)
+    if (!m_device || m_device->write(bytes, length) != length)
         m_failed = true;
 }

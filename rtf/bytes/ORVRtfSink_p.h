@@ -10,6 +10,8 @@ class QIODevice;
 
 /*!
     Bytes on their way to a device, handed on in pieces of a few kilobytes. The device belongs to the caller.
+
+    Without a device the bytes are dropped, and the sink has failed.
 */
 class ORVRtfSink {
 public:

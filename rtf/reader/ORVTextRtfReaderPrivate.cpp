@@ -132,6 +132,8 @@ int ORVTextRtfReaderPrivate::parseFile()
     const int status = parseContent();
     abandonTables();
     assembleLists();
+    if (m_lacksOutput)
+        return DeviceNotOpen;
     if (status != NoError)
         return status;
     return m_groups.isEmpty() ? NoError : UnmatchedOpeningBrace;

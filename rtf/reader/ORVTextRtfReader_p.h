@@ -48,6 +48,8 @@ public:
 
     ORVRtfInput m_input;
     int m_error = NoError;
+    // A subclass that writes what it reads has no device to write to: it reads, and fails with DeviceNotOpen.
+    bool m_lacksOutput = false;
 
     ORVRtfPage m_page;
 

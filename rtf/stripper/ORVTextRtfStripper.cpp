@@ -16,12 +16,23 @@ ORVTextRtfStripper::~ORVTextRtfStripper() { }
 
 void ORVTextRtfStripper::setOutput(QIODevice* output)
 {
-    static_cast<ORVTextRtfStripperPrivate*>(d)->m_sink.setDevice(output);
+    static_cast<ORVTextRtfStripperPrivate*>(d)->setOutput(output);
 }
 
 void ORVTextRtfStripper::process()
 {
     static_cast<ORVTextRtfStripperPrivate*>(d)->process();
+}
+
+ORVTextRtfStripperPrivate::ORVTextRtfStripperPrivate()
+{
+    m_lacksOutput = true;
+}
+
+void ORVTextRtfStripperPrivate::setOutput(QIODevice* output)
+{
+    m_sink.setDevice(output);
+    m_lacksOutput = !output;
 }
 
 void ORVTextRtfStripperPrivate::process()

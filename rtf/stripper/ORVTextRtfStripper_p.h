@@ -9,11 +9,12 @@
 */
 class ORVTextRtfStripperPrivate : public ORVTextRtfReaderPrivate {
 public:
+    ORVTextRtfStripperPrivate();
+
     int translateControlWord(KeyWord keyWord, bool hasParameter, int parameter) override;
 
+    void setOutput(QIODevice* output);
     void process();
-
-    ORVRtfSink m_sink;
 
 private:
     void copyInput();
@@ -23,6 +24,7 @@ private:
     void copyBytes(int count);
     void endLine();
 
+    ORVRtfSink m_sink;
     // The last thing written is a control word that text must be kept apart from.
     bool m_spaceOwed = false;
 };
