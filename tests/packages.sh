@@ -85,7 +85,7 @@ check_content() {
     done
     has liborvrtf-dev usr/include/OrvRtf/ORVTextRtf.h usr/include/OrvRtf/ORVTextFormat.h \
         "$libraries/cmake/OrvRtf/OrvRtfConfig.cmake" "$libraries/pkgconfig/OrvRtf.pc"
-    has orvrtf usr/bin/orvrtf "$libraries/orvrtf/orvrtf-documents.so"
+    has orvrtf usr/bin/orvrtf
     for name in "${!deb[@]}"; do
         has "$name" "usr/share/doc/$name/copyright" "usr/share/doc/$name/changelog.gz" \
             "usr/share/doc/$name/CHANGELOG.md.gz"

@@ -59,7 +59,6 @@ private slots:
     void help();
     void needsNoDisplay();
     void platformOfTheEnvironmentIsNotUsed();
-    void incompleteInstallation();
     void fileNamesInCLocale();
     void fileNamesThatLookLikeOptions();
 };
@@ -610,25 +609,6 @@ void tst_tool::platformOfTheEnvironmentIsNotUsed()
     QCOMPARE(result.err, QByteArray());
     QCOMPARE(result.exitCode, 0);
     QCOMPARE(result.out, QByteArray("Text\n"));
-}
-
-/*! The program without its module tells its version, and what is wrong with it. */
-void tst_tool::incompleteInstallation()
-{
-    QVERIFY(QDir(m_dir->path()).mkdir(QLatin1String("bin")));
-    QVERIFY(QFile::copy(QString::fromUtf8(ORVRTF_TOOL), path("bin/orvrtf")));
-    const QString in = write("in.rtf", "{\\rtf1 Text}");
-    QProcess process;
-    process.setProcessEnvironment(m_environment);
-    process.start(path("bin/orvrtf"), {QLatin1String("check"), in});
-    const ToolRun result = finish(process);
-    QCOMPARE(result.exitCode, 1);
-    QCOMPARE(result.out, QByteArray());
-    QVERIFY2(isOneLineAboutTool(result.err), result.err.constData());
-    QVERIFY2(result.err.contains("not installed completely"), result.err.constData());
-
-    process.start(path("bin/orvrtf"), {QLatin1String("--version")});
-    QCOMPARE(finish(process).exitCode, 0);
 }
 
 void tst_tool::fileNamesInCLocale()

@@ -737,10 +737,6 @@ Fehler: %3</translation>
         <translation>%1; siehe orvrtf --help</translation>
     </message>
     <message>
-        <source>the program is not installed completely: %1</source>
-        <translation>Das Programm ist nicht vollständig installiert: %1</translation>
-    </message>
-    <message>
         <source>Show this help.</source>
         <translation>Diese Hilfe zeigen.</translation>
     </message>

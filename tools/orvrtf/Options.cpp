@@ -388,6 +388,11 @@ Options commandOptions(const Arguments& arguments)
 
 } // namespace
 
+bool Options::needsDocuments() const
+{
+    return needsFonts() || command == Check || command == Strip;
+}
+
 Options Options::parse(const QStringList& arguments)
 {
     Arguments known;

@@ -37,6 +37,11 @@ struct Options {
     /*! What --help prints, for Help; what is wrong with the command line, for Invalid. */
     QString text;
 
+    /*! Whether the command reads a document: Convert, Info, Check and Strip. */
+    bool needsDocuments() const;
+    /*! Whether the command measures or writes text, and so needs a QGuiApplication: Convert and Info. */
+    bool needsFonts() const { return command == Convert || command == Info; }
+
     /*! Reads \a arguments, the program's name first. Needs a QCoreApplication. */
     static Options parse(const QStringList& arguments);
 };

@@ -1,12 +1,13 @@
 #include "Batch.h"
-#include "DocumentModule.h"
+#include "Commands.h"
 #include "Messages.h"
 #include "Options.h"
 #include "Streams.h"
 #include "Translations.h"
 
 #include <QCoreApplication>
-#include <QLibrary>
+#include <QFont>
+#include <QGuiApplication>
 #include <QProcessEnvironment>
 
 #include <clocale>
@@ -41,18 +42,6 @@ ExitCode print(const QString& text)
     return Failure;
 }
 
-/*! Whether the command works on documents. */
-bool needsModule(Options::Command command)
-{
-    switch (command) {
-    case Options::Convert:
-    case Options::Info:
-    case Options::Check:
-    case Options::Strip: return true;
-    default: return false;
-    }
-}
-
 /*! Carries out what needs no documents: starts the conversions of many files, says what the options ask for,
  * or what is wrong with them. \a environment is that of the program as it was started. */
 int answer(const Options& options, const QProcessEnvironment& environment)
@@ -67,23 +56,39 @@ int answer(const Options& options, const QProcessEnvironment& environment)
     return UsageError;
 }
 
-ExitCode reportMissingModule(const Options& options, char* programName, const QString& reason)
+/*! Reading and writing documents never shows anything, so that no display is needed, whatever the environment
+ * names. */
+void needNoDisplay()
 {
-    int count = 1;
-    char* arguments[] = {programName, nullptr};
-    const QCoreApplication application(count, arguments);
-    const Translations translations(options.languages);
-    printError(Messages::tr("the program is not installed completely: %1").arg(reason));
-    return Failure;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-/*! Runs a command in the module that has what it needs, also an application of its own. */
-int runInModule(const Options& options, char* programName, const QString& programFolder)
+/*! Text without a stated size has 12 points, as in RTF, independent of the display that Qt assumes. */
+void useUsualFontSize()
 {
-    QLibrary module(programFolder + QLatin1String("/" ORVRTF_MODULE));
-    const DocumentModule::Entry run =
-        reinterpret_cast<DocumentModule::Entry>(module.resolve(DocumentModule::entryName));
-    return run ? run(options, programName) : reportMissingModule(options, programName, module.errorString());
+    QFont font = QGuiApplication::font();
+    font.setPointSize(12);
+    QGuiApplication::setFont(font);
+}
+
+/*! Carries out a command that works on documents, with the least application that it needs. */
+ExitCode runWithApplication(const Options& options, char* programName)
+{
+    // Qt does not see the arguments: "-platform" and the like may be names of files.
+    int count = 1;
+    char* arguments[] = {programName, nullptr};
+    if (!options.needsFonts()) {
+        const QCoreApplication application(count, arguments);
+        const Translations translations(options.languages);
+        return runCommand(options);
+    }
+    needNoDisplay();
+    // The output must not depend on a screen: a pixel is a 96th of an inch, as in HTML.
+    QCoreApplication::setAttribute(Qt::AA_Use96Dpi);
+    const QGuiApplication application(count, arguments);
+    useUsualFontSize();
+    const Translations translations(options.languages);
+    return runCommand(options);
 }
 
 } // namespace
@@ -94,16 +99,15 @@ int main(int argc, char** argv)
     const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     useUtf8InsteadOfAscii();
     qInstallMessageHandler(ignoreMessages);
-    QString programFolder;
     Options options;
     {
+        // A QGuiApplication takes far longer to start than --version and --help, which must not wait for it.
         const QCoreApplication application(argc, argv);
         const Translations translations(languages);
-        programFolder = QCoreApplication::applicationDirPath();
         options = Options::parse(QCoreApplication::arguments());
-        if (!needsModule(options.command))
+        if (!options.needsDocuments())
             return answer(options, environment);
     }
     options.languages = languages;
-    return runInModule(options, argv[0], programFolder);
+    return runWithApplication(options, argv[0]);
 }
