@@ -6,7 +6,9 @@ endif()
 
 add_test(NAME install COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/install.sh
     ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${CMAKE_CXX_COMPILER} ${CMAKE_COMMAND})
-set_tests_properties(install PROPERTIES LABELS install)
+add_test(NAME subproject COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/install/subproject.sh
+    ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${CMAKE_CXX_COMPILER} ${CMAKE_COMMAND} ${ORVRTF_QT_MAJOR})
+set_tests_properties(install subproject PROPERTIES LABELS install)
 
 # Names contain types of Qt, which differ between its major versions; packages are made for the default one.
 if(NOT ORVRTF_QT_MAJOR EQUAL 5 OR NOT CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
