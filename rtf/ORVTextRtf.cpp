@@ -1,11 +1,13 @@
 #include "ORVTextRtf.h"
 
+#include "ORV.h"
 #include "ORVTextRtfReader.h"
 #include "ORVTextRtfWriter.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QDebug>
 #include <QtCore/QFile>
+#include <QtCore/QMimeData>
 #include <QtGui/QTextCharFormat>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
@@ -24,6 +26,17 @@ bool failedToWrite(const QString& fileName, qint64 size, qint64 written, QString
     qWarning() << "Bytes to write: " << size << "Actually written: " << written;
     assign(errorMessage, QObject::tr("Could not write RTF contents to file: '%1'").arg(fileName));
     return false;
+}
+
+/*! \a document as \a writer, with the settings it has, writes it; empty when it cannot be written. */
+QByteArray writtenData(ORVTextRtfWriter& writer, const QTextDocument* document, bool inPlace)
+{
+    QByteArray data;
+    QBuffer buffer(&data);
+    if (!document || !buffer.open(QIODevice::WriteOnly))
+        return data;
+    writer.setDevice(&buffer);
+    return writer.write(document, inPlace) ? data : QByteArray();
 }
 
 } // namespace
@@ -71,17 +84,7 @@ QByteArray ORVTextRtf::toRtfData(const QTextDocument* document, bool inPlace, bo
     writer.setExportingMode(exportingMode);
     if (exportingMode)
         writer.setFootnotesWithLeadingSpace(true);
-    return written(writer, document, inPlace);
-}
-
-QByteArray ORVTextRtf::written(ORVTextRtfWriter& writer, const QTextDocument* document, bool inPlace)
-{
-    QByteArray data;
-    QBuffer buffer(&data);
-    if (!document || !buffer.open(QIODevice::WriteOnly))
-        return data;
-    writer.setDevice(&buffer);
-    return writer.write(document, inPlace) ? data : QByteArray();
+    return writtenData(writer, document, inPlace);
 }
 
 QByteArray ORVTextRtf::toRtfCData(const QTextDocument* document, bool inPlace)
@@ -150,4 +153,59 @@ bool ORVTextRtf::toRtfFileDirect(const QString& fileName, const QTextDocument* d
     }
     ORVTextRtfWriter writer(&file);
     return writer.write(document, inPlace);
+}
+
+void ORVTextRtf::setRtfMimeData(QMimeData* mime, const QTextDocument* document)
+{
+    if (!mime || !document)
+        return;
+    // Word processors paste a paragraph that only a table ends into the table, or nowhere.
+    ORVTextRtfWriter writer;
+    writer.setParagraphBeforeTableEnded(true);
+    const QByteArray data = writtenData(writer, document, false);
+    const QStringList types = ORV::rtfMimeTypes();
+    for (const QString& type : types)
+        mime->setData(type, data);
+}
+
+bool ORVTextRtf::hasRtfMimeData(const QMimeData* mime)
+{
+    const QStringList types = ORV::rtfMimeTypes();
+    for (const QString& type : types) {
+        if (mime->hasFormat(type))
+            return true;
+    }
+    return false;
+}
+
+bool ORVTextRtf::fromRtfMimeData(const QMimeData* mime, QTextDocument* document)
+{
+    if (!document)
+        return false;
+    const QStringList types = ORV::rtfMimeTypes();
+    for (const QString& type : types) {
+        if (parseRtfMimeData(type, mime, document))
+            return true;
+    }
+    return false;
+}
+
+bool ORVTextRtf::parseRtfMimeData(const QString& type, const QMimeData* mime, QTextDocument* document)
+{
+    if (!document || !mime || !mime->hasFormat(type))
+        return false;
+    const QByteArray data = mime->data(type);
+    return !data.isEmpty() && fromRtfData(data, document, nullptr);
+}
+
+void ORVTextRtf::setOrvellineMarkupRtfMimeData(QMimeData* mime, const QTextDocument* document, bool inPlace)
+{
+    if (!mime || !document)
+        return;
+    mime->setData(QLatin1String(ORV::OrvellineMarkupRtfMimeType), toRtfData(document, inPlace, false));
+}
+
+bool ORVTextRtf::fromOrvellineMarkupRtfMimeData(const QMimeData* mime, QTextDocument* document)
+{
+    return parseRtfMimeData(QLatin1String(ORV::OrvellineMarkupRtfMimeType), mime, document);
 }

@@ -7,7 +7,7 @@
 
 #include <QtCore/QStringList>
 
-class ORVTextRtfWriter;
+class ORVTextRtfReader;
 class QByteArray;
 class QFont;
 class QMimeData;
@@ -138,10 +138,13 @@ public:
     */
     static bool loadFileIntoDocument(const QString& fileName, QTextDocument* document,
                                      ORVImportExport::Engine engine, QStringList* errors);
-
-private:
-    /*! \a document as written by \a writer with its settings, empty when it cannot be written. */
-    static QByteArray written(ORVTextRtfWriter& writer, const QTextDocument* document, bool inPlace);
+    /*!
+        As above. \a reader reads the RTF, so that it can be asked for the page afterwards; its device is then
+        null.
+    */
+    static bool loadFileIntoDocument(const QString& fileName, QTextDocument* document,
+                                     ORVImportExport::Engine engine, QStringList* errors,
+                                     ORVTextRtfReader& reader);
 };
 
 #endif

@@ -1,5 +1,6 @@
 #include "ORVTextRtf.h"
 
+#include "ORVTextRtfReader.h"
 #include "QtStringCompat_p.h"
 
 #include <ORVCoreUtil.h>
@@ -38,15 +39,30 @@ void loadHtml(const QString& fileName, QTextDocument* document)
         document->setHtml(compat::fromUtf8(data));
 }
 
-void loadRtf(const QString& fileName, QTextDocument* document, QStringList* errors)
+/*! Has \a reader read the file \a fileName; false without a message when there is nothing to read or no
+ * document. */
+bool readRtf(const QString& fileName, ORVTextRtfReader& reader, QTextDocument* document, QString* message)
 {
-    if (!ORVTextRtf::fromRtfFile(fileName, document, nullptr))
+    QFile file(fileName);
+    if (!document || !file.exists() || !file.open(QIODevice::ReadOnly))
+        return false;
+    reader.setDevice(&file);
+    const bool isSound = reader.read(document);
+    reader.setDevice(nullptr);
+    *message = reader.errorString();
+    return isSound;
+}
+
+void loadRtf(const QString& fileName, ORVTextRtfReader& reader, QTextDocument* document, QStringList* errors)
+{
+    QString message;
+    if (!readRtf(fileName, reader, document, &message))
         errors->append(
             QCoreApplication::translate("ORVTextRtf", "Failed loading RTF file '%1'").arg(fileName));
 }
 
-void loadConverted(const QString& fileName, QTextDocument* document, ORVImportExport::Engine engine,
-                   QStringList* errors)
+void loadConverted(const QString& fileName, ORVTextRtfReader& reader, QTextDocument* document,
+                   ORVImportExport::Engine engine, QStringList* errors)
 {
     const QString converted = ORVCoreUtil::GetNewTempFilePath(QLatin1String("rtf"));
     QString conversionMessage;
@@ -55,7 +71,7 @@ void loadConverted(const QString& fileName, QTextDocument* document, ORVImportEx
     const bool exists = QFile::exists(converted);
     if (exists && error == TextTransform::NoError) {
         QString readMessage;
-        if (!ORVTextRtf::fromRtfFile(converted, document, &readMessage))
+        if (!readRtf(converted, reader, document, &readMessage))
             errors->append(QCoreApplication::translate("TextDocSupport",
                                                        "Failed loading converted RTF file '%1'\nError: %2")
                                .arg(converted, readMessage));
@@ -75,6 +91,14 @@ void loadConverted(const QString& fileName, QTextDocument* document, ORVImportEx
 bool ORVTextRtf::loadFileIntoDocument(const QString& fileName, QTextDocument* document,
                                       ORVImportExport::Engine engine, QStringList* errors)
 {
+    ORVTextRtfReader reader;
+    return loadFileIntoDocument(fileName, document, engine, errors, reader);
+}
+
+bool ORVTextRtf::loadFileIntoDocument(const QString& fileName, QTextDocument* document,
+                                      ORVImportExport::Engine engine, QStringList* errors,
+                                      ORVTextRtfReader& reader)
+{
     const QString name = fileName.toLower();
     QStringList messages;
     if (name.endsWith(QLatin1String(".txt")))
@@ -82,10 +106,10 @@ bool ORVTextRtf::loadFileIntoDocument(const QString& fileName, QTextDocument* do
     else if (name.endsWith(QLatin1String(".html")))
         loadHtml(fileName, document);
     else if (name.endsWith(QLatin1String(".rtf")))
-        loadRtf(fileName, document, &messages);
+        loadRtf(fileName, reader, document, &messages);
     else if (name.endsWith(QLatin1String(".doc")) || name.endsWith(QLatin1String(".docx"))
              || name.endsWith(QLatin1String(".odt")))
-        loadConverted(fileName, document, engine, &messages);
+        loadConverted(fileName, reader, document, engine, &messages);
     else
         return false;
     if (errors)

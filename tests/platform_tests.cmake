@@ -2,6 +2,8 @@
 
 orv_add_test(coreutil)
 orv_add_test(documentclone)
+orv_add_test(documentpage)
+orv_add_test(fragments)
 orv_add_test(guiutil)
 orv_add_test(listlevels)
 orv_add_test(pagepainter)

@@ -1,6 +1,7 @@
 #include "conversionhelpers.h"
 
 #include <ORVTextRtf.h>
+#include <ORVTextRtfReader.h>
 #include <TextTransform.h>
 
 #include <QTextCursor>
@@ -60,6 +61,8 @@ private slots:
     void failedConversion_data();
     void failedConversion();
     void damagedConversion();
+    void readerKnowsThePage_data();
+    void readerKnowsThePage();
     void conversionMessagesHaveContextOfDocumentSupport();
     void messagesReplaceOldOnes();
     void messagesMayBeUnwanted();
@@ -368,6 +371,32 @@ void TestLoadFile::damagedConversion()
     const QString end = QLatin1String(".rtf'\nError: ") + QString::fromLatin1(DamagedMessage);
     QVERIFY2(m_errors.first().startsWith(start + m_folders->temporary()), qPrintable(m_errors.first()));
     QVERIFY2(m_errors.first().endsWith(end), qPrintable(m_errors.first()));
+}
+
+void TestLoadFile::readerKnowsThePage_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("paperWidth");
+
+    QTest::newRow("converted") << "a.docx" << 8400;
+    QTest::newRow("rtf") << "a.rtf" << 8400;
+    QTest::newRow("other format") << "a.html" << 12240;
+}
+
+void TestLoadFile::readerKnowsThePage()
+{
+    QFETCH(QString, name);
+    QFETCH(int, paperWidth);
+    fake(ORVImportExport::PandocEngine, "printf '{\\\\rtf1\\\\paperw8400 text}' >output/source.rtf");
+    writeFile(path(name), "{\\rtf1\\paperw8400 text}");
+    ORVTextRtfReader reader;
+
+    QVERIFY(ORVTextRtf::loadFileIntoDocument(path(name), m_document.data(), ORVImportExport::PandocEngine,
+                                             &m_errors, reader));
+
+    QVERIFY(m_document->toPlainText().contains(QStringLiteral("text")));
+    QCOMPARE(reader.paperWidth(), paperWidth);
+    QVERIFY(!reader.device());
 }
 
 void TestLoadFile::conversionMessagesHaveContextOfDocumentSupport()

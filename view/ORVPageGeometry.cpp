@@ -2,6 +2,7 @@
 
 #include "ORVRounding_p.h"
 #include "ORVRtfUnits_p.h"
+#include "ORVTextRtfReader.h"
 
 #include <QtCore/QVariant>
 #include <QtCore/qnumeric.h>
@@ -77,6 +78,14 @@ ORVPageGeometry ORVPageGeometry::fromTwips(const QSize& paper, const QMargins& m
     page.topMargin = points(margins.top());
     page.bottomMargin = points(margins.bottom());
     return page;
+}
+
+ORVPageGeometry ORVPageGeometry::of(const ORVTextRtfReader& reader)
+{
+    const QSize paper(reader.paperWidth(), reader.paperHeight());
+    const QMargins margins(reader.marginLeft(), reader.marginTop(), reader.marginRight(),
+                           reader.marginBottom());
+    return fromTwips(paper, margins);
 }
 
 void ORVPageGeometry::setOn(QTextDocument* document) const

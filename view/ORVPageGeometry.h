@@ -7,6 +7,7 @@
 #include <QtCore/QRectF>
 #include <QtCore/QSizeF>
 
+class ORVTextRtfReader;
 class QTextDocument;
 
 /*!
@@ -40,6 +41,8 @@ struct ORV_RTF_EXPORT ORVPageGeometry {
         them.
     */
     static ORVPageGeometry fromTwips(const QSize& paper, const QMargins& margins);
+    /*! The page that \a reader has found in what it read last. */
+    static ORVPageGeometry of(const ORVTextRtfReader& reader);
     /*! Sets those properties of \a document; does nothing when it is null. */
     void setOn(QTextDocument* document) const;
 

@@ -2,9 +2,12 @@
 
 #include "ORVPageLimits_p.h"
 #include "ORVRounding_p.h"
+#include "ORVRtfPageTags_p.h"
+#include "ORVTextPage.h"
 #include "ORVUnit.h"
 #include "TextDocSupport.h"
 
+#include <QtCore/QVariant>
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
@@ -69,9 +72,50 @@ void setTabDistance(QTextDocument* document)
     document->setDefaultTextOption(option);
 }
 
+ORVPageSetup::MarginText marginText(const QTextDocument* document, const char* property)
+{
+    const ORVTextPage page = qvariant_cast<ORVTextPage>(document->property(property));
+    return {page.text, page.option.alignment(), page.font};
+}
+
 } // namespace
 
-ORVPagePainter::ORVPagePainter(const QTextDocument* document, const ORVPageSetup& setup, int resolution)
+ORVPageSetup ORVPageSetup::of(const QTextDocument* document)
+{
+    ORVPageSetup setup;
+    if (!document)
+        return setup;
+    setup.page = ORVPageGeometry::of(document);
+    setup.header = marginText(document, "header");
+    setup.footer = marginText(document, "footer");
+    setup.firstPageHasMarginTexts = !document->property("notOnFirstPage").toBool();
+    setup.firstNumber = document->property("countFirstPage").toBool() ? 1 : 0;
+    return setup;
+}
+
+class ORVPagePainterPrivate {
+public:
+    ORVPagePainterPrivate(const QTextDocument* document, const ORVPageSetup& setup, int resolution);
+
+    int pageCount() const;
+    void paintPage(QPainter* painter, int page) const;
+
+private:
+    QRectF layoutArea() const;
+    void paintText(QPainter* painter, int page) const;
+    void paintMarginTexts(QPainter* painter, int page) const;
+    void paintMarginText(QPainter* painter, const ORVPageSetup::MarginText& marginText, const QRectF& area,
+                         Qt::AlignmentFlag side, int page) const;
+
+    ORVPageSetup m_setup;
+    int m_resolution;
+    // What the layout takes the resolution from; nothing is painted on it.
+    QScopedPointer<QPaintDevice> m_device;
+    QScopedPointer<QTextDocument> m_document;
+};
+
+ORVPagePainterPrivate::ORVPagePainterPrivate(const QTextDocument* document, const ORVPageSetup& setup,
+                                             int resolution)
     : m_setup(setup), m_resolution(qMax(1, resolution)), m_device(deviceOf(ORVUnit::screenResolution())),
       m_document(document ? TextDocSupport::cloneDocumentQtStyle(document, nullptr) : new QTextDocument)
 {
@@ -83,15 +127,13 @@ ORVPagePainter::ORVPagePainter(const QTextDocument* document, const ORVPageSetup
     m_document->setPageSize(layoutArea().size());
 }
 
-ORVPagePainter::~ORVPagePainter() { }
-
-int ORVPagePainter::pageCount() const
+int ORVPagePainterPrivate::pageCount() const
 {
     return qMax(1, m_document->pageCount());
 }
 
 /*! Where the text stands on the paper, in pixels of the layout, and with the height that Qt's pages have. */
-QRectF ORVPagePainter::layoutArea() const
+QRectF ORVPagePainterPrivate::layoutArea() const
 {
     const QRectF area = m_setup.page.textArea();
     const double scale = ORVUnit::screenResolution() / 72.0;
@@ -99,10 +141,8 @@ QRectF ORVPagePainter::layoutArea() const
     return QRectF(area.left() * scale, area.top() * scale, area.width() * scale, height);
 }
 
-void ORVPagePainter::paintPage(QPainter* painter, int page) const
+void ORVPagePainterPrivate::paintPage(QPainter* painter, int page) const
 {
-    if (!painter || page < 0 || page >= pageCount())
-        return;
     const double scale = double(m_resolution) / ORVUnit::screenResolution();
     painter->save();
     painter->scale(scale, scale);
@@ -113,7 +153,7 @@ void ORVPagePainter::paintPage(QPainter* painter, int page) const
 }
 
 /*! What stands in the side margins, as markers of lists do, is painted too. */
-void ORVPagePainter::paintText(QPainter* painter, int page) const
+void ORVPagePainterPrivate::paintText(QPainter* painter, int page) const
 {
     const QRectF area = layoutArea();
     const double paperWidth = m_setup.page.usablePaperSize().width() * ORVUnit::screenResolution() / 72;
@@ -128,7 +168,7 @@ void ORVPagePainter::paintText(QPainter* painter, int page) const
     painter->restore();
 }
 
-void ORVPagePainter::paintMarginTexts(QPainter* painter, int page) const
+void ORVPagePainterPrivate::paintMarginTexts(QPainter* painter, int page) const
 {
     const double scale = ORVUnit::screenResolution() / 72.0;
     const QRectF text = layoutArea();
@@ -142,16 +182,16 @@ void ORVPagePainter::paintMarginTexts(QPainter* painter, int page) const
 }
 
 /*! \a side is the side of \a area at which the text stands. A longer text goes beyond the other. */
-void ORVPagePainter::paintMarginText(QPainter* painter, const ORVPageSetup::MarginText& marginText,
-                                     const QRectF& area, Qt::AlignmentFlag side, int page) const
+void ORVPagePainterPrivate::paintMarginText(QPainter* painter, const ORVPageSetup::MarginText& marginText,
+                                            const QRectF& area, Qt::AlignmentFlag side, int page) const
 {
     if (marginText.text.isEmpty())
         return;
     QTextOption option;
     option.setAlignment(marginText.alignment & Qt::AlignHorizontal_Mask);
     QString text = marginText.text;
-    text.replace(QLatin1String("<$p>"), QString::number(m_setup.firstNumber + page));
-    text.replace(QLatin1String("<$pagecount>"), QString::number(pageCount()));
+    text.replace(QLatin1String(ORVRtfPageTags::pageNumber), QString::number(m_setup.firstNumber + page));
+    text.replace(QLatin1String(ORVRtfPageTags::pageCount), QString::number(pageCount()));
 
     QTextDocument document;
     document.setUseDesignMetrics(true);
@@ -166,4 +206,22 @@ void ORVPagePainter::paintMarginText(QPainter* painter, const ORVPageSetup::Marg
                        side == Qt::AlignTop ? area.top() : area.bottom() - document.size().height());
     document.documentLayout()->draw(painter, blackOnWhite());
     painter->restore();
+}
+
+ORVPagePainter::ORVPagePainter(const QTextDocument* document, const ORVPageSetup& setup, int resolution)
+    : d(new ORVPagePainterPrivate(document, setup, resolution))
+{
+}
+
+ORVPagePainter::~ORVPagePainter() { }
+
+int ORVPagePainter::pageCount() const
+{
+    return d->pageCount();
+}
+
+void ORVPagePainter::paintPage(QPainter* painter, int page) const
+{
+    if (painter && page >= 0 && page < pageCount())
+        d->paintPage(painter, page);
 }

@@ -8,7 +8,7 @@
 #include <QtCore/QString>
 #include <QtGui/QFont>
 
-class QPaintDevice;
+class ORVPagePainterPrivate;
 class QPainter;
 class QTextDocument;
 
@@ -34,6 +34,14 @@ struct ORV_RTF_EXPORT ORVPageSetup {
     bool firstPageHasMarginTexts = true;
     /*! Number of the first page. */
     int firstNumber = 1;
+
+    /*!
+        What the dynamic properties of \a document describe: its page (see ORVPageGeometry::of()), "header"
+       and "footer" (ORVTextPage), "notOnFirstPage" and "countFirstPage" (bool), as ORVTextRtfWriter writes
+       them. Unless the first page is counted, the second one has the number 1. A default-constructed set-up
+       when \a document is null.
+    */
+    static ORVPageSetup of(const QTextDocument* document);
 };
 
 /*!
@@ -65,17 +73,7 @@ public:
 
 private:
     Q_DISABLE_COPY(ORVPagePainter)
-    QRectF layoutArea() const;
-    void paintText(QPainter* painter, int page) const;
-    void paintMarginTexts(QPainter* painter, int page) const;
-    void paintMarginText(QPainter* painter, const ORVPageSetup::MarginText& marginText, const QRectF& area,
-                         Qt::AlignmentFlag side, int page) const;
-
-    ORVPageSetup m_setup;
-    int m_resolution;
-    // What the layout takes the resolution from; nothing is painted on it.
-    QScopedPointer<QPaintDevice> m_device;
-    QScopedPointer<QTextDocument> m_document;
+    const QScopedPointer<ORVPagePainterPrivate> d;
 };
 
 #endif

@@ -1,5 +1,6 @@
 #include "DocumentParts.h"
 
+#include <ORVFragments.h>
 #include <ORVTextFormat.h>
 #include <TextDocSupport.h>
 
@@ -12,20 +13,6 @@
 #include <QUrl>
 
 namespace {
-
-QStringList pictureNames(const QTextDocument& document)
-{
-    QStringList names;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-            const QTextCharFormat format = it.fragment().charFormat();
-            if (format.isImageFormat())
-                names << ORVTextFormat::imageName(format.toImageFormat());
-        }
-    }
-    names.removeDuplicates();
-    return names;
-}
 
 void addPictures(const QStringList& names, const QTextDocument& from, QTextDocument* to)
 {
@@ -86,7 +73,7 @@ void DocumentParts::copySelection(const QTextCursor& selection, QTextDocument* p
     ORVTextFormat::setDefaultCharFormat(part, ORVTextFormat::defaultCharFormat(document));
     QTextCursor(part).insertFragment(selection.selection());
     copyFirstFormat(selection, part);
-    addPictures(pictureNames(*part), *document, part);
+    addPictures(ORVFragments::pictureNames(part), *document, part);
 }
 
 void DocumentParts::insert(const QTextDocument& part, QTextCursor target)
@@ -109,5 +96,5 @@ void DocumentParts::insert(const QTextDocument& part, QTextCursor target)
 
 void DocumentParts::copyPictures(const QTextDocument& from, QTextDocument* to)
 {
-    addPictures(pictureNames(from), from, to);
+    addPictures(ORVFragments::pictureNames(&from), from, to);
 }

@@ -1,6 +1,6 @@
 #include "Links.h"
 
-#include "FragmentFormats.h"
+#include <ORVFragments.h>
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -49,7 +49,7 @@ void Links::set(QTextCursor place, const QString& text, const QString& target)
         place.insertText(text);
         end = begin + text.size();
     }
-    FragmentFormats::change(place.document(), begin, end, [&](QTextCharFormat* format) {
+    ORVFragments::changeFormats(place.document(), begin, end, [&](QTextCharFormat* format) {
         format->setAnchor(true);
         format->setAnchorHref(target);
     });
@@ -58,7 +58,7 @@ void Links::set(QTextCursor place, const QString& text, const QString& target)
 
 void Links::remove(QTextDocument* document, const Link& link)
 {
-    FragmentFormats::change(document, link.position, link.position + link.length, clear);
+    ORVFragments::changeFormats(document, link.position, link.position + link.length, clear);
 }
 
 void Links::clear(QTextCharFormat* format)

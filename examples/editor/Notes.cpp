@@ -1,10 +1,10 @@
 #include "Notes.h"
 
 #include "DocumentParts.h"
-#include "FragmentFormats.h"
 #include "Links.h"
 #include "RtfDocument.h"
 
+#include <ORVFragments.h>
 #include <ORVRtfProperties.h>
 #include <ORVTextFormat.h>
 #include <ORVTextRtf.h>
@@ -141,7 +141,7 @@ void insertInLine(QTextCursor place, Note::Kind kind, const QTextDocument& conte
 
 void attach(const QTextCursor& anchor, Note::Kind kind, const QByteArray& content)
 {
-    FragmentFormats::change(
+    ORVFragments::changeFormats(
         anchor.document(), anchor.selectionStart(), anchor.selectionEnd(), [&](QTextCharFormat* format) {
             format->setProperty(kind == Note::Comment ? AnnotationAnchor : FootnoteAnchor, true);
             format->setProperty(HasNoteContent, true);
@@ -212,7 +212,7 @@ void Notes::copyContent(const QTextDocument& document, const Note& note, QTextDo
     const QTextCursor selection =
         selectionOf(const_cast<QTextDocument*>(&document), note.position, note.position + note.length);
     DocumentParts::copySelection(selection, content);
-    FragmentFormats::change(content, 0, content->characterCount(), Notes::clear);
+    ORVFragments::changeFormats(content, 0, content->characterCount(), Notes::clear);
 }
 
 void Notes::insert(QTextCursor place, Note::Kind kind, const QTextDocument& content)
@@ -247,7 +247,7 @@ void Notes::remove(QTextDocument* document, const Note& note)
         selectionOf(document, note.position, note.position + note.length).removeSelectedText();
         return;
     }
-    FragmentFormats::change(document, note.position, note.position + note.length, Notes::clear);
+    ORVFragments::changeFormats(document, note.position, note.position + note.length, Notes::clear);
 }
 
 void Notes::clear(QTextCharFormat* format)

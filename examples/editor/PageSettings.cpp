@@ -14,11 +14,6 @@ ORVTextPage marginText(const QTextDocument& document, const char* property)
     return text;
 }
 
-ORVPageSetup::MarginText toPaint(const ORVTextPage& text)
-{
-    return {text.text, text.option.alignment(), text.font};
-}
-
 } // namespace
 
 PageSettings PageSettings::of(const QTextDocument& document)
@@ -39,15 +34,4 @@ void PageSettings::setOn(QTextDocument* document) const
     document->setProperty("footer", QVariant::fromValue(footer));
     document->setProperty("notOnFirstPage", notOnFirstPage);
     document->setProperty("countFirstPage", countFirstPage);
-}
-
-ORVPageSetup PageSettings::setup() const
-{
-    ORVPageSetup setup;
-    setup.page = page;
-    setup.header = toPaint(header);
-    setup.footer = toPaint(footer);
-    setup.firstPageHasMarginTexts = !notOnFirstPage;
-    setup.firstNumber = countFirstPage ? 1 : 0;
-    return setup;
 }

@@ -1,7 +1,7 @@
 #ifndef PAGESETTINGS_H
 #define PAGESETTINGS_H
 
-#include <ORVPagePainter.h>
+#include <ORVPageGeometry.h>
 #include <ORVTextPage.h>
 
 class QTextDocument;
@@ -18,9 +18,6 @@ struct PageSettings {
 
     static PageSettings of(const QTextDocument& document);
     void setOn(QTextDocument* document) const;
-
-    /*! What is needed to paint the pages. */
-    ORVPageSetup setup() const;
 };
 
 #endif

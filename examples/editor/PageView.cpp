@@ -1,6 +1,5 @@
 #include "PageView.h"
 
-#include "PageSettings.h"
 #include "PrintCopy.h"
 
 #include <ORVUnit.h>
@@ -19,8 +18,8 @@ const int gap = 16;
 
 PageView::PageView(const QTextDocument& document, QWidget* parent)
     : QAbstractScrollArea(parent),
-      m_paperSize(PageSettings::of(document).page.usablePaperSize() * ORVUnit::screenResolution() / 72),
-      m_pages(PrintCopy::of(document).get(), PageSettings::of(document).setup(), ORVUnit::screenResolution())
+      m_paperSize(ORVPageGeometry::of(&document).usablePaperSize() * ORVUnit::screenResolution() / 72),
+      m_pages(PrintCopy::of(document).get(), ORVPageSetup::of(&document), ORVUnit::screenResolution())
 {
     viewport()->setBackgroundRole(QPalette::Dark);
     verticalScrollBar()->setSingleStep(3 * gap);

@@ -1,7 +1,6 @@
 #include "PdfFile.h"
 
 #include "FileWriting.h"
-#include "PageSettings.h"
 #include "PrintCopy.h"
 
 #include <ORVPagePdf.h>
@@ -11,8 +10,7 @@
 
 bool PdfFile::save(const QString& fileName, const QTextDocument& document, QString* message)
 {
-    const QByteArray data =
-        ORVPagePdf::make(PrintCopy::of(document).get(), PageSettings::of(document).setup());
+    const QByteArray data = ORVPagePdf::make(PrintCopy::of(document).get(), ORVPageSetup::of(&document));
     if (!data.isEmpty())
         return FileWriting::replace(fileName, data, message);
     *message = QCoreApplication::translate("PdfFile", "the file cannot be made");

@@ -1,9 +1,9 @@
 #include "PrintCopy.h"
 
 #include "DocumentParts.h"
-#include "FragmentFormats.h"
 #include "Notes.h"
 
+#include <ORVFragments.h>
 #include <ORVListLevels.h>
 #include <ORVRtfProperties.h>
 #include <ORVTextRtfCommon.h>
@@ -18,7 +18,7 @@ namespace {
 
 void showRevisions(QTextDocument* document)
 {
-    FragmentFormats::change(document, 0, document->characterCount(), [](QTextCharFormat* format) {
+    ORVFragments::changeFormats(document, 0, document->characterCount(), [](QTextCharFormat* format) {
         const int level = format->intProperty(ORVRtfProperty::RevisionLevel);
         if (level > 0)
             format->setForeground(ORVTextRtfCommon::revisionColor(level));

@@ -1,8 +1,8 @@
 #include "RevisionActions.h"
 
-#include "FragmentFormats.h"
 #include "Icons.h"
 
+#include <ORVFragments.h>
 #include <ORVRtfProperties.h>
 #include <ORVTextRtfCommon.h>
 
@@ -55,8 +55,8 @@ void RevisionActions::setLevel(int level)
         format.setProperty(ORVRtfProperty::RevisionLevel, level);
         m_edit->mergeCurrentCharFormat(format);
     } else if (cursor.hasSelection()) {
-        FragmentFormats::change(m_edit->document(), cursor.selectionStart(), cursor.selectionEnd(),
-                                [=](QTextCharFormat* format) { set(format, level); });
+        ORVFragments::changeFormats(m_edit->document(), cursor.selectionStart(), cursor.selectionEnd(),
+                                    [=](QTextCharFormat* format) { set(format, level); });
     } else {
         m_edit->setCurrentCharFormat(typing);
     }

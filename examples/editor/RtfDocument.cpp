@@ -21,10 +21,7 @@ bool RtfDocument::read(const QByteArray& rtf, QTextDocument* document, QString* 
     const bool isSound = reader.read(document);
     *message = reader.errorString();
     // First, since the right edges of paragraphs depend on it.
-    const ORVPageGeometry page = ORVPageGeometry::fromTwips(
-        QSize(reader.paperWidth(), reader.paperHeight()),
-        QMargins(reader.marginLeft(), reader.marginTop(), reader.marginRight(), reader.marginBottom()));
-    page.setOn(document);
+    ORVPageGeometry::of(reader).setOn(document);
     ORVStockFormats::toStock(document);
     document->setUndoRedoEnabled(hasUndo);
     return isSound;

@@ -25,13 +25,9 @@ int main(int argc, char** argv)
     out << "left margin: " << reader.marginLeft() << " twips\n";
 
     // Properties of the document, from which the writer takes the page as well.
-    const ORVPageGeometry page = ORVPageGeometry::fromTwips(
-        QSize(reader.paperWidth(), reader.paperHeight()),
-        QMargins(reader.marginLeft(), reader.marginTop(), reader.marginRight(), reader.marginBottom()));
-    page.setOn(&document);
+    ORVPageGeometry::of(reader).setOn(&document);
 
-    ORVPageSetup setup;
-    setup.page = ORVPageGeometry::of(&document);
+    ORVPageSetup setup = ORVPageSetup::of(&document);
     setup.footer.text = QString::fromLatin1("<$p> / <$pagecount>");
     setup.footer.alignment = Qt::AlignHCenter;
     ORVStockFormats::toStock(&document);

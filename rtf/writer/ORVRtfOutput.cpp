@@ -1,5 +1,7 @@
 #include "ORVRtfOutput_p.h"
 
+#include "ORVRtfPageTags_p.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
@@ -7,9 +9,7 @@
 
 namespace {
 
-// Tags for page numbers in texts, and the private characters that replace them during writing.
-const char pageNumberTag[] = "<$p>";
-const char pageCountTag[] = "<$pagecount>";
+// The private characters that replace tags for page numbers during writing.
 const ushort pageNumberPlaceholder = 0xE000;
 const ushort pageCountPlaceholder = 0xE001;
 const ushort pageReferencePlaceholder = 0xE002;
@@ -103,8 +103,8 @@ bool ORVRtfOutput::writePrintableCharacters(QString text, int fontNumber, bool l
 {
     if (m_exportingMode) {
         const ushort page = bookmark.isEmpty() ? pageNumberPlaceholder : pageReferencePlaceholder;
-        text.replace(QLatin1String(pageNumberTag), QString(QChar(page)));
-        text.replace(QLatin1String(pageCountTag), QString(QChar(pageCountPlaceholder)));
+        text.replace(QLatin1String(ORVRtfPageTags::pageNumber), QString(QChar(page)));
+        text.replace(QLatin1String(ORVRtfPageTags::pageCount), QString(QChar(pageCountPlaceholder)));
     }
     if (leadingSpace)
         endKeyword();

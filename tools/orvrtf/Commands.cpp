@@ -2,13 +2,13 @@
 
 #include "DocumentExport.h"
 #include "DocumentInfo.h"
-#include "EngineImport.h"
 #include "Interruption.h"
 #include "Messages.h"
-#include "RtfImport.h"
 #include "Streams.h"
 #include "TextDecoding.h"
 
+#include <ORVPageGeometry.h>
+#include <ORVTextRtf.h>
 #include <ORVTextRtfReader.h>
 #include <ORVTextRtfStripper.h>
 
@@ -29,7 +29,8 @@ struct ReadResult {
 void readRtf(QIODevice* device, QTextDocument& document, ReadResult& result)
 {
     ORVTextRtfReader reader(device);
-    readRtfWithPage(reader, &document);
+    reader.read(&document);
+    ORVPageGeometry::of(reader).setOn(&document);
     result.status = reader.error();
     result.message = reader.errorString();
 }
@@ -95,10 +96,15 @@ ExitCode writeConverted(QTextDocument& document, const Options& options, ExitCod
     return reportUnwritten(path, errorString);
 }
 
+/*! Has another program convert the input, and puts the page of the result on \a document; what went wrong. */
 QStringList readWithEngine(const Options& options, QTextDocument& document)
 {
     const StartedPrograms programs;
-    return loadWithEngine(options.input, options.engine, &document);
+    ORVTextRtfReader reader;
+    QStringList errors;
+    ORVTextRtf::loadFileIntoDocument(options.input, &document, options.engine, &errors, reader);
+    ORVPageGeometry::of(reader).setOn(&document);
+    return errors;
 }
 
 /*! For input that another program converts; nothing is written unless all of it could be read. */

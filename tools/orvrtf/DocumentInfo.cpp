@@ -10,7 +10,6 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFragment>
-#include <QTextFrame>
 #include <QTextList>
 #include <QTextTable>
 
@@ -121,19 +120,6 @@ void countText(const QString& text, DocumentInfo& info)
     }
 }
 
-int countTables(const QTextDocument& document)
-{
-    int tables = 0;
-    QList<QTextFrame*> frames = document.rootFrame()->childFrames();
-    while (!frames.isEmpty()) {
-        const QTextFrame* frame = frames.takeLast();
-        if (qobject_cast<const QTextTable*>(frame))
-            ++tables;
-        frames += frame->childFrames();
-    }
-    return tables;
-}
-
 } // namespace
 
 DocumentInfo::DocumentInfo(const QTextDocument& document)
@@ -150,7 +136,7 @@ DocumentInfo::DocumentInfo(const QTextDocument& document)
         fragments.endParagraph();
     }
     fragments.finish();
-    tables = countTables(document);
+    tables = int(document.findChildren<QTextTable*>().size());
     lists = int(textLists.size());
 }
 

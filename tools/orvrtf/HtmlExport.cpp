@@ -2,6 +2,7 @@
 
 #include "VisibleDocument.h"
 
+#include <ORVFragments.h>
 #include <ORVGuiUtil.h>
 #include <ORVRtfProperties.h>
 #include <TextDocSupport.h>
@@ -10,23 +11,12 @@
 #include <QImage>
 #include <QPen>
 #include <QStringList>
-#include <QTextBlock>
-#include <QTextCursor>
 #include <QTextDocument>
-#include <QTextFragment>
 #include <QTextImageFormat>
-#include <QVector>
 
 namespace {
 
 const char* const jpegSignature = "\xff\xd8\xff";
-
-/*! A run of text and the format that it is to have. */
-struct FormatChange {
-    int position;
-    int length;
-    QTextCharFormat format;
-};
 
 QString dataUri(const char* mimeType, const QByteArray& data)
 {
@@ -90,29 +80,11 @@ private:
     QHash<QString, QString> m_uris;
 };
 
-QVector<FormatChange> formatChanges(const QTextDocument& document)
+void adaptFormats(QTextDocument& document)
 {
     FormatAdapter adapter(document);
-    QVector<FormatChange> changes;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-            const QTextFragment fragment = it.fragment();
-            const QTextCharFormat format = adapter.adapted(fragment.charFormat());
-            if (format != fragment.charFormat())
-                changes.append({fragment.position(), fragment.length(), format});
-        }
-    }
-    return changes;
-}
-
-void adaptFormats(QTextDocument& document, QTextCursor& cursor)
-{
-    const QVector<FormatChange> changes = formatChanges(document);
-    for (const FormatChange& change : changes) {
-        cursor.setPosition(change.position);
-        cursor.setPosition(change.position + change.length, QTextCursor::KeepAnchor);
-        cursor.setCharFormat(change.format);
-    }
+    ORVFragments::changeFormats(&document, 0, document.characterCount(),
+                                [&adapter](QTextCharFormat* format) { *format = adapter.adapted(*format); });
 }
 
 /*! The HTML of \a document without its title, which Qt would write as if it were HTML itself. */
@@ -156,10 +128,7 @@ void addLineHeightUnit(QString& html)
 QByteArray documentToHtml(QTextDocument& document)
 {
     document.setUndoRedoEnabled(false);
-    QTextCursor cursor(&document);
-    cursor.beginEditBlock();
-    adaptFormats(document, cursor);
-    cursor.endEditBlock();
+    adaptFormats(document);
     makeListsVisible(document);
     const QString title = document.metaInformation(QTextDocument::DocumentTitle);
     QString html = untitledHtml(document);

@@ -7,7 +7,6 @@
 
 #include <ORVPagePainter.h>
 #include <ORVPagePdf.h>
-#include <ORVTextPage.h>
 
 #include <QBuffer>
 #include <QFile>
@@ -21,22 +20,12 @@ namespace {
 
 const int pictureResolution = 96;
 
-ORVPageSetup::MarginText marginText(const QTextDocument& document, const char* property)
-{
-    const ORVTextPage page = qvariant_cast<ORVTextPage>(document.property(property));
-    return {page.text, page.option.alignment(), page.font};
-}
-
+/*! Other files than RTF state no page: theirs is A4. */
 ORVPageSetup pageSetup(const QTextDocument& document)
 {
-    ORVPageSetup setup;
-    setup.page = ORVPageGeometry::of(&document);
+    ORVPageSetup setup = ORVPageSetup::of(&document);
     if (!document.property("paperSize").isValid())
         setup.page.paperSize = QPageSize(QPageSize::A4).size(QPageSize::Point);
-    setup.header = marginText(document, "header");
-    setup.footer = marginText(document, "footer");
-    setup.firstPageHasMarginTexts = !document.property("notOnFirstPage").toBool();
-    setup.firstNumber = document.property("countFirstPage").toBool() ? 1 : 0;
     return setup;
 }
 

@@ -1,16 +1,15 @@
 #include "VisibleDocument.h"
 
+#include <ORVFragments.h>
 #include <ORVListLevels.h>
 #include <ORVTextListFormat.h>
 #include <TextDocSupport.h>
 
 #include <QImage>
-#include <QSet>
+#include <QStringList>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextFragment>
-#include <QTextImageFormat>
 #include <QTextList>
 #include <QUrl>
 
@@ -59,25 +58,12 @@ void releaseItemsWithoutMarker(QTextDocument& document)
     cursor.endEditBlock();
 }
 
-QSet<QString> pictureNames(const QTextDocument& document)
-{
-    QSet<QString> names;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-            const QTextCharFormat format = it.fragment().charFormat();
-            if (format.isImageFormat())
-                names.insert(format.toImageFormat().name());
-        }
-    }
-    return names;
-}
-
 /*! A document looks for a picture that it does not hold in the file system. */
 void settlePictures(QTextDocument& document)
 {
     QImage empty(1, 1, QImage::Format_ARGB32);
     empty.fill(Qt::transparent);
-    const QSet<QString> names = pictureNames(document);
+    const QStringList names = ORVFragments::pictureNames(&document);
     for (const QString& name : names) {
         const QImage image = TextDocSupport::image(&document, name);
         document.addResource(QTextDocument::ImageResource, QUrl(name), image.isNull() ? empty : image);
