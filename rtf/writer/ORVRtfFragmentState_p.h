@@ -31,7 +31,6 @@ struct ORVRtfFragmentState {
     ORVRtfFragmentState convertedState(const ORVRtfWriterSettings& settings) const;
 
     bool operator==(const ORVRtfFragmentState& other) const;
-    bool operator!=(const ORVRtfFragmentState& other) const { return !(*this == other); }
 };
 
 #endif
