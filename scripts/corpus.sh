@@ -3,15 +3,16 @@
 # texts in FOLDER/expected, by FOLDER/text_recall.py. Fails when a conversion crashes or hangs, or the mean
 # recall is too low.
 #
-# ORVRTF_CORPUS      FOLDER where none is given; by default shared/corpus beside the project's folder
+# ORVRTF_CORPUS      FOLDER where none is given
 # ORVRTF_TOOL        the orvrtf to run; by default it is built
 # ORVRTF_MIN_RECALL  least mean recall, 0.93 by default
 
 # shellcheck source-path=SCRIPTDIR source=lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-corpus=${1:-${ORVRTF_CORPUS:-$root/../shared/corpus}}
-[[ -f $corpus/text_recall.py ]] || fail "no text_recall.py in $corpus; name the corpus folder"
+corpus=${1:-${ORVRTF_CORPUS:-}}
+[[ -n $corpus ]] || fail "name the corpus folder"
+[[ -f $corpus/text_recall.py ]] || fail "no text_recall.py in $corpus"
 
 if [[ -z ${ORVRTF_TOOL:-} ]]; then
     need_packages "${build_packages[@]}" "${test_packages[@]}"

@@ -32,7 +32,7 @@ mkdir -p "$corpus" "$folder/crashes"
 seed_corpus
 log=$logs/fuzz-$target.log
 export QT_QPA_PLATFORM=offscreen
-export LSAN_OPTIONS=suppressions=$root/tests/lsan.supp:print_suppressions=0
+export LSAN_OPTIONS=suppressions=$root/tests/support/lsan.supp:print_suppressions=0
 export UBSAN_OPTIONS=print_stacktrace=1
 say "running fuzz_$target for $seconds s"
 if ! "$folder/bin/fuzz_$target" -max_total_time="$seconds" -max_len=$longest -entropic=0 -timeout=20 -rss_limit_mb=2048 \

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# valgrind.sh [SUBJECT…]: installs and builds what is missing, and runs test programs under valgrind: all that are
-# about the library and need no other programs, or those of the subjects named. Fails when one reads or writes where
+# valgrind.sh [TEST…]: installs and builds what is missing, and runs test classes under valgrind: all that are
+# about the library and need no other programs, or those named. Fails when one reads or writes where
 # it must not, uses what was never set, or loses memory.
 
 # shellcheck source-path=SCRIPTDIR source=lib.sh
@@ -12,18 +12,21 @@ left_out+="|texttransform.*|threads|tool.*"
 
 need_packages "${build_packages[@]}" "${test_packages[@]}"
 build_preset default
-subjects=("$@")
-if ((${#subjects[@]} == 0)); then
-    mapfile -t subjects < <(find "$root/build/default/bin" -name 'tst_*' -printf '%f\n' | sed 's/^tst_//' \
+tests=("$@")
+if ((${#tests[@]} == 0)); then
+    mapfile -t tests < <(for program in "$root"/build/default/bin/tst_*; do "$program" --list; done \
         | grep -vxE "$left_out" | sort)
 fi
 
-# run_one SUBJECT: runs a test program under valgrind, and shows what valgrind says when it fails.
+# run_one TEST: runs a test class under valgrind, and shows what valgrind says when it fails.
 run_one() {
-    local log=$logs/valgrind-$1.log
+    local log=$logs/valgrind-$1.log program
+    for program in "$root"/build/default/bin/tst_*; do
+        "$program" --list | grep -qxF "$1" && break
+    done
     if valgrind --quiet --error-exitcode=1 --leak-check=full --show-leak-kinds=definite --errors-for-leak-kinds=definite \
-        --suppressions="$root/tests/valgrind.supp" --log-file="$log" \
-        "$root/build/default/bin/tst_$1" >"$log.out" 2>&1 </dev/null; then
+        --suppressions="$root/tests/support/valgrind.supp" --log-file="$log" \
+        "$program" "$1" >"$log.out" 2>&1 </dev/null; then
         echo "$1: clean"
     else
         tail -n 15 "$log.out"
@@ -37,6 +40,6 @@ export -f run_one
 export QT_ENABLE_REGEXP_JIT=0
 export root logs QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 mkdir -p "$logs"
-printf '%s\n' "${subjects[@]}" | xargs -P "$(nproc)" -I '{}' bash -c 'run_one "{}"' \
+printf '%s\n' "${tests[@]}" | xargs -P "$(nproc)" -I '{}' bash -c 'run_one "{}"' \
     || fail "not clean under valgrind"
-say "${#subjects[@]} test programs are clean under valgrind"
+say "${#tests[@]} test classes are clean under valgrind"

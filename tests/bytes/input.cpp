@@ -1,61 +1,55 @@
 #include "ORVRtfInput_p.h"
-
-#include <QBuffer>
-#include <QtTest>
+#include "testsupport.h"
 
 /*! The bytes of a device as the tokenizer sees them. What only they show; the rest is seen in what is read.
  */
-class tst_input : public QObject {
+class TestInput : public QObject {
     Q_OBJECT
 
 private slots:
-    void textEndsAtSpecialBytes_data();
-    void textEndsAtSpecialBytes();
-    void textEndsWithTheBuffer();
-};
+    void textEndsAtSpecialBytes_data()
+    {
+        const Columns<char> add("special");
+        for (const char special : {'\\', '{', '}', '\n', '\r'})
+            add(qPrintable(QString::number(special, 16)), special);
+    }
 
-void tst_input::textEndsAtSpecialBytes_data()
-{
-    QTest::addColumn<char>("special");
-    for (const char special : {'\\', '{', '}', '\n', '\r'})
-        QTest::newRow(qPrintable(QString::number(special, 16))) << special;
-}
+    /*! At any place, beside any other bytes: many are looked at together. */
+    void textEndsAtSpecialBytes()
+    {
+        FETCH(char, special);
+        const QByteArray all = "\\{}\n\r";
+        for (int neighbour = 0; neighbour < 256; ++neighbour) {
+            if (all.contains(char(neighbour)))
+                continue;
+            for (int place = 1; place < 20; ++place) {
+                QByteArray bytes(24, char(neighbour));
+                bytes[place] = special;
+                QBuffer buffer(&bytes);
+                QVERIFY(buffer.open(QIODevice::ReadOnly));
+                ORVRtfInput input;
+                input.setDevice(&buffer);
+                QCOMPARE(input.charAt(0), char(neighbour));
+                QCOMPARE(input.textLength(), place);
+            }
+        }
+    }
 
-/*! At any place, beside any other bytes: many are looked at together. */
-void tst_input::textEndsAtSpecialBytes()
-{
-    QFETCH(char, special);
-    const QByteArray all = "\\{}\n\r";
-    for (int neighbour = 0; neighbour < 256; ++neighbour) {
-        if (all.contains(char(neighbour)))
-            continue;
-        for (int place = 1; place < 20; ++place) {
-            QByteArray bytes(24, char(neighbour));
-            bytes[place] = special;
+    void textEndsWithTheBuffer()
+    {
+        for (int size = 1; size < 40; ++size) {
+            QByteArray bytes(size, 'a');
+            // The first byte is text whatever it is.
+            bytes[0] = '{';
             QBuffer buffer(&bytes);
             QVERIFY(buffer.open(QIODevice::ReadOnly));
             ORVRtfInput input;
             input.setDevice(&buffer);
-            QCOMPARE(input.charAt(0), char(neighbour));
-            QCOMPARE(input.textLength(), place);
+            QCOMPARE(input.charAt(0), '{');
+            QCOMPARE(input.textLength(), size);
         }
     }
-}
+};
 
-void tst_input::textEndsWithTheBuffer()
-{
-    for (int size = 1; size < 40; ++size) {
-        QByteArray bytes(size, 'a');
-        // The first byte is text whatever it is.
-        bytes[0] = '{';
-        QBuffer buffer(&bytes);
-        QVERIFY(buffer.open(QIODevice::ReadOnly));
-        ORVRtfInput input;
-        input.setDevice(&buffer);
-        QCOMPARE(input.charAt(0), '{');
-        QCOMPARE(input.textLength(), size);
-    }
-}
-
-QTEST_GUILESS_MAIN(tst_input)
-#include "tst_input.moc"
+ORV_TEST("input", TestInput, QCoreApplication)
+#include "input.moc"

@@ -4,6 +4,13 @@
 
 set -euo pipefail
 
+for program in parallel rsync; do
+    command -v "$program" >/dev/null || {
+        echo "skipped: $program is not installed"
+        exit 77
+    }
+done
+
 docs=$1
 tool=$2
 tests=$(cd "$(dirname "$0")" && pwd)

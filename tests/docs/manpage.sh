@@ -4,6 +4,13 @@
 
 set -euo pipefail
 
+for program in mandoc man; do
+    command -v "$program" >/dev/null || {
+        echo "skipped: $program is not installed"
+        exit 77
+    }
+done
+
 page=$1
 help=$(LC_ALL=C "$2" --help)
 

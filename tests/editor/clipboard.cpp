@@ -1,12 +1,5 @@
 #include "ORV.h"
-#include "ORVTextRtf.h"
-#include "QtFontCompat_p.h"
 #include "editorhelpers.h"
-#include "rtfstory.h"
-
-#include <QtCore/QProcess>
-#include <QtGui/QClipboard>
-#include <QtWidgets/QApplication>
 
 using namespace editortest;
 using namespace rtftest;
@@ -26,9 +19,7 @@ public:
 
     bool start()
     {
-        m_process.start(QStringLiteral("Xvfb"),
-                        {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-terminate"),
-                         QStringLiteral("-nolisten"), QStringLiteral("tcp")});
+        m_process.start("Xvfb"_s, {"-displayfd"_s, "1"_s, "-terminate"_s, "-nolisten"_s, "tcp"_s});
         while (!m_process.canReadLine()) {
             if (!m_process.waitForReadyRead(Deadline))
                 return false;
@@ -43,14 +34,14 @@ private:
 
 QStringList clipboardArguments(const QString& direction, const QString& type)
 {
-    return {QStringLiteral("-selection"), QStringLiteral("clipboard"), direction, QStringLiteral("-t"), type};
+    return {"-selection"_s, "clipboard"_s, direction, "-t"_s, type};
 }
 
 /*! What another program gets that pastes \a type. */
 QByteArray pastedElsewhere(const QString& type)
 {
     QProcess xclip;
-    xclip.start(QStringLiteral("xclip"), clipboardArguments(QStringLiteral("-o"), type));
+    xclip.start("xclip"_s, clipboardArguments("-o"_s, type));
     // Not waitForFinished(): it is this program that has to answer.
     if (!QTest::qWaitFor([&] { return xclip.state() == QProcess::NotRunning; }, Deadline))
         return "nothing in time";
@@ -62,8 +53,7 @@ class CopiedElsewhere {
 public:
     CopiedElsewhere(const QString& type, const QByteArray& data) : m_type(type), m_data(data)
     {
-        m_xclip.start(QStringLiteral("xclip"),
-                      clipboardArguments(QStringLiteral("-i"), type) << QStringLiteral("-quiet"));
+        m_xclip.start("xclip"_s, clipboardArguments("-i"_s, type) << "-quiet"_s);
         m_xclip.write(data);
         m_xclip.closeWriteChannel();
     }
@@ -93,141 +83,125 @@ class TestEditorClipboard : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_window.reset(new EditorWindow);
+        QFont font;
+        compat::setFamily(font, QString::fromLatin1(DefaultFamily));
+        font.setPointSizeF(DefaultPointSize);
+        m_window->textEdit()->document()->setDefaultFont(font);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.data()));
+    }
 
-    void copiedTextIsRtfElsewhere();
-    void copiedTextHasEveryType();
-    void copiedRichTextIsWholeElsewhere();
-    void cutTextIsRtfElsewhere();
-    void rtfFromElsewhereIsPasted_data();
-    void rtfFromElsewhereIsPasted();
-    void rtfOfManyPiecesIsPasted();
-    void copyOfOneWindowIsPastedInAnother();
+    void cleanup()
+    {
+        // Without a question about changes.
+        m_window->textEdit()->document()->setModified(false);
+        m_window.reset();
+    }
+
+    void copiedTextIsRtfElsewhere()
+    {
+        m_window->textEdit()->textCursor().insertText("plain"_s);
+        m_window->textEdit()->textCursor().insertText("bold"_s, bold());
+        type("AC"_s);
+        QCOMPARE(pastedElsewhere("text/rtf"_s),
+                 documentHead() + firstParagraph() + run("plain") + "{\\f0\\fs24\\b1 bold}}");
+    }
+
+    void copiedTextHasEveryType()
+    {
+        m_window->textEdit()->setPlainText("text"_s);
+        type("AC"_s);
+        const QList<QByteArray> types = pastedElsewhere("TARGETS"_s).split('\n');
+        for (const QString& type : ORV::rtfMimeTypes()) {
+            QVERIFY2(types.contains(type.toLatin1()), qPrintable(type));
+            QCOMPARE(pastedElsewhere(type), documentHead() + firstParagraph() + run("text") + "}");
+        }
+        QVERIFY(types.contains(ORV::OrvellineMarkupRtfMimeType));
+        QVERIFY(types.contains("text/html"));
+        QCOMPARE(pastedElsewhere("UTF8_STRING"_s), "text"_b);
+        // The best form stands in front of the others.
+        QVERIFY(types.indexOf("text/rtf") < types.indexOf("text/html"));
+        QVERIFY(types.indexOf("text/html") < types.indexOf("text/plain"));
+    }
+
+    void copiedRichTextIsWholeElsewhere()
+    {
+        QTextDocument* document = m_window->textEdit()->document();
+        QVERIFY(ORVTextRtf::fromRtfData(richRtf(), document, nullptr));
+        type("AC"_s);
+        const Reading reading = rtftest::read(pastedElsewhere("text/rtf"_s));
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(describe(*reading.document), richContent());
+    }
+
+    void cutTextIsRtfElsewhere()
+    {
+        m_window->textEdit()->setPlainText("text"_s);
+        type("AX"_s);
+        QCOMPARE(contentOf(*m_window), QString());
+        QCOMPARE(pastedElsewhere("text/rtf"_s), documentHead() + firstParagraph() + run("text") + "}");
+    }
+
+    void rtfFromElsewhereIsPasted_data()
+    {
+        const Columns<QString> add("type");
+        for (const QString& type : ORV::rtfMimeTypes())
+            add(qPrintable(type), type);
+        add("own flavour", QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType));
+    }
+
+    void rtfFromElsewhereIsPasted()
+    {
+        FETCH(QString, type);
+        const CopiedElsewhere copied(type, richRtf());
+        QVERIFY(copied.isThere());
+        this->type("V"_s);
+        QCOMPARE(contentOf(*m_window), richContent());
+    }
+
+    /*! X hands on what is longer than a few megabytes piece by piece. */
+    void rtfOfManyPiecesIsPasted()
+    {
+        const int megabyte = 1 << 20;
+        const QByteArray skipped = "{\\*\\unknown " + QByteArray(10 * megabyte, 'x') + "}";
+        const CopiedElsewhere copied("text/rtf"_s, "{\\rtf1\\ansi begin" + skipped + " end{}}");
+        QVERIFY(copied.isThere());
+        type("V"_s);
+        QCOMPARE(contentOf(*m_window), "begin end"_s);
+    }
+
+    void copyOfOneWindowIsPastedInAnother()
+    {
+        QVERIFY(ORVTextRtf::fromRtfData(richRtf(), m_window->textEdit()->document(), nullptr));
+        type("AC"_s);
+        cleanup();
+        init();
+        type("V"_s);
+        QCOMPARE(contentOf(*m_window), richContent());
+    }
 
 private:
     /*! Types \a keys with the control key into the text. */
-    void type(const QString& keys);
+    void type(const QString& keys)
+    {
+        for (QChar key : keys)
+            QTest::keyClick(m_window->textEdit(), key.toLatin1(), Qt::ControlModifier);
+    }
 
     QScopedPointer<EditorWindow> m_window;
 };
 
-void TestEditorClipboard::init()
-{
-    m_window.reset(new EditorWindow);
-    QFont font;
-    compat::setFamily(font, QString::fromLatin1(DefaultFamily));
-    font.setPointSizeF(DefaultPointSize);
-    m_window->textEdit()->document()->setDefaultFont(font);
-    m_window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_window.data()));
-}
-
-void TestEditorClipboard::cleanup()
-{
-    // Without a question about changes.
-    m_window->textEdit()->document()->setModified(false);
-    m_window.reset();
-}
-
-void TestEditorClipboard::type(const QString& keys)
-{
-    for (QChar key : keys)
-        QTest::keyClick(m_window->textEdit(), key.toLatin1(), Qt::ControlModifier);
-}
-
-void TestEditorClipboard::copiedTextIsRtfElsewhere()
-{
-    m_window->textEdit()->textCursor().insertText(QStringLiteral("plain"));
-    m_window->textEdit()->textCursor().insertText(QStringLiteral("bold"), bold());
-    type(QStringLiteral("AC"));
-    QCOMPARE(pastedElsewhere(QStringLiteral("text/rtf")),
-             documentHead() + firstParagraph() + run("plain") + "{\\f0\\fs24\\b1 bold}}");
-}
-
-void TestEditorClipboard::copiedTextHasEveryType()
-{
-    m_window->textEdit()->setPlainText(QStringLiteral("text"));
-    type(QStringLiteral("AC"));
-    const QList<QByteArray> types = pastedElsewhere(QStringLiteral("TARGETS")).split('\n');
-    for (const QString& type : ORV::rtfMimeTypes()) {
-        QVERIFY2(types.contains(type.toLatin1()), qPrintable(type));
-        QCOMPARE(pastedElsewhere(type), documentHead() + firstParagraph() + run("text") + "}");
-    }
-    QVERIFY(types.contains(ORV::OrvellineMarkupRtfMimeType));
-    QVERIFY(types.contains("text/html"));
-    QCOMPARE(pastedElsewhere(QStringLiteral("UTF8_STRING")), QByteArray("text"));
-    // The best form stands in front of the others.
-    QVERIFY(types.indexOf("text/rtf") < types.indexOf("text/html"));
-    QVERIFY(types.indexOf("text/html") < types.indexOf("text/plain"));
-}
-
-void TestEditorClipboard::copiedRichTextIsWholeElsewhere()
-{
-    QTextDocument* document = m_window->textEdit()->document();
-    QVERIFY(ORVTextRtf::fromRtfData(richRtf(), document, nullptr));
-    type(QStringLiteral("AC"));
-    const Reading reading = rtftest::read(pastedElsewhere(QStringLiteral("text/rtf")));
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(describe(*reading.document), richContent());
-}
-
-void TestEditorClipboard::cutTextIsRtfElsewhere()
-{
-    m_window->textEdit()->setPlainText(QStringLiteral("text"));
-    type(QStringLiteral("AX"));
-    QCOMPARE(contentOf(*m_window), QString());
-    QCOMPARE(pastedElsewhere(QStringLiteral("text/rtf")),
-             documentHead() + firstParagraph() + run("text") + "}");
-}
-
-void TestEditorClipboard::rtfFromElsewhereIsPasted_data()
-{
-    QTest::addColumn<QString>("type");
-    for (const QString& type : ORV::rtfMimeTypes())
-        QTest::newRow(qPrintable(type)) << type;
-    QTest::newRow("own flavour") << QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType);
-}
-
-void TestEditorClipboard::rtfFromElsewhereIsPasted()
-{
-    QFETCH(QString, type);
-    const CopiedElsewhere copied(type, richRtf());
-    QVERIFY(copied.isThere());
-    this->type(QStringLiteral("V"));
-    QCOMPARE(contentOf(*m_window), richContent());
-}
-
-/*! X hands on what is longer than a few megabytes piece by piece. */
-void TestEditorClipboard::rtfOfManyPiecesIsPasted()
-{
-    const int megabyte = 1 << 20;
-    const QByteArray skipped = "{\\*\\unknown " + QByteArray(10 * megabyte, 'x') + "}";
-    const CopiedElsewhere copied(QStringLiteral("text/rtf"), "{\\rtf1\\ansi begin" + skipped + " end{}}");
-    QVERIFY(copied.isThere());
-    type(QStringLiteral("V"));
-    QCOMPARE(contentOf(*m_window), QStringLiteral("begin end"));
-}
-
-void TestEditorClipboard::copyOfOneWindowIsPastedInAnother()
-{
-    QVERIFY(ORVTextRtf::fromRtfData(richRtf(), m_window->textEdit()->document(), nullptr));
-    type(QStringLiteral("AC"));
-    cleanup();
-    init();
-    type(QStringLiteral("V"));
-    QCOMPARE(contentOf(*m_window), richContent());
-}
-
-int main(int argc, char** argv)
+static int runTestEditorClipboard(int argc, char** argv)
 {
     XServer server;
     if (!server.start())
-        qFatal("Xvfb does not start");
+        return registry::skip("Xvfb is not installed, or does not start");
     qputenv("QT_QPA_PLATFORM", "xcb");
-    QApplication application(argc, argv);
-    TestEditorClipboard test;
-    return QTest::qExec(&test, argc, argv);
+    return registry::runWith<TestEditorClipboard, QApplication>("xclip", argc, argv);
 }
 
-#include "tst_editor_clipboard.moc"
+ORV_TEST_MAIN("editor_clipboard", runTestEditorClipboard, TestEditorClipboard)
+#include "clipboard.moc"

@@ -2,23 +2,11 @@
 #define EDITORHELPERS_H
 
 #include "EditorWindow.h"
-#include "ORVTextRtf.h"
-#include "QtFontCompat_p.h"
 #include "RichTextEdit.h"
 #include "TextDocSupport.h"
-#include "rtftesthelpers.h"
+#include "testsupport.h"
 
-#include <QAction>
-#include <QtCore/QTemporaryDir>
-#include <QtCore/QTemporaryFile>
-#include <QtCore/QTimer>
-#include <QtGui/QTextList>
-#include <QtGui/QTextTable>
-#include <QtTest/QtTest>
-#include <QtWidgets/QApplication>
-
-#include <functional>
-#include <memory>
+#include <QtWidgets/QtWidgets>
 
 /*! What the tests of the editor window share. */
 namespace editortest {

@@ -1,5 +1,4 @@
 #include "ORVRounding_p.h"
-#include "ORVRtfProperties.h"
 #include "ORVTextPage.h"
 #include "PageActions.h"
 #include "PageDialog.h"
@@ -7,13 +6,6 @@
 #include "PdfFile.h"
 #include "PreviewWindow.h"
 #include "editorhelpers.h"
-#include "rtfstory.h"
-
-#include <QtCore/QMimeData>
-#include <QtGui/QClipboard>
-#include <QtWidgets/QComboBox>
-#include <QtWidgets/QDoubleSpinBox>
-#include <QtWidgets/QLineEdit>
 
 using namespace editortest;
 using namespace rtftest;
@@ -51,355 +43,312 @@ class TestEditorPages : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { m_window = shownWindow(); }
+    void cleanup() { m_window.reset(); }
 
-    void openedFormatsAreShown();
-    void openedFormatsAreSavedAsTheyWere();
-    void changedFormatsAreSaved();
-    void openingIsNoStepForUndo();
-    void copiedFormatsAreThoseOfTheFile();
-    void pastedFormatsAreShown();
-    void textFromAWiderPageIsPasted();
+    /*! In pixels, of which 96 make an inch. */
+    void openedFormatsAreShown()
+    {
+        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi " + indented("text") + "{}}"));
+        const QTextBlockFormat format = document()->begin().blockFormat();
+        QCOMPARE(format.leftMargin(), 48.0);
+        QCOMPARE(format.textIndent(), -24.0);
+        QCOMPARE(format.topMargin(), 16.0);
+    }
 
-    void pageOfAFileIsSaved();
-    void dialogKeepsWhatIsNotChanged();
-    void dialogKeepsLengthsBeyondItsRange_data();
-    void dialogKeepsLengthsBeyondItsRange();
-    void dialogKeepsTheAlignment_data();
-    void dialogKeepsTheAlignment();
-    void dialogChangesTheAlignment();
-    void dialogChoosesPaper();
-    void dialogShowsThePaper_data();
-    void dialogShowsThePaper();
-    void marginsAndMarginTextsAreSaved();
-    void cancelledDialogChangesNothing();
+    void openedFormatsAreSavedAsTheyWere()
+    {
+        const QByteArray rtf = "{\\rtf1\\ansi " + indented("one")
+            + "\\par\\pard\\ri360\\sl360\\slmult1\\tx720 two {\\up6 three}{}}";
+        QVERIFY(openRtf(*m_window, rtf));
+        const Reading before = read(rtf);
+        const Reading after = read(savedRtf(*m_window));
+        for (int i = 0; i < 2; ++i)
+            QCOMPARE(dump(after.blockFormat(i)), dump(before.blockFormat(i)));
+        // Shown as superscript, which it is not.
+        QCOMPARE(formatOf(*document(), "three"_s).verticalAlignment(), QTextCharFormat::AlignSuperScript);
+        QCOMPARE(after.format("three"_s).verticalAlignment(), QTextCharFormat::AlignNormal);
+    }
 
-    void previewHasAllPages();
-    void previewShowsTheHeader_data();
-    void previewShowsTheHeader();
-    void pdfHasAllPages();
-    void pdfCannotBeWritten();
+    void changedFormatsAreSaved()
+    {
+        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi " + indented("text") + "{}}"));
+        QTextBlockFormat wider;
+        wider.setLeftMargin(96);
+        m_window->textEdit()->textCursor().mergeBlockFormat(wider);
+        const QTextBlockFormat saved = read(savedRtf(*m_window)).blockFormat(0);
+        QCOMPARE(saved.doubleProperty(ORVRtfProperty::LeftIndent), 72.0);
+        QCOMPARE(saved.topMargin(), 12.0);
+        QCOMPARE(document()->begin().blockFormat().leftMargin(), 96.0);
+    }
+
+    void openingIsNoStepForUndo()
+    {
+        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi " + indented("text") + "{}}"));
+        QVERIFY(document()->isUndoRedoEnabled());
+        QVERIFY(!document()->isUndoAvailable());
+        QVERIFY(!document()->isModified());
+    }
+
+    void copiedFormatsAreThoseOfTheFile()
+    {
+        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi" + oddPage() + indented("one\\par two") + "{}}"));
+        m_window->textEdit()->selectAll();
+        m_window->textEdit()->copy();
+        const QByteArray rtf = QApplication::clipboard()->mimeData()->data("text/rtf"_s);
+        QVERIFY2(rtf.contains(oddPage()), rtf.constData());
+        const QTextBlockFormat copied = read(rtf).blockFormat(0);
+        QCOMPARE(copied.doubleProperty(ORVRtfProperty::LeftIndent), 36.0);
+        QCOMPARE(copied.textIndent(), 18.0);
+        QCOMPARE(copied.topMargin(), 12.0);
+    }
+
+    void pastedFormatsAreShown()
+    {
+        QMimeData* mime = new QMimeData;
+        mime->setData("text/rtf"_s, "{\\rtf1\\ansi " + indented("one\\par two") + "{}}");
+        QApplication::clipboard()->setMimeData(mime);
+        m_window->textEdit()->paste();
+        QCOMPARE(document()->begin().blockFormat().leftMargin(), 48.0);
+        const Reading saved = read(savedRtf(*m_window));
+        QCOMPARE(saved.text(), "one\ntwo"_s);
+        QCOMPARE(saved.blockFormat(0).doubleProperty(ORVRtfProperty::LeftIndent), 36.0);
+    }
+
+    /*! What reaches to the margin there reaches to the margin here. */
+    void textFromAWiderPageIsPasted()
+    {
+        QMimeData* mime = new QMimeData;
+        mime->setData("text/rtf"_s,
+                      "{\\rtf1\\ansi\\paperw20000\\pard\\ri0 one\\par\\pard\\ri720 two\\par three{}}");
+        QApplication::clipboard()->setMimeData(mime);
+        m_window->textEdit()->paste();
+        QCOMPARE(document()->begin().blockFormat().rightMargin(), 0.0);
+        QCOMPARE(document()->begin().next().blockFormat().rightMargin(), 48.0);
+        // The text is 8640 twips wide, which are 432 points.
+        const Reading saved = read(savedRtf(*m_window));
+        QCOMPARE(saved.blockFormat(1).doubleProperty(ORVRtfProperty::RightIndent), 396.0);
+    }
+
+    void pageOfAFileIsSaved()
+    {
+        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi" + oddPage() + " text{}}"));
+        const QByteArray rtf = savedRtf(*m_window);
+        QVERIFY2(rtf.contains(oddPage()), rtf.constData());
+    }
+
+    void dialogKeepsWhatIsNotChanged()
+    {
+        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi" + oddPage() + " text{}}"));
+        const DialogAnswer<PageDialog> answer([](PageDialog* dialog) {
+            dialog->findChild<QDoubleSpinBox*>("rightMargin"_s)->setValue(10);
+            dialog->accept();
+        });
+        actionOf(*m_window, "Page set-up…")->trigger();
+        QVERIFY(document()->isModified());
+        // 10 mm are 566.9 twips.
+        const QByteArray rtf = savedRtf(*m_window);
+        QVERIFY2(rtf.contains("\\paperw11906\\paperh16838\\margl1701\\margr567\\margt1417\\margb1137"),
+                 rtf.constData());
+    }
+
+    void dialogKeepsLengthsBeyondItsRange_data()
+    {
+        const Columns<QSizeF, double> add("paper", "margin");
+        add("negative margin", QSizeF(612, 792), -36.0);
+        // 22 inches are 1584 points.
+        add("paper of more than 22 inches", QSizeF(1600, 3000), 72.0);
+        add("neither", QSizeF(1584, 500), 0.0);
+    }
+
+    void dialogKeepsLengthsBeyondItsRange()
+    {
+        FETCH(QSizeF, paper, double, margin);
+        PageSettings settings;
+        settings.page.paperSize = paper;
+        settings.page.leftMargin = margin;
+        settings.page.topMargin = margin;
+        const PageDialog dialog(settings, nullptr);
+        const ORVPageGeometry page = dialog.settings().page;
+        QCOMPARE(page.paperSize, paper);
+        QCOMPARE(page.leftMargin, margin);
+        QCOMPARE(page.topMargin, margin);
+    }
+
+    void dialogKeepsTheAlignment_data()
+    {
+        const Columns<int> add("alignment");
+        add("left", int(Qt::AlignLeft));
+        add("centre", int(Qt::AlignHCenter));
+        add("right", int(Qt::AlignRight));
+        add("none of the choices", int(Qt::AlignJustify));
+        add("more than a choice", int(Qt::AlignRight | Qt::AlignBottom));
+    }
+
+    void dialogKeepsTheAlignment()
+    {
+        FETCH(int, alignment);
+        PageSettings settings;
+        settings.header.option.setAlignment(Qt::Alignment(alignment));
+        settings.footer.option.setAlignment(Qt::Alignment(alignment));
+        const PageDialog dialog(settings, nullptr);
+        QCOMPARE(int(dialog.settings().header.option.alignment()), alignment);
+        QCOMPARE(int(dialog.settings().footer.option.alignment()), alignment);
+    }
+
+    void dialogChangesTheAlignment()
+    {
+        PageSettings settings;
+        settings.header.option.setAlignment(Qt::AlignJustify);
+        settings.footer.option.setAlignment(Qt::AlignJustify);
+        const PageDialog dialog(settings, nullptr);
+        const QList<QComboBox*> boxes = dialog.findChildren<QComboBox*>();
+        QVector<QComboBox*> alignments;
+        for (QComboBox* box : boxes) {
+            if (box->findText("Centre"_s) >= 0)
+                alignments << box;
+        }
+        QCOMPARE(alignments.size(), 2);
+        alignments.first()->setCurrentIndex(alignments.first()->findText("Centre"_s));
+        QCOMPARE(int(dialog.settings().header.option.alignment()), int(Qt::AlignHCenter));
+        QCOMPARE(int(dialog.settings().footer.option.alignment()), int(Qt::AlignJustify));
+    }
+
+    void dialogChoosesPaper()
+    {
+        PageDialog dialog(PageSettings::of(*document()), nullptr);
+        QComboBox* papers = nullptr;
+        const QList<QComboBox*> boxes = dialog.findChildren<QComboBox*>();
+        for (QComboBox* box : boxes)
+            papers = box->findText("A4"_s) >= 0 ? box : papers;
+        QVERIFY(papers);
+        papers->setCurrentIndex(papers->findText("A4"_s));
+        emit papers->activated(papers->currentIndex());
+        // 210 mm by 297 mm
+        const QSizeF paper = dialog.settings().page.paperSize;
+        QCOMPARE(ORVRounding::halfAway(paper.width() * 20), 11906);
+        QCOMPARE(ORVRounding::halfAway(paper.height() * 20), 16838);
+        QCOMPARE(papers->currentText(), "A4"_s);
+    }
+
+    void dialogShowsThePaper_data()
+    {
+        const Columns<QSizeF, QString> add("points", "paper");
+        add("A4 in whole points", QSizeF(595, 842), "A4");
+        add("A4 in twips", QSizeF(595.3, 841.9), "A4");
+        add("A4 on its side", QSizeF(841.9, 595.3), "Other");
+        add("another", QSizeF(400, 400), "Other");
+    }
+
+    void dialogShowsThePaper()
+    {
+        FETCH(QSizeF, points, QString, paper);
+        PageSettings settings;
+        settings.page.paperSize = points;
+        const PageDialog dialog(settings, nullptr);
+        QStringList shown;
+        const QList<QComboBox*> boxes = dialog.findChildren<QComboBox*>();
+        for (const QComboBox* box : boxes)
+            shown << box->currentText();
+        QVERIFY2(shown.contains(paper), qPrintable(shown.join(QLatin1Char(','))));
+        QCOMPARE(dialog.settings().page.paperSize, points);
+    }
+
+    void marginsAndMarginTextsAreSaved()
+    {
+        m_window->textEdit()->setPlainText("text"_s);
+        const DialogAnswer<PageDialog> answer([](PageDialog* dialog) {
+            dialog->findChild<QDoubleSpinBox*>("leftMargin"_s)->setValue(25.4);
+            dialog->findChild<QLineEdit*>("header"_s)->setText("Title"_s);
+            dialog->findChild<QLineEdit*>("footer"_s)->setText("Page <$p>"_s);
+            dialog->accept();
+        });
+        actionOf(*m_window, "Page set-up…")->trigger();
+        QByteArray head = documentHead();
+        head.replace("\\margl1800", "\\margl1440");
+        QCOMPARE(savedRtf(*m_window),
+                 head
+                     + "{\\header{\\pard\\ql{\\f0\\fs24 Title\\par}}}\n"
+                       "{\\footer{\\pard\\ql{\\f0\\fs24 Page {\\chpgn}\\par}}}\n"
+                     + firstParagraph() + run("text") + "}");
+    }
+
+    void cancelledDialogChangesNothing()
+    {
+        const DialogAnswer<PageDialog> answer([](PageDialog* dialog) {
+            dialog->findChild<QLineEdit*>("header"_s)->setText("Title"_s);
+            dialog->reject();
+        });
+        actionOf(*m_window, "Page set-up…")->trigger();
+        QVERIFY(answer.isGiven());
+        QVERIFY(!document()->isModified());
+        QCOMPARE(document()->dynamicPropertyNames(), QList<QByteArray>());
+    }
+
+    void previewHasAllPages()
+    {
+        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi one\\page two\\page three{}}"));
+        const PreviewWindow* preview = m_window->pageActions()->showPreview();
+        QCOMPARE(preview->pageView()->pageCount(), 3);
+        QVERIFY(!document()->isModified());
+    }
+
+    void previewShowsTheHeader_data()
+    {
+        const Columns<QString> add("header");
+        add("header", "Title");
+        add("none", QString());
+    }
+
+    void previewShowsTheHeader()
+    {
+        FETCH(QString, header);
+        m_window->textEdit()->setPlainText("text"_s);
+        PageSettings settings = PageSettings::of(*document());
+        settings.header.text = header;
+        settings.setOn(document());
+        PageView view(*document());
+        // The whole of a Letter page, which is 816 by 1056 pixels, with a gap of 16 around it.
+        view.setFrameShape(QFrame::NoFrame);
+        view.resize(816 + 2 * 16, 1056 + 2 * 16);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        const QImage image = view.viewport()->grab().toImage();
+        const QPoint corner(16, 16);
+        // The margins: 120 pixels at the sides, 96 above and below.
+        const QRect text(120, 96, 576, 864);
+        QCOMPARE(isPainted(image, QRect(120, 0, 576, 96).translated(corner)), !header.isEmpty());
+        QVERIFY(isPainted(image, text.translated(corner)));
+        QVERIFY(!isPainted(image, QRect(120, 960, 576, 96).translated(corner)));
+    }
+
+    void pdfHasAllPages()
+    {
+        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi one\\page two{}}"));
+        QTemporaryDir folder;
+        QFile file(folder.filePath("a.pdf"_s));
+        QString message;
+        QVERIFY2(PdfFile::save(file.fileName(), *document(), &message), qPrintable(message));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray pdf = file.readAll();
+        QVERIFY(pdf.startsWith("%PDF-"));
+        QCOMPARE(pdf.count("/Type /Page\n"), 2);
+        // In points
+        QVERIFY(pdf.contains("/MediaBox [0 0 612.000000 792.000000]"));
+    }
+
+    void pdfCannotBeWritten()
+    {
+        QTemporaryDir folder;
+        QString message;
+        QVERIFY(!PdfFile::save(folder.filePath("no folder/a.pdf"_s), *document(), &message));
+        QCOMPARE(message, "No such file or directory"_s);
+    }
 
 private:
     QTextDocument* document() const { return m_window->textEdit()->document(); }
-
     std::unique_ptr<EditorWindow> m_window;
 };
 
-void TestEditorPages::init()
-{
-    m_window = shownWindow();
-}
-
-void TestEditorPages::cleanup()
-{
-    m_window.reset();
-}
-
-/*! In pixels, of which 96 make an inch. */
-void TestEditorPages::openedFormatsAreShown()
-{
-    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi " + indented("text") + "{}}"));
-    const QTextBlockFormat format = document()->begin().blockFormat();
-    QCOMPARE(format.leftMargin(), 48.0);
-    QCOMPARE(format.textIndent(), -24.0);
-    QCOMPARE(format.topMargin(), 16.0);
-}
-
-void TestEditorPages::openedFormatsAreSavedAsTheyWere()
-{
-    const QByteArray rtf =
-        "{\\rtf1\\ansi " + indented("one") + "\\par\\pard\\ri360\\sl360\\slmult1\\tx720 two {\\up6 three}{}}";
-    QVERIFY(openRtf(*m_window, rtf));
-    const Reading before = read(rtf);
-    const Reading after = read(savedRtf(*m_window));
-    for (int i = 0; i < 2; ++i)
-        QCOMPARE(dump(after.blockFormat(i)), dump(before.blockFormat(i)));
-    // Shown as superscript, which it is not.
-    QCOMPARE(formatOf(*document(), QStringLiteral("three")).verticalAlignment(),
-             QTextCharFormat::AlignSuperScript);
-    QCOMPARE(after.format(QStringLiteral("three")).verticalAlignment(), QTextCharFormat::AlignNormal);
-}
-
-void TestEditorPages::changedFormatsAreSaved()
-{
-    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi " + indented("text") + "{}}"));
-    QTextBlockFormat wider;
-    wider.setLeftMargin(96);
-    m_window->textEdit()->textCursor().mergeBlockFormat(wider);
-    const QTextBlockFormat saved = read(savedRtf(*m_window)).blockFormat(0);
-    QCOMPARE(saved.doubleProperty(ORVRtfProperty::LeftIndent), 72.0);
-    QCOMPARE(saved.topMargin(), 12.0);
-    QCOMPARE(document()->begin().blockFormat().leftMargin(), 96.0);
-}
-
-void TestEditorPages::openingIsNoStepForUndo()
-{
-    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi " + indented("text") + "{}}"));
-    QVERIFY(document()->isUndoRedoEnabled());
-    QVERIFY(!document()->isUndoAvailable());
-    QVERIFY(!document()->isModified());
-}
-
-void TestEditorPages::copiedFormatsAreThoseOfTheFile()
-{
-    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi" + oddPage() + indented("one\\par two") + "{}}"));
-    m_window->textEdit()->selectAll();
-    m_window->textEdit()->copy();
-    const QByteArray rtf = QApplication::clipboard()->mimeData()->data(QStringLiteral("text/rtf"));
-    QVERIFY2(rtf.contains(oddPage()), rtf.constData());
-    const QTextBlockFormat copied = read(rtf).blockFormat(0);
-    QCOMPARE(copied.doubleProperty(ORVRtfProperty::LeftIndent), 36.0);
-    QCOMPARE(copied.textIndent(), 18.0);
-    QCOMPARE(copied.topMargin(), 12.0);
-}
-
-void TestEditorPages::pastedFormatsAreShown()
-{
-    QMimeData* mime = new QMimeData;
-    mime->setData(QStringLiteral("text/rtf"), "{\\rtf1\\ansi " + indented("one\\par two") + "{}}");
-    QApplication::clipboard()->setMimeData(mime);
-    m_window->textEdit()->paste();
-    QCOMPARE(document()->begin().blockFormat().leftMargin(), 48.0);
-    const Reading saved = read(savedRtf(*m_window));
-    QCOMPARE(saved.text(), QStringLiteral("one\ntwo"));
-    QCOMPARE(saved.blockFormat(0).doubleProperty(ORVRtfProperty::LeftIndent), 36.0);
-}
-
-/*! What reaches to the margin there reaches to the margin here. */
-void TestEditorPages::textFromAWiderPageIsPasted()
-{
-    QMimeData* mime = new QMimeData;
-    mime->setData(QStringLiteral("text/rtf"),
-                  "{\\rtf1\\ansi\\paperw20000\\pard\\ri0 one\\par\\pard\\ri720 two\\par three{}}");
-    QApplication::clipboard()->setMimeData(mime);
-    m_window->textEdit()->paste();
-    QCOMPARE(document()->begin().blockFormat().rightMargin(), 0.0);
-    QCOMPARE(document()->begin().next().blockFormat().rightMargin(), 48.0);
-    // The text is 8640 twips wide, which are 432 points.
-    const Reading saved = read(savedRtf(*m_window));
-    QCOMPARE(saved.blockFormat(1).doubleProperty(ORVRtfProperty::RightIndent), 396.0);
-}
-
-void TestEditorPages::pageOfAFileIsSaved()
-{
-    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi" + oddPage() + " text{}}"));
-    const QByteArray rtf = savedRtf(*m_window);
-    QVERIFY2(rtf.contains(oddPage()), rtf.constData());
-}
-
-void TestEditorPages::dialogKeepsWhatIsNotChanged()
-{
-    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi" + oddPage() + " text{}}"));
-    const DialogAnswer<PageDialog> answer([](PageDialog* dialog) {
-        dialog->findChild<QDoubleSpinBox*>(QStringLiteral("rightMargin"))->setValue(10);
-        dialog->accept();
-    });
-    actionOf(*m_window, "Page set-up…")->trigger();
-    QVERIFY(document()->isModified());
-    // 10 mm are 566.9 twips.
-    const QByteArray rtf = savedRtf(*m_window);
-    QVERIFY2(rtf.contains("\\paperw11906\\paperh16838\\margl1701\\margr567\\margt1417\\margb1137"),
-             rtf.constData());
-}
-
-void TestEditorPages::dialogKeepsLengthsBeyondItsRange_data()
-{
-    QTest::addColumn<QSizeF>("paper");
-    QTest::addColumn<double>("margin");
-    QTest::newRow("negative margin") << QSizeF(612, 792) << -36.0;
-    // 22 inches are 1584 points.
-    QTest::newRow("paper of more than 22 inches") << QSizeF(1600, 3000) << 72.0;
-    QTest::newRow("neither") << QSizeF(1584, 500) << 0.0;
-}
-
-void TestEditorPages::dialogKeepsLengthsBeyondItsRange()
-{
-    QFETCH(QSizeF, paper);
-    QFETCH(double, margin);
-    PageSettings settings;
-    settings.page.paperSize = paper;
-    settings.page.leftMargin = margin;
-    settings.page.topMargin = margin;
-    const PageDialog dialog(settings, nullptr);
-    const ORVPageGeometry page = dialog.settings().page;
-    QCOMPARE(page.paperSize, paper);
-    QCOMPARE(page.leftMargin, margin);
-    QCOMPARE(page.topMargin, margin);
-}
-
-void TestEditorPages::dialogKeepsTheAlignment_data()
-{
-    QTest::addColumn<int>("alignment");
-    QTest::newRow("left") << int(Qt::AlignLeft);
-    QTest::newRow("centre") << int(Qt::AlignHCenter);
-    QTest::newRow("right") << int(Qt::AlignRight);
-    QTest::newRow("none of the choices") << int(Qt::AlignJustify);
-    QTest::newRow("more than a choice") << int(Qt::AlignRight | Qt::AlignBottom);
-}
-
-void TestEditorPages::dialogKeepsTheAlignment()
-{
-    QFETCH(int, alignment);
-    PageSettings settings;
-    settings.header.option.setAlignment(Qt::Alignment(alignment));
-    settings.footer.option.setAlignment(Qt::Alignment(alignment));
-    const PageDialog dialog(settings, nullptr);
-    QCOMPARE(int(dialog.settings().header.option.alignment()), alignment);
-    QCOMPARE(int(dialog.settings().footer.option.alignment()), alignment);
-}
-
-void TestEditorPages::dialogChangesTheAlignment()
-{
-    PageSettings settings;
-    settings.header.option.setAlignment(Qt::AlignJustify);
-    settings.footer.option.setAlignment(Qt::AlignJustify);
-    const PageDialog dialog(settings, nullptr);
-    const QList<QComboBox*> boxes = dialog.findChildren<QComboBox*>();
-    QVector<QComboBox*> alignments;
-    for (QComboBox* box : boxes) {
-        if (box->findText(QStringLiteral("Centre")) >= 0)
-            alignments << box;
-    }
-    QCOMPARE(alignments.size(), 2);
-    alignments.first()->setCurrentIndex(alignments.first()->findText(QStringLiteral("Centre")));
-    QCOMPARE(int(dialog.settings().header.option.alignment()), int(Qt::AlignHCenter));
-    QCOMPARE(int(dialog.settings().footer.option.alignment()), int(Qt::AlignJustify));
-}
-
-void TestEditorPages::dialogChoosesPaper()
-{
-    PageDialog dialog(PageSettings::of(*document()), nullptr);
-    QComboBox* papers = nullptr;
-    const QList<QComboBox*> boxes = dialog.findChildren<QComboBox*>();
-    for (QComboBox* box : boxes)
-        papers = box->findText(QStringLiteral("A4")) >= 0 ? box : papers;
-    QVERIFY(papers);
-    papers->setCurrentIndex(papers->findText(QStringLiteral("A4")));
-    emit papers->activated(papers->currentIndex());
-    // 210 mm by 297 mm
-    const QSizeF paper = dialog.settings().page.paperSize;
-    QCOMPARE(ORVRounding::halfAway(paper.width() * 20), 11906);
-    QCOMPARE(ORVRounding::halfAway(paper.height() * 20), 16838);
-    QCOMPARE(papers->currentText(), QStringLiteral("A4"));
-}
-
-void TestEditorPages::dialogShowsThePaper_data()
-{
-    QTest::addColumn<QSizeF>("points");
-    QTest::addColumn<QString>("paper");
-    QTest::newRow("A4 in whole points") << QSizeF(595, 842) << QStringLiteral("A4");
-    QTest::newRow("A4 in twips") << QSizeF(595.3, 841.9) << QStringLiteral("A4");
-    QTest::newRow("A4 on its side") << QSizeF(841.9, 595.3) << QStringLiteral("Other");
-    QTest::newRow("another") << QSizeF(400, 400) << QStringLiteral("Other");
-}
-
-void TestEditorPages::dialogShowsThePaper()
-{
-    QFETCH(QSizeF, points);
-    QFETCH(QString, paper);
-    PageSettings settings;
-    settings.page.paperSize = points;
-    const PageDialog dialog(settings, nullptr);
-    QStringList shown;
-    const QList<QComboBox*> boxes = dialog.findChildren<QComboBox*>();
-    for (const QComboBox* box : boxes)
-        shown << box->currentText();
-    QVERIFY2(shown.contains(paper), qPrintable(shown.join(QLatin1Char(','))));
-    QCOMPARE(dialog.settings().page.paperSize, points);
-}
-
-void TestEditorPages::marginsAndMarginTextsAreSaved()
-{
-    m_window->textEdit()->setPlainText(QStringLiteral("text"));
-    const DialogAnswer<PageDialog> answer([](PageDialog* dialog) {
-        dialog->findChild<QDoubleSpinBox*>(QStringLiteral("leftMargin"))->setValue(25.4);
-        dialog->findChild<QLineEdit*>(QStringLiteral("header"))->setText(QStringLiteral("Title"));
-        dialog->findChild<QLineEdit*>(QStringLiteral("footer"))->setText(QStringLiteral("Page <$p>"));
-        dialog->accept();
-    });
-    actionOf(*m_window, "Page set-up…")->trigger();
-    QByteArray head = documentHead();
-    head.replace("\\margl1800", "\\margl1440");
-    QCOMPARE(savedRtf(*m_window),
-             head
-                 + "{\\header{\\pard\\ql{\\f0\\fs24 Title\\par}}}\n"
-                   "{\\footer{\\pard\\ql{\\f0\\fs24 Page {\\chpgn}\\par}}}\n"
-                 + firstParagraph() + run("text") + "}");
-}
-
-void TestEditorPages::cancelledDialogChangesNothing()
-{
-    const DialogAnswer<PageDialog> answer([](PageDialog* dialog) {
-        dialog->findChild<QLineEdit*>(QStringLiteral("header"))->setText(QStringLiteral("Title"));
-        dialog->reject();
-    });
-    actionOf(*m_window, "Page set-up…")->trigger();
-    QVERIFY(answer.isGiven());
-    QVERIFY(!document()->isModified());
-    QCOMPARE(document()->dynamicPropertyNames(), QList<QByteArray>());
-}
-
-void TestEditorPages::previewHasAllPages()
-{
-    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi one\\page two\\page three{}}"));
-    const PreviewWindow* preview = m_window->pageActions()->showPreview();
-    QCOMPARE(preview->pageView()->pageCount(), 3);
-    QVERIFY(!document()->isModified());
-}
-
-void TestEditorPages::previewShowsTheHeader_data()
-{
-    QTest::addColumn<QString>("header");
-    QTest::newRow("header") << QStringLiteral("Title");
-    QTest::newRow("none") << QString();
-}
-
-void TestEditorPages::previewShowsTheHeader()
-{
-    QFETCH(QString, header);
-    m_window->textEdit()->setPlainText(QStringLiteral("text"));
-    PageSettings settings = PageSettings::of(*document());
-    settings.header.text = header;
-    settings.setOn(document());
-    PageView view(*document());
-    // The whole of a Letter page, which is 816 by 1056 pixels, with a gap of 16 around it.
-    view.setFrameShape(QFrame::NoFrame);
-    view.resize(816 + 2 * 16, 1056 + 2 * 16);
-    view.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&view));
-    const QImage image = view.viewport()->grab().toImage();
-    const QPoint corner(16, 16);
-    // The margins: 120 pixels at the sides, 96 above and below.
-    const QRect text(120, 96, 576, 864);
-    QCOMPARE(isPainted(image, QRect(120, 0, 576, 96).translated(corner)), !header.isEmpty());
-    QVERIFY(isPainted(image, text.translated(corner)));
-    QVERIFY(!isPainted(image, QRect(120, 960, 576, 96).translated(corner)));
-}
-
-void TestEditorPages::pdfHasAllPages()
-{
-    QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi one\\page two{}}"));
-    QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("a.pdf")));
-    QString message;
-    QVERIFY2(PdfFile::save(file.fileName(), *document(), &message), qPrintable(message));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray pdf = file.readAll();
-    QVERIFY(pdf.startsWith("%PDF-"));
-    QCOMPARE(pdf.count("/Type /Page\n"), 2);
-    // In points
-    QVERIFY(pdf.contains("/MediaBox [0 0 612.000000 792.000000]"));
-}
-
-void TestEditorPages::pdfCannotBeWritten()
-{
-    QTemporaryDir folder;
-    QString message;
-    QVERIFY(!PdfFile::save(folder.filePath(QStringLiteral("no folder/a.pdf")), *document(), &message));
-    QCOMPARE(message, QStringLiteral("No such file or directory"));
-}
-
-QTEST_MAIN(TestEditorPages)
-#include "tst_editor_pages.moc"
+ORV_TEST("editor_pages", TestEditorPages, QApplication)
+#include "pages.moc"

@@ -1,17 +1,5 @@
-#include "ORVTextFormat.h"
-#include "ORVTextListFormat.h"
 #include "TextDocSupport.h"
-
-#include <QImage>
-#include <QTextBlock>
-#include <QTextCursor>
-#include <QTextDocument>
-#include <QTextList>
-#include <QTextTable>
-#include <QUrl>
-#include <QtTest>
-
-#include <functional>
+#include "testsupport.h"
 
 typedef std::function<void(QTextDocument*)> Builder;
 Q_DECLARE_METATYPE(Builder)
@@ -45,28 +33,25 @@ QString dump(const QTextFormat& format)
 
 QString dump(const QTextBlock& block)
 {
-    QString text =
-        QLatin1String("block ") + dump(block.blockFormat()) + QLatin1String(" / ") + dump(block.charFormat());
+    QString text = "block "_s + dump(block.blockFormat()) + " / "_s + dump(block.charFormat());
     if (QTextList* list = block.textList()) {
-        text += QString::fromLatin1(" list from %1, item %2 of %3, ")
-                    .arg(list->item(0).blockNumber())
+        text += " list from %1, item %2 of %3, "_s.arg(list->item(0).blockNumber())
                     .arg(list->itemNumber(block))
                     .arg(list->count())
             + dump(list->format());
     }
     for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-        text += QLatin1String("\n  \"") + it.fragment().text() + QLatin1String("\" ")
-            + dump(it.fragment().charFormat());
+        text += "\n  \""_s + it.fragment().text() + "\" "_s + dump(it.fragment().charFormat());
     }
     return text + QLatin1Char('\n');
 }
 
 QString dump(QTextFrame* frame)
 {
-    QString text = QLatin1String("frame ") + dump(frame->frameFormat()) + QLatin1Char('\n');
+    QString text = "frame "_s + dump(frame->frameFormat()) + QLatin1Char('\n');
     for (QTextFrame::iterator it = frame->begin(); !it.atEnd(); ++it)
         text += it.currentFrame() ? dump(it.currentFrame()) : dump(it.currentBlock());
-    return text + QLatin1String("end\n");
+    return text + "end\n"_s;
 }
 
 QString spansOf(QTextTable* table)
@@ -75,7 +60,7 @@ QString spansOf(QTextTable* table)
     for (int row = 0; row < table->rows(); ++row) {
         for (int column = 0; column < table->columns(); ++column) {
             const QTextTableCell cell = table->cellAt(row, column);
-            spans << QString::fromLatin1("%1x%2").arg(cell.rowSpan()).arg(cell.columnSpan());
+            spans << "%1x%2"_s.arg(cell.rowSpan()).arg(cell.columnSpan());
         }
     }
     return spans.join(QLatin1Char(' '));
@@ -128,28 +113,28 @@ void appendTable(QTextDocument* document)
 {
     QTextCursor cursor(document);
     cursor.movePosition(QTextCursor::End);
-    cursor.insertTable(2, 2)->cellAt(1, 1).firstCursorPosition().insertText(QLatin1String("cell"));
+    cursor.insertTable(2, 2)->cellAt(1, 1).firstCursorPosition().insertText("cell"_s);
 }
 
 void makeRichDocument(QTextDocument* document)
 {
     QTextCursor cursor(document);
-    cursor.insertText(QLatin1String("plain "));
-    cursor.insertText(QLatin1String("slanted"), italic());
+    cursor.insertText("plain "_s);
+    cursor.insertText("slanted"_s, italic());
     cursor.insertBlock(centred(), italic());
-    cursor.insertText(QLatin1String("one"));
+    cursor.insertText("one"_s);
     QTextList* list = cursor.createList(lettered());
     cursor.insertBlock();
-    cursor.insertText(QLatin1String("two"));
+    cursor.insertText("two"_s);
     cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
     QTextTable* table = cursor.insertTable(3, 3);
     table->mergeCells(0, 1, 2, 2);
     cursor = table->cellAt(0, 1).firstCursorPosition();
-    cursor.insertText(QLatin1String("cell"));
-    cursor.insertTable(1, 2)->cellAt(0, 1).firstCursorPosition().insertText(QLatin1String("inner"), italic());
+    cursor.insertText("cell"_s);
+    cursor.insertTable(1, 2)->cellAt(0, 1).firstCursorPosition().insertText("inner"_s, italic());
     list->add(table->cellAt(2, 2).firstCursorPosition().block());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertImage(QLatin1String("picture"));
+    cursor.insertImage("picture"_s);
     cursor.insertBlock(centred(), italic());
 }
 
@@ -166,244 +151,222 @@ class TestDocumentClone : public QObject {
     Q_OBJECT
 
 private slots:
-    void cloneOfNullIsNull();
-    void cloneHasParent();
-    void cloneHasNoUndo();
-    void cloneIsIndependent();
-    void cloneKeepsContent_data();
-    void cloneKeepsContent();
-    void cloneKeepsTableSpans();
-    void cloneKeepsBlankListItemInItsList();
-    void cloneKeepsDocumentProperties_data();
-    void cloneKeepsDocumentProperties();
-    void cloneKeepsDynamicProperties();
-    void cloneKeepsResources();
-    void cloneFindsPicturesUnderBaseUrl();
+    void cloneOfNullIsNull() { QVERIFY(!TextDocSupport::cloneDocumentQtStyle(nullptr, this)); }
+
+    void cloneHasParent()
+    {
+        const QTextDocument document;
+        QObject parent;
+        const QTextDocument* copy = TextDocSupport::cloneDocumentQtStyle(&document, &parent);
+        QCOMPARE(copy->parent(), &parent);
+        const QScopedPointer<QTextDocument> orphan(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QVERIFY(!orphan->parent());
+    }
+
+    void cloneHasNoUndo()
+    {
+        QTextDocument document;
+        makeRichDocument(&document);
+        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QVERIFY(!copy->isUndoRedoEnabled());
+        QVERIFY(!copy->isUndoAvailable());
+        QVERIFY(document.isUndoRedoEnabled());
+    }
+
+    void cloneIsIndependent()
+    {
+        QTextDocument document;
+        makeRichDocument(&document);
+        const QString before = dump(document.rootFrame());
+        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QTextCursor cursor(copy.data());
+        cursor.select(QTextCursor::Document);
+        cursor.removeSelectedText();
+        QCOMPARE(dump(document.rootFrame()), before);
+    }
+
+    void cloneKeepsContent_data()
+    {
+        const Columns<Builder> row("build");
+        row("empty", Builder([](QTextDocument*) {}));
+        row("rich", Builder(makeRichDocument));
+        row("one blank paragraph", Builder(makeFirstBlock));
+        row("one blank list item", Builder(makeFirstListItem));
+        row("blank paragraph before text", Builder([](QTextDocument* document) {
+                makeFirstBlock(document);
+                appendParagraph(document, "text"_s);
+            }));
+        row("blank paragraph before a table", Builder([](QTextDocument* document) {
+                makeFirstBlock(document);
+                appendTable(document);
+            }));
+        row("blank list item before text", Builder([](QTextDocument* document) {
+                makeFirstListItem(document);
+                appendParagraph(document, "text"_s);
+            }));
+        row("blank list item before a table", Builder([](QTextDocument* document) {
+                makeFirstListItem(document);
+                appendTable(document);
+            }));
+        row("blank list item before others", Builder([](QTextDocument* document) {
+                makeFirstListItem(document);
+                appendParagraph(document, "second"_s);
+                appendParagraph(document, QString());
+                document->begin().textList()->add(document->lastBlock());
+                document->begin().textList()->add(document->begin().next());
+            }));
+        row("blank list item with others in a cell", Builder([](QTextDocument* document) {
+                makeFirstListItem(document);
+                appendTable(document);
+                document->begin().textList()->add(document->begin().next());
+            }));
+        row("blank paragraph after a table", Builder([](QTextDocument* document) {
+                appendTable(document);
+                QTextCursor cursor(document);
+                cursor.movePosition(QTextCursor::End);
+                cursor.setBlockFormat(centred());
+                cursor.setBlockCharFormat(italic());
+            }));
+        row("page breaks", Builder([](QTextDocument* document) {
+                appendParagraph(document, "text"_s);
+                appendParagraph(document, QString());
+                setPageBreak(document->begin(), After | 0x200);
+                setPageBreak(document->begin().next(), Before | 0x20);
+                setPageBreak(document->lastBlock(), After);
+            }));
+        row("multi-level list", Builder([](QTextDocument* document) {
+                QTextListFormat format;
+                ORVTextListLevel level;
+                level.setText("%0)"_s);
+                level.setIndent(36);
+                ORVTextListFormat::setLevels(format, QList<ORVTextListLevel>() << level << level);
+                QTextList* list = QTextCursor(document).createList(format);
+                ORVTextListFormat::setBlockLevel(list, document->begin(), 1);
+                appendTable(document);
+            }));
+    }
+
+    void cloneKeepsContent()
+    {
+        FETCH(Builder, build);
+        QTextDocument document;
+        build(&document);
+        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QCOMPARE(dump(copy->rootFrame()), dump(document.rootFrame()));
+    }
+
+    void cloneKeepsTableSpans()
+    {
+        QTextDocument document;
+        QTextTable* table = QTextCursor(&document).insertTable(3, 3);
+        table->mergeCells(0, 1, 2, 2);
+        table->mergeCells(2, 0, 1, 2);
+        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QCOMPARE(copy->rootFrame()->childFrames().size(), 1);
+        QTextTable* copied = qobject_cast<QTextTable*>(copy->rootFrame()->childFrames().first());
+        QVERIFY(copied);
+        QCOMPARE(spansOf(copied), "1x1 2x2 2x2 1x1 2x2 2x2 1x2 1x2 1x1"_s);
+    }
+
+    void cloneKeepsBlankListItemInItsList()
+    {
+        QTextDocument document;
+        makeFirstListItem(&document);
+        appendParagraph(&document, "between"_s);
+        appendParagraph(&document, "second item"_s);
+        document.begin().textList()->add(document.lastBlock());
+        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QVERIFY(copy->begin().textList());
+        QCOMPARE(copy->lastBlock().textList(), copy->begin().textList());
+        QCOMPARE(copy->begin().textList()->itemText(copy->lastBlock()), "b."_s);
+        QVERIFY(!copy->begin().next().textList());
+    }
+
+    void cloneKeepsDocumentProperties_data()
+    {
+        const Columns<Builder> add("build");
+        add("text", Builder([](QTextDocument* document) { makeRichDocument(document); }));
+        add("no text", Builder([](QTextDocument*) {}));
+        add("one blank list item", Builder(makeFirstListItem));
+    }
+
+    void cloneKeepsDocumentProperties()
+    {
+        FETCH(Builder, build);
+        QTextDocument document;
+        build(&document);
+        document.setMetaInformation(QTextDocument::DocumentTitle, "Title"_s);
+        document.setMetaInformation(QTextDocument::DocumentUrl, "http://example.org/document"_s);
+        document.setBaseUrl(QUrl("http://example.org/base/"_s));
+        document.setDefaultStyleSheet("p { color: red }"_s);
+        document.setDefaultFont(QFont("DejaVu Serif"_s, 23));
+        document.setPageSize(QSizeF(300, 400));
+        document.setIndentWidth(33);
+        document.setDocumentMargin(17);
+        document.setDefaultCursorMoveStyle(Qt::VisualMoveStyle);
+        QTextOption option;
+        option.setAlignment(Qt::AlignRight);
+        option.setFlags(QTextOption::ShowTabsAndSpaces);
+        document.setDefaultTextOption(option);
+        document.setUseDesignMetrics(true);
+        QTextFrameFormat frame = document.rootFrame()->frameFormat();
+        frame.setLeftMargin(5);
+        frame.setBackground(Qt::yellow);
+        document.rootFrame()->setFrameFormat(frame);
+
+        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QCOMPARE(copy->metaInformation(QTextDocument::DocumentTitle), "Title"_s);
+        QCOMPARE(copy->metaInformation(QTextDocument::DocumentUrl), "http://example.org/document"_s);
+        QCOMPARE(copy->baseUrl(), document.baseUrl());
+        QCOMPARE(copy->defaultStyleSheet(), document.defaultStyleSheet());
+        QCOMPARE(copy->defaultFont(), document.defaultFont());
+        QCOMPARE(copy->pageSize(), QSizeF(300, 400));
+        QCOMPARE(copy->indentWidth(), qreal(33));
+        QCOMPARE(copy->documentMargin(), qreal(17));
+        QCOMPARE(copy->defaultCursorMoveStyle(), Qt::VisualMoveStyle);
+        QCOMPARE(int(copy->defaultTextOption().alignment() & Qt::AlignHorizontal_Mask), int(Qt::AlignRight));
+        QVERIFY(copy->defaultTextOption().flags() & QTextOption::ShowTabsAndSpaces);
+        QVERIFY(copy->useDesignMetrics());
+        QCOMPARE(dump(copy->rootFrame()->frameFormat()), dump(frame));
+    }
+
+    void cloneKeepsDynamicProperties()
+    {
+        QTextDocument document;
+        document.setProperty("topMargin", 12.5);
+        document.setProperty("paperSize", QSizeF(100, 200));
+        QTextCharFormat format;
+        format.setFontPointSize(31);
+        ORVTextFormat::setDefaultCharFormat(&document, format);
+        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QVERIFY(copy->property("topMargin") == QVariant(12.5));
+        QVERIFY(copy->property("paperSize") == QVariant(QSizeF(100, 200)));
+        QVERIFY(ORVTextFormat::defaultCharFormat(copy.data()) == format);
+        QCOMPARE(copy->dynamicPropertyNames().size(), document.dynamicPropertyNames().size());
+    }
+
+    void cloneKeepsResources()
+    {
+        QTextDocument document;
+        makeRichDocument(&document);
+        const QImage image = makeImage(qRgba(10, 20, 30, 40));
+        document.addResource(QTextDocument::ImageResource, QUrl("picture"_s), image);
+        document.addResource(QTextDocument::UserResource, QUrl("data"_s), "bytes"_b);
+        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QCOMPARE(TextDocSupport::image(copy.data(), "picture"_s), image);
+        QCOMPARE(copy->resource(QTextDocument::UserResource, QUrl("data"_s)).toByteArray(), "bytes"_b);
+    }
+
+    void cloneFindsPicturesUnderBaseUrl()
+    {
+        QTextDocument document("text"_s);
+        const QImage image = makeImage(qRgb(10, 20, 30));
+        document.addResource(QTextDocument::ImageResource, QUrl("http://example.org/a/b.png"_s), image);
+        document.setBaseUrl(QUrl("http://example.org/a/"_s));
+        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+        QCOMPARE(TextDocSupport::image(copy.data(), "b.png"_s), image);
+    }
 };
 
-void TestDocumentClone::cloneOfNullIsNull()
-{
-    QVERIFY(!TextDocSupport::cloneDocumentQtStyle(nullptr, this));
-}
-
-void TestDocumentClone::cloneHasParent()
-{
-    const QTextDocument document;
-    QObject parent;
-    const QTextDocument* copy = TextDocSupport::cloneDocumentQtStyle(&document, &parent);
-    QCOMPARE(copy->parent(), &parent);
-    const QScopedPointer<QTextDocument> orphan(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QVERIFY(!orphan->parent());
-}
-
-void TestDocumentClone::cloneHasNoUndo()
-{
-    QTextDocument document;
-    makeRichDocument(&document);
-    const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QVERIFY(!copy->isUndoRedoEnabled());
-    QVERIFY(!copy->isUndoAvailable());
-    QVERIFY(document.isUndoRedoEnabled());
-}
-
-void TestDocumentClone::cloneIsIndependent()
-{
-    QTextDocument document;
-    makeRichDocument(&document);
-    const QString before = dump(document.rootFrame());
-    const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QTextCursor cursor(copy.data());
-    cursor.select(QTextCursor::Document);
-    cursor.removeSelectedText();
-    QCOMPARE(dump(document.rootFrame()), before);
-}
-
-void TestDocumentClone::cloneKeepsContent_data()
-{
-    QTest::addColumn<Builder>("build");
-
-    QTest::newRow("empty") << Builder([](QTextDocument*) {});
-    QTest::newRow("rich") << Builder(makeRichDocument);
-    QTest::newRow("one blank paragraph") << Builder(makeFirstBlock);
-    QTest::newRow("one blank list item") << Builder(makeFirstListItem);
-    QTest::newRow("blank paragraph before text") << Builder([](QTextDocument* document) {
-        makeFirstBlock(document);
-        appendParagraph(document, QLatin1String("text"));
-    });
-    QTest::newRow("blank paragraph before a table") << Builder([](QTextDocument* document) {
-        makeFirstBlock(document);
-        appendTable(document);
-    });
-    QTest::newRow("blank list item before text") << Builder([](QTextDocument* document) {
-        makeFirstListItem(document);
-        appendParagraph(document, QLatin1String("text"));
-    });
-    QTest::newRow("blank list item before a table") << Builder([](QTextDocument* document) {
-        makeFirstListItem(document);
-        appendTable(document);
-    });
-    QTest::newRow("blank list item before others") << Builder([](QTextDocument* document) {
-        makeFirstListItem(document);
-        appendParagraph(document, QLatin1String("second"));
-        appendParagraph(document, QString());
-        document->begin().textList()->add(document->lastBlock());
-        document->begin().textList()->add(document->begin().next());
-    });
-    QTest::newRow("blank list item with others in a cell") << Builder([](QTextDocument* document) {
-        makeFirstListItem(document);
-        appendTable(document);
-        document->begin().textList()->add(document->begin().next());
-    });
-    QTest::newRow("blank paragraph after a table") << Builder([](QTextDocument* document) {
-        appendTable(document);
-        QTextCursor cursor(document);
-        cursor.movePosition(QTextCursor::End);
-        cursor.setBlockFormat(centred());
-        cursor.setBlockCharFormat(italic());
-    });
-    QTest::newRow("page breaks") << Builder([](QTextDocument* document) {
-        appendParagraph(document, QLatin1String("text"));
-        appendParagraph(document, QString());
-        setPageBreak(document->begin(), After | 0x200);
-        setPageBreak(document->begin().next(), Before | 0x20);
-        setPageBreak(document->lastBlock(), After);
-    });
-    QTest::newRow("multi-level list") << Builder([](QTextDocument* document) {
-        QTextListFormat format;
-        ORVTextListLevel level;
-        level.setText(QLatin1String("%0)"));
-        level.setIndent(36);
-        ORVTextListFormat::setLevels(format, QList<ORVTextListLevel>() << level << level);
-        QTextList* list = QTextCursor(document).createList(format);
-        ORVTextListFormat::setBlockLevel(list, document->begin(), 1);
-        appendTable(document);
-    });
-}
-
-void TestDocumentClone::cloneKeepsContent()
-{
-    QFETCH(Builder, build);
-    QTextDocument document;
-    build(&document);
-    const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QCOMPARE(dump(copy->rootFrame()), dump(document.rootFrame()));
-}
-
-void TestDocumentClone::cloneKeepsTableSpans()
-{
-    QTextDocument document;
-    QTextTable* table = QTextCursor(&document).insertTable(3, 3);
-    table->mergeCells(0, 1, 2, 2);
-    table->mergeCells(2, 0, 1, 2);
-    const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QCOMPARE(copy->rootFrame()->childFrames().size(), 1);
-    QTextTable* copied = qobject_cast<QTextTable*>(copy->rootFrame()->childFrames().first());
-    QVERIFY(copied);
-    QCOMPARE(spansOf(copied), QString(QLatin1String("1x1 2x2 2x2 1x1 2x2 2x2 1x2 1x2 1x1")));
-}
-
-void TestDocumentClone::cloneKeepsBlankListItemInItsList()
-{
-    QTextDocument document;
-    makeFirstListItem(&document);
-    appendParagraph(&document, QLatin1String("between"));
-    appendParagraph(&document, QLatin1String("second item"));
-    document.begin().textList()->add(document.lastBlock());
-    const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QVERIFY(copy->begin().textList());
-    QCOMPARE(copy->lastBlock().textList(), copy->begin().textList());
-    QCOMPARE(copy->begin().textList()->itemText(copy->lastBlock()), QString(QLatin1String("b.")));
-    QVERIFY(!copy->begin().next().textList());
-}
-
-void TestDocumentClone::cloneKeepsDocumentProperties_data()
-{
-    QTest::addColumn<Builder>("build");
-
-    QTest::newRow("text") << Builder([](QTextDocument* document) { makeRichDocument(document); });
-    QTest::newRow("no text") << Builder([](QTextDocument*) {});
-    QTest::newRow("one blank list item") << Builder(makeFirstListItem);
-}
-
-void TestDocumentClone::cloneKeepsDocumentProperties()
-{
-    QFETCH(Builder, build);
-    QTextDocument document;
-    build(&document);
-    document.setMetaInformation(QTextDocument::DocumentTitle, QLatin1String("Title"));
-    document.setMetaInformation(QTextDocument::DocumentUrl, QLatin1String("http://example.org/document"));
-    document.setBaseUrl(QUrl(QLatin1String("http://example.org/base/")));
-    document.setDefaultStyleSheet(QLatin1String("p { color: red }"));
-    document.setDefaultFont(QFont(QLatin1String("DejaVu Serif"), 23));
-    document.setPageSize(QSizeF(300, 400));
-    document.setIndentWidth(33);
-    document.setDocumentMargin(17);
-    document.setDefaultCursorMoveStyle(Qt::VisualMoveStyle);
-    QTextOption option;
-    option.setAlignment(Qt::AlignRight);
-    option.setFlags(QTextOption::ShowTabsAndSpaces);
-    document.setDefaultTextOption(option);
-    document.setUseDesignMetrics(true);
-    QTextFrameFormat frame = document.rootFrame()->frameFormat();
-    frame.setLeftMargin(5);
-    frame.setBackground(Qt::yellow);
-    document.rootFrame()->setFrameFormat(frame);
-
-    const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QCOMPARE(copy->metaInformation(QTextDocument::DocumentTitle), QString(QLatin1String("Title")));
-    QCOMPARE(copy->metaInformation(QTextDocument::DocumentUrl),
-             QString(QLatin1String("http://example.org/document")));
-    QCOMPARE(copy->baseUrl(), document.baseUrl());
-    QCOMPARE(copy->defaultStyleSheet(), document.defaultStyleSheet());
-    QCOMPARE(copy->defaultFont(), document.defaultFont());
-    QCOMPARE(copy->pageSize(), QSizeF(300, 400));
-    QCOMPARE(copy->indentWidth(), qreal(33));
-    QCOMPARE(copy->documentMargin(), qreal(17));
-    QCOMPARE(copy->defaultCursorMoveStyle(), Qt::VisualMoveStyle);
-    QCOMPARE(int(copy->defaultTextOption().alignment() & Qt::AlignHorizontal_Mask), int(Qt::AlignRight));
-    QVERIFY(copy->defaultTextOption().flags() & QTextOption::ShowTabsAndSpaces);
-    QVERIFY(copy->useDesignMetrics());
-    QCOMPARE(dump(copy->rootFrame()->frameFormat()), dump(frame));
-}
-
-void TestDocumentClone::cloneKeepsDynamicProperties()
-{
-    QTextDocument document;
-    document.setProperty("topMargin", 12.5);
-    document.setProperty("paperSize", QSizeF(100, 200));
-    QTextCharFormat format;
-    format.setFontPointSize(31);
-    ORVTextFormat::setDefaultCharFormat(&document, format);
-    const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QVERIFY(copy->property("topMargin") == QVariant(12.5));
-    QVERIFY(copy->property("paperSize") == QVariant(QSizeF(100, 200)));
-    QVERIFY(ORVTextFormat::defaultCharFormat(copy.data()) == format);
-    QCOMPARE(copy->dynamicPropertyNames().size(), document.dynamicPropertyNames().size());
-}
-
-void TestDocumentClone::cloneKeepsResources()
-{
-    QTextDocument document;
-    makeRichDocument(&document);
-    const QImage image = makeImage(qRgba(10, 20, 30, 40));
-    document.addResource(QTextDocument::ImageResource, QUrl(QLatin1String("picture")), image);
-    document.addResource(QTextDocument::UserResource, QUrl(QLatin1String("data")), QByteArray("bytes"));
-    const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QCOMPARE(TextDocSupport::image(copy.data(), QLatin1String("picture")), image);
-    QCOMPARE(copy->resource(QTextDocument::UserResource, QUrl(QLatin1String("data"))).toByteArray(),
-             QByteArray("bytes"));
-}
-
-void TestDocumentClone::cloneFindsPicturesUnderBaseUrl()
-{
-    QTextDocument document(QLatin1String("text"));
-    const QImage image = makeImage(qRgb(10, 20, 30));
-    document.addResource(QTextDocument::ImageResource, QUrl(QLatin1String("http://example.org/a/b.png")),
-                         image);
-    document.setBaseUrl(QUrl(QLatin1String("http://example.org/a/")));
-    const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-    QCOMPARE(TextDocSupport::image(copy.data(), QLatin1String("b.png")), image);
-}
-
-QTEST_MAIN(TestDocumentClone)
-#include "tst_documentclone.moc"
+ORV_TEST("documentclone", TestDocumentClone, QGuiApplication)
+#include "documentclone.moc"

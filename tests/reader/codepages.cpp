@@ -1,7 +1,4 @@
-#include "ORVTextRtfCommon.h"
-
-#include <QtGui/QFont>
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 #include <map>
 
@@ -22,200 +19,168 @@ ushort expectedCharacter(int byte)
 
 } // namespace
 
-class TestCodepages : public QObject {
+class TestCodePages : public QObject {
     Q_OBJECT
 
 private slots:
-    void charSetToCodePage_data();
-    void charSetToCodePage();
-    void otherCharSetsAre1252();
-    void everyByteOf1252();
-    void everyUnitTo1252();
-    void codePageLength_data();
-    void codePageLength();
-    void everyFontIsWrittenAs1252();
-    void unicodeFromAnsi_data();
-    void unicodeFromAnsi();
-    void multiByteIsNeverWritten_data();
-    void multiByteIsNeverWritten();
+    void charSetToCodePage_data()
+    {
+        Columns<int, int>("charset", "codePage");
+        const int table[][2] = {{0, 1252},
+                                {1, 0},
+                                {2, 42},
+                                {77, 10000},
+                                {78, 10001},
+                                {79, 10003},
+                                {80, 10008},
+                                {81, 10002},
+                                {83, 10005},
+                                {84, 10004},
+                                {85, 10006},
+                                {86, 10081},
+                                {87, 10021},
+                                {88, 10029},
+                                {89, 10007},
+                                {128, 932},
+                                {129, 949},
+                                {130, 1361},
+                                {134, 936},
+                                {136, 950},
+                                {161, 1253},
+                                {162, 1254},
+                                {163, 1258},
+                                {177, 1255},
+                                {178, 1256},
+                                {186, 1257},
+                                {204, 1251},
+                                {222, 874},
+                                {238, 1250},
+                                {254, 437},
+                                {255, 850},
+                                {3, 1252},
+                                {76, 1252},
+                                {82, 1252},
+                                {90, 1252},
+                                {127, 1252},
+                                {131, 1252},
+                                {135, 1252},
+                                {1252, 1252},
+                                {-1, 1252},
+                                {256, 1252},
+                                {1251, 1252},
+                                {0x7FFFFFFF, 1252},
+                                {-0x7FFFFFFF, 1252}};
+        for (const auto& row : table)
+            QTest::addRow("fcharset%d", row[0]) << row[0] << row[1];
+    }
+
+    void charSetToCodePage()
+    {
+        FETCH(int, charset, int, codePage);
+        QCOMPARE(ORVTextRtfCommon::charSetToCodePage(charset), codePage);
+    }
+
+    void otherCharSetsAre1252()
+    {
+        int others = 0;
+        for (int charset = -300; charset <= 600; ++charset)
+            others += ORVTextRtfCommon::charSetToCodePage(charset) != 1252;
+        QCOMPARE(others, 30);
+    }
+
+    void everyByteOf1252()
+    {
+        for (int byte = 0; byte < 256; ++byte) {
+            const char c = char(uchar(byte));
+            const QByteArray message = "byte " + QByteArray::number(byte, 16);
+            QVERIFY2(ORVTextRtfCommon::unicodeFromAnsi1252(&c) == expectedCharacter(byte),
+                     message.constData());
+        }
+    }
+
+    void everyUnitTo1252()
+    {
+        std::map<int, int> bytes;
+        for (int byte = 0x80; byte < 256; ++byte) {
+            if (expectedCharacter(byte) != 0)
+                bytes[expectedCharacter(byte)] = byte;
+        }
+        QCOMPARE(int(bytes.size()), 123);
+        for (int unit = 0; unit <= 0xFFFF; ++unit) {
+            const int expected = bytes.count(unit) ? bytes[unit] : 63;
+            const QByteArray message = "unit " + QByteArray::number(unit, 16);
+            QVERIFY2(ORVTextRtfCommon::unicodeToAnsi1252(ushort(unit)) == expected, message.constData());
+        }
+    }
+
+    void codePageLength_data()
+    {
+        const Columns<int, int> add("codePage", "length");
+        add("1252", 1252, 1);
+        for (int codePage :
+             {-1, 0, 42, 437, 850, 874, 932, 936, 949, 950, 1250, 1251, 1253, 1361, 10000, 65001})
+            QTest::addRow("%d", codePage) << codePage << 0;
+    }
+
+    void codePageLength()
+    {
+        FETCH(int, codePage, int, length);
+        QCOMPARE(ORVTextRtfCommon::codePageLen(codePage), length);
+        QCOMPARE(ORVTextRtfCommon::codePageDefaultChar(codePage), QChar('?'));
+    }
+
+    void everyFontIsWrittenAs1252()
+    {
+        QFont font;
+        QCOMPARE(ORVTextRtfCommon::fontCharset(font), 1252);
+        font.setFamily("Symbol"_s);
+        QCOMPARE(ORVTextRtfCommon::fontCharset(font), 1252);
+    }
+
+    void unicodeFromAnsi_data()
+    {
+        const Columns<QByteArray, int, int, int, int> add("bytes", "codePage", "length", "defaultUnit",
+                                                          "expected");
+        add("ASCII", "A", 1252, 1, 0, 0x41);
+        add("euro sign", "\x80", 1252, 1, 0, 0x20AC);
+        add("e acute", "\xE9", 1252, 1, 0, 0xE9);
+        add("only the first byte", "\xE9\x80", 1252, 2, 0, 0xE9);
+        add("length 0", "\xE9", 1252, 0, 0, 0xE9);
+        add("undefined byte", "\x81", 1252, 1, 0, 0);
+        add("no default in 1252", "\x81", 1252, 1, int('x'), 0);
+        add("1251", "\xE9", 1251, 1, 0, int('?'));
+        add("1251 with a default", "\xE9", 1251, 1, 0x2022, 0x2022);
+        add("ASCII in 1251", "A", 1251, 1, 0, int('?'));
+        add("two bytes in 932", "\x82\xA0", 932, 2, 0, int('?'));
+        add("code page 0", "A", 0, 1, 0, int('?'));
+    }
+
+    void unicodeFromAnsi()
+    {
+        FETCH(QByteArray, bytes, int, codePage, int, length, int, defaultUnit, int, expected);
+        const QChar character = ORVTextRtfCommon::unicodeFromAnsi(bytes.constData(), uint(codePage), length,
+                                                                  QChar(ushort(defaultUnit)));
+        QCOMPARE(int(character.unicode()), expected);
+    }
+
+    void multiByteIsNeverWritten_data()
+    {
+        const Columns<int, int, int, int> add("unit", "codePage", "defaultUnit", "expected");
+        add("1252", 0xE9, 1252, 0, int('?'));
+        add("ASCII", int('A'), 1252, 0, int('?'));
+        add("932", 0x3042, 932, 0, int('?'));
+        add("default character", 0x3042, 932, 0x2022, 0x2022);
+    }
+
+    void multiByteIsNeverWritten()
+    {
+        FETCH(int, unit, int, codePage, int, defaultUnit, int, expected);
+        const auto halves = ORVTextRtfCommon::unicodeToMultiByte(QChar(ushort(unit)), uint(codePage), 2,
+                                                                 QChar(ushort(defaultUnit)));
+        QCOMPARE(int(halves.first), expected);
+        QCOMPARE(int(halves.second), expected);
+    }
 };
 
-void TestCodepages::charSetToCodePage_data()
-{
-    QTest::addColumn<int>("charset");
-    QTest::addColumn<int>("codePage");
-
-    const int table[][2] = {{0, 1252},
-                            {1, 0},
-                            {2, 42},
-                            {77, 10000},
-                            {78, 10001},
-                            {79, 10003},
-                            {80, 10008},
-                            {81, 10002},
-                            {83, 10005},
-                            {84, 10004},
-                            {85, 10006},
-                            {86, 10081},
-                            {87, 10021},
-                            {88, 10029},
-                            {89, 10007},
-                            {128, 932},
-                            {129, 949},
-                            {130, 1361},
-                            {134, 936},
-                            {136, 950},
-                            {161, 1253},
-                            {162, 1254},
-                            {163, 1258},
-                            {177, 1255},
-                            {178, 1256},
-                            {186, 1257},
-                            {204, 1251},
-                            {222, 874},
-                            {238, 1250},
-                            {254, 437},
-                            {255, 850},
-                            {3, 1252},
-                            {76, 1252},
-                            {82, 1252},
-                            {90, 1252},
-                            {127, 1252},
-                            {131, 1252},
-                            {135, 1252},
-                            {1252, 1252},
-                            {-1, 1252},
-                            {256, 1252},
-                            {1251, 1252},
-                            {0x7FFFFFFF, 1252},
-                            {-0x7FFFFFFF, 1252}};
-    for (const auto& row : table)
-        QTest::addRow("fcharset%d", row[0]) << row[0] << row[1];
-}
-
-void TestCodepages::charSetToCodePage()
-{
-    QFETCH(int, charset);
-    QFETCH(int, codePage);
-    QCOMPARE(ORVTextRtfCommon::charSetToCodePage(charset), codePage);
-}
-
-void TestCodepages::otherCharSetsAre1252()
-{
-    int others = 0;
-    for (int charset = -300; charset <= 600; ++charset)
-        others += ORVTextRtfCommon::charSetToCodePage(charset) != 1252;
-    QCOMPARE(others, 30);
-}
-
-void TestCodepages::everyByteOf1252()
-{
-    for (int byte = 0; byte < 256; ++byte) {
-        const char c = char(uchar(byte));
-        const QByteArray message = "byte " + QByteArray::number(byte, 16);
-        QVERIFY2(ORVTextRtfCommon::unicodeFromAnsi1252(&c) == expectedCharacter(byte), message.constData());
-    }
-}
-
-void TestCodepages::everyUnitTo1252()
-{
-    std::map<int, int> bytes;
-    for (int byte = 0x80; byte < 256; ++byte) {
-        if (expectedCharacter(byte) != 0)
-            bytes[expectedCharacter(byte)] = byte;
-    }
-    QCOMPARE(int(bytes.size()), 123);
-    for (int unit = 0; unit <= 0xFFFF; ++unit) {
-        const int expected = bytes.count(unit) ? bytes[unit] : 63;
-        const QByteArray message = "unit " + QByteArray::number(unit, 16);
-        QVERIFY2(ORVTextRtfCommon::unicodeToAnsi1252(ushort(unit)) == expected, message.constData());
-    }
-}
-
-void TestCodepages::codePageLength_data()
-{
-    QTest::addColumn<int>("codePage");
-    QTest::addColumn<int>("length");
-
-    QTest::newRow("1252") << 1252 << 1;
-    for (int codePage : {-1, 0, 42, 437, 850, 874, 932, 936, 949, 950, 1250, 1251, 1253, 1361, 10000, 65001})
-        QTest::addRow("%d", codePage) << codePage << 0;
-}
-
-void TestCodepages::codePageLength()
-{
-    QFETCH(int, codePage);
-    QFETCH(int, length);
-    QCOMPARE(ORVTextRtfCommon::codePageLen(codePage), length);
-    QCOMPARE(ORVTextRtfCommon::codePageDefaultChar(codePage), QChar('?'));
-}
-
-void TestCodepages::everyFontIsWrittenAs1252()
-{
-    QFont font;
-    QCOMPARE(ORVTextRtfCommon::fontCharset(font), 1252);
-    font.setFamily(QStringLiteral("Symbol"));
-    QCOMPARE(ORVTextRtfCommon::fontCharset(font), 1252);
-}
-
-void TestCodepages::unicodeFromAnsi_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("codePage");
-    QTest::addColumn<int>("length");
-    QTest::addColumn<int>("defaultUnit");
-    QTest::addColumn<int>("expected");
-
-    QTest::newRow("ASCII") << QByteArray("A") << 1252 << 1 << 0 << 0x41;
-    QTest::newRow("euro sign") << QByteArray("\x80") << 1252 << 1 << 0 << 0x20AC;
-    QTest::newRow("e acute") << QByteArray("\xE9") << 1252 << 1 << 0 << 0xE9;
-    QTest::newRow("only the first byte") << QByteArray("\xE9\x80") << 1252 << 2 << 0 << 0xE9;
-    QTest::newRow("length 0") << QByteArray("\xE9") << 1252 << 0 << 0 << 0xE9;
-    QTest::newRow("undefined byte") << QByteArray("\x81") << 1252 << 1 << 0 << 0;
-    QTest::newRow("no default in 1252") << QByteArray("\x81") << 1252 << 1 << int('x') << 0;
-    QTest::newRow("1251") << QByteArray("\xE9") << 1251 << 1 << 0 << int('?');
-    QTest::newRow("1251 with a default") << QByteArray("\xE9") << 1251 << 1 << 0x2022 << 0x2022;
-    QTest::newRow("ASCII in 1251") << QByteArray("A") << 1251 << 1 << 0 << int('?');
-    QTest::newRow("two bytes in 932") << QByteArray("\x82\xA0") << 932 << 2 << 0 << int('?');
-    QTest::newRow("code page 0") << QByteArray("A") << 0 << 1 << 0 << int('?');
-}
-
-void TestCodepages::unicodeFromAnsi()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(int, codePage);
-    QFETCH(int, length);
-    QFETCH(int, defaultUnit);
-    QFETCH(int, expected);
-    const QChar character = ORVTextRtfCommon::unicodeFromAnsi(bytes.constData(), uint(codePage), length,
-                                                              QChar(ushort(defaultUnit)));
-    QCOMPARE(int(character.unicode()), expected);
-}
-
-void TestCodepages::multiByteIsNeverWritten_data()
-{
-    QTest::addColumn<int>("unit");
-    QTest::addColumn<int>("codePage");
-    QTest::addColumn<int>("defaultUnit");
-    QTest::addColumn<int>("expected");
-
-    QTest::newRow("1252") << 0xE9 << 1252 << 0 << int('?');
-    QTest::newRow("ASCII") << int('A') << 1252 << 0 << int('?');
-    QTest::newRow("932") << 0x3042 << 932 << 0 << int('?');
-    QTest::newRow("default character") << 0x3042 << 932 << 0x2022 << 0x2022;
-}
-
-void TestCodepages::multiByteIsNeverWritten()
-{
-    QFETCH(int, unit);
-    QFETCH(int, codePage);
-    QFETCH(int, defaultUnit);
-    QFETCH(int, expected);
-    const auto halves = ORVTextRtfCommon::unicodeToMultiByte(QChar(ushort(unit)), uint(codePage), 2,
-                                                             QChar(ushort(defaultUnit)));
-    QCOMPARE(int(halves.first), expected);
-    QCOMPARE(int(halves.second), expected);
-}
-
-QTEST_GUILESS_MAIN(TestCodepages)
-#include "tst_codepages.moc"
+ORV_TEST("codepages", TestCodePages, QCoreApplication)
+#include "codepages.moc"

@@ -1,11 +1,5 @@
 #include "ORVGuiUtil.h"
-#include "ORVRtfProperties.h"
-#include "ORVTextFormat.h"
-#include "rtftesthelpers.h"
-
-#include <QtGui/QImage>
-#include <QtGui/QImageReader>
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -61,488 +55,431 @@ class TestDestinations : public QObject {
     Q_OBJECT
 
 private slots:
-    void links_data();
-    void links();
-    void linkReachesTheWholeResultOnly();
-    void linkInPieces_data();
-    void linkInPieces();
-    void fieldsFollowEachOther();
-    void fieldInsideAResult();
-    void instructionIsFilteredLikeText();
-    void fieldTextOutsideTheResultIsDropped();
-    void pictureIsInserted_data();
-    void pictureIsInserted();
-    void pictureHasTheFormatAroundIt();
-    void pictureSizes_data();
-    void pictureSizes();
-    void pictureNames();
-    void pictureSourceIsKeptForJpegOnly();
-    void pictureFormula();
-    void pictureFromBinaryData();
-    void pictureInShapeGroup();
-    void equalPicturesShareAResource();
-    void brokenPictures_data();
-    void brokenPictures();
-    void brokenPictureCommitsTheParagraph();
-    void pictureSettingsEndWithThePicture();
-    void emptyPictureDoesNothing();
-    void dataEndsWithTheNextWord();
-    void hugePictures();
-    void embeddedPdfIsDropped();
-    void notes_data();
-    void notes();
-    void noteReferencesAreDropped();
-    void headersAndFootersAreText();
-    void inheritedDestination();
+    void links_data()
+    {
+        Columns<QByteArray, bool, QString>("instruction", "linked", "target");
+        const auto linked = [](const char* name, const QByteArray& instruction, const QString& target) {
+            QTest::newRow(name) << instruction << true << target;
+        };
+        const auto plain = [](const char* name, const QByteArray& instruction) {
+            QTest::newRow(name) << instruction << false << QString();
+        };
+
+        linked("simple", "HYPERLINK \"notes/target\"", "notes/target");
+        linked("spaces around", "  HYPERLINK \"u\"  ", "u");
+        linked("tab before the target", "HYPERLINK\\tab \"u\"", "u");
+        linked("non-breaking spaces", "\\~HYPERLINK\\~\"u\"\\~", "u");
+        linked("empty target", "HYPERLINK \"\"", "");
+        linked("spaces in the target", "HYPERLINK \" a b \"", " a b ");
+        linked("backslash in the target", "HYPERLINK \"c:\\\\\\\\d\"", "c:\\\\d");
+        linked("escapes in the target", "HYPERLINK \"\\'e9\\u8212?\"", "é—"_s);
+        linked("braces in the target", "HYPERLINK \"\\{x\\}\"", "{x}");
+        linked("up to the last quote", "HYPERLINK \"a\" \"b\"", "a\" \"b");
+        linked("switch with a quoted name", "HYPERLINK \"a\" \\\\t \"b\"", "a\" \\t \"b");
+        linked("line ends in the input", "HYPER\nLINK \"a\r\nb\"", "ab");
+        linked("paragraph end in the target", "HYPERLINK \"a\\'0ab\"", "a\nb");
+        plain("empty", "");
+        plain("page number", "PAGE");
+        plain("bookmark", "HYPERLINK \\\\l \"bookmark\"");
+        plain("lower case", "hyperlink \"u\"");
+        plain("mixed case", "Hyperlink \"u\"");
+        plain("no space", "HYPERLINK\"u\"");
+        plain("two spaces", "HYPERLINK  \"u\"");
+        plain("no quotes", "HYPERLINK u");
+        plain("one quote", "HYPERLINK \"u");
+        plain("one quote only", "HYPERLINK \"");
+        plain("text before", "x HYPERLINK \"u\"");
+        plain("text after", "HYPERLINK \"u\" x");
+        plain("switch after", "HYPERLINK \"u\" \\\\o");
+        plain("typographic quotes", "HYPERLINK \\ldblquote u\\rdblquote ");
+    }
+
+    void links()
+    {
+        FETCH(QByteArray, instruction, bool, linked, QString, target);
+        const Reading reading = readBody("before " + field(instruction) + " after");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), "before link after"_s);
+        const Properties expected = linked
+            ? Properties{{QTextFormat::IsAnchor, true}, {QTextFormat::AnchorHref, target}}
+            : Properties();
+        QCOMPARE(dump(reading.format("link"_s)), dump(expected));
+        QCOMPARE(dump(reading.format("before"_s)), QString());
+        QCOMPARE(dump(reading.format("after"_s)), QString());
+    }
+
+    void linkReachesTheWholeResultOnly()
+    {
+        const Reading reading = readBody(
+            "\\b a{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt b{\\i c}d\\par e}}f{\\fldrslt g}");
+        QCOMPARE(reading.text(), "abcd\nefg"_s);
+        const Properties bold{{QTextFormat::FontWeight, int(QFont::Bold)}};
+        Properties link = bold;
+        link.insert(QTextFormat::IsAnchor, true);
+        link.insert(QTextFormat::AnchorHref, "u"_s);
+        Properties italicLink = link;
+        italicLink.insert(QTextFormat::FontItalic, true);
+        QCOMPARE(dump(reading.format("a"_s)), dump(bold));
+        QCOMPARE(dump(reading.format("b"_s)), dump(link));
+        QCOMPARE(dump(reading.format("c"_s)), dump(italicLink));
+        QCOMPARE(dump(reading.format("d"_s)), dump(link));
+        QCOMPARE(dump(reading.format("e"_s)), dump(link));
+        QCOMPARE(dump(reading.format("fg"_s)), dump(bold));
+    }
+
+    void linkInPieces_data()
+    {
+        const Columns<QByteArray> add("instruction");
+        add("group", "{HYPERLINK \"u\"}");
+        add("two groups", "{HYPERLINK }{\"u\"}");
+        add("formatted groups", "{\\b HYPERLINK }{\\i \"u\"}");
+        add("nested groups", "{{{HYPERLINK \"u\"}}}");
+        add("control words in between", "HYPERLINK \\b \"u\\b0 \"");
+        add("skipped group in between", "HYPERLINK {\\*\\datafield 00d0}\"u\"");
+    }
+
+    void linkInPieces()
+    {
+        FETCH(QByteArray, instruction);
+        const Reading reading = readBody(field(instruction));
+        QCOMPARE(reading.text(), "link"_s);
+        const QTextCharFormat format = reading.format("link"_s);
+        QCOMPARE(format.anchorHref(), "u"_s);
+        QVERIFY(format.isAnchor());
+        QVERIFY(!format.hasProperty(QTextFormat::FontWeight));
+    }
+
+    void fieldsFollowEachOther()
+    {
+        const Reading reading = readBody("{\\field{\\*\\fldinst HYPERLINK \"a\"}{\\fldrslt x}}"
+                                         "{\\field{\\*\\fldinst PAGE}{\\fldrslt 1}}"
+                                         "{\\field{\\*\\fldinst HYPERLINK \"b\"}{\\fldrslt y}}");
+        QCOMPARE(reading.text(), "x1y"_s);
+        QCOMPARE(reading.format("x"_s).anchorHref(), "a"_s);
+        QCOMPARE(dump(reading.format("1"_s)), QString());
+        QCOMPARE(reading.format("y"_s).anchorHref(), "b"_s);
+    }
+
+    void fieldInsideAResult()
+    {
+        const Reading reading = readBody("{\\field{\\*\\fldinst HYPERLINK \"a\"}{\\fldrslt x "
+                                         "{\\field{\\*\\fldinst PAGE}{\\fldrslt 7}} y}}z");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), "x 7 yz"_s);
+        QCOMPARE(reading.format("x 7 y"_s).anchorHref(), "a"_s);
+        QCOMPARE(dump(reading.format("z"_s)), QString());
+    }
+
+    void instructionIsFilteredLikeText()
+    {
+        const QByteArray rtf = "{\\rtf1" + field("HYPERLINK \"a\\'7fb\"") + "}";
+        QCOMPARE(read(rtf, true).format("link"_s).anchorHref(), "ab"_s);
+        QCOMPARE(read(rtf, false).format("link"_s).anchorHref(), "a\uFFFDb"_s);
+    }
+
+    void fieldTextOutsideTheResultIsDropped()
+    {
+        QCOMPARE(readBody("a{\\field b{\\*\\fldinst c}d{\\fldrslt e}f}g").text(), "aeg"_s);
+        QCOMPARE(readBody("a{\\field{\\*\\fldinst c}}g").text(), "ag"_s);
+    }
+
+    void pictureIsInserted_data()
+    {
+        const Columns<QByteArray, QByteArray, QString> add("typeWord", "data", "type");
+        add("PNG", "\\pngblip", png(5, 3), "PNG");
+        add("JPEG", "\\jpegblip", jpeg(5, 3), "JPEG");
+        add("metafile", "\\wmetafile8", png(5, 3), "WMF");
+        add("no type", QByteArray(), png(5, 3), "");
+        add("no type, JPEG data", QByteArray(), jpeg(5, 3), "");
+        add("wrong type, PNG data", "\\jpegblip", png(5, 3), "JPEG");
+        add("wrong type, JPEG data", "\\pngblip", jpeg(5, 3), "PNG");
+        add("the last type counts", "\\jpegblip\\wmetafile\\pngblip", png(5, 3), "PNG");
+        add("unknown word behind the type", "\\pngblip\\bliptag12", png(5, 3), "PNG");
+        add("group behind the type", "\\pngblip{\\*\\blipuid 00112233445566778899aabbccddeeff}", png(5, 3),
+            "PNG");
+        add("group before the type", "{\\*\\picprop{\\sp{\\sn a}{\\sv 1}}}\\pngblip", png(5, 3), "PNG");
+    }
+
+    void pictureIsInserted()
+    {
+        FETCH(QByteArray, typeWord, QByteArray, data, QString, type);
+        const Reading reading = readBody("a" + picture(QByteArray(), typeWord, data) + "b");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), QString("a" + QString(QChar::ObjectReplacementCharacter) + "b"));
+        QCOMPARE(reading.images().size(), 1);
+        const QTextImageFormat format = reading.images().first();
+        const QImage expected = QImage::fromData(data);
+        QCOMPARE(format.name(), ORVGuiUtil::resourceId(expected));
+        QCOMPARE(resourceOf(reading, format), expected);
+        QCOMPARE(format.width(), 5.0);
+        QCOMPARE(format.height(), 3.0);
+        QCOMPARE(format.stringProperty(ORVRtfProperty::ImageType), type);
+        QCOMPARE(format.stringProperty(ORVRtfProperty::ImageFileName), "Image1"_s);
+        QVERIFY(!format.hasProperty(ORVRtfProperty::MathML));
+    }
+
+    void pictureHasTheFormatAroundIt()
+    {
+        const Reading reading =
+            readBody(colorTable() + "{\\b\\cf1\\footnote a" + picture("", "\\pngblip", png(2, 2)) + "}b");
+        QCOMPARE(reading.images().size(), 1);
+        const QTextImageFormat format = reading.images().first();
+        QCOMPARE(format.property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
+        QCOMPARE(format.foreground().color(), QColor(Qt::red));
+        QVERIFY(format.boolProperty(ORVRtfProperty::InFootnote));
+        QVERIFY(!reading.format("a"_s).isImageFormat());
+        QCOMPARE(dump(reading.format("b"_s)), QString());
+    }
+
+    void pictureSizes_data()
+    {
+        const Columns<QSize, QByteArray, QSizeF> row("size", "words", "expected");
+        // 1440 twips are an inch, 96 pixels.
+        row("own", QSize(7, 9), "", QSizeF(7, 9));
+        row("goals", QSize(7, 9), "\\picwgoal1440\\pichgoal720", QSizeF(96, 48));
+        row("goals in whole pixels", QSize(7, 9), "\\picwgoal1448\\pichgoal1447", QSizeF(97, 96));
+        row("goal width only", QSize(7, 9), "\\picwgoal1440", QSizeF(7, 9));
+        row("goal height only", QSize(7, 9), "\\pichgoal1440", QSizeF(7, 9));
+        row("goal 0", QSize(7, 9), "\\picwgoal0\\pichgoal1440", QSizeF(7, 9));
+        row("negative goal", QSize(7, 9), "\\picwgoal1440\\pichgoal-1440", QSizeF(7, 9));
+        row("own size is not in the words", QSize(7, 9), "\\picw70\\pich90", QSizeF(7, 9));
+        row("scale 100", QSize(7, 9), "\\picscalex100\\picscaley100", QSizeF(7, 9));
+        row("scale, halves go up", QSize(101, 101), "\\picscalex50\\picscaley50", QSizeF(51, 51));
+        row("scale, below a half", QSize(7, 9), "\\picscalex107\\picscaley94", QSizeF(7, 8));
+        row("scale to nothing", QSize(1, 1), "\\picscalex49\\picscaley50", QSizeF(0, 1));
+        row("scale width only", QSize(7, 9), "\\picscalex50", QSizeF(7, 9));
+        row("scale height only", QSize(7, 9), "\\picscaley50", QSizeF(7, 9));
+        row("scale 0", QSize(7, 9), "\\picscalex0\\picscaley50", QSizeF(7, 9));
+        row("negative scale", QSize(7, 9), "\\picscalex50\\picscaley-50", QSizeF(7, 9));
+        row("goals and scale", QSize(7, 9), "\\picwgoal1440\\pichgoal720\\picscalex50\\picscaley200",
+            QSizeF(48, 96));
+        row("one goal and scale", QSize(10, 20), "\\picwgoal1440\\picscalex50\\picscaley200", QSizeF(5, 40));
+        row("last number counts", QSize(7, 9), "\\picscalex10\\picscaley10\\picscalex200\\picscaley300",
+            QSizeF(14, 27));
+        row("largest side", QSize(7, 9), "\\picwgoal491505\\pichgoal15", QSizeF(32767, 1));
+        row("beyond the largest side", QSize(7, 9), "\\picwgoal491520\\pichgoal15", QSizeF(32767, 1));
+        row("largest numbers", QSize(7, 9), "\\picwgoal2147483647\\pichgoal2147483647", QSizeF(32767, 32767));
+        row("largest scale", QSize(7, 9), "\\picscalex2147483647\\picscaley2147483647", QSizeF(32767, 32767));
+        row("scaled down from beyond", QSize(7, 9),
+            "\\picwgoal983040\\pichgoal983040\\picscalex10\\picscaley10", QSizeF(6554, 6554));
+    }
+
+    void pictureSizes()
+    {
+        FETCH(QSize, size, QByteArray, words, QSizeF, expected);
+        const Reading reading = readBody(picture(words, "\\pngblip", png(size.width(), size.height())));
+        QCOMPARE(reading.images().size(), 1);
+        const QTextImageFormat format = reading.images().first();
+        QCOMPARE(QSizeF(format.width(), format.height()), expected);
+    }
+
+    void pictureNames()
+    {
+        const QByteArray plain = picture("", "\\pngblip", png(2, 2));
+        const QByteArray named = picture("{\\*\\nisusfilename my picture.png}", "\\pngblip", png(2, 2));
+        const QByteArray rtf = "{\\rtf1 " + plain + named + plain + "}";
+        const QSharedPointer<QTextDocument> document = newDocument();
+        // The numbers start again with every read.
+        for (int round = 0; round < 2; ++round) {
+            QStringList names;
+            const QList<QTextImageFormat> images = readInto(document, rtf).images();
+            for (const QTextImageFormat& format : images)
+                names << format.stringProperty(ORVRtfProperty::ImageFileName);
+            QCOMPARE(names, (QStringList{"Image1", "my picture.png", "Image2"}));
+        }
+    }
+
+    void pictureSourceIsKeptForJpegOnly()
+    {
+        const QByteArray jpegBytes = jpeg(4, 4);
+        const QByteArray pngBytes = png(4, 4);
+        const auto source = [](const QByteArray& group) {
+            return readBody(group).images().value(0).property(ORVRtfProperty::SourceImageData);
+        };
+        QCOMPARE(source(picture("", "\\jpegblip", jpegBytes)).toByteArray(), jpegBytes);
+        QCOMPARE(source(picture("", "\\jpegblip", pngBytes)).toByteArray(), pngBytes);
+        QVERIFY(!source(picture("", "\\pngblip", pngBytes)).isValid());
+        QVERIFY(!source(picture("", "\\pngblip", jpegBytes)).isValid());
+        QVERIFY(!source(picture("", "\\wmetafile", pngBytes)).isValid());
+        QVERIFY(!source(picture("", "", jpegBytes)).isValid());
+    }
+
+    void pictureFormula()
+    {
+        const QByteArray formula = "{\\*\\mathmlequation <math><mi>\\u960?</mi></math>}";
+        const Reading reading =
+            readBody(picture(formula, "\\pngblip", png(2, 2)) + picture("", "\\pngblip", png(3, 3)));
+        QCOMPARE(reading.images().size(), 2);
+        QCOMPARE(reading.images().at(0).stringProperty(ORVRtfProperty::MathML), "<math><mi>π</mi></math>"_s);
+        QVERIFY(!reading.images().at(1).hasProperty(ORVRtfProperty::MathML));
+    }
+
+    void pictureFromBinaryData()
+    {
+        // A grey-scale picture of one pixel without line feeds, which would end the look-ahead.
+        const QByteArray data = "P5 1 1 255 A";
+        const Reading reading = readBody("a{\\pict\\wmetafile\\bin12 " + data + "}b");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.images().size(), 1);
+        QCOMPARE(qGray(resourceOf(reading, reading.images().first()).pixel(0, 0)), int('A'));
+    }
+
+    void pictureInShapeGroup()
+    {
+        const Reading reading = readBody("a{\\*\\shppict" + picture("", "\\pngblip", png(2, 2))
+                                         + "}{\\nonshppict" + picture("", "\\wmetafile8", png(3, 3)) + "}b");
+        QCOMPARE(reading.images().size(), 1);
+        QCOMPARE(reading.images().first().width(), 2.0);
+        QCOMPARE(reading.text().size(), 3);
+    }
+
+    void equalPicturesShareAResource()
+    {
+        const Reading reading =
+            readBody(picture("", "\\pngblip", png(2, 2)) + picture("", "\\pngblip", png(2, 2))
+                     + picture("", "\\pngblip", png(2, 2, Qt::blue)));
+        QCOMPARE(reading.images().size(), 3);
+        QCOMPARE(reading.images().at(0).name(), reading.images().at(1).name());
+        QVERIFY(reading.images().at(0).name() != reading.images().at(2).name());
+        QCOMPARE(resourceOf(reading, reading.images().at(2)).pixelColor(0, 0), QColor(Qt::blue));
+    }
+
+    void brokenPictures_data()
+    {
+        const Columns<QByteArray> add("group");
+        add("no picture data", picture("", "\\pngblip", "this is no picture"));
+        add("cut off in the header", picture("", "\\pngblip", png(5, 5).left(20)));
+        add("one byte", picture("", "\\jpegblip", "x"));
+        add("real metafile", picture("", "\\wmetafile8", QByteArray::fromHex("010009000003")));
+        add("no hexadecimal digits", "{\\pict\\pngblip xyz ???}");
+        add("nothing", "{\\pict}");
+        add("text in front of the type", "{\\pict\\picw5 text\\pngblip}");
+    }
+
+    void brokenPictures()
+    {
+        FETCH(QByteArray, group);
+        const Reading reading = readBody("a" + group + "b");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), "ab"_s);
+        QCOMPARE(fragmentsOf(*reading.document).size(), 1);
+    }
+
+    void brokenPictureCommitsTheParagraph()
+    {
+        const Reading reading = readBody("{\\qc" + picture("", "\\pngblip", "no picture") + "}");
+        QCOMPARE(reading.blockCount(), 1);
+        QCOMPARE(dump(reading.blockFormat(0)), dump(Properties{{QTextFormat::BlockAlignment, 4}}));
+    }
+
+    void pictureSettingsEndWithThePicture()
+    {
+        const QByteArray words =
+            "{\\*\\nisusfilename a.png}{\\*\\mathmlequation m}\\picwgoal1440\\pichgoal1440"
+            "\\picscalex50\\picscaley50";
+        for (const QByteArray& data : {png(3, 3), "no picture"_b}) {
+            const Reading reading = readBody(picture(words, "\\jpegblip", data) + picture("", "", png(7, 9)));
+            const QTextImageFormat format = reading.images().last();
+            QCOMPARE(QSizeF(format.width(), format.height()), QSizeF(7, 9));
+            QCOMPARE(format.stringProperty(ORVRtfProperty::ImageFileName), "Image1"_s);
+            QCOMPARE(format.stringProperty(ORVRtfProperty::ImageType), QString());
+            QVERIFY(!format.hasProperty(ORVRtfProperty::MathML));
+            QVERIFY(!format.hasProperty(ORVRtfProperty::SourceImageData));
+        }
+    }
+
+    // A group without data leaves everything, also what was said of its picture, as it is.
+    void emptyPictureDoesNothing()
+    {
+        const Reading reading =
+            readBody("{\\pict\\picscalex50\\picscaley50\\pngblip}" + picture("", "\\pngblip", png(10, 20)));
+        QCOMPARE(reading.images().size(), 1);
+        QCOMPARE(QSizeF(reading.images().first().width(), reading.images().first().height()), QSizeF(5, 10));
+    }
+
+    void dataEndsWithTheNextWord()
+    {
+        const QByteArray digits = png(2, 2).toHex();
+        QCOMPARE(readBody("a{\\pict\\pngblip\\picw2 " + digits + "}b").text(), "ab"_s);
+        const Reading reading = readBody("{\\pict\\pngblip " + digits + "\\picw2 ffffff}");
+        QCOMPARE(reading.images().size(), 1);
+        QCOMPARE(resourceOf(reading, reading.images().first()).size(), QSize(2, 2));
+    }
+
+    void hugePictures()
+    {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
+        // Newer Qt versions have a limit of their own, which the application may lift.
+        QImageReader::setAllocationLimit(0);
+#endif
+        const auto blank = [](int width, int height) {
+            QImage picture(width, height, QImage::Format_Mono);
+            picture.fill(0);
+            return encoded(picture, "PNG");
+        };
+        const Reading largest = readBody("a" + picture("", "\\pngblip", blank(10000, 10000)) + "b");
+        QCOMPARE(largest.images().size(), 1);
+        QCOMPARE(QSizeF(largest.images().first().width(), largest.images().first().height()),
+                 QSizeF(10000, 10000));
+        const Reading beyond = readBody("a" + picture("", "\\pngblip", blank(10000, 10001)) + "b");
+        QCOMPARE(beyond.status, 0);
+        QCOMPARE(beyond.text(), "ab"_s);
+    }
+
+    void embeddedPdfIsDropped()
+    {
+        const Reading reading = readBody("a{\\*\\orvellinepdf{\\*\\pdffilename a.pdf}\n255044462d}b"
+                                         + picture("", "\\pngblip", png(2, 2)) + "c{\\pdffilename d}e");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), QString("ab" + QString(QChar::ObjectReplacementCharacter) + "ce"));
+        QCOMPARE(reading.images().first().stringProperty(ORVRtfProperty::ImageFileName), "Image1"_s);
+    }
+
+    void notes_data()
+    {
+        const Columns<QByteArray, int> add("word", "flag");
+        add("footnote", "\\footnote", int(ORVRtfProperty::InFootnote));
+        add("endnote", "\\footnote\\ftnalt", int(ORVRtfProperty::InFootnote));
+        add("annotation", "\\annotation", int(ORVRtfProperty::InAnnotation));
+        add("marked annotation", "\\*\\annotation", int(ORVRtfProperty::InAnnotation));
+    }
+
+    void notes()
+    {
+        FETCH(QByteArray, word, int, flag);
+        const Reading reading =
+            readBody("one{\\super\\chftn}{" + word + "\\pard\\plain two{\\b three}\\par four}five");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), "onetwothree\nfourfive"_s);
+        for (const char* text : {"two", "three", "four"})
+            QVERIFY2(reading.format(QString::fromLatin1(text)).boolProperty(flag), text);
+        QCOMPARE(dump(reading.format("one"_s)), QString());
+        QCOMPARE(dump(reading.format("five"_s)), QString());
+    }
+
+    void noteReferencesAreDropped()
+    {
+        const Reading reading =
+            readBody("a{\\*\\atrfstart 1}b{\\*\\atrfend 1}{\\*\\atnid c}{\\*\\atnauthor d}"
+                     "\\chatn{\\*\\annotation{\\*\\atnref 1}e}f");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), "abef"_s);
+        QVERIFY(reading.format("e"_s).boolProperty(ORVRtfProperty::InAnnotation));
+    }
+
+    void headersAndFootersAreText()
+    {
+        QCOMPARE(
+            readBody("{\\header\\pard a\\par}{\\footer\\pard b\\par}{\\*\\headerl c}{\\footerr d}e").text(),
+            "a\nb\ncde"_s);
+    }
+
+    // A group inside a destination belongs to it.
+    void inheritedDestination()
+    {
+        QCOMPARE(readBody("a{\\*\\atnref b{\\b c}d}e{\\*\\listtable{f}}g").text(), "aeg"_s);
+    }
 };
 
-void TestDestinations::links_data()
-{
-    QTest::addColumn<QByteArray>("instruction");
-    QTest::addColumn<bool>("linked");
-    QTest::addColumn<QString>("target");
-    const auto linked = [](const char* name, const QByteArray& instruction, const QString& target) {
-        QTest::newRow(name) << instruction << true << target;
-    };
-    const auto plain = [](const char* name, const QByteArray& instruction) {
-        QTest::newRow(name) << instruction << false << QString();
-    };
-
-    linked("simple", R"(HYPERLINK "notes/target")", "notes/target");
-    linked("spaces around", R"(  HYPERLINK "u"  )", "u");
-    linked("tab before the target", R"(HYPERLINK\tab "u")", "u");
-    linked("non-breaking spaces", R"(\~HYPERLINK\~"u"\~)", "u");
-    linked("empty target", R"(HYPERLINK "")", "");
-    linked("spaces in the target", R"(HYPERLINK " a b ")", " a b ");
-    linked("backslash in the target", R"(HYPERLINK "c:\\\\d")", R"(c:\\d)");
-    linked("escapes in the target", R"(HYPERLINK "\'e9\u8212?")", QString::fromUtf8("é—"));
-    linked("braces in the target", R"(HYPERLINK "\{x\}")", "{x}");
-    linked("up to the last quote", R"(HYPERLINK "a" "b")", R"(a" "b)");
-    linked("switch with a quoted name", R"(HYPERLINK "a" \\t "b")", R"(a" \t "b)");
-    linked("line ends in the input", "HYPER\nLINK \"a\r\nb\"", "ab");
-    linked("paragraph end in the target", R"(HYPERLINK "a\'0ab")", "a\nb");
-    plain("empty", "");
-    plain("page number", "PAGE");
-    plain("bookmark", R"(HYPERLINK \\l "bookmark")");
-    plain("lower case", R"(hyperlink "u")");
-    plain("mixed case", R"(Hyperlink "u")");
-    plain("no space", R"(HYPERLINK"u")");
-    plain("two spaces", R"(HYPERLINK  "u")");
-    plain("no quotes", R"(HYPERLINK u)");
-    plain("one quote", R"(HYPERLINK "u)");
-    plain("one quote only", R"(HYPERLINK ")");
-    plain("text before", R"(x HYPERLINK "u")");
-    plain("text after", R"(HYPERLINK "u" x)");
-    plain("switch after", R"(HYPERLINK "u" \\o)");
-    plain("typographic quotes", R"(HYPERLINK \ldblquote u\rdblquote )");
-}
-
-void TestDestinations::links()
-{
-    QFETCH(QByteArray, instruction);
-    QFETCH(bool, linked);
-    QFETCH(QString, target);
-
-    const Reading reading = readBody("before " + field(instruction) + " after");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QStringLiteral("before link after"));
-    const Properties expected =
-        linked ? Properties{{QTextFormat::IsAnchor, true}, {QTextFormat::AnchorHref, target}} : Properties();
-    QCOMPARE(dump(reading.format(QStringLiteral("link"))), dump(expected));
-    QCOMPARE(dump(reading.format(QStringLiteral("before"))), QString());
-    QCOMPARE(dump(reading.format(QStringLiteral("after"))), QString());
-}
-
-void TestDestinations::linkReachesTheWholeResultOnly()
-{
-    const Reading reading =
-        readBody("\\b a{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt b{\\i c}d\\par e}}f{\\fldrslt g}");
-    QCOMPARE(reading.text(), QStringLiteral("abcd\nefg"));
-    const Properties bold{{QTextFormat::FontWeight, int(QFont::Bold)}};
-    Properties link = bold;
-    link.insert(QTextFormat::IsAnchor, true);
-    link.insert(QTextFormat::AnchorHref, QStringLiteral("u"));
-    Properties italicLink = link;
-    italicLink.insert(QTextFormat::FontItalic, true);
-    QCOMPARE(dump(reading.format(QStringLiteral("a"))), dump(bold));
-    QCOMPARE(dump(reading.format(QStringLiteral("b"))), dump(link));
-    QCOMPARE(dump(reading.format(QStringLiteral("c"))), dump(italicLink));
-    QCOMPARE(dump(reading.format(QStringLiteral("d"))), dump(link));
-    QCOMPARE(dump(reading.format(QStringLiteral("e"))), dump(link));
-    QCOMPARE(dump(reading.format(QStringLiteral("fg"))), dump(bold));
-}
-
-void TestDestinations::linkInPieces_data()
-{
-    QTest::addColumn<QByteArray>("instruction");
-    QTest::newRow("group") << QByteArray("{HYPERLINK \"u\"}");
-    QTest::newRow("two groups") << QByteArray("{HYPERLINK }{\"u\"}");
-    QTest::newRow("formatted groups") << QByteArray("{\\b HYPERLINK }{\\i \"u\"}");
-    QTest::newRow("nested groups") << QByteArray("{{{HYPERLINK \"u\"}}}");
-    QTest::newRow("control words in between") << QByteArray("HYPERLINK \\b \"u\\b0 \"");
-    QTest::newRow("skipped group in between") << QByteArray("HYPERLINK {\\*\\datafield 00d0}\"u\"");
-}
-
-void TestDestinations::linkInPieces()
-{
-    QFETCH(QByteArray, instruction);
-
-    const Reading reading = readBody(field(instruction));
-    QCOMPARE(reading.text(), QStringLiteral("link"));
-    const QTextCharFormat format = reading.format(QStringLiteral("link"));
-    QCOMPARE(format.anchorHref(), QStringLiteral("u"));
-    QVERIFY(format.isAnchor());
-    QVERIFY(!format.hasProperty(QTextFormat::FontWeight));
-}
-
-void TestDestinations::fieldsFollowEachOther()
-{
-    const Reading reading = readBody("{\\field{\\*\\fldinst HYPERLINK \"a\"}{\\fldrslt x}}"
-                                     "{\\field{\\*\\fldinst PAGE}{\\fldrslt 1}}"
-                                     "{\\field{\\*\\fldinst HYPERLINK \"b\"}{\\fldrslt y}}");
-    QCOMPARE(reading.text(), QStringLiteral("x1y"));
-    QCOMPARE(reading.format(QStringLiteral("x")).anchorHref(), QStringLiteral("a"));
-    QCOMPARE(dump(reading.format(QStringLiteral("1"))), QString());
-    QCOMPARE(reading.format(QStringLiteral("y")).anchorHref(), QStringLiteral("b"));
-}
-
-void TestDestinations::fieldInsideAResult()
-{
-    const Reading reading = readBody("{\\field{\\*\\fldinst HYPERLINK \"a\"}{\\fldrslt x "
-                                     "{\\field{\\*\\fldinst PAGE}{\\fldrslt 7}} y}}z");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QStringLiteral("x 7 yz"));
-    QCOMPARE(reading.format(QStringLiteral("x 7 y")).anchorHref(), QStringLiteral("a"));
-    QCOMPARE(dump(reading.format(QStringLiteral("z"))), QString());
-}
-
-void TestDestinations::instructionIsFilteredLikeText()
-{
-    const QByteArray rtf = "{\\rtf1" + field("HYPERLINK \"a\\'7fb\"") + "}";
-    QCOMPARE(read(rtf, true).format(QStringLiteral("link")).anchorHref(), QStringLiteral("ab"));
-    QCOMPARE(read(rtf, false).format(QStringLiteral("link")).anchorHref(), QStringLiteral("a\uFFFDb"));
-}
-
-void TestDestinations::fieldTextOutsideTheResultIsDropped()
-{
-    QCOMPARE(readBody("a{\\field b{\\*\\fldinst c}d{\\fldrslt e}f}g").text(), QStringLiteral("aeg"));
-    QCOMPARE(readBody("a{\\field{\\*\\fldinst c}}g").text(), QStringLiteral("ag"));
-}
-
-void TestDestinations::pictureIsInserted_data()
-{
-    QTest::addColumn<QByteArray>("typeWord");
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<QString>("type");
-
-    QTest::newRow("PNG") << QByteArray("\\pngblip") << png(5, 3) << "PNG";
-    QTest::newRow("JPEG") << QByteArray("\\jpegblip") << jpeg(5, 3) << "JPEG";
-    QTest::newRow("metafile") << QByteArray("\\wmetafile8") << png(5, 3) << "WMF";
-    QTest::newRow("no type") << QByteArray() << png(5, 3) << "";
-    QTest::newRow("no type, JPEG data") << QByteArray() << jpeg(5, 3) << "";
-    QTest::newRow("wrong type, PNG data") << QByteArray("\\jpegblip") << png(5, 3) << "JPEG";
-    QTest::newRow("wrong type, JPEG data") << QByteArray("\\pngblip") << jpeg(5, 3) << "PNG";
-    QTest::newRow("the last type counts")
-        << QByteArray("\\jpegblip\\wmetafile\\pngblip") << png(5, 3) << "PNG";
-    QTest::newRow("unknown word behind the type") << QByteArray("\\pngblip\\bliptag12") << png(5, 3) << "PNG";
-    QTest::newRow("group behind the type")
-        << QByteArray("\\pngblip{\\*\\blipuid 00112233445566778899aabbccddeeff}") << png(5, 3) << "PNG";
-    QTest::newRow("group before the type")
-        << QByteArray("{\\*\\picprop{\\sp{\\sn a}{\\sv 1}}}\\pngblip") << png(5, 3) << "PNG";
-}
-
-void TestDestinations::pictureIsInserted()
-{
-    QFETCH(QByteArray, typeWord);
-    QFETCH(QByteArray, data);
-    QFETCH(QString, type);
-
-    const Reading reading = readBody("a" + picture(QByteArray(), typeWord, data) + "b");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QString("a" + QString(QChar::ObjectReplacementCharacter) + "b"));
-    QCOMPARE(reading.images().size(), 1);
-    const QTextImageFormat format = reading.images().first();
-    const QImage expected = QImage::fromData(data);
-    QCOMPARE(format.name(), ORVGuiUtil::resourceId(expected));
-    QCOMPARE(resourceOf(reading, format), expected);
-    QCOMPARE(format.width(), 5.0);
-    QCOMPARE(format.height(), 3.0);
-    QCOMPARE(format.stringProperty(ORVRtfProperty::ImageType), type);
-    QCOMPARE(format.stringProperty(ORVRtfProperty::ImageFileName), QStringLiteral("Image1"));
-    QVERIFY(!format.hasProperty(ORVRtfProperty::MathML));
-}
-
-void TestDestinations::pictureHasTheFormatAroundIt()
-{
-    const Reading reading =
-        readBody(colorTable() + "{\\b\\cf1\\footnote a" + picture("", "\\pngblip", png(2, 2)) + "}b");
-    QCOMPARE(reading.images().size(), 1);
-    const QTextImageFormat format = reading.images().first();
-    QCOMPARE(format.property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
-    QCOMPARE(format.foreground().color(), QColor(Qt::red));
-    QVERIFY(format.boolProperty(ORVRtfProperty::InFootnote));
-    QVERIFY(!reading.format(QStringLiteral("a")).isImageFormat());
-    QCOMPARE(dump(reading.format(QStringLiteral("b"))), QString());
-}
-
-void TestDestinations::pictureSizes_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::addColumn<QByteArray>("words");
-    QTest::addColumn<QSizeF>("expected");
-    const auto row = [](const char* name, const QSize& size, const QByteArray& words,
-                        const QSizeF& expected) { QTest::newRow(name) << size << words << expected; };
-
-    // 1440 twips are an inch, 96 pixels.
-    row("own", QSize(7, 9), "", QSizeF(7, 9));
-    row("goals", QSize(7, 9), "\\picwgoal1440\\pichgoal720", QSizeF(96, 48));
-    row("goals in whole pixels", QSize(7, 9), "\\picwgoal1448\\pichgoal1447", QSizeF(97, 96));
-    row("goal width only", QSize(7, 9), "\\picwgoal1440", QSizeF(7, 9));
-    row("goal height only", QSize(7, 9), "\\pichgoal1440", QSizeF(7, 9));
-    row("goal 0", QSize(7, 9), "\\picwgoal0\\pichgoal1440", QSizeF(7, 9));
-    row("negative goal", QSize(7, 9), "\\picwgoal1440\\pichgoal-1440", QSizeF(7, 9));
-    row("own size is not in the words", QSize(7, 9), "\\picw70\\pich90", QSizeF(7, 9));
-    row("scale 100", QSize(7, 9), "\\picscalex100\\picscaley100", QSizeF(7, 9));
-    row("scale, halves go up", QSize(101, 101), "\\picscalex50\\picscaley50", QSizeF(51, 51));
-    row("scale, below a half", QSize(7, 9), "\\picscalex107\\picscaley94", QSizeF(7, 8));
-    row("scale to nothing", QSize(1, 1), "\\picscalex49\\picscaley50", QSizeF(0, 1));
-    row("scale width only", QSize(7, 9), "\\picscalex50", QSizeF(7, 9));
-    row("scale height only", QSize(7, 9), "\\picscaley50", QSizeF(7, 9));
-    row("scale 0", QSize(7, 9), "\\picscalex0\\picscaley50", QSizeF(7, 9));
-    row("negative scale", QSize(7, 9), "\\picscalex50\\picscaley-50", QSizeF(7, 9));
-    row("goals and scale", QSize(7, 9), "\\picwgoal1440\\pichgoal720\\picscalex50\\picscaley200",
-        QSizeF(48, 96));
-    row("one goal and scale", QSize(10, 20), "\\picwgoal1440\\picscalex50\\picscaley200", QSizeF(5, 40));
-    row("last number counts", QSize(7, 9), "\\picscalex10\\picscaley10\\picscalex200\\picscaley300",
-        QSizeF(14, 27));
-    row("largest side", QSize(7, 9), "\\picwgoal491505\\pichgoal15", QSizeF(32767, 1));
-    row("beyond the largest side", QSize(7, 9), "\\picwgoal491520\\pichgoal15", QSizeF(32767, 1));
-    row("largest numbers", QSize(7, 9), "\\picwgoal2147483647\\pichgoal2147483647", QSizeF(32767, 32767));
-    row("largest scale", QSize(7, 9), "\\picscalex2147483647\\picscaley2147483647", QSizeF(32767, 32767));
-    row("scaled down from beyond", QSize(7, 9), "\\picwgoal983040\\pichgoal983040\\picscalex10\\picscaley10",
-        QSizeF(6554, 6554));
-}
-
-void TestDestinations::pictureSizes()
-{
-    QFETCH(QSize, size);
-    QFETCH(QByteArray, words);
-    QFETCH(QSizeF, expected);
-
-    const Reading reading = readBody(picture(words, "\\pngblip", png(size.width(), size.height())));
-    QCOMPARE(reading.images().size(), 1);
-    const QTextImageFormat format = reading.images().first();
-    QCOMPARE(QSizeF(format.width(), format.height()), expected);
-}
-
-void TestDestinations::pictureNames()
-{
-    const QByteArray plain = picture("", "\\pngblip", png(2, 2));
-    const QByteArray named = picture("{\\*\\nisusfilename my picture.png}", "\\pngblip", png(2, 2));
-    const QByteArray rtf = "{\\rtf1 " + plain + named + plain + "}";
-    const QSharedPointer<QTextDocument> document = newDocument();
-    // The numbers start again with every read.
-    for (int round = 0; round < 2; ++round) {
-        QStringList names;
-        const QList<QTextImageFormat> images = readInto(document, rtf).images();
-        for (const QTextImageFormat& format : images)
-            names << format.stringProperty(ORVRtfProperty::ImageFileName);
-        QCOMPARE(names, (QStringList{"Image1", "my picture.png", "Image2"}));
-    }
-}
-
-void TestDestinations::pictureSourceIsKeptForJpegOnly()
-{
-    const QByteArray jpegBytes = jpeg(4, 4);
-    const QByteArray pngBytes = png(4, 4);
-    const auto source = [](const QByteArray& group) {
-        return readBody(group).images().value(0).property(ORVRtfProperty::SourceImageData);
-    };
-    QCOMPARE(source(picture("", "\\jpegblip", jpegBytes)).toByteArray(), jpegBytes);
-    QCOMPARE(source(picture("", "\\jpegblip", pngBytes)).toByteArray(), pngBytes);
-    QVERIFY(!source(picture("", "\\pngblip", pngBytes)).isValid());
-    QVERIFY(!source(picture("", "\\pngblip", jpegBytes)).isValid());
-    QVERIFY(!source(picture("", "\\wmetafile", pngBytes)).isValid());
-    QVERIFY(!source(picture("", "", jpegBytes)).isValid());
-}
-
-void TestDestinations::pictureFormula()
-{
-    const QByteArray formula = "{\\*\\mathmlequation <math><mi>\\u960?</mi></math>}";
-    const Reading reading =
-        readBody(picture(formula, "\\pngblip", png(2, 2)) + picture("", "\\pngblip", png(3, 3)));
-    QCOMPARE(reading.images().size(), 2);
-    QCOMPARE(reading.images().at(0).stringProperty(ORVRtfProperty::MathML),
-             QString::fromUtf8("<math><mi>π</mi></math>"));
-    QVERIFY(!reading.images().at(1).hasProperty(ORVRtfProperty::MathML));
-}
-
-void TestDestinations::pictureFromBinaryData()
-{
-    // A grey-scale picture of one pixel without line feeds, which would end the look-ahead.
-    const QByteArray data = "P5 1 1 255 A";
-    const Reading reading = readBody("a{\\pict\\wmetafile\\bin12 " + data + "}b");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.images().size(), 1);
-    QCOMPARE(qGray(resourceOf(reading, reading.images().first()).pixel(0, 0)), int('A'));
-}
-
-void TestDestinations::pictureInShapeGroup()
-{
-    const Reading reading = readBody("a{\\*\\shppict" + picture("", "\\pngblip", png(2, 2)) + "}{\\nonshppict"
-                                     + picture("", "\\wmetafile8", png(3, 3)) + "}b");
-    QCOMPARE(reading.images().size(), 1);
-    QCOMPARE(reading.images().first().width(), 2.0);
-    QCOMPARE(reading.text().size(), 3);
-}
-
-void TestDestinations::equalPicturesShareAResource()
-{
-    const Reading reading = readBody(picture("", "\\pngblip", png(2, 2)) + picture("", "\\pngblip", png(2, 2))
-                                     + picture("", "\\pngblip", png(2, 2, Qt::blue)));
-    QCOMPARE(reading.images().size(), 3);
-    QCOMPARE(reading.images().at(0).name(), reading.images().at(1).name());
-    QVERIFY(reading.images().at(0).name() != reading.images().at(2).name());
-    QCOMPARE(resourceOf(reading, reading.images().at(2)).pixelColor(0, 0), QColor(Qt::blue));
-}
-
-void TestDestinations::brokenPictures_data()
-{
-    QTest::addColumn<QByteArray>("group");
-    QTest::newRow("no picture data") << picture("", "\\pngblip", "this is no picture");
-    QTest::newRow("cut off in the header") << picture("", "\\pngblip", png(5, 5).left(20));
-    QTest::newRow("one byte") << picture("", "\\jpegblip", "x");
-    QTest::newRow("real metafile") << picture("", "\\wmetafile8", QByteArray::fromHex("010009000003"));
-    QTest::newRow("no hexadecimal digits") << QByteArray("{\\pict\\pngblip xyz ???}");
-    QTest::newRow("nothing") << QByteArray("{\\pict}");
-    QTest::newRow("text in front of the type") << QByteArray("{\\pict\\picw5 text\\pngblip}");
-}
-
-void TestDestinations::brokenPictures()
-{
-    QFETCH(QByteArray, group);
-
-    const Reading reading = readBody("a" + group + "b");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QStringLiteral("ab"));
-    QCOMPARE(fragmentsOf(*reading.document).size(), 1);
-}
-
-void TestDestinations::brokenPictureCommitsTheParagraph()
-{
-    const Reading reading = readBody("{\\qc" + picture("", "\\pngblip", "no picture") + "}");
-    QCOMPARE(reading.blockCount(), 1);
-    QCOMPARE(dump(reading.blockFormat(0)), dump(Properties{{QTextFormat::BlockAlignment, 4}}));
-}
-
-void TestDestinations::pictureSettingsEndWithThePicture()
-{
-    const QByteArray words = "{\\*\\nisusfilename a.png}{\\*\\mathmlequation m}\\picwgoal1440\\pichgoal1440"
-                             "\\picscalex50\\picscaley50";
-    for (const QByteArray& data : {png(3, 3), QByteArray("no picture")}) {
-        const Reading reading = readBody(picture(words, "\\jpegblip", data) + picture("", "", png(7, 9)));
-        const QTextImageFormat format = reading.images().last();
-        QCOMPARE(QSizeF(format.width(), format.height()), QSizeF(7, 9));
-        QCOMPARE(format.stringProperty(ORVRtfProperty::ImageFileName), QStringLiteral("Image1"));
-        QCOMPARE(format.stringProperty(ORVRtfProperty::ImageType), QString());
-        QVERIFY(!format.hasProperty(ORVRtfProperty::MathML));
-        QVERIFY(!format.hasProperty(ORVRtfProperty::SourceImageData));
-    }
-}
-
-// A group without data leaves everything, also what was said of its picture, as it is.
-void TestDestinations::emptyPictureDoesNothing()
-{
-    const Reading reading =
-        readBody("{\\pict\\picscalex50\\picscaley50\\pngblip}" + picture("", "\\pngblip", png(10, 20)));
-    QCOMPARE(reading.images().size(), 1);
-    QCOMPARE(QSizeF(reading.images().first().width(), reading.images().first().height()), QSizeF(5, 10));
-}
-
-void TestDestinations::dataEndsWithTheNextWord()
-{
-    const QByteArray digits = png(2, 2).toHex();
-    QCOMPARE(readBody("a{\\pict\\pngblip\\picw2 " + digits + "}b").text(), QStringLiteral("ab"));
-    const Reading reading = readBody("{\\pict\\pngblip " + digits + "\\picw2 ffffff}");
-    QCOMPARE(reading.images().size(), 1);
-    QCOMPARE(resourceOf(reading, reading.images().first()).size(), QSize(2, 2));
-}
-
-void TestDestinations::hugePictures()
-{
-#if QT_VERSION >= QT_VERSION_CHECK(6, 0, 0)
-    // Newer Qt versions have a limit of their own, which the application may lift.
-    QImageReader::setAllocationLimit(0);
-#endif
-    const auto blank = [](int width, int height) {
-        QImage picture(width, height, QImage::Format_Mono);
-        picture.fill(0);
-        return encoded(picture, "PNG");
-    };
-    const Reading largest = readBody("a" + picture("", "\\pngblip", blank(10000, 10000)) + "b");
-    QCOMPARE(largest.images().size(), 1);
-    QCOMPARE(QSizeF(largest.images().first().width(), largest.images().first().height()),
-             QSizeF(10000, 10000));
-    const Reading beyond = readBody("a" + picture("", "\\pngblip", blank(10000, 10001)) + "b");
-    QCOMPARE(beyond.status, 0);
-    QCOMPARE(beyond.text(), QStringLiteral("ab"));
-}
-
-void TestDestinations::embeddedPdfIsDropped()
-{
-    const Reading reading = readBody("a{\\*\\orvellinepdf{\\*\\pdffilename a.pdf}\n255044462d}b"
-                                     + picture("", "\\pngblip", png(2, 2)) + "c{\\pdffilename d}e");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QString("ab" + QString(QChar::ObjectReplacementCharacter) + "ce"));
-    QCOMPARE(reading.images().first().stringProperty(ORVRtfProperty::ImageFileName),
-             QStringLiteral("Image1"));
-}
-
-void TestDestinations::notes_data()
-{
-    QTest::addColumn<QByteArray>("word");
-    QTest::addColumn<int>("flag");
-    QTest::newRow("footnote") << QByteArray("\\footnote") << int(ORVRtfProperty::InFootnote);
-    QTest::newRow("endnote") << QByteArray("\\footnote\\ftnalt") << int(ORVRtfProperty::InFootnote);
-    QTest::newRow("annotation") << QByteArray("\\annotation") << int(ORVRtfProperty::InAnnotation);
-    QTest::newRow("marked annotation") << QByteArray("\\*\\annotation") << int(ORVRtfProperty::InAnnotation);
-}
-
-void TestDestinations::notes()
-{
-    QFETCH(QByteArray, word);
-    QFETCH(int, flag);
-
-    const Reading reading =
-        readBody("one{\\super\\chftn}{" + word + "\\pard\\plain two{\\b three}\\par four}five");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QStringLiteral("onetwothree\nfourfive"));
-    for (const char* text : {"two", "three", "four"})
-        QVERIFY2(reading.format(QString::fromLatin1(text)).boolProperty(flag), text);
-    QCOMPARE(dump(reading.format(QStringLiteral("one"))), QString());
-    QCOMPARE(dump(reading.format(QStringLiteral("five"))), QString());
-}
-
-void TestDestinations::noteReferencesAreDropped()
-{
-    const Reading reading = readBody("a{\\*\\atrfstart 1}b{\\*\\atrfend 1}{\\*\\atnid c}{\\*\\atnauthor d}"
-                                     "\\chatn{\\*\\annotation{\\*\\atnref 1}e}f");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QStringLiteral("abef"));
-    QVERIFY(reading.format(QStringLiteral("e")).boolProperty(ORVRtfProperty::InAnnotation));
-}
-
-void TestDestinations::headersAndFootersAreText()
-{
-    QCOMPARE(readBody("{\\header\\pard a\\par}{\\footer\\pard b\\par}{\\*\\headerl c}{\\footerr d}e").text(),
-             QStringLiteral("a\nb\ncde"));
-}
-
-// A group inside a destination belongs to it.
-void TestDestinations::inheritedDestination()
-{
-    QCOMPARE(readBody("a{\\*\\atnref b{\\b c}d}e{\\*\\listtable{f}}g").text(), QStringLiteral("aeg"));
-}
-
-QTEST_MAIN(TestDestinations)
-#include "tst_destinations.moc"
+ORV_TEST("destinations", TestDestinations, QGuiApplication)
+#include "destinations.moc"

@@ -1,14 +1,5 @@
-#include "ORVRtfProperties.h"
-#include "ORVTextFormat.h"
-#include "QtFontCompat_p.h"
-#include "rtftesthelpers.h"
-
-#include <QtCore/QFile>
-#include <QtCore/QTranslator>
-#include <QtGui/QTextList>
-#include <QtTest/QtTest>
-
-#include <cstring>
+#include "testpaths.h"
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -76,535 +67,467 @@ private:
 QTextCharFormat colouredFormat()
 {
     QTextCharFormat format;
-    compat::setFontFamily(format, QStringLiteral("Quibble Serif"));
+    compat::setFontFamily(format, "Quibble Serif"_s);
     format.setProperty(QTextFormat::FontPointSize, 17.0);
     format.setForeground(QColor(Qt::red));
     format.setBackground(QColor(Qt::yellow));
     return format;
 }
 
-} // namespace
-
-/*! The public class: devices, documents, defaults and messages. */
-class TestReaderframe : public QObject {
-    Q_OBJECT
-
-private slots:
-    void staticDefaults();
-    void freshReader();
-    void devices();
-    void errorIsReplacedByTheNextRead();
-    void readingTwiceWithOneReader();
-    void messages_data();
-    void messages();
-    void messagesAreTranslated();
-    void nullDocument();
-    void opensAClosedDevice();
-    void leavesTheDeviceOpen();
-    void readsFromTheCurrentPosition();
-    void deviceThatCannotBeOpened();
-    void writeOnlyDevice();
-    void sequentialDevice();
-    void emptyDevice();
-    void position_data();
-    void position();
-    void contentIsReplaced();
-    void contentIsKeptAfterAnError();
-    void undoSettingIsRestored_data();
-    void undoSettingIsRestored();
-    void documentIsToldOfChangesOnce();
-    void documentReportsChangesAfterwards_data();
-    void documentReportsChangesAfterwards();
-    void textOptionFlagsAreCleared();
-    void removalOfInvalidCharacters_data();
-    void removalOfInvalidCharacters();
-    void hinting_data();
-    void hinting();
-    void givenFormatBecomesTheDefault();
-    void givenFormatThatIsNoCharacterFormat();
-    void defaultFormatStays();
-    void plainReadKeepsTheFontOfTheDefault();
-    void page_data();
-    void page();
-    void pageOfTheNextReadBeginsAnew();
-};
-
-void TestReaderframe::staticDefaults()
-{
-    QCOMPARE(ORVTextRtfReader::DefaultFontHinting, false);
-    QCOMPARE(ORVTextRtfReader::DefaultRemoveInvalidRtfChars, true);
-    QCOMPARE(ORVTextRtfReader::DefaultTextColor, QColor(Qt::black));
-}
-
-void TestReaderframe::freshReader()
-{
-    QBuffer buffer;
-    ORVTextRtfReader reader(&buffer);
-    QCOMPARE(reader.error(), 0);
-    QCOMPARE(reader.errorString(), QString());
-}
-
-void TestReaderframe::devices()
-{
-    QBuffer first;
-    QBuffer second;
-    QVERIFY(!ORVTextRtfReader().device());
-    ORVTextRtfReader reader(&first);
-    QCOMPARE(reader.device(), static_cast<QIODevice*>(&first));
-    reader.setDevice(&second);
-    QCOMPARE(reader.device(), static_cast<QIODevice*>(&second));
-}
-
-void TestReaderframe::errorIsReplacedByTheNextRead()
-{
-    QBuffer bad;
-    bad.setData("}");
-    QBuffer good;
-    good.setData("{abc}");
-    QTextDocument document;
-    ORVTextRtfReader reader(&bad);
-    QVERIFY(!reader.read(&document));
-    QCOMPARE(reader.error(), 1);
-    reader.setDevice(&good);
-    QCOMPARE(reader.error(), 1);
-    QVERIFY(reader.read(&document));
-    QCOMPARE(reader.error(), 0);
-    QCOMPARE(reader.errorString(), QString());
-    QCOMPARE(document.toPlainText(), QStringLiteral("abc"));
-}
-
-// Lists and the numbers of pictures belong to one read.
-void TestReaderframe::readingTwiceWithOneReader()
-{
-    const QByteArray rtf = "{\\ls1 a{\\pict\\wmetafile8 " + QByteArray("P5 1 1 255 A").toHex() + "}\\par b}";
-    QTextDocument documents[2];
-    ORVTextRtfReader reader;
-    for (QTextDocument& document : documents) {
-        QBuffer buffer;
-        buffer.setData(rtf);
-        reader.setDevice(&buffer);
-        QVERIFY(reader.read(&document));
-        QCOMPARE(document.blockCount(), 2);
-        QCOMPARE(imagesOf(document).size(), 1);
-        QCOMPARE(imagesOf(document).first().stringProperty(ORVRtfProperty::ImageFileName),
-                 QStringLiteral("Image1"));
-        QTextList* list = document.firstBlock().textList();
-        QVERIFY(list);
-        QCOMPARE(list->document(), &document);
-        QCOMPARE(list->count(), 2);
-    }
-}
-
-void TestReaderframe::messages_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QString>("message");
-
-    QTest::newRow("none") << QByteArray("{a}") << 0 << QString();
-    QTest::newRow("closing brace too many") << QByteArray("{a}}") << 1 << "Unmatched '{' in Rich Text file";
-    QTest::newRow("closing brace missing") << QByteArray("{a") << 2 << "Unmatched '}' in Rich Text file";
-    QTest::newRow("input ends in a word") << QByteArray("{a\\") << 7 << "Unexpected end of file";
-    QTest::newRow("long word") << "{\\" + QByteArray(70, 'q') + " }" << 8
-                               << "Invalid control word encountered";
-    QTest::newRow("escape") << QByteArray("{\\'zz}") << 9 << "Invalid control word parameter encountered";
-}
-
-void TestReaderframe::messages()
-{
-    QFETCH(QByteArray, rtf);
-    QFETCH(int, status);
-    QFETCH(QString, message);
-
-    const Reading reading = read(rtf);
-    QCOMPARE(reading.status, status);
-    QCOMPARE(reading.message, message);
-    QCOMPARE(reading.ok, status == 0);
-}
-
-void TestReaderframe::messagesAreTranslated()
-{
-    Brackets translator;
-    QCoreApplication::installTranslator(&translator);
-    const QString message = read("{a").message;
-    const QString none = read("{a}").message;
-    QCoreApplication::removeTranslator(&translator);
-    QCOMPARE(message, QStringLiteral("[Unmatched '}' in Rich Text file]"));
-    QCOMPARE(none, QString());
-}
-
-void TestReaderframe::nullDocument()
-{
-    QBuffer buffer;
-    buffer.setData("{\\rtf1 abc}");
-    ORVTextRtfReader reader(&buffer);
-    QVERIFY(!reader.read(nullptr));
-    QCOMPARE(reader.error(), 6);
-    QCOMPARE(reader.errorString(), QStringLiteral("Assertion Error"));
-    QVERIFY(!reader.read(nullptr, true));
-    QCOMPARE(reader.error(), 6);
-    QVERIFY(!reader.read(nullptr, false, QTextCharFormat()));
-    QCOMPARE(reader.error(), 6);
-    QVERIFY(!buffer.isOpen());
-}
-
-void TestReaderframe::opensAClosedDevice()
-{
-    QBuffer buffer;
-    buffer.setData("{\\rtf1 abc}");
-    QTextDocument document;
-    ORVTextRtfReader reader(&buffer);
-    QVERIFY(reader.read(&document));
-    QVERIFY(buffer.isReadable());
-    QVERIFY(!buffer.isWritable());
-    QCOMPARE(document.toPlainText(), QStringLiteral("abc"));
-}
-
-void TestReaderframe::leavesTheDeviceOpen()
-{
-    WatchedBuffer buffer;
-    buffer.setData("{\\rtf1 abc}");
-    buffer.open(QIODevice::ReadOnly);
-    {
-        QTextDocument document;
-        ORVTextRtfReader reader(&buffer);
-        QVERIFY(reader.read(&document));
-    }
-    QVERIFY(buffer.isOpen());
-    QCOMPARE(buffer.closed, 0);
-    QVERIFY(buffer.atEnd());
-}
-
-void TestReaderframe::readsFromTheCurrentPosition()
-{
-    QBuffer buffer;
-    buffer.setData("{\\rtf1 one}{\\rtf1 two}");
-    buffer.open(QIODevice::ReadOnly);
-    buffer.seek(11);
-    QTextDocument document;
-    ORVTextRtfReader reader(&buffer);
-    QVERIFY(reader.read(&document));
-    QCOMPARE(document.toPlainText(), QStringLiteral("two"));
-}
-
-void TestReaderframe::deviceThatCannotBeOpened()
-{
-    QFile file(QStringLiteral(TEST_DATA_DIR "/no such folder/no such file.rtf"));
-    QTextDocument document;
-    document.setPlainText(QStringLiteral("old text"));
-    ORVTextRtfReader reader(&file);
-    QVERIFY(!reader.read(&document));
-    QCOMPARE(reader.error(), 10);
-    QCOMPARE(reader.errorString(), QStringLiteral("Could not open device"));
-    QVERIFY(document.isEmpty());
-}
-
-void TestReaderframe::writeOnlyDevice()
-{
-    QBuffer buffer;
-    buffer.setData("{\\rtf1 abc}");
-    buffer.open(QIODevice::WriteOnly);
-    QTextDocument document;
-    document.setPlainText(QStringLiteral("old text"));
-    ORVTextRtfReader reader(&buffer);
-    QVERIFY(reader.read(&document));
-    QCOMPARE(reader.error(), 0);
-    QVERIFY(document.isEmpty());
-}
-
-void TestReaderframe::sequentialDevice()
-{
-    const QByteArray rtf = "{\\rtf1\\ansi\n{\\fonttbl{\\f0 Quibble Serif;}}\nOne {\\b two}\\par\n"
-                           "\\u8364?three\\'e9 "
-        + QByteArray(3000, 'x') + "}";
-    Pipe pipe(rtf);
-    pipe.open(QIODevice::ReadOnly);
-    QTextDocument document;
-    ORVTextRtfReader reader(&pipe);
-    QVERIFY(reader.read(&document));
-    QCOMPARE(textOf(document), QString::fromUtf8("One two\n€threeé ") + QString(3000, QLatin1Char('x')));
-    QCOMPARE(pipe.bytesAvailable(), qint64(0));
-}
-
-void TestReaderframe::emptyDevice()
-{
-    const Reading reading = read(QByteArray());
-    QVERIFY(reading.ok);
-    QCOMPARE(reading.status, 0);
-    QVERIFY(reading.document->isEmpty());
-    QCOMPARE(reading.blockCount(), 1);
-}
-
-void TestReaderframe::position_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::addColumn<int>("expected");
-
-    // The position of the device, which is the size, plus the bytes passed in the buffer; the buffer is
-    // shortened by 1024 bytes whenever more than 1024 have been passed.
-    QTest::newRow("empty") << QByteArray() << 0;
-    QTest::newRow("short") << QByteArray("{\\rtf1 a}") << 9 + 9;
-    QTest::newRow("1024 bytes") << "{" + QByteArray(1022, 'a') + "}" << 1024 + 1024;
-    QTest::newRow("1025 bytes") << "{" + QByteArray(1023, 'a') + "}" << 1025 + 1;
-    QTest::newRow("3000 bytes") << "{" + QByteArray(2998, 'a') + "}" << 3000 + 952;
-}
-
-void TestReaderframe::position()
-{
-    QFETCH(QByteArray, rtf);
-    QFETCH(int, expected);
-
-    QBuffer buffer;
-    buffer.setData(rtf);
-    buffer.open(QIODevice::ReadOnly);
-    QTextDocument document;
-    ORVTextRtfReader reader(&buffer);
-    QCOMPARE(reader.pos(), qint64(0));
-    QVERIFY(reader.read(&document));
-    QCOMPARE(reader.pos(), qint64(expected));
-}
-
-void TestReaderframe::contentIsReplaced()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    document->setPlainText(QStringLiteral("old\ntext"));
-    document->addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("old")),
-                          QImage(1, 1, QImage::Format_RGB32));
-    const Reading reading = readInto(document, "{\\rtf1 new}");
-    QCOMPARE(reading.text(), QStringLiteral("new"));
-    QVERIFY(!document->resource(QTextDocument::ImageResource, QUrl(QStringLiteral("old"))).isValid());
-}
-
-void TestReaderframe::contentIsKeptAfterAnError()
-{
-    const Reading reading = read("{\\rtf1 one\\par\\'zz{\\b two}\\par}}{three}");
-    QCOMPARE(reading.status, 9);
-    QVERIFY(reading.text().startsWith(QLatin1String("one\n")));
-    QVERIFY(reading.text().endsWith(QLatin1String("two\nthree")));
-    QCOMPARE(reading.format(QStringLiteral("two")).property(QTextFormat::FontWeight).toInt(),
-             int(QFont::Bold));
-}
-
-void TestReaderframe::undoSettingIsRestored_data()
-{
-    QTest::addColumn<bool>("enabled");
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::newRow("on") << true << QByteArray("{\\rtf1 abc}");
-    QTest::newRow("off") << false << QByteArray("{\\rtf1 abc}");
-    QTest::newRow("on, after an error") << true << QByteArray("{\\rtf1 abc");
-    QTest::newRow("off, after an error") << false << QByteArray("{\\rtf1 abc");
-}
-
-void TestReaderframe::undoSettingIsRestored()
-{
-    QFETCH(bool, enabled);
-    QFETCH(QByteArray, rtf);
-
-    const QSharedPointer<QTextDocument> document = newDocument();
-    document->setUndoRedoEnabled(enabled);
-    readInto(document, rtf);
-    QCOMPARE(document->isUndoRedoEnabled(), enabled);
-    QVERIFY(!document->isUndoAvailable());
-}
-
-// One edit block around the whole read: the number of signals does not depend on the content.
-void TestReaderframe::documentIsToldOfChangesOnce()
-{
-    int counts[2];
-    const int paragraphs[2] = {1, 500};
-    for (int i = 0; i < 2; ++i) {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        const QSignalSpy spy(document.data(), &QTextDocument::contentsChanged);
-        readInto(document, "{\\rtf1 " + QByteArray("{\\b text}\\par\n").repeated(paragraphs[i]) + "}");
-        QCOMPARE(document->blockCount(), paragraphs[i] + 1);
-        counts[i] = int(spy.count());
-    }
-    QCOMPARE(counts[1], counts[0]);
-    QVERIFY(counts[0] > 0);
-}
-
-void TestReaderframe::documentReportsChangesAfterwards_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::newRow("text") << QByteArray("{\\rtf1 abc}");
-    QTest::newRow("error") << QByteArray("{\\rtf1 abc");
-    QTest::newRow("open table cell") << QByteArray("{\\rtf1\\trowd\\cellx1000\\intbl abc}");
-    QTest::newRow("open nested table cell") << QByteArray("{\\rtf1\\itap2 abc\\nestcell}");
-    QTest::newRow("nothing") << QByteArray();
-}
-
-void TestReaderframe::documentReportsChangesAfterwards()
-{
-    QFETCH(QByteArray, rtf);
-
-    const QSharedPointer<QTextDocument> document = newDocument();
-    readInto(document, rtf);
-    const QSignalSpy spy(document.data(), &QTextDocument::contentsChanged);
-    QTextCursor(document.data()).insertText(QStringLiteral("x"));
-    QCOMPARE(int(spy.count()), 1);
-}
-
-void TestReaderframe::textOptionFlagsAreCleared()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextOption option = document->defaultTextOption();
-    option.setFlags(QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators);
-    document->setDefaultTextOption(option);
-    readInto(document, "{\\rtf1 abc}");
-    const QTextOption::Flags shown =
-        QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators;
-    QVERIFY(!(document->defaultTextOption().flags() & shown));
-}
-
-void TestReaderframe::removalOfInvalidCharacters_data()
-{
-    QTest::addColumn<bool>("byDefault");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("removed") << true << QStringLiteral("ab");
-    QTest::newRow("replaced") << false << QStringLiteral("a\uFFFDb");
-}
-
-void TestReaderframe::removalOfInvalidCharacters()
-{
-    QFETCH(bool, byDefault);
-    QFETCH(QString, text);
-
-    const StaticDefaults restore;
-    ORVTextRtfReader::DefaultRemoveInvalidRtfChars = byDefault;
-    QBuffer buffer;
-    buffer.setData("{\\rtf1 a\\u133?b}");
-    QTextDocument document;
-    QVERIFY(ORVTextRtfReader(&buffer).read(&document));
-    QCOMPARE(textOf(document), text);
-
-    // The two other forms of read() are told what to do.
-    const bool given = !byDefault;
-    const QString other = given ? QStringLiteral("ab") : QStringLiteral("a\uFFFDb");
-    QCOMPARE(read(buffer.data(), given).text(), other);
-    buffer.close();
-    QVERIFY(ORVTextRtfReader(&buffer).read(&document, given, QTextCharFormat()));
-    QCOMPARE(textOf(document), other);
-}
-
-void TestReaderframe::hinting_data()
-{
-    QTest::addColumn<bool>("byDefault");
-    QTest::addColumn<int>("preference");
-    QTest::newRow("full") << true << int(QFont::PreferFullHinting);
-    QTest::newRow("none") << false << int(QFont::PreferNoHinting);
-}
-
-void TestReaderframe::hinting()
-{
-    QFETCH(bool, byDefault);
-    QFETCH(int, preference);
-
-    const StaticDefaults restore;
-    ORVTextRtfReader::DefaultFontHinting = byDefault;
-    QBuffer buffer;
-    buffer.setData("{\\rtf1\\plain abc}");
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QVERIFY(ORVTextRtfReader(&buffer).read(document.data()));
-    const QTextCharFormat format = ORVTextFormat::defaultCharFormat(document.data());
-    QCOMPARE(format.intProperty(QTextFormat::FontHintingPreference), preference);
-    QCOMPARE(formatOf(*document, QStringLiteral("abc")).intProperty(QTextFormat::FontHintingPreference),
-             preference);
-}
-
-void TestReaderframe::givenFormatBecomesTheDefault()
-{
-    QBuffer buffer;
-    buffer.setData("{\\rtf1 abc}");
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QVERIFY(ORVTextRtfReader(&buffer).read(document.data(), true, colouredFormat()));
-    QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())),
-             dump(Properties{{Family, QStringLiteral("Quibble Serif")}, {QTextFormat::FontPointSize, 17.0}}));
-}
-
-void TestReaderframe::givenFormatThatIsNoCharacterFormat()
-{
-    QBuffer buffer;
-    buffer.setData("{\\rtf1 abc}");
-    const QSharedPointer<QTextDocument> document = newDocument();
-    ORVTextFormat::setDefaultCharFormat(document.data(), colouredFormat());
-    const QTextCharFormat none = QTextFormat().toCharFormat();
-    QVERIFY(!none.isCharFormat());
-    QVERIFY(ORVTextRtfReader(&buffer).read(document.data(), true, none));
-    QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())), dump(colouredFormat()));
-}
-
-void TestReaderframe::defaultFormatStays()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    ORVTextFormat::setDefaultCharFormat(document.data(), colouredFormat());
-    readInto(document, "{\\rtf1 abc}");
-    QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())), dump(colouredFormat()));
-}
-
-void TestReaderframe::plainReadKeepsTheFontOfTheDefault()
-{
-    QBuffer buffer;
-    buffer.setData("{\\rtf1 abc}");
-    const QSharedPointer<QTextDocument> document = newDocument();
-    ORVTextFormat::setDefaultCharFormat(document.data(), colouredFormat());
-    QVERIFY(ORVTextRtfReader(&buffer).read(document.data()));
-    QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())),
-             dump(Properties{{Family, QStringLiteral("Quibble Serif")},
-                             {QTextFormat::FontPointSize, 17.0},
-                             {QTextFormat::FontHintingPreference, int(QFont::PreferNoHinting)}}));
-    QCOMPARE(dump(formatOf(*document, QStringLiteral("abc"))), QString());
-}
-
 typedef QVector<int> Page;
 
 /*! Paper width and height, margins left, right, top and bottom. */
-static Page pageOf(const ORVTextRtfReader& reader)
+Page pageOf(const ORVTextRtfReader& reader)
 {
     return {reader.paperWidth(),  reader.paperHeight(), reader.marginLeft(),
             reader.marginRight(), reader.marginTop(),   reader.marginBottom()};
 }
 
-void TestReaderframe::page_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::addColumn<Page>("page");
+} // namespace
 
-    const Page letter{12240, 15840, 1800, 1800, 1440, 1440};
-    QTest::newRow("not stated") << QByteArray("{\\rtf1 text}") << letter;
-    QTest::newRow("no RTF") << QByteArray() << letter;
-    QTest::newRow("stated") << QByteArray(
-        "{\\rtf1\\paperw11906\\paperh16838\\margl1\\margr2\\margt3\\margb4 text}")
-                            << Page{11906, 16838, 1, 2, 3, 4};
-    QTest::newRow("one of them") << QByteArray("{\\rtf1\\margr500 text}")
-                                 << Page{12240, 15840, 1800, 500, 1440, 1440};
-    QTest::newRow("as it stands") << QByteArray("{\\rtf1\\paperw0\\margt-20 text}")
-                                  << Page{0, 15840, 1800, 1800, -20, 1440};
-    QTest::newRow("in a damaged file")
-        << QByteArray("{\\rtf1\\paperw300 text") << Page{300, 15840, 1800, 1800, 1440, 1440};
-}
+/*! The public class: devices, documents, defaults and messages. */
+class TestReaderFrame : public QObject {
+    Q_OBJECT
 
-void TestReaderframe::page()
-{
-    QFETCH(QByteArray, rtf);
-    QBuffer buffer(&rtf);
-    ORVTextRtfReader reader(&buffer);
-    reader.read(newDocument().data());
-    QTEST(pageOf(reader), "page");
-}
+private slots:
+    void staticDefaults()
+    {
+        QCOMPARE(ORVTextRtfReader::DefaultFontHinting, false);
+        QCOMPARE(ORVTextRtfReader::DefaultRemoveInvalidRtfChars, true);
+        QCOMPARE(ORVTextRtfReader::DefaultTextColor, QColor(Qt::black));
+    }
 
-void TestReaderframe::pageOfTheNextReadBeginsAnew()
-{
-    QBuffer first;
-    first.setData("{\\rtf1\\paperw300 text}");
-    QBuffer second;
-    second.setData("{\\rtf1\\paperh400 text}");
-    ORVTextRtfReader reader(&first);
-    QCOMPARE(pageOf(reader), Page({12240, 15840, 1800, 1800, 1440, 1440}));
-    reader.read(newDocument().data());
-    reader.setDevice(&second);
-    reader.read(newDocument().data());
-    QCOMPARE(pageOf(reader), Page({12240, 400, 1800, 1800, 1440, 1440}));
-}
+    void freshReader()
+    {
+        QBuffer buffer;
+        ORVTextRtfReader reader(&buffer);
+        QCOMPARE(reader.error(), 0);
+        QCOMPARE(reader.errorString(), QString());
+    }
 
-QTEST_MAIN(TestReaderframe)
-#include "tst_readerframe.moc"
+    void devices()
+    {
+        QBuffer first;
+        QBuffer second;
+        QVERIFY(!ORVTextRtfReader().device());
+        ORVTextRtfReader reader(&first);
+        QCOMPARE(reader.device(), static_cast<QIODevice*>(&first));
+        reader.setDevice(&second);
+        QCOMPARE(reader.device(), static_cast<QIODevice*>(&second));
+    }
+
+    void errorIsReplacedByTheNextRead()
+    {
+        QBuffer bad;
+        bad.setData("}");
+        QBuffer good;
+        good.setData("{abc}");
+        QTextDocument document;
+        ORVTextRtfReader reader(&bad);
+        QVERIFY(!reader.read(&document));
+        QCOMPARE(reader.error(), 1);
+        reader.setDevice(&good);
+        QCOMPARE(reader.error(), 1);
+        QVERIFY(reader.read(&document));
+        QCOMPARE(reader.error(), 0);
+        QCOMPARE(reader.errorString(), QString());
+        QCOMPARE(document.toPlainText(), "abc"_s);
+    }
+
+    // Lists and the numbers of pictures belong to one read.
+    void readingTwiceWithOneReader()
+    {
+        const QByteArray rtf = "{\\ls1 a{\\pict\\wmetafile8 " + "P5 1 1 255 A"_b.toHex() + "}\\par b}";
+        QTextDocument documents[2];
+        ORVTextRtfReader reader;
+        for (QTextDocument& document : documents) {
+            QBuffer buffer;
+            buffer.setData(rtf);
+            reader.setDevice(&buffer);
+            QVERIFY(reader.read(&document));
+            QCOMPARE(document.blockCount(), 2);
+            QCOMPARE(imagesOf(document).size(), 1);
+            QCOMPARE(imagesOf(document).first().stringProperty(ORVRtfProperty::ImageFileName), "Image1"_s);
+            QTextList* list = document.firstBlock().textList();
+            QVERIFY(list);
+            QCOMPARE(list->document(), &document);
+            QCOMPARE(list->count(), 2);
+        }
+    }
+
+    void messages_data()
+    {
+        const Columns<QByteArray, int, QString> add("rtf", "status", "message");
+        add("none", "{a}", 0, QString());
+        add("closing brace too many", "{a}}", 1, "Unmatched '{' in Rich Text file");
+        add("closing brace missing", "{a", 2, "Unmatched '}' in Rich Text file");
+        add("input ends in a word", "{a\\", 7, "Unexpected end of file");
+        add("long word", "{\\" + QByteArray(70, 'q') + " }", 8, "Invalid control word encountered");
+        add("escape", "{\\'zz}", 9, "Invalid control word parameter encountered");
+    }
+
+    void messages()
+    {
+        FETCH(QByteArray, rtf, int, status, QString, message);
+        const Reading reading = read(rtf);
+        QCOMPARE(reading.status, status);
+        QCOMPARE(reading.message, message);
+        QCOMPARE(reading.ok, status == 0);
+    }
+
+    void messagesAreTranslated()
+    {
+        Brackets translator;
+        QCoreApplication::installTranslator(&translator);
+        const QString message = read("{a").message;
+        const QString none = read("{a}").message;
+        QCoreApplication::removeTranslator(&translator);
+        QCOMPARE(message, "[Unmatched '}' in Rich Text file]"_s);
+        QCOMPARE(none, QString());
+    }
+
+    void nullDocument()
+    {
+        QBuffer buffer;
+        buffer.setData("{\\rtf1 abc}");
+        ORVTextRtfReader reader(&buffer);
+        QVERIFY(!reader.read(nullptr));
+        QCOMPARE(reader.error(), 6);
+        QCOMPARE(reader.errorString(), "Assertion Error"_s);
+        QVERIFY(!reader.read(nullptr, true));
+        QCOMPARE(reader.error(), 6);
+        QVERIFY(!reader.read(nullptr, false, QTextCharFormat()));
+        QCOMPARE(reader.error(), 6);
+        QVERIFY(!buffer.isOpen());
+    }
+
+    void opensAClosedDevice()
+    {
+        QBuffer buffer;
+        buffer.setData("{\\rtf1 abc}");
+        QTextDocument document;
+        ORVTextRtfReader reader(&buffer);
+        QVERIFY(reader.read(&document));
+        QVERIFY(buffer.isReadable());
+        QVERIFY(!buffer.isWritable());
+        QCOMPARE(document.toPlainText(), "abc"_s);
+    }
+
+    void leavesTheDeviceOpen()
+    {
+        WatchedBuffer buffer;
+        buffer.setData("{\\rtf1 abc}");
+        buffer.open(QIODevice::ReadOnly);
+        {
+            QTextDocument document;
+            ORVTextRtfReader reader(&buffer);
+            QVERIFY(reader.read(&document));
+        }
+        QVERIFY(buffer.isOpen());
+        QCOMPARE(buffer.closed, 0);
+        QVERIFY(buffer.atEnd());
+    }
+
+    void readsFromTheCurrentPosition()
+    {
+        QBuffer buffer;
+        buffer.setData("{\\rtf1 one}{\\rtf1 two}");
+        buffer.open(QIODevice::ReadOnly);
+        buffer.seek(11);
+        QTextDocument document;
+        ORVTextRtfReader reader(&buffer);
+        QVERIFY(reader.read(&document));
+        QCOMPARE(document.toPlainText(), "two"_s);
+    }
+
+    void deviceThatCannotBeOpened()
+    {
+        QFile file(QStringLiteral(TEST_DATA_DIR "/no such folder/no such file.rtf"));
+        QTextDocument document;
+        document.setPlainText("old text"_s);
+        ORVTextRtfReader reader(&file);
+        QVERIFY(!reader.read(&document));
+        QCOMPARE(reader.error(), 10);
+        QCOMPARE(reader.errorString(), "Could not open device"_s);
+        QVERIFY(document.isEmpty());
+    }
+
+    void writeOnlyDevice()
+    {
+        QBuffer buffer;
+        buffer.setData("{\\rtf1 abc}");
+        buffer.open(QIODevice::WriteOnly);
+        QTextDocument document;
+        document.setPlainText("old text"_s);
+        ORVTextRtfReader reader(&buffer);
+        QVERIFY(reader.read(&document));
+        QCOMPARE(reader.error(), 0);
+        QVERIFY(document.isEmpty());
+    }
+
+    void sequentialDevice()
+    {
+        const QByteArray rtf = "{\\rtf1\\ansi\n{\\fonttbl{\\f0 Quibble Serif;}}\nOne {\\b two}\\par\n"
+                               "\\u8364?three\\'e9 "
+            + QByteArray(3000, 'x') + "}";
+        Pipe pipe(rtf);
+        pipe.open(QIODevice::ReadOnly);
+        QTextDocument document;
+        ORVTextRtfReader reader(&pipe);
+        QVERIFY(reader.read(&document));
+        QCOMPARE(textOf(document), "One two\n€threeé "_s + QString(3000, QLatin1Char('x')));
+        QCOMPARE(pipe.bytesAvailable(), qint64(0));
+    }
+
+    void emptyDevice()
+    {
+        const Reading reading = read(QByteArray());
+        QVERIFY(reading.ok);
+        QCOMPARE(reading.status, 0);
+        QVERIFY(reading.document->isEmpty());
+        QCOMPARE(reading.blockCount(), 1);
+    }
+
+    void position_data()
+    {
+        const Columns<QByteArray, int> add("rtf", "expected");
+        // The position of the device, which is the size, plus the bytes passed in the buffer; the buffer is
+        // shortened by 1024 bytes whenever more than 1024 have been passed.
+        add("empty", QByteArray(), 0);
+        add("short", "{\\rtf1 a}", 9 + 9);
+        add("1024 bytes", "{" + QByteArray(1022, 'a') + "}", 1024 + 1024);
+        add("1025 bytes", "{" + QByteArray(1023, 'a') + "}", 1025 + 1);
+        add("3000 bytes", "{" + QByteArray(2998, 'a') + "}", 3000 + 952);
+    }
+
+    void position()
+    {
+        FETCH(QByteArray, rtf, int, expected);
+        QBuffer buffer;
+        buffer.setData(rtf);
+        buffer.open(QIODevice::ReadOnly);
+        QTextDocument document;
+        ORVTextRtfReader reader(&buffer);
+        QCOMPARE(reader.pos(), qint64(0));
+        QVERIFY(reader.read(&document));
+        QCOMPARE(reader.pos(), qint64(expected));
+    }
+
+    void contentIsReplaced()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        document->setPlainText("old\ntext"_s);
+        document->addResource(QTextDocument::ImageResource, QUrl("old"_s),
+                              QImage(1, 1, QImage::Format_RGB32));
+        const Reading reading = readInto(document, "{\\rtf1 new}");
+        QCOMPARE(reading.text(), "new"_s);
+        QVERIFY(!document->resource(QTextDocument::ImageResource, QUrl("old"_s)).isValid());
+    }
+
+    void contentIsKeptAfterAnError()
+    {
+        const Reading reading = read("{\\rtf1 one\\par\\'zz{\\b two}\\par}}{three}");
+        QCOMPARE(reading.status, 9);
+        QVERIFY(reading.text().startsWith("one\n"_s));
+        QVERIFY(reading.text().endsWith("two\nthree"_s));
+        QCOMPARE(reading.format("two"_s).property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
+    }
+
+    void undoSettingIsRestored_data()
+    {
+        const Columns<bool, QByteArray> add("enabled", "rtf");
+        add("on", true, "{\\rtf1 abc}");
+        add("off", false, "{\\rtf1 abc}");
+        add("on, after an error", true, "{\\rtf1 abc");
+        add("off, after an error", false, "{\\rtf1 abc");
+    }
+
+    void undoSettingIsRestored()
+    {
+        FETCH(bool, enabled, QByteArray, rtf);
+        const QSharedPointer<QTextDocument> document = newDocument();
+        document->setUndoRedoEnabled(enabled);
+        readInto(document, rtf);
+        QCOMPARE(document->isUndoRedoEnabled(), enabled);
+        QVERIFY(!document->isUndoAvailable());
+    }
+
+    // One edit block around the whole read: the number of signals does not depend on the content.
+    void documentIsToldOfChangesOnce()
+    {
+        int counts[2];
+        const int paragraphs[2] = {1, 500};
+        for (int i = 0; i < 2; ++i) {
+            const QSharedPointer<QTextDocument> document = newDocument();
+            const QSignalSpy spy(document.data(), &QTextDocument::contentsChanged);
+            readInto(document, "{\\rtf1 " + "{\\b text}\\par\n"_b.repeated(paragraphs[i]) + "}");
+            QCOMPARE(document->blockCount(), paragraphs[i] + 1);
+            counts[i] = int(spy.count());
+        }
+        QCOMPARE(counts[1], counts[0]);
+        QVERIFY(counts[0] > 0);
+    }
+
+    void documentReportsChangesAfterwards_data()
+    {
+        const Columns<QByteArray> add("rtf");
+        add("text", "{\\rtf1 abc}");
+        add("error", "{\\rtf1 abc");
+        add("open table cell", "{\\rtf1\\trowd\\cellx1000\\intbl abc}");
+        add("open nested table cell", "{\\rtf1\\itap2 abc\\nestcell}");
+        add("nothing", QByteArray());
+    }
+
+    void documentReportsChangesAfterwards()
+    {
+        FETCH(QByteArray, rtf);
+        const QSharedPointer<QTextDocument> document = newDocument();
+        readInto(document, rtf);
+        const QSignalSpy spy(document.data(), &QTextDocument::contentsChanged);
+        QTextCursor(document.data()).insertText("x"_s);
+        QCOMPARE(int(spy.count()), 1);
+    }
+
+    void textOptionFlagsAreCleared()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextOption option = document->defaultTextOption();
+        option.setFlags(QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators);
+        document->setDefaultTextOption(option);
+        readInto(document, "{\\rtf1 abc}");
+        const QTextOption::Flags shown =
+            QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators;
+        QVERIFY(!(document->defaultTextOption().flags() & shown));
+    }
+
+    void removalOfInvalidCharacters_data()
+    {
+        const Columns<bool, QString> add("byDefault", "text");
+        add("removed", true, "ab");
+        add("replaced", false, "a\uFFFDb");
+    }
+
+    void removalOfInvalidCharacters()
+    {
+        FETCH(bool, byDefault, QString, text);
+        const StaticDefaults restore;
+        ORVTextRtfReader::DefaultRemoveInvalidRtfChars = byDefault;
+        QBuffer buffer;
+        buffer.setData("{\\rtf1 a\\u133?b}");
+        QTextDocument document;
+        QVERIFY(ORVTextRtfReader(&buffer).read(&document));
+        QCOMPARE(textOf(document), text);
+
+        // The two other forms of read() are told what to do.
+        const bool given = !byDefault;
+        const QString other = given ? "ab"_s : "a\uFFFDb"_s;
+        QCOMPARE(read(buffer.data(), given).text(), other);
+        buffer.close();
+        QVERIFY(ORVTextRtfReader(&buffer).read(&document, given, QTextCharFormat()));
+        QCOMPARE(textOf(document), other);
+    }
+
+    void hinting_data()
+    {
+        const Columns<bool, int> add("byDefault", "preference");
+        add("full", true, int(QFont::PreferFullHinting));
+        add("none", false, int(QFont::PreferNoHinting));
+    }
+
+    void hinting()
+    {
+        FETCH(bool, byDefault, int, preference);
+        const StaticDefaults restore;
+        ORVTextRtfReader::DefaultFontHinting = byDefault;
+        QBuffer buffer;
+        buffer.setData("{\\rtf1\\plain abc}");
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QVERIFY(ORVTextRtfReader(&buffer).read(document.data()));
+        const QTextCharFormat format = ORVTextFormat::defaultCharFormat(document.data());
+        QCOMPARE(format.intProperty(QTextFormat::FontHintingPreference), preference);
+        QCOMPARE(formatOf(*document, "abc"_s).intProperty(QTextFormat::FontHintingPreference), preference);
+    }
+
+    void givenFormatBecomesTheDefault()
+    {
+        QBuffer buffer;
+        buffer.setData("{\\rtf1 abc}");
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QVERIFY(ORVTextRtfReader(&buffer).read(document.data(), true, colouredFormat()));
+        QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())),
+                 dump(Properties{{Family, "Quibble Serif"_s}, {QTextFormat::FontPointSize, 17.0}}));
+    }
+
+    void givenFormatThatIsNoCharacterFormat()
+    {
+        QBuffer buffer;
+        buffer.setData("{\\rtf1 abc}");
+        const QSharedPointer<QTextDocument> document = newDocument();
+        ORVTextFormat::setDefaultCharFormat(document.data(), colouredFormat());
+        const QTextCharFormat none = QTextFormat().toCharFormat();
+        QVERIFY(!none.isCharFormat());
+        QVERIFY(ORVTextRtfReader(&buffer).read(document.data(), true, none));
+        QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())), dump(colouredFormat()));
+    }
+
+    void defaultFormatStays()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        ORVTextFormat::setDefaultCharFormat(document.data(), colouredFormat());
+        readInto(document, "{\\rtf1 abc}");
+        QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())), dump(colouredFormat()));
+    }
+
+    void plainReadKeepsTheFontOfTheDefault()
+    {
+        QBuffer buffer;
+        buffer.setData("{\\rtf1 abc}");
+        const QSharedPointer<QTextDocument> document = newDocument();
+        ORVTextFormat::setDefaultCharFormat(document.data(), colouredFormat());
+        QVERIFY(ORVTextRtfReader(&buffer).read(document.data()));
+        QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())),
+                 dump(Properties{{Family, "Quibble Serif"_s},
+                                 {QTextFormat::FontPointSize, 17.0},
+                                 {QTextFormat::FontHintingPreference, int(QFont::PreferNoHinting)}}));
+        QCOMPARE(dump(formatOf(*document, "abc"_s)), QString());
+    }
+
+    void page_data()
+    {
+        const Columns<QByteArray, Page> add("rtf", "page");
+        const Page letter{12240, 15840, 1800, 1800, 1440, 1440};
+        add("not stated", "{\\rtf1 text}", letter);
+        add("no RTF", QByteArray(), letter);
+        add("stated", "{\\rtf1\\paperw11906\\paperh16838\\margl1\\margr2\\margt3\\margb4 text}",
+            Page{11906, 16838, 1, 2, 3, 4});
+        add("one of them", "{\\rtf1\\margr500 text}", Page{12240, 15840, 1800, 500, 1440, 1440});
+        add("as it stands", "{\\rtf1\\paperw0\\margt-20 text}", Page{0, 15840, 1800, 1800, -20, 1440});
+        add("in a damaged file", "{\\rtf1\\paperw300 text", Page{300, 15840, 1800, 1800, 1440, 1440});
+    }
+
+    void page()
+    {
+        FETCH(QByteArray, rtf);
+        QBuffer buffer(&rtf);
+        ORVTextRtfReader reader(&buffer);
+        reader.read(newDocument().data());
+        QTEST(pageOf(reader), "page");
+    }
+
+    void pageOfTheNextReadBeginsAnew()
+    {
+        QBuffer first;
+        first.setData("{\\rtf1\\paperw300 text}");
+        QBuffer second;
+        second.setData("{\\rtf1\\paperh400 text}");
+        ORVTextRtfReader reader(&first);
+        QCOMPARE(pageOf(reader), Page({12240, 15840, 1800, 1800, 1440, 1440}));
+        reader.read(newDocument().data());
+        reader.setDevice(&second);
+        reader.read(newDocument().data());
+        QCOMPARE(pageOf(reader), Page({12240, 400, 1800, 1800, 1440, 1440}));
+    }
+};
+
+ORV_TEST("readerframe", TestReaderFrame, QGuiApplication)
+#include "frame.moc"

@@ -1,9 +1,4 @@
-#include "ORVRtfProperties.h"
-#include "ORVTextListFormat.h"
-#include "rtftesthelpers.h"
-
-#include <QtGui/QTextList>
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -40,11 +35,8 @@ QString describe(const QList<ORVTextListLevel>& levels)
     QStringList lines;
     for (const ORVTextListLevel& level : levels)
         lines << "'" + level.text()
-                + QStringLiteral("' %1 %2 %3")
-                      .arg(level.kind())
-                      .arg(level.indent())
-                      .arg(level.firstLinePosition());
-    return lines.join(QLatin1String(", "));
+                + "' %1 %2 %3"_s.arg(level.kind()).arg(level.indent()).arg(level.firstLinePosition());
+    return lines.join(", "_s);
 }
 
 /*! The levels of the list that the first paragraph is in. */
@@ -67,321 +59,289 @@ class TestListsReading : public QObject {
     Q_OBJECT
 
 private slots:
-    void levelTexts_data();
-    void levelTexts();
-    void levelTextsOfLowerLevels();
-    void levelKinds_data();
-    void levelKinds();
-    void levelIndents_data();
-    void levelIndents();
-    void listTablesLeaveNoText();
-    void levelTextIsFiltered();
-    void levelLimit();
-    void levelLimitIsPerList();
-    void wordsWithoutALevel();
-    void membership();
-    void paragraphLevels();
-    void listsWithoutDefinition_data();
-    void listsWithoutDefinition();
-    void firstMatchCounts();
-    void overrideWordsOutsideTheirTables();
-    void listTextIsNotInserted();
-    void listNumberInAFieldResult();
-    void listsInTheMiddleOfADocument();
+    void levelTexts_data()
+    {
+        const Columns<QByteArray, QString> add("text", "expected");
+        // The first character is the length of the template, \'00 the number of the level itself.
+        add("number and dot", "\\'02\\'00.;", "%0.");
+        add("number in brackets", "\\'03(\\'00);", "(%0)");
+        add("template id in front", "\\leveltemplateid67\\'02\\'00.;", "%0.");
+        add("number alone", "\\'01\\'00;", "%0");
+        add("no number", "\\'00;", "");
+        add("bullet", "\\'01\\u8226 ?;", QString(QChar(0x2022)));
+        add("bullet as an escape", "\\'01\\'95;", QString(QChar(0x2022)));
+        add("bullet of a symbol font", "\\'01\\u-3913 ?;", QString(QChar(0xF0B7)));
+        add("text", "\\'09Chapter \\'00;", "Chapter %0");
+        add("longer than its length", "\\'02\\'00.more;", "%0.");
+        add("shorter than its length", "\\'09\\'00.", "%0.");
+        add("length and nothing", "\\'02", "");
+        add("empty", QByteArray(), "");
+        add("twice the number", "\\'03\\'00-\\'00;", "%0-%0");
+    }
+
+    void levelTexts()
+    {
+        FETCH(QByteArray, text, QString, expected);
+        const QList<ORVTextListLevel> levels = levelsOf(level(text));
+        QCOMPARE(int(levels.size()), 1);
+        QCOMPARE(levels.first().text(), expected);
+    }
+
+    // Templates count upwards: "%0" is the number of the level itself, "%1" of the one above, and so on.
+    void levelTextsOfLowerLevels()
+    {
+        const QList<ORVTextListLevel> levels =
+            levelsOf(level("\\'02\\'00.;") + level("\\'03\\'00.\\'01;") + level("\\'06\\'00.\\'01.\\'02.;")
+                     + level("\\'02\\'03);") + level("\\'03\\'00-\\'04;"));
+        QCOMPARE(int(levels.size()), 5);
+        QCOMPARE(levels.at(0).text(), "%0."_s);
+        QCOMPARE(levels.at(1).text(), "%1.%0"_s);
+        QCOMPARE(levels.at(2).text(), "%2.%1.%0."_s);
+        QCOMPARE(levels.at(3).text(), "%0)"_s);
+        QCOMPARE(levels.at(4).text(), "%4-%0"_s);
+    }
+
+    void levelKinds_data()
+    {
+        Columns<QByteArray, int>("words", "kind");
+        const auto row = [](const QByteArray& words, ORVTextListLevel::Kind kind) {
+            QTest::newRow(words.constData()) << words << int(kind);
+        };
+
+        row("\\levelnfc0", ORVTextListLevel::Decimal);
+        row("\\levelnfc1", ORVTextListLevel::UpperRoman);
+        row("\\levelnfc2", ORVTextListLevel::LowerRoman);
+        row("\\levelnfc3", ORVTextListLevel::UpperLetter);
+        row("\\levelnfc4", ORVTextListLevel::LowerLetter);
+        row("\\levelnfc23", ORVTextListLevel::Bullet);
+        row("\\levelnfcn23", ORVTextListLevel::Bullet);
+        row("\\levelnfcn4", ORVTextListLevel::LowerLetter);
+        row("\\levelnfc4\\levelnfcn2", ORVTextListLevel::LowerRoman);
+        row("\\levelnfc", ORVTextListLevel::Decimal);
+        row("\\leveljc0", ORVTextListLevel::Decimal);
+        // Others leave the kind as it is.
+        row("\\levelnfc255", ORVTextListLevel::Decimal);
+        row("\\levelnfc5", ORVTextListLevel::Decimal);
+        row("\\levelnfc22", ORVTextListLevel::Decimal);
+        row("\\levelnfc-1", ORVTextListLevel::Decimal);
+        row("\\levelnfc23\\levelnfcn255", ORVTextListLevel::Bullet);
+        row("\\levelnfc4\\levelnfcn5", ORVTextListLevel::LowerLetter);
+    }
+
+    void levelKinds()
+    {
+        FETCH(QByteArray, words, int, kind);
+        const QList<ORVTextListLevel> levels =
+            levelsOf("{\\listlevel" + words + "{\\leveltext\\'02\\'00.;}}");
+        QCOMPARE(int(levels.size()), 1);
+        QCOMPARE(int(levels.first().kind()), kind);
+    }
+
+    void levelIndents_data()
+    {
+        Columns<QByteArray, double, double>("words", "indent", "firstLine");
+        const auto row = [](const QByteArray& words, double indent, double firstLine) {
+            QTest::newRow(words.constData()) << words << indent << firstLine;
+        };
+
+        row("\\li720\\fi-360", 36, 18);
+        row("\\fi-360\\li720", 36, 18);
+        row("\\li720", 36, 36);
+        row("\\fi360", 0, 18);
+        row("\\li720\\fi-360\\li1440", 72, 54);
+        row("\\li720\\fi-360\\fi100", 36, 41);
+        row("\\lin720\\fi-360", 36, 18);
+        row("\\fi-360\\li720\\lin720", 36, 18);
+        row("\\li720\\ri500\\rin500", 36, 36);
+        row("\\li5", 0.25, 0.25);
+        row("\\li", 0, 0);
+    }
+
+    void levelIndents()
+    {
+        FETCH(QByteArray, words, double, indent, double, firstLine);
+        const QList<ORVTextListLevel> levels = levelsOf(level("\\'02\\'00.;", words));
+        QCOMPARE(int(levels.size()), 1);
+        QCOMPARE(levels.first().indent(), indent);
+        QCOMPARE(levels.first().firstLinePosition(), firstLine);
+    }
+
+    void listTablesLeaveNoText()
+    {
+        const Reading reading = readBody(
+            "a" + listTables(level("\\'02\\'00.;", "\\fi-360\\li720\\jclisttab\\tx720")) + "b\\par c");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), "ab\nc"_s);
+        for (int i = 0; i < 2; ++i) {
+            QVERIFY(!reading.block(i).textList());
+            QVERIFY(!reading.blockFormat(i).hasProperty(ORVRtfProperty::LeftIndent));
+            QVERIFY(!reading.blockFormat(i).hasProperty(ORVRtfProperty::ListOverride));
+        }
+    }
+
+    void levelTextIsFiltered()
+    {
+        const QList<ORVTextListLevel> levels = levelsOf(level("\\'02\\'7f\\'00.;"));
+        QCOMPARE(levels.first().text(), "%0."_s);
+    }
+
+    void levelLimit()
+    {
+        QByteArray words;
+        QList<ORVTextListLevel> expected;
+        for (int i = 0; i < 12; ++i) {
+            const int left = 100 * (i + 1);
+            words +=
+                level("\\'02\\'0" + QByteArray::number(qMin(i, 9)) + ".;", "\\li" + QByteArray::number(left));
+            if (i < 9)
+                expected << listLevel("%0."_s, ORVTextListLevel::Decimal, left / 20.0, left / 20.0);
+        }
+        QCOMPARE(describe(levelsOf(words)), describe(expected));
+    }
+
+    void levelLimitIsPerList()
+    {
+        const QByteArray many = level("\\'02\\'00.;").repeated(11);
+        const Reading reading =
+            readBody("{\\*\\listtable{\\list" + many + "\\listid7}{\\list" + level("\\'01x;", "\\li720", 23)
+                     + "\\listid8}}" + "{\\*\\listoverridetable{\\listoverride\\listid8\\ls1}}\\pard\\ls1 a");
+        QCOMPARE(describe(levelsOf(reading)), "'x' 0 36 36"_s);
+    }
+
+    // Without a level, or without a list, there is nothing these words could describe.
+    void wordsWithoutALevel()
+    {
+        const QByteArray words = "\\levelnfc23\\li720\\fi360\\lin720{\\leveltext\\'01x;}";
+        QCOMPARE(levelsOf(words).size(), 0);
+        const QByteArray noList = "{\\*\\listtable\\listid7\\listtemplateid1\\listhybrid{\\listlevel" + words
+            + "}}"
+              "{\\*\\listoverridetable\\ls5{\\listoverride\\listid7\\ls1}}";
+        const Reading reading = readBody(noList + "\\pard\\ls1 a");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), "a"_s);
+        QCOMPARE(levelsOf(reading).size(), 0);
+    }
+
+    // All paragraphs of one override are one list, wherever they are.
+    void membership()
+    {
+        const QByteArray tables = "{\\*\\listtable{\\list" + level("\\'02\\'00.;") + "\\listid7}{\\list"
+            + level("\\'02\\'00);", "", 4)
+            + "\\listid8}}{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}"
+            + "{\\listoverride\\listid7\\ls2}{\\listoverride\\listid8\\ls3}}";
+        const Reading reading = readBody(tables
+                                         + "\\pard\\ls1 a\\par\\pard b\\par\\ls2 c\\par\\pard\\ls3 d\\par"
+                                           "\\pard e\\par\\ls1 f\\par\\ls3 g");
+        QCOMPARE(reading.text(), "a\nb\nc\nd\ne\nf\ng"_s);
+        QTextList* first = reading.block(0).textList();
+        QTextList* second = reading.block(2).textList();
+        QTextList* third = reading.block(3).textList();
+        QVERIFY(first && second && third);
+        QVERIFY(first != second);
+        QVERIFY(first != third);
+        QVERIFY(second != third);
+        QCOMPARE(reading.block(5).textList(), first);
+        QCOMPARE(reading.block(6).textList(), third);
+        QVERIFY(!reading.block(1).textList());
+        QVERIFY(!reading.block(4).textList());
+        QCOMPARE(first->count(), 2);
+        QCOMPARE(second->count(), 1);
+        QCOMPARE(describe(levelsOf(reading, 0)), "'%0.' 1 0 0"_s);
+        QCOMPARE(describe(levelsOf(reading, 2)), "'%0.' 1 0 0"_s);
+        QCOMPARE(describe(levelsOf(reading, 3)), "'%0)' 2 0 0"_s);
+    }
+
+    void paragraphLevels()
+    {
+        const Reading reading =
+            readBody(listTables(level("\\'02\\'00.;") + level("\\'02\\'01.;"))
+                     + "\\pard\\ls1\\ilvl0 a\\par\\ilvl1 b\\par c\\par\\pard\\ls1 d\\par\\ilvl0 e");
+        const int expected[] = {0, 1, 1, 0, 0};
+        for (int i = 0; i < 5; ++i) {
+            QTextList* list = reading.block(i).textList();
+            QVERIFY(list);
+            QCOMPARE(list, reading.block(0).textList());
+            QCOMPARE(ORVTextListFormat::blockLevel(list, reading.block(i)), expected[i]);
+        }
+    }
+
+    void listsWithoutDefinition_data()
+    {
+        const Columns<QByteArray> add("tables");
+        add("no tables", QByteArray());
+        add("other override", listTables(level("\\'02\\'00.;"), 2));
+        add("unknown list",
+            "{\\*\\listtable{\\list" + level("\\'02\\'00.;") + "\\listid7}}"
+                + "{\\*\\listoverridetable{\\listoverride\\listid8\\ls1}}");
+        add("no overrides", "{\\*\\listtable{\\list" + level("\\'02\\'00.;") + "\\listid7}}");
+        add("list without levels", listTables(QByteArray()));
+    }
+
+    void listsWithoutDefinition()
+    {
+        FETCH(QByteArray, tables);
+        const Reading reading = readBody(tables + "\\pard\\ls1\\ilvl3 a\\par b");
+        QCOMPARE(reading.status, 0);
+        QTextList* list = reading.block(0).textList();
+        QVERIFY(list);
+        QCOMPARE(reading.block(1).textList(), list);
+        QCOMPARE(int(ORVTextListFormat::levels(list->format()).size()), 0);
+        QCOMPARE(dump(list->format()), dump(QTextListFormat()));
+        QCOMPARE(ORVTextListFormat::blockLevel(list, reading.block(0)), 3);
+    }
+
+    void firstMatchCounts()
+    {
+        const Reading reading =
+            readBody("{\\*\\listtable{\\list" + level("\\'01a;") + "\\listid7}{\\list" + level("\\'01b;")
+                     + "\\listid7}{\\list" + level("\\'01c;") + "\\listid8}}"
+                     + "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}"
+                       "{\\listoverride\\listid8\\ls1}{\\listoverride\\ls3\\listid8}}"
+                       "\\pard\\ls1 x\\par\\ls3 y");
+        QCOMPARE(levelsOf(reading, 0).value(0).text(), "a"_s);
+        QCOMPARE(levelsOf(reading, 1).value(0).text(), "c"_s);
+    }
+
+    // Outside the override table an override is none; inside it the word of paragraphs marks no paragraph.
+    void overrideWordsOutsideTheirTables()
+    {
+        const QByteArray list = "{\\*\\listtable{\\list" + level("\\'01a;") + "\\listid7}}";
+        const Reading outside = readBody(list + "{\\listoverride\\listid7\\ls1}\\pard\\ls1 x");
+        QCOMPARE(levelsOf(outside).size(), 0);
+        const Reading inside = readBody(list + "{\\*\\listoverridetable\\ls1}x");
+        QVERIFY(!inside.block(0).textList());
+        const Reading inListTable = readBody("{\\*\\listtable\\ls1}x");
+        QVERIFY(!inListTable.block(0).textList());
+    }
+
+    void listTextIsNotInserted()
+    {
+        const Reading reading = readBody(listTables(level("\\'02\\'00.;"))
+                                         + "{\\listtext\\pard\\plain 1.\\tab}\\pard\\ls1 a\\par"
+                                           "{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pntxtb x}b");
+        QCOMPARE(reading.text(), "a\nb"_s);
+    }
+
+    void listNumberInAFieldResult()
+    {
+        const Reading reading = readBody(listTables(level("\\'02\\'00.;")) + "{\\field{\\fldrslt\\ls1 a}}");
+        QCOMPARE(reading.text(), "a"_s);
+        QVERIFY(!reading.block(0).textList());
+    }
+
+    void listsInTheMiddleOfADocument()
+    {
+        const Reading reading =
+            readBody(listTables(level("\\'02\\'00.;")) + "\\pard a\\par\\pard\\ls1 b\\par c\\par\\pard d");
+        QVERIFY(!reading.block(0).textList());
+        QTextList* list = reading.block(1).textList();
+        QVERIFY(list);
+        QCOMPARE(reading.block(2).textList(), list);
+        QVERIFY(!reading.block(3).textList());
+        QCOMPARE(list->count(), 2);
+        QCOMPARE(reading.blockFormat(3).hasProperty(ORVRtfProperty::ListOverride), false);
+    }
 };
 
-void TestListsReading::levelTexts_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("expected");
-
-    // The first character is the length of the template, \'00 the number of the level itself.
-    QTest::newRow("number and dot") << QByteArray("\\'02\\'00.;") << "%0.";
-    QTest::newRow("number in brackets") << QByteArray("\\'03(\\'00);") << "(%0)";
-    QTest::newRow("template id in front") << QByteArray("\\leveltemplateid67\\'02\\'00.;") << "%0.";
-    QTest::newRow("number alone") << QByteArray("\\'01\\'00;") << "%0";
-    QTest::newRow("no number") << QByteArray("\\'00;") << "";
-    QTest::newRow("bullet") << QByteArray("\\'01\\u8226 ?;") << QString(QChar(0x2022));
-    QTest::newRow("bullet as an escape") << QByteArray("\\'01\\'95;") << QString(QChar(0x2022));
-    QTest::newRow("bullet of a symbol font") << QByteArray("\\'01\\u-3913 ?;") << QString(QChar(0xF0B7));
-    QTest::newRow("text") << QByteArray("\\'09Chapter \\'00;") << "Chapter %0";
-    QTest::newRow("longer than its length") << QByteArray("\\'02\\'00.more;") << "%0.";
-    QTest::newRow("shorter than its length") << QByteArray("\\'09\\'00.") << "%0.";
-    QTest::newRow("length and nothing") << QByteArray("\\'02") << "";
-    QTest::newRow("empty") << QByteArray() << "";
-    QTest::newRow("twice the number") << QByteArray("\\'03\\'00-\\'00;") << "%0-%0";
-}
-
-void TestListsReading::levelTexts()
-{
-    QFETCH(QByteArray, text);
-    QFETCH(QString, expected);
-
-    const QList<ORVTextListLevel> levels = levelsOf(level(text));
-    QCOMPARE(int(levels.size()), 1);
-    QCOMPARE(levels.first().text(), expected);
-}
-
-// Templates count upwards: "%0" is the number of the level itself, "%1" of the one above, and so on.
-void TestListsReading::levelTextsOfLowerLevels()
-{
-    const QList<ORVTextListLevel> levels =
-        levelsOf(level("\\'02\\'00.;") + level("\\'03\\'00.\\'01;") + level("\\'06\\'00.\\'01.\\'02.;")
-                 + level("\\'02\\'03);") + level("\\'03\\'00-\\'04;"));
-    QCOMPARE(int(levels.size()), 5);
-    QCOMPARE(levels.at(0).text(), QStringLiteral("%0."));
-    QCOMPARE(levels.at(1).text(), QStringLiteral("%1.%0"));
-    QCOMPARE(levels.at(2).text(), QStringLiteral("%2.%1.%0."));
-    QCOMPARE(levels.at(3).text(), QStringLiteral("%0)"));
-    QCOMPARE(levels.at(4).text(), QStringLiteral("%4-%0"));
-}
-
-void TestListsReading::levelKinds_data()
-{
-    QTest::addColumn<QByteArray>("words");
-    QTest::addColumn<int>("kind");
-    const auto row = [](const QByteArray& words, ORVTextListLevel::Kind kind) {
-        QTest::newRow(words.constData()) << words << int(kind);
-    };
-
-    row("\\levelnfc0", ORVTextListLevel::Decimal);
-    row("\\levelnfc1", ORVTextListLevel::UpperRoman);
-    row("\\levelnfc2", ORVTextListLevel::LowerRoman);
-    row("\\levelnfc3", ORVTextListLevel::UpperLetter);
-    row("\\levelnfc4", ORVTextListLevel::LowerLetter);
-    row("\\levelnfc23", ORVTextListLevel::Bullet);
-    row("\\levelnfcn23", ORVTextListLevel::Bullet);
-    row("\\levelnfcn4", ORVTextListLevel::LowerLetter);
-    row("\\levelnfc4\\levelnfcn2", ORVTextListLevel::LowerRoman);
-    row("\\levelnfc", ORVTextListLevel::Decimal);
-    row("\\leveljc0", ORVTextListLevel::Decimal);
-    // Others leave the kind as it is.
-    row("\\levelnfc255", ORVTextListLevel::Decimal);
-    row("\\levelnfc5", ORVTextListLevel::Decimal);
-    row("\\levelnfc22", ORVTextListLevel::Decimal);
-    row("\\levelnfc-1", ORVTextListLevel::Decimal);
-    row("\\levelnfc23\\levelnfcn255", ORVTextListLevel::Bullet);
-    row("\\levelnfc4\\levelnfcn5", ORVTextListLevel::LowerLetter);
-}
-
-void TestListsReading::levelKinds()
-{
-    QFETCH(QByteArray, words);
-    QFETCH(int, kind);
-
-    const QList<ORVTextListLevel> levels = levelsOf("{\\listlevel" + words + "{\\leveltext\\'02\\'00.;}}");
-    QCOMPARE(int(levels.size()), 1);
-    QCOMPARE(int(levels.first().kind()), kind);
-}
-
-void TestListsReading::levelIndents_data()
-{
-    QTest::addColumn<QByteArray>("words");
-    QTest::addColumn<double>("indent");
-    QTest::addColumn<double>("firstLine");
-    const auto row = [](const QByteArray& words, double indent, double firstLine) {
-        QTest::newRow(words.constData()) << words << indent << firstLine;
-    };
-
-    row("\\li720\\fi-360", 36, 18);
-    row("\\fi-360\\li720", 36, 18);
-    row("\\li720", 36, 36);
-    row("\\fi360", 0, 18);
-    row("\\li720\\fi-360\\li1440", 72, 54);
-    row("\\li720\\fi-360\\fi100", 36, 41);
-    row("\\lin720\\fi-360", 36, 18);
-    row("\\fi-360\\li720\\lin720", 36, 18);
-    row("\\li720\\ri500\\rin500", 36, 36);
-    row("\\li5", 0.25, 0.25);
-    row("\\li", 0, 0);
-}
-
-void TestListsReading::levelIndents()
-{
-    QFETCH(QByteArray, words);
-    QFETCH(double, indent);
-    QFETCH(double, firstLine);
-
-    const QList<ORVTextListLevel> levels = levelsOf(level("\\'02\\'00.;", words));
-    QCOMPARE(int(levels.size()), 1);
-    QCOMPARE(levels.first().indent(), indent);
-    QCOMPARE(levels.first().firstLinePosition(), firstLine);
-}
-
-void TestListsReading::listTablesLeaveNoText()
-{
-    const Reading reading =
-        readBody("a" + listTables(level("\\'02\\'00.;", "\\fi-360\\li720\\jclisttab\\tx720")) + "b\\par c");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QStringLiteral("ab\nc"));
-    for (int i = 0; i < 2; ++i) {
-        QVERIFY(!reading.block(i).textList());
-        QVERIFY(!reading.blockFormat(i).hasProperty(ORVRtfProperty::LeftIndent));
-        QVERIFY(!reading.blockFormat(i).hasProperty(ORVRtfProperty::ListOverride));
-    }
-}
-
-void TestListsReading::levelTextIsFiltered()
-{
-    const QList<ORVTextListLevel> levels = levelsOf(level("\\'02\\'7f\\'00.;"));
-    QCOMPARE(levels.first().text(), QStringLiteral("%0."));
-}
-
-void TestListsReading::levelLimit()
-{
-    QByteArray words;
-    QList<ORVTextListLevel> expected;
-    for (int i = 0; i < 12; ++i) {
-        const int left = 100 * (i + 1);
-        words +=
-            level("\\'02\\'0" + QByteArray::number(qMin(i, 9)) + ".;", "\\li" + QByteArray::number(left));
-        if (i < 9)
-            expected << listLevel(QStringLiteral("%0."), ORVTextListLevel::Decimal, left / 20.0, left / 20.0);
-    }
-    QCOMPARE(describe(levelsOf(words)), describe(expected));
-}
-
-void TestListsReading::levelLimitIsPerList()
-{
-    const QByteArray many = level("\\'02\\'00.;").repeated(11);
-    const Reading reading =
-        readBody("{\\*\\listtable{\\list" + many + "\\listid7}{\\list" + level("\\'01x;", "\\li720", 23)
-                 + "\\listid8}}" + "{\\*\\listoverridetable{\\listoverride\\listid8\\ls1}}\\pard\\ls1 a");
-    QCOMPARE(describe(levelsOf(reading)), QStringLiteral("'x' 0 36 36"));
-}
-
-// Without a level, or without a list, there is nothing these words could describe.
-void TestListsReading::wordsWithoutALevel()
-{
-    const QByteArray words = "\\levelnfc23\\li720\\fi360\\lin720{\\leveltext\\'01x;}";
-    QCOMPARE(levelsOf(words).size(), 0);
-    const QByteArray noList = "{\\*\\listtable\\listid7\\listtemplateid1\\listhybrid{\\listlevel" + words
-        + "}}"
-          "{\\*\\listoverridetable\\ls5{\\listoverride\\listid7\\ls1}}";
-    const Reading reading = readBody(noList + "\\pard\\ls1 a");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QStringLiteral("a"));
-    QCOMPARE(levelsOf(reading).size(), 0);
-}
-
-// All paragraphs of one override are one list, wherever they are.
-void TestListsReading::membership()
-{
-    const QByteArray tables = "{\\*\\listtable{\\list" + level("\\'02\\'00.;") + "\\listid7}{\\list"
-        + level("\\'02\\'00);", "", 4) + "\\listid8}}{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}"
-        + "{\\listoverride\\listid7\\ls2}{\\listoverride\\listid8\\ls3}}";
-    const Reading reading = readBody(tables
-                                     + "\\pard\\ls1 a\\par\\pard b\\par\\ls2 c\\par\\pard\\ls3 d\\par"
-                                       "\\pard e\\par\\ls1 f\\par\\ls3 g");
-    QCOMPARE(reading.text(), QStringLiteral("a\nb\nc\nd\ne\nf\ng"));
-    QTextList* first = reading.block(0).textList();
-    QTextList* second = reading.block(2).textList();
-    QTextList* third = reading.block(3).textList();
-    QVERIFY(first && second && third);
-    QVERIFY(first != second);
-    QVERIFY(first != third);
-    QVERIFY(second != third);
-    QCOMPARE(reading.block(5).textList(), first);
-    QCOMPARE(reading.block(6).textList(), third);
-    QVERIFY(!reading.block(1).textList());
-    QVERIFY(!reading.block(4).textList());
-    QCOMPARE(first->count(), 2);
-    QCOMPARE(second->count(), 1);
-    QCOMPARE(describe(levelsOf(reading, 0)), QStringLiteral("'%0.' 1 0 0"));
-    QCOMPARE(describe(levelsOf(reading, 2)), QStringLiteral("'%0.' 1 0 0"));
-    QCOMPARE(describe(levelsOf(reading, 3)), QStringLiteral("'%0)' 2 0 0"));
-}
-
-void TestListsReading::paragraphLevels()
-{
-    const Reading reading =
-        readBody(listTables(level("\\'02\\'00.;") + level("\\'02\\'01.;"))
-                 + "\\pard\\ls1\\ilvl0 a\\par\\ilvl1 b\\par c\\par\\pard\\ls1 d\\par\\ilvl0 e");
-    const int expected[] = {0, 1, 1, 0, 0};
-    for (int i = 0; i < 5; ++i) {
-        QTextList* list = reading.block(i).textList();
-        QVERIFY(list);
-        QCOMPARE(list, reading.block(0).textList());
-        QCOMPARE(ORVTextListFormat::blockLevel(list, reading.block(i)), expected[i]);
-    }
-}
-
-void TestListsReading::listsWithoutDefinition_data()
-{
-    QTest::addColumn<QByteArray>("tables");
-    QTest::newRow("no tables") << QByteArray();
-    QTest::newRow("other override") << listTables(level("\\'02\\'00.;"), 2);
-    QTest::newRow("unknown list") << "{\\*\\listtable{\\list" + level("\\'02\\'00.;") + "\\listid7}}"
-            + "{\\*\\listoverridetable{\\listoverride\\listid8\\ls1}}";
-    QTest::newRow("no overrides") << "{\\*\\listtable{\\list" + level("\\'02\\'00.;") + "\\listid7}}";
-    QTest::newRow("list without levels") << listTables(QByteArray());
-}
-
-void TestListsReading::listsWithoutDefinition()
-{
-    QFETCH(QByteArray, tables);
-
-    const Reading reading = readBody(tables + "\\pard\\ls1\\ilvl3 a\\par b");
-    QCOMPARE(reading.status, 0);
-    QTextList* list = reading.block(0).textList();
-    QVERIFY(list);
-    QCOMPARE(reading.block(1).textList(), list);
-    QCOMPARE(int(ORVTextListFormat::levels(list->format()).size()), 0);
-    QCOMPARE(dump(list->format()), dump(QTextListFormat()));
-    QCOMPARE(ORVTextListFormat::blockLevel(list, reading.block(0)), 3);
-}
-
-void TestListsReading::firstMatchCounts()
-{
-    const Reading reading =
-        readBody("{\\*\\listtable{\\list" + level("\\'01a;") + "\\listid7}{\\list" + level("\\'01b;")
-                 + "\\listid7}{\\list" + level("\\'01c;") + "\\listid8}}"
-                 + "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}"
-                   "{\\listoverride\\listid8\\ls1}{\\listoverride\\ls3\\listid8}}"
-                   "\\pard\\ls1 x\\par\\ls3 y");
-    QCOMPARE(levelsOf(reading, 0).value(0).text(), QStringLiteral("a"));
-    QCOMPARE(levelsOf(reading, 1).value(0).text(), QStringLiteral("c"));
-}
-
-// Outside the override table an override is none; inside it the word of paragraphs marks no paragraph.
-void TestListsReading::overrideWordsOutsideTheirTables()
-{
-    const QByteArray list = "{\\*\\listtable{\\list" + level("\\'01a;") + "\\listid7}}";
-    const Reading outside = readBody(list + "{\\listoverride\\listid7\\ls1}\\pard\\ls1 x");
-    QCOMPARE(levelsOf(outside).size(), 0);
-    const Reading inside = readBody(list + "{\\*\\listoverridetable\\ls1}x");
-    QVERIFY(!inside.block(0).textList());
-    const Reading inListTable = readBody("{\\*\\listtable\\ls1}x");
-    QVERIFY(!inListTable.block(0).textList());
-}
-
-void TestListsReading::listTextIsNotInserted()
-{
-    const Reading reading = readBody(listTables(level("\\'02\\'00.;"))
-                                     + "{\\listtext\\pard\\plain 1.\\tab}\\pard\\ls1 a\\par"
-                                       "{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pntxtb x}b");
-    QCOMPARE(reading.text(), QStringLiteral("a\nb"));
-}
-
-void TestListsReading::listNumberInAFieldResult()
-{
-    const Reading reading = readBody(listTables(level("\\'02\\'00.;")) + "{\\field{\\fldrslt\\ls1 a}}");
-    QCOMPARE(reading.text(), QStringLiteral("a"));
-    QVERIFY(!reading.block(0).textList());
-}
-
-void TestListsReading::listsInTheMiddleOfADocument()
-{
-    const Reading reading =
-        readBody(listTables(level("\\'02\\'00.;")) + "\\pard a\\par\\pard\\ls1 b\\par c\\par\\pard d");
-    QVERIFY(!reading.block(0).textList());
-    QTextList* list = reading.block(1).textList();
-    QVERIFY(list);
-    QCOMPARE(reading.block(2).textList(), list);
-    QVERIFY(!reading.block(3).textList());
-    QCOMPARE(list->count(), 2);
-    QCOMPARE(reading.blockFormat(3).hasProperty(ORVRtfProperty::ListOverride), false);
-}
-
-QTEST_MAIN(TestListsReading)
-#include "tst_lists_reading.moc"
+ORV_TEST("lists_reading", TestListsReading, QGuiApplication)
+#include "listsreading.moc"

@@ -1,6 +1,5 @@
 #include "ORVRtfParagraph_p.h"
-
-#include <QtTest>
+#include "testsupport.h"
 
 namespace {
 
@@ -26,23 +25,22 @@ QTextBlockFormat withTabStops(unsigned char value)
 } // namespace
 
 /*! What reading a paragraph's words alone does not show. */
-class tst_paragraph : public QObject {
+class TestParagraph : public QObject {
     Q_OBJECT
 
 private slots:
-    void equalTabStopsGiveEqualFormats();
+    // Qt 5 compares tab stops in variants byte by byte, the unused bytes between their members included.
+    void equalTabStopsGiveEqualFormats()
+    {
+        const QTextBlockFormat format = withTabStops(0);
+        QCOMPARE(
+            format.tabPositions(),
+            (QList<QTextOption::Tab>{QTextOption::Tab(5, QTextOption::LeftTab),
+                                     QTextOption::Tab(10, QTextOption::DelimiterTab, QLatin1Char('.'))}));
+        QVERIFY(withTabStops(0x5A) == format);
+        QVERIFY(withTabStops(0xA5) == format);
+    }
 };
 
-// Qt 5 compares tab stops in variants byte by byte, the unused bytes between their members included.
-void tst_paragraph::equalTabStopsGiveEqualFormats()
-{
-    const QTextBlockFormat format = withTabStops(0);
-    QCOMPARE(format.tabPositions(),
-             (QList<QTextOption::Tab>{QTextOption::Tab(5, QTextOption::LeftTab),
-                                      QTextOption::Tab(10, QTextOption::DelimiterTab, QLatin1Char('.'))}));
-    QVERIFY(withTabStops(0x5A) == format);
-    QVERIFY(withTabStops(0xA5) == format);
-}
-
-QTEST_GUILESS_MAIN(tst_paragraph)
-#include "tst_paragraph.moc"
+ORV_TEST("paragraph", TestParagraph, QCoreApplication)
+#include "paragraph.moc"

@@ -1,10 +1,5 @@
 #include "ORVRtfTextInserter_p.h"
-
-#include <QTextBlock>
-#include <QTextDocument>
-#include <QtTest>
-
-#include <random>
+#include "testsupport.h"
 
 namespace {
 
@@ -47,298 +42,272 @@ QStringList pieces(const QTextDocument& document)
 } // namespace
 
 /*! The place where text goes in, which owes its document the paragraph behind one that has ended. */
-class tst_textinserter : public QObject {
+class TestTextInserter : public QObject {
     Q_OBJECT
 
 private slots:
     void init() { m_document.clear(); }
 
-    void nowhere();
-    void paragraphIsOwedUntilItMatters();
-    void paragraphComesWithItsFormats();
-    void lastFormatsCount();
-    void withoutFormatsItIsLikeTheOneBefore();
-    void formatsOfTextAreLeftAlone();
-    void formatsOfEmptyParagraphsAreReplaced();
-    void emptyParagraphsAreKept();
-    void textThatEndsParagraphs_data();
-    void textThatEndsParagraphs();
-    void movingCompletesTheOldPlace();
-    void whatTheCursorDoesIsSeen();
-    void textWaitsForMoreOfItsFormat();
-    void textWaitsAcrossEqualParagraphs();
-    void otherFormatsEndTheWaiting_data();
-    void otherFormatsEndTheWaiting();
-    void littleTextWaits();
-    void piecesAreThoseOfOneByOne();
+    void nowhere()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.setBlockFormats(indented(1), sized(8));
+        cursor.insertText("x"_s, sized(8));
+        cursor.endBlock();
+        cursor.complete();
+        QVERIFY(cursor.place().isNull());
+    }
+
+    void paragraphIsOwedUntilItMatters()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.insertText("a"_s, sized(8));
+        cursor.endBlock();
+        QCOMPARE(m_document.blockCount(), 1);
+        cursor.setBlockFormats(indented(5), sized(9));
+        QCOMPARE(m_document.blockCount(), 1);
+        cursor.complete();
+        QCOMPARE(m_document.blockCount(), 2);
+        cursor.complete();
+        QCOMPARE(m_document.blockCount(), 2);
+    }
+
+    void paragraphComesWithItsFormats()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.insertText("a"_s, sized(8));
+        cursor.endBlock();
+        cursor.setBlockFormats(indented(5), sized(9));
+        cursor.insertText("b"_s, sized(10));
+        cursor.complete();
+        QCOMPARE(paragraphs(m_document).last(), "b|5|9"_s);
+        QCOMPARE(m_document.lastBlock().begin().fragment().charFormat(), sized(10));
+    }
+
+    void lastFormatsCount()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.endBlock();
+        cursor.setBlockFormats(indented(5), sized(9));
+        cursor.setBlockFormats(indented(6), sized(7));
+        cursor.complete();
+        QCOMPARE(paragraphs(m_document).last(), "|6|7"_s);
+    }
+
+    void withoutFormatsItIsLikeTheOneBefore()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.setBlockFormats(indented(5), sized(9));
+        cursor.insertText("a"_s, sized(9));
+        cursor.endBlock();
+        cursor.setBlockFormats(indented(6), sized(7));
+        cursor.endBlock();
+        cursor.complete();
+        QCOMPARE(paragraphs(m_document), QStringList({"a|5|9"_s, "|6|7"_s, "|6|7"_s}));
+    }
+
+    void formatsOfTextAreLeftAlone()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.setBlockFormats(indented(5), sized(9));
+        cursor.insertText("a"_s, sized(9));
+        cursor.setBlockFormats(indented(6), sized(7));
+        cursor.complete();
+        cursor.setBlockFormats(indented(6), sized(7));
+        QCOMPARE(paragraphs(m_document), QStringList("a|5|9"_s));
+    }
+
+    void formatsOfEmptyParagraphsAreReplaced()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.setBlockFormats(indented(5), sized(9));
+        cursor.setBlockFormats(indented(6), sized(7));
+        QCOMPARE(paragraphs(m_document), QStringList("|6|7"_s));
+    }
+
+    void emptyParagraphsAreKept()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.endBlock();
+        cursor.endBlock();
+        cursor.insertText("c"_s, sized(9));
+        cursor.complete();
+        QCOMPARE(m_document.toPlainText(), "\n\nc"_s);
+    }
+
+    void textThatEndsParagraphs_data()
+    {
+        const Columns<int> add("unit");
+        for (const int unit : {int('\n'), int('\r'), 0x2029, 0xFDD0, 0xFDD1})
+            add(qPrintable(QString::number(unit, 16)), unit);
+    }
+
+    /*! What follows such a character is a new paragraph, and empty. */
+    void textThatEndsParagraphs()
+    {
+        FETCH(int, unit);
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.setBlockFormats(indented(5), sized(9));
+        cursor.insertText(QLatin1Char('a') + QString(QChar(ushort(unit))), sized(9));
+        cursor.setBlockFormats(indented(6), sized(7));
+        QCOMPARE(paragraphs(m_document), QStringList({"a|5|9"_s, "|6|7"_s}));
+    }
+
+    void movingCompletesTheOldPlace()
+    {
+        QTextDocument other;
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.insertText("a"_s, sized(9));
+        cursor.endBlock();
+        cursor.setBlockFormats(indented(6), sized(7));
+        cursor.moveTo(QTextCursor(&other));
+        QCOMPARE(paragraphs(m_document).last(), "|6|7"_s);
+        // The text at the old place does not keep the empty paragraph here from getting its formats.
+        cursor.setBlockFormats(indented(4), sized(3));
+        QCOMPARE(paragraphs(other), QStringList("|4|3"_s));
+    }
+
+    void whatTheCursorDoesIsSeen()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.insertText("a"_s, sized(9));
+        cursor.endBlock();
+        cursor.place().insertText("b"_s);
+        cursor.place().insertBlock();
+        cursor.setBlockFormats(indented(6), sized(7));
+        QCOMPARE(m_document.toPlainText(), "a\nb\n"_s);
+        QCOMPARE(paragraphs(m_document).last(), "|6|7"_s);
+    }
+
+    void textWaitsForMoreOfItsFormat()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.insertText("a"_s, sized(9));
+        cursor.insertText("b"_s, sized(9));
+        QCOMPARE(m_document.toPlainText(), QString());
+        cursor.insertText("c"_s, sized(10));
+        QCOMPARE(m_document.toPlainText(), "ab"_s);
+        QVERIFY(cursor.place().atEnd());
+        QCOMPARE(m_document.toPlainText(), "abc"_s);
+        QCOMPARE(cursor.place().charFormat().fontPointSize(), 10.0);
+    }
+
+    void textWaitsAcrossEqualParagraphs()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        for (const QChar c : {QLatin1Char('a'), QLatin1Char('b'), QLatin1Char('c')}) {
+            cursor.setBlockFormats(indented(5), sized(9));
+            cursor.insertText(c, sized(9));
+            cursor.endBlock();
+        }
+        QCOMPARE(m_document.blockCount(), 1);
+        cursor.setBlockFormats(indented(6), sized(9));
+        cursor.complete();
+        QCOMPARE(paragraphs(m_document), QStringList({"a|5|9"_s, "b|5|9"_s, "c|5|9"_s, "|6|9"_s}));
+        QCOMPARE(m_document.begin().next().begin().fragment().charFormat(), sized(9));
+    }
+
+    void otherFormatsEndTheWaiting_data()
+    {
+        const Columns<double, double, double> add("margin", "blockSize", "size");
+        add("paragraph", 6.0, 9.0, 9.0);
+        add("characters of the paragraph", 5.0, 8.0, 9.0);
+        add("characters", 5.0, 9.0, 8.0);
+        add("both alike", 5.0, 8.0, 8.0);
+    }
+
+    void otherFormatsEndTheWaiting()
+    {
+        FETCH(double, margin, double, blockSize, double, size);
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.setBlockFormats(indented(5), sized(9));
+        cursor.insertText("a"_s, sized(9));
+        cursor.endBlock();
+        cursor.setBlockFormats(indented(margin), sized(blockSize));
+        cursor.insertText("b"_s, sized(size));
+        QCOMPARE(paragraphs(m_document).first(), "a|5|9"_s);
+        cursor.complete();
+        QCOMPARE(paragraphs(m_document).last(), "b|%1|%2"_s.arg(margin).arg(blockSize));
+        QCOMPARE(m_document.lastBlock().begin().fragment().charFormat(), sized(size));
+    }
+
+    /*! What waits takes memory in addition to the document's. */
+    void littleTextWaits()
+    {
+        const QString text(100, QLatin1Char('a'));
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        for (int count = 1; count <= 1000; ++count) {
+            cursor.insertText(text, sized(9));
+            QVERIFY(m_document.characterCount() + 10000 > count * text.size());
+        }
+        cursor.complete();
+        QCOMPARE(m_document.toPlainText(), text.repeated(1000));
+    }
+
+    /*! Whatever is done, and in whatever order: the document is the one that has all of it done at once. */
+    void piecesAreThoseOfOneByOne()
+    {
+        std::mt19937 random(20261122);
+        const auto upTo = [&random](unsigned limit) { return int(random() % limit); };
+        for (int round = 0; round < 400; ++round) {
+            m_document.clear();
+            QTextDocument expected;
+            ORVRtfTextInserter cursor;
+            cursor.moveTo(QTextCursor(&m_document));
+            QTextCursor plain(&expected);
+            for (int step = 0; step < 60; ++step) {
+                const QTextBlockFormat blockFormat = indented(upTo(2));
+                const QTextCharFormat charFormat = sized(9 + upTo(2));
+                switch (upTo(8)) {
+                case 0:
+                case 1:
+                    cursor.endBlock();
+                    plain.insertBlock();
+                    break;
+                case 2:
+                case 3:
+                    cursor.setBlockFormats(blockFormat, charFormat);
+                    if (plain.block().length() == 1) {
+                        plain.setBlockCharFormat(charFormat);
+                        plain.setBlockFormat(blockFormat);
+                    }
+                    break;
+                case 4:
+                    if (upTo(4) == 0) {
+                        cursor.place().insertBlock(blockFormat);
+                        plain.insertBlock(blockFormat);
+                    }
+                    break;
+                default: {
+                    const QString text = QString(upTo(20) == 0 ? 5000 : 1, QLatin1Char(char('a' + step % 26)))
+                        + (upTo(10) == 0 ? "\n"_s : QString());
+                    cursor.insertText(text, charFormat);
+                    plain.insertText(text, charFormat);
+                }
+                }
+            }
+            cursor.complete();
+            QCOMPARE(pieces(m_document), pieces(expected));
+        }
+    }
 
 private:
     QTextDocument m_document;
 };
 
-void tst_textinserter::nowhere()
-{
-    ORVRtfTextInserter cursor;
-    cursor.setBlockFormats(indented(1), sized(8));
-    cursor.insertText(QStringLiteral("x"), sized(8));
-    cursor.endBlock();
-    cursor.complete();
-    QVERIFY(cursor.place().isNull());
-}
-
-void tst_textinserter::paragraphIsOwedUntilItMatters()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.insertText(QStringLiteral("a"), sized(8));
-    cursor.endBlock();
-    QCOMPARE(m_document.blockCount(), 1);
-    cursor.setBlockFormats(indented(5), sized(9));
-    QCOMPARE(m_document.blockCount(), 1);
-    cursor.complete();
-    QCOMPARE(m_document.blockCount(), 2);
-    cursor.complete();
-    QCOMPARE(m_document.blockCount(), 2);
-}
-
-void tst_textinserter::paragraphComesWithItsFormats()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.insertText(QStringLiteral("a"), sized(8));
-    cursor.endBlock();
-    cursor.setBlockFormats(indented(5), sized(9));
-    cursor.insertText(QStringLiteral("b"), sized(10));
-    cursor.complete();
-    QCOMPARE(paragraphs(m_document).last(), QStringLiteral("b|5|9"));
-    QCOMPARE(m_document.lastBlock().begin().fragment().charFormat(), sized(10));
-}
-
-void tst_textinserter::lastFormatsCount()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.endBlock();
-    cursor.setBlockFormats(indented(5), sized(9));
-    cursor.setBlockFormats(indented(6), sized(7));
-    cursor.complete();
-    QCOMPARE(paragraphs(m_document).last(), QStringLiteral("|6|7"));
-}
-
-void tst_textinserter::withoutFormatsItIsLikeTheOneBefore()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.setBlockFormats(indented(5), sized(9));
-    cursor.insertText(QStringLiteral("a"), sized(9));
-    cursor.endBlock();
-    cursor.setBlockFormats(indented(6), sized(7));
-    cursor.endBlock();
-    cursor.complete();
-    QCOMPARE(paragraphs(m_document),
-             QStringList({QStringLiteral("a|5|9"), QStringLiteral("|6|7"), QStringLiteral("|6|7")}));
-}
-
-void tst_textinserter::formatsOfTextAreLeftAlone()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.setBlockFormats(indented(5), sized(9));
-    cursor.insertText(QStringLiteral("a"), sized(9));
-    cursor.setBlockFormats(indented(6), sized(7));
-    cursor.complete();
-    cursor.setBlockFormats(indented(6), sized(7));
-    QCOMPARE(paragraphs(m_document), QStringList(QStringLiteral("a|5|9")));
-}
-
-void tst_textinserter::formatsOfEmptyParagraphsAreReplaced()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.setBlockFormats(indented(5), sized(9));
-    cursor.setBlockFormats(indented(6), sized(7));
-    QCOMPARE(paragraphs(m_document), QStringList(QStringLiteral("|6|7")));
-}
-
-void tst_textinserter::emptyParagraphsAreKept()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.endBlock();
-    cursor.endBlock();
-    cursor.insertText(QStringLiteral("c"), sized(9));
-    cursor.complete();
-    QCOMPARE(m_document.toPlainText(), QStringLiteral("\n\nc"));
-}
-
-void tst_textinserter::textThatEndsParagraphs_data()
-{
-    QTest::addColumn<int>("unit");
-    for (const int unit : {int('\n'), int('\r'), 0x2029, 0xFDD0, 0xFDD1})
-        QTest::newRow(qPrintable(QString::number(unit, 16))) << unit;
-}
-
-/*! What follows such a character is a new paragraph, and empty. */
-void tst_textinserter::textThatEndsParagraphs()
-{
-    QFETCH(int, unit);
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.setBlockFormats(indented(5), sized(9));
-    cursor.insertText(QLatin1Char('a') + QString(QChar(ushort(unit))), sized(9));
-    cursor.setBlockFormats(indented(6), sized(7));
-    QCOMPARE(paragraphs(m_document), QStringList({QStringLiteral("a|5|9"), QStringLiteral("|6|7")}));
-}
-
-void tst_textinserter::movingCompletesTheOldPlace()
-{
-    QTextDocument other;
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.insertText(QStringLiteral("a"), sized(9));
-    cursor.endBlock();
-    cursor.setBlockFormats(indented(6), sized(7));
-    cursor.moveTo(QTextCursor(&other));
-    QCOMPARE(paragraphs(m_document).last(), QStringLiteral("|6|7"));
-    // The text at the old place does not keep the empty paragraph here from getting its formats.
-    cursor.setBlockFormats(indented(4), sized(3));
-    QCOMPARE(paragraphs(other), QStringList(QStringLiteral("|4|3")));
-}
-
-void tst_textinserter::whatTheCursorDoesIsSeen()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.insertText(QStringLiteral("a"), sized(9));
-    cursor.endBlock();
-    cursor.place().insertText(QStringLiteral("b"));
-    cursor.place().insertBlock();
-    cursor.setBlockFormats(indented(6), sized(7));
-    QCOMPARE(m_document.toPlainText(), QStringLiteral("a\nb\n"));
-    QCOMPARE(paragraphs(m_document).last(), QStringLiteral("|6|7"));
-}
-
-void tst_textinserter::textWaitsForMoreOfItsFormat()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.insertText(QStringLiteral("a"), sized(9));
-    cursor.insertText(QStringLiteral("b"), sized(9));
-    QCOMPARE(m_document.toPlainText(), QString());
-    cursor.insertText(QStringLiteral("c"), sized(10));
-    QCOMPARE(m_document.toPlainText(), QStringLiteral("ab"));
-    QVERIFY(cursor.place().atEnd());
-    QCOMPARE(m_document.toPlainText(), QStringLiteral("abc"));
-    QCOMPARE(cursor.place().charFormat().fontPointSize(), 10.0);
-}
-
-void tst_textinserter::textWaitsAcrossEqualParagraphs()
-{
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    for (const QChar c : {QLatin1Char('a'), QLatin1Char('b'), QLatin1Char('c')}) {
-        cursor.setBlockFormats(indented(5), sized(9));
-        cursor.insertText(c, sized(9));
-        cursor.endBlock();
-    }
-    QCOMPARE(m_document.blockCount(), 1);
-    cursor.setBlockFormats(indented(6), sized(9));
-    cursor.complete();
-    QCOMPARE(paragraphs(m_document),
-             QStringList({QStringLiteral("a|5|9"), QStringLiteral("b|5|9"), QStringLiteral("c|5|9"),
-                          QStringLiteral("|6|9")}));
-    QCOMPARE(m_document.begin().next().begin().fragment().charFormat(), sized(9));
-}
-
-void tst_textinserter::otherFormatsEndTheWaiting_data()
-{
-    QTest::addColumn<double>("margin");
-    QTest::addColumn<double>("blockSize");
-    QTest::addColumn<double>("size");
-    QTest::newRow("paragraph") << 6.0 << 9.0 << 9.0;
-    QTest::newRow("characters of the paragraph") << 5.0 << 8.0 << 9.0;
-    QTest::newRow("characters") << 5.0 << 9.0 << 8.0;
-    QTest::newRow("both alike") << 5.0 << 8.0 << 8.0;
-}
-
-void tst_textinserter::otherFormatsEndTheWaiting()
-{
-    QFETCH(double, margin);
-    QFETCH(double, blockSize);
-    QFETCH(double, size);
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    cursor.setBlockFormats(indented(5), sized(9));
-    cursor.insertText(QStringLiteral("a"), sized(9));
-    cursor.endBlock();
-    cursor.setBlockFormats(indented(margin), sized(blockSize));
-    cursor.insertText(QStringLiteral("b"), sized(size));
-    QCOMPARE(paragraphs(m_document).first(), QStringLiteral("a|5|9"));
-    cursor.complete();
-    QCOMPARE(paragraphs(m_document).last(), QStringLiteral("b|%1|%2").arg(margin).arg(blockSize));
-    QCOMPARE(m_document.lastBlock().begin().fragment().charFormat(), sized(size));
-}
-
-/*! What waits takes memory in addition to the document's. */
-void tst_textinserter::littleTextWaits()
-{
-    const QString text(100, QLatin1Char('a'));
-    ORVRtfTextInserter cursor;
-    cursor.moveTo(QTextCursor(&m_document));
-    for (int count = 1; count <= 1000; ++count) {
-        cursor.insertText(text, sized(9));
-        QVERIFY(m_document.characterCount() + 10000 > count * text.size());
-    }
-    cursor.complete();
-    QCOMPARE(m_document.toPlainText(), text.repeated(1000));
-}
-
-/*! Whatever is done, and in whatever order: the document is the one that has all of it done at once. */
-void tst_textinserter::piecesAreThoseOfOneByOne()
-{
-    std::mt19937 random(20261122);
-    const auto upTo = [&random](unsigned limit) { return int(random() % limit); };
-    for (int round = 0; round < 400; ++round) {
-        m_document.clear();
-        QTextDocument expected;
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
-        QTextCursor plain(&expected);
-        for (int step = 0; step < 60; ++step) {
-            const QTextBlockFormat blockFormat = indented(upTo(2));
-            const QTextCharFormat charFormat = sized(9 + upTo(2));
-            switch (upTo(8)) {
-            case 0:
-            case 1:
-                cursor.endBlock();
-                plain.insertBlock();
-                break;
-            case 2:
-            case 3:
-                cursor.setBlockFormats(blockFormat, charFormat);
-                if (plain.block().length() == 1) {
-                    plain.setBlockCharFormat(charFormat);
-                    plain.setBlockFormat(blockFormat);
-                }
-                break;
-            case 4:
-                if (upTo(4) == 0) {
-                    cursor.place().insertBlock(blockFormat);
-                    plain.insertBlock(blockFormat);
-                }
-                break;
-            default: {
-                const QString text = QString(upTo(20) == 0 ? 5000 : 1, QLatin1Char(char('a' + step % 26)))
-                    + (upTo(10) == 0 ? QStringLiteral("\n") : QString());
-                cursor.insertText(text, charFormat);
-                plain.insertText(text, charFormat);
-            }
-            }
-        }
-        cursor.complete();
-        QCOMPARE(pieces(m_document), pieces(expected));
-    }
-}
-
-QTEST_MAIN(tst_textinserter)
-#include "tst_textinserter.moc"
+ORV_TEST("textinserter", TestTextInserter, QGuiApplication)
+#include "textinserter.moc"

@@ -1,8 +1,4 @@
-#include "ORVTextRtfStripper.h"
-#include "rtfwritinghelpers.h"
-
-#include <QtGui/QTextTable>
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -89,25 +85,13 @@ QString textRead(QIODevice& device, int* status)
     return textOf(document);
 }
 
-QByteArray stripped(QIODevice& input)
-{
-    QBuffer output;
-    output.open(QIODevice::WriteOnly);
-    ORVTextRtfStripper stripper;
-    stripper.setDevice(&input);
-    stripper.setOutput(&output);
-    stripper.process();
-    return output.data();
-}
-
 void inputRows()
 {
-    QTest::addColumn<bool>("sequential");
-    QTest::addColumn<bool>("buffered");
-    QTest::newRow("random access") << false << true;
-    QTest::newRow("random access, not buffered by Qt") << false << false;
-    QTest::newRow("sequential") << true << true;
-    QTest::newRow("sequential, not buffered by Qt") << true << false;
+    const Columns<bool, bool> add("sequential", "buffered");
+    add("random access", false, true);
+    add("random access, not buffered by Qt", false, false);
+    add("sequential", true, true);
+    add("sequential, not buffered by Qt", true, false);
 }
 
 QIODevice::OpenMode modeOf(bool buffered)
@@ -123,99 +107,84 @@ class TestDevices : public QObject {
     Q_OBJECT
 
 private slots:
-    void shortReads_data();
-    void shortReads();
-    void failingInput_data();
-    void failingInput();
-    void fullOutputOfTheWriter();
-    void fullOutputOfTheStripper();
-};
+    void shortReads_data() { inputRows(); }
 
-void TestDevices::shortReads_data()
-{
-    inputRows();
-}
-
-void TestDevices::shortReads()
-{
-    QFETCH(bool, sequential);
-    QFETCH(bool, buffered);
-    const QByteArray rtf = sampleRtf();
-    QBuffer whole;
-    whole.setData(rtf);
-    whole.open(QIODevice::ReadOnly);
-    const QByteArray expected = stripped(whole);
-    for (int pieceSize : {1, 2, 7, 1000}) {
-        UnreliableInput input(rtf, pieceSize, sequential);
-        input.open(modeOf(buffered));
-        int status = -1;
-        QCOMPARE(textRead(input, &status), read(rtf).text());
-        QCOMPARE(status, 0);
-        QVERIFY(input.calls() <= rtf.size() + 10);
-        UnreliableInput toStrip(rtf, pieceSize, sequential);
-        toStrip.open(modeOf(buffered));
-        QCOMPARE(stripped(toStrip), expected);
-    }
-}
-
-void TestDevices::failingInput_data()
-{
-    inputRows();
-}
-
-/*! What came before the failure is read as if it were all; for every place where it can happen. */
-void TestDevices::failingInput()
-{
-    QFETCH(bool, sequential);
-    QFETCH(bool, buffered);
-    const QByteArray rtf = sampleRtf();
-    for (UnreliableInput::End end : {UnreliableInput::Fails, UnreliableInput::Closes}) {
-        for (int endAt = 0; endAt < rtf.size(); ++endAt) {
-            UnreliableInput input(rtf, 1, sequential, end, endAt);
+    void shortReads()
+    {
+        FETCH(bool, sequential, bool, buffered);
+        const QByteArray rtf = sampleRtf();
+        QBuffer whole;
+        whole.setData(rtf);
+        whole.open(QIODevice::ReadOnly);
+        const QByteArray expected = stripped(whole);
+        for (int pieceSize : {1, 2, 7, 1000}) {
+            UnreliableInput input(rtf, pieceSize, sequential);
             input.open(modeOf(buffered));
             int status = -1;
-            const Reading expected = read(rtf.left(endAt));
-            QCOMPARE(textRead(input, &status), expected.text());
-            QCOMPARE(status, expected.status);
-            QVERIFY(input.calls() <= 3 * rtf.size());
-            UnreliableInput toStrip(rtf, 1, sequential, end, endAt);
+            QCOMPARE(textRead(input, &status), read(rtf).text());
+            QCOMPARE(status, 0);
+            QVERIFY(input.calls() <= rtf.size() + 10);
+            UnreliableInput toStrip(rtf, pieceSize, sequential);
             toStrip.open(modeOf(buffered));
-            QBuffer whole;
-            whole.setData(rtf.left(endAt));
-            whole.open(QIODevice::ReadOnly);
-            QCOMPARE(stripped(toStrip), stripped(whole));
+            QCOMPARE(stripped(toStrip), expected);
         }
     }
-}
 
-void TestDevices::fullOutputOfTheWriter()
-{
-    const Reading reading = read(sampleRtf());
-    const QByteArray all = write(*reading.document);
-    for (int room = 0; room <= all.size(); ++room) {
-        FullOutput output(room);
-        ORVTextRtfWriter writer(&output);
-        writer.write(reading.document.data(), false);
-        QVERIFY2(all.startsWith(output.bytes()), QByteArray::number(room).constData());
+    void failingInput_data() { inputRows(); }
+
+    /*! What came before the failure is read as if it were all; for every place where it can happen. */
+    void failingInput()
+    {
+        FETCH(bool, sequential, bool, buffered);
+        const QByteArray rtf = sampleRtf();
+        for (UnreliableInput::End end : {UnreliableInput::Fails, UnreliableInput::Closes}) {
+            for (int endAt = 0; endAt < rtf.size(); ++endAt) {
+                UnreliableInput input(rtf, 1, sequential, end, endAt);
+                input.open(modeOf(buffered));
+                int status = -1;
+                const Reading expected = read(rtf.left(endAt));
+                QCOMPARE(textRead(input, &status), expected.text());
+                QCOMPARE(status, expected.status);
+                QVERIFY(input.calls() <= 3 * rtf.size());
+                UnreliableInput toStrip(rtf, 1, sequential, end, endAt);
+                toStrip.open(modeOf(buffered));
+                QBuffer whole;
+                whole.setData(rtf.left(endAt));
+                whole.open(QIODevice::ReadOnly);
+                QCOMPARE(stripped(toStrip), stripped(whole));
+            }
+        }
     }
-}
 
-void TestDevices::fullOutputOfTheStripper()
-{
-    QBuffer whole;
-    whole.setData(sampleRtf());
-    whole.open(QIODevice::ReadOnly);
-    const QByteArray all = stripped(whole);
-    for (int room = 0; room <= all.size(); ++room) {
-        whole.seek(0);
-        FullOutput output(room);
-        ORVTextRtfStripper stripper;
-        stripper.setDevice(&whole);
-        stripper.setOutput(&output);
-        stripper.process();
-        QCOMPARE(output.bytes(), all.left(room));
+    void fullOutputOfTheWriter()
+    {
+        const Reading reading = read(sampleRtf());
+        const QByteArray all = write(*reading.document);
+        for (int room = 0; room <= all.size(); ++room) {
+            FullOutput output(room);
+            ORVTextRtfWriter writer(&output);
+            writer.write(reading.document.data(), false);
+            QVERIFY2(all.startsWith(output.bytes()), QByteArray::number(room).constData());
+        }
     }
-}
 
-QTEST_MAIN(TestDevices)
-#include "tst_devices.moc"
+    void fullOutputOfTheStripper()
+    {
+        QBuffer whole;
+        whole.setData(sampleRtf());
+        whole.open(QIODevice::ReadOnly);
+        const QByteArray all = stripped(whole);
+        for (int room = 0; room <= all.size(); ++room) {
+            whole.seek(0);
+            FullOutput output(room);
+            ORVTextRtfStripper stripper;
+            stripper.setDevice(&whole);
+            stripper.setOutput(&output);
+            stripper.process();
+            QCOMPARE(output.bytes(), all.left(room));
+        }
+    }
+};
+
+ORV_TEST("devices", TestDevices, QGuiApplication)
+#include "devices.moc"

@@ -1,17 +1,6 @@
-#include "ORVTextRtfReader.h"
-#include "ORVTextRtfStripper.h"
-#include "ORVTextRtfWriter.h"
 #include "hostileinputs.h"
+#include "testsupport.h"
 
-#include <QtCore/QBuffer>
-#include <QtCore/QProcess>
-#include <QtCore/QStringList>
-#include <QtCore/QVector>
-#include <QtGui/QGuiApplication>
-#include <QtGui/QTextDocument>
-#include <QtTest/QtTest>
-
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 
@@ -114,7 +103,7 @@ QVector<double> measured(int number, int bytes)
 {
     QProcess process;
     process.start(QCoreApplication::applicationFilePath(),
-                  {QStringLiteral("--measure"), QString::number(number), QString::number(bytes)});
+                  {"hostile"_s, "--measure"_s, QString::number(number), QString::number(bytes)});
     QVector<double> times;
     if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
         return times;
@@ -156,66 +145,60 @@ class TestHostile : public QObject {
     Q_OBJECT
 
 private slots:
-    void limitsAreInForce();
-    void conversions_data();
-    void conversions();
-    void decompressionBomb();
+    /*! A process that uses more than it may does end badly. */
+    void limitsAreInForce()
+    {
+        for (const char* what : {"--use-memory", "--use-time"}) {
+            QProcess process;
+            process.start(QCoreApplication::applicationFilePath(), {"hostile"_s, QLatin1String(what)});
+            QVERIFY(process.waitForFinished(120000));
+            QVERIFY2(process.exitStatus() == QProcess::CrashExit, what);
+        }
+    }
+
+    void conversions_data()
+    {
+        const Columns<int> add("number");
+        int number = 0;
+        const QList<hostile::Input> inputs = hostile::inputs();
+        for (const hostile::Input& input : inputs)
+            add(input.name, number++);
+    }
+
+    /*!
+        Reading, writing again, and stripping. Other programs make a measured time longer and never shorter,
+       so that the shortest of several is taken. Where the larger input no longer fits the processor's cache,
+       one step is longer than the others: then the times grow little enough over two steps.
+    */
+    void conversions()
+    {
+        FETCH(int, number);
+        QVector<double> half = measured(number, megabyte / 2);
+        QVector<double> whole = measured(number, megabyte);
+        QCOMPARE(half.size(), 3);
+        QCOMPARE(whole.size(), 3);
+        for (int attempt = 1; attempt < mostAttempts && growsTooMuch(half, whole, mostGrowth); ++attempt) {
+            takeMinima(half, measured(number, megabyte / 2));
+            takeMinima(whole, measured(number, megabyte));
+        }
+        if (!growsTooMuch(half, whole, mostGrowth))
+            return;
+        const QVector<double> quarter = measured(number, megabyte / 4);
+        QCOMPARE(quarter.size(), 3);
+        QVERIFY2(!growsTooMuch(quarter, whole, mostGrowth * mostGrowth),
+                 qPrintable("%1 -> %2 -> %3"_s.arg(listOf(quarter), listOf(half), listOf(whole))));
+    }
+
+    /*! A picture that would take 450 megabytes, and several gigabytes in colours. */
+    void decompressionBomb()
+    {
+        const QVector<double> times = measured(-1, 0);
+        QCOMPARE(times.size(), 3);
+        QVERIFY2(times.at(0) < 1000, qPrintable(listOf(times)));
+    }
 };
 
-/*! A process that uses more than it may does end badly. */
-void TestHostile::limitsAreInForce()
-{
-    for (const char* what : {"--use-memory", "--use-time"}) {
-        QProcess process;
-        process.start(QCoreApplication::applicationFilePath(), {QLatin1String(what)});
-        QVERIFY(process.waitForFinished(120000));
-        QVERIFY2(process.exitStatus() == QProcess::CrashExit, what);
-    }
-}
-
-void TestHostile::conversions_data()
-{
-    QTest::addColumn<int>("number");
-    int number = 0;
-    const QList<hostile::Input> inputs = hostile::inputs();
-    for (const hostile::Input& input : inputs)
-        QTest::newRow(input.name) << number++;
-}
-
-/*!
-    Reading, writing again, and stripping. Other programs make a measured time longer and never shorter, so
-    that the shortest of several is taken. Where the larger input no longer fits the processor's cache, one
-    step is longer than the others: then the times grow little enough over two steps.
-*/
-void TestHostile::conversions()
-{
-    QFETCH(int, number);
-    QVector<double> half = measured(number, megabyte / 2);
-    QVector<double> whole = measured(number, megabyte);
-    QCOMPARE(half.size(), 3);
-    QCOMPARE(whole.size(), 3);
-    for (int attempt = 1; attempt < mostAttempts && growsTooMuch(half, whole, mostGrowth); ++attempt) {
-        takeMinima(half, measured(number, megabyte / 2));
-        takeMinima(whole, measured(number, megabyte));
-    }
-    if (!growsTooMuch(half, whole, mostGrowth))
-        return;
-    const QVector<double> quarter = measured(number, megabyte / 4);
-    QCOMPARE(quarter.size(), 3);
-    QVERIFY2(
-        !growsTooMuch(quarter, whole, mostGrowth * mostGrowth),
-        qPrintable(QString::fromLatin1("%1 -> %2 -> %3").arg(listOf(quarter), listOf(half), listOf(whole))));
-}
-
-/*! A picture that would take 450 megabytes, and several gigabytes in colours. */
-void TestHostile::decompressionBomb()
-{
-    const QVector<double> times = measured(-1, 0);
-    QCOMPARE(times.size(), 3);
-    QVERIFY2(times.at(0) < 1000, qPrintable(listOf(times)));
-}
-
-int main(int argc, char** argv)
+static int runTestHostile(int argc, char** argv)
 {
     QGuiApplication application(argc, argv);
     if (argc == 4 && qstrcmp(argv[1], "--measure") == 0)
@@ -233,4 +216,5 @@ int main(int argc, char** argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "tst_hostile.moc"
+ORV_TEST_MAIN("hostile", runTestHostile, TestHostile)
+#include "hostile.moc"

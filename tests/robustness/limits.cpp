@@ -1,12 +1,5 @@
 #include "ORVRtfFormatSerials_p.h"
-#include "ORVRtfProperties.h"
-#include "rtftesthelpers.h"
-#include "tabletesthelpers.h"
-
-#include "ORVTextListFormat.h"
-
-#include <QtGui/QTextList>
-#include <QtTest/QTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -31,230 +24,202 @@ class TestLimits : public QObject {
     Q_OBJECT
 
 private slots:
-    void tabStops_data();
-    void tabStops();
-    void fonts_data();
-    void fonts();
-    void listLevels_data();
-    void listLevels();
-    void levelText_data();
-    void levelText();
-    void levelTextOfPlaceholders();
-    void fieldInstruction_data();
-    void fieldInstruction();
-    void tableCells_data();
-    void tableCells();
-    void numberedTabLists();
-    void numberedColumnWidths();
-    void numbersBeginAnewWithEachRead();
+    void tabStops_data()
+    {
+        const Columns<int, int> add("count", "kept");
+        add("below", 255, 255);
+        add("at", 256, 256);
+        add("above", 257, 256);
+    }
+
+    void tabStops()
+    {
+        FETCH(int, count, int, kept);
+        QByteArray words;
+        for (int i = 1; i <= count; ++i)
+            words += "\\tx" + QByteArray::number(20 * i);
+        const QList<QTextOption::Tab> tabs = readBody(words + " x").blockFormat(0).tabPositions();
+        QCOMPARE(int(tabs.size()), kept);
+        QCOMPARE(tabs.last().position, double(kept));
+    }
+
+    void fonts_data()
+    {
+        const Columns<int, bool> add("number", "known");
+        add("below", 9999, true);
+        add("at", 10000, true);
+        add("above", 10001, false);
+    }
+
+    /*! Only the first thousand are looked for among the installed fonts; the others keep their names too. */
+    void fonts()
+    {
+        FETCH(int, number, bool, known);
+        QByteArray table = "{\\fonttbl";
+        for (int i = 1; i <= number; ++i)
+            table += "{\\f" + QByteArray::number(i) + " Quibble " + QByteArray::number(i) + ";}";
+        const Reading reading = readBody(table + "}\\f" + QByteArray::number(number) + " x");
+        QCOMPARE(reading.status, 0);
+        const QString family = propertiesOf(reading.format("x"_s)).value(Family).toString();
+        QCOMPARE(family == "Quibble %1"_s.arg(number), known);
+    }
+
+    void listLevels_data()
+    {
+        const Columns<int, int> add("count", "kept");
+        add("below", 8, 8);
+        add("at", 9, 9);
+        add("above", 10, 9);
+    }
+
+    void listLevels()
+    {
+        FETCH(int, count, int, kept);
+        QByteArray levels;
+        for (int i = 0; i < count; ++i)
+            levels += "{\\listlevel\\levelnfc0{\\leveltext\\'01" + QByteArray(1, char('a' + i)) + ";}}";
+        const QList<ORVTextListLevel> read = levelsOf(readBody(listWith(levels)));
+        QCOMPARE(int(read.size()), kept);
+        QCOMPARE(read.last().text(), QString(QLatin1Char(char('a' + kept - 1))));
+    }
+
+    void levelText_data()
+    {
+        const Columns<int, int> add("length", "kept");
+        add("below", 254, 254);
+        add("at", 255, 255);
+        add("above", 256, 255);
+        add("far above", 5000, 255);
+    }
+
+    /*! The length of a level's text is one byte; a Unicode character as the length can say more. */
+    void levelText()
+    {
+        FETCH(int, length, int, kept);
+        const QByteArray text = "\\u" + QByteArray::number(length) + "?" + QByteArray(length, 'a');
+        const Reading reading = readBody(listWith("{\\listlevel{\\leveltext" + text + ";}}"));
+        QCOMPARE(levelsOf(reading).value(0).text(), QString(kept, QLatin1Char('a')));
+    }
+
+    /*! The limit is that of the text as the file has it; each placeholder becomes two characters. */
+    void levelTextOfPlaceholders()
+    {
+        const QByteArray placeholders = "\\'ff" + "\\'00"_b.repeated(255);
+        const Reading reading = readBody(listWith("{\\listlevel{\\leveltext" + placeholders + "}}"));
+        QCOMPARE(levelsOf(reading).value(0).text(), "%0"_s.repeated(255));
+    }
+
+    void fieldInstruction_data()
+    {
+        const Columns<int, bool> add("length", "isLink");
+        add("below", 8191, true);
+        add("at", 8192, true);
+        add("above", 8193, false);
+        add("far above", 20000, false);
+    }
+
+    void fieldInstruction()
+    {
+        FETCH(int, length, bool, isLink);
+        const QByteArray target(length - int(qstrlen("HYPERLINK \"\"")), 'a');
+        const Reading reading = readBody("{\\field{\\*\\fldinst HYPERLINK \"" + target + "\"}{\\fldrslt x}}");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), "x"_s);
+        const QString href = reading.format("x"_s).anchorHref();
+        QCOMPARE(href, isLink ? QString::fromLatin1(target) : QString());
+    }
+
+    void tableCells_data()
+    {
+        const Columns<int, int> add("shortRows", "tables");
+        // 256 cells a row; the file has 256 and one for each short row. Room is kept for one more boundary.
+        add("below", 300, 1);
+        add("above", 500, 2);
+    }
+
+    /*! Rows below a much wider one stay one table up to 100,000 cells that the file does not have; no text is
+     * lost. */
+    void tableCells()
+    {
+        FETCH(int, shortRows, int, tables);
+        QByteArray rtf = "\\trowd";
+        for (int i = 1; i <= 256; ++i)
+            rtf += "\\cellx" + QByteArray::number(10 * i);
+        rtf += "\\pard\\intbl" + "\\cell"_b.repeated(256) + "\\row\n"
+            + "\\trowd\\cellx2560\\pard\\intbl x\\cell\\row\n"_b.repeated(shortRows) + "\\pard after";
+        const Reading reading = readBody(rtf);
+        QCOMPARE(reading.status, 0);
+        const QList<QTextTable*> found = tablesOf(*reading.document);
+        QCOMPARE(int(found.size()), tables);
+        int rows = 0;
+        for (const QTextTable* table : found)
+            rows += table->rows();
+        QCOMPARE(rows, shortRows + 1);
+        QCOMPARE(found.first()->columns(), 256);
+        QCOMPARE(found.last()->columns(), tables == 1 ? 256 : 1);
+        QCOMPARE(int(reading.text().count(QLatin1Char('x'))), shortRows);
+        QVERIFY(reading.text().endsWith("after"_s));
+    }
+
+    /*! The first 256 different tab stops carry no number, and all paragraphs of equal ones have equal
+     * formats. */
+    void numberedTabLists()
+    {
+        QByteArray rtf;
+        for (int round = 0; round < 2; ++round) {
+            for (int i = 1; i <= 258; ++i)
+                rtf += "\\pard\\tx" + QByteArray::number(i) + " x\\par ";
+        }
+        const Reading reading = readBody(rtf + "\\pard x");
+        const int id = ORVRtfFormatSerials::property;
+        QVERIFY(!reading.blockFormat(255).hasProperty(id));
+        QCOMPARE(reading.blockFormat(256).property(id), QVariant(256));
+        QCOMPARE(reading.blockFormat(257).property(id), QVariant(257));
+        for (int i = 0; i < 258; ++i)
+            QCOMPARE(propertiesOf(reading.blockFormat(i)), propertiesOf(reading.blockFormat(258 + i)));
+        QCOMPARE(propertiesOf(reading.blockFormat(516)), Properties());
+    }
+
+    void numberedColumnWidths()
+    {
+        QByteArray rtf;
+        for (int i = 1; i <= 258; ++i)
+            rtf += "\\trowd\\cellx" + QByteArray::number(100 + i) + "\\lastrow\\intbl x\\cell\\row\n";
+        const Reading reading = readBody(rtf + "\\pard x");
+        const QList<QTextTable*> tables = tablesOf(*reading.document);
+        QCOMPARE(int(tables.size()), 258);
+        const int id = ORVRtfFormatSerials::property;
+        QVERIFY(!tables.at(255)->format().hasProperty(id));
+        QCOMPARE(tables.at(256)->format().property(id), QVariant(256));
+    }
+
+    /*! A document is the same whatever its reader has read before. */
+    void numbersBeginAnewWithEachRead()
+    {
+        QByteArray first;
+        for (int i = 1; i <= 300; ++i)
+            first += "\\pard\\tx" + QByteArray::number(i) + " x\\par\\trowd\\cellx" + QByteArray::number(i)
+                + "\\lastrow\\intbl x\\cell\\row\n";
+        const QByteArray second = "{\\rtf1\\trowd\\cellx999\\lastrow\\intbl x\\cell\\row\\pard\\tx999 x}";
+        QBuffer buffer;
+        buffer.setData("{\\rtf1" + first + "\\tqr}");
+        buffer.open(QIODevice::ReadOnly);
+        QTextDocument document;
+        ORVTextRtfReader reader(&buffer);
+        QVERIFY(reader.read(&document));
+        buffer.close();
+        buffer.setData(second);
+        reader.setDevice(&buffer);
+        QVERIFY(reader.read(&document));
+
+        const Reading fresh = read(second);
+        QCOMPARE(propertiesOf(document.lastBlock().blockFormat()),
+                 propertiesOf(fresh.document->lastBlock().blockFormat()));
+        QCOMPARE(propertiesOf(tablesOf(document).value(0)->format()),
+                 propertiesOf(tablesOf(*fresh.document).value(0)->format()));
+        QVERIFY(!document.lastBlock().blockFormat().hasProperty(ORVRtfFormatSerials::property));
+    }
 };
 
-void TestLimits::tabStops_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("kept");
-    QTest::newRow("below") << 255 << 255;
-    QTest::newRow("at") << 256 << 256;
-    QTest::newRow("above") << 257 << 256;
-}
-
-void TestLimits::tabStops()
-{
-    QFETCH(int, count);
-    QFETCH(int, kept);
-    QByteArray words;
-    for (int i = 1; i <= count; ++i)
-        words += "\\tx" + QByteArray::number(20 * i);
-    const QList<QTextOption::Tab> tabs = readBody(words + " x").blockFormat(0).tabPositions();
-    QCOMPARE(int(tabs.size()), kept);
-    QCOMPARE(tabs.last().position, double(kept));
-}
-
-void TestLimits::fonts_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::addColumn<bool>("known");
-    QTest::newRow("below") << 9999 << true;
-    QTest::newRow("at") << 10000 << true;
-    QTest::newRow("above") << 10001 << false;
-}
-
-/*! Only the first thousand are looked for among the installed fonts; the others keep their names too. */
-void TestLimits::fonts()
-{
-    QFETCH(int, number);
-    QFETCH(bool, known);
-    QByteArray table = "{\\fonttbl";
-    for (int i = 1; i <= number; ++i)
-        table += "{\\f" + QByteArray::number(i) + " Quibble " + QByteArray::number(i) + ";}";
-    const Reading reading = readBody(table + "}\\f" + QByteArray::number(number) + " x");
-    QCOMPARE(reading.status, 0);
-    const QString family = propertiesOf(reading.format(QStringLiteral("x"))).value(Family).toString();
-    QCOMPARE(family == QStringLiteral("Quibble %1").arg(number), known);
-}
-
-void TestLimits::listLevels_data()
-{
-    QTest::addColumn<int>("count");
-    QTest::addColumn<int>("kept");
-    QTest::newRow("below") << 8 << 8;
-    QTest::newRow("at") << 9 << 9;
-    QTest::newRow("above") << 10 << 9;
-}
-
-void TestLimits::listLevels()
-{
-    QFETCH(int, count);
-    QFETCH(int, kept);
-    QByteArray levels;
-    for (int i = 0; i < count; ++i)
-        levels += "{\\listlevel\\levelnfc0{\\leveltext\\'01" + QByteArray(1, char('a' + i)) + ";}}";
-    const QList<ORVTextListLevel> read = levelsOf(readBody(listWith(levels)));
-    QCOMPARE(int(read.size()), kept);
-    QCOMPARE(read.last().text(), QString(QLatin1Char(char('a' + kept - 1))));
-}
-
-void TestLimits::levelText_data()
-{
-    QTest::addColumn<int>("length");
-    QTest::addColumn<int>("kept");
-    QTest::newRow("below") << 254 << 254;
-    QTest::newRow("at") << 255 << 255;
-    QTest::newRow("above") << 256 << 255;
-    QTest::newRow("far above") << 5000 << 255;
-}
-
-/*! The length of a level's text is one byte; a Unicode character as the length can say more. */
-void TestLimits::levelText()
-{
-    QFETCH(int, length);
-    QFETCH(int, kept);
-    const QByteArray text = "\\u" + QByteArray::number(length) + "?" + QByteArray(length, 'a');
-    const Reading reading = readBody(listWith("{\\listlevel{\\leveltext" + text + ";}}"));
-    QCOMPARE(levelsOf(reading).value(0).text(), QString(kept, QLatin1Char('a')));
-}
-
-/*! The limit is that of the text as the file has it; each placeholder becomes two characters. */
-void TestLimits::levelTextOfPlaceholders()
-{
-    const QByteArray placeholders = "\\'ff" + QByteArray("\\'00").repeated(255);
-    const Reading reading = readBody(listWith("{\\listlevel{\\leveltext" + placeholders + "}}"));
-    QCOMPARE(levelsOf(reading).value(0).text(), QStringLiteral("%0").repeated(255));
-}
-
-void TestLimits::fieldInstruction_data()
-{
-    QTest::addColumn<int>("length");
-    QTest::addColumn<bool>("isLink");
-    QTest::newRow("below") << 8191 << true;
-    QTest::newRow("at") << 8192 << true;
-    QTest::newRow("above") << 8193 << false;
-    QTest::newRow("far above") << 20000 << false;
-}
-
-void TestLimits::fieldInstruction()
-{
-    QFETCH(int, length);
-    QFETCH(bool, isLink);
-    const QByteArray target(length - int(qstrlen("HYPERLINK \"\"")), 'a');
-    const Reading reading = readBody("{\\field{\\*\\fldinst HYPERLINK \"" + target + "\"}{\\fldrslt x}}");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.text(), QStringLiteral("x"));
-    const QString href = reading.format(QStringLiteral("x")).anchorHref();
-    QCOMPARE(href, isLink ? QString::fromLatin1(target) : QString());
-}
-
-void TestLimits::tableCells_data()
-{
-    QTest::addColumn<int>("shortRows");
-    QTest::addColumn<int>("tables");
-    // 256 cells a row; the file has 256 and one for each short row. Room is kept for one more boundary.
-    QTest::newRow("below") << 300 << 1;
-    QTest::newRow("above") << 500 << 2;
-}
-
-/*! Rows below a much wider one stay one table up to 100,000 cells that the file does not have; no text is
- * lost. */
-void TestLimits::tableCells()
-{
-    QFETCH(int, shortRows);
-    QFETCH(int, tables);
-    QByteArray rtf = "\\trowd";
-    for (int i = 1; i <= 256; ++i)
-        rtf += "\\cellx" + QByteArray::number(10 * i);
-    rtf += "\\pard\\intbl" + QByteArray("\\cell").repeated(256) + "\\row\n"
-        + QByteArray("\\trowd\\cellx2560\\pard\\intbl x\\cell\\row\n").repeated(shortRows) + "\\pard after";
-    const Reading reading = readBody(rtf);
-    QCOMPARE(reading.status, 0);
-    const QList<QTextTable*> found = tablesOf(*reading.document);
-    QCOMPARE(int(found.size()), tables);
-    int rows = 0;
-    for (const QTextTable* table : found)
-        rows += table->rows();
-    QCOMPARE(rows, shortRows + 1);
-    QCOMPARE(found.first()->columns(), 256);
-    QCOMPARE(found.last()->columns(), tables == 1 ? 256 : 1);
-    QCOMPARE(int(reading.text().count(QLatin1Char('x'))), shortRows);
-    QVERIFY(reading.text().endsWith(QLatin1String("after")));
-}
-
-/*! The first 256 different tab stops carry no number, and all paragraphs of equal ones have equal formats. */
-void TestLimits::numberedTabLists()
-{
-    QByteArray rtf;
-    for (int round = 0; round < 2; ++round) {
-        for (int i = 1; i <= 258; ++i)
-            rtf += "\\pard\\tx" + QByteArray::number(i) + " x\\par ";
-    }
-    const Reading reading = readBody(rtf + "\\pard x");
-    const int id = ORVRtfFormatSerials::property;
-    QVERIFY(!reading.blockFormat(255).hasProperty(id));
-    QCOMPARE(reading.blockFormat(256).property(id), QVariant(256));
-    QCOMPARE(reading.blockFormat(257).property(id), QVariant(257));
-    for (int i = 0; i < 258; ++i)
-        QCOMPARE(propertiesOf(reading.blockFormat(i)), propertiesOf(reading.blockFormat(258 + i)));
-    QCOMPARE(propertiesOf(reading.blockFormat(516)), Properties());
-}
-
-void TestLimits::numberedColumnWidths()
-{
-    QByteArray rtf;
-    for (int i = 1; i <= 258; ++i)
-        rtf += "\\trowd\\cellx" + QByteArray::number(100 + i) + "\\lastrow\\intbl x\\cell\\row\n";
-    const Reading reading = readBody(rtf + "\\pard x");
-    const QList<QTextTable*> tables = tablesOf(*reading.document);
-    QCOMPARE(int(tables.size()), 258);
-    const int id = ORVRtfFormatSerials::property;
-    QVERIFY(!tables.at(255)->format().hasProperty(id));
-    QCOMPARE(tables.at(256)->format().property(id), QVariant(256));
-}
-
-/*! A document is the same whatever its reader has read before. */
-void TestLimits::numbersBeginAnewWithEachRead()
-{
-    QByteArray first;
-    for (int i = 1; i <= 300; ++i)
-        first += "\\pard\\tx" + QByteArray::number(i) + " x\\par\\trowd\\cellx" + QByteArray::number(i)
-            + "\\lastrow\\intbl x\\cell\\row\n";
-    const QByteArray second = "{\\rtf1\\trowd\\cellx999\\lastrow\\intbl x\\cell\\row\\pard\\tx999 x}";
-    QBuffer buffer;
-    buffer.setData("{\\rtf1" + first + "\\tqr}");
-    buffer.open(QIODevice::ReadOnly);
-    QTextDocument document;
-    ORVTextRtfReader reader(&buffer);
-    QVERIFY(reader.read(&document));
-    buffer.close();
-    buffer.setData(second);
-    reader.setDevice(&buffer);
-    QVERIFY(reader.read(&document));
-
-    const Reading fresh = read(second);
-    QCOMPARE(propertiesOf(document.lastBlock().blockFormat()),
-             propertiesOf(fresh.document->lastBlock().blockFormat()));
-    QCOMPARE(propertiesOf(tablesOf(document).value(0)->format()),
-             propertiesOf(tablesOf(*fresh.document).value(0)->format()));
-    QVERIFY(!document.lastBlock().blockFormat().hasProperty(ORVRtfFormatSerials::property));
-}
-
-QTEST_MAIN(TestLimits)
-#include "tst_limits.moc"
+ORV_TEST("limits", TestLimits, QGuiApplication)
+#include "limits.moc"

@@ -1,16 +1,4 @@
-#include "tabletesthelpers.h"
-
-#include <QtCore/QFile>
-#include <QtCore/QProcess>
-#include <QtGui/QAbstractTextDocumentLayout>
-#include <QtGui/QGuiApplication>
-#include <QtGui/QImage>
-#include <QtGui/QTextCursor>
-#include <QtTest/QtTest>
-
-#include <cmath>
-#include <cstdio>
-#include <random>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -35,7 +23,7 @@ void inspectCell(const QTextTable* table, int row, int column, int depth, Soundn
         && cell.row() + cell.rowSpan() <= table->rows()
         && cell.column() + cell.columnSpan() <= table->columns();
     if (!covered) {
-        result.complaint = QStringLiteral("no cell at %1,%2").arg(row).arg(column);
+        result.complaint = "no cell at %1,%2"_s.arg(row).arg(column);
     } else if (cell.row() == row && cell.column() == column) {
         const QList<QTextTable*> inner = tablesOf(cell);
         for (const QTextTable* nested : inner)
@@ -47,14 +35,13 @@ void inspect(const QTextTable* table, int depth, Soundness& result)
 {
     result.depth = qMax(result.depth, depth);
     if (table->rows() < 1 || table->columns() < 1 || table->columns() > mostColumns)
-        result.complaint = QStringLiteral("%1 rows, %2 columns").arg(table->rows()).arg(table->columns());
+        result.complaint = "%1 rows, %2 columns"_s.arg(table->rows()).arg(table->columns());
     const auto widths = table->format().columnWidthConstraints();
     if (!widths.isEmpty() && widths.size() != table->columns())
-        result.complaint =
-            QStringLiteral("%1 widths for %2 columns").arg(widths.size()).arg(table->columns());
+        result.complaint = "%1 widths for %2 columns"_s.arg(widths.size()).arg(table->columns());
     for (const QTextLength& width : widths) {
         if (!std::isfinite(width.rawValue()))
-            result.complaint = QStringLiteral("a width that is no number");
+            result.complaint = "a width that is no number"_s;
     }
     for (int r = 0; r < table->rows(); ++r) {
         for (int c = 0; c < table->columns(); ++c)
@@ -69,7 +56,7 @@ Soundness soundnessOf(const QTextDocument& document)
     for (const QTextTable* table : tables)
         inspect(table, 1, result);
     if (result.depth > deepestNesting)
-        result.complaint = QStringLiteral("%1 levels").arg(result.depth);
+        result.complaint = "%1 levels"_s.arg(result.depth);
     return result;
 }
 
@@ -82,16 +69,16 @@ QString complaintAbout(const Reading& reading)
     // Qt's layout time doubles with each level of nesting.
     if (soundness.depth <= 3 && reading.document->characterCount() < 400
         && !reading.document->documentLayout()->documentSize().isValid())
-        return QStringLiteral("no layout");
+        return "no layout"_s;
 
     QSignalSpy changes(reading.document.data(), &QTextDocument::contentsChanged);
     QTextCursor cursor(reading.document.data());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(QStringLiteral("typed"));
+    cursor.insertText("typed"_s);
     if (changes.count() != 1)
-        return QStringLiteral("%1 changes reported").arg(changes.count());
-    if (!reading.document->toPlainText().endsWith(QLatin1String("typed")))
-        return QStringLiteral("not typed at the end");
+        return "%1 changes reported"_s.arg(changes.count());
+    if (!reading.document->toPlainText().endsWith("typed"_s))
+        return "not typed at the end"_s;
     return QString();
 }
 
@@ -253,7 +240,7 @@ void buildBigTable(QTextDocument& document)
 /*! The highest memory use of this process so far, in KB; 0 where the system does not tell. */
 qint64 peakMemory()
 {
-    QFile status(QStringLiteral("/proc/self/status"));
+    QFile status("/proc/self/status"_s);
     if (!status.open(QIODevice::ReadOnly))
         return 0;
     const QList<QByteArray> lines = status.readAll().split('\n');
@@ -297,7 +284,8 @@ qint64 measured(const char* what)
 {
     QProcess process;
     process.start(QCoreApplication::applicationFilePath(),
-                  QStringList() << QStringLiteral("--measure") << QLatin1String(what));
+                  QStringList() << "tables_robustness"_s
+                                << "--measure"_s << QLatin1String(what));
     if (!process.waitForFinished(120000) || process.exitCode() != 0)
         return 0;
     return process.readAllStandardOutput().trimmed().toLongLong();
@@ -310,204 +298,187 @@ class TestTablesRobustness : public QObject {
     Q_OBJECT
 
 private slots:
-    void complaintsAreFound();
-    void threeWords_data();
-    void threeWords();
-    void randomSequencesMakeTables();
-    void randomSequences_data();
-    void randomSequences();
-    void largeInputs_data();
-    void largeInputs();
-    void rowOfManyCells();
-    void verticalMergeOverManyRows_data();
-    void verticalMergeOverManyRows();
-    void manyNestedTables();
-    void memoryOfABigTable();
-};
+    /*! The checks below notice a document that is still within an edit block. */
+    void complaintsAreFound()
+    {
+        Reading reading;
+        reading.document = newDocument();
+        QCOMPARE(complaintAbout(reading), QString());
+        QTextCursor cursor(reading.document.data());
+        cursor.beginEditBlock();
+        QCOMPARE(complaintAbout(reading), "0 changes reported"_s);
+        cursor.endEditBlock();
+    }
 
-/*! The checks below notice a document that is still within an edit block. */
-void TestTablesRobustness::complaintsAreFound()
-{
-    Reading reading;
-    reading.document = newDocument();
-    QCOMPARE(complaintAbout(reading), QString());
-    QTextCursor cursor(reading.document.data());
-    cursor.beginEditBlock();
-    QCOMPARE(complaintAbout(reading), QStringLiteral("0 changes reported"));
-    cursor.endEditBlock();
-}
+    void threeWords_data()
+    {
+        const Columns<QByteArray> add("start");
+        add("nothing", QByteArray());
+        add("text", "text");
+        add("in a paragraph of a table", "\\intbl");
+        add("in a nested paragraph", "\\itap2");
+        add("in a cell with text", "\\intbl text");
+        add("behind a row", row("4320 8640", "A B"));
+        add("behind a nested row", "\\intbl\\itap2 N\\nestcell{\\*\\nesttableprops\\cellx900\\nestrow}");
+    }
 
-void TestTablesRobustness::threeWords_data()
-{
-    QTest::addColumn<QByteArray>("start");
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("text") << QByteArray("text");
-    QTest::newRow("in a paragraph of a table") << QByteArray("\\intbl");
-    QTest::newRow("in a nested paragraph") << QByteArray("\\itap2");
-    QTest::newRow("in a cell with text") << QByteArray("\\intbl text");
-    QTest::newRow("behind a row") << row("4320 8640", "A B");
-    QTest::newRow("behind a nested row")
-        << QByteArray("\\intbl\\itap2 N\\nestcell{\\*\\nesttableprops\\cellx900\\nestrow}");
-}
-
-/*! Words that end cells and rows, in every order, without a row definition. */
-void TestTablesRobustness::threeWords()
-{
-    QFETCH(QByteArray, start);
-    const QList<QByteArray> words = {"\\cell",    "\\row",   "\\nestcell", "\\nestrow",
-                                     "\\lastrow", "\\clmrg", "\\clvmrg",   "\\cellx5000"};
-    for (const QByteArray& first : words) {
-        for (const QByteArray& second : words) {
-            for (const QByteArray& third : words) {
-                for (const QByteArray& text : {QByteArray(), QByteArray(" x")}) {
-                    const QByteArray rtf =
-                        start + first + text + second + text + third + text + "\\intbl y\\cell\\row";
-                    const Reading reading = readBody(rtf);
-                    QVERIFY2(reading.status == 0, rtf.constData());
-                    const QString complaint = complaintAbout(reading);
-                    QVERIFY2(complaint.isEmpty(), qPrintable(complaint + ' ' + QString::fromLatin1(rtf)));
+    /*! Words that end cells and rows, in every order, without a row definition. */
+    void threeWords()
+    {
+        FETCH(QByteArray, start);
+        const QList<QByteArray> words = {"\\cell",    "\\row",   "\\nestcell", "\\nestrow",
+                                         "\\lastrow", "\\clmrg", "\\clvmrg",   "\\cellx5000"};
+        for (const QByteArray& first : words) {
+            for (const QByteArray& second : words) {
+                for (const QByteArray& third : words) {
+                    for (const QByteArray& text : {QByteArray(), " x"_b}) {
+                        const QByteArray rtf =
+                            start + first + text + second + text + third + text + "\\intbl y\\cell\\row";
+                        const Reading reading = readBody(rtf);
+                        QVERIFY2(reading.status == 0, rtf.constData());
+                        const QString complaint = complaintAbout(reading);
+                        QVERIFY2(complaint.isEmpty(), qPrintable(complaint + ' ' + QString::fromLatin1(rtf)));
+                    }
                 }
             }
         }
     }
-}
 
-/*! The sequences are worth trying: many make tables, some of them nested, some with pictures. */
-void TestTablesRobustness::randomSequencesMakeTables()
-{
-    int withTables = 0, nested = 0, withPictures = 0;
-    for (int seed = 0; seed < 500; ++seed) {
-        const Reading reading = read(Sequence(unsigned(seed)).rtf);
-        const int depth = soundnessOf(*reading.document).depth;
-        withTables += depth > 0;
-        nested += depth > 1;
-        withPictures += !reading.images().isEmpty();
+    /*! The sequences are worth trying: many make tables, some of them nested, some with pictures. */
+    void randomSequencesMakeTables()
+    {
+        int withTables = 0, nested = 0, withPictures = 0;
+        for (int seed = 0; seed < 500; ++seed) {
+            const Reading reading = read(Sequence(unsigned(seed)).rtf);
+            const int depth = soundnessOf(*reading.document).depth;
+            withTables += depth > 0;
+            nested += depth > 1;
+            withPictures += !reading.images().isEmpty();
+        }
+        QVERIFY(withTables > 100);
+        QVERIFY(nested > 5);
+        QVERIFY(withPictures > 5);
     }
-    QVERIFY(withTables > 100);
-    QVERIFY(nested > 5);
-    QVERIFY(withPictures > 5);
-}
 
-void TestTablesRobustness::randomSequences_data()
-{
-    QTest::addColumn<int>("firstSeed");
-    for (int seed = 0; seed < 5000; seed += 100)
-        QTest::newRow(qPrintable(QString::number(seed))) << seed;
-}
-
-void TestTablesRobustness::randomSequences()
-{
-    QFETCH(int, firstSeed);
-    for (int seed = firstSeed; seed < firstSeed + 100; ++seed) {
-        const Sequence sequence{unsigned(seed)};
-        const Reading reading = read(sequence.rtf);
-        QVERIFY2(reading.status == sequence.status(), sequence.rtf.constData());
-        QVERIFY2(reading.ok == (reading.status == 0), sequence.rtf.constData());
-        const QString complaint = complaintAbout(reading);
-        QVERIFY2(complaint.isEmpty(), qPrintable(complaint + ' ' + QString::fromLatin1(sequence.rtf)));
+    void randomSequences_data()
+    {
+        const Columns<int> add("firstSeed");
+        for (int seed = 0; seed < 5000; seed += 100)
+            add(qPrintable(QString::number(seed)), seed);
     }
-}
 
-void TestTablesRobustness::largeInputs_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
+    void randomSequences()
+    {
+        FETCH(int, firstSeed);
+        for (int seed = firstSeed; seed < firstSeed + 100; ++seed) {
+            const Sequence sequence{unsigned(seed)};
+            const Reading reading = read(sequence.rtf);
+            QVERIFY2(reading.status == sequence.status(), sequence.rtf.constData());
+            QVERIFY2(reading.ok == (reading.status == 0), sequence.rtf.constData());
+            const QString complaint = complaintAbout(reading);
+            QVERIFY2(complaint.isEmpty(), qPrintable(complaint + ' ' + QString::fromLatin1(sequence.rtf)));
+        }
+    }
 
-    QTest::newRow("cells without rows") << "\\intbl " + repeated("x\\cell ", 50000);
-    QTest::newRow("empty cells without rows") << "\\intbl" + repeated("\\cell", 100000);
-    QTest::newRow("definitions without rows") << "\\intbl" + repeated("\\cellx100", 100000);
-    QTest::newRow("growing definitions") << [] {
-        QByteArray rtf = "\\intbl";
-        for (int i = 1; i <= 20000; ++i)
-            rtf += "\\cellx" + QByteArray::number(i);
-        return rtf + " x\\cell\\row";
-    }();
-    QTest::newRow("rows without cells") << repeated("\\intbl\\row", 20000);
-    QTest::newRow("rows of different widths") << [] {
-        QByteArray rtf;
-        for (int i = 0; i < 400; ++i)
-            rtf += row(QByteArray::number(1000 + i * 7919 % 4000) + " 8640", "a b");
-        return rtf;
-    }();
-    QTest::newRow("tables without text between")
-        << repeated("\\trowd\\cellx900\\lastrow\\intbl x\\cell\\row", 5000);
-    QTest::newRow("levels opened and closed") << repeated("\\pard\\itap12 x\\pard\\itap1 y", 5000);
-    QTest::newRow("a long text in one cell") << "\\intbl " + repeated("x\\b0 y\\b1 ", 20000) + "\\cell\\row";
-    QTest::newRow("many paragraphs in one cell") << "\\intbl " + repeated("x\\par ", 20000) + "\\cell\\row";
-    QTest::newRow("never closed") << "\\intbl\\itap12 " + repeated("x\\nestcell\\nestrow\\itap12 ", 3000);
-}
+    void largeInputs_data()
+    {
+        const Columns<QByteArray> add("rtf");
+        add("cells without rows", "\\intbl " + repeated("x\\cell ", 50000));
+        add("empty cells without rows", "\\intbl" + repeated("\\cell", 100000));
+        add("definitions without rows", "\\intbl" + repeated("\\cellx100", 100000));
+        add("growing definitions", [] {
+            QByteArray rtf = "\\intbl";
+            for (int i = 1; i <= 20000; ++i)
+                rtf += "\\cellx" + QByteArray::number(i);
+            return rtf + " x\\cell\\row";
+        }());
+        add("rows without cells", repeated("\\intbl\\row", 20000));
+        add("rows of different widths", [] {
+            QByteArray rtf;
+            for (int i = 0; i < 400; ++i)
+                rtf += row(QByteArray::number(1000 + i * 7919 % 4000) + " 8640", "a b");
+            return rtf;
+        }());
+        add("tables without text between", repeated("\\trowd\\cellx900\\lastrow\\intbl x\\cell\\row", 5000));
+        add("levels opened and closed", repeated("\\pard\\itap12 x\\pard\\itap1 y", 5000));
+        add("a long text in one cell", "\\intbl " + repeated("x\\b0 y\\b1 ", 20000) + "\\cell\\row");
+        add("many paragraphs in one cell", "\\intbl " + repeated("x\\par ", 20000) + "\\cell\\row");
+        add("never closed", "\\intbl\\itap12 " + repeated("x\\nestcell\\nestrow\\itap12 ", 3000));
+    }
 
-void TestTablesRobustness::largeInputs()
-{
-    QFETCH(QByteArray, rtf);
-    const Reading reading = readBody(rtf);
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(complaintAbout(reading), QString());
-}
+    void largeInputs()
+    {
+        FETCH(QByteArray, rtf);
+        const Reading reading = readBody(rtf);
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(complaintAbout(reading), QString());
+    }
 
-/*! Beyond the last column text goes on in the last cell, however much it is. */
-void TestTablesRobustness::rowOfManyCells()
-{
-    const Reading reading = readBody("\\intbl " + repeated("x\\cell ", 20000) + "\\row");
-    const QTextTable* table = tablesOf(*reading.document).value(0);
-    QVERIFY(table);
-    QCOMPARE(table->columns(), mostColumns);
-    QCOMPARE(contentOf(table->cellAt(0, 254)), QStringLiteral("x"));
-    QCOMPARE(int(contentOf(table->cellAt(0, 255)).count(QLatin1Char('x'))), 20000 - 255);
-}
+    /*! Beyond the last column text goes on in the last cell, however much it is. */
+    void rowOfManyCells()
+    {
+        const Reading reading = readBody("\\intbl " + repeated("x\\cell ", 20000) + "\\row");
+        const QTextTable* table = tablesOf(*reading.document).value(0);
+        QVERIFY(table);
+        QCOMPARE(table->columns(), mostColumns);
+        QCOMPARE(contentOf(table->cellAt(0, 254)), "x"_s);
+        QCOMPARE(int(contentOf(table->cellAt(0, 255)).count(QLatin1Char('x'))), 20000 - 255);
+    }
 
-void TestTablesRobustness::verticalMergeOverManyRows_data()
-{
-    QTest::addColumn<int>("rows");
-    QTest::newRow("2000") << 2000;
-    QTest::newRow("4000") << 4000;
-}
+    void verticalMergeOverManyRows_data()
+    {
+        const Columns<int> add("rows");
+        add("2000", 2000);
+        add("4000", 4000);
+    }
 
-void TestTablesRobustness::verticalMergeOverManyRows()
-{
-    QFETCH(int, rows);
-    const Reading reading =
-        readBody(row("4320 8640", "A B") + repeated(row("4320v 8640", "- C"), rows - 1) + "\\pard after");
-    const QTextTable* table = tablesOf(*reading.document).value(0);
-    QVERIFY(table);
-    QCOMPARE(table->rows(), rows);
-    QCOMPARE(table->columns(), 2);
-    QCOMPARE(cellShape(table->cellAt(rows - 1, 0)), QStringLiteral("A(r%1)").arg(rows));
-    QCOMPARE(cellShape(table->cellAt(rows - 1, 1)), QStringLiteral("C"));
-}
+    void verticalMergeOverManyRows()
+    {
+        FETCH(int, rows);
+        const Reading reading =
+            readBody(row("4320 8640", "A B") + repeated(row("4320v 8640", "- C"), rows - 1) + "\\pard after");
+        const QTextTable* table = tablesOf(*reading.document).value(0);
+        QVERIFY(table);
+        QCOMPARE(table->rows(), rows);
+        QCOMPARE(table->columns(), 2);
+        QCOMPARE(cellShape(table->cellAt(rows - 1, 0)), "A(r%1)"_s.arg(rows));
+        QCOMPARE(cellShape(table->cellAt(rows - 1, 1)), "C"_s);
+    }
 
-void TestTablesRobustness::manyNestedTables()
-{
-    const QByteArray outer = "\\trowd\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
-                             "{\\*\\nesttableprops\\cellx900\\nestrow}\\pard\\intbl o\\cell\\row\n";
-    const Reading reading = readBody(repeated(outer, 2000) + "\\pard after");
-    QCOMPARE(reading.status, 0);
-    const QTextTable* table = tablesOf(*reading.document).value(0);
-    QVERIFY(table);
-    QCOMPARE(table->rows(), 2000);
-    QCOMPARE(contentOf(table->cellAt(1999, 0)), QStringLiteral("|{1: N}||o"));
-}
+    void manyNestedTables()
+    {
+        const QByteArray outer = "\\trowd\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
+                                 "{\\*\\nesttableprops\\cellx900\\nestrow}\\pard\\intbl o\\cell\\row\n";
+        const Reading reading = readBody(repeated(outer, 2000) + "\\pard after");
+        QCOMPARE(reading.status, 0);
+        const QTextTable* table = tablesOf(*reading.document).value(0);
+        QVERIFY(table);
+        QCOMPARE(table->rows(), 2000);
+        QCOMPARE(contentOf(table->cellAt(1999, 0)), "|{1: N}||o"_s);
+    }
 
-/*!
-    Reading may take a multiple of the memory of the finished document, since the cells wait for the table's
-    end, but no document for each of the 100,000 cells.
-*/
-void TestTablesRobustness::memoryOfABigTable()
-{
-    if (freedMemoryIsKept)
-        QSKIP("the sanitizer's allocator keeps memory that was freed");
-    if (peakMemory() == 0)
-        QSKIP("this system does not tell a process how much memory it used");
-    const qint64 build = measured("build");
-    const qint64 read = measured("read");
-    QVERIFY(build > 0);
-    QVERIFY(read > 0);
-    const double factor = double(read) / double(build);
-    qInfo("building takes %lld KB, reading %lld KB: %.2f times as much", static_cast<long long>(build),
-          static_cast<long long>(read), factor);
-    QVERIFY2(factor < 6.0, qPrintable(QString::number(factor)));
-}
+    /*!
+        Reading may take a multiple of the memory of the finished document, since the cells wait for the
+       table's end, but no document for each of the 100,000 cells.
+    */
+    void memoryOfABigTable()
+    {
+        if (freedMemoryIsKept)
+            QSKIP("the sanitizer's allocator keeps memory that was freed");
+        if (peakMemory() == 0)
+            QSKIP("this system does not tell a process how much memory it used");
+        const qint64 build = measured("build");
+        const qint64 read = measured("read");
+        QVERIFY(build > 0);
+        QVERIFY(read > 0);
+        const double factor = double(read) / double(build);
+        qInfo("building takes %lld KB, reading %lld KB: %.2f times as much", static_cast<long long>(build),
+              static_cast<long long>(read), factor);
+        QVERIFY2(factor < 6.0, qPrintable(QString::number(factor)));
+    }
+};
 
-int main(int argc, char** argv)
+static int runTestTablesRobustness(int argc, char** argv)
 {
     QGuiApplication application(argc, argv);
     if (argc == 3 && qstrcmp(argv[1], "--measure") == 0)
@@ -516,4 +487,5 @@ int main(int argc, char** argv)
     return QTest::qExec(&test, argc, argv);
 }
 
-#include "tst_tables_robustness.moc"
+ORV_TEST_MAIN("tables_robustness", runTestTablesRobustness, TestTablesRobustness)
+#include "tablesrobustness.moc"

@@ -1,16 +1,6 @@
-#include "ORVTextRtf.h"
-#include "ORVTextRtfReader.h"
-#include "ORVTextRtfWriter.h"
-
-#include <QtCore/QBuffer>
-#include <QtCore/QVector>
-#include <QtGui/QGuiApplication>
-#include <QtGui/QTextDocument>
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 #include <atomic>
-#include <thread>
-#include <vector>
 
 namespace {
 
@@ -30,8 +20,8 @@ QByteArray sample(int number)
         rtf += "\\pard\\plain\\f" + QByteArray::number(i % 3) + "\\fs" + QByteArray::number(20 + number)
             + "\\cf1 Thread " + n + " caf\\'e9 \\u8364? \\emdash{\\b bold}{\\super 1}\\par\n"
             + "\\pard\\ls1\\ilvl0 item\\par\n" + "{\\field{\\*\\fldinst HYPERLINK \"http://example.com/" + n
-            + "\"}{\\fldrslt link}}\\par\n" + "{\\pict\\pngblip " + QByteArray("P5 1 1 255 A").toHex()
-            + "}\\par\n" + "\\trowd\\cellx3000\\cellx6000\\pard\\intbl A" + n + "\\cell B\\cell\\row\\pard\n";
+            + "\"}{\\fldrslt link}}\\par\n" + "{\\pict\\pngblip " + "P5 1 1 255 A"_b.toHex() + "}\\par\n"
+            + "\\trowd\\cellx3000\\cellx6000\\pard\\intbl A" + n + "\\cell B\\cell\\row\\pard\n";
     }
     return rtf + "}";
 }
@@ -79,36 +69,34 @@ class TestThreads : public QObject {
     Q_OBJECT
 
 private slots:
-    void firstUse();
-    void manyConversions();
+    /*! Nothing was converted in this process before: the threads race for the tables of control words. */
+    void firstUse()
+    {
+        std::vector<QByteArray> results(threadCount);
+        runInThreads([&results](int number) { results[size_t(number)] = converted(sample(number)); });
+        for (int number = 0; number < threadCount; ++number) {
+            QVERIFY2(results[size_t(number)].startsWith("{\\rtf1\\ansi"),
+                     results[size_t(number)].constData());
+            QCOMPARE(results[size_t(number)], converted(sample(number)));
+        }
+    }
+
+    void manyConversions()
+    {
+        std::vector<QByteArray> expected;
+        for (int number = 0; number < threadCount; ++number)
+            expected.push_back(converted(sample(number)));
+        std::atomic<int> differences(0);
+        runInThreads([&](int number) {
+            const QByteArray rtf = sample(number);
+            for (int round = 0; round < rounds; ++round) {
+                if (converted(rtf) != expected[size_t(number)])
+                    ++differences;
+            }
+        });
+        QCOMPARE(differences.load(), 0);
+    }
 };
 
-/*! Nothing was converted in this process before: the threads race for the tables of control words. */
-void TestThreads::firstUse()
-{
-    std::vector<QByteArray> results(threadCount);
-    runInThreads([&results](int number) { results[size_t(number)] = converted(sample(number)); });
-    for (int number = 0; number < threadCount; ++number) {
-        QVERIFY2(results[size_t(number)].startsWith("{\\rtf1\\ansi"), results[size_t(number)].constData());
-        QCOMPARE(results[size_t(number)], converted(sample(number)));
-    }
-}
-
-void TestThreads::manyConversions()
-{
-    std::vector<QByteArray> expected;
-    for (int number = 0; number < threadCount; ++number)
-        expected.push_back(converted(sample(number)));
-    std::atomic<int> differences(0);
-    runInThreads([&](int number) {
-        const QByteArray rtf = sample(number);
-        for (int round = 0; round < rounds; ++round) {
-            if (converted(rtf) != expected[size_t(number)])
-                ++differences;
-        }
-    });
-    QCOMPARE(differences.load(), 0);
-}
-
-QTEST_MAIN(TestThreads)
-#include "tst_threads.moc"
+ORV_TEST("threads", TestThreads, QGuiApplication)
+#include "threads.moc"

@@ -1,10 +1,5 @@
 #include "ORV.h"
-#include "ORVRtfProperties.h"
-#include "rtfstory.h"
-
-#include <QtCore/QMimeData>
-#include <QtGui/QTextTable>
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -18,7 +13,7 @@ const QByteArray Garbage = "}no RTF";
 
 QString ownType()
 {
-    return QString::fromLatin1("application/x-orvelline-markup-rtf");
+    return "application/x-orvelline-markup-rtf"_s;
 }
 
 /*! Mime data that remembers which types it was asked for. */
@@ -36,12 +31,12 @@ public:
 /*! A paragraph of text, directly followed by a table of one cell, which the document ends with. */
 QSharedPointer<QTextDocument> tableDocument()
 {
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("before"));
+    const QSharedPointer<QTextDocument> document = textDocument("before"_s);
     QTextCursor cursor(document.data());
     cursor.movePosition(QTextCursor::End);
     QTextTableFormat format;
     format.setBorder(0);
-    cursor.insertTable(1, 1, format)->cellAt(0, 0).firstCursorPosition().insertText(QStringLiteral("cell"));
+    cursor.insertTable(1, 1, format)->cellAt(0, 0).firstCursorPosition().insertText("cell"_s);
     return document;
 }
 
@@ -63,12 +58,12 @@ QByteArray tableRtf(const QByteArray& end)
 /*! Text that exporting would change: a placeholder, and a note that begins with blanks. */
 QSharedPointer<QTextDocument> unexportedDocument()
 {
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("<$p>"));
+    const QSharedPointer<QTextDocument> document = textDocument("<$p>"_s);
     QTextCharFormat note;
     note.setProperty(ORVRtfProperty::InFootnote, true);
     QTextCursor cursor(document.data());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText(QStringLiteral("  note"), note);
+    cursor.insertText("  note"_s, note);
     return document;
 }
 
@@ -85,380 +80,324 @@ class TestClipboard : public QObject {
     Q_OBJECT
 
 private slots:
-    void plainFlavourHasEveryType();
-    void plainFlavourIsConvertedOnce();
-    void plainFlavourEndsTheParagraphBeforeATable();
-    void plainFlavourIsNoExport();
-    void plainFlavourLeavesTheDocumentAlone();
-    void plainFlavourLeavesOtherTypesAlone();
-    void plainFlavourReplacesAnOlderOne();
-    void plainFlavourOfNothing();
+    void plainFlavourHasEveryType()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
+        QMimeData mime;
+        ORVTextRtf::setRtfMimeData(&mime, document.data());
+        QCOMPARE(mime.formats(), ORV::rtfMimeTypes());
+        const QByteArray expected = documentHead() + firstParagraph() + run("Hello") + "}";
+        for (const QString& type : mime.formats())
+            QCOMPARE(mime.data(type), expected);
+    }
 
-    void ownFlavourHasItsTypeOnly();
-    void ownFlavourIsToTheLetter();
-    void ownFlavourIsNoExport();
-    void ownFlavourInPlace();
-    void ownFlavourOfNothing();
+    void plainFlavourIsConvertedOnce()
+    {
+        QMimeData mime;
+        ORVTextRtf::setRtfMimeData(&mime, textDocument("Hello"_s).data());
+        // Byte arrays that stem from one conversion share their memory.
+        const QByteArray first = mime.data(ORV::rtfMimeTypes().first());
+        for (const QString& type : ORV::rtfMimeTypes())
+            QCOMPARE(static_cast<const void*>(mime.data(type).constData()),
+                     static_cast<const void*>(first.constData()));
+    }
 
-    void tableReadsBack_data();
-    void tableReadsBack();
+    void plainFlavourEndsTheParagraphBeforeATable()
+    {
+        QMimeData mime;
+        ORVTextRtf::setRtfMimeData(&mime, tableDocument().data());
+        for (const QString& type : ORV::rtfMimeTypes())
+            QCOMPARE(wellFormed(mime.data(type)), tableRtf("\n\\par"));
+    }
 
-    void hasRtf_data();
-    void hasRtf();
-    void hasRtfAsksInOrderUpToTheFirst();
+    void plainFlavourIsNoExport()
+    {
+        QMimeData mime;
+        ORVTextRtf::setRtfMimeData(&mime, unexportedDocument().data());
+        QCOMPARE(wellFormed(mime.data(ORV::rtfMimeTypes().first())), unexportedRtf());
+    }
 
-    void reading_data();
-    void reading();
-    void readingAsksInOrderUpToTheFirstSuccess();
-    void readingReplacesTheContent();
-    void readingIntoNoDocumentAsksNothing();
-    void readingNoMimeData();
+    void plainFlavourLeavesTheDocumentAlone()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
+        QMimeData mime;
+        ORVTextRtf::setRtfMimeData(&mime, document.data());
+        QVERIFY(document->isUndoAvailable());
+        QCOMPARE(textOf(*document), "Hello"_s);
+    }
 
-    void readingOneType_data();
-    void readingOneType();
-    void readingTheOwnFlavour();
+    void plainFlavourLeavesOtherTypesAlone()
+    {
+        QMimeData mime;
+        mime.setText("as text"_s);
+        mime.setData(ownType(), Sample);
+        ORVTextRtf::setRtfMimeData(&mime, textDocument("Hello"_s).data());
+        QCOMPARE(mime.text(), "as text"_s);
+        QCOMPARE(mime.data(ownType()), Sample);
+        QCOMPARE(mime.formats().size(), 2 + ORV::rtfMimeTypes().size());
+    }
+
+    void plainFlavourReplacesAnOlderOne()
+    {
+        QMimeData mime;
+        for (const QString& type : ORV::rtfMimeTypes())
+            mime.setData(type, Sample);
+        ORVTextRtf::setRtfMimeData(&mime, newDocument().data());
+        for (const QString& type : ORV::rtfMimeTypes())
+            QCOMPARE(mime.data(type), documentHead() + firstParagraph() + emptyRun() + "}");
+    }
+
+    void plainFlavourOfNothing()
+    {
+        QMimeData mime;
+        ORVTextRtf::setRtfMimeData(&mime, nullptr);
+        QVERIFY(mime.formats().isEmpty());
+        const QString type = ORV::rtfMimeTypes().first();
+        mime.setData(type, Sample);
+        ORVTextRtf::setRtfMimeData(&mime, nullptr);
+        QCOMPARE(mime.formats(), QStringList(type));
+        QCOMPARE(mime.data(type), Sample);
+        ORVTextRtf::setRtfMimeData(nullptr, textDocument("Hello"_s).data());
+        ORVTextRtf::setRtfMimeData(nullptr, nullptr);
+    }
+
+    void ownFlavourHasItsTypeOnly()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
+        for (bool inPlace : {false, true}) {
+            QMimeData mime;
+            ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), inPlace);
+            QCOMPARE(mime.formats(), QStringList(ownType()));
+            QCOMPARE(mime.data(ownType()), documentHead() + firstParagraph() + run("Hello") + "}");
+        }
+    }
+
+    void ownFlavourIsToTheLetter()
+    {
+        for (bool inPlace : {false, true}) {
+            QMimeData mime;
+            ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableDocument().data(), inPlace);
+            QCOMPARE(wellFormed(mime.data(ownType())), tableRtf(QByteArray()));
+        }
+    }
+
+    void ownFlavourIsNoExport()
+    {
+        QMimeData mime;
+        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, unexportedDocument().data(), false);
+        QCOMPARE(wellFormed(mime.data(ownType())), unexportedRtf());
+    }
+
+    void ownFlavourInPlace()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
+        QMimeData mime;
+        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), false);
+        QVERIFY(document->isUndoAvailable());
+        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), true);
+        QVERIFY(!document->isUndoAvailable());
+        QCOMPARE(textOf(*document), "Hello"_s);
+    }
+
+    void ownFlavourOfNothing()
+    {
+        QMimeData mime;
+        mime.setData(ownType(), Sample);
+        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
+        for (bool inPlace : {false, true}) {
+            ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, nullptr, inPlace);
+            QCOMPARE(mime.data(ownType()), Sample);
+            ORVTextRtf::setOrvellineMarkupRtfMimeData(nullptr, document.data(), inPlace);
+            ORVTextRtf::setOrvellineMarkupRtfMimeData(nullptr, nullptr, inPlace);
+        }
+        QVERIFY(document->isUndoAvailable());
+    }
+
+    void tableReadsBack_data()
+    {
+        const Columns<bool, QString> add("own", "text");
+        // Behind a table that is read there are two paragraphs: the one that Qt needs there, and a new one.
+        add("own flavour", true, "before\ncell\n\n");
+        // Where the paragraph in front of it is ended, Qt needs another one there, too.
+        add("plain flavour", false, "before\n\ncell\n\n");
+    }
+
+    void tableReadsBack()
+    {
+        FETCH(bool, own, QString, text);
+        QMimeData mime;
+        const QSharedPointer<QTextDocument> back = newDocument();
+        if (own) {
+            ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableDocument().data(), false);
+            QVERIFY(ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, back.data()));
+        } else {
+            ORVTextRtf::setRtfMimeData(&mime, tableDocument().data());
+            QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, back.data()));
+        }
+        QCOMPARE(textOf(*back), text);
+        QCOMPARE(back->rootFrame()->childFrames().size(), 1);
+        QVERIFY(qobject_cast<QTextTable*>(back->rootFrame()->childFrames().first()));
+    }
+
+    void hasRtf_data()
+    {
+        const Columns<QString, QByteArray, bool> add("type", "data", "expected");
+        for (const QString& type : ORV::rtfMimeTypes()) {
+            add(qPrintable(type), type, Sample, true);
+            add(qPrintable(type + ", empty"_s), type, QByteArray(), true);
+            add(qPrintable(type + ", garbage"_s), type, Garbage, true);
+        }
+        add("own flavour", ownType(), Sample, false);
+        add("text", "text/plain", Sample, false);
+        add("like RTF", "text/rtfd", Sample, false);
+    }
+
+    void hasRtf()
+    {
+        FETCH(QString, type, QByteArray, data, bool, expected);
+        QMimeData mime;
+        QVERIFY(!ORVTextRtf::hasRtfMimeData(&mime));
+        mime.setData(type, data);
+        QCOMPARE(ORVTextRtf::hasRtfMimeData(&mime), expected);
+    }
+
+    void hasRtfAsksInOrderUpToTheFirst()
+    {
+        const QStringList types = ORV::rtfMimeTypes();
+        RecordingMimeData mime;
+        QVERIFY(!ORVTextRtf::hasRtfMimeData(&mime));
+        QCOMPARE(mime.asked, types);
+
+        mime.asked.clear();
+        mime.setData(types.at(1), Sample);
+        QVERIFY(ORVTextRtf::hasRtfMimeData(&mime));
+        QCOMPARE(mime.asked, types.mid(0, 2));
+    }
+
+    /*
+        What is under the first three types of RTF (null: nothing at all), whether it is read, and the
+       document's text then, which was "old".
+    */
+    void reading_data()
+    {
+        const QByteArray absent;
+        const QByteArray empty("");
+        const Columns<QByteArray, QByteArray, QByteArray, bool, QString> add("first", "second", "third", "ok",
+                                                                             "text");
+        add("nothing", absent, absent, absent, false, "old");
+        add("first", Sample, absent, absent, true, "One two");
+        add("second", absent, Sample, absent, true, "One two");
+        add("third", absent, absent, Sample, true, "One two");
+        add("first before second", Sample, OtherSample, absent, true, "One two");
+        add("second before third", absent, Sample, OtherSample, true, "One two");
+        add("empty, then valid", empty, Sample, absent, true, "One two");
+        add("empty throughout", empty, empty, empty, false, "old");
+        add("garbage, then valid", Garbage, Sample, absent, true, "One two");
+        add("damaged, then valid", Damaged, Sample, absent, true, "One two");
+        add("damaged, then empty, then valid", Damaged, empty, Sample, true, "One two");
+        add("damaged twice, then valid", Damaged, Garbage, Sample, true, "One two");
+        add("valid, then garbage", Sample, Garbage, absent, true, "One two");
+        add("damaged", Damaged, absent, absent, false, "Half a text\nand more");
+        add("damaged, then empty", Damaged, empty, absent, false, "Half a text\nand more");
+        add("garbage, then damaged", Garbage, Damaged, absent, false, "Half a text\nand more");
+    }
+
+    void reading()
+    {
+        FETCH(QByteArray, first, QByteArray, second, QByteArray, third, bool, ok, QString, text);
+        QMimeData mime;
+        const QByteArray contents[] = {first, second, third};
+        for (int i = 0; i < 3; ++i) {
+            if (!contents[i].isNull())
+                mime.setData(ORV::rtfMimeTypes().at(i), contents[i]);
+        }
+        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+        QCOMPARE(ORVTextRtf::fromRtfMimeData(&mime, document.data()), ok);
+        QCOMPARE(textOf(*document), text);
+    }
+
+    void readingAsksInOrderUpToTheFirstSuccess()
+    {
+        const QStringList types = ORV::rtfMimeTypes();
+        RecordingMimeData mime;
+        for (const QString& type : types)
+            mime.setData(type, type == types.first() ? Garbage : Sample);
+        QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, newDocument().data()));
+        QCOMPARE(mime.asked, types.mid(0, 2));
+    }
+
+    void readingReplacesTheContent()
+    {
+        QMimeData mime;
+        mime.setData(ORV::rtfMimeTypes().first(), Sample);
+        const QSharedPointer<QTextDocument> document = tableDocument();
+        QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, document.data()));
+        QCOMPARE(textOf(*document), "One two"_s);
+        QCOMPARE(formatOf(*document, "two"_s).property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
+        QVERIFY(document->rootFrame()->childFrames().isEmpty());
+    }
+
+    void readingIntoNoDocumentAsksNothing()
+    {
+        RecordingMimeData mime;
+        mime.setData(ORV::rtfMimeTypes().first(), Sample);
+        mime.setData(ownType(), Sample);
+        QVERIFY(!ORVTextRtf::fromRtfMimeData(&mime, nullptr));
+        QVERIFY(!ORVTextRtf::parseRtfMimeData(ORV::rtfMimeTypes().first(), &mime, nullptr));
+        QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, nullptr));
+        QVERIFY(mime.asked.isEmpty());
+    }
+
+    void readingNoMimeData()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+        QVERIFY(!ORVTextRtf::fromRtfMimeData(nullptr, document.data()));
+        QVERIFY(!ORVTextRtf::parseRtfMimeData(ORV::rtfMimeTypes().first(), nullptr, document.data()));
+        QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(nullptr, document.data()));
+        QVERIFY(!ORVTextRtf::fromRtfMimeData(nullptr, nullptr));
+        QCOMPARE(textOf(*document), "old"_s);
+    }
+
+    void readingOneType_data()
+    {
+        const Columns<QString, QByteArray, bool, QString> add("type", "data", "ok", "text");
+        const QString asked = "application/x-some-rtf"_s;
+        add("valid", asked, Sample, true, "One two");
+        add("empty", asked, QByteArray(), false, "old");
+        add("damaged", asked, Damaged, false, "Half a text\nand more");
+        add("another type", ORV::rtfMimeTypes().first(), Sample, false, "old");
+    }
+
+    void readingOneType()
+    {
+        FETCH(QString, type, QByteArray, data, bool, ok, QString, text);
+        QMimeData mime;
+        mime.setData(type, data);
+        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+        QCOMPARE(ORVTextRtf::parseRtfMimeData("application/x-some-rtf"_s, &mime, document.data()), ok);
+        QCOMPARE(textOf(*document), text);
+    }
+
+    void readingTheOwnFlavour()
+    {
+        QMimeData mime;
+        for (const QString& type : ORV::rtfMimeTypes())
+            mime.setData(type, OtherSample);
+        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+        QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
+        mime.setData(ownType(), QByteArray());
+        QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
+        QCOMPARE(textOf(*document), "old"_s);
+
+        mime.setData(ownType(), Sample);
+        QVERIFY(ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
+        QCOMPARE(textOf(*document), "One two"_s);
+
+        mime.setData(ownType(), Damaged);
+        QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
+        QCOMPARE(textOf(*document), "Half a text\nand more"_s);
+    }
 };
 
-void TestClipboard::plainFlavourHasEveryType()
-{
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("Hello"));
-    QMimeData mime;
-    ORVTextRtf::setRtfMimeData(&mime, document.data());
-    QCOMPARE(mime.formats(), ORV::rtfMimeTypes());
-    const QByteArray expected = documentHead() + firstParagraph() + run("Hello") + "}";
-    for (const QString& type : mime.formats())
-        QCOMPARE(mime.data(type), expected);
-}
-
-void TestClipboard::plainFlavourIsConvertedOnce()
-{
-    QMimeData mime;
-    ORVTextRtf::setRtfMimeData(&mime, textDocument(QStringLiteral("Hello")).data());
-    // Byte arrays that stem from one conversion share their memory.
-    const QByteArray first = mime.data(ORV::rtfMimeTypes().first());
-    for (const QString& type : ORV::rtfMimeTypes())
-        QCOMPARE(static_cast<const void*>(mime.data(type).constData()),
-                 static_cast<const void*>(first.constData()));
-}
-
-void TestClipboard::plainFlavourEndsTheParagraphBeforeATable()
-{
-    QMimeData mime;
-    ORVTextRtf::setRtfMimeData(&mime, tableDocument().data());
-    for (const QString& type : ORV::rtfMimeTypes())
-        QCOMPARE(wellFormed(mime.data(type)), tableRtf("\n\\par"));
-}
-
-void TestClipboard::plainFlavourIsNoExport()
-{
-    QMimeData mime;
-    ORVTextRtf::setRtfMimeData(&mime, unexportedDocument().data());
-    QCOMPARE(wellFormed(mime.data(ORV::rtfMimeTypes().first())), unexportedRtf());
-}
-
-void TestClipboard::plainFlavourLeavesTheDocumentAlone()
-{
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("Hello"));
-    QMimeData mime;
-    ORVTextRtf::setRtfMimeData(&mime, document.data());
-    QVERIFY(document->isUndoAvailable());
-    QCOMPARE(textOf(*document), QStringLiteral("Hello"));
-}
-
-void TestClipboard::plainFlavourLeavesOtherTypesAlone()
-{
-    QMimeData mime;
-    mime.setText(QStringLiteral("as text"));
-    mime.setData(ownType(), Sample);
-    ORVTextRtf::setRtfMimeData(&mime, textDocument(QStringLiteral("Hello")).data());
-    QCOMPARE(mime.text(), QStringLiteral("as text"));
-    QCOMPARE(mime.data(ownType()), Sample);
-    QCOMPARE(mime.formats().size(), 2 + ORV::rtfMimeTypes().size());
-}
-
-void TestClipboard::plainFlavourReplacesAnOlderOne()
-{
-    QMimeData mime;
-    for (const QString& type : ORV::rtfMimeTypes())
-        mime.setData(type, Sample);
-    ORVTextRtf::setRtfMimeData(&mime, newDocument().data());
-    for (const QString& type : ORV::rtfMimeTypes())
-        QCOMPARE(mime.data(type), documentHead() + firstParagraph() + emptyRun() + "}");
-}
-
-void TestClipboard::plainFlavourOfNothing()
-{
-    QMimeData mime;
-    ORVTextRtf::setRtfMimeData(&mime, nullptr);
-    QVERIFY(mime.formats().isEmpty());
-    const QString type = ORV::rtfMimeTypes().first();
-    mime.setData(type, Sample);
-    ORVTextRtf::setRtfMimeData(&mime, nullptr);
-    QCOMPARE(mime.formats(), QStringList(type));
-    QCOMPARE(mime.data(type), Sample);
-    ORVTextRtf::setRtfMimeData(nullptr, textDocument(QStringLiteral("Hello")).data());
-    ORVTextRtf::setRtfMimeData(nullptr, nullptr);
-}
-
-void TestClipboard::ownFlavourHasItsTypeOnly()
-{
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("Hello"));
-    for (bool inPlace : {false, true}) {
-        QMimeData mime;
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), inPlace);
-        QCOMPARE(mime.formats(), QStringList(ownType()));
-        QCOMPARE(mime.data(ownType()), documentHead() + firstParagraph() + run("Hello") + "}");
-    }
-}
-
-void TestClipboard::ownFlavourIsToTheLetter()
-{
-    for (bool inPlace : {false, true}) {
-        QMimeData mime;
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableDocument().data(), inPlace);
-        QCOMPARE(wellFormed(mime.data(ownType())), tableRtf(QByteArray()));
-    }
-}
-
-void TestClipboard::ownFlavourIsNoExport()
-{
-    QMimeData mime;
-    ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, unexportedDocument().data(), false);
-    QCOMPARE(wellFormed(mime.data(ownType())), unexportedRtf());
-}
-
-void TestClipboard::ownFlavourInPlace()
-{
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("Hello"));
-    QMimeData mime;
-    ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), false);
-    QVERIFY(document->isUndoAvailable());
-    ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), true);
-    QVERIFY(!document->isUndoAvailable());
-    QCOMPARE(textOf(*document), QStringLiteral("Hello"));
-}
-
-void TestClipboard::ownFlavourOfNothing()
-{
-    QMimeData mime;
-    mime.setData(ownType(), Sample);
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("Hello"));
-    for (bool inPlace : {false, true}) {
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, nullptr, inPlace);
-        QCOMPARE(mime.data(ownType()), Sample);
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(nullptr, document.data(), inPlace);
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(nullptr, nullptr, inPlace);
-    }
-    QVERIFY(document->isUndoAvailable());
-}
-
-void TestClipboard::tableReadsBack_data()
-{
-    QTest::addColumn<bool>("own");
-    QTest::addColumn<QString>("text");
-    // Behind a table that is read there are two paragraphs: the one that Qt needs there, and a new one.
-    QTest::newRow("own flavour") << true << "before\ncell\n\n";
-    // Where the paragraph in front of it is ended, Qt needs another one there, too.
-    QTest::newRow("plain flavour") << false << "before\n\ncell\n\n";
-}
-
-void TestClipboard::tableReadsBack()
-{
-    QFETCH(bool, own);
-    QFETCH(QString, text);
-    QMimeData mime;
-    const QSharedPointer<QTextDocument> back = newDocument();
-    if (own) {
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableDocument().data(), false);
-        QVERIFY(ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, back.data()));
-    } else {
-        ORVTextRtf::setRtfMimeData(&mime, tableDocument().data());
-        QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, back.data()));
-    }
-    QCOMPARE(textOf(*back), text);
-    QCOMPARE(back->rootFrame()->childFrames().size(), 1);
-    QVERIFY(qobject_cast<QTextTable*>(back->rootFrame()->childFrames().first()));
-}
-
-void TestClipboard::hasRtf_data()
-{
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<bool>("expected");
-    for (const QString& type : ORV::rtfMimeTypes()) {
-        QTest::newRow(qPrintable(type)) << type << Sample << true;
-        QTest::newRow(qPrintable(type + QStringLiteral(", empty"))) << type << QByteArray() << true;
-        QTest::newRow(qPrintable(type + QStringLiteral(", garbage"))) << type << Garbage << true;
-    }
-    QTest::newRow("own flavour") << ownType() << Sample << false;
-    QTest::newRow("text") << QStringLiteral("text/plain") << Sample << false;
-    QTest::newRow("like RTF") << QStringLiteral("text/rtfd") << Sample << false;
-}
-
-void TestClipboard::hasRtf()
-{
-    QFETCH(QString, type);
-    QFETCH(QByteArray, data);
-    QFETCH(bool, expected);
-    QMimeData mime;
-    QVERIFY(!ORVTextRtf::hasRtfMimeData(&mime));
-    mime.setData(type, data);
-    QCOMPARE(ORVTextRtf::hasRtfMimeData(&mime), expected);
-}
-
-void TestClipboard::hasRtfAsksInOrderUpToTheFirst()
-{
-    const QStringList types = ORV::rtfMimeTypes();
-    RecordingMimeData mime;
-    QVERIFY(!ORVTextRtf::hasRtfMimeData(&mime));
-    QCOMPARE(mime.asked, types);
-
-    mime.asked.clear();
-    mime.setData(types.at(1), Sample);
-    QVERIFY(ORVTextRtf::hasRtfMimeData(&mime));
-    QCOMPARE(mime.asked, types.mid(0, 2));
-}
-
-/*
-    What is under the first three types of RTF (null: nothing at all), whether it is read, and the document's
-    text then, which was "old".
-*/
-void TestClipboard::reading_data()
-{
-    const QByteArray absent;
-    const QByteArray empty("");
-    QTest::addColumn<QByteArray>("first");
-    QTest::addColumn<QByteArray>("second");
-    QTest::addColumn<QByteArray>("third");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("nothing") << absent << absent << absent << false << "old";
-    QTest::newRow("first") << Sample << absent << absent << true << "One two";
-    QTest::newRow("second") << absent << Sample << absent << true << "One two";
-    QTest::newRow("third") << absent << absent << Sample << true << "One two";
-    QTest::newRow("first before second") << Sample << OtherSample << absent << true << "One two";
-    QTest::newRow("second before third") << absent << Sample << OtherSample << true << "One two";
-    QTest::newRow("empty, then valid") << empty << Sample << absent << true << "One two";
-    QTest::newRow("empty throughout") << empty << empty << empty << false << "old";
-    QTest::newRow("garbage, then valid") << Garbage << Sample << absent << true << "One two";
-    QTest::newRow("damaged, then valid") << Damaged << Sample << absent << true << "One two";
-    QTest::newRow("damaged, then empty, then valid") << Damaged << empty << Sample << true << "One two";
-    QTest::newRow("damaged twice, then valid") << Damaged << Garbage << Sample << true << "One two";
-    QTest::newRow("valid, then garbage") << Sample << Garbage << absent << true << "One two";
-    QTest::newRow("damaged") << Damaged << absent << absent << false << "Half a text\nand more";
-    QTest::newRow("damaged, then empty") << Damaged << empty << absent << false << "Half a text\nand more";
-    QTest::newRow("garbage, then damaged")
-        << Garbage << Damaged << absent << false << "Half a text\nand more";
-}
-
-void TestClipboard::reading()
-{
-    QFETCH(QByteArray, first);
-    QFETCH(QByteArray, second);
-    QFETCH(QByteArray, third);
-    QFETCH(bool, ok);
-    QFETCH(QString, text);
-
-    QMimeData mime;
-    const QByteArray contents[] = {first, second, third};
-    for (int i = 0; i < 3; ++i) {
-        if (!contents[i].isNull())
-            mime.setData(ORV::rtfMimeTypes().at(i), contents[i]);
-    }
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("old"));
-    QCOMPARE(ORVTextRtf::fromRtfMimeData(&mime, document.data()), ok);
-    QCOMPARE(textOf(*document), text);
-}
-
-void TestClipboard::readingAsksInOrderUpToTheFirstSuccess()
-{
-    const QStringList types = ORV::rtfMimeTypes();
-    RecordingMimeData mime;
-    for (const QString& type : types)
-        mime.setData(type, type == types.first() ? Garbage : Sample);
-    QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, newDocument().data()));
-    QCOMPARE(mime.asked, types.mid(0, 2));
-}
-
-void TestClipboard::readingReplacesTheContent()
-{
-    QMimeData mime;
-    mime.setData(ORV::rtfMimeTypes().first(), Sample);
-    const QSharedPointer<QTextDocument> document = tableDocument();
-    QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, document.data()));
-    QCOMPARE(textOf(*document), QStringLiteral("One two"));
-    QCOMPARE(formatOf(*document, QStringLiteral("two")).property(QTextFormat::FontWeight).toInt(),
-             int(QFont::Bold));
-    QVERIFY(document->rootFrame()->childFrames().isEmpty());
-}
-
-void TestClipboard::readingIntoNoDocumentAsksNothing()
-{
-    RecordingMimeData mime;
-    mime.setData(ORV::rtfMimeTypes().first(), Sample);
-    mime.setData(ownType(), Sample);
-    QVERIFY(!ORVTextRtf::fromRtfMimeData(&mime, nullptr));
-    QVERIFY(!ORVTextRtf::parseRtfMimeData(ORV::rtfMimeTypes().first(), &mime, nullptr));
-    QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, nullptr));
-    QVERIFY(mime.asked.isEmpty());
-}
-
-void TestClipboard::readingNoMimeData()
-{
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("old"));
-    QVERIFY(!ORVTextRtf::fromRtfMimeData(nullptr, document.data()));
-    QVERIFY(!ORVTextRtf::parseRtfMimeData(ORV::rtfMimeTypes().first(), nullptr, document.data()));
-    QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(nullptr, document.data()));
-    QVERIFY(!ORVTextRtf::fromRtfMimeData(nullptr, nullptr));
-    QCOMPARE(textOf(*document), QStringLiteral("old"));
-}
-
-void TestClipboard::readingOneType_data()
-{
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QByteArray>("data");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<QString>("text");
-    const QString asked = QStringLiteral("application/x-some-rtf");
-    QTest::newRow("valid") << asked << Sample << true << "One two";
-    QTest::newRow("empty") << asked << QByteArray() << false << "old";
-    QTest::newRow("damaged") << asked << Damaged << false << "Half a text\nand more";
-    QTest::newRow("another type") << ORV::rtfMimeTypes().first() << Sample << false << "old";
-}
-
-void TestClipboard::readingOneType()
-{
-    QFETCH(QString, type);
-    QFETCH(QByteArray, data);
-    QFETCH(bool, ok);
-    QFETCH(QString, text);
-    QMimeData mime;
-    mime.setData(type, data);
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("old"));
-    QCOMPARE(ORVTextRtf::parseRtfMimeData(QStringLiteral("application/x-some-rtf"), &mime, document.data()),
-             ok);
-    QCOMPARE(textOf(*document), text);
-}
-
-void TestClipboard::readingTheOwnFlavour()
-{
-    QMimeData mime;
-    for (const QString& type : ORV::rtfMimeTypes())
-        mime.setData(type, OtherSample);
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("old"));
-    QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
-    mime.setData(ownType(), QByteArray());
-    QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
-    QCOMPARE(textOf(*document), QStringLiteral("old"));
-
-    mime.setData(ownType(), Sample);
-    QVERIFY(ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
-    QCOMPARE(textOf(*document), QStringLiteral("One two"));
-
-    mime.setData(ownType(), Damaged);
-    QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
-    QCOMPARE(textOf(*document), QStringLiteral("Half a text\nand more"));
-}
-
-QTEST_MAIN(TestClipboard)
-#include "tst_clipboard.moc"
+ORV_TEST("clipboard", TestClipboard, QGuiApplication)
+#include "clipboard.moc"

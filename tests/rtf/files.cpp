@@ -1,10 +1,4 @@
-#include "rtfwritinghelpers.h"
-
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
-#include <QtCore/QTranslator>
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 #include <cerrno>
 
@@ -38,7 +32,7 @@ public:
 private:
     static void append(QtMsgType type, const QMessageLogContext&, const QString& text)
     {
-        texts() << (type == QtWarningMsg ? QStringLiteral("warning: ") : QStringLiteral("other: ")) + text;
+        texts() << (type == QtWarningMsg ? "warning: "_s : "other: "_s) + text;
     }
 
     QtMessageHandler m_previous;
@@ -69,40 +63,29 @@ private:
 };
 #endif
 
-/*! Puts the translation context in front of each text that it is asked for. */
-class ContextTranslator : public QTranslator {
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return QLatin1Char('[') + QString::fromLatin1(context) + QLatin1String("] ")
-            + QString::fromLatin1(text);
-    }
-};
-
 const char* const FullDevice = "/dev/full";
 
 /*! What Qt says when a file called \a name is opened for writing. */
 QString openingError(const QString& name)
 {
     QFile file(name);
-    return file.open(QIODevice::WriteOnly) ? QStringLiteral("none") : file.errorString();
+    return file.open(QIODevice::WriteOnly) ? "none"_s : file.errorString();
 }
 
 QString untouched()
 {
-    return QStringLiteral("untouched");
+    return "untouched"_s;
 }
 
 /*! A document of more bytes than Qt's files and the writer hold back. */
 QSharedPointer<QTextDocument> longDocument()
 {
-    return textDocument(QStringLiteral("lorem ipsum ").repeated(10000));
+    return textDocument("lorem ipsum "_s.repeated(10000));
 }
 
 QSharedPointer<QTextDocument> shortDocument()
 {
-    return textDocument(QStringLiteral("<$p> Hello"));
+    return textDocument("<$p> Hello"_s);
 }
 
 } // namespace
@@ -111,337 +94,310 @@ class TestFiles : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        m_directory.reset(new QTemporaryDir);
+        QVERIFY(m_directory->isValid());
+    }
 
-    void readsAFile();
-    void readingReportsDamage();
-    void readingWithoutAMessagePointer();
-    void readingAMissingFile();
-    void readingADirectory();
-    void readingIntoNoDocument();
+    void readsAFile()
+    {
+        store("a.rtf", "{\\rtf1\\ansi One\\par {\\b Two}}");
+        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+        QString message = untouched();
+        QVERIFY(ORVTextRtf::fromRtfFile(path("a.rtf"), document.data(), &message));
+        QCOMPARE(textOf(*document), "One\nTwo"_s);
+        QCOMPARE(formatOf(*document, "Two"_s).fontWeight(), int(QFont::Bold));
+        QCOMPARE(message, untouched());
+    }
 
-    void writesAFile_data();
-    void writesAFile();
-    void writingReplacesTheFile();
-    void writingInPlace();
-    void writingNoDocument();
-    void writingToADirectory();
-    void writingBelowAFile();
-    void messageOfOpeningIsTranslated();
-    void writingToAFullDevice();
-    void flushingToAFullDevice();
-    void partlyWrittenFileStays();
+    void readingReportsDamage()
+    {
+        store("open.rtf", "{\\rtf1\\ansi One{\\b Two}");
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QString message = untouched();
+        QVERIFY(!ORVTextRtf::fromRtfFile(path("open.rtf"), document.data(), &message));
+        QCOMPARE(message, "Unmatched '}' in Rich Text file"_s);
+        QCOMPARE(textOf(*document), "OneTwo"_s);
+    }
 
-    void writesAFileDirectly();
-    void writingDirectlyReplacesTheFile();
-    void writingDirectlyInPlace();
-    void writingNoDocumentDirectly();
-    void directMessageIsThatOfTheFile();
-    void directWritingChecksNoFlush();
+    void readingWithoutAMessagePointer()
+    {
+        store("open.rtf", "{\\rtf1\\ansi One{}");
+        store("good.rtf", "{\\rtf1\\ansi One}");
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QVERIFY(!ORVTextRtf::fromRtfFile(path("open.rtf"), document.data(), nullptr));
+        QVERIFY(!ORVTextRtf::fromRtfFile(path("missing.rtf"), document.data(), nullptr));
+        QVERIFY(!ORVTextRtf::fromRtfFile(m_directory->path(), document.data(), nullptr));
+        QVERIFY(ORVTextRtf::fromRtfFile(path("good.rtf"), document.data(), nullptr));
+    }
+
+    void readingAMissingFile()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+        QString message = untouched();
+        QVERIFY(!ORVTextRtf::fromRtfFile(path("missing.rtf"), document.data(), &message));
+        QCOMPARE(message, untouched());
+        QCOMPARE(textOf(*document), "old"_s);
+        QVERIFY(!QFile::exists(path("missing.rtf")));
+    }
+
+    void readingADirectory()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+        QString message = untouched();
+        QVERIFY(!ORVTextRtf::fromRtfFile(m_directory->path(), document.data(), &message));
+        QCOMPARE(message, untouched());
+        QCOMPARE(textOf(*document), "old"_s);
+    }
+
+    void readingIntoNoDocument()
+    {
+        store("a.rtf", "{\\rtf1\\ansi One}");
+        QString message = untouched();
+        QVERIFY(!ORVTextRtf::fromRtfFile(path("a.rtf"), nullptr, &message));
+        QCOMPARE(message, untouched());
+    }
+
+    void writesAFile_data()
+    {
+        const Columns<bool> add("exportingMode");
+        add("storing", false);
+        add("exporting", true);
+    }
+
+    void writesAFile()
+    {
+        FETCH(bool, exportingMode);
+        const QSharedPointer<QTextDocument> document = shortDocument();
+        QString message = untouched();
+        MessageLog log;
+        QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), document.data(), &message, false, exportingMode));
+        QCOMPARE(message, untouched());
+        const QByteArray text = exportingMode ? "{\\chpgn} Hello" : "<$p> Hello";
+        QCOMPARE(wellFormed(contents("a.rtf")),
+                 documentHead() + firstParagraph() + "{\\f0\\fs24 " + text + "}}");
+        QVERIFY(ORVTextRtf::toRtfFile(path("b.rtf"), document.data(), nullptr, false, exportingMode));
+        QCOMPARE(contents("b.rtf"), contents("a.rtf"));
+        QCOMPARE(log.texts(), QStringList());
+    }
+
+    void writingReplacesTheFile()
+    {
+        store("a.rtf", QByteArray(100000, 'x'));
+        QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), shortDocument().data(), nullptr, false, false));
+        QCOMPARE(contents("a.rtf"), write(*shortDocument()));
+    }
+
+    void writingInPlace()
+    {
+        const QSharedPointer<QTextDocument> document = shortDocument();
+        QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), document.data(), nullptr, false, false));
+        QVERIFY(document->isUndoRedoEnabled());
+        QVERIFY(ORVTextRtf::toRtfFile(path("b.rtf"), document.data(), nullptr, true, false));
+        QVERIFY(!document->isUndoRedoEnabled());
+        QCOMPARE(contents("b.rtf"), contents("a.rtf"));
+    }
+
+    void writingNoDocument()
+    {
+        QString message = untouched();
+        QVERIFY(!ORVTextRtf::toRtfFile(path("a.rtf"), nullptr, &message, false, false));
+        QVERIFY(!ORVTextRtf::toRtfFile(path("a.rtf"), nullptr, &message, true, true));
+        QVERIFY(!ORVTextRtf::toRtfFile(path("a.rtf"), nullptr, nullptr, false, false));
+        QVERIFY(!ORVTextRtf::toRtfFile(m_directory->path(), nullptr, &message, false, false));
+        QCOMPARE(message, untouched());
+        QVERIFY(!QFile::exists(path("a.rtf")));
+    }
+
+    void writingToADirectory()
+    {
+        const QString name = m_directory->path();
+        QString message;
+        QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), &message, false, false));
+        QCOMPARE(message,
+                 "Could not open RTF file for writing.\nFile: '"_s + name + "'\nError: '"_s
+                     + openingError(name) + QLatin1Char('\''));
+        QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), nullptr, false, false));
+    }
+
+    void writingBelowAFile()
+    {
+        store("a.rtf", "kept");
+        const QString name = path("a.rtf/%2 b.rtf");
+        QString message;
+        MessageLog log;
+        QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), &message, false, false));
+        // A "%2" in the name of the file stays what it is.
+        QCOMPARE(message,
+                 "Could not open RTF file for writing.\nFile: '"_s + name + "'\nError: '"_s
+                     + openingError(name) + QLatin1Char('\''));
+        QCOMPARE(contents("a.rtf"), "kept"_b);
+        QCOMPARE(log.texts(), QStringList());
+    }
+
+    void messageOfOpeningIsTranslated()
+    {
+        const QString name = m_directory->path();
+        ContextTranslator translator;
+        QVERIFY(QCoreApplication::installTranslator(&translator));
+        QString message;
+        const bool written = ORVTextRtf::toRtfFile(name, shortDocument().data(), &message, false, false);
+        QCoreApplication::removeTranslator(&translator);
+        QVERIFY(!written);
+        const QString begin =
+            "[QObject] Could not open RTF file for writing.\nFile: '"_s + name + QLatin1Char('\'');
+        QVERIFY2(message.startsWith(begin), qPrintable(message));
+    }
+
+    void writingToAFullDevice()
+    {
+        const QString name = QString::fromLatin1(FullDevice);
+        if (!QFile::exists(name))
+            QSKIP("this system has no device that is always full");
+        const QSharedPointer<QTextDocument> document = longDocument();
+        QString message;
+        MessageLog log;
+        QVERIFY(!ORVTextRtf::toRtfFile(name, document.data(), &message, false, false));
+        QCOMPARE(message, "Could not write RTF contents to file: '/dev/full'"_s);
+        const QString counts =
+            "warning: Bytes to write:  %1 Actually written:  -1"_s.arg(write(*document).size());
+        QCOMPARE(log.texts(),
+                 QStringList() << "warning: Could not write RTF contents to file:  \"/dev/full\""_s
+                               << counts);
+        QVERIFY(!ORVTextRtf::toRtfFile(name, document.data(), nullptr, false, false));
+    }
+
+    void flushingToAFullDevice()
+    {
+        const QString name = QString::fromLatin1(FullDevice);
+        if (!QFile::exists(name))
+            QSKIP("this system has no device that is always full");
+        // So few bytes that they wait in the file object's own buffer until it is flushed.
+        QString message;
+        MessageLog log;
+        QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), &message, false, false));
+        QCOMPARE(message,
+                 "Could not flush RTF contents of file: '/dev/full'\nError: '"_s + qt_error_string(ENOSPC)
+                     + QLatin1Char('\''));
+        QCOMPARE(log.texts(), QStringList());
+        QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), nullptr, false, false));
+    }
+
+    void partlyWrittenFileStays()
+    {
+#ifdef Q_OS_UNIX
+        const QSharedPointer<QTextDocument> document = longDocument();
+        const QByteArray whole = write(*document);
+        const QString name = path("a.rtf");
+        QString message;
+        bool written = true;
+        QStringList texts;
+        {
+            MessageLog log;
+            FileSizeLimit limit(50000);
+            written = ORVTextRtf::toRtfFile(name, document.data(), &message, false, false);
+            texts = log.texts();
+        }
+        QVERIFY(!written);
+        QCOMPARE(message, "Could not write RTF contents to file: '"_s + name + QLatin1Char('\''));
+        const QString first =
+            "warning: Could not write RTF contents to file:  \""_s + name + QLatin1Char('"');
+        const QString second = "warning: Bytes to write:  %1 Actually written:  50000"_s.arg(whole.size());
+        QCOMPARE(texts, QStringList() << first << second);
+        QCOMPARE(contents("a.rtf"), whole.left(50000));
+#else
+        QSKIP("the size of files cannot be limited on this system");
+#endif
+    }
+
+    void writesAFileDirectly()
+    {
+        const QSharedPointer<QTextDocument> document = longDocument();
+        QString message = untouched();
+        QVERIFY(ORVTextRtf::toRtfFileDirect(path("a.rtf"), document.data(), &message, false));
+        QCOMPARE(message, untouched());
+        QCOMPARE(contents("a.rtf"), write(*document));
+        // Never in exporting mode.
+        QVERIFY(ORVTextRtf::toRtfFileDirect(path("b.rtf"), shortDocument().data(), nullptr, false));
+        QCOMPARE(contents("b.rtf"), documentHead() + firstParagraph() + "{\\f0\\fs24 <$p> Hello}}");
+    }
+
+    void writingDirectlyReplacesTheFile()
+    {
+        store("a.rtf", QByteArray(100000, 'x'));
+        QVERIFY(ORVTextRtf::toRtfFileDirect(path("a.rtf"), shortDocument().data(), nullptr, false));
+        QCOMPARE(contents("a.rtf"), write(*shortDocument()));
+    }
+
+    void writingDirectlyInPlace()
+    {
+        const QSharedPointer<QTextDocument> document = shortDocument();
+        QVERIFY(ORVTextRtf::toRtfFileDirect(path("a.rtf"), document.data(), nullptr, false));
+        QVERIFY(document->isUndoRedoEnabled());
+        QVERIFY(ORVTextRtf::toRtfFileDirect(path("b.rtf"), document.data(), nullptr, true));
+        QVERIFY(!document->isUndoRedoEnabled());
+        QCOMPARE(contents("b.rtf"), contents("a.rtf"));
+    }
+
+    void writingNoDocumentDirectly()
+    {
+        QString message = untouched();
+        QVERIFY(!ORVTextRtf::toRtfFileDirect(path("a.rtf"), nullptr, &message, false));
+        QVERIFY(!ORVTextRtf::toRtfFileDirect(path("a.rtf"), nullptr, nullptr, true));
+        QVERIFY(!ORVTextRtf::toRtfFileDirect(m_directory->path(), nullptr, &message, false));
+        QCOMPARE(message, untouched());
+        QVERIFY(!QFile::exists(path("a.rtf")));
+    }
+
+    void directMessageIsThatOfTheFile()
+    {
+        store("a.rtf", "kept");
+        const QStringList names = {m_directory->path(), path("a.rtf/b.rtf"), path("missing/b.rtf")};
+        for (const QString& name : names) {
+            QString message;
+            QVERIFY(!ORVTextRtf::toRtfFileDirect(name, shortDocument().data(), &message, false));
+            QCOMPARE(message, openingError(name));
+            QVERIFY(!message.isEmpty());
+            QVERIFY(!ORVTextRtf::toRtfFileDirect(name, shortDocument().data(), nullptr, false));
+        }
+        QCOMPARE(contents("a.rtf"), "kept"_b);
+    }
+
+    void directWritingChecksNoFlush()
+    {
+        const QString name = QString::fromLatin1(FullDevice);
+        if (!QFile::exists(name))
+            QSKIP("this system has no device that is always full");
+        QString message = untouched();
+        MessageLog log;
+        QVERIFY(ORVTextRtf::toRtfFileDirect(name, shortDocument().data(), &message, false));
+        QVERIFY(ORVTextRtf::toRtfFileDirect(name, longDocument().data(), &message, false));
+        QCOMPARE(message, untouched());
+        QCOMPARE(log.texts(), QStringList());
+    }
 
 private:
-    QString path(const char* name) const { return m_directory->filePath(QLatin1String(name)); }
-    QByteArray contents(const char* name) const;
-    void store(const char* name, const QByteArray& bytes) const;
+    QString path(const char* name) const
+    {
+        return m_directory->filePath(QLatin1String(name));
+    }
+
+    QByteArray contents(const char* name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : "not there"_b;
+    }
+
+    void store(const char* name, const QByteArray& bytes) const
+    {
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), qint64(bytes.size()));
+    }
 
     QScopedPointer<QTemporaryDir> m_directory;
 };
 
-QByteArray TestFiles::contents(const char* name) const
-{
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("not there");
-}
-
-void TestFiles::store(const char* name, const QByteArray& bytes) const
-{
-    QFile file(path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
-}
-
-void TestFiles::init()
-{
-    m_directory.reset(new QTemporaryDir);
-    QVERIFY(m_directory->isValid());
-}
-
-void TestFiles::readsAFile()
-{
-    store("a.rtf", "{\\rtf1\\ansi One\\par {\\b Two}}");
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("old"));
-    QString message = untouched();
-    QVERIFY(ORVTextRtf::fromRtfFile(path("a.rtf"), document.data(), &message));
-    QCOMPARE(textOf(*document), QStringLiteral("One\nTwo"));
-    QCOMPARE(formatOf(*document, QStringLiteral("Two")).fontWeight(), int(QFont::Bold));
-    QCOMPARE(message, untouched());
-}
-
-void TestFiles::readingReportsDamage()
-{
-    store("open.rtf", "{\\rtf1\\ansi One{\\b Two}");
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QString message = untouched();
-    QVERIFY(!ORVTextRtf::fromRtfFile(path("open.rtf"), document.data(), &message));
-    QCOMPARE(message, QStringLiteral("Unmatched '}' in Rich Text file"));
-    QCOMPARE(textOf(*document), QStringLiteral("OneTwo"));
-}
-
-void TestFiles::readingWithoutAMessagePointer()
-{
-    store("open.rtf", "{\\rtf1\\ansi One{}");
-    store("good.rtf", "{\\rtf1\\ansi One}");
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QVERIFY(!ORVTextRtf::fromRtfFile(path("open.rtf"), document.data(), nullptr));
-    QVERIFY(!ORVTextRtf::fromRtfFile(path("missing.rtf"), document.data(), nullptr));
-    QVERIFY(!ORVTextRtf::fromRtfFile(m_directory->path(), document.data(), nullptr));
-    QVERIFY(ORVTextRtf::fromRtfFile(path("good.rtf"), document.data(), nullptr));
-}
-
-void TestFiles::readingAMissingFile()
-{
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("old"));
-    QString message = untouched();
-    QVERIFY(!ORVTextRtf::fromRtfFile(path("missing.rtf"), document.data(), &message));
-    QCOMPARE(message, untouched());
-    QCOMPARE(textOf(*document), QStringLiteral("old"));
-    QVERIFY(!QFile::exists(path("missing.rtf")));
-}
-
-void TestFiles::readingADirectory()
-{
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("old"));
-    QString message = untouched();
-    QVERIFY(!ORVTextRtf::fromRtfFile(m_directory->path(), document.data(), &message));
-    QCOMPARE(message, untouched());
-    QCOMPARE(textOf(*document), QStringLiteral("old"));
-}
-
-void TestFiles::readingIntoNoDocument()
-{
-    store("a.rtf", "{\\rtf1\\ansi One}");
-    QString message = untouched();
-    QVERIFY(!ORVTextRtf::fromRtfFile(path("a.rtf"), nullptr, &message));
-    QCOMPARE(message, untouched());
-}
-
-void TestFiles::writesAFile_data()
-{
-    QTest::addColumn<bool>("exportingMode");
-    QTest::newRow("storing") << false;
-    QTest::newRow("exporting") << true;
-}
-
-void TestFiles::writesAFile()
-{
-    QFETCH(bool, exportingMode);
-    const QSharedPointer<QTextDocument> document = shortDocument();
-    QString message = untouched();
-    MessageLog log;
-    QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), document.data(), &message, false, exportingMode));
-    QCOMPARE(message, untouched());
-    const QByteArray text = exportingMode ? "{\\chpgn} Hello" : "<$p> Hello";
-    QCOMPARE(wellFormed(contents("a.rtf")), documentHead() + firstParagraph() + "{\\f0\\fs24 " + text + "}}");
-    QVERIFY(ORVTextRtf::toRtfFile(path("b.rtf"), document.data(), nullptr, false, exportingMode));
-    QCOMPARE(contents("b.rtf"), contents("a.rtf"));
-    QCOMPARE(log.texts(), QStringList());
-}
-
-void TestFiles::writingReplacesTheFile()
-{
-    store("a.rtf", QByteArray(100000, 'x'));
-    QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), shortDocument().data(), nullptr, false, false));
-    QCOMPARE(contents("a.rtf"), write(*shortDocument()));
-}
-
-void TestFiles::writingInPlace()
-{
-    const QSharedPointer<QTextDocument> document = shortDocument();
-    QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), document.data(), nullptr, false, false));
-    QVERIFY(document->isUndoRedoEnabled());
-    QVERIFY(ORVTextRtf::toRtfFile(path("b.rtf"), document.data(), nullptr, true, false));
-    QVERIFY(!document->isUndoRedoEnabled());
-    QCOMPARE(contents("b.rtf"), contents("a.rtf"));
-}
-
-void TestFiles::writingNoDocument()
-{
-    QString message = untouched();
-    QVERIFY(!ORVTextRtf::toRtfFile(path("a.rtf"), nullptr, &message, false, false));
-    QVERIFY(!ORVTextRtf::toRtfFile(path("a.rtf"), nullptr, &message, true, true));
-    QVERIFY(!ORVTextRtf::toRtfFile(path("a.rtf"), nullptr, nullptr, false, false));
-    QVERIFY(!ORVTextRtf::toRtfFile(m_directory->path(), nullptr, &message, false, false));
-    QCOMPARE(message, untouched());
-    QVERIFY(!QFile::exists(path("a.rtf")));
-}
-
-void TestFiles::writingToADirectory()
-{
-    const QString name = m_directory->path();
-    QString message;
-    QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), &message, false, false));
-    QCOMPARE(message,
-             QStringLiteral("Could not open RTF file for writing.\nFile: '") + name
-                 + QStringLiteral("'\nError: '") + openingError(name) + QLatin1Char('\''));
-    QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), nullptr, false, false));
-}
-
-void TestFiles::writingBelowAFile()
-{
-    store("a.rtf", "kept");
-    const QString name = path("a.rtf/%2 b.rtf");
-    QString message;
-    MessageLog log;
-    QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), &message, false, false));
-    // A "%2" in the name of the file stays what it is.
-    QCOMPARE(message,
-             QStringLiteral("Could not open RTF file for writing.\nFile: '") + name
-                 + QStringLiteral("'\nError: '") + openingError(name) + QLatin1Char('\''));
-    QCOMPARE(contents("a.rtf"), QByteArray("kept"));
-    QCOMPARE(log.texts(), QStringList());
-}
-
-void TestFiles::messageOfOpeningIsTranslated()
-{
-    const QString name = m_directory->path();
-    ContextTranslator translator;
-    QVERIFY(QCoreApplication::installTranslator(&translator));
-    QString message;
-    const bool written = ORVTextRtf::toRtfFile(name, shortDocument().data(), &message, false, false);
-    QCoreApplication::removeTranslator(&translator);
-    QVERIFY(!written);
-    const QString begin =
-        QStringLiteral("[QObject] Could not open RTF file for writing.\nFile: '") + name + QLatin1Char('\'');
-    QVERIFY2(message.startsWith(begin), qPrintable(message));
-}
-
-void TestFiles::writingToAFullDevice()
-{
-    const QString name = QString::fromLatin1(FullDevice);
-    if (!QFile::exists(name))
-        QSKIP("this system has no device that is always full");
-    const QSharedPointer<QTextDocument> document = longDocument();
-    QString message;
-    MessageLog log;
-    QVERIFY(!ORVTextRtf::toRtfFile(name, document.data(), &message, false, false));
-    QCOMPARE(message, QStringLiteral("Could not write RTF contents to file: '/dev/full'"));
-    const QString counts =
-        QStringLiteral("warning: Bytes to write:  %1 Actually written:  -1").arg(write(*document).size());
-    QCOMPARE(log.texts(),
-             QStringList() << QStringLiteral("warning: Could not write RTF contents to file:  \"/dev/full\"")
-                           << counts);
-    QVERIFY(!ORVTextRtf::toRtfFile(name, document.data(), nullptr, false, false));
-}
-
-void TestFiles::flushingToAFullDevice()
-{
-    const QString name = QString::fromLatin1(FullDevice);
-    if (!QFile::exists(name))
-        QSKIP("this system has no device that is always full");
-    // So few bytes that they wait in the file object's own buffer until it is flushed.
-    QString message;
-    MessageLog log;
-    QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), &message, false, false));
-    QCOMPARE(message,
-             QStringLiteral("Could not flush RTF contents of file: '/dev/full'\nError: '")
-                 + qt_error_string(ENOSPC) + QLatin1Char('\''));
-    QCOMPARE(log.texts(), QStringList());
-    QVERIFY(!ORVTextRtf::toRtfFile(name, shortDocument().data(), nullptr, false, false));
-}
-
-void TestFiles::partlyWrittenFileStays()
-{
-#ifdef Q_OS_UNIX
-    const QSharedPointer<QTextDocument> document = longDocument();
-    const QByteArray whole = write(*document);
-    const QString name = path("a.rtf");
-    QString message;
-    bool written = true;
-    QStringList texts;
-    {
-        MessageLog log;
-        FileSizeLimit limit(50000);
-        written = ORVTextRtf::toRtfFile(name, document.data(), &message, false, false);
-        texts = log.texts();
-    }
-    QVERIFY(!written);
-    QCOMPARE(message, QStringLiteral("Could not write RTF contents to file: '") + name + QLatin1Char('\''));
-    const QString first =
-        QStringLiteral("warning: Could not write RTF contents to file:  \"") + name + QLatin1Char('"');
-    const QString second =
-        QStringLiteral("warning: Bytes to write:  %1 Actually written:  50000").arg(whole.size());
-    QCOMPARE(texts, QStringList() << first << second);
-    QCOMPARE(contents("a.rtf"), whole.left(50000));
-#else
-    QSKIP("the size of files cannot be limited on this system");
-#endif
-}
-
-void TestFiles::writesAFileDirectly()
-{
-    const QSharedPointer<QTextDocument> document = longDocument();
-    QString message = untouched();
-    QVERIFY(ORVTextRtf::toRtfFileDirect(path("a.rtf"), document.data(), &message, false));
-    QCOMPARE(message, untouched());
-    QCOMPARE(contents("a.rtf"), write(*document));
-    // Never in exporting mode.
-    QVERIFY(ORVTextRtf::toRtfFileDirect(path("b.rtf"), shortDocument().data(), nullptr, false));
-    QCOMPARE(contents("b.rtf"), documentHead() + firstParagraph() + "{\\f0\\fs24 <$p> Hello}}");
-}
-
-void TestFiles::writingDirectlyReplacesTheFile()
-{
-    store("a.rtf", QByteArray(100000, 'x'));
-    QVERIFY(ORVTextRtf::toRtfFileDirect(path("a.rtf"), shortDocument().data(), nullptr, false));
-    QCOMPARE(contents("a.rtf"), write(*shortDocument()));
-}
-
-void TestFiles::writingDirectlyInPlace()
-{
-    const QSharedPointer<QTextDocument> document = shortDocument();
-    QVERIFY(ORVTextRtf::toRtfFileDirect(path("a.rtf"), document.data(), nullptr, false));
-    QVERIFY(document->isUndoRedoEnabled());
-    QVERIFY(ORVTextRtf::toRtfFileDirect(path("b.rtf"), document.data(), nullptr, true));
-    QVERIFY(!document->isUndoRedoEnabled());
-    QCOMPARE(contents("b.rtf"), contents("a.rtf"));
-}
-
-void TestFiles::writingNoDocumentDirectly()
-{
-    QString message = untouched();
-    QVERIFY(!ORVTextRtf::toRtfFileDirect(path("a.rtf"), nullptr, &message, false));
-    QVERIFY(!ORVTextRtf::toRtfFileDirect(path("a.rtf"), nullptr, nullptr, true));
-    QVERIFY(!ORVTextRtf::toRtfFileDirect(m_directory->path(), nullptr, &message, false));
-    QCOMPARE(message, untouched());
-    QVERIFY(!QFile::exists(path("a.rtf")));
-}
-
-void TestFiles::directMessageIsThatOfTheFile()
-{
-    store("a.rtf", "kept");
-    const QStringList names = {m_directory->path(), path("a.rtf/b.rtf"), path("missing/b.rtf")};
-    for (const QString& name : names) {
-        QString message;
-        QVERIFY(!ORVTextRtf::toRtfFileDirect(name, shortDocument().data(), &message, false));
-        QCOMPARE(message, openingError(name));
-        QVERIFY(!message.isEmpty());
-        QVERIFY(!ORVTextRtf::toRtfFileDirect(name, shortDocument().data(), nullptr, false));
-    }
-    QCOMPARE(contents("a.rtf"), QByteArray("kept"));
-}
-
-void TestFiles::directWritingChecksNoFlush()
-{
-    const QString name = QString::fromLatin1(FullDevice);
-    if (!QFile::exists(name))
-        QSKIP("this system has no device that is always full");
-    QString message = untouched();
-    MessageLog log;
-    QVERIFY(ORVTextRtf::toRtfFileDirect(name, shortDocument().data(), &message, false));
-    QVERIFY(ORVTextRtf::toRtfFileDirect(name, longDocument().data(), &message, false));
-    QCOMPARE(message, untouched());
-    QCOMPARE(log.texts(), QStringList());
-}
-
-QTEST_MAIN(TestFiles)
-#include "tst_files.moc"
+ORV_TEST("files", TestFiles, QGuiApplication)
+#include "files.moc"

@@ -1,9 +1,4 @@
-#include "ORVRtfProperties.h"
-#include "ORVTextFormat.h"
-#include "ORVTextRtf.h"
-#include "rtftesthelpers.h"
-
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -15,190 +10,155 @@ const QByteArray damaged = "{\\rtf1\\ansi One {\\b two}";
 } // namespace
 
 /*! The conversions from bytes that an application calls. */
-class TestInmemory : public QObject {
+class TestInMemory : public QObject {
     Q_OBJECT
 
 private slots:
-    void exportStyles();
-    void fromRtfData();
-    void fromRtfDataMessages_data();
-    void fromRtfDataMessages();
-    void fromRtfDataWithoutAMessage();
-    void fromRtfDataNullDocument();
-    void fromRtfDataEmptyBytes();
-    void fromRtfDataUsesTheStaticDefaults();
-    void fromRtfCData();
-    void rtfCDataText_data();
-    void rtfCDataText();
-    void rtfPropertyAsText_data();
-    void rtfPropertyAsText();
-    void rtfPropertyAsHtml();
+    void exportStyles()
+    {
+        QCOMPARE(int(ORVTextRtf::ExportAsAnnotation), 0);
+        QCOMPARE(int(ORVTextRtf::ExportAsFootnote), 1);
+        QCOMPARE(int(ORVTextRtf::ExportAsAlternateFootnote), 2);
+    }
+
+    void fromRtfData()
+    {
+        QTextDocument document;
+        document.setPlainText("old"_s);
+        QString message = "untouched"_s;
+        QVERIFY(ORVTextRtf::fromRtfData(sample, &document, &message));
+        QCOMPARE(textOf(document), "One two\nthé three"_s);
+        QCOMPARE(formatOf(document, "two"_s).property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
+        QCOMPARE(message, "untouched"_s);
+    }
+
+    void fromRtfDataMessages_data()
+    {
+        const Columns<QByteArray, QString, QString> add("rtf", "message", "text");
+        add("brace missing", damaged, "Unmatched '}' in Rich Text file", "One two");
+        add("brace too many", sample + "}", "Unmatched '{' in Rich Text file", "One two\nthé three");
+        add("cut off", "{a\\", "Unexpected end of file", "a");
+        add("bad escape", "{a\\'", "Invalid control word parameter encountered", "a");
+    }
+
+    void fromRtfDataMessages()
+    {
+        FETCH(QByteArray, rtf, QString, message, QString, text);
+        QTextDocument document;
+        QString actual = "old message"_s;
+        QVERIFY(!ORVTextRtf::fromRtfData(rtf, &document, &actual));
+        QCOMPARE(actual, message);
+        QCOMPARE(textOf(document), text);
+    }
+
+    void fromRtfDataWithoutAMessage()
+    {
+        QTextDocument document;
+        QVERIFY(!ORVTextRtf::fromRtfData(damaged, &document, nullptr));
+        QCOMPARE(textOf(document), "One two"_s);
+        QVERIFY(ORVTextRtf::fromRtfData(sample, &document, nullptr));
+    }
+
+    void fromRtfDataNullDocument()
+    {
+        QString message = "untouched"_s;
+        QVERIFY(!ORVTextRtf::fromRtfData(sample, nullptr, &message));
+        QVERIFY(!ORVTextRtf::fromRtfData(damaged, nullptr, &message));
+        QVERIFY(!ORVTextRtf::fromRtfData(sample, nullptr, nullptr));
+        QVERIFY(!ORVTextRtf::fromRtfCData(sample, nullptr));
+        QCOMPARE(message, "untouched"_s);
+    }
+
+    void fromRtfDataEmptyBytes()
+    {
+        for (const QByteArray& bytes : {QByteArray(), ""_b}) {
+            QTextDocument document;
+            document.setPlainText("old"_s);
+            QVERIFY(ORVTextRtf::fromRtfData(bytes, &document, nullptr));
+            QVERIFY(document.isEmpty());
+        }
+    }
+
+    void fromRtfDataUsesTheStaticDefaults()
+    {
+        QTextDocument document;
+        QVERIFY(ORVTextRtf::fromRtfData("{a\\u133?b}", &document, nullptr));
+        QCOMPARE(textOf(document), "ab"_s);
+        QCOMPARE(ORVTextFormat::defaultCharFormat(&document).intProperty(QTextFormat::FontHintingPreference),
+                 int(QFont::PreferNoHinting));
+
+        ORVTextRtfReader::DefaultRemoveInvalidRtfChars = false;
+        ORVTextRtfReader::DefaultFontHinting = true;
+        const bool ok = ORVTextRtf::fromRtfData("{a\\u133?b}", &document, nullptr);
+        ORVTextRtfReader::DefaultRemoveInvalidRtfChars = true;
+        ORVTextRtfReader::DefaultFontHinting = false;
+        QVERIFY(ok);
+        QCOMPARE(textOf(document), "a\uFFFDb"_s);
+        QCOMPARE(ORVTextFormat::defaultCharFormat(&document).intProperty(QTextFormat::FontHintingPreference),
+                 int(QFont::PreferFullHinting));
+    }
+
+    void fromRtfCData()
+    {
+        QTextDocument document;
+        QVERIFY(ORVTextRtf::fromRtfCData(sample, &document));
+        QCOMPARE(textOf(document), "One two\nthé three"_s);
+        QVERIFY(!ORVTextRtf::fromRtfCData(damaged, &document));
+        QCOMPARE(textOf(document), "One two"_s);
+    }
+
+    void rtfCDataText_data()
+    {
+        const Columns<QByteArray, QString, bool> add("rtf", "text", "null");
+        add("text", sample, "One two\nthé three", false);
+        // As plain text, not as stored: spaces and line ends are ordinary ones.
+        add("plain characters", "{a\\~b\\line c}", "a b\nc", false);
+        add("damaged", damaged, QString(), true);
+        add("damaged behind the text", sample + "}", QString(), true);
+    }
+
+    void rtfCDataText()
+    {
+        FETCH(QByteArray, rtf, QString, text, bool, null);
+        QCOMPARE(ORVTextRtf::rtfCDataText(rtf), text);
+        QCOMPARE(ORVTextRtf::rtfCDataText(rtf).isNull(), null);
+        QCOMPARE(ORVTextRtf::rtfCDataText(QByteArray()), QString());
+    }
+
+    void rtfPropertyAsText_data()
+    {
+        const Columns<QVariant, QString, bool> add("value", "text", "null");
+        add("bytes", QVariant(sample), "One two\nthé three", false);
+        add("string", QVariant("{\\rtf1 abc}"_s), "abc", false);
+        add("missing", QVariant(), QString(), true);
+        add("empty", QVariant(""_b), QString(), true);
+        add("no bytes", QVariant(QSize(1, 2)), QString(), true);
+        add("damaged", QVariant(damaged), QString(), true);
+    }
+
+    void rtfPropertyAsText()
+    {
+        FETCH(QVariant, value, QString, text, bool, null);
+        QTextCharFormat format;
+        format.setProperty(ORVRtfProperty::NoteContent, value);
+        QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, false), text);
+        QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, false).isNull(), null);
+        QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, true).isNull(), null);
+        // Another property is another text.
+        QVERIFY(ORVTextRtf::rtfProperty(ORVRtfProperty::PdfData, format, false).isNull());
+    }
+
+    void rtfPropertyAsHtml()
+    {
+        QTextCharFormat format;
+        format.setProperty(ORVRtfProperty::NoteContent, sample);
+        QTextDocument document;
+        QVERIFY(ORVTextRtf::fromRtfCData(sample, &document));
+        const QString html = ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, true);
+        QCOMPARE(html, document.toHtml());
+        QVERIFY(html.contains(">two</span>"_s));
+    }
 };
 
-void TestInmemory::exportStyles()
-{
-    QCOMPARE(int(ORVTextRtf::ExportAsAnnotation), 0);
-    QCOMPARE(int(ORVTextRtf::ExportAsFootnote), 1);
-    QCOMPARE(int(ORVTextRtf::ExportAsAlternateFootnote), 2);
-}
-
-void TestInmemory::fromRtfData()
-{
-    QTextDocument document;
-    document.setPlainText(QStringLiteral("old"));
-    QString message = QStringLiteral("untouched");
-    QVERIFY(ORVTextRtf::fromRtfData(sample, &document, &message));
-    QCOMPARE(textOf(document), QString::fromUtf8("One two\nthé three"));
-    QCOMPARE(formatOf(document, QStringLiteral("two")).property(QTextFormat::FontWeight).toInt(),
-             int(QFont::Bold));
-    QCOMPARE(message, QStringLiteral("untouched"));
-}
-
-void TestInmemory::fromRtfDataMessages_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("brace missing") << damaged << "Unmatched '}' in Rich Text file"
-                                   << "One two";
-    QTest::newRow("brace too many") << sample + "}"
-                                    << "Unmatched '{' in Rich Text file"
-                                    << QString::fromUtf8("One two\nthé three");
-    QTest::newRow("cut off") << QByteArray("{a\\") << "Unexpected end of file"
-                             << "a";
-    QTest::newRow("bad escape") << QByteArray("{a\\'") << "Invalid control word parameter encountered"
-                                << "a";
-}
-
-void TestInmemory::fromRtfDataMessages()
-{
-    QFETCH(QByteArray, rtf);
-    QFETCH(QString, message);
-    QFETCH(QString, text);
-
-    QTextDocument document;
-    QString actual = QStringLiteral("old message");
-    QVERIFY(!ORVTextRtf::fromRtfData(rtf, &document, &actual));
-    QCOMPARE(actual, message);
-    QCOMPARE(textOf(document), text);
-}
-
-void TestInmemory::fromRtfDataWithoutAMessage()
-{
-    QTextDocument document;
-    QVERIFY(!ORVTextRtf::fromRtfData(damaged, &document, nullptr));
-    QCOMPARE(textOf(document), QStringLiteral("One two"));
-    QVERIFY(ORVTextRtf::fromRtfData(sample, &document, nullptr));
-}
-
-void TestInmemory::fromRtfDataNullDocument()
-{
-    QString message = QStringLiteral("untouched");
-    QVERIFY(!ORVTextRtf::fromRtfData(sample, nullptr, &message));
-    QVERIFY(!ORVTextRtf::fromRtfData(damaged, nullptr, &message));
-    QVERIFY(!ORVTextRtf::fromRtfData(sample, nullptr, nullptr));
-    QVERIFY(!ORVTextRtf::fromRtfCData(sample, nullptr));
-    QCOMPARE(message, QStringLiteral("untouched"));
-}
-
-void TestInmemory::fromRtfDataEmptyBytes()
-{
-    for (const QByteArray& bytes : {QByteArray(), QByteArray("")}) {
-        QTextDocument document;
-        document.setPlainText(QStringLiteral("old"));
-        QVERIFY(ORVTextRtf::fromRtfData(bytes, &document, nullptr));
-        QVERIFY(document.isEmpty());
-    }
-}
-
-void TestInmemory::fromRtfDataUsesTheStaticDefaults()
-{
-    QTextDocument document;
-    QVERIFY(ORVTextRtf::fromRtfData("{a\\u133?b}", &document, nullptr));
-    QCOMPARE(textOf(document), QStringLiteral("ab"));
-    QCOMPARE(ORVTextFormat::defaultCharFormat(&document).intProperty(QTextFormat::FontHintingPreference),
-             int(QFont::PreferNoHinting));
-
-    ORVTextRtfReader::DefaultRemoveInvalidRtfChars = false;
-    ORVTextRtfReader::DefaultFontHinting = true;
-    const bool ok = ORVTextRtf::fromRtfData("{a\\u133?b}", &document, nullptr);
-    ORVTextRtfReader::DefaultRemoveInvalidRtfChars = true;
-    ORVTextRtfReader::DefaultFontHinting = false;
-    QVERIFY(ok);
-    QCOMPARE(textOf(document), QStringLiteral("a\uFFFDb"));
-    QCOMPARE(ORVTextFormat::defaultCharFormat(&document).intProperty(QTextFormat::FontHintingPreference),
-             int(QFont::PreferFullHinting));
-}
-
-void TestInmemory::fromRtfCData()
-{
-    QTextDocument document;
-    QVERIFY(ORVTextRtf::fromRtfCData(sample, &document));
-    QCOMPARE(textOf(document), QString::fromUtf8("One two\nthé three"));
-    QVERIFY(!ORVTextRtf::fromRtfCData(damaged, &document));
-    QCOMPARE(textOf(document), QStringLiteral("One two"));
-}
-
-void TestInmemory::rtfCDataText_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("null");
-    QTest::newRow("text") << sample << QString::fromUtf8("One two\nthé three") << false;
-    // As plain text, not as stored: spaces and line ends are ordinary ones.
-    QTest::newRow("plain characters") << QByteArray("{a\\~b\\line c}") << "a b\nc" << false;
-    QTest::newRow("damaged") << damaged << QString() << true;
-    QTest::newRow("damaged behind the text") << sample + "}" << QString() << true;
-}
-
-void TestInmemory::rtfCDataText()
-{
-    QFETCH(QByteArray, rtf);
-    QFETCH(QString, text);
-    QFETCH(bool, null);
-    QCOMPARE(ORVTextRtf::rtfCDataText(rtf), text);
-    QCOMPARE(ORVTextRtf::rtfCDataText(rtf).isNull(), null);
-    QCOMPARE(ORVTextRtf::rtfCDataText(QByteArray()), QString());
-}
-
-void TestInmemory::rtfPropertyAsText_data()
-{
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("null");
-    QTest::newRow("bytes") << QVariant(sample) << QString::fromUtf8("One two\nthé three") << false;
-    QTest::newRow("string") << QVariant(QStringLiteral("{\\rtf1 abc}")) << "abc" << false;
-    QTest::newRow("missing") << QVariant() << QString() << true;
-    QTest::newRow("empty") << QVariant(QByteArray("")) << QString() << true;
-    QTest::newRow("no bytes") << QVariant(QSize(1, 2)) << QString() << true;
-    QTest::newRow("damaged") << QVariant(damaged) << QString() << true;
-}
-
-void TestInmemory::rtfPropertyAsText()
-{
-    QFETCH(QVariant, value);
-    QFETCH(QString, text);
-    QFETCH(bool, null);
-
-    QTextCharFormat format;
-    format.setProperty(ORVRtfProperty::NoteContent, value);
-    QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, false), text);
-    QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, false).isNull(), null);
-    QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, true).isNull(), null);
-    // Another property is another text.
-    QVERIFY(ORVTextRtf::rtfProperty(ORVRtfProperty::PdfData, format, false).isNull());
-}
-
-void TestInmemory::rtfPropertyAsHtml()
-{
-    QTextCharFormat format;
-    format.setProperty(ORVRtfProperty::NoteContent, sample);
-    QTextDocument document;
-    QVERIFY(ORVTextRtf::fromRtfCData(sample, &document));
-    const QString html = ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, true);
-    QCOMPARE(html, document.toHtml());
-    QVERIFY(html.contains(QLatin1String(">two</span>")));
-}
-
-QTEST_MAIN(TestInmemory)
-#include "tst_inmemory.moc"
+ORV_TEST("inmemory", TestInMemory, QGuiApplication)
+#include "inmemory.moc"

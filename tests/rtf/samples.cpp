@@ -1,69 +1,27 @@
-#include "QtFontCompat_p.h"
-#include "structurehelpers.h"
-
-#include "ORVRtfProperties.h"
-
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QHash>
-#include <QtGui/QTextCursor>
-#include <QtTest/QtTest>
-
-/*!
-    Documents that word processors saved (data/README.md says which). What is expected of them was taken from
-    the RTF itself.
-*/
-class tst_samples : public QObject {
-    Q_OBJECT
-
-private slots:
-    void everySampleIsSound_data();
-    void everySampleIsSound();
-    void paragraphs_data();
-    void paragraphs();
-    void characterFormats_data();
-    void characterFormats();
-    void fontFamilies_data();
-    void fontFamilies();
-    void paragraphFormats_data();
-    void paragraphFormats();
-    void tabStops();
-    void links_data();
-    void links();
-    void notes_data();
-    void notes();
-    void pictureSizes_data();
-    void pictureSizes();
-    void jpegBytesAreKept();
-    void tables_data();
-    void tables();
-    void listLevels();
-    void listItems();
-
-private:
-    const rtftest::Reading& sample(const QString& name);
-
-    QHash<QString, rtftest::Reading> m_samples;
-};
+#include "testpaths.h"
+#include "testsupport.h"
 
 typedef QVector<QSize> Sizes;
+
 Q_DECLARE_METATYPE(Sizes)
 
-static QString dataDir()
+namespace {
+
+QString dataDir()
 {
     return QString::fromUtf8(TEST_DATA_DIR);
 }
 
-static QByteArray sampleData(const QString& name)
+QByteArray sampleData(const QString& name)
 {
-    QFile file(dataDir() + QLatin1Char('/') + name + QLatin1String(".rtf"));
+    QFile file(dataDir() + QLatin1Char('/') + name + ".rtf"_s);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(file.fileName()));
     return file.readAll();
 }
 
 /*! The first paragraph that starts with \a text. */
-static QTextBlock blockStartingWith(const QTextDocument& document, const QString& text)
+QTextBlock blockStartingWith(const QTextDocument& document, const QString& text)
 {
     QTextBlock block = document.begin();
     while (block.isValid() && !block.text().startsWith(text))
@@ -71,455 +29,441 @@ static QTextBlock blockStartingWith(const QTextDocument& document, const QString
     return block;
 }
 
-static QVariant solid(int red, int green, int blue)
+QVariant solid(int red, int green, int blue)
 {
     return QBrush(QColor(red, green, blue));
 }
 
-const rtftest::Reading& tst_samples::sample(const QString& name)
-{
-    if (!m_samples.contains(name))
-        m_samples.insert(name, rtftest::read(sampleData(name)));
-    return m_samples[name];
-}
+} // namespace
 
-void tst_samples::everySampleIsSound_data()
-{
-    QTest::addColumn<QString>("name");
-    const QStringList files = QDir(dataDir()).entryList({QLatin1String("*.rtf")});
-    QVERIFY(files.size() >= 20);
-    for (const QString& file : files) {
-        const QString name = file.left(file.size() - 4);
-        QTest::newRow(qPrintable(name)) << name;
-    }
-}
+/*!
+    Documents that word processors saved (data/README.md says which). What is expected of them was taken from
+    the RTF itself.
+*/
+class TestSamples : public QObject {
+    Q_OBJECT
 
-void tst_samples::everySampleIsSound()
-{
-    QFETCH(QString, name);
-    QCOMPARE(sample(name).message, QString());
-    QCOMPARE(sample(name).status, 0);
-    QVERIFY(sample(name).ok);
-}
-
-void tst_samples::paragraphs_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("text");
-
-    const auto row = [](const char* title, const char* name, const char* text) {
-        QTest::newRow(title) << QString::fromLatin1(name) << QString::fromUtf8(text);
-    };
-    row("format changes within words", "libreoffice-charformats",
-        "Inside a word bold begins and ends, H2O and E=mc2.");
-    row("hidden text is read", "libreoffice-charformats",
-        "There is some hidden secret textnothing hidden in view.");
-    row("tabs", "libreoffice-paragraphs", "left0\tcolumn envelope\tmiddle\tright0\t0.00");
-    row("inserted text is read", "libreoffice-revisions",
-        "S\u00f8ren noticed the third blanket and listened. inserted words plough clever curtain kept. Her "
-        "chapel "
-        "lifted her kitchen almost; S\u00f8ren translated her blanket among the apple trees.");
-    row("deleted text is read", "libreoffice-revisions",
-        "The apprentice wandered in silence, and Ilse and Jakob sang near the old quarry. deleted words "
-        "ferry "
-        "market foreignkept. Owen described the quiet painter near the old quarry \u2014 or so Jakob "
-        "claimed.");
-    row("results of fields", "libreoffice-links",
-        "Page 1 of 2, figure 1. Anton noticed a faded letter among the apple trees.");
-    row("bookmarks leave no text", "libreoffice-links",
-        "Marked range quiet distant anchor watched unmarked. \u00c9lodie and Marta sang among the apple "
-        "trees.");
-    row("text of links", "pandoc-links",
-        "Two adjacent links touching, then a link with bold and italic parts.");
-    row("fallback of one letter", "pandoc-links",
-        "Nobody remembered the distant staircase at the end of the corridor, and Luc\u00eda opened his "
-        "careful "
-        "workshop under the bridge. See the plain web link for more. \u00c9lodie mended the portrait and "
-        "trembled "
-        "\u2014 or so Owen claimed.");
-    row("bullets as text", "pandoc-lists", "\u2022\tThe heavy newspaper shivered before noon.");
-    row("note in line", "libreoffice-notes",
-        "A sudden violin trembled in silence; Jakob and Anton trembled beside the harbour wallFoot 1: When "
-        "the "
-        "kettle followed a hollow river at last, \u00c9lodie watched a tidy barn at the end of the "
-        "corridor.. The "
-        "curious clock buried the stubborn blanket at last, and a damp orchard sang carefully.");
-    row("comment in line", "libreoffice-notes",
-        "S\u00f8ren mended a heavy portrait outside the station. commented range brittle liftedRemark 1: a "
-        "plain "
-        "staircase lifted the forgotten plough before noon follows. \u00c9lodie counted her bridge and "
-        "vanished.");
-
-    // One text as three programs write it.
-    const char* const writers[] = {"libreoffice-languages", "abiword-languages", "pandoc-languages"};
-    for (const char* writer : writers) {
-        const auto languageRow = [&](const char* language, const char* text) {
-            row((QByteArray(language) + " of " + writer).constData(), writer, text);
-        };
-        languageRow("French",
-                    "French: D\u00e8s No\u00ebl, o\u00f9 un z\u00e9phyr ha\u00ef me v\u00eat de gla\u00e7ons "
-                    "w\u00fcrmiens, je d\u00eene d\u2019exquis r\u00f4tis de b\u0153uf.");
-        languageRow("Polish",
-                    "Polish: Za\u017c\u00f3\u0142\u0107 g\u0119\u015bl\u0105 ja\u017a\u0144, "
-                    "pchn\u0105\u0107 w t\u0119 \u0142\u00f3d\u017a je\u017ca.");
-        languageRow("Chinese",
-                    "Simplified: \u6211\u80fd\u541e\u4e0b\u73bb\u7483\u800c\u4e0d\u4f24\u8eab\u4f53\u3002");
-        languageRow("combining characters", "Combining: e\u0301 a\u0308 n\u0303 o\u0302\u0323");
-        languageRow("RTF as text",
-                    "Syntax: back\\slash {braces} \\par \\b0 \\'e9 {\\rtf1} %d 100% <tag> & amp; #hash");
-    }
-    row("hyphens as control words", "libreoffice-languages", "Hyphens: soft-hyphen non-breaking hyphen");
-    row("hyphens as characters", "pandoc-languages", "Hyphens: soft\u00adhyphen non\u2011breaking hyphen");
-    row("quotes", "pandoc-languages",
-        "Quotes: \u2018single\u2019 \u201cdouble\u201d \u201elow\u201d \u00abguillemets\u00bb "
-        "\u2039small\u203a "
-        "\u201alow single\u2019 'straight' \"straight\"");
-    row("spaces", "libreoffice-languages",
-        "Spaces: nbsp\u00a0here en\u2002space em\u2003space thin\u2009space narrow\u202fnbsp "
-        "zero\u200bwidth");
-}
-
-void tst_samples::paragraphs()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, text);
-    const QTextDocument& document = *sample(name).document;
-    QTextBlock block = document.begin();
-    while (block.isValid() && block.text() != text)
-        block = block.next();
-    QVERIFY2(block.isValid(), qPrintable(rtftest::textOf(document)));
-}
-
-void tst_samples::characterFormats_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("property");
-    QTest::addColumn<QVariant>("value");
-
-    const auto row = [](const char* name, const char* text, int property, const QVariant& value) {
-        QTest::newRow((QByteArray(name) + ": " + text + " #" + QByteArray::number(property)).constData())
-            << QString::fromLatin1(name) << QString::fromUtf8(text) << property << value;
-    };
-    const char* const libreOffice = "libreoffice-charformats";
-    const char* const abiWord = "abiword-charformats";
-    const char* const pandoc = "pandoc-charformats";
-    const char* const writers[] = {libreOffice, abiWord, pandoc};
-    for (const char* writer : writers) {
-        row(writer, "bold text painted tower distant", QTextFormat::FontWeight, int(QFont::Bold));
-        row(writer, " and then plain basket answered noticed.", QTextFormat::FontItalic, QVariant());
-        row(writer, "italic text ledger teacher workshop", QTextFormat::FontItalic, true);
-        row(writer, "bold italic text followed faded clever", QTextFormat::FontItalic, true);
-        row(writer, "bold italic text followed faded clever", QTextFormat::FontWeight, int(QFont::Bold));
-        row(writer, "struck text copper reluctant crowded", QTextFormat::FontStrikeOut, true);
-        row(writer, "superscript text buried river careful", QTextFormat::TextVerticalAlignment,
-            int(QTextCharFormat::AlignSuperScript));
-        row(writer, "subscript text apprentice yellow tower", QTextFormat::TextVerticalAlignment,
-            int(QTextCharFormat::AlignSubScript));
-    }
-
-    const int underline = QTextFormat::TextUnderlineStyle;
-    row(libreOffice, "underline solid text painter gardener remembered", underline,
-        int(QTextCharFormat::SingleUnderline));
-    row(libreOffice, "underline dotted text painter patient lantern", underline,
-        int(QTextCharFormat::DotLine));
-    row(libreOffice, "underline dash text barn blanket hid", underline, int(QTextCharFormat::DashUnderline));
-    row(libreOffice, "underline dot-dash text curious weighed painter", underline,
-        int(QTextCharFormat::DashDotLine));
-    row(libreOffice, "underline dot-dot-dash text barn kettle returned", underline,
-        int(QTextCharFormat::DashDotDotLine));
-    row(libreOffice, "underline wave text noticed stubborn sketched", underline,
-        int(QTextCharFormat::WaveUnderline));
-    row(libreOffice, "double underline text notebook widow printing-press", underline,
-        int(QTextCharFormat::SingleUnderline));
-    row(libreOffice, "words only underline text carriage pilot copper", underline,
-        int(QTextCharFormat::SingleUnderline));
-    row(libreOffice, "Tobias crossed a plain corridor near the old quarry ", QTextFormat::FontCapitalization,
-        int(QFont::SmallCaps));
-    row(libreOffice, "\u00c9lodie hid a polite telegram under the bridge ", ORVRtfProperty::BaselineShift, 6);
-    row(libreOffice, "the valley studied the careful letter slowly ", ORVRtfProperty::BaselineShift, -5);
-    row(libreOffice, "10.5 points repaired answered yellow", QTextFormat::FontPointSize, 10.5);
-    row(libreOffice, "48 points pilot tidy valley", QTextFormat::FontPointSize, 48.0);
-    row(libreOffice, "bold red on yellow", QTextFormat::ForegroundBrush, solid(255, 0, 0));
-    row(libreOffice, "white on black returned folded faded", QTextFormat::ForegroundBrush,
-        solid(255, 255, 255));
-    row(pandoc, "Character formats", QTextFormat::FontPointSize, 18.0);
-    row(pandoc, "Character formats", QTextFormat::FontWeight, int(QFont::Bold));
-    row(abiWord, "Character formats", QTextFormat::FontPointSize, 17.0);
-}
-
-void tst_samples::characterFormats()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, text);
-    QFETCH(int, property);
-    const QTextCursor found = sample(name).document->find(text, 0, QTextDocument::FindCaseSensitively);
-    QVERIFY(!found.isNull());
-    // From the first to the last character of the text.
-    QTextCursor cursor(found);
-    for (int position = found.selectionStart() + 1; position <= found.selectionEnd(); ++position) {
-        cursor.setPosition(position);
-        QTEST(cursor.charFormat().property(property), "value");
-    }
-}
-
-void tst_samples::fontFamilies_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("family");
-
-    const auto row = [](const char* name, const char* text, const char* family) {
-        QTest::newRow((QByteArray(name) + ": " + family).constData())
-            << QString::fromLatin1(name) << QString::fromLatin1(text) << QString::fromLatin1(family);
-    };
-    row("libreoffice-charformats", "Set in Liberation Serif", "Liberation Serif");
-    row("libreoffice-charformats", "Set in Liberation Mono", "Liberation Mono");
-    row("libreoffice-charformats", "Set in P052", "P052");
-    row("libreoffice-charformats", "Set in Z003", "Z003");
-    row("pandoc-charformats", "Set in Liberation Serif", "Helvetica");
-    row("abiword-charformats", "Set in Liberation Mono", "Liberation Mono");
-}
-
-void tst_samples::fontFamilies()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, text);
-    const QTextCharFormat format = sample(name).format(text);
-    QVERIFY(!format.hasProperty(rtftest::NotFound));
-    QTEST(compat::fontFamily(format), "family");
-}
-
-void tst_samples::paragraphFormats_data()
-{
-    QTest::addColumn<QString>("start");
-    QTest::addColumn<int>("property");
-    QTest::addColumn<QVariant>("value");
-
-    const auto row = [](const char* start, const char* what, int property, const QVariant& value) {
-        QTest::newRow((QByteArray(start) + ' ' + what).constData())
-            << QString::fromLatin1(start) << property << value;
-    };
-    row("start aligned.", "alignment", QTextFormat::BlockAlignment, int(Qt::AlignLeft));
-    row("end aligned.", "alignment", QTextFormat::BlockAlignment, int(Qt::AlignRight));
-    row("center aligned.", "alignment", QTextFormat::BlockAlignment, int(Qt::AlignHCenter));
-    row("justify aligned.", "alignment", QTextFormat::BlockAlignment, int(Qt::AlignJustify));
-
-    // A first line is given relative to the left indent and kept as a position; the page is 12240 twips
-    // wide with margins of 1800.
-    const char* const both = "Left 0.5 right 0.5 first 0.25.";
-    row(both, "left indent", ORVRtfProperty::LeftIndent, 36.0);
-    row(both, "first line", QTextFormat::TextIndent, 54.0);
-    row(both, "right edge", ORVRtfProperty::RightIndent, 396.0);
-    const char* const hanging = "Left 1 right 1 first -0.25.";
-    row(hanging, "left indent", ORVRtfProperty::LeftIndent, 72.0);
-    row(hanging, "first line", QTextFormat::TextIndent, 54.0);
-    row(hanging, "right edge", ORVRtfProperty::RightIndent, 360.0);
-    row("Left -0.3 right 0 first 0.", "left indent", ORVRtfProperty::LeftIndent, -432 / 20.0);
-
-    row("Before 12 after 0 single.", "space before", QTextFormat::BlockTopMargin, 12.0);
-    row("Before 12 after 0 single.", "space after", QTextFormat::BlockBottomMargin, 0.0);
-    row("Before 0 after 18 single.", "space after", QTextFormat::BlockBottomMargin, 18.0);
-    row("Before 6 after 6 150%.", "line spacing", ORVRtfProperty::LineSpacing, 18.0);
-    row("Before 6 after 6 150%.", "line multiple", ORVRtfProperty::LineMultiple, 12.0);
-    row("Before 0 after 0 18pt.", "line spacing", ORVRtfProperty::LineSpacing, -18.0);
-    row("Before 0 after 0 18pt.", "line multiple", ORVRtfProperty::LineMultiple, QVariant());
-    row("Indents", "page break policy", QTextFormat::PageBreakPolicy, int(ORVRtfProperty::KeepWithNext));
-}
-
-void tst_samples::paragraphFormats()
-{
-    QFETCH(QString, start);
-    QFETCH(int, property);
-    const QTextBlock block =
-        blockStartingWith(*sample(QLatin1String("libreoffice-paragraphs")).document, start);
-    QVERIFY(block.isValid());
-    QTEST(block.blockFormat().property(property), "value");
-}
-
-void tst_samples::tabStops()
-{
-    const QTextBlock block = blockStartingWith(*sample(QLatin1String("libreoffice-paragraphs")).document,
-                                               QLatin1String("left0\t"));
-    const QList<QTextOption::Tab> expected = {
-        QTextOption::Tab(72.0, QTextOption::LeftTab), QTextOption::Tab(144.0, QTextOption::CenterTab),
-        QTextOption::Tab(216.0, QTextOption::RightTab),
-        QTextOption::Tab(5184 / 20.0, QTextOption::DelimiterTab, QLatin1Char('.'))};
-    QCOMPARE(block.blockFormat().tabPositions(), expected);
-}
-
-void tst_samples::links_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("target");
-
-    const auto row = [](const char* name, const char* text, const char* target) {
-        QTest::newRow((QByteArray(name) + ": " + text).constData())
-            << QString::fromLatin1(name) << QString::fromLatin1(text) << QString::fromUtf8(target);
-    };
-    const char* const writers[] = {"libreoffice-links", "abiword-links", "pandoc-links"};
-    for (const char* writer : writers) {
-        row(writer, "plain web link", "http://example.org/");
-        row(writer, "query & fragment link", "https://example.org/path/to/page.html?x=1&y=2#frag");
-        row(writer, "mail link", "mailto:someone@example.org");
-        row(writer, "ftp link", "ftp://ftp.example.org/pub/");
-        row(writer, "internal link", "#targetA");
-        row(writer, "adjacent", "http://example.org/1");
-        row(writer, " links", "http://example.org/2");
-        row(writer, "link with bold and italic", "http://example.org/f");
-    }
-    row("libreoffice-links", "unicode address link", "https://example.org/\u00fcn\u00ef/\u8def\u5f84");
-    row("pandoc-links", "unicode address link", "https://example.org/\u00fcn\u00ef/\u8def\u5f84");
-    row("libreoffice-links", "escaped address", "https://example.org/a%20b");
-    row("abiword-links", "relative file link", "../../../other/file.rtf");
-}
-
-void tst_samples::links()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, text);
-    QFETCH(QString, target);
-    QString linked;
-    const QList<QTextFragment> fragments = rtftest::fragmentsOf(*sample(name).document);
-    for (const QTextFragment& fragment : fragments) {
-        if (fragment.charFormat().isAnchor() && fragment.charFormat().anchorHref() == target)
-            linked += fragment.text();
-    }
-    QCOMPARE(linked, text);
-}
-
-void tst_samples::notes_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("flag");
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("text");
-
-    const auto row = [](const char* name, int flag, const char* before, const char* text) {
-        QTest::newRow((QByteArray(name) + ": " + text).constData())
-            << QString::fromLatin1(name) << flag << QString::fromUtf8(before) << QString::fromUtf8(text);
-    };
-    const int footnote = ORVRtfProperty::InFootnote;
-    row("libreoffice-notes", footnote, "Nobody followed the gardener across the valley",
-        "Foot 2: Anton repaired the archive outside the station.");
-    row("abiword-notes", footnote, "Nobody followed the gardener across the valley",
-        "\tFoot 2: Anton repaired the archive outside the station.");
-    row("pandoc-notes", footnote, "Nobody followed the gardener across the valley",
-        "\u00a0Foot 2: Anton repaired the archive outside the station.");
-    row("libreoffice-notes", footnote, "A note with formats", "Bold note and italic and a link in note");
-    row("libreoffice-notes", footnote, "Owen studied her violin on the upper landing.",
-        "End 1: When Ilse crossed his faded ferry on the upper landing, his invisible clock measured the "
-        "cellar "
-        "half asleep.");
-    row("libreoffice-notes", ORVRtfProperty::InAnnotation, "Anton unlocked the gardener and left. ",
-        "Remark 2: her cellar buried the pale clock before noon");
-}
-
-void tst_samples::notes()
-{
-    QFETCH(QString, name);
-    QFETCH(int, flag);
-    QFETCH(QString, before);
-    const QTextBlock block = blockStartingWith(*sample(name).document, before);
-    QVERIFY(block.isValid());
-    QString note;
-    const QList<QTextFragment> fragments = rtftest::fragmentsOf(block);
-    for (const QTextFragment& fragment : fragments) {
-        if (!fragment.charFormat().boolProperty(flag))
-            continue;
-        if (note.isEmpty())
-            QCOMPARE(fragment.position() - block.position(), before.size());
-        note += fragment.text();
-    }
-    QTEST(note, "text");
-}
-
-void tst_samples::pictureSizes_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<Sizes>("sizes");
-
-    // Goals are twips, at 15 a pixel; the scale of the second picture is 200 %.
-    QTest::newRow("LibreOffice") << "libreoffice-pictures" << Sizes({{24, 16}, {48, 32}, {48, 32}});
-    // pandoc states the sizes after the kind of the picture, and only what directly follows the kind is data.
-    QTest::newRow("pandoc") << "pandoc-pictures" << Sizes();
-}
-
-void tst_samples::pictureSizes()
-{
-    QFETCH(QString, name);
-    QFETCH(Sizes, sizes);
-    Sizes found;
-    const QList<QTextImageFormat> images = sample(name).images();
-    for (const QTextImageFormat& image : images)
-        found << QSize(int(image.width()), int(image.height()));
-    QCOMPARE(found, sizes);
-}
-
-void tst_samples::jpegBytesAreKept()
-{
-    const QByteArray data = sampleData(QLatin1String("libreoffice-pictures"));
-    const QByteArray start = "\\jpegblip";
-    const int from = int(data.indexOf(start)) + int(start.size());
-    const QByteArray jpeg = QByteArray::fromHex(data.mid(from, data.indexOf('}', from) - from));
-    QCOMPARE(jpeg.size(), 623);
-    const QTextImageFormat image = sample(QLatin1String("libreoffice-pictures")).images().value(2);
-    QCOMPARE(image.property(ORVRtfProperty::ImageType).toString(), QString::fromLatin1("JPEG"));
-    QCOMPARE(image.property(ORVRtfProperty::SourceImageData).toByteArray(), jpeg);
-}
-
-void tst_samples::tables_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("shapes");
-
-    const QString grids =
-        QStringLiteral("3: apple, bridge(c2) / candle(r2), dapple, ember / falcon, garden(r2) "
-                       "/ hollow(c2)\n"
-                       "3: island, jacket(c2) / kettle(c2), lantern");
-    QTest::newRow("LibreOffice") << "libreoffice-grids" << grids;
-    QTest::newRow("AbiWord") << "abiword-grids" << grids;
-    // An empty paragraph surrounds a table in a cell on either side.
-    QTest::newRow("table within a cell")
-        << "libreoffice-nested"
-        << "2: marble, before||{2: inner one, inner two / inner wide(c2)}||after / needle, -";
-}
-
-void tst_samples::tables()
-{
-    QFETCH(QString, name);
-    QTEST(rtftest::tableLines(*sample(name).document), "shapes");
-}
-
-void tst_samples::listLevels()
-{
-    const QList<QTextList*> lists = rtftest::listsOf(*sample(QStringLiteral("libreoffice-outline")).document);
-    QCOMPARE(lists.size(), 3);
-    static const char* const texts[3][3] = {
-        {"%0.", "%1.%0", "%0)"}, {"%0.", "%0.", "(%0)"}, {"\u2022", "\u2013", nullptr}};
-    static const ORVTextListLevel::Kind kinds[3][3] = {
-        {ORVTextListLevel::Decimal, ORVTextListLevel::Decimal, ORVTextListLevel::LowerLetter},
-        {ORVTextListLevel::UpperRoman, ORVTextListLevel::UpperLetter, ORVTextListLevel::LowerRoman},
-        {ORVTextListLevel::Bullet, ORVTextListLevel::Bullet, ORVTextListLevel::Bullet}};
-    for (int list = 0; list < 3; ++list) {
-        const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(lists.at(list)->format());
-        for (int i = 0; i < 3 && texts[list][i]; ++i) {
-            QCOMPARE(levels.at(i).text(), QString::fromUtf8(texts[list][i]));
-            QCOMPARE(levels.at(i).kind(), unsigned(kinds[list][i]));
-            QCOMPARE(levels.at(i).indent(), 36.0 + 18.0 * i);
-            QCOMPARE(levels.at(i).firstLinePosition(), 18.0 + 18.0 * i);
+private slots:
+    void everySampleIsSound_data()
+    {
+        const Columns<QString> add("name");
+        const QStringList files = QDir(dataDir()).entryList({"*.rtf"_s});
+        QVERIFY(files.size() >= 20);
+        for (const QString& file : files) {
+            const QString name = file.left(file.size() - 4);
+            add(qPrintable(name), name);
         }
     }
-}
 
-void tst_samples::listItems()
-{
-    QCOMPARE(rtftest::itemLines(*sample(QStringLiteral("libreoffice-outline")).document),
-             QStringLiteral("0 0 barley\n0 1 copper\n0 2 linen\n0 2 pepper\n0 1 velvet\n0 0 harbour\n"
-                            "1 0 meadow\n1 1 orchard\n1 2 pebble\n1 1 quarry\n1 0 river\n"
-                            "2 0 saddle\n2 1 timber\n2 1 willow\n2 0 anchor"));
-}
+    void everySampleIsSound()
+    {
+        FETCH(QString, name);
+        QCOMPARE(sample(name).message, QString());
+        QCOMPARE(sample(name).status, 0);
+        QVERIFY(sample(name).ok);
+    }
 
-QTEST_GUILESS_MAIN(tst_samples)
-#include "tst_samples.moc"
+    void paragraphs_data()
+    {
+        Columns<QString, QString>("name", "text");
+        const auto row = [](const char* title, const char* name, const char* text) {
+            QTest::newRow(title) << QString::fromLatin1(name) << QString::fromUtf8(text);
+        };
+        row("format changes within words", "libreoffice-charformats",
+            "Inside a word bold begins and ends, H2O and E=mc2.");
+        row("hidden text is read", "libreoffice-charformats",
+            "There is some hidden secret textnothing hidden in view.");
+        row("tabs", "libreoffice-paragraphs", "left0\tcolumn envelope\tmiddle\tright0\t0.00");
+        row("inserted text is read", "libreoffice-revisions",
+            "S\u00f8ren noticed the third blanket and listened. inserted words plough clever curtain kept. "
+            "Her "
+            "chapel "
+            "lifted her kitchen almost; S\u00f8ren translated her blanket among the apple trees.");
+        row("deleted text is read", "libreoffice-revisions",
+            "The apprentice wandered in silence, and Ilse and Jakob sang near the old quarry. deleted words "
+            "ferry "
+            "market foreignkept. Owen described the quiet painter near the old quarry \u2014 or so Jakob "
+            "claimed.");
+        row("results of fields", "libreoffice-links",
+            "Page 1 of 2, figure 1. Anton noticed a faded letter among the apple trees.");
+        row("bookmarks leave no text", "libreoffice-links",
+            "Marked range quiet distant anchor watched unmarked. \u00c9lodie and Marta sang among the apple "
+            "trees.");
+        row("text of links", "pandoc-links",
+            "Two adjacent links touching, then a link with bold and italic parts.");
+        row("fallback of one letter", "pandoc-links",
+            "Nobody remembered the distant staircase at the end of the corridor, and Luc\u00eda opened his "
+            "careful "
+            "workshop under the bridge. See the plain web link for more. \u00c9lodie mended the portrait and "
+            "trembled "
+            "\u2014 or so Owen claimed.");
+        row("bullets as text", "pandoc-lists", "\u2022\tThe heavy newspaper shivered before noon.");
+        row("note in line", "libreoffice-notes",
+            "A sudden violin trembled in silence; Jakob and Anton trembled beside the harbour wallFoot 1: "
+            "When "
+            "the "
+            "kettle followed a hollow river at last, \u00c9lodie watched a tidy barn at the end of the "
+            "corridor.. The "
+            "curious clock buried the stubborn blanket at last, and a damp orchard sang carefully.");
+        row("comment in line", "libreoffice-notes",
+            "S\u00f8ren mended a heavy portrait outside the station. commented range brittle liftedRemark 1: "
+            "a "
+            "plain "
+            "staircase lifted the forgotten plough before noon follows. \u00c9lodie counted her bridge and "
+            "vanished.");
+
+        // One text as three programs write it.
+        const char* const writers[] = {"libreoffice-languages", "abiword-languages", "pandoc-languages"};
+        for (const char* writer : writers) {
+            const auto languageRow = [&](const char* language, const char* text) {
+                row((QByteArray(language) + " of " + writer).constData(), writer, text);
+            };
+            languageRow(
+                "French",
+                "French: D\u00e8s No\u00ebl, o\u00f9 un z\u00e9phyr ha\u00ef me v\u00eat de gla\u00e7ons "
+                "w\u00fcrmiens, je d\u00eene d\u2019exquis r\u00f4tis de b\u0153uf.");
+            languageRow("Polish",
+                        "Polish: Za\u017c\u00f3\u0142\u0107 g\u0119\u015bl\u0105 ja\u017a\u0144, "
+                        "pchn\u0105\u0107 w t\u0119 \u0142\u00f3d\u017a je\u017ca.");
+            languageRow(
+                "Chinese",
+                "Simplified: \u6211\u80fd\u541e\u4e0b\u73bb\u7483\u800c\u4e0d\u4f24\u8eab\u4f53\u3002");
+            languageRow("combining characters", "Combining: e\u0301 a\u0308 n\u0303 o\u0302\u0323");
+            languageRow("RTF as text",
+                        "Syntax: back\\slash {braces} \\par \\b0 \\'e9 {\\rtf1} %d 100% <tag> & amp; #hash");
+        }
+        row("hyphens as control words", "libreoffice-languages", "Hyphens: soft-hyphen non-breaking hyphen");
+        row("hyphens as characters", "pandoc-languages",
+            "Hyphens: soft\u00adhyphen non\u2011breaking hyphen");
+        row("quotes", "pandoc-languages",
+            "Quotes: \u2018single\u2019 \u201cdouble\u201d \u201elow\u201d \u00abguillemets\u00bb "
+            "\u2039small\u203a "
+            "\u201alow single\u2019 'straight' \"straight\"");
+        row("spaces", "libreoffice-languages",
+            "Spaces: nbsp\u00a0here en\u2002space em\u2003space thin\u2009space narrow\u202fnbsp "
+            "zero\u200bwidth");
+    }
+
+    void paragraphs()
+    {
+        FETCH(QString, name, QString, text);
+        const QTextDocument& document = *sample(name).document;
+        QTextBlock block = document.begin();
+        while (block.isValid() && block.text() != text)
+            block = block.next();
+        QVERIFY2(block.isValid(), qPrintable(rtftest::textOf(document)));
+    }
+
+    void characterFormats_data()
+    {
+        Columns<QString, QString, int, QVariant>("name", "text", "property", "value");
+        const auto row = [](const char* name, const char* text, int property, const QVariant& value) {
+            QTest::newRow((QByteArray(name) + ": " + text + " #" + QByteArray::number(property)).constData())
+                << QString::fromLatin1(name) << QString::fromUtf8(text) << property << value;
+        };
+        const char* const libreOffice = "libreoffice-charformats";
+        const char* const abiWord = "abiword-charformats";
+        const char* const pandoc = "pandoc-charformats";
+        const char* const writers[] = {libreOffice, abiWord, pandoc};
+        for (const char* writer : writers) {
+            row(writer, "bold text painted tower distant", QTextFormat::FontWeight, int(QFont::Bold));
+            row(writer, " and then plain basket answered noticed.", QTextFormat::FontItalic, QVariant());
+            row(writer, "italic text ledger teacher workshop", QTextFormat::FontItalic, true);
+            row(writer, "bold italic text followed faded clever", QTextFormat::FontItalic, true);
+            row(writer, "bold italic text followed faded clever", QTextFormat::FontWeight, int(QFont::Bold));
+            row(writer, "struck text copper reluctant crowded", QTextFormat::FontStrikeOut, true);
+            row(writer, "superscript text buried river careful", QTextFormat::TextVerticalAlignment,
+                int(QTextCharFormat::AlignSuperScript));
+            row(writer, "subscript text apprentice yellow tower", QTextFormat::TextVerticalAlignment,
+                int(QTextCharFormat::AlignSubScript));
+        }
+
+        const int underline = QTextFormat::TextUnderlineStyle;
+        row(libreOffice, "underline solid text painter gardener remembered", underline,
+            int(QTextCharFormat::SingleUnderline));
+        row(libreOffice, "underline dotted text painter patient lantern", underline,
+            int(QTextCharFormat::DotLine));
+        row(libreOffice, "underline dash text barn blanket hid", underline,
+            int(QTextCharFormat::DashUnderline));
+        row(libreOffice, "underline dot-dash text curious weighed painter", underline,
+            int(QTextCharFormat::DashDotLine));
+        row(libreOffice, "underline dot-dot-dash text barn kettle returned", underline,
+            int(QTextCharFormat::DashDotDotLine));
+        row(libreOffice, "underline wave text noticed stubborn sketched", underline,
+            int(QTextCharFormat::WaveUnderline));
+        row(libreOffice, "double underline text notebook widow printing-press", underline,
+            int(QTextCharFormat::SingleUnderline));
+        row(libreOffice, "words only underline text carriage pilot copper", underline,
+            int(QTextCharFormat::SingleUnderline));
+        row(libreOffice, "Tobias crossed a plain corridor near the old quarry ",
+            QTextFormat::FontCapitalization, int(QFont::SmallCaps));
+        row(libreOffice, "\u00c9lodie hid a polite telegram under the bridge ", ORVRtfProperty::BaselineShift,
+            6);
+        row(libreOffice, "the valley studied the careful letter slowly ", ORVRtfProperty::BaselineShift, -5);
+        row(libreOffice, "10.5 points repaired answered yellow", QTextFormat::FontPointSize, 10.5);
+        row(libreOffice, "48 points pilot tidy valley", QTextFormat::FontPointSize, 48.0);
+        row(libreOffice, "bold red on yellow", QTextFormat::ForegroundBrush, solid(255, 0, 0));
+        row(libreOffice, "white on black returned folded faded", QTextFormat::ForegroundBrush,
+            solid(255, 255, 255));
+        row(pandoc, "Character formats", QTextFormat::FontPointSize, 18.0);
+        row(pandoc, "Character formats", QTextFormat::FontWeight, int(QFont::Bold));
+        row(abiWord, "Character formats", QTextFormat::FontPointSize, 17.0);
+    }
+
+    void characterFormats()
+    {
+        FETCH(QString, name, QString, text, int, property);
+        const QTextCursor found = sample(name).document->find(text, 0, QTextDocument::FindCaseSensitively);
+        QVERIFY(!found.isNull());
+        // From the first to the last character of the text.
+        QTextCursor cursor(found);
+        for (int position = found.selectionStart() + 1; position <= found.selectionEnd(); ++position) {
+            cursor.setPosition(position);
+            QTEST(cursor.charFormat().property(property), "value");
+        }
+    }
+
+    void fontFamilies_data()
+    {
+        Columns<QString, QString, QString>("name", "text", "family");
+        const auto row = [](const char* name, const char* text, const char* family) {
+            QTest::newRow((QByteArray(name) + ": " + family).constData())
+                << QString::fromLatin1(name) << QString::fromLatin1(text) << QString::fromLatin1(family);
+        };
+        row("libreoffice-charformats", "Set in Liberation Serif", "Liberation Serif");
+        row("libreoffice-charformats", "Set in Liberation Mono", "Liberation Mono");
+        row("libreoffice-charformats", "Set in P052", "P052");
+        row("libreoffice-charformats", "Set in Z003", "Z003");
+        row("pandoc-charformats", "Set in Liberation Serif", "Helvetica");
+        row("abiword-charformats", "Set in Liberation Mono", "Liberation Mono");
+    }
+
+    void fontFamilies()
+    {
+        FETCH(QString, name, QString, text);
+        const QTextCharFormat format = sample(name).format(text);
+        QVERIFY(!format.hasProperty(rtftest::NotFound));
+        QTEST(compat::fontFamily(format), "family");
+    }
+
+    void paragraphFormats_data()
+    {
+        Columns<QString, int, QVariant>("start", "property", "value");
+        const auto row = [](const char* start, const char* what, int property, const QVariant& value) {
+            QTest::newRow((QByteArray(start) + ' ' + what).constData())
+                << QString::fromLatin1(start) << property << value;
+        };
+        row("start aligned.", "alignment", QTextFormat::BlockAlignment, int(Qt::AlignLeft));
+        row("end aligned.", "alignment", QTextFormat::BlockAlignment, int(Qt::AlignRight));
+        row("center aligned.", "alignment", QTextFormat::BlockAlignment, int(Qt::AlignHCenter));
+        row("justify aligned.", "alignment", QTextFormat::BlockAlignment, int(Qt::AlignJustify));
+
+        // A first line is given relative to the left indent and kept as a position; the page is 12240 twips
+        // wide with margins of 1800.
+        const char* const both = "Left 0.5 right 0.5 first 0.25.";
+        row(both, "left indent", ORVRtfProperty::LeftIndent, 36.0);
+        row(both, "first line", QTextFormat::TextIndent, 54.0);
+        row(both, "right edge", ORVRtfProperty::RightIndent, 396.0);
+        const char* const hanging = "Left 1 right 1 first -0.25.";
+        row(hanging, "left indent", ORVRtfProperty::LeftIndent, 72.0);
+        row(hanging, "first line", QTextFormat::TextIndent, 54.0);
+        row(hanging, "right edge", ORVRtfProperty::RightIndent, 360.0);
+        row("Left -0.3 right 0 first 0.", "left indent", ORVRtfProperty::LeftIndent, -432 / 20.0);
+
+        row("Before 12 after 0 single.", "space before", QTextFormat::BlockTopMargin, 12.0);
+        row("Before 12 after 0 single.", "space after", QTextFormat::BlockBottomMargin, 0.0);
+        row("Before 0 after 18 single.", "space after", QTextFormat::BlockBottomMargin, 18.0);
+        row("Before 6 after 6 150%.", "line spacing", ORVRtfProperty::LineSpacing, 18.0);
+        row("Before 6 after 6 150%.", "line multiple", ORVRtfProperty::LineMultiple, 12.0);
+        row("Before 0 after 0 18pt.", "line spacing", ORVRtfProperty::LineSpacing, -18.0);
+        row("Before 0 after 0 18pt.", "line multiple", ORVRtfProperty::LineMultiple, QVariant());
+        row("Indents", "page break policy", QTextFormat::PageBreakPolicy, int(ORVRtfProperty::KeepWithNext));
+    }
+
+    void paragraphFormats()
+    {
+        FETCH(QString, start, int, property);
+        const QTextBlock block = blockStartingWith(*sample("libreoffice-paragraphs"_s).document, start);
+        QVERIFY(block.isValid());
+        QTEST(block.blockFormat().property(property), "value");
+    }
+
+    void tabStops()
+    {
+        const QTextBlock block = blockStartingWith(*sample("libreoffice-paragraphs"_s).document, "left0\t"_s);
+        const QList<QTextOption::Tab> expected = {
+            QTextOption::Tab(72.0, QTextOption::LeftTab), QTextOption::Tab(144.0, QTextOption::CenterTab),
+            QTextOption::Tab(216.0, QTextOption::RightTab),
+            QTextOption::Tab(5184 / 20.0, QTextOption::DelimiterTab, QLatin1Char('.'))};
+        QCOMPARE(block.blockFormat().tabPositions(), expected);
+    }
+
+    void links_data()
+    {
+        Columns<QString, QString, QString>("name", "text", "target");
+        const auto row = [](const char* name, const char* text, const char* target) {
+            QTest::newRow((QByteArray(name) + ": " + text).constData())
+                << QString::fromLatin1(name) << QString::fromLatin1(text) << QString::fromUtf8(target);
+        };
+        const char* const writers[] = {"libreoffice-links", "abiword-links", "pandoc-links"};
+        for (const char* writer : writers) {
+            row(writer, "plain web link", "http://example.org/");
+            row(writer, "query & fragment link", "https://example.org/path/to/page.html?x=1&y=2#frag");
+            row(writer, "mail link", "mailto:someone@example.org");
+            row(writer, "ftp link", "ftp://ftp.example.org/pub/");
+            row(writer, "internal link", "#targetA");
+            row(writer, "adjacent", "http://example.org/1");
+            row(writer, " links", "http://example.org/2");
+            row(writer, "link with bold and italic", "http://example.org/f");
+        }
+        row("libreoffice-links", "unicode address link", "https://example.org/\u00fcn\u00ef/\u8def\u5f84");
+        row("pandoc-links", "unicode address link", "https://example.org/\u00fcn\u00ef/\u8def\u5f84");
+        row("libreoffice-links", "escaped address", "https://example.org/a%20b");
+        row("abiword-links", "relative file link", "../../../other/file.rtf");
+    }
+
+    void links()
+    {
+        FETCH(QString, name, QString, text, QString, target);
+        QString linked;
+        const QList<QTextFragment> fragments = rtftest::fragmentsOf(*sample(name).document);
+        for (const QTextFragment& fragment : fragments) {
+            if (fragment.charFormat().isAnchor() && fragment.charFormat().anchorHref() == target)
+                linked += fragment.text();
+        }
+        QCOMPARE(linked, text);
+    }
+
+    void notes_data()
+    {
+        Columns<QString, int, QString, QString>("name", "flag", "before", "text");
+        const auto row = [](const char* name, int flag, const char* before, const char* text) {
+            QTest::newRow((QByteArray(name) + ": " + text).constData())
+                << QString::fromLatin1(name) << flag << QString::fromUtf8(before) << QString::fromUtf8(text);
+        };
+        const int footnote = ORVRtfProperty::InFootnote;
+        row("libreoffice-notes", footnote, "Nobody followed the gardener across the valley",
+            "Foot 2: Anton repaired the archive outside the station.");
+        row("abiword-notes", footnote, "Nobody followed the gardener across the valley",
+            "\tFoot 2: Anton repaired the archive outside the station.");
+        row("pandoc-notes", footnote, "Nobody followed the gardener across the valley",
+            "\u00a0Foot 2: Anton repaired the archive outside the station.");
+        row("libreoffice-notes", footnote, "A note with formats", "Bold note and italic and a link in note");
+        row("libreoffice-notes", footnote, "Owen studied her violin on the upper landing.",
+            "End 1: When Ilse crossed his faded ferry on the upper landing, his invisible clock measured the "
+            "cellar "
+            "half asleep.");
+        row("libreoffice-notes", ORVRtfProperty::InAnnotation, "Anton unlocked the gardener and left. ",
+            "Remark 2: her cellar buried the pale clock before noon");
+    }
+
+    void notes()
+    {
+        FETCH(QString, name, int, flag, QString, before);
+        const QTextBlock block = blockStartingWith(*sample(name).document, before);
+        QVERIFY(block.isValid());
+        QString note;
+        const QList<QTextFragment> fragments = rtftest::fragmentsOf(block);
+        for (const QTextFragment& fragment : fragments) {
+            if (!fragment.charFormat().boolProperty(flag))
+                continue;
+            if (note.isEmpty())
+                QCOMPARE(fragment.position() - block.position(), before.size());
+            note += fragment.text();
+        }
+        QTEST(note, "text");
+    }
+
+    void pictureSizes_data()
+    {
+        const Columns<QString, Sizes> add("name", "sizes");
+        // Goals are twips, at 15 a pixel; the scale of the second picture is 200 %.
+        add("LibreOffice", "libreoffice-pictures", Sizes({{24, 16}, {48, 32}, {48, 32}}));
+        // pandoc states the sizes after the kind of the picture, and only what directly follows the kind is
+        // data.
+        add("pandoc", "pandoc-pictures", Sizes());
+    }
+
+    void pictureSizes()
+    {
+        FETCH(QString, name, Sizes, sizes);
+        Sizes found;
+        const QList<QTextImageFormat> images = sample(name).images();
+        for (const QTextImageFormat& image : images)
+            found << QSize(int(image.width()), int(image.height()));
+        QCOMPARE(found, sizes);
+    }
+
+    void jpegBytesAreKept()
+    {
+        const QByteArray data = sampleData("libreoffice-pictures"_s);
+        const QByteArray start = "\\jpegblip";
+        const int from = int(data.indexOf(start)) + int(start.size());
+        const QByteArray jpeg = QByteArray::fromHex(data.mid(from, data.indexOf('}', from) - from));
+        QCOMPARE(jpeg.size(), 623);
+        const QTextImageFormat image = sample("libreoffice-pictures"_s).images().value(2);
+        QCOMPARE(image.property(ORVRtfProperty::ImageType).toString(), "JPEG"_s);
+        QCOMPARE(image.property(ORVRtfProperty::SourceImageData).toByteArray(), jpeg);
+    }
+
+    void tables_data()
+    {
+        const Columns<QString, QString> add("name", "shapes");
+        const QString grids = "3: apple, bridge(c2) / candle(r2), dapple, ember / falcon, garden(r2) "
+                              "/ hollow(c2)\n"
+                              "3: island, jacket(c2) / kettle(c2), lantern"_s;
+        add("LibreOffice", "libreoffice-grids", grids);
+        add("AbiWord", "abiword-grids", grids);
+        // An empty paragraph surrounds a table in a cell on either side.
+        add("table within a cell", "libreoffice-nested",
+            "2: marble, before||{2: inner one, inner two / inner wide(c2)}||after / needle, -");
+    }
+
+    void tables()
+    {
+        FETCH(QString, name);
+        QTEST(rtftest::tableLines(*sample(name).document), "shapes");
+    }
+
+    void listLevels()
+    {
+        const QList<QTextList*> lists = rtftest::listsOf(*sample("libreoffice-outline"_s).document);
+        QCOMPARE(lists.size(), 3);
+        static const char* const texts[3][3] = {
+            {"%0.", "%1.%0", "%0)"}, {"%0.", "%0.", "(%0)"}, {"\u2022", "\u2013", nullptr}};
+        static const ORVTextListLevel::Kind kinds[3][3] = {
+            {ORVTextListLevel::Decimal, ORVTextListLevel::Decimal, ORVTextListLevel::LowerLetter},
+            {ORVTextListLevel::UpperRoman, ORVTextListLevel::UpperLetter, ORVTextListLevel::LowerRoman},
+            {ORVTextListLevel::Bullet, ORVTextListLevel::Bullet, ORVTextListLevel::Bullet}};
+        for (int list = 0; list < 3; ++list) {
+            const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(lists.at(list)->format());
+            for (int i = 0; i < 3 && texts[list][i]; ++i) {
+                QCOMPARE(levels.at(i).text(), QString::fromUtf8(texts[list][i]));
+                QCOMPARE(levels.at(i).kind(), unsigned(kinds[list][i]));
+                QCOMPARE(levels.at(i).indent(), 36.0 + 18.0 * i);
+                QCOMPARE(levels.at(i).firstLinePosition(), 18.0 + 18.0 * i);
+            }
+        }
+    }
+
+    void listItems()
+    {
+        QCOMPARE(rtftest::itemLines(*sample("libreoffice-outline"_s).document),
+                 "0 0 barley\n0 1 copper\n0 2 linen\n0 2 pepper\n0 1 velvet\n0 0 harbour\n"
+                 "1 0 meadow\n1 1 orchard\n1 2 pebble\n1 1 quarry\n1 0 river\n"
+                 "2 0 saddle\n2 1 timber\n2 1 willow\n2 0 anchor"_s);
+    }
+
+private:
+    const rtftest::Reading& sample(const QString& name)
+    {
+        if (!m_samples.contains(name))
+            m_samples.insert(name, rtftest::read(sampleData(name)));
+        return m_samples[name];
+    }
+
+    QHash<QString, rtftest::Reading> m_samples;
+};
+
+ORV_TEST("samples", TestSamples, QCoreApplication)
+#include "samples.moc"

@@ -1,28 +1,12 @@
-#include "ORVTextRtfStripper.h"
+#include "testsupport.h"
 
-#include <QtCore/QBuffer>
-#include <QtGui/QTextDocument>
-#include <QtTest/QtTest>
+using namespace rtftest;
 
 namespace {
 
 const int unmatchedOpeningBrace = 2;
 const int noDocument = 6;
 const int couldNotOpenDevice = 10;
-
-QByteArray stripped(QByteArray rtf)
-{
-    QBuffer input(&rtf);
-    QByteArray result;
-    QBuffer output(&result);
-    input.open(QIODevice::ReadOnly);
-    output.open(QIODevice::WriteOnly);
-    ORVTextRtfStripper stripper;
-    stripper.setDevice(&input);
-    stripper.setOutput(&output);
-    stripper.process();
-    return result;
-}
 
 /*! An output that refuses everything. */
 class FullDevice : public QIODevice {
@@ -38,406 +22,364 @@ class TestStripper : public QObject {
     Q_OBJECT
 
 private slots:
-    void copies_data();
-    void copies();
-    void everyByteOutsideWordsIsCopied();
-    void longLines();
-    void wordsAcrossTheBuffer_data();
-    void wordsAcrossTheBuffer();
-    void binaryDataBeyondTheLookAheadIsLeft();
-    void deepGroups();
-    void missingDevices();
-    void closedDevices_data();
-    void closedDevices();
-    void devicesAreNeitherOpenedNorClosed();
-    void startsAtTheCurrentPosition();
-    void refusedOutput();
-    void everyPassBeginsAnew();
-    void readsWithoutOutput_data();
-    void readsWithoutOutput();
-    void readsWithoutDevices();
-    void readsIntoNoDocument();
-    void copiesAfterReadingWithoutOutput();
-};
-
-void TestStripper::copies_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::addColumn<QByteArray>("expected");
-
-    QTest::newRow("nothing") << QByteArray() << QByteArray();
-    QTest::newRow("text outside groups") << QByteArray("plain text") << QByteArray("plain text");
-
-    // Control words
-    QTest::newRow("leading zeros") << QByteArray("{\\rtf1\\ansi\\fs024 Hello}")
-                                   << QByteArray("\n{\\rtf1\\ansi\\fs24 Hello}\n");
-    QTest::newRow("negative number") << QByteArray("\\fi-0360 x") << QByteArray("\\fi-360 x");
-    QTest::newRow("plus sign is text") << QByteArray("\\fs+3") << QByteArray("\\fs +3");
-    QTest::newRow("hyphen without number") << QByteArray("\\b-x") << QByteArray("\\b x");
-    QTest::newRow("zero") << QByteArray("\\b0 x") << QByteArray("\\b0 x");
-    QTest::newRow("no delimiter needed between words") << QByteArray("\\b \\i x") << QByteArray("\\b\\i x");
-    QTest::newRow("second blank is text") << QByteArray("\\b  x") << QByteArray("\\b  x");
-    QTest::newRow("no delimiter before a brace") << QByteArray("\\b {x}") << QByteArray("\\b\n{x}\n");
-    QTest::newRow("no delimiter before a closing brace") << QByteArray("{\\b }x") << QByteArray("\n{\\b}\nx");
-    QTest::newRow("line end is the delimiter") << QByteArray("\\b\nx") << QByteArray("\\b\nx");
-    QTest::newRow("carriage return is no delimiter") << QByteArray("\\b\rx") << QByteArray("\\b x");
-    QTest::newRow("nothing owed at the end") << QByteArray("x\\b ") << QByteArray("x\\b");
-    QTest::newRow("unknown word") << QByteArray("a\\foo42 b") << QByteArray("ab");
-    QTest::newRow("unknown word after a known one") << QByteArray("\\b\\foo42 x") << QByteArray("\\b x");
-    QTest::newRow("unknown symbol") << QByteArray("a\\!b") << QByteArray("ab");
-    QTest::newRow("case counts") << QByteArray("\\B x") << QByteArray("x");
-
-    // Groups
-    QTest::newRow("groups on lines of their own")
-        << QByteArray("a{b}c{{d}}") << QByteArray("a\n{b}\nc\n{\n{d}\n}\n");
-    QTest::newRow("unmatched braces") << QByteArray("}{") << QByteArray("}\n\n{");
-    QTest::newRow("line ends are copied") << QByteArray("{a\r\n\r\nb}\n") << QByteArray("\n{a\n\nb}\n\n");
-
-    // Symbols
-    QTest::newRow("escaped brace") << QByteArray("\\{a\\}") << QByteArray("\\{ a\\}");
-    QTest::newRow("no-break space") << QByteArray("a\\~b") << QByteArray("a\\~ b");
-    QTest::newRow("byte") << QByteArray("caf\\'e9s") << QByteArray("caf\\'e9s");
-    QTest::newRow("byte keeps its case") << QByteArray("\\'E9") << QByteArray("\\'E9");
-    QTest::newRow("bytes that are no digits") << QByteArray("\\'{}x") << QByteArray("\\'{}x");
-    QTest::newRow("byte does not pay what is owed") << QByteArray("\\b\\'e9x") << QByteArray("\\b\\'e9 x");
-    QTest::newRow("byte with one digit") << QByteArray("\\'e") << QByteArray("\\'e");
-    QTest::newRow("byte without digits") << QByteArray("x\\'") << QByteArray("x\\'");
-    QTest::newRow("Unicode character") << QByteArray("\\u-3913?x") << QByteArray("\\u-3913 ?x");
-    QTest::newRow("unknown destination") << QByteArray("{\\*\\foo text}") << QByteArray("\n{\\* text}\n");
-    QTest::newRow("known destination")
-        << QByteArray("{\\*\\bkmkstart a}") << QByteArray("\n{\\*\\bkmkstart a}\n");
-
-    // Tables
-    QTest::newRow("cell") << QByteArray("a\\cell b") << QByteArray("a\\cell\nb");
-    QTest::newRow("row") << QByteArray("\\row b") << QByteArray("\\row\nb");
-    QTest::newRow("nested cell") << QByteArray("\\nestcell b") << QByteArray("\\nestcell\nb");
-    QTest::newRow("nested row") << QByteArray("\\nestrow b") << QByteArray("\\nestrow\nb");
-    QTest::newRow("cell boundary") << QByteArray("\\cellx720 b") << QByteArray("\\cellx720\nb");
-    QTest::newRow("cell with a number") << QByteArray("\\cell1 b") << QByteArray("\\cell1\nb");
-
-    // Skipped groups
-    QTest::newRow("picture") << QByteArray("{\\pict\\pngblip 89504e47}") << QByteArray("\n{\\pict}\n");
-    QTest::newRow("number of a picture") << QByteArray("{\\pict01 89}") << QByteArray("\n{\\pict1}\n");
-    QTest::newRow("list number") << QByteArray("{\\listtext 1.\\tab}x") << QByteArray("\n{\\listtext}\nx");
-    QTest::newRow("old list number") << QByteArray("{\\pntext\\'b7}x") << QByteArray("\n{\\pntext}\nx");
-    QTest::newRow("groups within a picture")
-        << QByteArray("{\\pict{\\*\\blipuid 00}{a{b}}\\b\n89}tail") << QByteArray("\n{\\pict}\ntail");
-    QTest::newRow("words before a picture")
-        << QByteArray("{\\b\\pict 89}x") << QByteArray("\n{\\b\\pict}\nx");
-    QTest::newRow("picture outside groups") << QByteArray("\\pict 89}x") << QByteArray("\\pict}\nx");
-    QTest::newRow("picture without end") << QByteArray("{\\pict 89") << QByteArray("\n{\\pict");
-    QTest::newRow("escaped brace within a picture")
-        << QByteArray("{\\pict\\}89}x") << QByteArray("\n{\\pict}\nx");
-
-    // Binary data
-    QTest::newRow("binary data") << QByteArray("\\bin3 }{\\x") << QByteArray("\\bin3}{\\x");
-    QTest::newRow("binary line ends") << QByteArray("\\bin2 \r\nx") << QByteArray("\\bin2\r\nx");
-    QTest::newRow("no binary data") << QByteArray("\\bin0 {x}") << QByteArray("\\bin0\n{x}\n");
-    QTest::newRow("negative count") << QByteArray("\\bin-5 {x}") << QByteArray("\\bin-5\n{x}\n");
-    QTest::newRow("one byte too few") << QByteArray("\\bin3 {x}") << QByteArray("\\bin3\n{x}\n");
-    QTest::newRow("largest count") << QByteArray("\\bin2147483647 {x}")
-                                   << QByteArray("\\bin2147483647\n{x}\n");
-
-    // Damage
-    QTest::newRow("backslash at the end") << QByteArray("x\\") << QByteArray("x");
-    QTest::newRow("word at the end") << QByteArray("x\\b") << QByteArray("xb");
-    QTest::newRow("longest word") << "a\\" + QByteArray(62, 'q') + " b" << QByteArray("ab");
-    QTest::newRow("word too long") << "a\\" + QByteArray(63, 'q') + " b"
-                                   << "a" + QByteArray(63, 'q') + " b";
-}
-
-void TestStripper::copies()
-{
-    QFETCH(QByteArray, rtf);
-    QFETCH(QByteArray, expected);
-
-    QCOMPARE(stripped(rtf), expected);
-}
-
-void TestStripper::everyByteOutsideWordsIsCopied()
-{
-    QByteArray bytes;
-    for (int byte = 0; byte < 256; ++byte) {
-        if (byte != '\\' && byte != '{' && byte != '}' && byte != '\r')
-            bytes += char(byte);
-    }
-
-    QCOMPARE(stripped(bytes), bytes);
-}
-
-void TestStripper::longLines()
-{
-    // Lines longer than any buffer, and more output than is held back.
-    QByteArray rtf;
-    QByteArray expected;
-    for (int i = 0; i < 40; ++i) {
-        const QByteArray text(900 + 37 * i, char('a' + i % 26));
-        rtf += "{\\b " + text + "\\i0" + text + "}";
-        expected += "\n{\\b " + text + "\\i0 " + text + "}\n";
-    }
-
-    QCOMPARE(stripped(rtf), expected);
-}
-
-void TestStripper::wordsAcrossTheBuffer_data()
-{
-    QTest::addColumn<int>("length");
-
-    for (int length = 1000; length < 1060; ++length)
-        QTest::newRow(QByteArray::number(length).constData()) << length;
-}
-
-void TestStripper::wordsAcrossTheBuffer()
-{
-    QFETCH(int, length);
-    const QByteArray text(length, 'a');
-
-    QCOMPARE(stripped(text + "\\fs024 " + text + "\\'e9" + text), text + "\\fs24 " + text + "\\'e9" + text);
-}
-
-void TestStripper::binaryDataBeyondTheLookAheadIsLeft()
-{
-    // The word's look-ahead has fetched the second line, that for the data fetches the third, and no more: so
-    // the data are taken for text, and their brace counts.
-    QCOMPARE(stripped("\\bin8 a\nb\nc\n{cd"), QByteArray("\\bin8a\nb\nc\n\n{cd"));
-    QCOMPARE(stripped("\\bin6 a\nb\n{cd"), QByteArray("\\bin6a\nb\n{cd"));
-}
-
-void TestStripper::deepGroups()
-{
-    const int depth = 100000;
-    QByteArray expected;
-    for (int i = 0; i < depth; ++i)
-        expected += "\n{";
-    for (int i = 0; i < depth; ++i)
-        expected += "}\n";
-
-    QCOMPARE(stripped(QByteArray(depth, '{') + QByteArray(depth, '}')), expected);
-}
-
-void TestStripper::missingDevices()
-{
-    QByteArray rtf("{x}");
-    QBuffer buffer(&rtf);
-    QVERIFY(buffer.open(QIODevice::ReadOnly));
-    QByteArray result;
-    QBuffer output(&result);
-    QVERIFY(output.open(QIODevice::WriteOnly));
-
-    ORVTextRtfStripper withoutDevices;
-    withoutDevices.process();
-
-    ORVTextRtfStripper withoutOutput;
-    withoutOutput.setDevice(&buffer);
-    withoutOutput.process();
-    QCOMPARE(buffer.pos(), qint64(0));
-
-    ORVTextRtfStripper withoutInput;
-    withoutInput.setOutput(&output);
-    withoutInput.process();
-    QCOMPARE(result, QByteArray());
-}
-
-void TestStripper::closedDevices_data()
-{
-    QTest::addColumn<bool>("inputOpen");
-    QTest::addColumn<bool>("outputOpen");
-
-    QTest::newRow("both closed") << false << false;
-    QTest::newRow("input closed") << false << true;
-    QTest::newRow("output closed") << true << false;
-}
-
-void TestStripper::closedDevices()
-{
-    QFETCH(bool, inputOpen);
-    QFETCH(bool, outputOpen);
-    QByteArray rtf("{x}");
-    QBuffer input(&rtf);
-    QByteArray result;
-    QBuffer output(&result);
-    if (inputOpen)
-        QVERIFY(input.open(QIODevice::ReadOnly));
-    if (outputOpen)
-        QVERIFY(output.open(QIODevice::WriteOnly));
-    if (inputOpen)
-        QTest::ignoreMessage(QtWarningMsg, "QIODevice::write (QBuffer): device not open");
-
-    ORVTextRtfStripper stripper;
-    stripper.setDevice(&input);
-    stripper.setOutput(&output);
-    stripper.process();
-
-    QCOMPARE(result, QByteArray());
-    QCOMPARE(input.isOpen(), inputOpen);
-    QCOMPARE(output.isOpen(), outputOpen);
-}
-
-void TestStripper::devicesAreNeitherOpenedNorClosed()
-{
-    QByteArray rtf("{x}");
-    QBuffer input(&rtf);
-    QByteArray result;
-    QBuffer output(&result);
-    QVERIFY(input.open(QIODevice::ReadOnly));
-    QVERIFY(output.open(QIODevice::WriteOnly));
+    void copies_data()
     {
+        const Columns<QByteArray, QByteArray> add("rtf", "expected");
+        add("nothing", QByteArray(), QByteArray());
+        add("text outside groups", "plain text", "plain text");
+
+        // Control words
+        add("leading zeros", "{\\rtf1\\ansi\\fs024 Hello}", "\n{\\rtf1\\ansi\\fs24 Hello}\n");
+        add("negative number", "\\fi-0360 x", "\\fi-360 x");
+        add("plus sign is text", "\\fs+3", "\\fs +3");
+        add("hyphen without number", "\\b-x", "\\b x");
+        add("zero", "\\b0 x", "\\b0 x");
+        add("no delimiter needed between words", "\\b \\i x", "\\b\\i x");
+        add("second blank is text", "\\b  x", "\\b  x");
+        add("no delimiter before a brace", "\\b {x}", "\\b\n{x}\n");
+        add("no delimiter before a closing brace", "{\\b }x", "\n{\\b}\nx");
+        add("line end is the delimiter", "\\b\nx", "\\b\nx");
+        add("carriage return is no delimiter", "\\b\rx", "\\b x");
+        add("nothing owed at the end", "x\\b ", "x\\b");
+        add("unknown word", "a\\foo42 b", "ab");
+        add("unknown word after a known one", "\\b\\foo42 x", "\\b x");
+        add("unknown symbol", "a\\!b", "ab");
+        add("case counts", "\\B x", "x");
+
+        // Groups
+        add("groups on lines of their own", "a{b}c{{d}}", "a\n{b}\nc\n{\n{d}\n}\n");
+        add("unmatched braces", "}{", "}\n\n{");
+        add("line ends are copied", "{a\r\n\r\nb}\n", "\n{a\n\nb}\n\n");
+
+        // Symbols
+        add("escaped brace", "\\{a\\}", "\\{ a\\}");
+        add("no-break space", "a\\~b", "a\\~ b");
+        add("byte", "caf\\'e9s", "caf\\'e9s");
+        add("byte keeps its case", "\\'E9", "\\'E9");
+        add("bytes that are no digits", "\\'{}x", "\\'{}x");
+        add("byte does not pay what is owed", "\\b\\'e9x", "\\b\\'e9 x");
+        add("byte with one digit", "\\'e", "\\'e");
+        add("byte without digits", "x\\'", "x\\'");
+        add("Unicode character", "\\u-3913?x", "\\u-3913 ?x");
+        add("unknown destination", "{\\*\\foo text}", "\n{\\* text}\n");
+        add("known destination", "{\\*\\bkmkstart a}", "\n{\\*\\bkmkstart a}\n");
+
+        // Tables
+        add("cell", "a\\cell b", "a\\cell\nb");
+        add("row", "\\row b", "\\row\nb");
+        add("nested cell", "\\nestcell b", "\\nestcell\nb");
+        add("nested row", "\\nestrow b", "\\nestrow\nb");
+        add("cell boundary", "\\cellx720 b", "\\cellx720\nb");
+        add("cell with a number", "\\cell1 b", "\\cell1\nb");
+
+        // Skipped groups
+        add("picture", "{\\pict\\pngblip 89504e47}", "\n{\\pict}\n");
+        add("number of a picture", "{\\pict01 89}", "\n{\\pict1}\n");
+        add("list number", "{\\listtext 1.\\tab}x", "\n{\\listtext}\nx");
+        add("old list number", "{\\pntext\\'b7}x", "\n{\\pntext}\nx");
+        add("groups within a picture", "{\\pict{\\*\\blipuid 00}{a{b}}\\b\n89}tail", "\n{\\pict}\ntail");
+        add("words before a picture", "{\\b\\pict 89}x", "\n{\\b\\pict}\nx");
+        add("picture outside groups", "\\pict 89}x", "\\pict}\nx");
+        add("picture without end", "{\\pict 89", "\n{\\pict");
+        add("escaped brace within a picture", "{\\pict\\}89}x", "\n{\\pict}\nx");
+
+        // Binary data
+        add("binary data", "\\bin3 }{\\x", "\\bin3}{\\x");
+        add("binary line ends", "\\bin2 \r\nx", "\\bin2\r\nx");
+        add("no binary data", "\\bin0 {x}", "\\bin0\n{x}\n");
+        add("negative count", "\\bin-5 {x}", "\\bin-5\n{x}\n");
+        add("one byte too few", "\\bin3 {x}", "\\bin3\n{x}\n");
+        add("largest count", "\\bin2147483647 {x}", "\\bin2147483647\n{x}\n");
+
+        // Damage
+        add("backslash at the end", "x\\", "x");
+        add("word at the end", "x\\b", "xb");
+        add("longest word", "a\\" + QByteArray(62, 'q') + " b", "ab");
+        add("word too long", "a\\" + QByteArray(63, 'q') + " b", "a" + QByteArray(63, 'q') + " b");
+    }
+
+    void copies()
+    {
+        FETCH(QByteArray, rtf, QByteArray, expected);
+        QCOMPARE(stripped(rtf), expected);
+    }
+
+    void everyByteOutsideWordsIsCopied()
+    {
+        QByteArray bytes;
+        for (int byte = 0; byte < 256; ++byte) {
+            if (byte != '\\' && byte != '{' && byte != '}' && byte != '\r')
+                bytes += char(byte);
+        }
+
+        QCOMPARE(stripped(bytes), bytes);
+    }
+
+    void longLines()
+    {
+        // Lines longer than any buffer, and more output than is held back.
+        QByteArray rtf;
+        QByteArray expected;
+        for (int i = 0; i < 40; ++i) {
+            const QByteArray text(900 + 37 * i, char('a' + i % 26));
+            rtf += "{\\b " + text + "\\i0" + text + "}";
+            expected += "\n{\\b " + text + "\\i0 " + text + "}\n";
+        }
+
+        QCOMPARE(stripped(rtf), expected);
+    }
+
+    void wordsAcrossTheBuffer_data()
+    {
+        const Columns<int> add("length");
+        for (int length = 1000; length < 1060; ++length)
+            add(QByteArray::number(length).constData(), length);
+    }
+
+    void wordsAcrossTheBuffer()
+    {
+        FETCH(int, length);
+        const QByteArray text(length, 'a');
+
+        QCOMPARE(stripped(text + "\\fs024 " + text + "\\'e9" + text),
+                 text + "\\fs24 " + text + "\\'e9" + text);
+    }
+
+    void binaryDataBeyondTheLookAheadIsLeft()
+    {
+        // The word's look-ahead has fetched the second line, that for the data fetches the third, and no
+        // more: so the data are taken for text, and their brace counts.
+        QCOMPARE(stripped("\\bin8 a\nb\nc\n{cd"), "\\bin8a\nb\nc\n\n{cd"_b);
+        QCOMPARE(stripped("\\bin6 a\nb\n{cd"), "\\bin6a\nb\n{cd"_b);
+    }
+
+    void deepGroups()
+    {
+        const int depth = 100000;
+        QByteArray expected;
+        for (int i = 0; i < depth; ++i)
+            expected += "\n{";
+        for (int i = 0; i < depth; ++i)
+            expected += "}\n";
+
+        QCOMPARE(stripped(QByteArray(depth, '{') + QByteArray(depth, '}')), expected);
+    }
+
+    void missingDevices()
+    {
+        QByteArray rtf("{x}");
+        QBuffer buffer(&rtf);
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
+        QByteArray result;
+        QBuffer output(&result);
+        QVERIFY(output.open(QIODevice::WriteOnly));
+
+        ORVTextRtfStripper withoutDevices;
+        withoutDevices.process();
+
+        ORVTextRtfStripper withoutOutput;
+        withoutOutput.setDevice(&buffer);
+        withoutOutput.process();
+        QCOMPARE(buffer.pos(), qint64(0));
+
+        ORVTextRtfStripper withoutInput;
+        withoutInput.setOutput(&output);
+        withoutInput.process();
+        QCOMPARE(result, QByteArray());
+    }
+
+    void closedDevices_data()
+    {
+        const Columns<bool, bool> add("inputOpen", "outputOpen");
+        add("both closed", false, false);
+        add("input closed", false, true);
+        add("output closed", true, false);
+    }
+
+    void closedDevices()
+    {
+        FETCH(bool, inputOpen, bool, outputOpen);
+        QByteArray rtf("{x}");
+        QBuffer input(&rtf);
+        QByteArray result;
+        QBuffer output(&result);
+        if (inputOpen)
+            QVERIFY(input.open(QIODevice::ReadOnly));
+        if (outputOpen)
+            QVERIFY(output.open(QIODevice::WriteOnly));
+        if (inputOpen)
+            QTest::ignoreMessage(QtWarningMsg, "QIODevice::write (QBuffer): device not open");
+
         ORVTextRtfStripper stripper;
         stripper.setDevice(&input);
         stripper.setOutput(&output);
-        QCOMPARE(stripper.device(), static_cast<QIODevice*>(&input));
         stripper.process();
+
+        QCOMPARE(result, QByteArray());
+        QCOMPARE(input.isOpen(), inputOpen);
+        QCOMPARE(output.isOpen(), outputOpen);
     }
 
-    QVERIFY(input.isOpen());
-    QVERIFY(output.isOpen());
-    QCOMPARE(result, QByteArray("\n{x}\n"));
-}
-
-void TestStripper::startsAtTheCurrentPosition()
-{
-    QByteArray rtf("{skipped}{x}");
-    QBuffer input(&rtf);
-    QByteArray result("before");
-    QBuffer output(&result);
-    QVERIFY(input.open(QIODevice::ReadOnly));
-    QVERIFY(input.seek(9));
-    QVERIFY(output.open(QIODevice::Append));
-
-    ORVTextRtfStripper stripper;
-    stripper.setDevice(&input);
-    stripper.setOutput(&output);
-    stripper.process();
-
-    QCOMPARE(result, QByteArray("before\n{x}\n"));
-}
-
-void TestStripper::refusedOutput()
-{
-    QByteArray rtf(100000, '{');
-    QBuffer input(&rtf);
-    QVERIFY(input.open(QIODevice::ReadOnly));
-    FullDevice output;
-    QVERIFY(output.open(QIODevice::WriteOnly));
-
-    ORVTextRtfStripper stripper;
-    stripper.setDevice(&input);
-    stripper.setOutput(&output);
-    stripper.process();
-
-    QVERIFY(input.atEnd());
-}
-
-void TestStripper::everyPassBeginsAnew()
-{
-    QByteArray first("{\\pict 89");
-    QByteArray second("x\\b");
-    QByteArray third(" y");
-    QByteArray result;
-    QBuffer output(&result);
-    QVERIFY(output.open(QIODevice::WriteOnly));
-    ORVTextRtfStripper stripper;
-    stripper.setOutput(&output);
-    for (QByteArray* rtf : {&first, &second, &third}) {
-        QBuffer input(rtf);
+    void devicesAreNeitherOpenedNorClosed()
+    {
+        QByteArray rtf("{x}");
+        QBuffer input(&rtf);
+        QByteArray result;
+        QBuffer output(&result);
         QVERIFY(input.open(QIODevice::ReadOnly));
-        stripper.setDevice(&input);
-        stripper.process();
+        QVERIFY(output.open(QIODevice::WriteOnly));
+        {
+            ORVTextRtfStripper stripper;
+            stripper.setDevice(&input);
+            stripper.setOutput(&output);
+            QCOMPARE(stripper.device(), static_cast<QIODevice*>(&input));
+            stripper.process();
+        }
+
+        QVERIFY(input.isOpen());
+        QVERIFY(output.isOpen());
+        QCOMPARE(result, "\n{x}\n"_b);
     }
 
-    QCOMPARE(result, QByteArray("\n{\\pictxb y"));
-}
+    void startsAtTheCurrentPosition()
+    {
+        QByteArray rtf("{skipped}{x}");
+        QBuffer input(&rtf);
+        QByteArray result("before");
+        QBuffer output(&result);
+        QVERIFY(input.open(QIODevice::ReadOnly));
+        QVERIFY(input.seek(9));
+        QVERIFY(output.open(QIODevice::Append));
 
-void TestStripper::readsWithoutOutput_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::addColumn<QString>("text");
+        ORVTextRtfStripper stripper;
+        stripper.setDevice(&input);
+        stripper.setOutput(&output);
+        stripper.process();
 
-    QTest::newRow("nothing") << QByteArray() << QString();
-    QTest::newRow("text without words") << QByteArray("{text}") << QString::fromLatin1("text");
-    QTest::newRow("words and text") << QByteArray("{\\rtf1 one\\par two}") << QString::fromLatin1("onetwo");
-    // More than is held back for an output, in words, in numbers and in bytes.
-    const int count = 20000;
-    QTest::newRow("many words") << "{\\rtf1" + QByteArray("\\b").repeated(count) + " text}"
-                                << QString::fromLatin1("text");
-    QTest::newRow("many numbers") << "{\\rtf1" + QByteArray("\\fs24").repeated(count) + " text}"
-                                  << QString::fromLatin1("text");
-    QTest::newRow("many words between text")
-        << "{\\rtf1" + QByteArray("\\b x").repeated(count) + "}" << QString(count, QLatin1Char('x'));
-    QTest::newRow("many escaped bytes")
-        << "{\\rtf1" + QByteArray("\\'e9").repeated(count) + "text}" << QString::fromLatin1("text");
-    QTest::newRow("much binary data") << QByteArray("\\bin200 " + QByteArray(200, 'x')).repeated(count / 200)
-            + "{text}" << QString::fromLatin1("text");
-    QTest::newRow("damage") << QByteArray("}{\\rtf1 text{") << QString::fromLatin1("text");
-}
+        QCOMPARE(result, "before\n{x}\n"_b);
+    }
 
-/*! The inherited read() has nowhere to write what it copies: it reads all the same, and fails. */
-void TestStripper::readsWithoutOutput()
-{
-    QFETCH(QByteArray, rtf);
-    QFETCH(QString, text);
-    QBuffer input(&rtf);
-    QVERIFY(input.open(QIODevice::ReadOnly));
-    QTextDocument document;
+    void refusedOutput()
+    {
+        QByteArray rtf(100000, '{');
+        QBuffer input(&rtf);
+        QVERIFY(input.open(QIODevice::ReadOnly));
+        FullDevice output;
+        QVERIFY(output.open(QIODevice::WriteOnly));
 
-    ORVTextRtfStripper stripper;
-    stripper.setDevice(&input);
+        ORVTextRtfStripper stripper;
+        stripper.setDevice(&input);
+        stripper.setOutput(&output);
+        stripper.process();
 
-    QVERIFY(!stripper.read(&document));
-    QCOMPARE(stripper.error(), couldNotOpenDevice);
-    QCOMPARE(stripper.errorString(), QString::fromLatin1("Could not open device"));
-    QVERIFY(input.atEnd());
-    QCOMPARE(document.toPlainText(), text);
-}
+        QVERIFY(input.atEnd());
+    }
 
-void TestStripper::readsWithoutDevices()
-{
-    QTextDocument document;
-    ORVTextRtfStripper stripper;
+    void everyPassBeginsAnew()
+    {
+        QByteArray first("{\\pict 89");
+        QByteArray second("x\\b");
+        QByteArray third(" y");
+        QByteArray result;
+        QBuffer output(&result);
+        QVERIFY(output.open(QIODevice::WriteOnly));
+        ORVTextRtfStripper stripper;
+        stripper.setOutput(&output);
+        for (QByteArray* rtf : {&first, &second, &third}) {
+            QBuffer input(rtf);
+            QVERIFY(input.open(QIODevice::ReadOnly));
+            stripper.setDevice(&input);
+            stripper.process();
+        }
 
-    QVERIFY(!stripper.read(&document));
-    QCOMPARE(stripper.error(), couldNotOpenDevice);
-}
+        QCOMPARE(result, "\n{\\pictxb y"_b);
+    }
 
-void TestStripper::readsIntoNoDocument()
-{
-    QByteArray rtf("{x}");
-    QBuffer input(&rtf);
-    QVERIFY(input.open(QIODevice::ReadOnly));
-    ORVTextRtfStripper stripper;
-    stripper.setDevice(&input);
+    void readsWithoutOutput_data()
+    {
+        const Columns<QByteArray, QString> add("rtf", "text");
+        add("nothing", QByteArray(), QString());
+        add("text without words", "{text}", "text");
+        add("words and text", "{\\rtf1 one\\par two}", "onetwo");
+        // More than is held back for an output, in words, in numbers and in bytes.
+        const int count = 20000;
+        add("many words", "{\\rtf1" + "\\b"_b.repeated(count) + " text}", "text");
+        add("many numbers", "{\\rtf1" + "\\fs24"_b.repeated(count) + " text}", "text");
+        add("many words between text", "{\\rtf1" + "\\b x"_b.repeated(count) + "}",
+            QString(count, QLatin1Char('x')));
+        add("many escaped bytes", "{\\rtf1" + "\\'e9"_b.repeated(count) + "text}", "text");
+        add("much binary data",
+            QByteArray("\\bin200 " + QByteArray(200, 'x')).repeated(count / 200) + "{text}", "text");
+        add("damage", "}{\\rtf1 text{", "text");
+    }
 
-    QVERIFY(!stripper.read(nullptr));
-    QCOMPARE(stripper.error(), noDocument);
-}
+    /*! The inherited read() has nowhere to write what it copies: it reads all the same, and fails. */
+    void readsWithoutOutput()
+    {
+        FETCH(QByteArray, rtf, QString, text);
+        QBuffer input(&rtf);
+        QVERIFY(input.open(QIODevice::ReadOnly));
+        QTextDocument document;
 
-void TestStripper::copiesAfterReadingWithoutOutput()
-{
-    QByteArray first("{\\rtf1\\b first");
-    QByteArray second("{\\b second}");
-    QBuffer input(&first);
-    QVERIFY(input.open(QIODevice::ReadOnly));
-    QTextDocument document;
-    QByteArray result;
-    QBuffer output(&result);
-    QVERIFY(output.open(QIODevice::WriteOnly));
+        ORVTextRtfStripper stripper;
+        stripper.setDevice(&input);
 
-    ORVTextRtfStripper stripper;
-    stripper.setDevice(&input);
-    QVERIFY(!stripper.read(&document));
-    QBuffer inputOfCopy(&second);
-    QVERIFY(inputOfCopy.open(QIODevice::ReadOnly));
-    stripper.setDevice(&inputOfCopy);
-    stripper.setOutput(&output);
-    stripper.process();
-    QCOMPARE(result, QByteArray("\n{\\b second}\n"));
+        QVERIFY(!stripper.read(&document));
+        QCOMPARE(stripper.error(), couldNotOpenDevice);
+        QCOMPARE(stripper.errorString(), "Could not open device"_s);
+        QVERIFY(input.atEnd());
+        QCOMPARE(document.toPlainText(), text);
+    }
 
-    // With an output the status is that of the input again.
-    QVERIFY(input.seek(0));
-    stripper.setDevice(&input);
-    QVERIFY(!stripper.read(&document));
-    QCOMPARE(stripper.error(), unmatchedOpeningBrace);
-}
+    void readsWithoutDevices()
+    {
+        QTextDocument document;
+        ORVTextRtfStripper stripper;
 
-QTEST_MAIN(TestStripper)
-#include "tst_stripper.moc"
+        QVERIFY(!stripper.read(&document));
+        QCOMPARE(stripper.error(), couldNotOpenDevice);
+    }
+
+    void readsIntoNoDocument()
+    {
+        QByteArray rtf("{x}");
+        QBuffer input(&rtf);
+        QVERIFY(input.open(QIODevice::ReadOnly));
+        ORVTextRtfStripper stripper;
+        stripper.setDevice(&input);
+
+        QVERIFY(!stripper.read(nullptr));
+        QCOMPARE(stripper.error(), noDocument);
+    }
+
+    void copiesAfterReadingWithoutOutput()
+    {
+        QByteArray first("{\\rtf1\\b first");
+        QByteArray second("{\\b second}");
+        QBuffer input(&first);
+        QVERIFY(input.open(QIODevice::ReadOnly));
+        QTextDocument document;
+        QByteArray result;
+        QBuffer output(&result);
+        QVERIFY(output.open(QIODevice::WriteOnly));
+
+        ORVTextRtfStripper stripper;
+        stripper.setDevice(&input);
+        QVERIFY(!stripper.read(&document));
+        QBuffer inputOfCopy(&second);
+        QVERIFY(inputOfCopy.open(QIODevice::ReadOnly));
+        stripper.setDevice(&inputOfCopy);
+        stripper.setOutput(&output);
+        stripper.process();
+        QCOMPARE(result, "\n{\\b second}\n"_b);
+
+        // With an output the status is that of the input again.
+        QVERIFY(input.seek(0));
+        stripper.setDevice(&input);
+        QVERIFY(!stripper.read(&document));
+        QCOMPARE(stripper.error(), unmatchedOpeningBrace);
+    }
+};
+
+ORV_TEST("stripper", TestStripper, QGuiApplication)
+#include "stripper.moc"

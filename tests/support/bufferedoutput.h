@@ -4,7 +4,7 @@
 #include "ORVRtfOutput_p.h"
 
 #include <QtCore/QBuffer>
-#include <QtTest/QTest>
+#include <QtTest/QtTest>
 
 namespace rtftest {
 

@@ -10,7 +10,7 @@
 #include <QtCore/QSet>
 #include <QtCore/QVector>
 #include <QtGui/QTextCursor>
-#include <QtTest/QTest>
+#include <QtTest/QtTest>
 
 /*! What the tests of writing share: one call that writes, and a check of whatever was written. */
 namespace rtftest {

@@ -1,65 +1,21 @@
 #include "conversionhelpers.h"
+#include "testpaths.h"
 #include "tooltest.h"
-
-#include <QDir>
-#include <QImage>
-#include <QRegularExpression>
-
-/*! What the tool makes for the eye: PDF, pictures of pages and ODT, as other programs see it. */
-class tst_tool_pages : public ToolTest {
-    Q_OBJECT
-
-private slots:
-    void samples_data();
-    void samples();
-    void odtSamples_data();
-    void odtSamples();
-    void pageOfRtfIsKept();
-    void pageOfConvertedFileIsKept();
-    void a4UnlessStated_data();
-    void a4UnlessStated();
-    void unusablePage();
-    void lengthsOfMilesShowTheText_data();
-    void lengthsOfMilesShowTheText();
-    void fontsAreEmbedded();
-    void pageBreaksMakePictures();
-    void indentsAreSeen();
-    void htmlShowsIndents();
-    void htmlShowsExactLineHeights();
-    void levelsOfLists();
-    void noPictureFromDisk_data();
-    void noPictureFromDisk();
-    void standardOutput_data();
-    void standardOutput();
-    void picturesNeedFiles();
-    void unwritablePictureIsNamed();
-    void pictureOverTheInputIsRefused_data();
-    void pictureOverTheInputIsRefused();
-    void picturesOfOtherPagesStay();
-    void interruptedPicturesAreRemoved();
-    void nothingIsLeftBehind_data();
-    void nothingIsLeftBehind();
-
-private:
-    QByteArray program(const char* name, const QStringList& arguments) const;
-    QString pdfText(const QString& path) const;
-    void convert(const QStringList& arguments, const QByteArray& input = QByteArray()) const;
-};
 
 namespace {
 
 QString sample(const QString& name)
 {
-    return QString::fromUtf8(TEST_DATA_DIR) + QLatin1Char('/') + name + QStringLiteral(".rtf");
+    return QString::fromUtf8(TEST_DATA_DIR) + QLatin1Char('/') + name + ".rtf"_s;
 }
 
 /*! The words of \a text, in whatever order columns have put them; small capitals are drawn as capitals. */
 QStringList sortedWords(const QString& text)
 {
-    QStringList words = text.normalized(QString::NormalizationForm_KC)
-                            .toLower()
-                            .split(QRegularExpression(QStringLiteral("\\W+"),
-                                                      QRegularExpression::UseUnicodePropertiesOption));
+    QStringList words =
+        text.normalized(QString::NormalizationForm_KC)
+            .toLower()
+            .split(QRegularExpression("\\W+"_s, QRegularExpression::UseUnicodePropertiesOption));
     words.removeAll(QString());
     words.sort();
     return words;
@@ -88,360 +44,347 @@ int leftmostInk(const QImage& image)
 
 } // namespace
 
-QByteArray tst_tool_pages::program(const char* name, const QStringList& arguments) const
-{
-    QProcess process;
-    process.start(QString::fromLatin1(name), arguments);
-    if (!process.waitForStarted() || !process.waitForFinished(120000) || process.exitCode() != 0)
-        qFatal("%s fails: %s", name, process.readAllStandardError().constData());
-    return process.readAllStandardOutput();
-}
+/*! What the tool makes for the eye: PDF, pictures of pages and ODT, as other programs see it. */
+class TestToolPages : public ToolTest {
+    Q_OBJECT
 
-QString tst_tool_pages::pdfText(const QString& path) const
-{
-    return QString::fromUtf8(program("pdftotext", {path, QStringLiteral("-")}));
-}
-
-void tst_tool_pages::convert(const QStringList& arguments, const QByteArray& input) const
-{
-    const ToolRun result = run(QStringList(QStringLiteral("convert")) + arguments, input);
-    if (result.exitCode != 0 || !result.err.isEmpty())
-        qFatal("convert ends with %d: %s", result.exitCode, result.err.constData());
-}
-
-void tst_tool_pages::samples_data()
-{
-    QTest::addColumn<QString>("pageSize");
-    QTest::addColumn<QSize>("pixels");
-
-    const QString letter = QStringLiteral("612 x 792 pts (letter)");
-    const QString a4 = QStringLiteral("595 x 842 pts (A4)");
-    for (const char* name : {"libreoffice-essay", "libreoffice-links", "libreoffice-notes", "pandoc-lists"})
-        QTest::newRow(name) << letter << QSize(816, 1056);
-    for (const char* name : {"libreoffice-grids", "libreoffice-outline", "libreoffice-pictures"})
-        QTest::newRow(name) << a4 << QSize(794, 1123);
-    QTest::newRow("abiword-grids") << a4 << QSize(794, 1122);
-}
-
-// The page, all the words, and as many pictures as there are pages.
-void tst_tool_pages::samples()
-{
-    QFETCH(QString, pageSize);
-    QFETCH(QSize, pixels);
-    const QString in = sample(QString::fromLatin1(QTest::currentDataTag()));
-    convert({in, path("out.pdf")});
-    convert({in, path("out.png")});
-    convert({in, path("out.txt")});
-
-    const QString info = QString::fromLatin1(program("pdfinfo", {path("out.pdf")}));
-    QVERIFY2(info.contains(
-                 QRegularExpression(QStringLiteral("Page size:\\s+") + QRegularExpression::escape(pageSize))),
-             qPrintable(info));
-    const int pages = QRegularExpression(QStringLiteral("Pages:\\s+(\\d+)")).match(info).captured(1).toInt();
-    QVERIFY(pages >= 1);
-    QCOMPARE(QDir(m_dir->path()).entryList({QStringLiteral("out*.png")}).size(), pages);
-    QCOMPARE(missingWords(QString::fromUtf8(read(path("out.txt"))), pdfText(path("out.pdf"))), QString());
-    for (int page = 1; page <= pages; ++page) {
-        const QImage image(page == 1 ? path("out.png")
-                                     : path(QStringLiteral("out-%1.png").arg(page).toLatin1().constData()));
-        QCOMPARE(image.size(), pixels);
-        QVERIFY(leftmostInk(image) > 0);
+private slots:
+    void samples_data()
+    {
+        const Columns<QString, QSize> add("pageSize", "pixels");
+        const QString letter = "612 x 792 pts (letter)"_s;
+        const QString a4 = "595 x 842 pts (A4)"_s;
+        for (const char* name :
+             {"libreoffice-essay", "libreoffice-links", "libreoffice-notes", "pandoc-lists"})
+            add(name, letter, QSize(816, 1056));
+        for (const char* name : {"libreoffice-grids", "libreoffice-outline", "libreoffice-pictures"})
+            add(name, a4, QSize(794, 1123));
+        add("abiword-grids", a4, QSize(794, 1122));
     }
-}
 
-void tst_tool_pages::odtSamples_data()
-{
-    QTest::addColumn<QString>("name");
+    // The page, all the words, and as many pictures as there are pages.
+    void samples()
+    {
+        FETCH(QString, pageSize, QSize, pixels);
+        const QString in = sample(QString::fromLatin1(QTest::currentDataTag()));
+        convert({in, path("out.pdf")});
+        convert({in, path("out.png")});
+        convert({in, path("out.txt")});
 
-    for (const char* name :
-         {"abiword-grids", "libreoffice-essay", "libreoffice-nested", "libreoffice-outline", "pandoc-lists"})
-        QTest::newRow(name) << QString::fromLatin1(name);
-}
+        const QString info = QString::fromLatin1(program("pdfinfo", {path("out.pdf")}));
+        QVERIFY2(info.contains(QRegularExpression("Page size:\\s+"_s + QRegularExpression::escape(pageSize))),
+                 qPrintable(info));
+        const int pages = QRegularExpression("Pages:\\s+(\\d+)"_s).match(info).captured(1).toInt();
+        QVERIFY(pages >= 1);
+        QCOMPARE(QDir(m_dir->path()).entryList({"out*.png"_s}).size(), pages);
+        QCOMPARE(missingWords(QString::fromUtf8(read(path("out.txt"))), pdfText(path("out.pdf"))), QString());
+        for (int page = 1; page <= pages; ++page) {
+            const QImage image(page == 1 ? path("out.png")
+                                         : path("out-%1.png"_s.arg(page).toLatin1().constData()));
+            QCOMPARE(image.size(), pixels);
+            QVERIFY(leftmostInk(image) > 0);
+        }
+    }
 
-void tst_tool_pages::odtSamples()
-{
-    QFETCH(QString, name);
-    const QString in = sample(name);
-    convert({in, path("out.odt")});
-    convert({in, path("expected.txt")});
-    conversiontest::convertWithLibreOffice(path("out.odt"), QStringLiteral("txt:Text (encoded):UTF8"),
-                                           m_dir->path());
-    QCOMPARE(
-        missingWords(QString::fromUtf8(read(path("expected.txt"))), QString::fromUtf8(read(path("out.txt")))),
-        QString());
-}
+    void odtSamples_data()
+    {
+        const Columns<QString> add("name");
+        for (const char* name : {"abiword-grids", "libreoffice-essay", "libreoffice-nested",
+                                 "libreoffice-outline", "pandoc-lists"})
+            add(name, QString::fromLatin1(name));
+    }
 
-void tst_tool_pages::pageOfRtfIsKept()
-{
-    const QByteArray page = "\\paperw10001\\paperh9003\\margl701\\margr307\\margt1009\\margb1111";
-    write("in.rtf", "{\\rtf1" + page + " \\ri500 text}");
-    convert(words("in.rtf out.rtf"));
-    const QByteArray rtf = read(path("out.rtf"));
-    QVERIFY2(rtf.contains(page), rtf.constData());
-    QVERIFY2(rtf.contains("\\ri500\\"), rtf.constData());
-}
+    void odtSamples()
+    {
+        FETCH(QString, name);
+        const QString in = sample(name);
+        convert({in, path("out.odt")});
+        convert({in, path("expected.txt")});
+        conversiontest::convertWithLibreOffice(path("out.odt"), "txt:Text (encoded):UTF8"_s, m_dir->path());
+        QCOMPARE(missingWords(QString::fromUtf8(read(path("expected.txt"))),
+                              QString::fromUtf8(read(path("out.txt")))),
+                 QString());
+    }
 
-void tst_tool_pages::pageOfConvertedFileIsKept()
-{
-    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("bin")));
-    conversiontest::writeScript(path("bin/soffice"),
-                                "printf '{\\\\rtf1\\\\paperw11906\\\\paperh16838\\\\margl1134\\\\margr1134 "
-                                "\\\\ri0 text}' >output/source.rtf");
-    m_environment.insert(QStringLiteral("PATH"), path("bin"));
-    write("in.docx", "content");
-    convert(words("in.docx out.rtf"));
-    const QByteArray rtf = read(path("out.rtf"));
-    QVERIFY2(rtf.contains("\\paperw11906\\paperh16838\\margl1134\\margr1134"), rtf.constData());
-    QVERIFY2(rtf.contains("\\ri0\\"), rtf.constData());
-}
+    void pageOfRtfIsKept()
+    {
+        const QByteArray page = "\\paperw10001\\paperh9003\\margl701\\margr307\\margt1009\\margb1111";
+        write("in.rtf", "{\\rtf1" + page + " \\ri500 text}");
+        convert(words("in.rtf out.rtf"));
+        const QByteArray rtf = read(path("out.rtf"));
+        QVERIFY2(rtf.contains(page), rtf.constData());
+        QVERIFY2(rtf.contains("\\ri500\\"), rtf.constData());
+    }
 
-void tst_tool_pages::a4UnlessStated_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QByteArray>("content");
-    QTest::addColumn<QByteArray>("pageSize");
+    void pageOfConvertedFileIsKept()
+    {
+        QVERIFY(QDir(m_dir->path()).mkdir("bin"_s));
+        conversiontest::writeScript(
+            path("bin/soffice"),
+            "printf '{\\\\rtf1\\\\paperw11906\\\\paperh16838\\\\margl1134\\\\margr1134 "
+            "\\\\ri0 text}' >output/source.rtf");
+        m_environment.insert("PATH"_s, path("bin"));
+        write("in.docx", "content");
+        convert(words("in.docx out.rtf"));
+        const QByteArray rtf = read(path("out.rtf"));
+        QVERIFY2(rtf.contains("\\paperw11906\\paperh16838\\margl1134\\margr1134"), rtf.constData());
+        QVERIFY2(rtf.contains("\\ri0\\"), rtf.constData());
+    }
 
-    QTest::newRow("html") << QStringLiteral("in.html") << QByteArray("text")
-                          << QByteArray("595 x 842 pts (A4)");
-    QTest::newRow("txt") << QStringLiteral("in.txt") << QByteArray("text")
-                         << QByteArray("595 x 842 pts (A4)");
-    // What RTF has where it says nothing.
-    QTest::newRow("rtf") << QStringLiteral("in.rtf") << QByteArray("{\\rtf1 text}")
-                         << QByteArray("612 x 792 pts (letter)");
-}
+    void a4UnlessStated_data()
+    {
+        const Columns<QString, QByteArray, QByteArray> add("name", "content", "pageSize");
+        add("html", "in.html", "text", "595 x 842 pts (A4)");
+        add("txt", "in.txt", "text", "595 x 842 pts (A4)");
+        // What RTF has where it says nothing.
+        add("rtf", "in.rtf", "{\\rtf1 text}", "612 x 792 pts (letter)");
+    }
 
-void tst_tool_pages::a4UnlessStated()
-{
-    QFETCH(QString, name);
-    QFETCH(QByteArray, content);
-    QFETCH(QByteArray, pageSize);
-    write(name.toLatin1().constData(), content);
-    convert({name, path("out.pdf")});
-    const QByteArray info = program("pdfinfo", {path("out.pdf")});
-    QVERIFY2(info.contains(pageSize), info.constData());
-}
+    void a4UnlessStated()
+    {
+        FETCH(QString, name, QByteArray, content, QByteArray, pageSize);
+        write(name.toLatin1().constData(), content);
+        convert({name, path("out.pdf")});
+        const QByteArray info = program("pdfinfo", {path("out.pdf")});
+        QVERIFY2(info.contains(pageSize), info.constData());
+    }
 
-void tst_tool_pages::unusablePage()
-{
-    write("in.rtf", "{\\rtf1\\paperw0\\paperh-5\\margl99999999\\margr-7 i}");
-    convert(words("in.rtf out.pdf"));
-    QVERIFY(program("pdfinfo", {path("out.pdf")}).contains("612 x 792 pts (letter)"));
-    QVERIFY(pdfText(path("out.pdf")).contains(QLatin1Char('i')));
-}
+    void unusablePage()
+    {
+        write("in.rtf", "{\\rtf1\\paperw0\\paperh-5\\margl99999999\\margr-7 i}");
+        convert(words("in.rtf out.pdf"));
+        QVERIFY(program("pdfinfo", {path("out.pdf")}).contains("612 x 792 pts (letter)"));
+        QVERIFY(pdfText(path("out.pdf")).contains(QLatin1Char('i')));
+    }
 
-void tst_tool_pages::lengthsOfMilesShowTheText_data()
-{
-    QTest::addColumn<QByteArray>("body");
+    void lengthsOfMilesShowTheText_data()
+    {
+        const Columns<QByteArray> add("body");
+        for (const char* words :
+             {"\\sb100000000", "\\sb2000000000", "\\sa300000000", "\\sl300000000", "\\sl-300000000",
+              "\\sl2000000000\\slmult1", "\\fi-2000000000", "\\li300000000", "\\ri-300000000"})
+            add(words + 1, QByteArray(words) + " i\\par i\\par i");
+        add("trgaph", "\\trowd\\trgaph300000000\\cellx3000\\intbl i\\par i\\par i\\cell\\row");
+    }
 
-    for (const char* words :
-         {"\\sb100000000", "\\sb2000000000", "\\sa300000000", "\\sl300000000", "\\sl-300000000",
-          "\\sl2000000000\\slmult1", "\\fi-2000000000", "\\li300000000", "\\ri-300000000"})
-        QTest::newRow(words + 1) << QByteArray(words) + " i\\par i\\par i";
-    QTest::newRow("trgaph") << QByteArray(
-        "\\trowd\\trgaph300000000\\cellx3000\\intbl i\\par i\\par i\\cell\\row");
-}
+    void lengthsOfMilesShowTheText()
+    {
+        FETCH(QByteArray, body);
+        write("in.rtf", "{\\rtf1" + body + '}');
+        convert(words("in.rtf out.pdf"));
+        QCOMPARE(pdfText(path("out.pdf")).simplified(), "i i i"_s);
+    }
 
-void tst_tool_pages::lengthsOfMilesShowTheText()
-{
-    QFETCH(QByteArray, body);
-    write("in.rtf", "{\\rtf1" + body + '}');
-    convert(words("in.rtf out.pdf"));
-    QCOMPARE(pdfText(path("out.pdf")).simplified(), QStringLiteral("i i i"));
-}
+    void fontsAreEmbedded()
+    {
+        convert({sample("libreoffice-essay"_s), path("out.pdf")});
+        const QList<QByteArray> lines = program("pdffonts", {path("out.pdf")}).split('\n');
+        QVERIFY(lines.size() > 3);
+        for (int i = 2; i < lines.size() - 1; ++i)
+            QVERIFY2(
+                QString::fromLatin1(lines.at(i)).contains(QRegularExpression(" yes +(yes|no) +(yes|no) "_s)),
+                lines.at(i).constData());
+    }
 
-void tst_tool_pages::fontsAreEmbedded()
-{
-    convert({sample(QStringLiteral("libreoffice-essay")), path("out.pdf")});
-    const QList<QByteArray> lines = program("pdffonts", {path("out.pdf")}).split('\n');
-    QVERIFY(lines.size() > 3);
-    for (int i = 2; i < lines.size() - 1; ++i)
-        QVERIFY2(QString::fromLatin1(lines.at(i))
-                     .contains(QRegularExpression(QStringLiteral(" yes +(yes|no) +(yes|no) "))),
-                 lines.at(i).constData());
-}
+    void pageBreaksMakePictures()
+    {
+        write("in.rtf", "{\\rtf1 one\\page two\\par\\pagebb three}");
+        convert(words("in.rtf out.PNG --to png"));
+        QCOMPARE(QDir(m_dir->path()).entryList({"out*"_s}, QDir::Files, QDir::Name),
+                 words("out-2.PNG out-3.PNG out.PNG"));
+    }
 
-void tst_tool_pages::pageBreaksMakePictures()
-{
-    write("in.rtf", "{\\rtf1 one\\page two\\par\\pagebb three}");
-    convert(words("in.rtf out.PNG --to png"));
-    QCOMPARE(QDir(m_dir->path()).entryList({QStringLiteral("out*")}, QDir::Files, QDir::Name),
-             words("out-2.PNG out-3.PNG out.PNG"));
-}
+    // The left margin is 100 pixels, the indent 48 more.
+    void indentsAreSeen()
+    {
+        for (const int indent : {0, 720}) {
+            write("in.rtf", "{\\rtf1\\margl1500\\pard\\li" + QByteArray::number(indent) + "\\fs40 HHH}");
+            convert(words("in.rtf out.png"));
+            const int ink = leftmostInk(QImage(path("out.png")));
+            const int expected = 100 + indent / 15;
+            QVERIFY2(ink >= expected && ink <= expected + 3, QByteArray::number(ink).constData());
+        }
+    }
 
-// The left margin is 100 pixels, the indent 48 more.
-void tst_tool_pages::indentsAreSeen()
-{
-    for (const int indent : {0, 720}) {
-        write("in.rtf", "{\\rtf1\\margl1500\\pard\\li" + QByteArray::number(indent) + "\\fs40 HHH}");
+    void htmlShowsIndents()
+    {
+        const ToolRun result =
+            run(words("convert - - --to html"), "{\\rtf1\\pard\\li720\\fi-360\\sb240\\sl360\\slmult1 text}");
+        QVERIFY2(
+            result.out.contains("margin-top:16px; margin-bottom:0px; margin-left:48px; margin-right:0px; "
+                                "-qt-block-indent:0; text-indent:-24px; line-height:150%;"),
+            result.out.constData());
+    }
+
+    // With a unit: a browser takes a bare number for lines.
+    void htmlShowsExactLineHeights()
+    {
+        const ToolRun result = run(words("convert - - --to html"), "{\\rtf1\\pard\\sl-480 text}");
+        QVERIFY2(result.out.contains("line-height:32px;"), result.out.constData());
+    }
+
+    void levelsOfLists()
+    {
+        write("in.rtf",
+              "{\\rtf1{\\*\\listtable{\\list{\\listlevel\\levelnfc0{\\leveltext\\'02\\'00.;}\\fi-360\\li720}"
+              "{\\listlevel\\levelnfc0{\\leveltext\\'03\\'00.\\'01;}\\fi-360\\li1440}\\listid1}}"
+              "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}\\pard\\ls1\\li720\\fi-360 a\\par b\\par"
+              "\\ilvl1\\li1440 c\\par d\\par\\ilvl0\\li720 e}");
+        convert(words("in.rtf out.pdf"));
+        QCOMPARE(pdfText(path("out.pdf")).simplified(), "1. a 2. b 2.1 c 2.2 d 3. e"_s);
+    }
+
+    void noPictureFromDisk_data()
+    {
+        const Columns<QString> add("format");
+        add("png", "png");
+        add("pdf", "pdf");
+        add("odt", "odt");
+    }
+
+    // A document of a stranger must not show, and so give away, what lies on the disk.
+    void noPictureFromDisk()
+    {
+        FETCH(QString, format);
+        QImage picture(400, 400, QImage::Format_RGB32);
+        picture.fill(Qt::black);
+        QVERIFY(picture.save(path("black.png")));
+        write("with.html", "<img src=\"" + path("black.png").toUtf8() + "\"><img src=\"black.png\">");
+        write("without.html", "<img src=\"none.png\"><img src=\"none.png\">");
+        convert({"with.html"_s, "with."_s + format});
+        convert({"without.html"_s, "without."_s + format});
+        if (format == "png"_s)
+            QCOMPARE(leftmostInk(QImage(path("with.png"))), -1);
+        // Names and dates differ a little.
+        const auto sizeOf = [&](const char* name) {
+            return read(m_dir->filePath(QLatin1String(name) + format)).size();
+        };
+        QVERIFY(qAbs(sizeOf("with.") - sizeOf("without.")) < 300);
+    }
+
+    void standardOutput_data()
+    {
+        const Columns<QByteArray> add("signature");
+        add("pdf", "%PDF-");
+        add("odt", "PK");
+    }
+
+    void standardOutput()
+    {
+        FETCH(QByteArray, signature);
+        const ToolRun result =
+            run(words("convert - - --to") + QStringList(QString::fromLatin1(QTest::currentDataTag())),
+                "{\\rtf1 text}");
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(result.err, QByteArray());
+        QVERIFY(result.out.startsWith(signature));
+    }
+
+    void picturesNeedFiles()
+    {
+        const ToolRun result = run(words("convert - - --to png"), "{\\rtf1 text}");
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.err,
+                 "orvrtf: png is a file for each page and cannot go to the standard output; see orvrtf "
+                 "--help\n"_b);
+        QCOMPARE(result.out, QByteArray());
+    }
+
+    void unwritablePictureIsNamed()
+    {
+        QVERIFY(QDir(m_dir->path()).mkdir("out-2.png"_s));
+        write("in.rtf", "{\\rtf1 one\\page two\\page three}");
+        const ToolRun result = run(words("convert in.rtf out.png"));
+        QCOMPARE(result.exitCode, 1);
+        QVERIFY2(result.err.startsWith("orvrtf: cannot write out-2.png: "), result.err.constData());
+        QVERIFY(isOneLineAboutTool(result.err));
+        QCOMPARE(QDir(m_dir->path()).entryList({"out*"_s}), QStringList("out-2.png"_s));
+    }
+
+    void pictureOverTheInputIsRefused_data()
+    {
+        const Columns<QString> add("command");
+        add("same name", "convert --from rtf in-2.png in.png");
+        add("another path", "convert --from rtf ./in-2.png in.png");
+        add("link", "convert link.rtf in.png");
+    }
+
+    void pictureOverTheInputIsRefused()
+    {
+        FETCH(QString, command);
+        const QByteArray rtf = "{\\rtf1 one\\page two}";
+        write("in-2.png", rtf);
+        QVERIFY(QFile::link(path("in-2.png"), path("link.rtf")));
+        const ToolRun result = run(words(command.toLatin1().constData()));
+        QCOMPARE(result.exitCode, 1);
+        QCOMPARE(result.err, "orvrtf: cannot write in-2.png: it is the input\n"_b);
+        QCOMPARE(read(path("in-2.png")), rtf);
+        QVERIFY(!QFile::exists(path("in.png")));
+    }
+
+    void picturesOfOtherPagesStay()
+    {
+        write("out-2.png", "second");
+        write("out-3.png", "third");
+        write("in.rtf", "{\\rtf1 one\\page two}");
         convert(words("in.rtf out.png"));
-        const int ink = leftmostInk(QImage(path("out.png")));
-        const int expected = 100 + indent / 15;
-        QVERIFY2(ink >= expected && ink <= expected + 3, QByteArray::number(ink).constData());
+        QVERIFY(!QImage(path("out-2.png")).isNull());
+        QCOMPARE(read(path("out-3.png")), "third"_b);
     }
-}
 
-void tst_tool_pages::htmlShowsIndents()
-{
-    const ToolRun result =
-        run(words("convert - - --to html"), "{\\rtf1\\pard\\li720\\fi-360\\sb240\\sl360\\slmult1 text}");
-    QVERIFY2(result.out.contains("margin-top:16px; margin-bottom:0px; margin-left:48px; margin-right:0px; "
-                                 "-qt-block-indent:0; text-indent:-24px; line-height:150%;"),
-             result.out.constData());
-}
+    // So many pages take long enough for the signal to come in between.
+    void interruptedPicturesAreRemoved()
+    {
+        write("in.rtf", "{\\rtf1 " + "page\\page "_b.repeated(2000) + '}');
+        QProcess process;
+        start(process, words("convert in.rtf out.png"));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path("out-2.png")), 60000);
+        process.terminate();
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+        QCOMPARE(QDir(m_dir->path()).entryList({"out*"_s}, QDir::Files | QDir::Hidden), QStringList());
+    }
 
-// With a unit: a browser takes a bare number for lines.
-void tst_tool_pages::htmlShowsExactLineHeights()
-{
-    const ToolRun result = run(words("convert - - --to html"), "{\\rtf1\\pard\\sl-480 text}");
-    QVERIFY2(result.out.contains("line-height:32px;"), result.out.constData());
-}
+    void nothingIsLeftBehind_data()
+    {
+        const Columns<QString> add("output");
+        add("pdf", "missing/out.pdf");
+        add("png", "missing/out.png");
+        add("odt", "missing/out.odt");
+    }
 
-void tst_tool_pages::levelsOfLists()
-{
-    write("in.rtf",
-          "{\\rtf1{\\*\\listtable{\\list{\\listlevel\\levelnfc0{\\leveltext\\'02\\'00.;}\\fi-360\\li720}"
-          "{\\listlevel\\levelnfc0{\\leveltext\\'03\\'00.\\'01;}\\fi-360\\li1440}\\listid1}}"
-          "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}\\pard\\ls1\\li720\\fi-360 a\\par b\\par"
-          "\\ilvl1\\li1440 c\\par d\\par\\ilvl0\\li720 e}");
-    convert(words("in.rtf out.pdf"));
-    QCOMPARE(pdfText(path("out.pdf")).simplified(), QStringLiteral("1. a 2. b 2.1 c 2.2 d 3. e"));
-}
+    void nothingIsLeftBehind()
+    {
+        FETCH(QString, output);
+        const ToolRun result = run({"convert"_s, "-"_s, output}, "{\\rtf1 text}");
+        QCOMPARE(result.exitCode, 1);
+        QVERIFY2(result.err.startsWith("orvrtf: cannot write missing/out."), result.err.constData());
+        QCOMPARE(QDir(m_dir->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 QStringList());
+    }
 
-void tst_tool_pages::noPictureFromDisk_data()
-{
-    QTest::addColumn<QString>("format");
+private:
+    QByteArray program(const char* name, const QStringList& arguments) const
+    {
+        QProcess process;
+        process.start(QString::fromLatin1(name), arguments);
+        if (!process.waitForStarted() || !process.waitForFinished(120000) || process.exitCode() != 0)
+            qFatal("%s fails: %s", name, process.readAllStandardError().constData());
+        return process.readAllStandardOutput();
+    }
 
-    QTest::newRow("png") << QStringLiteral("png");
-    QTest::newRow("pdf") << QStringLiteral("pdf");
-    QTest::newRow("odt") << QStringLiteral("odt");
-}
+    QString pdfText(const QString& path) const
+    {
+        return QString::fromUtf8(program("pdftotext", {path, "-"_s}));
+    }
 
-// A document of a stranger must not show, and so give away, what lies on the disk.
-void tst_tool_pages::noPictureFromDisk()
-{
-    QFETCH(QString, format);
-    QImage picture(400, 400, QImage::Format_RGB32);
-    picture.fill(Qt::black);
-    QVERIFY(picture.save(path("black.png")));
-    write("with.html", "<img src=\"" + path("black.png").toUtf8() + "\"><img src=\"black.png\">");
-    write("without.html", "<img src=\"none.png\"><img src=\"none.png\">");
-    convert({QStringLiteral("with.html"), QStringLiteral("with.") + format});
-    convert({QStringLiteral("without.html"), QStringLiteral("without.") + format});
-    if (format == QLatin1String("png"))
-        QCOMPARE(leftmostInk(QImage(path("with.png"))), -1);
-    // Names and dates differ a little.
-    const auto sizeOf = [&](const char* name) {
-        return read(m_dir->filePath(QLatin1String(name) + format)).size();
-    };
-    QVERIFY(qAbs(sizeOf("with.") - sizeOf("without.")) < 300);
-}
+    void convert(const QStringList& arguments, const QByteArray& input = QByteArray()) const
+    {
+        const ToolRun result = run(QStringList("convert"_s) + arguments, input);
+        if (result.exitCode != 0 || !result.err.isEmpty())
+            qFatal("convert ends with %d: %s", result.exitCode, result.err.constData());
+    }
+};
 
-void tst_tool_pages::standardOutput_data()
-{
-    QTest::addColumn<QByteArray>("signature");
-
-    QTest::newRow("pdf") << QByteArray("%PDF-");
-    QTest::newRow("odt") << QByteArray("PK");
-}
-
-void tst_tool_pages::standardOutput()
-{
-    QFETCH(QByteArray, signature);
-    const ToolRun result =
-        run(words("convert - - --to") + QStringList(QString::fromLatin1(QTest::currentDataTag())),
-            "{\\rtf1 text}");
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.err, QByteArray());
-    QVERIFY(result.out.startsWith(signature));
-}
-
-void tst_tool_pages::picturesNeedFiles()
-{
-    const ToolRun result = run(words("convert - - --to png"), "{\\rtf1 text}");
-    QCOMPARE(result.exitCode, 2);
-    QCOMPARE(
-        result.err,
-        QByteArray("orvrtf: png is a file for each page and cannot go to the standard output; see orvrtf "
-                   "--help\n"));
-    QCOMPARE(result.out, QByteArray());
-}
-
-void tst_tool_pages::unwritablePictureIsNamed()
-{
-    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("out-2.png")));
-    write("in.rtf", "{\\rtf1 one\\page two\\page three}");
-    const ToolRun result = run(words("convert in.rtf out.png"));
-    QCOMPARE(result.exitCode, 1);
-    QVERIFY2(result.err.startsWith("orvrtf: cannot write out-2.png: "), result.err.constData());
-    QVERIFY(isOneLineAboutTool(result.err));
-    QCOMPARE(QDir(m_dir->path()).entryList({QStringLiteral("out*")}),
-             QStringList(QStringLiteral("out-2.png")));
-}
-
-void tst_tool_pages::pictureOverTheInputIsRefused_data()
-{
-    QTest::addColumn<QString>("command");
-
-    QTest::newRow("same name") << QStringLiteral("convert --from rtf in-2.png in.png");
-    QTest::newRow("another path") << QStringLiteral("convert --from rtf ./in-2.png in.png");
-    QTest::newRow("link") << QStringLiteral("convert link.rtf in.png");
-}
-
-void tst_tool_pages::pictureOverTheInputIsRefused()
-{
-    QFETCH(QString, command);
-    const QByteArray rtf = "{\\rtf1 one\\page two}";
-    write("in-2.png", rtf);
-    QVERIFY(QFile::link(path("in-2.png"), path("link.rtf")));
-    const ToolRun result = run(words(command.toLatin1().constData()));
-    QCOMPARE(result.exitCode, 1);
-    QCOMPARE(result.err, QByteArray("orvrtf: cannot write in-2.png: it is the input\n"));
-    QCOMPARE(read(path("in-2.png")), rtf);
-    QVERIFY(!QFile::exists(path("in.png")));
-}
-
-void tst_tool_pages::picturesOfOtherPagesStay()
-{
-    write("out-2.png", "second");
-    write("out-3.png", "third");
-    write("in.rtf", "{\\rtf1 one\\page two}");
-    convert(words("in.rtf out.png"));
-    QVERIFY(!QImage(path("out-2.png")).isNull());
-    QCOMPARE(read(path("out-3.png")), QByteArray("third"));
-}
-
-// So many pages take long enough for the signal to come in between.
-void tst_tool_pages::interruptedPicturesAreRemoved()
-{
-    write("in.rtf", "{\\rtf1 " + QByteArray("page\\page ").repeated(2000) + '}');
-    QProcess process;
-    start(process, words("convert in.rtf out.png"));
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path("out-2.png")), 60000);
-    process.terminate();
-    QVERIFY(process.waitForFinished(60000));
-    QCOMPARE(process.exitStatus(), QProcess::CrashExit);
-    QCOMPARE(QDir(m_dir->path()).entryList({QStringLiteral("out*")}, QDir::Files | QDir::Hidden),
-             QStringList());
-}
-
-void tst_tool_pages::nothingIsLeftBehind_data()
-{
-    QTest::addColumn<QString>("output");
-
-    QTest::newRow("pdf") << QStringLiteral("missing/out.pdf");
-    QTest::newRow("png") << QStringLiteral("missing/out.png");
-    QTest::newRow("odt") << QStringLiteral("missing/out.odt");
-}
-
-void tst_tool_pages::nothingIsLeftBehind()
-{
-    QFETCH(QString, output);
-    const ToolRun result = run({QStringLiteral("convert"), QStringLiteral("-"), output}, "{\\rtf1 text}");
-    QCOMPARE(result.exitCode, 1);
-    QVERIFY2(result.err.startsWith("orvrtf: cannot write missing/out."), result.err.constData());
-    QCOMPARE(QDir(m_dir->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-             QStringList());
-}
-
-QTEST_GUILESS_MAIN(tst_tool_pages)
-#include "tst_tool_pages.moc"
+ORV_TEST_WITH("pdffonts pdfinfo pdftotext", "tool_pages", TestToolPages, QCoreApplication)
+#include "pages.moc"

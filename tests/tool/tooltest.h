@@ -1,15 +1,8 @@
 #ifndef TOOLTEST_H
 #define TOOLTEST_H
 
-#include <QByteArray>
-#include <QFile>
-#include <QObject>
-#include <QProcess>
-#include <QProcessEnvironment>
-#include <QScopedPointer>
-#include <QStringList>
-#include <QTemporaryDir>
-#include <QTest>
+#include "testsupport.h"
+#include "toolpaths.h"
 
 /*! What a run of the tool ended with. */
 struct ToolRun {
@@ -17,6 +10,19 @@ struct ToolRun {
     QByteArray out;
     QByteArray err;
 };
+
+/*! Waits for the end of the tool. */
+inline ToolRun finished(QProcess& process)
+{
+    ToolRun result;
+    if (!process.waitForFinished(120000))
+        qFatal("orvrtf does not end");
+    if (process.exitStatus() == QProcess::NormalExit)
+        result.exitCode = process.exitCode();
+    result.out = process.readAllStandardOutput();
+    result.err = process.readAllStandardError();
+    return result;
+}
 
 inline QStringList words(const char* line)
 {
@@ -71,14 +77,7 @@ protected:
     ToolRun finish(QProcess& process) const
     {
         process.closeWriteChannel();
-        ToolRun result;
-        if (!process.waitForFinished(60000))
-            qFatal("orvrtf does not end");
-        if (process.exitStatus() == QProcess::NormalExit)
-            result.exitCode = process.exitCode();
-        result.out = process.readAllStandardOutput();
-        result.err = process.readAllStandardError();
-        return result;
+        return finished(process);
     }
 
     ToolRun run(const QStringList& arguments, const QByteArray& input = QByteArray()) const

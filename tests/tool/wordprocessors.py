@@ -9,10 +9,11 @@ LIBREOFFICE_TIMEOUT = 1200
 
 
 def require(script, programs):
-    """Ends the script when programs are not installed."""
+    """Ends the script as skipped when programs are not installed."""
     absent = [name for name in programs if not shutil.which(name)]
     if absent:
-        sys.exit('%s: not installed: %s' % (script, ' '.join(absent)))
+        print('%s: skipped, not installed: %s' % (script, ' '.join(absent)))
+        sys.exit(77)
 
 
 def run(command, timeout=TIMEOUT, **options):

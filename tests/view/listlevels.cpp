@@ -1,24 +1,5 @@
-#include <ORVListLevels.h>
-#include <ORVTextListFormat.h>
-
-#include <QTextBlock>
-#include <QTextCursor>
-#include <QTextDocument>
-#include <QTextList>
-#include <QtTest>
-
-/*! Levels of lists as Qt shows them once they are lists of their own. */
-class tst_listlevels : public QObject {
-    Q_OBJECT
-
-private slots:
-    void nullDocumentIsLeftAlone();
-    void markers_data();
-    void markers();
-    void numbersAboveFromRightToLeft();
-    void positionsStay();
-    void listsOfOneLevelAreLeftAlone();
-};
+#include "ORVListLevels.h"
+#include "testsupport.h"
 
 namespace {
 
@@ -56,89 +37,86 @@ QStringList markersOf(const QTextDocument& document)
 
 } // namespace
 
-void tst_listlevels::nullDocumentIsLeftAlone()
-{
-    ORVListLevels::separate(nullptr);
-}
+/*! Levels of lists as Qt shows them once they are lists of their own. */
+class TestListLevels : public QObject {
+    Q_OBJECT
 
-void tst_listlevels::markers_data()
-{
-    QTest::addColumn<QStringList>("templates");
-    QTest::addColumn<Levels>("levels");
-    QTest::addColumn<QString>("markers");
+private slots:
+    void nullDocumentIsLeftAlone() { ORVListLevels::separate(nullptr); }
 
-    const QStringList plain{QStringLiteral("%0."), QStringLiteral("%0)"), QStringLiteral("(%0)")};
-    const QStringList legal{QStringLiteral("%0"), QStringLiteral("%1.%0"), QStringLiteral("%2.%1.%0")};
-    QTest::newRow("counted anew") << plain << Levels{0, 1, 1, 0, 1} << QStringLiteral("1. a) b) 2. a)");
-    QTest::newRow("goes on behind a deeper level")
-        << plain << Levels{0, 1, 2, 2, 1} << QStringLiteral("1. a) (i) (ii) b)");
-    QTest::newRow("numbers of the levels above")
-        << legal << Levels{0, 0, 1, 1, 2, 0, 1} << QStringLiteral("1 2 2.a 2.b 2.b.i 3 3.a");
-    QTest::newRow("begins deep") << legal << Levels{1, 1} << QStringLiteral("1.a 1.b");
-    QTest::newRow("beyond the last level") << plain << Levels{0, 2, 7} << QStringLiteral("1. (i) (ii)");
-}
+    void markers_data()
+    {
+        const Columns<QStringList, Levels, QString> add("templates", "levels", "markers");
+        const QStringList plain{"%0."_s, "%0)"_s, "(%0)"_s};
+        const QStringList legal{"%0"_s, "%1.%0"_s, "%2.%1.%0"_s};
+        add("counted anew", plain, Levels{0, 1, 1, 0, 1}, "1. a) b) 2. a)");
+        add("goes on behind a deeper level", plain, Levels{0, 1, 2, 2, 1}, "1. a) (i) (ii) b)");
+        add("numbers of the levels above", legal, Levels{0, 0, 1, 1, 2, 0, 1}, "1 2 2.a 2.b 2.b.i 3 3.a");
+        add("begins deep", legal, Levels{1, 1}, "1.a 1.b");
+        add("beyond the last level", plain, Levels{0, 2, 7}, "1. (i) (ii)");
+    }
 
-void tst_listlevels::markers()
-{
-    QFETCH(QStringList, templates);
-    QFETCH(Levels, levels);
-    const ORVTextListLevel::Kind kinds[] = {ORVTextListLevel::Decimal, ORVTextListLevel::LowerLetter,
-                                            ORVTextListLevel::LowerRoman};
-    QList<ORVTextListLevel> listLevels;
-    for (int i = 0; i < templates.size(); ++i)
-        listLevels << level(kinds[i], templates.at(i).toLatin1().constData());
-    QTextDocument document;
-    fill(&document, listLevels, levels);
-    ORVListLevels::separate(&document);
-    QTEST(markersOf(document).join(QLatin1Char(' ')), "markers");
-}
+    void markers()
+    {
+        FETCH(QStringList, templates, Levels, levels);
+        const ORVTextListLevel::Kind kinds[] = {ORVTextListLevel::Decimal, ORVTextListLevel::LowerLetter,
+                                                ORVTextListLevel::LowerRoman};
+        QList<ORVTextListLevel> listLevels;
+        for (int i = 0; i < templates.size(); ++i)
+            listLevels << level(kinds[i], templates.at(i).toLatin1().constData());
+        QTextDocument document;
+        fill(&document, listLevels, levels);
+        ORVListLevels::separate(&document);
+        QTEST(markersOf(document).join(QLatin1Char(' ')), "markers");
+    }
 
-// Qt writes what is around the number the other way round: ".1" for the template "%0.".
-void tst_listlevels::numbersAboveFromRightToLeft()
-{
-    QTextDocument document;
-    fill(&document, {level(ORVTextListLevel::Decimal, "%0."), level(ORVTextListLevel::LowerLetter, "%1.%0)")},
-         {0, 0, 1});
-    QTextBlockFormat format;
-    format.setLayoutDirection(Qt::RightToLeft);
-    QTextCursor cursor(&document);
-    cursor.select(QTextCursor::Document);
-    cursor.mergeBlockFormat(format);
-    ORVListLevels::separate(&document);
-    QCOMPARE(markersOf(document),
-             QStringList({QStringLiteral(".1"), QStringLiteral(".2"), QStringLiteral(")a2.")}));
-}
+    // Qt writes what is around the number the other way round: ".1" for the template "%0.".
+    void numbersAboveFromRightToLeft()
+    {
+        QTextDocument document;
+        fill(&document,
+             {level(ORVTextListLevel::Decimal, "%0."), level(ORVTextListLevel::LowerLetter, "%1.%0)")},
+             {0, 0, 1});
+        QTextBlockFormat format;
+        format.setLayoutDirection(Qt::RightToLeft);
+        QTextCursor cursor(&document);
+        cursor.select(QTextCursor::Document);
+        cursor.mergeBlockFormat(format);
+        ORVListLevels::separate(&document);
+        QCOMPARE(markersOf(document), QStringList({".1"_s, ".2"_s, ")a2."_s}));
+    }
 
-// The list of level n adds n steps of 40 pixels more.
-void tst_listlevels::positionsStay()
-{
-    QTextDocument document;
-    fill(&document, {level(ORVTextListLevel::Bullet, "\xe2\x80\xa2"), level(ORVTextListLevel::Bullet, "o")},
-         {0, 1});
-    const QTextBlock deep = document.lastBlock();
-    QTextBlockFormat format;
-    format.setLeftMargin(100);
-    QTextCursor(deep).mergeBlockFormat(format);
-    const int indentBefore = deep.textList()->format().indent();
-    ORVListLevels::separate(&document);
-    const int added = deep.textList()->format().indent() - indentBefore;
-    QCOMPARE(added, 1);
-    QCOMPARE(deep.blockFormat().leftMargin(), 100 - 40.0);
-    QCOMPARE(deep.textList()->format().style(), QTextListFormat::ListCircle);
-    QCOMPARE(document.begin().textList()->format().style(), QTextListFormat::ListDisc);
-}
+    // The list of level n adds n steps of 40 pixels more.
+    void positionsStay()
+    {
+        QTextDocument document;
+        fill(&document,
+             {level(ORVTextListLevel::Bullet, "\xe2\x80\xa2"), level(ORVTextListLevel::Bullet, "o")}, {0, 1});
+        const QTextBlock deep = document.lastBlock();
+        QTextBlockFormat format;
+        format.setLeftMargin(100);
+        QTextCursor(deep).mergeBlockFormat(format);
+        const int indentBefore = deep.textList()->format().indent();
+        ORVListLevels::separate(&document);
+        const int added = deep.textList()->format().indent() - indentBefore;
+        QCOMPARE(added, 1);
+        QCOMPARE(deep.blockFormat().leftMargin(), 100 - 40.0);
+        QCOMPARE(deep.textList()->format().style(), QTextListFormat::ListCircle);
+        QCOMPARE(document.begin().textList()->format().style(), QTextListFormat::ListDisc);
+    }
 
-void tst_listlevels::listsOfOneLevelAreLeftAlone()
-{
-    QTextDocument document;
-    fill(&document, {level(ORVTextListLevel::Decimal, "%0."), level(ORVTextListLevel::Decimal, "%0.")},
-         {0, 0});
-    QTextList* const list = document.begin().textList();
-    document.clearUndoRedoStacks();
-    ORVListLevels::separate(&document);
-    QCOMPARE(document.availableUndoSteps(), 0);
-    QCOMPARE(document.lastBlock().textList(), list);
-}
+    void listsOfOneLevelAreLeftAlone()
+    {
+        QTextDocument document;
+        fill(&document, {level(ORVTextListLevel::Decimal, "%0."), level(ORVTextListLevel::Decimal, "%0.")},
+             {0, 0});
+        QTextList* const list = document.begin().textList();
+        document.clearUndoRedoStacks();
+        ORVListLevels::separate(&document);
+        QCOMPARE(document.availableUndoSteps(), 0);
+        QCOMPARE(document.lastBlock().textList(), list);
+    }
+};
 
-QTEST_MAIN(tst_listlevels)
-#include "tst_listlevels.moc"
+ORV_TEST("listlevels", TestListLevels, QGuiApplication)
+#include "listlevels.moc"

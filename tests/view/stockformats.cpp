@@ -1,65 +1,10 @@
-#include <ORVPageGeometry.h>
-#include <ORVRtfProperties.h>
-#include <ORVStockFormats.h>
-#include <ORVTextListFormat.h>
-#include <ORVTextRtf.h>
-#include <ORVTextRtfWriter.h>
-#include <ORVUnit.h>
-
+#include "ORVPageGeometry.h"
+#include "ORVStockFormats.h"
+#include "ORVUnit.h"
 #include "QtFormatCompat_p.h"
-#include "rtftesthelpers.h"
-
-#include <QTextBlock>
-#include <QTextCursor>
-#include <QTextDocument>
-#include <QTextList>
-#include <QTextTable>
-#include <QtTest>
+#include "testsupport.h"
 
 using rtftest::dump;
-
-/*! Formats in the application's form (points) and in Qt's own (pixels, 96 to the inch), both ways. */
-class tst_stockformats : public QObject {
-    Q_OBJECT
-
-private slots:
-    void cleanup() { ORVUnit::setScreenResolution(96); }
-
-    void nullDocumentsAreLeftAlone();
-    void pagesInTwips();
-    void paragraphs_data();
-    void paragraphs();
-    void keepBitsAreNotLineWrapping();
-    void rightEdgeDependsOnThePage();
-    void tabStops_data();
-    void tabStops();
-    void baselines_data();
-    void baselines();
-    void listItemsStandWhereRtfSays();
-    void listsOfQtStayWhereTheyAre();
-    void unknownListsIndentNothing();
-    void listsWithoutMarkersShowNone();
-    void tables();
-    void nestedTableWidths();
-    void thereAndBack_data();
-    void thereAndBack();
-    void equalFormatsInAnotherOrderStayDifferent();
-    void toStockTwiceIsOnce();
-    void resolutionIsRemembered();
-    void changesInStockFormCount_data();
-    void changesInStockFormCount();
-    void equalTabStopsAreNoChange();
-    void changedOtherPropertiesStay();
-    void changedBaseline();
-    void changedListStyle();
-    void changedTable();
-    void leavingAListKeepsThePlace();
-    void htmlToRtf_data();
-    void htmlToRtf();
-    void fromStockTwiceIsOnce();
-    void applicationParagraphsAreLeftAlone();
-    void undo();
-};
 
 namespace {
 
@@ -85,7 +30,7 @@ public:
     {
         QTextCursor cursor(&document);
         cursor.setBlockFormat(format);
-        cursor.insertText(QStringLiteral("text"));
+        cursor.insertText("text"_s);
     }
 
     QTextBlockFormat format() const { return document.begin().blockFormat(); }
@@ -135,617 +80,591 @@ QByteArray bodyOf(const QByteArray& rtf)
 
 } // namespace
 
-void tst_stockformats::nullDocumentsAreLeftAlone()
-{
-    ORVStockFormats::toStock(nullptr);
-    ORVStockFormats::fromStock(nullptr);
-    QCOMPARE(ORVPageGeometry::of(nullptr).paperSize, QSizeF(612, 792));
-}
+/*! Formats in the application's form (points) and in Qt's own (pixels, 96 to the inch), both ways. */
+class TestStockFormats : public QObject {
+    Q_OBJECT
 
-/*! A twip is a twentieth of a point. */
-void tst_stockformats::pagesInTwips()
-{
-    const ORVPageGeometry page = ORVPageGeometry::fromTwips(QSize(8400, 11901), QMargins(1080, 720, 20, -10));
-    QCOMPARE(page.paperSize, QSizeF(420, 595.05));
-    QCOMPARE(page.leftMargin, 54.0);
-    QCOMPARE(page.topMargin, 36.0);
-    QCOMPARE(page.rightMargin, 1.0);
-    QCOMPARE(page.bottomMargin, -0.5);
-}
+private slots:
+    void cleanup() { ORVUnit::setScreenResolution(96); }
 
-void tst_stockformats::paragraphs_data()
-{
-    QTest::addColumn<Properties>("application");
-    QTest::addColumn<Properties>("stock");
-
-    // A point is 4/3 pixels.
-    QTest::newRow("left indent") << Properties{{ORVRtfProperty::LeftIndent, 36.0},
-                                               {QTextFormat::TextIndent, 36.0}}
-                                 << Properties{{QTextFormat::BlockLeftMargin, 48.0},
-                                               {QTextFormat::TextIndent, 0.0}};
-    QTest::newRow("indented first line")
-        << Properties{{ORVRtfProperty::LeftIndent, 36.0}, {QTextFormat::TextIndent, 54.0}}
-        << Properties{{QTextFormat::BlockLeftMargin, 48.0}, {QTextFormat::TextIndent, 24.0}};
-    QTest::newRow("first line only") << Properties{{QTextFormat::TextIndent, 18.0}}
-                                     << Properties{{QTextFormat::TextIndent, 24.0}};
-    // 8640 twips of text are 432 points.
-    QTest::newRow("right edge") << Properties{{ORVRtfProperty::RightIndent, 414.0}}
-                                << Properties{{QTextFormat::BlockRightMargin, 24.0}};
-    QTest::newRow("right edge in the margin") << Properties{{ORVRtfProperty::RightIndent, 450.0}}
-                                              << Properties{{QTextFormat::BlockRightMargin, -24.0}};
-    QTest::newRow("space around") << Properties{{QTextFormat::BlockTopMargin, 12.0},
-                                                {QTextFormat::BlockBottomMargin, 6.0}}
-                                  << Properties{{QTextFormat::BlockTopMargin, 16.0},
-                                                {QTextFormat::BlockBottomMargin, 8.0}};
-    QTest::newRow("line multiple") << Properties{{ORVRtfProperty::LineSpacing, 18.0},
-                                                 {ORVRtfProperty::LineMultiple, 12.0}}
-                                   << Properties{{QTextFormat::LineHeight, 150.0},
-                                                 {QTextFormat::LineHeightType,
-                                                  int(QTextBlockFormat::ProportionalHeight)}};
-    QTest::newRow("least height") << Properties{{ORVRtfProperty::LineSpacing, 24.0}}
-                                  << Properties{
-                                         {QTextFormat::LineHeight, 32.0},
-                                         {QTextFormat::LineHeightType, int(QTextBlockFormat::MinimumHeight)}};
-    QTest::newRow("exact height") << Properties{{ORVRtfProperty::LineSpacing, -24.0}}
-                                  << Properties{
-                                         {QTextFormat::LineHeight, 32.0},
-                                         {QTextFormat::LineHeightType, int(QTextBlockFormat::FixedHeight)}};
-    QTest::newRow("single lines") << Properties{{ORVRtfProperty::LineSpacing, 12.0},
-                                                {ORVRtfProperty::LineMultiple, 12.0}}
-                                  << Properties{{QTextFormat::LineHeight, QVariant()},
-                                                {QTextFormat::LineHeightType, QVariant()}};
-    // Word processors take 22 inches, which are 1584 points and 2112 pixels.
-    QTest::newRow("left indent of miles")
-        << Properties{{ORVRtfProperty::LeftIndent, 1e7}, {QTextFormat::TextIndent, 1e7}}
-        << Properties{{QTextFormat::BlockLeftMargin, 2112.0}, {QTextFormat::TextIndent, 0.0}};
-    QTest::newRow("first line miles away")
-        << Properties{{QTextFormat::TextIndent, -1e8}} << Properties{{QTextFormat::TextIndent, -2112.0}};
-    QTest::newRow("right edge miles away") << Properties{{ORVRtfProperty::RightIndent, 1e7}}
-                                           << Properties{{QTextFormat::BlockRightMargin, -2112.0}};
-    QTest::newRow("miles of space") << Properties{{QTextFormat::BlockTopMargin, 1e6},
-                                                  {QTextFormat::BlockBottomMargin, 1e8}}
-                                    << Properties{{QTextFormat::BlockTopMargin, 2112.0},
-                                                  {QTextFormat::BlockBottomMargin, 2112.0}};
-    QTest::newRow("22 inches of space")
-        << Properties{{QTextFormat::BlockTopMargin, 1584.0}, {QTextFormat::BlockBottomMargin, 1583.25}}
-        << Properties{{QTextFormat::BlockTopMargin, 2112.0}, {QTextFormat::BlockBottomMargin, 2111.0}};
-    QTest::newRow("less than no space")
-        << Properties{{QTextFormat::BlockTopMargin, -12.0}} << Properties{{QTextFormat::BlockTopMargin, 0.0}};
-    QTest::newRow("least height of miles")
-        << Properties{{ORVRtfProperty::LineSpacing, 1e7}} << Properties{{QTextFormat::LineHeight, 2112.0}};
-    QTest::newRow("exact height of miles")
-        << Properties{{ORVRtfProperty::LineSpacing, -1e7}} << Properties{{QTextFormat::LineHeight, 2112.0}};
-    QTest::newRow("multiple of miles")
-        << Properties{{ORVRtfProperty::LineSpacing, 1e8}, {ORVRtfProperty::LineMultiple, 12.0}}
-        << Properties{{QTextFormat::LineHeight, 13200.0}};
-    // Newer Qt versions have a property of the id of the line spacing.
-    QTest::newRow("heading level") << Properties{{ORVRtfProperty::LineSpacing, 2}}
-                                   << Properties{{QTextFormat::LineHeight, QVariant()}};
-}
-
-void tst_stockformats::paragraphs()
-{
-    QFETCH(Properties, application);
-    QFETCH(Properties, stock);
-    Paragraph paragraph(formatWith(application));
-    ORVStockFormats::toStock(&paragraph.document);
-    const QTextBlockFormat format = paragraph.format();
-    for (Properties::const_iterator it = stock.begin(); it != stock.end(); ++it)
-        QCOMPARE(format.property(it.key()), it.value());
-}
-
-// What Qt calls lines that cannot be broken are lines that are never wrapped.
-void tst_stockformats::keepBitsAreNotLineWrapping()
-{
-    const int policy = ORVRtfProperty::KeepLinesTogether | ORVRtfProperty::KeepWithNext
-        | QTextFormat::PageBreak_AlwaysBefore;
-    Paragraph paragraph(formatWith({{QTextFormat::PageBreakPolicy, policy}}));
-    ORVStockFormats::toStock(&paragraph.document);
-    QCOMPARE(paragraph.format().nonBreakableLines(), false);
-    QCOMPARE(paragraph.format().intProperty(QTextFormat::PageBreakPolicy), policy);
-}
-
-void tst_stockformats::rightEdgeDependsOnThePage()
-{
-    Paragraph paragraph(formatWith({{ORVRtfProperty::RightIndent, 400.0}}));
-    ORVPageGeometry page;
-    page.paperSize = QSizeF(600, 800);
-    page.leftMargin = 100;
-    page.rightMargin = 50;
-    page.setOn(&paragraph.document);
-    ORVStockFormats::toStock(&paragraph.document);
-    QCOMPARE(paragraph.format().rightMargin(), (450.0 - 400.0) * 4 / 3);
-}
-
-void tst_stockformats::tabStops_data()
-{
-    QTest::addColumn<double>("left");
-    QTest::addColumn<double>("firstLine");
-    QTest::addColumn<QList<double>>("points");
-    QTest::addColumn<QList<double>>("pixels");
-
-    QTest::newRow("no indent") << 0.0 << 0.0 << QList<double>{36, 72} << QList<double>{48, 96};
-    QTest::newRow("counted from the left indent")
-        << 18.0 << 18.0 << QList<double>{9, 36} << QList<double>{-12, 24};
-    QTest::newRow("hanging first line") << 36.0 << 18.0 << QList<double>{27, 72} << QList<double>{-12, 0, 48};
-    QTest::newRow("hanging, stated") << 36.0 << 18.0 << QList<double>{36} << QList<double>{0};
-    QTest::newRow("miles away") << 0.0 << 0.0 << QList<double>{36, 1e7} << QList<double>{48, 2112};
-    QTest::newRow("hanging without tab stops") << 36.0 << 18.0 << QList<double>() << QList<double>{0};
-}
-
-void tst_stockformats::tabStops()
-{
-    QFETCH(double, left);
-    QFETCH(double, firstLine);
-    QFETCH(QList<double>, points);
-    QFETCH(QList<double>, pixels);
-    QTextBlockFormat format = indented(left, firstLine);
-    QList<QTextOption::Tab> tabs;
-    for (const double position : points)
-        tabs << QTextOption::Tab(position, QTextOption::RightTab);
-    if (!tabs.isEmpty())
-        format.setTabPositions(tabs);
-    Paragraph paragraph(format);
-    ORVStockFormats::toStock(&paragraph.document);
-    QList<double> found;
-    const QList<QTextOption::Tab> stockTabs = paragraph.format().tabPositions();
-    for (const QTextOption::Tab& tab : stockTabs)
-        found << tab.position;
-    QCOMPARE(found, pixels);
-}
-
-void tst_stockformats::baselines_data()
-{
-    QTest::addColumn<int>("alignment");
-    QTest::addColumn<int>("shift");
-    QTest::addColumn<int>("shown");
-
-    QTest::newRow("up") << int(QTextCharFormat::AlignMiddle) << 6 << int(QTextCharFormat::AlignSuperScript);
-    QTest::newRow("down") << int(QTextCharFormat::AlignMiddle) << -6 << int(QTextCharFormat::AlignSubScript);
-    QTest::newRow("back to the baseline")
-        << int(QTextCharFormat::AlignMiddle) << 0 << int(QTextCharFormat::AlignMiddle);
-    QTest::newRow("subscript after all")
-        << int(QTextCharFormat::AlignSubScript) << 6 << int(QTextCharFormat::AlignSubScript);
-}
-
-void tst_stockformats::baselines()
-{
-    QFETCH(int, alignment);
-    QFETCH(int, shift);
-    QFETCH(int, shown);
-    QTextCharFormat format;
-    format.setProperty(QTextFormat::TextVerticalAlignment, alignment);
-    format.setProperty(ORVRtfProperty::BaselineShift, shift);
-    QTextDocument document;
-    QTextCursor(&document).insertText(QStringLiteral("text"), format);
-    ORVStockFormats::toStock(&document);
-    QCOMPARE(int(document.begin().begin().fragment().charFormat().verticalAlignment()), shown);
-}
-
-// Qt adds 40 pixels for the list, and puts the marker in front of the first line.
-void tst_stockformats::listItemsStandWhereRtfSays()
-{
-    QTextListFormat listFormat;
-    ORVTextListFormat::setLevels(listFormat, {level("%0.", 36, 18), level("%0)", 72, 72)});
-    QTextDocument document;
-    QTextCursor cursor(&document);
-    cursor.insertText(QStringLiteral("hanging\nflat\nstated"));
-    QTextList* const list = QTextCursor(document.begin()).createList(listFormat);
-    const QTextBlock second = document.findBlockByNumber(1);
-    const QTextBlock third = document.findBlockByNumber(2);
-    list->add(second);
-    list->add(third);
-    ORVTextListFormat::setBlockLevel(list, document.begin(), 0);
-    ORVTextListFormat::setBlockLevel(list, second, 1);
-    QTextCursor(third).mergeBlockFormat(indented(54, 18));
-
-    ORVStockFormats::toStock(&document);
-    QCOMPARE(document.begin().blockFormat().leftMargin(), 48.0 - 40.0);
-    QCOMPARE(document.begin().blockFormat().textIndent(), 0.0);
-    // The marker at the left edge, the text 18 points behind it.
-    QCOMPARE(second.blockFormat().leftMargin(), 96.0 - 40.0);
-    QCOMPARE(second.blockFormat().textIndent(), 24.0);
-    QCOMPARE(third.blockFormat().leftMargin(), 72.0 - 40.0);
-    QCOMPARE(third.blockFormat().textIndent(), 0.0);
-    QCOMPARE(list->format().indent(), 1);
-    QCOMPARE(third.textList(), list);
-}
-
-void tst_stockformats::listsOfQtStayWhereTheyAre()
-{
-    QTextDocument document;
-    QTextCursor cursor(&document);
-    cursor.createList(QTextListFormat::ListDisc);
-    ORVStockFormats::toStock(&document);
-    QCOMPARE(document.begin().blockFormat().leftMargin(), 0.0);
-    QCOMPARE(document.begin().blockFormat().textIndent(), 0.0);
-    ORVStockFormats::fromStock(&document);
-    QVERIFY(!document.begin().blockFormat().hasProperty(ORVRtfProperty::LeftIndent));
-}
-
-// A list that the file does not describe: RTF does not indent its items, Qt does.
-void tst_stockformats::unknownListsIndentNothing()
-{
-    const rtftest::Reading reading = rtftest::readBody("\\pard\\ls7 text");
-    ORVStockFormats::toStock(reading.document.data());
-    QCOMPARE(reading.document->begin().blockFormat().leftMargin(), -40.0);
-}
-
-void tst_stockformats::listsWithoutMarkersShowNone()
-{
-    QTextListFormat format;
-    ORVTextListFormat::setLevels(format, {level("", 0, 0), level("", 36, 36)});
-    QTextDocument document;
-    QTextList* const list = QTextCursor(&document).createList(format);
-    const QTextListFormat::Style style = list->format().style();
-    QVERIFY(style != QTextListFormat::ListStyleUndefined);
-    ORVStockFormats::toStock(&document);
-    QCOMPARE(list->format().style(), QTextListFormat::ListStyleUndefined);
-    ORVStockFormats::fromStock(&document);
-    QCOMPARE(list->format().style(), style);
-}
-
-void tst_stockformats::tables()
-{
-    QTextTableFormat format;
-    format.setCellSpacing(0);
-    format.setCellPadding(3);
-    format.setBorder(1.5);
-    QTextDocument document;
-    QTextTable* const table = QTextCursor(&document).insertTable(1, 1, format);
-    QTextTableFormat hairline = format;
-    hairline.setBorder(0.05);
-    hairline.setCellSpacing(2);
-    QTextCursor cursor(&document);
-    cursor.movePosition(QTextCursor::End);
-    QTextTable* const second = cursor.insertTable(1, 1, hairline);
-    ORVStockFormats::toStock(&document);
-    QCOMPARE(table->format().cellPadding(), 4.0);
-    QCOMPARE(table->format().border(), 2.0);
-    QCOMPARE(table->format().property(compat::tableBorderCollapse), QVariant(true));
-    QCOMPARE(second->format().border(), 1.0);
-    QCOMPARE(second->format().property(compat::tableBorderCollapse), QVariant());
-
-    QTextTableFormat miles;
-    miles.setCellPadding(1e7);
-    cursor.movePosition(QTextCursor::End);
-    QTextTable* const third = cursor.insertTable(1, 1, miles);
-    ORVStockFormats::toStock(&document);
-    QCOMPARE(third->format().cellPadding(), 2112.0);
-}
-
-// RTF counts from the page; a view from the cell that the table stands in, which is a half of it here.
-void tst_stockformats::nestedTableWidths()
-{
-    QTextTableFormat format;
-    format.setColumnWidthConstraints(
-        {QTextLength(QTextLength::PercentageLength, 50), QTextLength(QTextLength::PercentageLength, 50)});
-    QTextTableFormat inner;
-    inner.setColumnWidthConstraints(
-        {QTextLength(QTextLength::PercentageLength, 20), QTextLength(QTextLength::PercentageLength, 5)});
-    QTextDocument document;
-    QTextTable* const table = QTextCursor(&document).insertTable(1, 2, format);
-    QTextTable* const nested = table->cellAt(0, 1).firstCursorPosition().insertTable(1, 2, inner);
-    ORVStockFormats::toStock(&document);
-    QCOMPARE(table->format().columnWidthConstraints(), format.columnWidthConstraints());
-    QCOMPARE(nested->format().columnWidthConstraints().at(0).rawValue(), 40.0);
-    QCOMPARE(nested->format().columnWidthConstraints().at(1).rawValue(), 10.0);
-    QTextTableFormat changed = nested->format();
-    changed.setColumnWidthConstraints(
-        {QTextLength(QTextLength::PercentageLength, 60), QTextLength(QTextLength::PercentageLength, 10)});
-    nested->setFormat(changed);
-    ORVStockFormats::fromStock(&document);
-    QCOMPARE(nested->format().columnWidthConstraints().at(0).rawValue(), 30.0);
-    QCOMPARE(nested->format().columnWidthConstraints().at(1).rawValue(), 5.0);
-}
-
-void tst_stockformats::thereAndBack_data()
-{
-    QTest::addColumn<QByteArray>("rtf");
-
-    QTest::newRow("paragraphs") << QByteArray(
-        "\\li720\\fi-360\\ri333\\sb77\\sa13 a\\par\\pard\\sl360\\slmult1 b"
-        "\\par\\pard\\sl-301\\keep\\keepn c\\par\\pard\\li1\\fi7 d");
-    QTest::newRow("miles") << QByteArray("\\li300000000\\fi-2000000000\\ri-2000000000\\sb-77\\sa2000000000"
-                                         "\\tx900000000 a\\par\\pard\\sl2000000000\\slmult1 b\\par\\pard"
-                                         "\\sl-300000000 c\\par\\trowd\\trgaph300000000\\cellx3001\\intbl d"
-                                         "\\cell\\row");
-    QTest::newRow("tab stops") << QByteArray("\\li720\\fi-360\\tqr\\tx313\\tx720\\tqdec\\tx1111 a\\tab b");
-    QTest::newRow("baselines") << QByteArray("a{\\up7 b}{\\dn3 c}{\\up2\\super d}");
-    QTest::newRow("lists") << QByteArray(
-        "{\\*\\listtable{\\list{\\listlevel\\levelnfc0{\\leveltext\\'02\\'00.;}\\fi-360\\li720}{\\listlevel"
-        "\\levelnfc4{\\leveltext\\'02\\'01);}\\fi-360\\li1080}\\listid1}{\\list{\\listlevel\\levelnfc255"
-        "{\\leveltext\\'00;}}\\listid2}}{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}{\\listoverride"
-        "\\listid2\\ls2}}\\pard\\ls1\\ilvl0\\fi-360\\li720 a\\par\\ilvl1 b\\par\\pard\\ls2\\li33 c\\par\\pard"
-        "\\ls7 d");
-    QTest::newRow("tables") << QByteArray(
-        "\\trowd\\clbrdrt\\brdrs\\brdrw7\\clpadl57\\cellx3001\\cellx7777\\intbl a\\cell\\li99 b\\cell\\row"
-        "\\pard\\intbl\\itap2 n\\nestcell{\\*\\nesttableprops\\trowd\\cellx1003\\nestrow}\\intbl\\itap1 "
-        "x\\cell y"
-        "\\cell\\row\\pard e");
-}
-
-// The formats, property by property, and the bytes that are written.
-void tst_stockformats::thereAndBack()
-{
-    QFETCH(QByteArray, rtf);
-    const rtftest::Reading reading = rtftest::readBody(rtf);
-    QTextDocument* const document = reading.document.data();
-    document->setProperty("paperSize", QSizeF(595.3, 841.9));
-    const QStringList formats = formatsOf(*document);
-    const QByteArray written = ORVTextRtf::toRtfCData(document, false);
-    ORVStockFormats::toStock(document);
-    QVERIFY(formatsOf(*document) != formats);
-    ORVStockFormats::fromStock(document);
-    QCOMPARE(formatsOf(*document), formats);
-    QCOMPARE(ORVTextRtf::toRtfCData(document, false), written);
-}
-
-// Formats are equal only when their properties were set in the same order; the writer states those that
-// differ.
-void tst_stockformats::equalFormatsInAnotherOrderStayDifferent()
-{
-    QTextBlockFormat first;
-    first.setTopMargin(10);
-    first.setBottomMargin(5);
-    QTextBlockFormat second;
-    second.setBottomMargin(5);
-    second.setTopMargin(10);
-    QVERIFY(first != second);
-    QTextDocument document;
-    QTextCursor cursor(&document);
-    cursor.setBlockFormat(first);
-    cursor.insertBlock(second);
-    ORVStockFormats::toStock(&document);
-    ORVStockFormats::fromStock(&document);
-    QCOMPARE(document.begin().blockFormat(), first);
-    QCOMPARE(document.lastBlock().blockFormat(), second);
-}
-
-void tst_stockformats::toStockTwiceIsOnce()
-{
-    const rtftest::Reading reading =
-        rtftest::readBody("\\li720\\fi-360\\sb77 a{\\up7 b}\\par\\trowd\\cellx3001\\intbl a\\cell\\row");
-    ORVStockFormats::toStock(reading.document.data());
-    const QStringList formats = formatsOf(*reading.document);
-    ORVStockFormats::toStock(reading.document.data());
-    QCOMPARE(formatsOf(*reading.document), formats);
-}
-
-void tst_stockformats::resolutionIsRemembered()
-{
-    const QTextBlockFormat format = indented(36, 54);
-    Paragraph paragraph(format);
-    ORVUnit::setScreenResolution(144);
-    ORVStockFormats::toStock(&paragraph.document);
-    QCOMPARE(paragraph.format().leftMargin(), 72.0);
-    ORVUnit::setScreenResolution(96);
-    ORVStockFormats::fromStock(&paragraph.document);
-    QCOMPARE(dump(paragraph.format()), dump(format));
-}
-
-void tst_stockformats::changesInStockFormCount_data()
-{
-    QTest::addColumn<Properties>("change");
-    QTest::addColumn<Properties>("application");
-
-    // Before the change: left indent 36, first line at 54, right edge at 414 points.
-    QTest::newRow("left margin") << Properties{{QTextFormat::BlockLeftMargin, 96.0}}
-                                 << Properties{{ORVRtfProperty::LeftIndent, 72.0},
-                                               {QTextFormat::TextIndent, 90.0},
-                                               {ORVRtfProperty::RightIndent, 414.0}};
-    QTest::newRow("first line") << Properties{{QTextFormat::TextIndent, -12.0}}
-                                << Properties{{ORVRtfProperty::LeftIndent, 36.0},
-                                              {QTextFormat::TextIndent, 27.0}};
-    QTest::newRow("indent, as editors have it")
-        << Properties{{QTextFormat::BlockIndent, 1}}
-        << Properties{{ORVRtfProperty::LeftIndent, 66.0}, {QTextFormat::TextIndent, 84.0}};
-    QTest::newRow("right margin") << Properties{{QTextFormat::BlockRightMargin, 48.0}}
-                                  << Properties{{ORVRtfProperty::RightIndent, 396.0}};
-    QTest::newRow("no right margin") << Properties{{QTextFormat::BlockRightMargin, 0.0}}
-                                     << Properties{{ORVRtfProperty::RightIndent, QVariant()}};
-    QTest::newRow("space above") << Properties{{QTextFormat::BlockTopMargin, 16.0}}
-                                 << Properties{{QTextFormat::BlockTopMargin, 12.0}};
-    QTest::newRow("double lines") << Properties{{QTextFormat::LineHeight, 200.0},
-                                                {QTextFormat::LineHeightType,
-                                                 int(QTextBlockFormat::ProportionalHeight)}}
-                                  << Properties{{ORVRtfProperty::LineSpacing, 24.0},
-                                                {ORVRtfProperty::LineMultiple, 12.0},
-                                                {QTextFormat::LineHeight, QVariant()}};
-    QTest::newRow("single lines") << Properties{{QTextFormat::LineHeight, 0.0},
-                                                {QTextFormat::LineHeightType,
-                                                 int(QTextBlockFormat::SingleHeight)}}
-                                  << Properties{{ORVRtfProperty::LineSpacing, QVariant()}};
-}
-
-void tst_stockformats::changesInStockFormCount()
-{
-    QFETCH(Properties, change);
-    QFETCH(Properties, application);
-    QTextBlockFormat format = indented(36, 54);
-    format.setProperty(ORVRtfProperty::RightIndent, 414.0);
-    format.setProperty(ORVRtfProperty::LineSpacing, -20.0);
-    Paragraph paragraph(format);
-    ORVStockFormats::toStock(&paragraph.document);
-    paragraph.merge(formatWith(change));
-    ORVStockFormats::fromStock(&paragraph.document);
-    const QTextBlockFormat result = paragraph.format();
-    for (Properties::const_iterator it = application.begin(); it != application.end(); ++it)
-        QCOMPARE(result.property(it.key()), it.value());
-    QVERIFY(!result.hasProperty(QTextFormat::BlockLeftMargin));
-}
-
-// Tab stops are equal also when the unused bytes between their members are not.
-void tst_stockformats::equalTabStopsAreNoChange()
-{
-    QTextBlockFormat format = indented(36, 54);
-    format.setTabPositions({QTextOption::Tab(100, QTextOption::RightTab)});
-    Paragraph paragraph(format);
-    ORVStockFormats::toStock(&paragraph.document);
-    const QTextOption::Tab stock = paragraph.format().tabPositions().constFirst();
-    for (const int unused : {0, 0x5A}) {
-        alignas(QTextOption::Tab) unsigned char memory[sizeof(QTextOption::Tab)];
-        memset(memory, unused, sizeof memory);
-        const QTextOption::Tab* const tab =
-            new (memory) QTextOption::Tab(stock.position, stock.type, stock.delimiter);
-        QTextBlockFormat change;
-        change.setTabPositions({*tab});
-        change.setLeftMargin(unused + 10);
-        paragraph.merge(change);
+    void nullDocumentsAreLeftAlone()
+    {
+        ORVStockFormats::toStock(nullptr);
+        ORVStockFormats::fromStock(nullptr);
+        QCOMPARE(ORVPageGeometry::of(nullptr).paperSize, QSizeF(612, 792));
     }
-    ORVStockFormats::fromStock(&paragraph.document);
-    QCOMPARE(paragraph.format().tabPositions(), format.tabPositions());
-}
 
-void tst_stockformats::changedOtherPropertiesStay()
-{
-    Paragraph paragraph(indented(36.05, 18.3));
-    ORVStockFormats::toStock(&paragraph.document);
-    paragraph.merge(formatWith({{QTextFormat::BlockAlignment, int(Qt::AlignRight)}}));
-    ORVStockFormats::fromStock(&paragraph.document);
-    QTextBlockFormat expected = indented(36.05, 18.3);
-    expected.setProperty(QTextFormat::BlockAlignment, int(Qt::AlignRight));
-    QCOMPARE(dump(paragraph.format()), dump(expected));
-}
+    /*! A twip is a twentieth of a point. */
+    void pagesInTwips()
+    {
+        const ORVPageGeometry page =
+            ORVPageGeometry::fromTwips(QSize(8400, 11901), QMargins(1080, 720, 20, -10));
+        QCOMPARE(page.paperSize, QSizeF(420, 595.05));
+        QCOMPARE(page.leftMargin, 54.0);
+        QCOMPARE(page.topMargin, 36.0);
+        QCOMPARE(page.rightMargin, 1.0);
+        QCOMPARE(page.bottomMargin, -0.5);
+    }
 
-void tst_stockformats::changedBaseline()
-{
-    QTextCharFormat format;
-    format.setVerticalAlignment(QTextCharFormat::AlignMiddle);
-    format.setProperty(ORVRtfProperty::BaselineShift, 6);
-    QTextDocument document;
-    QTextCursor cursor(&document);
-    cursor.insertText(QStringLiteral("text"), format);
-    ORVStockFormats::toStock(&document);
-    cursor.select(QTextCursor::Document);
-    QTextCharFormat normal;
-    normal.setVerticalAlignment(QTextCharFormat::AlignNormal);
-    cursor.mergeCharFormat(normal);
-    ORVStockFormats::fromStock(&document);
-    QCOMPARE(dump(document.begin().begin().fragment().charFormat()), dump(normal));
-}
+    void paragraphs_data()
+    {
+        const Columns<Properties, Properties> add("application", "stock");
+        // A point is 4/3 pixels.
+        add("left indent", Properties{{ORVRtfProperty::LeftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}},
+            Properties{{QTextFormat::BlockLeftMargin, 48.0}, {QTextFormat::TextIndent, 0.0}});
+        add("indented first line",
+            Properties{{ORVRtfProperty::LeftIndent, 36.0}, {QTextFormat::TextIndent, 54.0}},
+            Properties{{QTextFormat::BlockLeftMargin, 48.0}, {QTextFormat::TextIndent, 24.0}});
+        add("first line only", Properties{{QTextFormat::TextIndent, 18.0}},
+            Properties{{QTextFormat::TextIndent, 24.0}});
+        // 8640 twips of text are 432 points.
+        add("right edge", Properties{{ORVRtfProperty::RightIndent, 414.0}},
+            Properties{{QTextFormat::BlockRightMargin, 24.0}});
+        add("right edge in the margin", Properties{{ORVRtfProperty::RightIndent, 450.0}},
+            Properties{{QTextFormat::BlockRightMargin, -24.0}});
+        add("space around",
+            Properties{{QTextFormat::BlockTopMargin, 12.0}, {QTextFormat::BlockBottomMargin, 6.0}},
+            Properties{{QTextFormat::BlockTopMargin, 16.0}, {QTextFormat::BlockBottomMargin, 8.0}});
+        add("line multiple",
+            Properties{{ORVRtfProperty::LineSpacing, 18.0}, {ORVRtfProperty::LineMultiple, 12.0}},
+            Properties{{QTextFormat::LineHeight, 150.0},
+                       {QTextFormat::LineHeightType, int(QTextBlockFormat::ProportionalHeight)}});
+        add("least height", Properties{{ORVRtfProperty::LineSpacing, 24.0}},
+            Properties{{QTextFormat::LineHeight, 32.0},
+                       {QTextFormat::LineHeightType, int(QTextBlockFormat::MinimumHeight)}});
+        add("exact height", Properties{{ORVRtfProperty::LineSpacing, -24.0}},
+            Properties{{QTextFormat::LineHeight, 32.0},
+                       {QTextFormat::LineHeightType, int(QTextBlockFormat::FixedHeight)}});
+        add("single lines",
+            Properties{{ORVRtfProperty::LineSpacing, 12.0}, {ORVRtfProperty::LineMultiple, 12.0}},
+            Properties{{QTextFormat::LineHeight, QVariant()}, {QTextFormat::LineHeightType, QVariant()}});
+        // Word processors take 22 inches, which are 1584 points and 2112 pixels.
+        add("left indent of miles",
+            Properties{{ORVRtfProperty::LeftIndent, 1e7}, {QTextFormat::TextIndent, 1e7}},
+            Properties{{QTextFormat::BlockLeftMargin, 2112.0}, {QTextFormat::TextIndent, 0.0}});
+        add("first line miles away", Properties{{QTextFormat::TextIndent, -1e8}},
+            Properties{{QTextFormat::TextIndent, -2112.0}});
+        add("right edge miles away", Properties{{ORVRtfProperty::RightIndent, 1e7}},
+            Properties{{QTextFormat::BlockRightMargin, -2112.0}});
+        add("miles of space",
+            Properties{{QTextFormat::BlockTopMargin, 1e6}, {QTextFormat::BlockBottomMargin, 1e8}},
+            Properties{{QTextFormat::BlockTopMargin, 2112.0}, {QTextFormat::BlockBottomMargin, 2112.0}});
+        add("22 inches of space",
+            Properties{{QTextFormat::BlockTopMargin, 1584.0}, {QTextFormat::BlockBottomMargin, 1583.25}},
+            Properties{{QTextFormat::BlockTopMargin, 2112.0}, {QTextFormat::BlockBottomMargin, 2111.0}});
+        add("less than no space", Properties{{QTextFormat::BlockTopMargin, -12.0}},
+            Properties{{QTextFormat::BlockTopMargin, 0.0}});
+        add("least height of miles", Properties{{ORVRtfProperty::LineSpacing, 1e7}},
+            Properties{{QTextFormat::LineHeight, 2112.0}});
+        add("exact height of miles", Properties{{ORVRtfProperty::LineSpacing, -1e7}},
+            Properties{{QTextFormat::LineHeight, 2112.0}});
+        add("multiple of miles",
+            Properties{{ORVRtfProperty::LineSpacing, 1e8}, {ORVRtfProperty::LineMultiple, 12.0}},
+            Properties{{QTextFormat::LineHeight, 13200.0}});
+        // Newer Qt versions have a property of the id of the line spacing.
+        add("heading level", Properties{{ORVRtfProperty::LineSpacing, 2}},
+            Properties{{QTextFormat::LineHeight, QVariant()}});
+    }
 
-void tst_stockformats::changedListStyle()
-{
-    QTextListFormat format;
-    ORVTextListFormat::setLevels(format, {level("", 0, 0)});
-    QTextDocument document;
-    QTextList* const list = QTextCursor(&document).createList(format);
-    ORVStockFormats::toStock(&document);
-    QTextListFormat changed = list->format();
-    changed.setStyle(QTextListFormat::ListSquare);
-    list->setFormat(changed);
-    ORVStockFormats::fromStock(&document);
-    QCOMPARE(list->format().style(), QTextListFormat::ListSquare);
-}
+    void paragraphs()
+    {
+        FETCH(Properties, application, Properties, stock);
+        Paragraph paragraph(formatWith(application));
+        ORVStockFormats::toStock(&paragraph.document);
+        const QTextBlockFormat format = paragraph.format();
+        for (Properties::const_iterator it = stock.begin(); it != stock.end(); ++it)
+            QCOMPARE(format.property(it.key()), it.value());
+    }
 
-void tst_stockformats::changedTable()
-{
-    QTextTableFormat format;
-    format.setCellSpacing(0);
-    format.setCellPadding(3.01);
-    format.setBorder(1.5);
-    QTextDocument document;
-    QTextTable* const table = QTextCursor(&document).insertTable(1, 1, format);
-    ORVStockFormats::toStock(&document);
-    QTextTableFormat changed = table->format();
-    changed.setBorder(4);
-    table->setFormat(changed);
-    ORVStockFormats::fromStock(&document);
-    QCOMPARE(table->format().border(), 3.0);
-    QCOMPARE(table->format().cellPadding(), 3.01);
-}
+    // What Qt calls lines that cannot be broken are lines that are never wrapped.
+    void keepBitsAreNotLineWrapping()
+    {
+        const int policy = ORVRtfProperty::KeepLinesTogether | ORVRtfProperty::KeepWithNext
+            | QTextFormat::PageBreak_AlwaysBefore;
+        Paragraph paragraph(formatWith({{QTextFormat::PageBreakPolicy, policy}}));
+        ORVStockFormats::toStock(&paragraph.document);
+        QCOMPARE(paragraph.format().nonBreakableLines(), false);
+        QCOMPARE(paragraph.format().intProperty(QTextFormat::PageBreakPolicy), policy);
+    }
 
-// In a list Qt adds 40 pixels, which the paragraph loses with the list.
-void tst_stockformats::leavingAListKeepsThePlace()
-{
-    QTextListFormat listFormat;
-    ORVTextListFormat::setLevels(listFormat, {level("%0.", 36, 18)});
-    QTextDocument document;
-    QTextCursor cursor(&document);
-    QTextList* const list = cursor.createList(listFormat);
-    ORVTextListFormat::setBlockLevel(list, document.begin(), 0);
-    ORVStockFormats::toStock(&document);
-    QTextBlockFormat format = document.begin().blockFormat();
-    format.setObjectIndex(-1);
-    cursor.setBlockFormat(format);
-    ORVStockFormats::fromStock(&document);
-    QCOMPARE(document.begin().blockFormat().property(ORVRtfProperty::LeftIndent), QVariant(6.0));
-}
+    void rightEdgeDependsOnThePage()
+    {
+        Paragraph paragraph(formatWith({{ORVRtfProperty::RightIndent, 400.0}}));
+        ORVPageGeometry page;
+        page.paperSize = QSizeF(600, 800);
+        page.leftMargin = 100;
+        page.rightMargin = 50;
+        page.setOn(&paragraph.document);
+        ORVStockFormats::toStock(&paragraph.document);
+        QCOMPARE(paragraph.format().rightMargin(), (450.0 - 400.0) * 4 / 3);
+    }
 
-void tst_stockformats::htmlToRtf_data()
-{
-    QTest::addColumn<QString>("html");
-    QTest::addColumn<QByteArray>("paragraph");
+    void tabStops_data()
+    {
+        const Columns<double, double, QList<double>, QList<double>> add("left", "firstLine", "points",
+                                                                        "pixels");
+        add("no indent", 0.0, 0.0, QList<double>{36, 72}, QList<double>{48, 96});
+        add("counted from the left indent", 18.0, 18.0, QList<double>{9, 36}, QList<double>{-12, 24});
+        add("hanging first line", 36.0, 18.0, QList<double>{27, 72}, QList<double>{-12, 0, 48});
+        add("hanging, stated", 36.0, 18.0, QList<double>{36}, QList<double>{0});
+        add("miles away", 0.0, 0.0, QList<double>{36, 1e7}, QList<double>{48, 2112});
+        add("hanging without tab stops", 36.0, 18.0, QList<double>(), QList<double>{0});
+    }
 
-    const QString paragraph = QStringLiteral("<p style=\"margin-top:0;margin-bottom:0;%1\">text</p>");
-    // A pixel is 15 twips.
-    QTest::newRow("left margin") << paragraph.arg(QStringLiteral("margin-left:40px"))
-                                 << QByteArray("\\li600\\lt");
-    QTest::newRow("first line") << paragraph.arg(QStringLiteral("margin-left:40px;text-indent:10px"))
-                                << QByteArray("\\li600\\fi150\\lt");
-    QTest::newRow("hanging") << paragraph.arg(QStringLiteral("margin-left:40px;text-indent:-10px"))
-                             << QByteArray("\\li600\\fi-150\\lt");
-    QTest::newRow("right margin") << paragraph.arg(QStringLiteral("margin-right:20px"))
-                                  << QByteArray("\\ri300\\lt");
-    QTest::newRow("space") << QStringLiteral("<p style=\"margin-top:8px;margin-bottom:4px\">text</p>")
-                           << QByteArray("\\sa60\\sb120\\lt");
-    QTest::newRow("line height") << paragraph.arg(QStringLiteral("line-height:150%"))
-                                 << QByteArray("\\sl360\\slmult1\\lt");
-    QTest::newRow("nothing") << paragraph.arg(QString()) << QByteArray("\\lt");
-    QTest::newRow("list") << QStringLiteral("<ul style=\"margin:0\"><li style=\"margin:0\">text</li></ul>")
-                          << QByteArray("\\li600\\fi-360\\lt");
-}
+    void tabStops()
+    {
+        FETCH(double, left, double, firstLine, QList<double>, points, QList<double>, pixels);
+        QTextBlockFormat format = indented(left, firstLine);
+        QList<QTextOption::Tab> tabs;
+        for (const double position : points)
+            tabs << QTextOption::Tab(position, QTextOption::RightTab);
+        if (!tabs.isEmpty())
+            format.setTabPositions(tabs);
+        Paragraph paragraph(format);
+        ORVStockFormats::toStock(&paragraph.document);
+        QList<double> found;
+        const QList<QTextOption::Tab> stockTabs = paragraph.format().tabPositions();
+        for (const QTextOption::Tab& tab : stockTabs)
+            found << tab.position;
+        QCOMPARE(found, pixels);
+    }
 
-void tst_stockformats::htmlToRtf()
-{
-    QFETCH(QString, html);
-    QFETCH(QByteArray, paragraph);
-    QTextDocument document;
-    document.setHtml(html);
-    ORVStockFormats::fromStock(&document);
-    const QByteArray body = bodyOf(ORVTextRtf::toRtfData(&document, false, true));
-    const QByteArray begin("\\pard\\plain ");
-    const int start = body.indexOf(begin) + begin.size();
-    QCOMPARE(body.mid(start, paragraph.size()), paragraph);
-}
+    void baselines_data()
+    {
+        const Columns<int, int, int> add("alignment", "shift", "shown");
+        add("up", int(QTextCharFormat::AlignMiddle), 6, int(QTextCharFormat::AlignSuperScript));
+        add("down", int(QTextCharFormat::AlignMiddle), -6, int(QTextCharFormat::AlignSubScript));
+        add("back to the baseline", int(QTextCharFormat::AlignMiddle), 0, int(QTextCharFormat::AlignMiddle));
+        add("subscript after all", int(QTextCharFormat::AlignSubScript), 6,
+            int(QTextCharFormat::AlignSubScript));
+    }
 
-void tst_stockformats::fromStockTwiceIsOnce()
-{
-    QTextDocument document;
-    document.setHtml(QStringLiteral(
-        "<p style=\"margin-top:16px\">a</p><ul><li>b</li></ul><table border=\"4\" cellpadding=\"8\">"
-        "<tr><td width=\"100\">c</td></tr></table>"));
-    ORVStockFormats::fromStock(&document);
-    const QStringList formats = formatsOf(document);
-    QCOMPARE(document.begin().blockFormat().topMargin(), 12.0);
-    ORVStockFormats::fromStock(&document);
-    QCOMPARE(formatsOf(document), formats);
-}
+    void baselines()
+    {
+        FETCH(int, alignment, int, shift, int, shown);
+        QTextCharFormat format;
+        format.setProperty(QTextFormat::TextVerticalAlignment, alignment);
+        format.setProperty(ORVRtfProperty::BaselineShift, shift);
+        QTextDocument document;
+        QTextCursor(&document).insertText("text"_s, format);
+        ORVStockFormats::toStock(&document);
+        QCOMPARE(int(document.begin().begin().fragment().charFormat().verticalAlignment()), shown);
+    }
 
-void tst_stockformats::applicationParagraphsAreLeftAlone()
-{
-    QTextBlockFormat format = indented(36, 18);
-    format.setTopMargin(12);
-    Paragraph paragraph(format);
-    ORVStockFormats::fromStock(&paragraph.document);
-    QCOMPARE(dump(paragraph.format()), dump(format));
-}
+    // Qt adds 40 pixels for the list, and puts the marker in front of the first line.
+    void listItemsStandWhereRtfSays()
+    {
+        QTextListFormat listFormat;
+        ORVTextListFormat::setLevels(listFormat, {level("%0.", 36, 18), level("%0)", 72, 72)});
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        cursor.insertText("hanging\nflat\nstated"_s);
+        QTextList* const list = QTextCursor(document.begin()).createList(listFormat);
+        const QTextBlock second = document.findBlockByNumber(1);
+        const QTextBlock third = document.findBlockByNumber(2);
+        list->add(second);
+        list->add(third);
+        ORVTextListFormat::setBlockLevel(list, document.begin(), 0);
+        ORVTextListFormat::setBlockLevel(list, second, 1);
+        QTextCursor(third).mergeBlockFormat(indented(54, 18));
 
-void tst_stockformats::undo()
-{
-    Paragraph paragraph(indented(36, 18));
-    paragraph.document.clearUndoRedoStacks();
-    ORVStockFormats::toStock(&paragraph.document);
-    QCOMPARE(paragraph.document.availableUndoSteps(), 1);
-    paragraph.document.undo();
-    QCOMPARE(dump(paragraph.format()), dump(indented(36, 18)));
+        ORVStockFormats::toStock(&document);
+        QCOMPARE(document.begin().blockFormat().leftMargin(), 48.0 - 40.0);
+        QCOMPARE(document.begin().blockFormat().textIndent(), 0.0);
+        // The marker at the left edge, the text 18 points behind it.
+        QCOMPARE(second.blockFormat().leftMargin(), 96.0 - 40.0);
+        QCOMPARE(second.blockFormat().textIndent(), 24.0);
+        QCOMPARE(third.blockFormat().leftMargin(), 72.0 - 40.0);
+        QCOMPARE(third.blockFormat().textIndent(), 0.0);
+        QCOMPARE(list->format().indent(), 1);
+        QCOMPARE(third.textList(), list);
+    }
 
-    paragraph.document.setUndoRedoEnabled(false);
-    ORVStockFormats::toStock(&paragraph.document);
-    QCOMPARE(paragraph.document.availableUndoSteps(), 0);
-    QCOMPARE(paragraph.format().leftMargin(), 48.0);
-}
+    void listsOfQtStayWhereTheyAre()
+    {
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        cursor.createList(QTextListFormat::ListDisc);
+        ORVStockFormats::toStock(&document);
+        QCOMPARE(document.begin().blockFormat().leftMargin(), 0.0);
+        QCOMPARE(document.begin().blockFormat().textIndent(), 0.0);
+        ORVStockFormats::fromStock(&document);
+        QVERIFY(!document.begin().blockFormat().hasProperty(ORVRtfProperty::LeftIndent));
+    }
 
-QTEST_MAIN(tst_stockformats)
-#include "tst_stockformats.moc"
+    // A list that the file does not describe: RTF does not indent its items, Qt does.
+    void unknownListsIndentNothing()
+    {
+        const rtftest::Reading reading = rtftest::readBody("\\pard\\ls7 text");
+        ORVStockFormats::toStock(reading.document.data());
+        QCOMPARE(reading.document->begin().blockFormat().leftMargin(), -40.0);
+    }
+
+    void listsWithoutMarkersShowNone()
+    {
+        QTextListFormat format;
+        ORVTextListFormat::setLevels(format, {level("", 0, 0), level("", 36, 36)});
+        QTextDocument document;
+        QTextList* const list = QTextCursor(&document).createList(format);
+        const QTextListFormat::Style style = list->format().style();
+        QVERIFY(style != QTextListFormat::ListStyleUndefined);
+        ORVStockFormats::toStock(&document);
+        QCOMPARE(list->format().style(), QTextListFormat::ListStyleUndefined);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(list->format().style(), style);
+    }
+
+    void tables()
+    {
+        QTextTableFormat format;
+        format.setCellSpacing(0);
+        format.setCellPadding(3);
+        format.setBorder(1.5);
+        QTextDocument document;
+        QTextTable* const table = QTextCursor(&document).insertTable(1, 1, format);
+        QTextTableFormat hairline = format;
+        hairline.setBorder(0.05);
+        hairline.setCellSpacing(2);
+        QTextCursor cursor(&document);
+        cursor.movePosition(QTextCursor::End);
+        QTextTable* const second = cursor.insertTable(1, 1, hairline);
+        ORVStockFormats::toStock(&document);
+        QCOMPARE(table->format().cellPadding(), 4.0);
+        QCOMPARE(table->format().border(), 2.0);
+        QCOMPARE(table->format().property(compat::tableBorderCollapse), QVariant(true));
+        QCOMPARE(second->format().border(), 1.0);
+        QCOMPARE(second->format().property(compat::tableBorderCollapse), QVariant());
+
+        QTextTableFormat miles;
+        miles.setCellPadding(1e7);
+        cursor.movePosition(QTextCursor::End);
+        QTextTable* const third = cursor.insertTable(1, 1, miles);
+        ORVStockFormats::toStock(&document);
+        QCOMPARE(third->format().cellPadding(), 2112.0);
+    }
+
+    // RTF counts from the page; a view from the cell that the table stands in, which is a half of it here.
+    void nestedTableWidths()
+    {
+        QTextTableFormat format;
+        format.setColumnWidthConstraints(
+            {QTextLength(QTextLength::PercentageLength, 50), QTextLength(QTextLength::PercentageLength, 50)});
+        QTextTableFormat inner;
+        inner.setColumnWidthConstraints(
+            {QTextLength(QTextLength::PercentageLength, 20), QTextLength(QTextLength::PercentageLength, 5)});
+        QTextDocument document;
+        QTextTable* const table = QTextCursor(&document).insertTable(1, 2, format);
+        QTextTable* const nested = table->cellAt(0, 1).firstCursorPosition().insertTable(1, 2, inner);
+        ORVStockFormats::toStock(&document);
+        QCOMPARE(table->format().columnWidthConstraints(), format.columnWidthConstraints());
+        QCOMPARE(nested->format().columnWidthConstraints().at(0).rawValue(), 40.0);
+        QCOMPARE(nested->format().columnWidthConstraints().at(1).rawValue(), 10.0);
+        QTextTableFormat changed = nested->format();
+        changed.setColumnWidthConstraints(
+            {QTextLength(QTextLength::PercentageLength, 60), QTextLength(QTextLength::PercentageLength, 10)});
+        nested->setFormat(changed);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(nested->format().columnWidthConstraints().at(0).rawValue(), 30.0);
+        QCOMPARE(nested->format().columnWidthConstraints().at(1).rawValue(), 5.0);
+    }
+
+    void thereAndBack_data()
+    {
+        const Columns<QByteArray> add("rtf");
+        add("paragraphs",
+            "\\li720\\fi-360\\ri333\\sb77\\sa13 a\\par\\pard\\sl360\\slmult1 b"
+            "\\par\\pard\\sl-301\\keep\\keepn c\\par\\pard\\li1\\fi7 d");
+        add("miles",
+            "\\li300000000\\fi-2000000000\\ri-2000000000\\sb-77\\sa2000000000"
+            "\\tx900000000 a\\par\\pard\\sl2000000000\\slmult1 b\\par\\pard"
+            "\\sl-300000000 c\\par\\trowd\\trgaph300000000\\cellx3001\\intbl d"
+            "\\cell\\row");
+        add("tab stops", "\\li720\\fi-360\\tqr\\tx313\\tx720\\tqdec\\tx1111 a\\tab b");
+        add("baselines", "a{\\up7 b}{\\dn3 c}{\\up2\\super d}");
+        add("lists",
+            "{\\*\\listtable{\\list{\\listlevel\\levelnfc0{\\leveltext\\'02\\'00.;}\\fi-360\\li720}{"
+            "\\listlevel"
+            "\\levelnfc4{\\leveltext\\'02\\'01);}\\fi-360\\li1080}\\listid1}{\\list{\\listlevel\\levelnfc255"
+            "{\\leveltext\\'00;}}\\listid2}}{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}{"
+            "\\listoverride"
+            "\\listid2\\ls2}}\\pard\\ls1\\ilvl0\\fi-360\\li720 a\\par\\ilvl1 b\\par\\pard\\ls2\\li33 "
+            "c\\par\\pard"
+            "\\ls7 d");
+        add("tables",
+            "\\trowd\\clbrdrt\\brdrs\\brdrw7\\clpadl57\\cellx3001\\cellx7777\\intbl a\\cell\\li99 "
+            "b\\cell\\row"
+            "\\pard\\intbl\\itap2 n\\nestcell{\\*\\nesttableprops\\trowd\\cellx1003\\nestrow}\\intbl\\itap1 "
+            "x\\cell y"
+            "\\cell\\row\\pard e");
+    }
+
+    // The formats, property by property, and the bytes that are written.
+    void thereAndBack()
+    {
+        FETCH(QByteArray, rtf);
+        const rtftest::Reading reading = rtftest::readBody(rtf);
+        QTextDocument* const document = reading.document.data();
+        document->setProperty("paperSize", QSizeF(595.3, 841.9));
+        const QStringList formats = formatsOf(*document);
+        const QByteArray written = ORVTextRtf::toRtfCData(document, false);
+        ORVStockFormats::toStock(document);
+        QVERIFY(formatsOf(*document) != formats);
+        ORVStockFormats::fromStock(document);
+        QCOMPARE(formatsOf(*document), formats);
+        QCOMPARE(ORVTextRtf::toRtfCData(document, false), written);
+    }
+
+    // Formats are equal only when their properties were set in the same order; the writer states those that
+    // differ.
+    void equalFormatsInAnotherOrderStayDifferent()
+    {
+        QTextBlockFormat first;
+        first.setTopMargin(10);
+        first.setBottomMargin(5);
+        QTextBlockFormat second;
+        second.setBottomMargin(5);
+        second.setTopMargin(10);
+        QVERIFY(first != second);
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        cursor.setBlockFormat(first);
+        cursor.insertBlock(second);
+        ORVStockFormats::toStock(&document);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(document.begin().blockFormat(), first);
+        QCOMPARE(document.lastBlock().blockFormat(), second);
+    }
+
+    void toStockTwiceIsOnce()
+    {
+        const rtftest::Reading reading =
+            rtftest::readBody("\\li720\\fi-360\\sb77 a{\\up7 b}\\par\\trowd\\cellx3001\\intbl a\\cell\\row");
+        ORVStockFormats::toStock(reading.document.data());
+        const QStringList formats = formatsOf(*reading.document);
+        ORVStockFormats::toStock(reading.document.data());
+        QCOMPARE(formatsOf(*reading.document), formats);
+    }
+
+    void resolutionIsRemembered()
+    {
+        const QTextBlockFormat format = indented(36, 54);
+        Paragraph paragraph(format);
+        ORVUnit::setScreenResolution(144);
+        ORVStockFormats::toStock(&paragraph.document);
+        QCOMPARE(paragraph.format().leftMargin(), 72.0);
+        ORVUnit::setScreenResolution(96);
+        ORVStockFormats::fromStock(&paragraph.document);
+        QCOMPARE(dump(paragraph.format()), dump(format));
+    }
+
+    void changesInStockFormCount_data()
+    {
+        const Columns<Properties, Properties> add("change", "application");
+        // Before the change: left indent 36, first line at 54, right edge at 414 points.
+        add("left margin", Properties{{QTextFormat::BlockLeftMargin, 96.0}},
+            Properties{{ORVRtfProperty::LeftIndent, 72.0},
+                       {QTextFormat::TextIndent, 90.0},
+                       {ORVRtfProperty::RightIndent, 414.0}});
+        add("first line", Properties{{QTextFormat::TextIndent, -12.0}},
+            Properties{{ORVRtfProperty::LeftIndent, 36.0}, {QTextFormat::TextIndent, 27.0}});
+        add("indent, as editors have it", Properties{{QTextFormat::BlockIndent, 1}},
+            Properties{{ORVRtfProperty::LeftIndent, 66.0}, {QTextFormat::TextIndent, 84.0}});
+        add("right margin", Properties{{QTextFormat::BlockRightMargin, 48.0}},
+            Properties{{ORVRtfProperty::RightIndent, 396.0}});
+        add("no right margin", Properties{{QTextFormat::BlockRightMargin, 0.0}},
+            Properties{{ORVRtfProperty::RightIndent, QVariant()}});
+        add("space above", Properties{{QTextFormat::BlockTopMargin, 16.0}},
+            Properties{{QTextFormat::BlockTopMargin, 12.0}});
+        add("double lines",
+            Properties{{QTextFormat::LineHeight, 200.0},
+                       {QTextFormat::LineHeightType, int(QTextBlockFormat::ProportionalHeight)}},
+            Properties{{ORVRtfProperty::LineSpacing, 24.0},
+                       {ORVRtfProperty::LineMultiple, 12.0},
+                       {QTextFormat::LineHeight, QVariant()}});
+        add("single lines",
+            Properties{{QTextFormat::LineHeight, 0.0},
+                       {QTextFormat::LineHeightType, int(QTextBlockFormat::SingleHeight)}},
+            Properties{{ORVRtfProperty::LineSpacing, QVariant()}});
+    }
+
+    void changesInStockFormCount()
+    {
+        FETCH(Properties, change, Properties, application);
+        QTextBlockFormat format = indented(36, 54);
+        format.setProperty(ORVRtfProperty::RightIndent, 414.0);
+        format.setProperty(ORVRtfProperty::LineSpacing, -20.0);
+        Paragraph paragraph(format);
+        ORVStockFormats::toStock(&paragraph.document);
+        paragraph.merge(formatWith(change));
+        ORVStockFormats::fromStock(&paragraph.document);
+        const QTextBlockFormat result = paragraph.format();
+        for (Properties::const_iterator it = application.begin(); it != application.end(); ++it)
+            QCOMPARE(result.property(it.key()), it.value());
+        QVERIFY(!result.hasProperty(QTextFormat::BlockLeftMargin));
+    }
+
+    // Tab stops are equal also when the unused bytes between their members are not.
+    void equalTabStopsAreNoChange()
+    {
+        QTextBlockFormat format = indented(36, 54);
+        format.setTabPositions({QTextOption::Tab(100, QTextOption::RightTab)});
+        Paragraph paragraph(format);
+        ORVStockFormats::toStock(&paragraph.document);
+        const QTextOption::Tab stock = paragraph.format().tabPositions().constFirst();
+        for (const int unused : {0, 0x5A}) {
+            alignas(QTextOption::Tab) unsigned char memory[sizeof(QTextOption::Tab)];
+            memset(memory, unused, sizeof memory);
+            const QTextOption::Tab* const tab =
+                new (memory) QTextOption::Tab(stock.position, stock.type, stock.delimiter);
+            QTextBlockFormat change;
+            change.setTabPositions({*tab});
+            change.setLeftMargin(unused + 10);
+            paragraph.merge(change);
+        }
+        ORVStockFormats::fromStock(&paragraph.document);
+        QCOMPARE(paragraph.format().tabPositions(), format.tabPositions());
+    }
+
+    void changedOtherPropertiesStay()
+    {
+        Paragraph paragraph(indented(36.05, 18.3));
+        ORVStockFormats::toStock(&paragraph.document);
+        paragraph.merge(formatWith({{QTextFormat::BlockAlignment, int(Qt::AlignRight)}}));
+        ORVStockFormats::fromStock(&paragraph.document);
+        QTextBlockFormat expected = indented(36.05, 18.3);
+        expected.setProperty(QTextFormat::BlockAlignment, int(Qt::AlignRight));
+        QCOMPARE(dump(paragraph.format()), dump(expected));
+    }
+
+    void changedBaseline()
+    {
+        QTextCharFormat format;
+        format.setVerticalAlignment(QTextCharFormat::AlignMiddle);
+        format.setProperty(ORVRtfProperty::BaselineShift, 6);
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        cursor.insertText("text"_s, format);
+        ORVStockFormats::toStock(&document);
+        cursor.select(QTextCursor::Document);
+        QTextCharFormat normal;
+        normal.setVerticalAlignment(QTextCharFormat::AlignNormal);
+        cursor.mergeCharFormat(normal);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(dump(document.begin().begin().fragment().charFormat()), dump(normal));
+    }
+
+    void changedListStyle()
+    {
+        QTextListFormat format;
+        ORVTextListFormat::setLevels(format, {level("", 0, 0)});
+        QTextDocument document;
+        QTextList* const list = QTextCursor(&document).createList(format);
+        ORVStockFormats::toStock(&document);
+        QTextListFormat changed = list->format();
+        changed.setStyle(QTextListFormat::ListSquare);
+        list->setFormat(changed);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(list->format().style(), QTextListFormat::ListSquare);
+    }
+
+    void changedTable()
+    {
+        QTextTableFormat format;
+        format.setCellSpacing(0);
+        format.setCellPadding(3.01);
+        format.setBorder(1.5);
+        QTextDocument document;
+        QTextTable* const table = QTextCursor(&document).insertTable(1, 1, format);
+        ORVStockFormats::toStock(&document);
+        QTextTableFormat changed = table->format();
+        changed.setBorder(4);
+        table->setFormat(changed);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(table->format().border(), 3.0);
+        QCOMPARE(table->format().cellPadding(), 3.01);
+    }
+
+    // In a list Qt adds 40 pixels, which the paragraph loses with the list.
+    void leavingAListKeepsThePlace()
+    {
+        QTextListFormat listFormat;
+        ORVTextListFormat::setLevels(listFormat, {level("%0.", 36, 18)});
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        QTextList* const list = cursor.createList(listFormat);
+        ORVTextListFormat::setBlockLevel(list, document.begin(), 0);
+        ORVStockFormats::toStock(&document);
+        QTextBlockFormat format = document.begin().blockFormat();
+        format.setObjectIndex(-1);
+        cursor.setBlockFormat(format);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(document.begin().blockFormat().property(ORVRtfProperty::LeftIndent), QVariant(6.0));
+    }
+
+    void htmlToRtf_data()
+    {
+        const Columns<QString, QByteArray> add("html", "paragraph");
+        const QString paragraph = "<p style=\"margin-top:0;margin-bottom:0;%1\">text</p>"_s;
+        // A pixel is 15 twips.
+        add("left margin", paragraph.arg("margin-left:40px"_s), "\\li600\\lt");
+        add("first line", paragraph.arg("margin-left:40px;text-indent:10px"_s), "\\li600\\fi150\\lt");
+        add("hanging", paragraph.arg("margin-left:40px;text-indent:-10px"_s), "\\li600\\fi-150\\lt");
+        add("right margin", paragraph.arg("margin-right:20px"_s), "\\ri300\\lt");
+        add("space", "<p style=\"margin-top:8px;margin-bottom:4px\">text</p>", "\\sa60\\sb120\\lt");
+        add("line height", paragraph.arg("line-height:150%"_s), "\\sl360\\slmult1\\lt");
+        add("nothing", paragraph.arg(QString()), "\\lt");
+        add("list", "<ul style=\"margin:0\"><li style=\"margin:0\">text</li></ul>", "\\li600\\fi-360\\lt");
+    }
+
+    void htmlToRtf()
+    {
+        FETCH(QString, html, QByteArray, paragraph);
+        QTextDocument document;
+        document.setHtml(html);
+        ORVStockFormats::fromStock(&document);
+        const QByteArray body = bodyOf(ORVTextRtf::toRtfData(&document, false, true));
+        const QByteArray begin("\\pard\\plain ");
+        const int start = body.indexOf(begin) + begin.size();
+        QCOMPARE(body.mid(start, paragraph.size()), paragraph);
+    }
+
+    void fromStockTwiceIsOnce()
+    {
+        QTextDocument document;
+        document.setHtml(
+            "<p style=\"margin-top:16px\">a</p><ul><li>b</li></ul><table border=\"4\" cellpadding=\"8\">"
+            "<tr><td width=\"100\">c</td></tr></table>"_s);
+        ORVStockFormats::fromStock(&document);
+        const QStringList formats = formatsOf(document);
+        QCOMPARE(document.begin().blockFormat().topMargin(), 12.0);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(formatsOf(document), formats);
+    }
+
+    void applicationParagraphsAreLeftAlone()
+    {
+        QTextBlockFormat format = indented(36, 18);
+        format.setTopMargin(12);
+        Paragraph paragraph(format);
+        ORVStockFormats::fromStock(&paragraph.document);
+        QCOMPARE(dump(paragraph.format()), dump(format));
+    }
+
+    void undo()
+    {
+        Paragraph paragraph(indented(36, 18));
+        paragraph.document.clearUndoRedoStacks();
+        ORVStockFormats::toStock(&paragraph.document);
+        QCOMPARE(paragraph.document.availableUndoSteps(), 1);
+        paragraph.document.undo();
+        QCOMPARE(dump(paragraph.format()), dump(indented(36, 18)));
+
+        paragraph.document.setUndoRedoEnabled(false);
+        ORVStockFormats::toStock(&paragraph.document);
+        QCOMPARE(paragraph.document.availableUndoSteps(), 0);
+        QCOMPARE(paragraph.format().leftMargin(), 48.0);
+    }
+};
+
+ORV_TEST("stockformats", TestStockFormats, QGuiApplication)
+#include "stockformats.moc"

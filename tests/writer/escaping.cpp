@@ -1,10 +1,6 @@
-#include "ORVRtfProperties.h"
 #include "ORVTextPage.h"
-#include "QtFontCompat_p.h"
 #include "bufferedoutput.h"
-#include "rtfwritinghelpers.h"
-
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -138,8 +134,8 @@ QByteArray ordinaryForm(int code)
 /*! The paragraphs that "A", a unit and "B" are after a document with them was written and read back. */
 QStringList paragraphsReadBack(int code)
 {
-    const QString a = QStringLiteral("A");
-    const QString b = QStringLiteral("B");
+    const QString a = "A"_s;
+    const QString b = "B"_s;
     switch (code) {
     // What ends a paragraph when it is inserted into a document never gets as far as the writer.
     case 0x0a:
@@ -149,8 +145,8 @@ QStringList paragraphsReadBack(int code)
     case 0xfdd1: return {a, b};
     // Fields come back as their results, but for the current page, which has none.
     case 0xe000: return {a + b};
-    case 0xe001: return {QStringLiteral("A1B")};
-    case 0xe002: return {QStringLiteral("A?B")};
+    case 0xe001: return {"A1B"_s};
+    case 0xe002: return {"A?B"_s};
     default: break;
     }
     // The reader drops these control characters.
@@ -170,296 +166,250 @@ class TestWriterEscaping : public QObject {
     Q_OBJECT
 
 private slots:
-    void initTestCase();
+    void initTestCase()
+    {
+        // The output takes the spellings from the table that readers and writers build.
+        ORVTextRtfCommon::initHash();
+    }
 
-    void text_data();
-    void text();
-    void everyUnit();
-    void everyUnitVerbatim();
-    void leadingSpace_data();
-    void leadingSpace();
-    void preambleOncePerCall();
-    void hexadecimal();
+    void text_data()
+    {
+        const Columns<QString, Escaping, QByteArray> add("text", "escaping", "rtf");
+        const Escaping plain;
 
-    void documentText_data();
-    void documentText();
-    void textHasTheNumberOfItsFont();
-    void eachRunHasItsOwnPreamble();
-    void pageReferencesOfARun();
-    void headerText();
-    void everyUnitReadsBack_data();
-    void everyUnitReadsBack();
+        add("nothing", QString(), plain, QByteArray());
+        add("ASCII", fromUtf8("Hello, World 123~!"), plain, "Hello, World 123~!");
+        add("blanks stay", fromUtf8("  a  "), plain, "  a  ");
+        add("braces and backslash", fromUtf8("{\\b x}"), plain, "\\{\\\\b x\\}");
+        add("tab", fromUtf8("a\tb\t\t"), plain, "a\\tab b\\tab \\tab ");
+        add("no-break space", fromUtf8("a\xc2\xa0 b"), plain, "a\\~ b");
+        add("en dash",
+            fromUtf8("A\xe2\x80\x93"
+                     "B"),
+            plain, "A\\endash B");
+        add("em dash",
+            fromUtf8("A\xe2\x80\x94"
+                     "B"),
+            inFont(12), "A\\hich\\f12 \\emdash \\loch\\f12 B");
+        add("bullet and line", fromUtf8("\xe2\x80\xa2 x\xe2\x80\xa8y"), plain, "\\bullet  x\\line y");
+        add("line feed, return, NUL", QString(unit('\n') + unit('\r') + unit(0)), plain, "\\'0A\\'0D\\'00");
+        add("delete", unit(0x7f), plain, "\x7f");
+        add("paragraph separator", unit(0x2029), plain, preamble() + "\\u8233\\'3F");
+        add("quotation marks", fromUtf8("\xe2\x80\x98\xe2\x80\x99\xe2\x80\x9c\xe2\x80\x9d"), plain,
+            preamble() + "\\u8216\\'91\\u8217\\'92\\u8220\\'93\\u8221\\'94");
+        add("euro sign", fromUtf8("\xe2\x82\xac"), plain, preamble() + "\\u8364\\'80");
+        add("small tilde has no byte", unit(0x2dc), plain, preamble() + "\\u732\\'3F");
+        add("byte 0x98", unit(0x20dc), plain, preamble() + "\\u8412\\'98");
+        add("control character of Latin-1", unit(0x85), plain, preamble() + "\\u133\\'3F");
+        add("above 32767", unit(0xfffd), plain, preamble() + "\\u65533\\'3F");
+        add("surrogates", fromUtf8("\xf0\x9f\x98\x80"), plain, preamble() + "\\u55357\\'3F\\u56832\\'3F");
+        add("lone surrogate", unit(0xdc00), plain, preamble() + "\\u56320\\'3F");
+
+        add("current page", unit(0xe000), plain, QByteArray(PageNumber));
+        add("number of pages", unit(0xe001), plain, QByteArray(PageCount));
+        Escaping referring;
+        referring.bookmark = "intro"_s;
+        add("page of a bookmark", unit(0xe002), referring, pageReference("intro"));
+        add("current page beside a bookmark", unit(0xe000), referring, QByteArray(PageNumber));
+        add("next private character", unit(0xe003), plain, preamble() + "\\u57347\\'3F");
+
+        const QString tags = "<$p>/<$pagecount>"_s;
+        add("tags", tags, plain, "<$p>/<$pagecount>");
+        add("tags with a bookmark", tags, referring, "<$p>/<$pagecount>");
+        add("exported tags", tags, exportingText(), QByteArray(PageNumber) + '/' + QByteArray(PageCount));
+        add("exported tags with a bookmark", QString(tags + tags), exportingText("intro"_s),
+            pageReference("intro") + '/' + PageCount + pageReference("intro") + '/' + PageCount);
+        add("exported tags in other letters", "<$P><$PageCount><$page><p>", exportingText(),
+            "<$P><$PageCount><$page><p>");
+        add("exported characters", QString(unit(0xe000) + unit(0xe001) + unit(0xe002)), exportingText("b"_s),
+            PageNumber + QByteArray(PageCount) + pageReference("b"));
+        add("bookmark with structure", "<$p>", exportingText(fromUtf8("a{\\}")),
+            pageReference("a\\{\\\\\\}"));
+        add("bookmark beyond ASCII", "<$p>", exportingText(fromUtf8("caf\xc3\xa9\xe2\x82\xac")),
+            pageReference("caf\xe9?"));
+
+        add("verbatim", fromUtf8("{\\b x}"), verbatim(), "{\\b x}");
+        add("verbatim tab", fromUtf8("a\tb"), verbatim(), "a\\'09b");
+        add("verbatim no-break space", unit(0xa0), verbatim(3), preamble(3) + "\\u160\\'A0");
+        add("verbatim dashes and bullet", QString(unit(0x2013) + unit(0x2014) + unit(0x2022)), verbatim(),
+            preamble() + "\\u8211\\'96\\u8212\\'97\\u8226\\'95");
+        add("verbatim placeholder", unit(0xe001), verbatim(), preamble() + "\\u57345\\'3F");
+        Escaping verbatimExport = exportingText();
+        verbatimExport.verbatim = true;
+        add("verbatim exported tag", "<$p>", verbatimExport, preamble() + "\\u57344\\'3F");
+    }
+
+    void text()
+    {
+        FETCH(QString, text, Escaping, escaping, QByteArray, rtf);
+        QCOMPARE(escape(text, escaping), rtf);
+    }
+
+    void everyUnit()
+    {
+        for (int code = 0; code < UnitCount; ++code)
+            QCOMPARE(escape(unit(code)), ordinaryForm(code));
+    }
+
+    void everyUnitVerbatim()
+    {
+        for (int code = 0; code < UnitCount; ++code)
+            QCOMPARE(escape(unit(code), verbatim()), generalForm(code));
+    }
+
+    void leadingSpace_data()
+    {
+        const Columns<QString, bool, bool, QByteArray> add("text", "pending", "asked", "rtf");
+        const QString x = "x"_s;
+        add("owed and asked for", x, true, true, "{\\b x");
+        add("owed, not asked for", x, true, false, "{\\bx");
+        add("not owed", x, false, true, "{x");
+        add("neither", x, false, false, "{x");
+        add("empty text, owed", QString(), true, true, "{\\b ");
+        add("empty text, not owed", QString(), false, true, "{");
+        add("blank", " x", true, true, "{\\b  x");
+        add("before a control word", "\tx", true, true, "{\\b \\tab x");
+        add("before an escape", fromUtf8("\xc3\xa9"), true, true, "{\\b " + preamble() + "\\u233\\'E9");
+        add("before a field", unit(0xe000), true, true, "{\\b {\\chpgn}");
+    }
+
+    void leadingSpace()
+    {
+        FETCH(QString, text, bool, pending, bool, asked, QByteArray, rtf);
+        BufferedOutput output;
+        output.openGroup();
+        if (pending)
+            output.write("\\b");
+        QCOMPARE(output.isKeywordPending(), pending);
+        Escaping escaping;
+        escaping.leadingSpace = asked;
+        QVERIFY(writeText(output, text, escaping));
+        QVERIFY(!output.isKeywordPending());
+        QCOMPARE(output.bytes(), rtf);
+    }
+
+    void preambleOncePerCall()
+    {
+        const QString text = fromUtf8("\xc3\xa9\xe2\x80\x94 {\xc3\xa8}");
+        QCOMPARE(escape(text, inFont(2)),
+                 preamble(2) + "\\u233\\'E9\\hich\\f2 \\emdash \\loch\\f2  \\{\\u232\\'E8\\}");
+        BufferedOutput output;
+        writeText(output, fromUtf8("\xc3\xa9"), inFont(2));
+        writeText(output, fromUtf8("\xc3\xa9"), inFont(3));
+        QCOMPARE(output.bytes(), preamble(2) + "\\u233\\'E9" + preamble(3) + "\\u233\\'E9");
+    }
+
+    void hexadecimal()
+    {
+        BufferedOutput output;
+        // Its result compares the digits with the bytes.
+        QVERIFY(!output.writeHexadecimalCharacters(QByteArray("\x00\xab\xff", 3)));
+        QCOMPARE(output.bytes(), "00abff"_b);
+        QVERIFY(output.writeHexadecimalCharacters(QByteArray()));
+        QCOMPARE(output.bytes(), "00abff"_b);
+
+        QByteArray all;
+        QByteArray digits;
+        for (int byte = 0; byte < 256; ++byte) {
+            all.append(char(byte));
+            digits += QByteArray::number(byte, 16).rightJustified(2, '0');
+        }
+        BufferedOutput whole;
+        whole.writeHexadecimalCharacters(all.repeated(100));
+        QCOMPARE(whole.bytes(), digits.repeated(100));
+    }
+
+    void documentText_data()
+    {
+        const Columns<QString, bool, QByteArray> add("text", "exportingMode", "rtf");
+        add("example", fromUtf8("Caf\xc3\xa9 {x}"), false, "Caf" + preamble() + "\\u233\\'E9 \\{x\\}");
+        add("begins with a blank", " x", false, " x");
+        add("digits", "12", false, "12");
+        add("tags", "<$p> of <$pagecount>", false, "<$p> of <$pagecount>");
+        add("exported tags", "<$p> of <$pagecount>", true, QByteArray(PageNumber) + " of " + PageCount);
+    }
+
+    void documentText()
+    {
+        FETCH(QString, text, bool, exportingMode, QByteArray, rtf);
+        WriteSettings settings;
+        settings.exportingMode = exportingMode;
+        QCOMPARE(writeBody(*textDocument(text), settings), firstParagraph() + "{\\f0\\fs24 " + rtf + '}');
+    }
+
+    void textHasTheNumberOfItsFont()
+    {
+        QTextCharFormat format;
+        compat::setFontFamily(format, "Quibble Serif"_s);
+        QCOMPARE(writeBody(*textDocument(fromUtf8("\xc3\xa9\xe2\x80\x94"), format)),
+                 firstParagraph() + "{\\f1\\fs24 " + preamble(1)
+                     + "\\u233\\'E9\\hich\\f1 \\emdash \\loch\\f1 }");
+    }
+
+    void eachRunHasItsOwnPreamble()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument(fromUtf8("\xc3\xa9"));
+        QTextCharFormat italic;
+        italic.setFontItalic(true);
+        QTextCursor cursor(document.data());
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertText(fromUtf8("\xc3\xa8\xc3\xa9"), italic);
+        QCOMPARE(writeBody(*document),
+                 firstParagraph() + "{\\f0\\fs24 " + preamble() + "\\u233\\'E9}{\\f0\\fs24\\i1 " + preamble()
+                     + "\\u232\\'E8\\u233\\'E9}");
+    }
+
+    void pageReferencesOfARun()
+    {
+        QTextCharFormat format;
+        format.setProperty(ORVRtfProperty::PageReference, "intro"_s);
+        const QSharedPointer<QTextDocument> document = textDocument("see <$p>"_s, format);
+        QCOMPARE(writeBody(*document, exporting()),
+                 firstParagraph() + "{\\f0\\fs24 see " + pageReference("intro") + '}');
+        QCOMPARE(writeBody(*document), firstParagraph() + "{\\f0\\fs24 see <$p>}");
+    }
+
+    void headerText()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        ORVTextPage page;
+        page.text = fromUtf8("{\xc3\xa9\xe2\x80\x94\t\\}");
+        page.font = QFont("Quibble Head"_s, 10);
+        document->setProperty("header", QVariant::fromValue(page));
+        // The font around the text is number 1, but its escapes name the default font.
+        const QByteArray header = "{\\header{\\pard\\ql{\\f1\\fs20 \\{" + preamble()
+            + "\\u233\\'E9\\hich\\f0 \\emdash \\loch\\f0 \\tab \\\\\\}\\par}}}\n";
+        QCOMPARE(writeBody(*document), header + firstParagraph() + "\\f0\\fs24");
+    }
+
+    void everyUnitReadsBack_data()
+    {
+        const Columns<int> add("first");
+        for (int first = 0; first < UnitCount; first += UnitsPerDocument)
+            add(qPrintable("from U+%1"_s.arg(first, 4, 16, QLatin1Char('0'))), first);
+    }
+
+    void everyUnitReadsBack()
+    {
+        FETCH(int, first);
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextCursor cursor(document.data());
+        cursor.beginEditBlock();
+        QStringList expected;
+        for (int code = first; code < first + UnitsPerDocument; ++code) {
+            if (code > first)
+                cursor.insertBlock();
+            cursor.insertText(QLatin1Char('A') + unit(code) + QLatin1Char('B'));
+            expected += paragraphsReadBack(code);
+        }
+        cursor.endEditBlock();
+        const Reading reading = read(write(*document));
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.blockCount(), expected.size());
+        for (int i = 0; i < expected.size(); ++i)
+            QCOMPARE(reading.block(i).text(), expected.at(i));
+    }
 };
 
-void TestWriterEscaping::initTestCase()
-{
-    // The output takes the spellings from the table that readers and writers build.
-    ORVTextRtfCommon::initHash();
-}
-
-void TestWriterEscaping::text_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<Escaping>("escaping");
-    QTest::addColumn<QByteArray>("rtf");
-    const Escaping plain;
-
-    QTest::newRow("nothing") << QString() << plain << QByteArray();
-    QTest::newRow("ASCII") << fromUtf8("Hello, World 123~!") << plain << QByteArray("Hello, World 123~!");
-    QTest::newRow("blanks stay") << fromUtf8("  a  ") << plain << QByteArray("  a  ");
-    QTest::newRow("braces and backslash") << fromUtf8("{\\b x}") << plain << QByteArray("\\{\\\\b x\\}");
-    QTest::newRow("tab") << fromUtf8("a\tb\t\t") << plain << QByteArray("a\\tab b\\tab \\tab ");
-    QTest::newRow("no-break space") << fromUtf8("a\xc2\xa0 b") << plain << QByteArray("a\\~ b");
-    QTest::newRow("en dash") << fromUtf8("A\xe2\x80\x93"
-                                         "B")
-                             << plain << QByteArray("A\\endash B");
-    QTest::newRow("em dash") << fromUtf8("A\xe2\x80\x94"
-                                         "B")
-                             << inFont(12) << QByteArray("A\\hich\\f12 \\emdash \\loch\\f12 B");
-    QTest::newRow("bullet and line") << fromUtf8("\xe2\x80\xa2 x\xe2\x80\xa8y") << plain
-                                     << QByteArray("\\bullet  x\\line y");
-    QTest::newRow("line feed, return, NUL")
-        << QString(unit('\n') + unit('\r') + unit(0)) << plain << QByteArray("\\'0A\\'0D\\'00");
-    QTest::newRow("delete") << unit(0x7f) << plain << QByteArray("\x7f");
-    QTest::newRow("paragraph separator") << unit(0x2029) << plain << preamble() + "\\u8233\\'3F";
-    QTest::newRow("quotation marks") << fromUtf8("\xe2\x80\x98\xe2\x80\x99\xe2\x80\x9c\xe2\x80\x9d") << plain
-                                     << preamble() + "\\u8216\\'91\\u8217\\'92\\u8220\\'93\\u8221\\'94";
-    QTest::newRow("euro sign") << fromUtf8("\xe2\x82\xac") << plain << preamble() + "\\u8364\\'80";
-    QTest::newRow("small tilde has no byte") << unit(0x2dc) << plain << preamble() + "\\u732\\'3F";
-    QTest::newRow("byte 0x98") << unit(0x20dc) << plain << preamble() + "\\u8412\\'98";
-    QTest::newRow("control character of Latin-1") << unit(0x85) << plain << preamble() + "\\u133\\'3F";
-    QTest::newRow("above 32767") << unit(0xfffd) << plain << preamble() + "\\u65533\\'3F";
-    QTest::newRow("surrogates") << fromUtf8("\xf0\x9f\x98\x80") << plain
-                                << preamble() + "\\u55357\\'3F\\u56832\\'3F";
-    QTest::newRow("lone surrogate") << unit(0xdc00) << plain << preamble() + "\\u56320\\'3F";
-
-    QTest::newRow("current page") << unit(0xe000) << plain << QByteArray(PageNumber);
-    QTest::newRow("number of pages") << unit(0xe001) << plain << QByteArray(PageCount);
-    Escaping referring;
-    referring.bookmark = QStringLiteral("intro");
-    QTest::newRow("page of a bookmark") << unit(0xe002) << referring << pageReference("intro");
-    QTest::newRow("current page beside a bookmark") << unit(0xe000) << referring << QByteArray(PageNumber);
-    QTest::newRow("next private character") << unit(0xe003) << plain << preamble() + "\\u57347\\'3F";
-
-    const QString tags = QStringLiteral("<$p>/<$pagecount>");
-    QTest::newRow("tags") << tags << plain << QByteArray("<$p>/<$pagecount>");
-    QTest::newRow("tags with a bookmark") << tags << referring << QByteArray("<$p>/<$pagecount>");
-    QTest::newRow("exported tags") << tags << exportingText()
-                                   << QByteArray(PageNumber) + '/' + QByteArray(PageCount);
-    QTest::newRow("exported tags with a bookmark")
-        << QString(tags + tags) << exportingText(QStringLiteral("intro"))
-        << pageReference("intro") + '/' + PageCount + pageReference("intro") + '/' + PageCount;
-    QTest::newRow("exported tags in other letters")
-        << QStringLiteral("<$P><$PageCount><$page><p>") << exportingText()
-        << QByteArray("<$P><$PageCount><$page><p>");
-    QTest::newRow("exported characters")
-        << QString(unit(0xe000) + unit(0xe001) + unit(0xe002)) << exportingText(QStringLiteral("b"))
-        << PageNumber + QByteArray(PageCount) + pageReference("b");
-    QTest::newRow("bookmark with structure")
-        << QStringLiteral("<$p>") << exportingText(fromUtf8("a{\\}")) << pageReference("a\\{\\\\\\}");
-    QTest::newRow("bookmark beyond ASCII")
-        << QStringLiteral("<$p>") << exportingText(fromUtf8("caf\xc3\xa9\xe2\x82\xac"))
-        << pageReference("caf\xe9?");
-
-    QTest::newRow("verbatim") << fromUtf8("{\\b x}") << verbatim() << QByteArray("{\\b x}");
-    QTest::newRow("verbatim tab") << fromUtf8("a\tb") << verbatim() << QByteArray("a\\'09b");
-    QTest::newRow("verbatim no-break space") << unit(0xa0) << verbatim(3) << preamble(3) + "\\u160\\'A0";
-    QTest::newRow("verbatim dashes and bullet")
-        << QString(unit(0x2013) + unit(0x2014) + unit(0x2022)) << verbatim()
-        << preamble() + "\\u8211\\'96\\u8212\\'97\\u8226\\'95";
-    QTest::newRow("verbatim placeholder") << unit(0xe001) << verbatim() << preamble() + "\\u57345\\'3F";
-    Escaping verbatimExport = exportingText();
-    verbatimExport.verbatim = true;
-    QTest::newRow("verbatim exported tag")
-        << QStringLiteral("<$p>") << verbatimExport << preamble() + "\\u57344\\'3F";
-}
-
-void TestWriterEscaping::text()
-{
-    QFETCH(QString, text);
-    QFETCH(Escaping, escaping);
-    QFETCH(QByteArray, rtf);
-    QCOMPARE(escape(text, escaping), rtf);
-}
-
-void TestWriterEscaping::everyUnit()
-{
-    for (int code = 0; code < UnitCount; ++code)
-        QCOMPARE(escape(unit(code)), ordinaryForm(code));
-}
-
-void TestWriterEscaping::everyUnitVerbatim()
-{
-    for (int code = 0; code < UnitCount; ++code)
-        QCOMPARE(escape(unit(code), verbatim()), generalForm(code));
-}
-
-void TestWriterEscaping::leadingSpace_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("pending");
-    QTest::addColumn<bool>("asked");
-    QTest::addColumn<QByteArray>("rtf");
-    const QString x = QStringLiteral("x");
-    QTest::newRow("owed and asked for") << x << true << true << QByteArray("{\\b x");
-    QTest::newRow("owed, not asked for") << x << true << false << QByteArray("{\\bx");
-    QTest::newRow("not owed") << x << false << true << QByteArray("{x");
-    QTest::newRow("neither") << x << false << false << QByteArray("{x");
-    QTest::newRow("empty text, owed") << QString() << true << true << QByteArray("{\\b ");
-    QTest::newRow("empty text, not owed") << QString() << false << true << QByteArray("{");
-    QTest::newRow("blank") << QStringLiteral(" x") << true << true << QByteArray("{\\b  x");
-    QTest::newRow("before a control word")
-        << QStringLiteral("\tx") << true << true << QByteArray("{\\b \\tab x");
-    QTest::newRow("before an escape")
-        << fromUtf8("\xc3\xa9") << true << true << "{\\b " + preamble() + "\\u233\\'E9";
-    QTest::newRow("before a field") << unit(0xe000) << true << true << QByteArray("{\\b {\\chpgn}");
-}
-
-void TestWriterEscaping::leadingSpace()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, pending);
-    QFETCH(bool, asked);
-    QFETCH(QByteArray, rtf);
-    BufferedOutput output;
-    output.openGroup();
-    if (pending)
-        output.write("\\b");
-    QCOMPARE(output.isKeywordPending(), pending);
-    Escaping escaping;
-    escaping.leadingSpace = asked;
-    QVERIFY(writeText(output, text, escaping));
-    QVERIFY(!output.isKeywordPending());
-    QCOMPARE(output.bytes(), rtf);
-}
-
-void TestWriterEscaping::preambleOncePerCall()
-{
-    const QString text = fromUtf8("\xc3\xa9\xe2\x80\x94 {\xc3\xa8}");
-    QCOMPARE(escape(text, inFont(2)),
-             preamble(2) + "\\u233\\'E9\\hich\\f2 \\emdash \\loch\\f2  \\{\\u232\\'E8\\}");
-    BufferedOutput output;
-    writeText(output, fromUtf8("\xc3\xa9"), inFont(2));
-    writeText(output, fromUtf8("\xc3\xa9"), inFont(3));
-    QCOMPARE(output.bytes(), preamble(2) + "\\u233\\'E9" + preamble(3) + "\\u233\\'E9");
-}
-
-void TestWriterEscaping::hexadecimal()
-{
-    BufferedOutput output;
-    // Its result compares the digits with the bytes.
-    QVERIFY(!output.writeHexadecimalCharacters(QByteArray("\x00\xab\xff", 3)));
-    QCOMPARE(output.bytes(), QByteArray("00abff"));
-    QVERIFY(output.writeHexadecimalCharacters(QByteArray()));
-    QCOMPARE(output.bytes(), QByteArray("00abff"));
-
-    QByteArray all;
-    QByteArray digits;
-    for (int byte = 0; byte < 256; ++byte) {
-        all.append(char(byte));
-        digits += QByteArray::number(byte, 16).rightJustified(2, '0');
-    }
-    BufferedOutput whole;
-    whole.writeHexadecimalCharacters(all.repeated(100));
-    QCOMPARE(whole.bytes(), digits.repeated(100));
-}
-
-void TestWriterEscaping::documentText_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("exportingMode");
-    QTest::addColumn<QByteArray>("rtf");
-    QTest::newRow("example") << fromUtf8("Caf\xc3\xa9 {x}") << false
-                             << "Caf" + preamble() + "\\u233\\'E9 \\{x\\}";
-    QTest::newRow("begins with a blank") << QStringLiteral(" x") << false << QByteArray(" x");
-    QTest::newRow("digits") << QStringLiteral("12") << false << QByteArray("12");
-    QTest::newRow("tags") << QStringLiteral("<$p> of <$pagecount>") << false
-                          << QByteArray("<$p> of <$pagecount>");
-    QTest::newRow("exported tags") << QStringLiteral("<$p> of <$pagecount>") << true
-                                   << QByteArray(PageNumber) + " of " + PageCount;
-}
-
-void TestWriterEscaping::documentText()
-{
-    QFETCH(QString, text);
-    QFETCH(bool, exportingMode);
-    QFETCH(QByteArray, rtf);
-    WriteSettings settings;
-    settings.exportingMode = exportingMode;
-    QCOMPARE(writeBody(*textDocument(text), settings), firstParagraph() + "{\\f0\\fs24 " + rtf + '}');
-}
-
-void TestWriterEscaping::textHasTheNumberOfItsFont()
-{
-    QTextCharFormat format;
-    compat::setFontFamily(format, QStringLiteral("Quibble Serif"));
-    QCOMPARE(writeBody(*textDocument(fromUtf8("\xc3\xa9\xe2\x80\x94"), format)),
-             firstParagraph() + "{\\f1\\fs24 " + preamble(1) + "\\u233\\'E9\\hich\\f1 \\emdash \\loch\\f1 }");
-}
-
-void TestWriterEscaping::eachRunHasItsOwnPreamble()
-{
-    const QSharedPointer<QTextDocument> document = textDocument(fromUtf8("\xc3\xa9"));
-    QTextCharFormat italic;
-    italic.setFontItalic(true);
-    QTextCursor cursor(document.data());
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertText(fromUtf8("\xc3\xa8\xc3\xa9"), italic);
-    QCOMPARE(writeBody(*document),
-             firstParagraph() + "{\\f0\\fs24 " + preamble() + "\\u233\\'E9}{\\f0\\fs24\\i1 " + preamble()
-                 + "\\u232\\'E8\\u233\\'E9}");
-}
-
-void TestWriterEscaping::pageReferencesOfARun()
-{
-    QTextCharFormat format;
-    format.setProperty(ORVRtfProperty::PageReference, QStringLiteral("intro"));
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("see <$p>"), format);
-    QCOMPARE(writeBody(*document, exporting()),
-             firstParagraph() + "{\\f0\\fs24 see " + pageReference("intro") + '}');
-    QCOMPARE(writeBody(*document), firstParagraph() + "{\\f0\\fs24 see <$p>}");
-}
-
-void TestWriterEscaping::headerText()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    ORVTextPage page;
-    page.text = fromUtf8("{\xc3\xa9\xe2\x80\x94\t\\}");
-    page.font = QFont(QStringLiteral("Quibble Head"), 10);
-    document->setProperty("header", QVariant::fromValue(page));
-    // The font around the text is number 1, but its escapes name the default font.
-    const QByteArray header = "{\\header{\\pard\\ql{\\f1\\fs20 \\{" + preamble()
-        + "\\u233\\'E9\\hich\\f0 \\emdash \\loch\\f0 \\tab \\\\\\}\\par}}}\n";
-    QCOMPARE(writeBody(*document), header + firstParagraph() + "\\f0\\fs24");
-}
-
-void TestWriterEscaping::everyUnitReadsBack_data()
-{
-    QTest::addColumn<int>("first");
-    for (int first = 0; first < UnitCount; first += UnitsPerDocument)
-        QTest::newRow(qPrintable(QStringLiteral("from U+%1").arg(first, 4, 16, QLatin1Char('0')))) << first;
-}
-
-void TestWriterEscaping::everyUnitReadsBack()
-{
-    QFETCH(int, first);
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextCursor cursor(document.data());
-    cursor.beginEditBlock();
-    QStringList expected;
-    for (int code = first; code < first + UnitsPerDocument; ++code) {
-        if (code > first)
-            cursor.insertBlock();
-        cursor.insertText(QLatin1Char('A') + unit(code) + QLatin1Char('B'));
-        expected += paragraphsReadBack(code);
-    }
-    cursor.endEditBlock();
-    const Reading reading = read(write(*document));
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(reading.blockCount(), expected.size());
-    for (int i = 0; i < expected.size(); ++i)
-        QCOMPARE(reading.block(i).text(), expected.at(i));
-}
-
-QTEST_MAIN(TestWriterEscaping)
-#include "tst_writer_escaping.moc"
+ORV_TEST("writer_escaping", TestWriterEscaping, QGuiApplication)
+#include "escaping.moc"

@@ -1,14 +1,5 @@
-#include "ORVRtfProperties.h"
-#include "ORVTextFormat.h"
 #include "ORVTextPage.h"
-#include "QtFontCompat_p.h"
-#include "rtfwritinghelpers.h"
-
-#include <QtCore/QDir>
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
-#include <QtGui/QLinearGradient>
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -99,255 +90,6 @@ QSharedPointer<QTextDocument> runs(const QList<QTextCharFormat>& formats)
 
 } // namespace
 
-class TestWriterFrame : public QObject {
-    Q_OBJECT
-
-private slots:
-    void emptyDocument();
-    void oneParagraph();
-    void paragraphsRestateOnlyChangedFormats();
-    void colouredText();
-    void severalFonts();
-    void headerAndFooter();
-    void margins_data();
-    void margins();
-    void paperSize();
-    void pageNumbering_data();
-    void pageNumbering();
-    void pageSetupComesFromTheGivenDocument();
-
-    void settersAndGetters();
-    void exportingModeCanBeSwitchedOffAgain();
-    void copyLeavesTheDocumentAlone();
-    void inPlaceChangesTheDocument();
-    void copyAndInPlaceGiveTheSameBytes();
-    void writerCanWriteSeveralTimes();
-    void tablesOfAWriterGrow();
-    void notesAreCountedForEachWrite();
-
-    void noDevice();
-    void noDocument();
-    void closedDeviceIsOpened();
-    void openDeviceStaysOpenAndIsWrittenOnFrom();
-    void deviceThatDoesNotOpen();
-    void directoryAsDevice();
-    void deviceOpenForReadingOnly();
-    void fullDevice_data();
-    void fullDevice();
-
-    void familyWord_data();
-    void familyWord();
-    void familyWordOfARun();
-    void fontsAreToldApartByFamilyAndPitch();
-    void formatWithoutFamilyAddsNoFont();
-    void firstOfSeveralFamiliesCounts();
-    void defaultFormatIsFontZero();
-    void fontNameIsEscaped();
-
-    void colorsAreListedOnce();
-    void blackAndWhiteAreNotRepeated();
-    void transparencyIsIgnored();
-    void foregroundBeforeBackground();
-    void brushWithoutColour();
-};
-
-void TestWriterFrame::emptyDocument()
-{
-    QCOMPARE(write(*newDocument()), documentHead() + "\n\\pard\\plain \\ltrch\\loch \\f0\\fs24}");
-}
-
-void TestWriterFrame::oneParagraph()
-{
-    QCOMPARE(write(*textDocument(QStringLiteral("Hello"))),
-             documentHead() + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 Hello}}");
-}
-
-void TestWriterFrame::paragraphsRestateOnlyChangedFormats()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextCursor cursor(document.data());
-    cursor.insertText(QStringLiteral("One\nTwo\n"));
-    QTextBlockFormat centred;
-    centred.setAlignment(Qt::AlignHCenter);
-    cursor.setBlockFormat(centred);
-    cursor.insertText(QStringLiteral("Three\nFour"));
-    QCOMPARE(write(*document),
-             documentHead()
-                 + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 One}"
-                   "\n\\par\\plain {\\f0\\fs24 Two}"
-                   "\n\\par\\pard\\plain \\qc\\ltrch\\loch {\\f0\\fs24 Three}"
-                   "\n\\par\\plain {\\f0\\fs24 Four}}");
-}
-
-void TestWriterFrame::colouredText()
-{
-    QCOMPARE(write(*runs({foreground(Qt::red), QTextCharFormat(), foreground(QColor(1, 20, 255))})),
-             documentHead(defaultFontEntry(),
-                          blackAndWhite() + "\\red255\\green0\\blue0;\\red1\\green20\\blue255;")
-                 + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24\\cf3 a}{\\f0\\fs24 b}{\\f0\\fs24\\cf4 c}}");
-}
-
-void TestWriterFrame::severalFonts()
-{
-    QCOMPARE(write(*runs({family("Quibble Serif"), QTextCharFormat(), family("Quibble Mono"),
-                          family("Quibble Serif"), family(DefaultFamily)})),
-             documentHead(defaultFontEntry() + fontEntry(1, "Quibble Serif") + fontEntry(2, "Quibble Mono"))
-                 + "\n\\pard\\plain \\ltrch\\loch {\\f1\\fs24 a}{\\f0\\fs24 b}{\\f2\\fs24 c}{\\f1\\fs24 d}"
-                   "{\\f0\\fs24 e}}");
-}
-
-void TestWriterFrame::headerAndFooter()
-{
-    const QSharedPointer<QTextDocument> document = runs({family("Quibble Serif")});
-    ORVTextPage page;
-    page.text = QStringLiteral("Top");
-    page.option.setAlignment(Qt::AlignHCenter);
-    page.font = QFont(QStringLiteral("Quibble Head"), 10);
-    document->setProperty("header", QVariant::fromValue(page));
-    page.text = QStringLiteral("Bottom");
-    page.option.setAlignment(Qt::AlignRight);
-    page.font = QFont(QStringLiteral("Quibble Foot"), 8);
-    document->setProperty("footer", QVariant::fromValue(page));
-    // Their fonts come before those of the text.
-    QCOMPARE(
-        write(*document),
-        documentHead(defaultFontEntry() + fontEntry(1, "Quibble Head") + fontEntry(2, "Quibble Foot")
-                     + fontEntry(3, "Quibble Serif"))
-            + "{\\header{\\pard\\qc{\\f1\\fs20 Top\\par}}}\n{\\footer{\\pard\\qr{\\f2\\fs16 Bottom\\par}}}\n"
-              "\n\\pard\\plain \\ltrch\\loch {\\f3\\fs24 a}}");
-}
-
-void TestWriterFrame::margins_data()
-{
-    QTest::addColumn<QVariant>("value");
-    QTest::addColumn<QByteArray>("twips");
-    QTest::newRow("one inch") << QVariant(72.0) << QByteArray("1440");
-    QTest::newRow("zero") << QVariant(0.0) << QByteArray("0");
-    QTest::newRow("half a twip") << QVariant(0.025) << QByteArray("1");
-    QTest::newRow("less than half a twip") << QVariant(0.02499) << QByteArray("0");
-    QTest::newRow("minus half a twip") << QVariant(-0.025) << QByteArray("-1");
-    QTest::newRow("minus one and a half twips") << QVariant(-0.075) << QByteArray("-2");
-    QTest::newRow("integer") << QVariant(36) << QByteArray("720");
-    QTest::newRow("number as text") << QVariant(QStringLiteral("36.5")) << QByteArray("730");
-    QTest::newRow("no number") << QVariant(QStringLiteral("wide")) << QByteArray("0");
-    QTest::newRow("not a number") << QVariant(qQNaN()) << QByteArray("0");
-    QTest::newRow("infinite") << QVariant(qInf()) << QByteArray("2147483647");
-    QTest::newRow("below every integer") << QVariant(-1e300) << QByteArray("-2147483648");
-}
-
-void TestWriterFrame::margins()
-{
-    QFETCH(QVariant, value);
-    QFETCH(QByteArray, twips);
-    const char* const names[] = {"leftMargin", "rightMargin", "topMargin", "bottomMargin"};
-    const QList<QByteArray> words = {"\\margl", "\\margr", "\\margt", "\\margb"};
-    const QList<QByteArray> defaults = {"1800", "1800", "1440", "1440"};
-    for (int changed = 0; changed < 4; ++changed) {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        document->setProperty(names[changed], value);
-        QByteArray expected = "\\paperw12240\\paperh15840";
-        for (int i = 0; i < 4; ++i)
-            expected += words.at(i) + (i == changed ? twips : defaults.at(i));
-        expected += "\\fet2\\ftnbj\\aenddoc\n";
-        const QByteArray rtf = write(*document);
-        QVERIFY2(rtf.contains(expected), rtf.constData());
-    }
-}
-
-void TestWriterFrame::paperSize()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    document->setProperty("paperSize", QSizeF(595.3, 841.9));
-    const QByteArray rtf = write(*document);
-    QVERIFY2(rtf.contains("}\n\\paperw11906\\paperh16838\\margl1800\\margr1800\\margt1440\\margb1440\\fet2"),
-             rtf.constData());
-}
-
-void TestWriterFrame::pageNumbering_data()
-{
-    QTest::addColumn<QVariant>("notOnFirstPage");
-    QTest::addColumn<QVariant>("countFirstPage");
-    QTest::addColumn<QByteArray>("words");
-    const QByteArray everyPage = "\\aenddoc\n\\pgnrestart\\pgnstarts";
-    const QByteArray notOnFirst = "\\aenddoc\n\\titlepg\\pgnrestart\\pgnstarts";
-    QTest::newRow("nothing said") << QVariant() << QVariant() << everyPage + "0\n";
-    QTest::newRow("both false") << QVariant(false) << QVariant(false) << everyPage + "0\n";
-    QTest::newRow("first page counted") << QVariant() << QVariant(true) << everyPage + "1\n";
-    QTest::newRow("not on first page") << QVariant(true) << QVariant() << notOnFirst + "0\n";
-    QTest::newRow("both") << QVariant(true) << QVariant(true) << notOnFirst + "1\n";
-    QTest::newRow("integers") << QVariant(1) << QVariant(1) << notOnFirst + "1\n";
-}
-
-void TestWriterFrame::pageNumbering()
-{
-    QFETCH(QVariant, notOnFirstPage);
-    QFETCH(QVariant, countFirstPage);
-    QFETCH(QByteArray, words);
-    const QSharedPointer<QTextDocument> document = newDocument();
-    document->setProperty("notOnFirstPage", notOnFirstPage);
-    document->setProperty("countFirstPage", countFirstPage);
-    const QByteArray rtf = write(*document);
-    QVERIFY2(rtf.contains(words), rtf.constData());
-}
-
-void TestWriterFrame::pageSetupComesFromTheGivenDocument()
-{
-    const QSharedPointer<QTextDocument> document = textDocument(QStringLiteral("a"));
-    document->setProperty("topMargin", 10.0);
-    document->setProperty("notOnFirstPage", true);
-    WriteSettings inPlace;
-    inPlace.inPlace = true;
-    const QByteArray copied = write(*document);
-    QVERIFY2(copied.contains("\\margt200\\margb1440\\fet2\\ftnbj\\aenddoc\n\\titlepg"), copied.constData());
-    QCOMPARE(write(*document, inPlace), copied);
-}
-
-void TestWriterFrame::settersAndGetters()
-{
-    ORVTextRtfWriter writer;
-    QCOMPARE(writer.device(), static_cast<QIODevice*>(nullptr));
-    QCOMPARE(int(writer.footnoteDestination()), 1);
-    QCOMPARE(int(writer.annotationDestination()), 0);
-    QBuffer buffer;
-    writer.setDevice(&buffer);
-    QCOMPARE(writer.device(), static_cast<QIODevice*>(&buffer));
-    writer.setFootnoteDestination(ORVTextRtf::ExportAsAlternateFootnote);
-    QCOMPARE(writer.footnoteDestination(), ORVTextRtf::ExportAsAlternateFootnote);
-    QCOMPARE(writer.annotationDestination(), ORVTextRtf::ExportAsAnnotation);
-    writer.setAnnotationDestination(ORVTextRtf::ExportAsFootnote);
-    QCOMPARE(writer.annotationDestination(), ORVTextRtf::ExportAsFootnote);
-    QCOMPARE(writer.footnoteDestination(), ORVTextRtf::ExportAsAlternateFootnote);
-    writer.setDevice(nullptr);
-    QCOMPARE(writer.device(), static_cast<QIODevice*>(nullptr));
-    QCOMPARE(ORVTextRtfWriter(&buffer).device(), static_cast<QIODevice*>(&buffer));
-    QVERIFY(!buffer.isOpen());
-}
-
-void TestWriterFrame::exportingModeCanBeSwitchedOffAgain()
-{
-    const QSharedPointer<QTextDocument> document = runs({QTextCharFormat()});
-    QTextCursor cursor(document.data());
-    cursor.insertText(QStringLiteral("<$p>"));
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertTable(1, 1);
-    QBuffer buffer;
-    ORVTextRtfWriter writer(&buffer);
-    writer.setExportingMode(true);
-    writer.setExportingMode(false);
-    QVERIFY(writer.write(document.data(), false));
-    QCOMPARE(wellFormed(buffer.data()), write(*document));
-
-    WriteSettings paragraphEnded;
-    paragraphEnded.paragraphBeforeTableEnded = true;
-    QBuffer endedBuffer;
-    ORVTextRtfWriter endingWriter(&endedBuffer);
-    endingWriter.setParagraphBeforeTableEnded(true);
-    endingWriter.setExportingMode(false);
-    QVERIFY(endingWriter.write(document.data(), false));
-    QCOMPARE(wellFormed(endedBuffer.data()), write(*document, paragraphEnded));
-    QVERIFY(endedBuffer.data() != buffer.data());
-}
-
 namespace {
 
 /*! Two paragraphs with a page break after the first, an undo stack, and visible tabs and spaces. */
@@ -361,9 +103,9 @@ QSharedPointer<QTextDocument> documentOfAnEditor()
     QTextBlockFormat breakAfter;
     breakAfter.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysAfter);
     cursor.setBlockFormat(breakAfter);
-    cursor.insertText(QStringLiteral("One"));
+    cursor.insertText("One"_s);
     cursor.insertBlock(QTextBlockFormat());
-    cursor.insertText(QStringLiteral("Two"));
+    cursor.insertText("Two"_s);
     return document;
 }
 
@@ -376,342 +118,540 @@ QByteArray documentOfAnEditorAsRtf()
 
 } // namespace
 
-void TestWriterFrame::copyLeavesTheDocumentAlone()
-{
-    const QSharedPointer<QTextDocument> document = documentOfAnEditor();
-    QCOMPARE(write(*document), documentOfAnEditorAsRtf());
-    QVERIFY(document->isUndoRedoEnabled());
-    QVERIFY(document->isUndoAvailable());
-    QCOMPARE(int(document->defaultTextOption().flags()),
-             int(QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators));
-    QCOMPARE(int(document->begin().blockFormat().pageBreakPolicy()), int(QTextFormat::PageBreak_AlwaysAfter));
-    QCOMPARE(int(document->begin().next().blockFormat().pageBreakPolicy()), 0);
-}
+class TestWriterFrame : public QObject {
+    Q_OBJECT
 
-void TestWriterFrame::inPlaceChangesTheDocument()
-{
-    const QSharedPointer<QTextDocument> document = documentOfAnEditor();
-    WriteSettings inPlace;
-    inPlace.inPlace = true;
-    QCOMPARE(write(*document, inPlace), documentOfAnEditorAsRtf());
-    QVERIFY(!document->isUndoRedoEnabled());
-    QVERIFY(!document->isUndoAvailable());
-    QCOMPARE(int(document->defaultTextOption().flags()), 0);
-    QCOMPARE(int(document->begin().blockFormat().pageBreakPolicy()), 0);
-    QCOMPARE(int(document->begin().next().blockFormat().pageBreakPolicy()),
-             int(QTextFormat::PageBreak_AlwaysBefore));
-    QCOMPARE(textOf(*document), QStringLiteral("One\nTwo"));
-}
+private slots:
+    void emptyDocument()
+    {
+        QCOMPARE(write(*newDocument()), documentHead() + "\n\\pard\\plain \\ltrch\\loch \\f0\\fs24}");
+    }
 
-void TestWriterFrame::copyAndInPlaceGiveTheSameBytes()
-{
-    const QSharedPointer<QTextDocument> document =
-        runs({foreground(Qt::green), fixedPitch(family("Quibble Mono")), QTextCharFormat()});
-    WriteSettings inPlace;
-    inPlace.inPlace = true;
-    const QByteArray copied = write(*document);
-    QCOMPARE(write(*document, inPlace), copied);
-    QCOMPARE(write(*document, inPlace), copied);
-}
+    void oneParagraph()
+    {
+        QCOMPARE(write(*textDocument("Hello"_s)),
+                 documentHead() + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 Hello}}");
+    }
 
-void TestWriterFrame::writerCanWriteSeveralTimes()
-{
-    const QSharedPointer<QTextDocument> first = runs({family("Quibble Serif")});
-    const QSharedPointer<QTextDocument> second = runs({foreground(Qt::red)});
-    ORVTextRtfWriter writer;
-    QBuffer firstBuffer;
-    writer.setDevice(&firstBuffer);
-    QVERIFY(writer.write(first.data(), false));
-    QBuffer secondBuffer;
-    writer.setDevice(&secondBuffer);
-    QVERIFY(writer.write(second.data(), false));
-    QCOMPARE(wellFormed(firstBuffer.data()), write(*first));
-    // The default font comes first again, in front of the fonts of the first document.
-    QCOMPARE(wellFormed(secondBuffer.data()),
-             documentHead(defaultFontEntry() + fontEntry(1, DefaultFamily) + fontEntry(2, "Quibble Serif"),
-                          blackAndWhite() + "\\red255\\green0\\blue0;")
-                 + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24\\cf3 a}}");
-}
+    void paragraphsRestateOnlyChangedFormats()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextCursor cursor(document.data());
+        cursor.insertText("One\nTwo\n"_s);
+        QTextBlockFormat centred;
+        centred.setAlignment(Qt::AlignHCenter);
+        cursor.setBlockFormat(centred);
+        cursor.insertText("Three\nFour"_s);
+        QCOMPARE(write(*document),
+                 documentHead()
+                     + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 One}"
+                       "\n\\par\\plain {\\f0\\fs24 Two}"
+                       "\n\\par\\pard\\plain \\qc\\ltrch\\loch {\\f0\\fs24 Three}"
+                       "\n\\par\\plain {\\f0\\fs24 Four}}");
+    }
 
-void TestWriterFrame::tablesOfAWriterGrow()
-{
-    const QSharedPointer<QTextDocument> document = runs({family("Quibble Serif"), foreground(Qt::red)});
-    ORVTextRtfWriter writer;
-    for (int i = 0; i < 3; ++i) {
+    void colouredText()
+    {
+        QCOMPARE(write(*runs({foreground(Qt::red), QTextCharFormat(), foreground(QColor(1, 20, 255))})),
+                 documentHead(defaultFontEntry(),
+                              blackAndWhite() + "\\red255\\green0\\blue0;\\red1\\green20\\blue255;")
+                     + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24\\cf3 a}{\\f0\\fs24 b}{\\f0\\fs24\\cf4 c}}");
+    }
+
+    void severalFonts()
+    {
+        QCOMPARE(
+            write(*runs({family("Quibble Serif"), QTextCharFormat(), family("Quibble Mono"),
+                         family("Quibble Serif"), family(DefaultFamily)})),
+            documentHead(defaultFontEntry() + fontEntry(1, "Quibble Serif") + fontEntry(2, "Quibble Mono"))
+                + "\n\\pard\\plain \\ltrch\\loch {\\f1\\fs24 a}{\\f0\\fs24 b}{\\f2\\fs24 c}{\\f1\\fs24 d}"
+                  "{\\f0\\fs24 e}}");
+    }
+
+    void headerAndFooter()
+    {
+        const QSharedPointer<QTextDocument> document = runs({family("Quibble Serif")});
+        ORVTextPage page;
+        page.text = "Top"_s;
+        page.option.setAlignment(Qt::AlignHCenter);
+        page.font = QFont("Quibble Head"_s, 10);
+        document->setProperty("header", QVariant::fromValue(page));
+        page.text = "Bottom"_s;
+        page.option.setAlignment(Qt::AlignRight);
+        page.font = QFont("Quibble Foot"_s, 8);
+        document->setProperty("footer", QVariant::fromValue(page));
+        // Their fonts come before those of the text.
+        QCOMPARE(write(*document),
+                 documentHead(defaultFontEntry() + fontEntry(1, "Quibble Head") + fontEntry(2, "Quibble Foot")
+                              + fontEntry(3, "Quibble Serif"))
+                     + "{\\header{\\pard\\qc{\\f1\\fs20 Top\\par}}}\n{\\footer{\\pard\\qr{\\f2\\fs16 "
+                       "Bottom\\par}}}\n"
+                       "\n\\pard\\plain \\ltrch\\loch {\\f3\\fs24 a}}");
+    }
+
+    void margins_data()
+    {
+        const Columns<QVariant, QByteArray> add("value", "twips");
+        add("one inch", QVariant(72.0), "1440");
+        add("zero", QVariant(0.0), "0");
+        add("half a twip", QVariant(0.025), "1");
+        add("less than half a twip", QVariant(0.02499), "0");
+        add("minus half a twip", QVariant(-0.025), "-1");
+        add("minus one and a half twips", QVariant(-0.075), "-2");
+        add("integer", QVariant(36), "720");
+        add("number as text", QVariant("36.5"_s), "730");
+        add("no number", QVariant("wide"_s), "0");
+        add("not a number", QVariant(qQNaN()), "0");
+        add("infinite", QVariant(qInf()), "2147483647");
+        add("below every integer", QVariant(-1e300), "-2147483648");
+    }
+
+    void margins()
+    {
+        FETCH(QVariant, value, QByteArray, twips);
+        const char* const names[] = {"leftMargin", "rightMargin", "topMargin", "bottomMargin"};
+        const QList<QByteArray> words = {"\\margl", "\\margr", "\\margt", "\\margb"};
+        const QList<QByteArray> defaults = {"1800", "1800", "1440", "1440"};
+        for (int changed = 0; changed < 4; ++changed) {
+            const QSharedPointer<QTextDocument> document = newDocument();
+            document->setProperty(names[changed], value);
+            QByteArray expected = "\\paperw12240\\paperh15840";
+            for (int i = 0; i < 4; ++i)
+                expected += words.at(i) + (i == changed ? twips : defaults.at(i));
+            expected += "\\fet2\\ftnbj\\aenddoc\n";
+            const QByteArray rtf = write(*document);
+            QVERIFY2(rtf.contains(expected), rtf.constData());
+        }
+    }
+
+    void paperSize()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        document->setProperty("paperSize", QSizeF(595.3, 841.9));
+        const QByteArray rtf = write(*document);
+        QVERIFY2(
+            rtf.contains("}\n\\paperw11906\\paperh16838\\margl1800\\margr1800\\margt1440\\margb1440\\fet2"),
+            rtf.constData());
+    }
+
+    void pageNumbering_data()
+    {
+        const Columns<QVariant, QVariant, QByteArray> add("notOnFirstPage", "countFirstPage", "words");
+        const QByteArray everyPage = "\\aenddoc\n\\pgnrestart\\pgnstarts";
+        const QByteArray notOnFirst = "\\aenddoc\n\\titlepg\\pgnrestart\\pgnstarts";
+        add("nothing said", QVariant(), QVariant(), everyPage + "0\n");
+        add("both false", QVariant(false), QVariant(false), everyPage + "0\n");
+        add("first page counted", QVariant(), QVariant(true), everyPage + "1\n");
+        add("not on first page", QVariant(true), QVariant(), notOnFirst + "0\n");
+        add("both", QVariant(true), QVariant(true), notOnFirst + "1\n");
+        add("integers", QVariant(1), QVariant(1), notOnFirst + "1\n");
+    }
+
+    void pageNumbering()
+    {
+        FETCH(QVariant, notOnFirstPage, QVariant, countFirstPage, QByteArray, words);
+        const QSharedPointer<QTextDocument> document = newDocument();
+        document->setProperty("notOnFirstPage", notOnFirstPage);
+        document->setProperty("countFirstPage", countFirstPage);
+        const QByteArray rtf = write(*document);
+        QVERIFY2(rtf.contains(words), rtf.constData());
+    }
+
+    void pageSetupComesFromTheGivenDocument()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument("a"_s);
+        document->setProperty("topMargin", 10.0);
+        document->setProperty("notOnFirstPage", true);
+        WriteSettings inPlace;
+        inPlace.inPlace = true;
+        const QByteArray copied = write(*document);
+        QVERIFY2(copied.contains("\\margt200\\margb1440\\fet2\\ftnbj\\aenddoc\n\\titlepg"),
+                 copied.constData());
+        QCOMPARE(write(*document, inPlace), copied);
+    }
+
+    void settersAndGetters()
+    {
+        ORVTextRtfWriter writer;
+        QCOMPARE(writer.device(), static_cast<QIODevice*>(nullptr));
+        QCOMPARE(int(writer.footnoteDestination()), 1);
+        QCOMPARE(int(writer.annotationDestination()), 0);
         QBuffer buffer;
         writer.setDevice(&buffer);
-        QVERIFY(writer.write(document.data(), false));
-        QByteArray fonts;
-        for (int number = 0; number <= i; ++number)
-            fonts += fontEntry(number, DefaultFamily);
-        fonts += fontEntry(i + 1, "Quibble Serif");
-        QCOMPARE(fontTableOf(wellFormed(buffer.data())), fonts);
-        QCOMPARE(colorTableOf(buffer.data()), blackAndWhite() + "\\red255\\green0\\blue0;");
-        QCOMPARE(bodyOf(buffer.data()),
-                 firstParagraph() + "{\\f" + QByteArray::number(i + 1) + "\\fs24 a}{\\f0\\fs24\\cf3 b}");
+        QCOMPARE(writer.device(), static_cast<QIODevice*>(&buffer));
+        writer.setFootnoteDestination(ORVTextRtf::ExportAsAlternateFootnote);
+        QCOMPARE(writer.footnoteDestination(), ORVTextRtf::ExportAsAlternateFootnote);
+        QCOMPARE(writer.annotationDestination(), ORVTextRtf::ExportAsAnnotation);
+        writer.setAnnotationDestination(ORVTextRtf::ExportAsFootnote);
+        QCOMPARE(writer.annotationDestination(), ORVTextRtf::ExportAsFootnote);
+        QCOMPARE(writer.footnoteDestination(), ORVTextRtf::ExportAsAlternateFootnote);
+        writer.setDevice(nullptr);
+        QCOMPARE(writer.device(), static_cast<QIODevice*>(nullptr));
+        QCOMPARE(ORVTextRtfWriter(&buffer).device(), static_cast<QIODevice*>(&buffer));
+        QVERIFY(!buffer.isOpen());
     }
-}
 
-void TestWriterFrame::notesAreCountedForEachWrite()
-{
-    QTextCharFormat format;
-    format.setProperty(ORVRtfProperty::AnnotationAnchor, true);
-    format.setProperty(ORVRtfProperty::NoteContent, QByteArray("{\\rtf1 Note}"));
-    const QSharedPointer<QTextDocument> document = runs({format});
-    ORVTextRtfWriter writer;
-    for (int i = 0; i < 2; ++i) {
+    void exportingModeCanBeSwitchedOffAgain()
+    {
+        const QSharedPointer<QTextDocument> document = runs({QTextCharFormat()});
+        QTextCursor cursor(document.data());
+        cursor.insertText("<$p>"_s);
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertTable(1, 1);
         QBuffer buffer;
-        writer.setDevice(&buffer);
+        ORVTextRtfWriter writer(&buffer);
+        writer.setExportingMode(true);
+        writer.setExportingMode(false);
         QVERIFY(writer.write(document.data(), false));
-        const QByteArray body = bodyOf(wellFormed(buffer.data()));
-        QVERIFY2(body.contains("{{\\*\\atrfstart 1}"), body.constData());
-        QVERIFY2(body.contains("{\\*\\atrfend 1}"), body.constData());
-        QVERIFY2(body.contains("{\\*\\atnref 1}"), body.constData());
+        QCOMPARE(wellFormed(buffer.data()), write(*document));
+
+        WriteSettings paragraphEnded;
+        paragraphEnded.paragraphBeforeTableEnded = true;
+        QBuffer endedBuffer;
+        ORVTextRtfWriter endingWriter(&endedBuffer);
+        endingWriter.setParagraphBeforeTableEnded(true);
+        endingWriter.setExportingMode(false);
+        QVERIFY(endingWriter.write(document.data(), false));
+        QCOMPARE(wellFormed(endedBuffer.data()), write(*document, paragraphEnded));
+        QVERIFY(endedBuffer.data() != buffer.data());
     }
-}
 
-void TestWriterFrame::noDevice()
-{
-    ORVTextRtfWriter writer;
-    QVERIFY(!writer.write(newDocument().data(), false));
-    QVERIFY(!writer.write(newDocument().data(), true));
-    QVERIFY(!writer.write(nullptr, false));
-}
-
-void TestWriterFrame::noDocument()
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    ORVTextRtfWriter writer(&buffer);
-    QVERIFY(!writer.write(nullptr, false));
-    QVERIFY(!writer.write(nullptr, true));
-    QCOMPARE(buffer.data(), QByteArray());
-}
-
-void TestWriterFrame::closedDeviceIsOpened()
-{
-    QBuffer buffer;
-    ORVTextRtfWriter writer(&buffer);
-    QVERIFY(writer.write(newDocument().data(), false));
-    QVERIFY(buffer.isOpen());
-    QVERIFY(buffer.isWritable());
-    QVERIFY(!buffer.isReadable());
-    QCOMPARE(wellFormed(buffer.data()), write(*newDocument()));
-
-    QBuffer closedAgain;
-    QVERIFY(closedAgain.open(QIODevice::WriteOnly));
-    closedAgain.close();
-    writer.setDevice(&closedAgain);
-    QVERIFY(writer.write(newDocument().data(), false));
-    QVERIFY(closedAgain.isOpen());
-    wellFormed(closedAgain.data());
-}
-
-void TestWriterFrame::openDeviceStaysOpenAndIsWrittenOnFrom()
-{
-    QBuffer buffer;
-    QVERIFY(buffer.open(QIODevice::ReadWrite));
-    buffer.write("before");
-    QVERIFY(ORVTextRtfWriter(&buffer).write(newDocument().data(), false));
-    QVERIFY(buffer.isOpen());
-    QCOMPARE(buffer.data(), "before" + write(*newDocument()));
-}
-
-void TestWriterFrame::deviceThatDoesNotOpen()
-{
-    LockedDevice device;
-    QVERIFY(!ORVTextRtfWriter(&device).write(newDocument().data(), false));
-    QVERIFY(!device.wasWrittenTo);
-}
-
-void TestWriterFrame::directoryAsDevice()
-{
-    QTemporaryDir directory;
-    QFile file(directory.path());
-    QVERIFY(!ORVTextRtfWriter(&file).write(newDocument().data(), false));
-    QVERIFY(!file.isOpen());
-}
-
-void TestWriterFrame::deviceOpenForReadingOnly()
-{
-    QBuffer buffer;
-    QVERIFY(buffer.open(QIODevice::ReadOnly));
-    QTest::ignoreMessage(QtWarningMsg, "QIODevice::write (QBuffer): ReadOnly device");
-    QVERIFY(!ORVTextRtfWriter(&buffer).write(newDocument().data(), false));
-    QCOMPARE(buffer.data(), QByteArray());
-}
-
-void TestWriterFrame::fullDevice_data()
-{
-    QTest::addColumn<int>("refusal");
-    QTest::newRow("takes what fits") << int(LimitedDevice::TakesWhatFits);
-    QTest::newRow("takes nothing of the piece that does not fit") << int(LimitedDevice::TakesNothingOfAPiece);
-}
-
-void TestWriterFrame::fullDevice()
-{
-    QFETCH(int, refusal);
-    const QSharedPointer<QTextDocument> document =
-        runs({foreground(Qt::red), family("Quibble Serif"), QTextCharFormat()});
-    const QByteArray whole = write(*document);
-    const int beginning = int(qstrlen("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\n"));
-    for (int limit = 0; limit <= whole.size(); ++limit) {
-        LimitedDevice device(limit, LimitedDevice::Refusal(refusal));
-        const bool written = ORVTextRtfWriter(&device).write(document.data(), false);
-        // Only the beginning counts; what is refused later is to be seen on the device.
-        QVERIFY2(written == (limit >= beginning), qPrintable(QString::number(limit)));
-        QVERIFY2(whole.startsWith(device.taken()), device.taken().constData());
-        if (refusal == LimitedDevice::TakesWhatFits && limit >= beginning)
-            QCOMPARE(device.taken().size(), limit);
-        if (limit < beginning)
-            QVERIFY(device.taken().size() <= limit);
+    void copyLeavesTheDocumentAlone()
+    {
+        const QSharedPointer<QTextDocument> document = documentOfAnEditor();
+        QCOMPARE(write(*document), documentOfAnEditorAsRtf());
+        QVERIFY(document->isUndoRedoEnabled());
+        QVERIFY(document->isUndoAvailable());
+        QCOMPARE(int(document->defaultTextOption().flags()),
+                 int(QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators));
+        QCOMPARE(int(document->begin().blockFormat().pageBreakPolicy()),
+                 int(QTextFormat::PageBreak_AlwaysAfter));
+        QCOMPARE(int(document->begin().next().blockFormat().pageBreakPolicy()), 0);
     }
-}
 
-void TestWriterFrame::familyWord_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("hint");
-    QTest::addColumn<QByteArray>("word");
-    const QString plain = QStringLiteral("Quibble");
-    QTest::newRow("any style") << plain << int(QFont::AnyStyle) << QByteArray("\\fnil");
-    QTest::newRow("serif") << plain << int(QFont::Serif) << QByteArray("\\froman");
-    QTest::newRow("sans serif") << plain << int(QFont::SansSerif) << QByteArray("\\fswiss");
-    QTest::newRow("typewriter") << plain << int(QFont::TypeWriter) << QByteArray("\\fmodern");
-    QTest::newRow("decorative") << plain << int(QFont::Decorative) << QByteArray("\\fdecor");
-    QTest::newRow("system") << plain << int(QFont::System) << QByteArray("\\fnil");
-    QTest::newRow("monospace") << plain << int(QFont::Monospace) << QByteArray("\\fnil");
-    QTest::newRow("cursive") << plain << int(QFont::Cursive) << QByteArray("\\fnil");
-    QTest::newRow("fantasy") << plain << int(QFont::Fantasy) << QByteArray("\\fnil");
-    const QByteArray tech = "\\ftech";
-    QTest::newRow("symbol") << QStringLiteral("Quibble SYMBOL") << int(QFont::Serif) << tech;
-    QTest::newRow("within a word") << QStringLiteral("Quibblesymbols") << int(QFont::AnyStyle) << tech;
-    QTest::newRow("dingbat") << QStringLiteral("QDingBats") << int(QFont::Decorative) << tech;
-    const QByteArray script = "\\fscript";
-    QTest::newRow("script") << QStringLiteral("Quibble Script") << int(QFont::SansSerif) << script;
-    QTest::newRow("script, any case") << QStringLiteral("qSCRIPTq") << int(QFont::AnyStyle) << script;
-    QTest::newRow("symbol before script") << QStringLiteral("Script Symbol") << int(QFont::AnyStyle) << tech;
-}
+    void inPlaceChangesTheDocument()
+    {
+        const QSharedPointer<QTextDocument> document = documentOfAnEditor();
+        WriteSettings inPlace;
+        inPlace.inPlace = true;
+        QCOMPARE(write(*document, inPlace), documentOfAnEditorAsRtf());
+        QVERIFY(!document->isUndoRedoEnabled());
+        QVERIFY(!document->isUndoAvailable());
+        QCOMPARE(int(document->defaultTextOption().flags()), 0);
+        QCOMPARE(int(document->begin().blockFormat().pageBreakPolicy()), 0);
+        QCOMPARE(int(document->begin().next().blockFormat().pageBreakPolicy()),
+                 int(QTextFormat::PageBreak_AlwaysBefore));
+        QCOMPARE(textOf(*document), "One\nTwo"_s);
+    }
 
-void TestWriterFrame::familyWord()
-{
-    QFETCH(QString, name);
-    QFETCH(int, hint);
-    QFETCH(QByteArray, word);
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextCharFormat format;
-    compat::setFontFamily(format, name);
-    format.setFontPointSize(12);
-    format.setFontStyleHint(QFont::StyleHint(hint));
-    ORVTextFormat::setDefaultCharFormat(document.data(), format);
-    QCOMPARE(fontTableOf(write(*document)), fontEntry(0, name.toLatin1(), 2, word));
-}
+    void copyAndInPlaceGiveTheSameBytes()
+    {
+        const QSharedPointer<QTextDocument> document =
+            runs({foreground(Qt::green), fixedPitch(family("Quibble Mono")), QTextCharFormat()});
+        WriteSettings inPlace;
+        inPlace.inPlace = true;
+        const QByteArray copied = write(*document);
+        QCOMPARE(write(*document, inPlace), copied);
+        QCOMPARE(write(*document, inPlace), copied);
+    }
 
-void TestWriterFrame::familyWordOfARun()
-{
-    QTextCharFormat serif = family("Quibble Serif");
-    serif.setFontStyleHint(QFont::Serif);
-    QTextCharFormat mono = fixedPitch(family("Quibble Mono"));
-    mono.setFontStyleHint(QFont::TypeWriter);
-    QCOMPARE(fontTableOf(write(*runs({serif, mono}))),
-             defaultFontEntry() + fontEntry(1, "Quibble Serif", 2, "\\froman")
-                 + fontEntry(2, "Quibble Mono", 1, "\\fmodern"));
-}
+    void writerCanWriteSeveralTimes()
+    {
+        const QSharedPointer<QTextDocument> first = runs({family("Quibble Serif")});
+        const QSharedPointer<QTextDocument> second = runs({foreground(Qt::red)});
+        ORVTextRtfWriter writer;
+        QBuffer firstBuffer;
+        writer.setDevice(&firstBuffer);
+        QVERIFY(writer.write(first.data(), false));
+        QBuffer secondBuffer;
+        writer.setDevice(&secondBuffer);
+        QVERIFY(writer.write(second.data(), false));
+        QCOMPARE(wellFormed(firstBuffer.data()), write(*first));
+        // The default font comes first again, in front of the fonts of the first document.
+        QCOMPARE(
+            wellFormed(secondBuffer.data()),
+            documentHead(defaultFontEntry() + fontEntry(1, DefaultFamily) + fontEntry(2, "Quibble Serif"),
+                         blackAndWhite() + "\\red255\\green0\\blue0;")
+                + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24\\cf3 a}}");
+    }
 
-void TestWriterFrame::fontsAreToldApartByFamilyAndPitch()
-{
-    const QByteArray rtf =
-        write(*runs({family("Quibble Mono"), fixedPitch(family("Quibble Mono")), family("quibble mono"),
-                     fixedPitch(family(DefaultFamily)), family(DefaultFamily)}));
-    QCOMPARE(fontTableOf(rtf),
-             defaultFontEntry() + fontEntry(1, "Quibble Mono") + fontEntry(2, "Quibble Mono", 1)
-                 + fontEntry(3, "quibble mono") + fontEntry(4, DefaultFamily, 1));
-    QCOMPARE(bodyOf(rtf),
-             firstParagraph() + "{\\f1\\fs24 a}{\\f2\\fs24 b}{\\f3\\fs24 c}{\\f4\\fs24 d}{\\f0\\fs24 e}");
-}
+    void tablesOfAWriterGrow()
+    {
+        const QSharedPointer<QTextDocument> document = runs({family("Quibble Serif"), foreground(Qt::red)});
+        ORVTextRtfWriter writer;
+        for (int i = 0; i < 3; ++i) {
+            QBuffer buffer;
+            writer.setDevice(&buffer);
+            QVERIFY(writer.write(document.data(), false));
+            QByteArray fonts;
+            for (int number = 0; number <= i; ++number)
+                fonts += fontEntry(number, DefaultFamily);
+            fonts += fontEntry(i + 1, "Quibble Serif");
+            QCOMPARE(fontTableOf(wellFormed(buffer.data())), fonts);
+            QCOMPARE(colorTableOf(buffer.data()), blackAndWhite() + "\\red255\\green0\\blue0;");
+            QCOMPARE(bodyOf(buffer.data()),
+                     firstParagraph() + "{\\f" + QByteArray::number(i + 1) + "\\fs24 a}{\\f0\\fs24\\cf3 b}");
+        }
+    }
 
-void TestWriterFrame::formatWithoutFamilyAddsNoFont()
-{
-    const QByteArray rtf = write(*runs({fixedPitch(QTextCharFormat()), foreground(Qt::black)}));
-    QCOMPARE(fontTableOf(rtf), defaultFontEntry());
-    QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24 a}{\\f0\\fs24\\cf1 b}");
-}
+    void notesAreCountedForEachWrite()
+    {
+        QTextCharFormat format;
+        format.setProperty(ORVRtfProperty::AnnotationAnchor, true);
+        format.setProperty(ORVRtfProperty::NoteContent, "{\\rtf1 Note}"_b);
+        const QSharedPointer<QTextDocument> document = runs({format});
+        ORVTextRtfWriter writer;
+        for (int i = 0; i < 2; ++i) {
+            QBuffer buffer;
+            writer.setDevice(&buffer);
+            QVERIFY(writer.write(document.data(), false));
+            const QByteArray body = bodyOf(wellFormed(buffer.data()));
+            QVERIFY2(body.contains("{{\\*\\atrfstart 1}"), body.constData());
+            QVERIFY2(body.contains("{\\*\\atrfend 1}"), body.constData());
+            QVERIFY2(body.contains("{\\*\\atnref 1}"), body.constData());
+        }
+    }
 
-void TestWriterFrame::firstOfSeveralFamiliesCounts()
-{
-    QTextCharFormat format;
-    format.setProperty(QTextFormat::FontFamilies,
-                       QStringList() << QStringLiteral("Quibble Serif") << QStringLiteral("Quibble Mono"));
-    QTextCharFormat italic(format);
-    italic.setFontItalic(true);
-    const QByteArray rtf = write(*runs({format, italic}));
-    QCOMPARE(fontTableOf(rtf), defaultFontEntry() + fontEntry(1, "Quibble Serif"));
-    QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f1\\fs24 a}{\\f1\\fs24\\i1 b}");
-}
+    void noDevice()
+    {
+        ORVTextRtfWriter writer;
+        QVERIFY(!writer.write(newDocument().data(), false));
+        QVERIFY(!writer.write(newDocument().data(), true));
+        QVERIFY(!writer.write(nullptr, false));
+    }
 
-void TestWriterFrame::defaultFormatIsFontZero()
-{
-    const QSharedPointer<QTextDocument> document = runs({QTextCharFormat(), family(DefaultFamily)});
-    QTextCharFormat format = family("Quibble Stored");
-    format.setFontPointSize(12);
-    ORVTextFormat::setDefaultCharFormat(document.data(), format);
-    const QByteArray rtf = write(*document);
-    QCOMPARE(fontTableOf(rtf), fontEntry(0, "Quibble Stored") + fontEntry(1, DefaultFamily));
-    QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24 a}{\\f1\\fs24 b}");
-}
+    void noDocument()
+    {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        ORVTextRtfWriter writer(&buffer);
+        QVERIFY(!writer.write(nullptr, false));
+        QVERIFY(!writer.write(nullptr, true));
+        QCOMPARE(buffer.data(), QByteArray());
+    }
 
-void TestWriterFrame::fontNameIsEscaped()
-{
-    QTextCharFormat format;
-    compat::setFontFamily(format, QString::fromUtf8("Qu\xc3\xa9 {1}"));
-    QCOMPARE(fontTableOf(write(*runs({format}))),
-             defaultFontEntry()
-                 + fontEntry(1, "Qu\\loch\\af1\\hich\\af1\\dbch\\af1\\uc1\\u233\\'E9 \\{1\\}"));
-}
+    void closedDeviceIsOpened()
+    {
+        QBuffer buffer;
+        ORVTextRtfWriter writer(&buffer);
+        QVERIFY(writer.write(newDocument().data(), false));
+        QVERIFY(buffer.isOpen());
+        QVERIFY(buffer.isWritable());
+        QVERIFY(!buffer.isReadable());
+        QCOMPARE(wellFormed(buffer.data()), write(*newDocument()));
 
-void TestWriterFrame::colorsAreListedOnce()
-{
-    const QByteArray rtf =
-        write(*runs({foreground(Qt::red), foreground(Qt::blue), foreground(QColor(255, 0, 0))}));
-    QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;\\red0\\green0\\blue255;");
-    QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf4 b}{\\f0\\fs24\\cf3 c}");
-}
+        QBuffer closedAgain;
+        QVERIFY(closedAgain.open(QIODevice::WriteOnly));
+        closedAgain.close();
+        writer.setDevice(&closedAgain);
+        QVERIFY(writer.write(newDocument().data(), false));
+        QVERIFY(closedAgain.isOpen());
+        wellFormed(closedAgain.data());
+    }
 
-void TestWriterFrame::blackAndWhiteAreNotRepeated()
-{
-    const QByteArray rtf = write(*runs({foreground(Qt::white), foreground(Qt::black)}));
-    QCOMPARE(colorTableOf(rtf), blackAndWhite());
-    QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf2 a}{\\f0\\fs24\\cf1 b}");
-}
+    void openDeviceStaysOpenAndIsWrittenOnFrom()
+    {
+        QBuffer buffer;
+        QVERIFY(buffer.open(QIODevice::ReadWrite));
+        buffer.write("before");
+        QVERIFY(ORVTextRtfWriter(&buffer).write(newDocument().data(), false));
+        QVERIFY(buffer.isOpen());
+        QCOMPARE(buffer.data(), "before" + write(*newDocument()));
+    }
 
-void TestWriterFrame::transparencyIsIgnored()
-{
-    const QByteArray rtf =
-        write(*runs({foreground(QColor(255, 0, 0, 1)), foreground(Qt::red), foreground(QColor(0, 0, 0, 0))}));
-    QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;");
-    QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf3 b}{\\f0\\fs24\\cf1 c}");
-}
+    void deviceThatDoesNotOpen()
+    {
+        LockedDevice device;
+        QVERIFY(!ORVTextRtfWriter(&device).write(newDocument().data(), false));
+        QVERIFY(!device.wasWrittenTo);
+    }
 
-void TestWriterFrame::foregroundBeforeBackground()
-{
-    QTextCharFormat format = foreground(Qt::red);
-    format.setBackground(Qt::yellow);
-    QCOMPARE(colorTableOf(write(*runs({format}))),
-             blackAndWhite() + "\\red255\\green0\\blue0;\\red255\\green255\\blue0;");
-}
+    void directoryAsDevice()
+    {
+        QTemporaryDir directory;
+        QFile file(directory.path());
+        QVERIFY(!ORVTextRtfWriter(&file).write(newDocument().data(), false));
+        QVERIFY(!file.isOpen());
+    }
 
-void TestWriterFrame::brushWithoutColour()
-{
-    QLinearGradient gradient(0, 0, 1, 1);
-    gradient.setColorAt(0, Qt::red);
-    // Nothing is registered, so there is no colour to refer to.
-    QCOMPARE(write(*runs({foreground(gradient)})),
-             documentHead() + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 a}}");
-    // In a document with colours it is black.
-    const QByteArray rtf = write(*runs({foreground(gradient), foreground(Qt::red)}));
-    QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;");
-    QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf1 a}{\\f0\\fs24\\cf3 b}");
-}
+    void deviceOpenForReadingOnly()
+    {
+        QBuffer buffer;
+        QVERIFY(buffer.open(QIODevice::ReadOnly));
+        QTest::ignoreMessage(QtWarningMsg, "QIODevice::write (QBuffer): ReadOnly device");
+        QVERIFY(!ORVTextRtfWriter(&buffer).write(newDocument().data(), false));
+        QCOMPARE(buffer.data(), QByteArray());
+    }
 
-QTEST_MAIN(TestWriterFrame)
-#include "tst_writer_frame.moc"
+    void fullDevice_data()
+    {
+        const Columns<int> add("refusal");
+        add("takes what fits", int(LimitedDevice::TakesWhatFits));
+        add("takes nothing of the piece that does not fit", int(LimitedDevice::TakesNothingOfAPiece));
+    }
+
+    void fullDevice()
+    {
+        FETCH(int, refusal);
+        const QSharedPointer<QTextDocument> document =
+            runs({foreground(Qt::red), family("Quibble Serif"), QTextCharFormat()});
+        const QByteArray whole = write(*document);
+        const int beginning = int(qstrlen("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\n"));
+        for (int limit = 0; limit <= whole.size(); ++limit) {
+            LimitedDevice device(limit, LimitedDevice::Refusal(refusal));
+            const bool written = ORVTextRtfWriter(&device).write(document.data(), false);
+            // Only the beginning counts; what is refused later is to be seen on the device.
+            QVERIFY2(written == (limit >= beginning), qPrintable(QString::number(limit)));
+            QVERIFY2(whole.startsWith(device.taken()), device.taken().constData());
+            if (refusal == LimitedDevice::TakesWhatFits && limit >= beginning)
+                QCOMPARE(device.taken().size(), limit);
+            if (limit < beginning)
+                QVERIFY(device.taken().size() <= limit);
+        }
+    }
+
+    void familyWord_data()
+    {
+        const Columns<QString, int, QByteArray> add("name", "hint", "word");
+        const QString plain = "Quibble"_s;
+        add("any style", plain, int(QFont::AnyStyle), "\\fnil");
+        add("serif", plain, int(QFont::Serif), "\\froman");
+        add("sans serif", plain, int(QFont::SansSerif), "\\fswiss");
+        add("typewriter", plain, int(QFont::TypeWriter), "\\fmodern");
+        add("decorative", plain, int(QFont::Decorative), "\\fdecor");
+        add("system", plain, int(QFont::System), "\\fnil");
+        add("monospace", plain, int(QFont::Monospace), "\\fnil");
+        add("cursive", plain, int(QFont::Cursive), "\\fnil");
+        add("fantasy", plain, int(QFont::Fantasy), "\\fnil");
+        const QByteArray tech = "\\ftech";
+        add("symbol", "Quibble SYMBOL", int(QFont::Serif), tech);
+        add("within a word", "Quibblesymbols", int(QFont::AnyStyle), tech);
+        add("dingbat", "QDingBats", int(QFont::Decorative), tech);
+        const QByteArray script = "\\fscript";
+        add("script", "Quibble Script", int(QFont::SansSerif), script);
+        add("script, any case", "qSCRIPTq", int(QFont::AnyStyle), script);
+        add("symbol before script", "Script Symbol", int(QFont::AnyStyle), tech);
+    }
+
+    void familyWord()
+    {
+        FETCH(QString, name, int, hint, QByteArray, word);
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextCharFormat format;
+        compat::setFontFamily(format, name);
+        format.setFontPointSize(12);
+        format.setFontStyleHint(QFont::StyleHint(hint));
+        ORVTextFormat::setDefaultCharFormat(document.data(), format);
+        QCOMPARE(fontTableOf(write(*document)), fontEntry(0, name.toLatin1(), 2, word));
+    }
+
+    void familyWordOfARun()
+    {
+        QTextCharFormat serif = family("Quibble Serif");
+        serif.setFontStyleHint(QFont::Serif);
+        QTextCharFormat mono = fixedPitch(family("Quibble Mono"));
+        mono.setFontStyleHint(QFont::TypeWriter);
+        QCOMPARE(fontTableOf(write(*runs({serif, mono}))),
+                 defaultFontEntry() + fontEntry(1, "Quibble Serif", 2, "\\froman")
+                     + fontEntry(2, "Quibble Mono", 1, "\\fmodern"));
+    }
+
+    void fontsAreToldApartByFamilyAndPitch()
+    {
+        const QByteArray rtf =
+            write(*runs({family("Quibble Mono"), fixedPitch(family("Quibble Mono")), family("quibble mono"),
+                         fixedPitch(family(DefaultFamily)), family(DefaultFamily)}));
+        QCOMPARE(fontTableOf(rtf),
+                 defaultFontEntry() + fontEntry(1, "Quibble Mono") + fontEntry(2, "Quibble Mono", 1)
+                     + fontEntry(3, "quibble mono") + fontEntry(4, DefaultFamily, 1));
+        QCOMPARE(bodyOf(rtf),
+                 firstParagraph() + "{\\f1\\fs24 a}{\\f2\\fs24 b}{\\f3\\fs24 c}{\\f4\\fs24 d}{\\f0\\fs24 e}");
+    }
+
+    void formatWithoutFamilyAddsNoFont()
+    {
+        const QByteArray rtf = write(*runs({fixedPitch(QTextCharFormat()), foreground(Qt::black)}));
+        QCOMPARE(fontTableOf(rtf), defaultFontEntry());
+        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24 a}{\\f0\\fs24\\cf1 b}");
+    }
+
+    void firstOfSeveralFamiliesCounts()
+    {
+        QTextCharFormat format;
+        format.setProperty(QTextFormat::FontFamilies,
+                           QStringList() << "Quibble Serif"_s
+                                         << "Quibble Mono"_s);
+        QTextCharFormat italic(format);
+        italic.setFontItalic(true);
+        const QByteArray rtf = write(*runs({format, italic}));
+        QCOMPARE(fontTableOf(rtf), defaultFontEntry() + fontEntry(1, "Quibble Serif"));
+        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f1\\fs24 a}{\\f1\\fs24\\i1 b}");
+    }
+
+    void defaultFormatIsFontZero()
+    {
+        const QSharedPointer<QTextDocument> document = runs({QTextCharFormat(), family(DefaultFamily)});
+        QTextCharFormat format = family("Quibble Stored");
+        format.setFontPointSize(12);
+        ORVTextFormat::setDefaultCharFormat(document.data(), format);
+        const QByteArray rtf = write(*document);
+        QCOMPARE(fontTableOf(rtf), fontEntry(0, "Quibble Stored") + fontEntry(1, DefaultFamily));
+        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24 a}{\\f1\\fs24 b}");
+    }
+
+    void fontNameIsEscaped()
+    {
+        QTextCharFormat format;
+        compat::setFontFamily(format, "Qu\xc3\xa9 {1}"_s);
+        QCOMPARE(fontTableOf(write(*runs({format}))),
+                 defaultFontEntry()
+                     + fontEntry(1, "Qu\\loch\\af1\\hich\\af1\\dbch\\af1\\uc1\\u233\\'E9 \\{1\\}"));
+    }
+
+    void colorsAreListedOnce()
+    {
+        const QByteArray rtf =
+            write(*runs({foreground(Qt::red), foreground(Qt::blue), foreground(QColor(255, 0, 0))}));
+        QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;\\red0\\green0\\blue255;");
+        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf4 b}{\\f0\\fs24\\cf3 c}");
+    }
+
+    void blackAndWhiteAreNotRepeated()
+    {
+        const QByteArray rtf = write(*runs({foreground(Qt::white), foreground(Qt::black)}));
+        QCOMPARE(colorTableOf(rtf), blackAndWhite());
+        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf2 a}{\\f0\\fs24\\cf1 b}");
+    }
+
+    void transparencyIsIgnored()
+    {
+        const QByteArray rtf = write(
+            *runs({foreground(QColor(255, 0, 0, 1)), foreground(Qt::red), foreground(QColor(0, 0, 0, 0))}));
+        QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;");
+        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf3 b}{\\f0\\fs24\\cf1 c}");
+    }
+
+    void foregroundBeforeBackground()
+    {
+        QTextCharFormat format = foreground(Qt::red);
+        format.setBackground(Qt::yellow);
+        QCOMPARE(colorTableOf(write(*runs({format}))),
+                 blackAndWhite() + "\\red255\\green0\\blue0;\\red255\\green255\\blue0;");
+    }
+
+    void brushWithoutColour()
+    {
+        QLinearGradient gradient(0, 0, 1, 1);
+        gradient.setColorAt(0, Qt::red);
+        // Nothing is registered, so there is no colour to refer to.
+        QCOMPARE(write(*runs({foreground(gradient)})),
+                 documentHead() + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 a}}");
+        // In a document with colours it is black.
+        const QByteArray rtf = write(*runs({foreground(gradient), foreground(Qt::red)}));
+        QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;");
+        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf1 a}{\\f0\\fs24\\cf3 b}");
+    }
+};
+
+ORV_TEST("writer_frame", TestWriterFrame, QGuiApplication)
+#include "frame.moc"

@@ -1,9 +1,4 @@
-#include "ORVRtfProperties.h"
-#include "ORVTextListFormat.h"
-#include "rtfwritinghelpers.h"
-
-#include <QtGui/QTextList>
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -85,270 +80,232 @@ class TestWriterLists : public QObject {
     Q_OBJECT
 
 private slots:
-    void documentWithoutListsHasNoTables();
-    void bulletedList();
-    void levelTexts_data();
-    void levelTexts();
-    void levelKinds_data();
-    void levelKinds();
-    void levelIndents_data();
-    void levelIndents();
-    void placeholdersOfDeeperLevels();
-    void numbersAboveTheTopmostLevel();
-    void listOfNineLevelsHasEight();
-    void listWithoutLevelsHasAnEmptyOne();
-    void listOfStockStyle();
-    void levelHasTheFormatOfTheFirstItem();
-    void listsAreNumberedInOrderOfAppearance();
-    void listIsWrittenOnceForAllItems();
-    void itemsNameTheirListAndLevel();
-    void listsAreReadBack();
-};
-
-void TestWriterLists::documentWithoutListsHasNoTables()
-{
-    const QByteArray rtf = write(*textDocument("Item"));
-    QCOMPARE(tablesOf(rtf), QByteArray());
-    QVERIFY(!rtf.contains("\\list"));
-}
-
-void TestWriterLists::bulletedList()
-{
-    const Levels levels = {level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 36, 18)};
-    QCOMPARE(
-        listTablesOf(levels),
-        tables(listGroup(1, levelGroup(23, "\\'01" + Wide + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"))));
-}
-
-void TestWriterLists::levelTexts_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QByteArray>("written");
-    QTest::addColumn<QByteArray>("numbers");
-
-    QTest::newRow("number") << QStringLiteral("%0") << QByteArray("\\'01\\'00") << QByteArray("\\'01");
-    QTest::newRow("numberPoint") << QStringLiteral("%0.") << QByteArray("\\'02\\'00.") << QByteArray("\\'01");
-    QTest::newRow("inBrackets") << QStringLiteral("(%0)") << QByteArray("\\'03(\\'00)")
-                                << QByteArray("\\'02");
-    QTest::newRow("twice") << QStringLiteral("%0-%0") << QByteArray("\\'03\\'00-\\'00")
-                           << QByteArray("\\'01\\'03");
-    QTest::newRow("empty") << QString() << QByteArray("\\'00") << QByteArray();
-    QTest::newRow("words") << QStringLiteral("Part %0") << QByteArray("\\'06Part \\'00")
-                           << QByteArray("\\'06");
-    QTest::newRow("percentSign") << QStringLiteral("%0%") << QByteArray("\\'02\\'00%") << QByteArray("\\'01");
-    QTest::newRow("percentLetter") << QStringLiteral("%x") << QByteArray("\\'02%x") << QByteArray();
-    QTest::newRow("levelAboveTheTop")
-        << QStringLiteral("%3.") << QByteArray("\\'02\\'00.") << QByteArray("\\'01");
-    QTest::newRow("severalDigits") << QStringLiteral("%12.") << QByteArray("\\'02\\'00.")
-                                   << QByteArray("\\'01");
-    QTest::newRow("braces") << QStringLiteral("{%0}") << QByteArray("\\'03\\{\\'00\\}")
-                            << QByteArray("\\'02");
-    QTest::newRow("backslash") << QStringLiteral("\\%0") << QByteArray("\\'02\\\\\\'00")
-                               << QByteArray("\\'02");
-    QTest::newRow("tab") << QStringLiteral("%0\t") << QByteArray("\\'02\\'00\\'09") << QByteArray("\\'01");
-    QTest::newRow("enDash") << QString(QChar(0x2013)) << "\\'01" + Wide + "\\u8211\\'96" << QByteArray();
-    QTest::newRow("noBreakSpace") << QString(QChar(0xa0)) << "\\'01" + Wide + "\\u160\\'A0" << QByteArray();
-
-    const QString z(91, QLatin1Char('z'));
-    const QByteArray zs(91, 'z');
-    QTest::newRow("lengthBelowBackslash") << z << "[" + zs << QByteArray();
-    QTest::newRow("lengthOfBackslash") << z + 'z' << "\\\\" + zs + "z" << QByteArray();
-    QTest::newRow("lengthOfOpenBrace")
-        << QString(123, QLatin1Char('z')) << "\\{" + QByteArray(123, 'z') << QByteArray();
-    QTest::newRow("lengthOfClosingBrace")
-        << QString(125, QLatin1Char('z')) << "\\}" + QByteArray(125, 'z') << QByteArray();
-    QTest::newRow("positionOfABrace") << QString(122, QLatin1Char('z')) + "%0"
-                                      << "\\{" + QByteArray(122, 'z') + "\\'00" << QByteArray("\\{");
-}
-
-void TestWriterLists::levelTexts()
-{
-    QFETCH(QString, text);
-    QFETCH(QByteArray, written);
-    QFETCH(QByteArray, numbers);
-    QCOMPARE(listTablesOf({level(text, ORVTextListLevel::Decimal)}),
-             tables(listGroup(1, levelGroup(0, written, numbers))));
-}
-
-void TestWriterLists::levelKinds_data()
-{
-    QTest::addColumn<unsigned>("kind");
-    QTest::addColumn<int>("written");
-
-    QTest::newRow("bullet") << 0u << 23;
-    QTest::newRow("decimal") << 1u << 0;
-    QTest::newRow("lowerLetter") << 2u << 4;
-    QTest::newRow("upperLetter") << 3u << 3;
-    QTest::newRow("lowerRoman") << 4u << 2;
-    QTest::newRow("upperRoman") << 5u << 1;
-    QTest::newRow("unknown") << 6u << 0;
-    QTest::newRow("farOff") << 4294967295u << 0;
-}
-
-void TestWriterLists::levelKinds()
-{
-    QFETCH(unsigned, kind);
-    QFETCH(int, written);
-    QCOMPARE(listTablesOf({level("%0", kind)}),
-             tables(listGroup(1, levelGroup(written, "\\'01\\'00", "\\'01"))));
-}
-
-void TestWriterLists::levelIndents_data()
-{
-    QTest::addColumn<double>("indent");
-    QTest::addColumn<double>("firstLine");
-    QTest::addColumn<QByteArray>("written");
-
-    QTest::newRow("hanging") << 36.0 << 18.0 << QByteArray("\\fi-360\\li720\\lin720");
-    QTest::newRow("indented") << 18.0 << 36.0 << QByteArray("\\fi360\\li360\\lin360");
-    QTest::newRow("flush") << 36.0 << 36.0 << QByteArray("\\fi0\\li720\\lin720");
-    QTest::newRow("negative") << -18.0 << -36.0 << QByteArray("\\fi-360\\li-360\\lin-360");
-    QTest::newRow("twipsAreCut") << 36.04 << 18.02 << QByteArray("\\fi-360\\li720\\lin720");
-    QTest::newRow("binaryFraction") << 35.99999998 << 0.0 << QByteArray("\\fi-720\\li720\\lin720");
-}
-
-void TestWriterLists::levelIndents()
-{
-    QFETCH(double, indent);
-    QFETCH(double, firstLine);
-    QFETCH(QByteArray, written);
-    QCOMPARE(listTablesOf({level("%0", ORVTextListLevel::Decimal, indent, firstLine)}),
-             tables(listGroup(1, levelGroup(0, "\\'01\\'00", "\\'01", written))));
-}
-
-void TestWriterLists::placeholdersOfDeeperLevels()
-{
-    const Levels levels = {level("%0.", ORVTextListLevel::Decimal),
-                           level("%1.%0", ORVTextListLevel::LowerLetter),
-                           level("%2.%1.%0", ORVTextListLevel::Decimal)};
-    QCOMPARE(listTablesOf(levels),
-             tables(listGroup(1,
-                              levelGroup(0, "\\'02\\'00.", "\\'01")
-                                  + levelGroup(4, "\\'03\\'00.\\'01", "\\'01\\'03")
-                                  + levelGroup(0, "\\'05\\'00.\\'01.\\'02", "\\'01\\'03\\'05"))));
-}
-
-void TestWriterLists::numbersAboveTheTopmostLevel()
-{
-    const Levels levels = {level("%0", ORVTextListLevel::Decimal), level("%5%0", ORVTextListLevel::Decimal)};
-    QCOMPARE(listTablesOf(levels),
-             tables(listGroup(
-                 1, levelGroup(0, "\\'01\\'00", "\\'01") + levelGroup(0, "\\'02\\'00\\'01", "\\'01\\'02"))));
-}
-
-void TestWriterLists::listOfNineLevelsHasEight()
-{
-    Levels levels;
-    QByteArray groups;
-    for (int i = 0; i < 9; ++i) {
-        levels << level("%0", ORVTextListLevel::Decimal, 36 * (i + 1), 36 * (i + 1));
-        const QByteArray twips = QByteArray::number(720 * (i + 1));
-        const QByteArray code = "\\'0" + QByteArray::number(i);
-        if (i < 8)
-            groups += levelGroup(0, "\\'01" + code, "\\'01", "\\fi0\\li" + twips + "\\lin" + twips);
+    void documentWithoutListsHasNoTables()
+    {
+        const QByteArray rtf = write(*textDocument("Item"));
+        QCOMPARE(tablesOf(rtf), QByteArray());
+        QVERIFY(!rtf.contains("\\list"));
     }
-    QCOMPARE(listTablesOf(levels), tables(listGroup(1, groups)));
-}
 
-void TestWriterLists::listWithoutLevelsHasAnEmptyOne()
-{
-    QCOMPARE(tablesOf(write(*listDocument(QTextListFormat()))),
-             tables(listGroup(1, levelGroup(0, "\\'00", ""))));
-}
+    void bulletedList()
+    {
+        const Levels levels = {level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 36, 18)};
+        QCOMPARE(listTablesOf(levels),
+                 tables(listGroup(
+                     1, levelGroup(23, "\\'01" + Wide + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"))));
+    }
 
-void TestWriterLists::listOfStockStyle()
-{
-    QTextListFormat format;
-    format.setStyle(QTextListFormat::ListUpperRoman);
-    format.setIndent(2);
-    format.setNumberPrefix("<");
-    format.setNumberSuffix(">");
-    QCOMPARE(tablesOf(write(*listDocument(format))),
-             tables(listGroup(1, levelGroup(1, "\\'03<\\'00>", "\\'02", "\\fi0\\li1200\\lin1200"))));
-}
+    void levelTexts_data()
+    {
+        const Columns<QString, QByteArray, QByteArray> add("text", "written", "numbers");
+        add("number", "%0", "\\'01\\'00", "\\'01");
+        add("numberPoint", "%0.", "\\'02\\'00.", "\\'01");
+        add("inBrackets", "(%0)", "\\'03(\\'00)", "\\'02");
+        add("twice", "%0-%0", "\\'03\\'00-\\'00", "\\'01\\'03");
+        add("empty", QString(), "\\'00", QByteArray());
+        add("words", "Part %0", "\\'06Part \\'00", "\\'06");
+        add("percentSign", "%0%", "\\'02\\'00%", "\\'01");
+        add("percentLetter", "%x", "\\'02%x", QByteArray());
+        add("levelAboveTheTop", "%3.", "\\'02\\'00.", "\\'01");
+        add("severalDigits", "%12.", "\\'02\\'00.", "\\'01");
+        add("braces", "{%0}", "\\'03\\{\\'00\\}", "\\'02");
+        add("backslash", "\\%0", "\\'02\\\\\\'00", "\\'02");
+        add("tab", "%0\t", "\\'02\\'00\\'09", "\\'01");
+        add("enDash", QString(QChar(0x2013)), "\\'01" + Wide + "\\u8211\\'96", QByteArray());
+        add("noBreakSpace", QString(QChar(0xa0)), "\\'01" + Wide + "\\u160\\'A0", QByteArray());
 
-void TestWriterLists::levelHasTheFormatOfTheFirstItem()
-{
-    QTextCharFormat format;
-    format.setFontWeight(QFont::Bold);
-    format.setForeground(Qt::red);
-    const QSharedPointer<QTextDocument> document = textDocument("Item");
-    QTextCursor cursor(document.data());
-    cursor.setBlockCharFormat(format);
-    cursor.createList(listFormat({level("%0", ORVTextListLevel::Decimal)}));
-    // Black and white are colours 1 and 2.
-    QCOMPARE(tablesOf(write(*document)),
-             tables(listGroup(
-                 1, levelGroup(0, "\\'01\\'00", "\\'01", "\\fi0\\li0\\lin0", "\\f0\\fs24\\b1\\cf3"))));
-}
+        const QString z(91, QLatin1Char('z'));
+        const QByteArray zs(91, 'z');
+        add("lengthBelowBackslash", z, "[" + zs, QByteArray());
+        add("lengthOfBackslash", z + 'z', "\\\\" + zs + "z", QByteArray());
+        add("lengthOfOpenBrace", QString(123, QLatin1Char('z')), "\\{" + QByteArray(123, 'z'), QByteArray());
+        add("lengthOfClosingBrace", QString(125, QLatin1Char('z')), "\\}" + QByteArray(125, 'z'),
+            QByteArray());
+        add("positionOfABrace", QString(122, QLatin1Char('z')) + "%0", "\\{" + QByteArray(122, 'z') + "\\'00",
+            "\\{");
+    }
 
-void TestWriterLists::listsAreNumberedInOrderOfAppearance()
-{
-    const QSharedPointer<QTextDocument> document = textDocument("One");
-    QTextCursor cursor(document.data());
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertBlock();
-    cursor.insertText("Two");
-    // Made first, but stands second.
-    cursor.createList(listFormat({level("%0)", ORVTextListLevel::LowerLetter)}));
-    QTextCursor(document->begin()).createList(listFormat({level("%0.", ORVTextListLevel::Decimal)}));
-    const QByteArray rtf = write(*document);
-    QCOMPARE(tablesOf(rtf),
-             tables(listGroup(1, levelGroup(0, "\\'02\\'00.", "\\'01"))
-                        + listGroup(2, levelGroup(4, "\\'02\\'00)", "\\'01")),
-                    2));
-    QVERIFY(rtf.indexOf("\\ls1\\ilvl0") < rtf.indexOf("\\ls2\\ilvl0"));
-}
+    void levelTexts()
+    {
+        FETCH(QString, text, QByteArray, written, QByteArray, numbers);
+        QCOMPARE(listTablesOf({level(text, ORVTextListLevel::Decimal)}),
+                 tables(listGroup(1, levelGroup(0, written, numbers))));
+    }
 
-void TestWriterLists::listIsWrittenOnceForAllItems()
-{
-    const QSharedPointer<QTextDocument> document =
-        listDocument(listFormat({level("%0.", ORVTextListLevel::Decimal)}));
-    QTextList* list = document->begin().textList();
-    QTextCursor cursor(document.data());
-    for (int i = 0; i < 3; ++i) {
+    void levelKinds_data()
+    {
+        const Columns<unsigned, int> add("kind", "written");
+        add("bullet", 0u, 23);
+        add("decimal", 1u, 0);
+        add("lowerLetter", 2u, 4);
+        add("upperLetter", 3u, 3);
+        add("lowerRoman", 4u, 2);
+        add("upperRoman", 5u, 1);
+        add("unknown", 6u, 0);
+        add("farOff", 4294967295u, 0);
+    }
+
+    void levelKinds()
+    {
+        FETCH(unsigned, kind, int, written);
+        QCOMPARE(listTablesOf({level("%0", kind)}),
+                 tables(listGroup(1, levelGroup(written, "\\'01\\'00", "\\'01"))));
+    }
+
+    void levelIndents_data()
+    {
+        const Columns<double, double, QByteArray> add("indent", "firstLine", "written");
+        add("hanging", 36.0, 18.0, "\\fi-360\\li720\\lin720");
+        add("indented", 18.0, 36.0, "\\fi360\\li360\\lin360");
+        add("flush", 36.0, 36.0, "\\fi0\\li720\\lin720");
+        add("negative", -18.0, -36.0, "\\fi-360\\li-360\\lin-360");
+        add("twipsAreCut", 36.04, 18.02, "\\fi-360\\li720\\lin720");
+        add("binaryFraction", 35.99999998, 0.0, "\\fi-720\\li720\\lin720");
+    }
+
+    void levelIndents()
+    {
+        FETCH(double, indent, double, firstLine, QByteArray, written);
+        QCOMPARE(listTablesOf({level("%0", ORVTextListLevel::Decimal, indent, firstLine)}),
+                 tables(listGroup(1, levelGroup(0, "\\'01\\'00", "\\'01", written))));
+    }
+
+    void placeholdersOfDeeperLevels()
+    {
+        const Levels levels = {level("%0.", ORVTextListLevel::Decimal),
+                               level("%1.%0", ORVTextListLevel::LowerLetter),
+                               level("%2.%1.%0", ORVTextListLevel::Decimal)};
+        QCOMPARE(listTablesOf(levels),
+                 tables(listGroup(1,
+                                  levelGroup(0, "\\'02\\'00.", "\\'01")
+                                      + levelGroup(4, "\\'03\\'00.\\'01", "\\'01\\'03")
+                                      + levelGroup(0, "\\'05\\'00.\\'01.\\'02", "\\'01\\'03\\'05"))));
+    }
+
+    void numbersAboveTheTopmostLevel()
+    {
+        const Levels levels = {level("%0", ORVTextListLevel::Decimal),
+                               level("%5%0", ORVTextListLevel::Decimal)};
+        QCOMPARE(
+            listTablesOf(levels),
+            tables(listGroup(
+                1, levelGroup(0, "\\'01\\'00", "\\'01") + levelGroup(0, "\\'02\\'00\\'01", "\\'01\\'02"))));
+    }
+
+    void listOfNineLevelsHasEight()
+    {
+        Levels levels;
+        QByteArray groups;
+        for (int i = 0; i < 9; ++i) {
+            levels << level("%0", ORVTextListLevel::Decimal, 36 * (i + 1), 36 * (i + 1));
+            const QByteArray twips = QByteArray::number(720 * (i + 1));
+            const QByteArray code = "\\'0" + QByteArray::number(i);
+            if (i < 8)
+                groups += levelGroup(0, "\\'01" + code, "\\'01", "\\fi0\\li" + twips + "\\lin" + twips);
+        }
+        QCOMPARE(listTablesOf(levels), tables(listGroup(1, groups)));
+    }
+
+    void listWithoutLevelsHasAnEmptyOne()
+    {
+        QCOMPARE(tablesOf(write(*listDocument(QTextListFormat()))),
+                 tables(listGroup(1, levelGroup(0, "\\'00", ""))));
+    }
+
+    void listOfStockStyle()
+    {
+        QTextListFormat format;
+        format.setStyle(QTextListFormat::ListUpperRoman);
+        format.setIndent(2);
+        format.setNumberPrefix("<");
+        format.setNumberSuffix(">");
+        QCOMPARE(tablesOf(write(*listDocument(format))),
+                 tables(listGroup(1, levelGroup(1, "\\'03<\\'00>", "\\'02", "\\fi0\\li1200\\lin1200"))));
+    }
+
+    void levelHasTheFormatOfTheFirstItem()
+    {
+        QTextCharFormat format;
+        format.setFontWeight(QFont::Bold);
+        format.setForeground(Qt::red);
+        const QSharedPointer<QTextDocument> document = textDocument("Item");
+        QTextCursor cursor(document.data());
+        cursor.setBlockCharFormat(format);
+        cursor.createList(listFormat({level("%0", ORVTextListLevel::Decimal)}));
+        // Black and white are colours 1 and 2.
+        QCOMPARE(tablesOf(write(*document)),
+                 tables(listGroup(
+                     1, levelGroup(0, "\\'01\\'00", "\\'01", "\\fi0\\li0\\lin0", "\\f0\\fs24\\b1\\cf3"))));
+    }
+
+    void listsAreNumberedInOrderOfAppearance()
+    {
+        const QSharedPointer<QTextDocument> document = textDocument("One");
+        QTextCursor cursor(document.data());
         cursor.movePosition(QTextCursor::End);
         cursor.insertBlock();
-        cursor.insertText("Item");
+        cursor.insertText("Two");
+        // Made first, but stands second.
+        cursor.createList(listFormat({level("%0)", ORVTextListLevel::LowerLetter)}));
+        QTextCursor(document->begin()).createList(listFormat({level("%0.", ORVTextListLevel::Decimal)}));
+        const QByteArray rtf = write(*document);
+        QCOMPARE(tablesOf(rtf),
+                 tables(listGroup(1, levelGroup(0, "\\'02\\'00.", "\\'01"))
+                            + listGroup(2, levelGroup(4, "\\'02\\'00)", "\\'01")),
+                        2));
+        QVERIFY(rtf.indexOf("\\ls1\\ilvl0") < rtf.indexOf("\\ls2\\ilvl0"));
     }
-    QCOMPARE(list->count(), 4);
-    QCOMPARE(tablesOf(write(*document)), tables(listGroup(1, levelGroup(0, "\\'02\\'00.", "\\'01"))));
-}
 
-void TestWriterLists::itemsNameTheirListAndLevel()
-{
-    const Levels levels = {level("%0.", ORVTextListLevel::Decimal, 18, 18),
-                           level("%1.%0.", ORVTextListLevel::Decimal, 36, 36)};
-    const QSharedPointer<QTextDocument> document = listDocument(listFormat(levels));
-    QTextCursor cursor(document.data());
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertBlock();
-    cursor.insertText("Sub");
-    QTextList* list = document->begin().textList();
-    ORVTextListFormat::setBlockLevel(list, document->begin(), 0);
-    ORVTextListFormat::setBlockLevel(list, cursor.block(), 1);
-    const QByteArray body = writeBody(*document);
-    QVERIFY2(body.startsWith("\n\\pard\\plain \\li360\\ltrch\\loch \\ls1\\ilvl0{\\listtext"),
-             body.constData());
-    QVERIFY2(body.contains("\n\\par\\pard\\plain \\li720\\ltrch\\loch \\ls1\\ilvl1{\\listtext"),
-             body.constData());
-}
+    void listIsWrittenOnceForAllItems()
+    {
+        const QSharedPointer<QTextDocument> document =
+            listDocument(listFormat({level("%0.", ORVTextListLevel::Decimal)}));
+        QTextList* list = document->begin().textList();
+        QTextCursor cursor(document.data());
+        for (int i = 0; i < 3; ++i) {
+            cursor.movePosition(QTextCursor::End);
+            cursor.insertBlock();
+            cursor.insertText("Item");
+        }
+        QCOMPARE(list->count(), 4);
+        QCOMPARE(tablesOf(write(*document)), tables(listGroup(1, levelGroup(0, "\\'02\\'00.", "\\'01"))));
+    }
 
-void TestWriterLists::listsAreReadBack()
-{
-    const Levels levels = {level("%0.", ORVTextListLevel::Decimal, 36, 18),
-                           level("{%1-%0}", ORVTextListLevel::UpperRoman, 72, 54),
-                           level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 90, 72)};
-    const QSharedPointer<QTextDocument> document = listDocument(listFormat(levels));
-    ORVTextListFormat::setBlockLevel(document->begin().textList(), document->begin(), 1);
-    const Reading reading = rtftest::read(write(*document));
-    QCOMPARE(reading.status, 0);
-    QTextList* list = reading.block(0).textList();
-    QVERIFY(list);
-    QCOMPARE(ORVTextListFormat::levels(list->format()), levels);
-    QCOMPARE(ORVTextListFormat::blockLevel(list, reading.block(0)), 1);
-    QCOMPARE(reading.text(), QStringLiteral("Item"));
-}
+    void itemsNameTheirListAndLevel()
+    {
+        const Levels levels = {level("%0.", ORVTextListLevel::Decimal, 18, 18),
+                               level("%1.%0.", ORVTextListLevel::Decimal, 36, 36)};
+        const QSharedPointer<QTextDocument> document = listDocument(listFormat(levels));
+        QTextCursor cursor(document.data());
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertBlock();
+        cursor.insertText("Sub");
+        QTextList* list = document->begin().textList();
+        ORVTextListFormat::setBlockLevel(list, document->begin(), 0);
+        ORVTextListFormat::setBlockLevel(list, cursor.block(), 1);
+        const QByteArray body = writeBody(*document);
+        QVERIFY2(body.startsWith("\n\\pard\\plain \\li360\\ltrch\\loch \\ls1\\ilvl0{\\listtext"),
+                 body.constData());
+        QVERIFY2(body.contains("\n\\par\\pard\\plain \\li720\\ltrch\\loch \\ls1\\ilvl1{\\listtext"),
+                 body.constData());
+    }
 
-QTEST_MAIN(TestWriterLists)
-#include "tst_writer_lists.moc"
+    void listsAreReadBack()
+    {
+        const Levels levels = {level("%0.", ORVTextListLevel::Decimal, 36, 18),
+                               level("{%1-%0}", ORVTextListLevel::UpperRoman, 72, 54),
+                               level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 90, 72)};
+        const QSharedPointer<QTextDocument> document = listDocument(listFormat(levels));
+        ORVTextListFormat::setBlockLevel(document->begin().textList(), document->begin(), 1);
+        const Reading reading = rtftest::read(write(*document));
+        QCOMPARE(reading.status, 0);
+        QTextList* list = reading.block(0).textList();
+        QVERIFY(list);
+        QCOMPARE(ORVTextListFormat::levels(list->format()), levels);
+        QCOMPARE(ORVTextListFormat::blockLevel(list, reading.block(0)), 1);
+        QCOMPARE(reading.text(), "Item"_s);
+    }
+};
+
+ORV_TEST("writer_lists", TestWriterLists, QGuiApplication)
+#include "lists.moc"

@@ -1,12 +1,4 @@
-#include "ORVRtfProperties.h"
-#include "ORVTextListFormat.h"
-#include "rtfstory.h"
-
-#include <QtGui/QTextList>
-#include <QtGui/QTextTable>
-#include <QtTest/QtTest>
-
-#include <limits>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -79,440 +71,394 @@ class TestWriterParagraphs : public QObject {
     Q_OBJECT
 
 private slots:
-    void formatIsStatedInWords_data();
-    void formatIsStatedInWords();
-    void lengthsAreTruncated_data();
-    void lengthsAreTruncated();
-    void lengthsOutOfRangeAreClamped_data();
-    void lengthsOutOfRangeAreClamped();
-    void lengthThatIsNoNumberIsHarmless();
-    void rightIndentCountsFromTheRightMargin();
-    void wordsStandInOneOrder();
-    void rightToLeftParagraphSaysSoTwice();
+    void formatIsStatedInWords_data()
+    {
+        using namespace ORVRtfProperty;
+        Columns<QTextBlockFormat, QByteArray>("format", "words");
+        row("nothing", QTextBlockFormat(), "");
+        row("pageBreakBefore", with(QTextFormat::PageBreakPolicy, 0x1), "\\pagebb");
+        row("linesTogether", with(QTextFormat::PageBreakPolicy, 0x200), "\\keep");
+        row("withNext", with(QTextFormat::PageBreakPolicy, 0x20), "\\keepn");
+        row("allThree", with(QTextFormat::PageBreakPolicy, 0x221), "\\pagebb\\keep\\keepn");
+        row("noBreak", with(QTextFormat::PageBreakPolicy, 0), "");
 
-    void emptyDocumentIsOneEmptyParagraph();
-    void emptyParagraphKeepsItsCharacterFormat();
-    void equalFormatIsNotRepeated();
-    void changedFormatIsStatedAfterPard();
-    void returnToPlainFormatIsStated();
-    void formatThatIsBuiltInAnotherOrderCountsAsChanged();
-    void everyParagraphStartsPlain();
+        row("leftTab", withTabs({tab(36, QTextOption::LeftTab)}), "\\tx720");
+        row("rightTab", withTabs({tab(36, QTextOption::RightTab)}), "\\tqr\\tx720");
+        row("centerTab", withTabs({tab(36, QTextOption::CenterTab)}), "\\tqc\\tx720");
+        row("decimalTab", withTabs({tab(36, QTextOption::DelimiterTab)}), "\\tqdec\\tx720");
+        row("tabsInTheirOrder",
+            withTabs({tab(144, QTextOption::RightTab), tab(36, QTextOption::LeftTab),
+                      tab(72, QTextOption::CenterTab)}),
+            "\\tqr\\tx2880\\tx720\\tqc\\tx1440");
 
-    void listItemHasNumberLevelAndText();
-    void listNumberIsStatedWithTheFormatOnly();
-    void itemsOfTwoListsNameTheirLists();
-    void listLevelIsStatedForEachItem();
-    void emptyListItemHasItsMarker();
-    void listItemInATable();
-    void tabStopsOfListItemsAreLeftOut();
-    void firstLineOfListItems_data();
-    void firstLineOfListItems();
+        row("leftAndFirstLine", with(LeftIndent, 36.0, QTextFormat::TextIndent, 18.0), "\\li720\\fi-360");
+        row("leftAndEqualFirstLine", with(LeftIndent, 36.0, QTextFormat::TextIndent, 36.0), "\\li720");
+        row("leftAlone", with(LeftIndent, 36.0), "\\li720\\fi-720");
+        row("firstLineAlone", with(QTextFormat::TextIndent, 18.0), "\\fi360");
+        row("negativeLeft", with(LeftIndent, -18.0, QTextFormat::TextIndent, -18.0), "\\li-360");
+        row("zeroIndents", with(LeftIndent, 0.0, QTextFormat::TextIndent, 0.0), "");
 
-    void emptyParagraphAfterTableIsDropped();
-    void onlyTheFirstEmptyParagraphAfterTableIsDropped();
-    void emptyParagraphAfterTextAfterTableStays();
-    void paragraphAfterTableStatesItsFormat();
+        row("rightIndentAtTheMargin", with(RightIndent, 432.0), "\\ri0");
+        row("rightIndentInside", with(RightIndent, 414.0), "\\ri360");
+        row("rightIndentOutside", with(RightIndent, 450.0), "\\ri-360");
+        row("rightIndentZero", with(RightIndent, 0.0), "");
+
+        row("spaceAfter", with(QTextFormat::BlockBottomMargin, 12.0), "\\sa240");
+        row("spaceBefore", with(QTextFormat::BlockTopMargin, 6.0), "\\sb120");
+        row("spaceAfterComesFirst",
+            with(QTextFormat::BlockTopMargin, 6.0, QTextFormat::BlockBottomMargin, 12.0), "\\sa240\\sb120");
+        row("noSpace", with(QTextFormat::BlockTopMargin, 0.0, QTextFormat::BlockBottomMargin, 0.0), "");
+
+        row("doubleSpacing", with(LineSpacing, 24.0, LineMultiple, 12.0), "\\sl480\\slmult1");
+        row("oneAndAHalf", with(LineSpacing, 18.0, LineMultiple, 12.0), "\\sl360\\slmult1");
+        row("multipleOfAnotherBase", with(LineSpacing, 15.0, LineMultiple, 10.0), "\\sl360\\slmult1");
+        row("exactSpacing", with(LineSpacing, 14.0), "\\sl280\\slmult0");
+        row("exactWithEmptyBase", with(LineSpacing, 14.0, LineMultiple, 0.0), "\\sl280\\slmult0");
+        row("negativeSpacing", with(LineSpacing, -14.0), "\\sl-280\\slmult0");
+        row("spacingEqualToItsBase", with(LineSpacing, 12.0, LineMultiple, 12.0), "");
+        row("spacingOfNothing", with(LineSpacing, 0.0), "");
+        row("spacingOfNothingWithBase", with(LineSpacing, 0.0, LineMultiple, 12.0), "");
+        row("baseAlone", with(LineMultiple, 12.0), "");
+        row("headingLevelIsNoSpacing", with(LineSpacing, 2), "");
+        row("headingLevelIsNoSpacingWithBase", with(LineSpacing, 2, LineMultiple, 12.0), "");
+
+        row("left", aligned(Qt::AlignLeft), "\\ql");
+        row("right", aligned(Qt::AlignRight), "\\qr");
+        row("centre", aligned(Qt::AlignHCenter), "\\qc");
+        row("justify", aligned(Qt::AlignJustify), "\\qj");
+        row("leftAbsolute", aligned(Qt::AlignLeft | Qt::AlignAbsolute), "\\ql");
+        row("centreBothWays", aligned(Qt::AlignCenter), "\\qc");
+        row("verticalOnly", aligned(Qt::AlignVCenter), "");
+        row("leftAndRight", aligned(Qt::AlignLeft | Qt::AlignRight), "");
+        row("leftToRight", with(QTextFormat::LayoutDirection, int(Qt::LeftToRight)), "");
+    }
+
+    void formatIsStatedInWords()
+    {
+        FETCH(QTextBlockFormat, format, QByteArray, words);
+        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
+        setBlockFormat(document.data(), 0, format);
+        const QByteArray expected = "\n\\pard\\plain " + words + "\\ltrch\\loch " + run("x");
+        QCOMPARE(writeBody(*document), expected);
+        QCOMPARE(writeBody(*document, exporting()), expected);
+    }
+
+    void lengthsAreTruncated_data()
+    {
+        const Columns<double, QByteArray> add("points", "twips");
+        add("fractionIsCut", 36.04, "720");
+        add("negativeFractionIsCut", -36.04, "-720");
+        add("largeFractionIsCut", 35.9999, "719");
+        add("binaryFractionBelowAnInteger", 35.99999998, "720");
+        add("binaryFractionAboveANegativeInteger", -35.99999998, "-720");
+        add("oneTwip", 0.05, "1");
+        add("lessThanOneTwip", 0.04, "0");
+        add("threeTwips", 0.15, "3");
+    }
+
+    void lengthsAreTruncated()
+    {
+        FETCH(double, points, QByteArray, twips);
+        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
+        QTextBlockFormat format = with(ORVRtfProperty::LeftIndent, points, QTextFormat::TextIndent, points);
+        format.setBottomMargin(points);
+        format.setTopMargin(points);
+        format.setProperty(ORVRtfProperty::LineSpacing, points);
+        format.setTabPositions({tab(points, QTextOption::LeftTab)});
+        setBlockFormat(document.data(), 0, format);
+        QCOMPARE(writeBody(*document),
+                 QByteArray("\n\\pard\\plain \\tx" + twips + "\\li" + twips + "\\sa" + twips + "\\sb" + twips
+                            + "\\sl" + twips + "\\slmult0\\ltrch\\loch " + run("x")));
+    }
+
+    void lengthsOutOfRangeAreClamped_data()
+    {
+        const Columns<double, QByteArray> add("points", "twips");
+        add("infinite", Infinity, "2147483647");
+        add("negativeInfinite", -Infinity, "-2147483648");
+        add("beyondInt", 1e12, "2147483647");
+        add("belowInt", -1e12, "-2147483648");
+    }
+
+    void lengthsOutOfRangeAreClamped()
+    {
+        FETCH(double, points, QByteArray, twips);
+        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
+        QTextBlockFormat format;
+        format.setBottomMargin(points);
+        format.setTopMargin(points);
+        format.setProperty(ORVRtfProperty::LineSpacing, points);
+        setBlockFormat(document.data(), 0, format);
+        QCOMPARE(writeBody(*document),
+                 QByteArray("\n\\pard\\plain \\sa" + twips + "\\sb" + twips + "\\sl" + twips
+                            + "\\slmult0\\ltrch\\loch " + run("x")));
+    }
+
+    void lengthThatIsNoNumberIsHarmless()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
+        QTextBlockFormat format = with(ORVRtfProperty::LeftIndent, NotANumber, QTextFormat::TextIndent, 18.0);
+        format.setProperty(ORVRtfProperty::RightIndent, NotANumber);
+        format.setTabPositions({tab(NotANumber, QTextOption::LeftTab)});
+        setBlockFormat(document.data(), 0, format);
+        const QByteArray body = writeBody(*document);
+        QVERIFY2(body.startsWith("\n\\pard\\plain \\tx0"), body.constData());
+        QVERIFY2(body.endsWith("\\ltrch\\loch " + run("x")), body.constData());
+        QCOMPARE(rtftest::read(write(*document)).status, 0);
+    }
+
+    void rightIndentCountsFromTheRightMargin()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
+        setBlockFormat(document.data(), 0, with(ORVRtfProperty::RightIndent, 300.0));
+        document->setProperty("paperSize", QSizeF(500.0, 700.0));
+        document->setProperty("leftMargin", 50.0);
+        document->setProperty("rightMargin", 100.0);
+        // The text is 350 points wide: 500 - 50 - 100.
+        QCOMPARE(writeBody(*document), QByteArray("\n\\pard\\plain \\ri1000\\ltrch\\loch " + run("x")));
+    }
+
+    void wordsStandInOneOrder()
+    {
+        using namespace ORVRtfProperty;
+        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
+        QTextBlockFormat format = with(LineSpacing, 24.0, LineMultiple, 12.0);
+        format.setLayoutDirection(Qt::RightToLeft);
+        format.setAlignment(Qt::AlignRight);
+        format.setTopMargin(1);
+        format.setBottomMargin(2);
+        format.setProperty(RightIndent, 414.0);
+        format.setProperty(LeftIndent, 36.0);
+        format.setTextIndent(54);
+        format.setTabPositions({tab(72, QTextOption::LeftTab)});
+        format.setProperty(QTextFormat::PageBreakPolicy, 0x221);
+        setBlockFormat(document.data(), 0, format);
+        QCOMPARE(writeBody(*document),
+                 QByteArray("\n\\pard\\plain \\pagebb\\keep\\keepn\\tx1440\\li720\\fi360\\ri360\\sa40\\sb20"
+                            "\\sl480\\slmult1\\qr\\rtlpar\\rtlch\\loch "
+                            + run("x")));
+    }
+
+    void rightToLeftParagraphSaysSoTwice()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
+        setBlockFormat(document.data(), 0, with(QTextFormat::LayoutDirection, int(Qt::RightToLeft)));
+        QCOMPARE(writeBody(*document),
+                 QByteArray("\n\\pard\\plain \\rtlpar\\rtlch\\loch " + run("x")
+                            + "\n\\par\\pard\\plain \\ltrch\\loch " + run("y")));
+    }
+
+    void emptyDocumentIsOneEmptyParagraph()
+    {
+        QCOMPARE(writeBody(*newDocument()), firstParagraph() + emptyRun());
+    }
+
+    void emptyParagraphKeepsItsCharacterFormat()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"x", "", "y"});
+        QTextCharFormat format;
+        format.setFontPointSize(20);
+        format.setFontItalic(true);
+        QTextCursor(document->findBlockByNumber(1)).setBlockCharFormat(format);
+        QCOMPARE(writeBody(*document),
+                 firstParagraph() + run("x") + newParagraph() + "\\f0\\fs40\\i1" + newParagraph() + run("y"));
+    }
+
+    void equalFormatIsNotRepeated()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y", "z"});
+        for (int block = 0; block < 3; ++block)
+            setBlockFormat(document.data(), block, aligned(Qt::AlignHCenter));
+        QCOMPARE(writeBody(*document),
+                 "\n\\pard\\plain \\qc\\ltrch\\loch " + run("x") + newParagraph() + run("y") + newParagraph()
+                     + run("z"));
+    }
+
+    void changedFormatIsStatedAfterPard()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
+        setBlockFormat(document.data(), 1, aligned(Qt::AlignHCenter));
+        QCOMPARE(writeBody(*document),
+                 firstParagraph() + run("x") + "\n\\par\\pard\\plain \\qc\\ltrch\\loch " + run("y"));
+    }
+
+    void returnToPlainFormatIsStated()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
+        setBlockFormat(document.data(), 0, aligned(Qt::AlignHCenter));
+        QCOMPARE(writeBody(*document),
+                 "\n\\pard\\plain \\qc\\ltrch\\loch " + run("x") + "\n\\par\\pard\\plain \\ltrch\\loch "
+                     + run("y"));
+    }
+
+    void formatThatIsBuiltInAnotherOrderCountsAsChanged()
+    {
+        // Formats are compared as Qt compares them, and Qt sees the order in which properties were first set.
+        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
+        setBlockFormat(document.data(), 0,
+                       with(QTextFormat::BlockTopMargin, 6.0, QTextFormat::BlockBottomMargin, 12.0));
+        setBlockFormat(document.data(), 1,
+                       with(QTextFormat::BlockBottomMargin, 12.0, QTextFormat::BlockTopMargin, 6.0));
+        QCOMPARE(writeBody(*document),
+                 "\n\\pard\\plain \\sa240\\sb120\\ltrch\\loch " + run("x")
+                     + "\n\\par\\pard\\plain \\sa240\\sb120\\ltrch\\loch " + run("y"));
+    }
+
+    void everyParagraphStartsPlain()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y", "", "z"});
+        QCOMPARE(writeBody(*document).count("\\plain "), 4);
+    }
+
+    void listItemHasNumberLevelAndText()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"One"});
+        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
+        QCOMPARE(writeBody(*document),
+                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One"));
+    }
+
+    void listNumberIsStatedWithTheFormatOnly()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"One", "Two", "After"});
+        QTextList* list = QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
+        list->add(document->findBlockByNumber(1));
+        QCOMPARE(writeBody(*document),
+                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One")
+                     + newParagraph() + "\\ilvl0{\\listtext\\f0\\fs24 2.\\tab }" + run("Two")
+                     + "\n\\par\\pard\\plain \\ltrch\\loch " + run("After"));
+    }
+
+    void itemsOfTwoListsNameTheirLists()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"One", "Two"});
+        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
+        QTextCursor(document->findBlockByNumber(1)).createList(QTextListFormat::ListLowerAlpha);
+        QCOMPARE(writeBody(*document),
+                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One")
+                     + "\n\\par\\pard\\plain \\ltrch\\loch \\ls2\\ilvl0{\\listtext\\f0\\fs24 a.\\tab }"
+                     + run("Two"));
+    }
+
+    void listLevelIsStatedForEachItem()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"One", "Two"});
+        QTextList* list = QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
+        list->add(document->findBlockByNumber(1));
+        ORVTextListFormat::setBlockLevel(list, document->findBlockByNumber(1), 2);
+        const QByteArray body = writeBody(*document);
+        QVERIFY2(body.contains("\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One")), body.constData());
+        QVERIFY2(body.contains("\\ilvl2{\\listtext\\f0\\fs24 2.\\tab }" + run("Two")), body.constData());
+    }
+
+    void emptyListItemHasItsMarker()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({""});
+        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
+        QCOMPARE(writeBody(*document),
+                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + emptyRun());
+    }
+
+    void listItemInATable()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextCursor cursor(document.data());
+        QTextTable* table = cursor.insertTable(1, 1);
+        QTextCursor cell = table->cellAt(0, 0).firstCursorPosition();
+        cell.insertText("One");
+        cell.createList(QTextListFormat::ListDecimal);
+        const QByteArray item = "\n\\pard\\plain \\intbl\\itap1\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }"
+            + run("One") + "\\cell";
+        const QByteArray body = writeBody(*document);
+        QVERIFY2(body.contains(item), body.constData());
+    }
+
+    void tabStopsOfListItemsAreLeftOut()
+    {
+        const QSharedPointer<QTextDocument> document = paragraphs({"One"});
+        setBlockFormat(document.data(), 0, withTabs({tab(36, QTextOption::LeftTab)}));
+        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
+        QCOMPARE(writeBody(*document),
+                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One"));
+    }
+
+    void firstLineOfListItems_data()
+    {
+        const Columns<QTextBlockFormat, bool, QByteArray> add("format", "exportingMode", "words");
+        const QTextBlockFormat hanging =
+            with(ORVRtfProperty::LeftIndent, 36.0, QTextFormat::TextIndent, 27.0);
+        const QTextBlockFormat flush = with(ORVRtfProperty::LeftIndent, 36.0, QTextFormat::TextIndent, 36.0);
+        add("plainStored", QTextBlockFormat(), false, QByteArray());
+        add("plainExported", QTextBlockFormat(), true, "\\fi-360");
+        add("hangingStored", hanging, false, "\\li720\\fi-180");
+        add("hangingExported", hanging, true, "\\li720\\fi-180");
+        add("flushStored", flush, false, "\\li720");
+        add("flushExported", flush, true, "\\li720\\fi-360");
+    }
+
+    void firstLineOfListItems()
+    {
+        FETCH(QTextBlockFormat, format, bool, exportingMode, QByteArray, words);
+        const QSharedPointer<QTextDocument> document = paragraphs({"One"});
+        setBlockFormat(document.data(), 0, format);
+        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
+        QCOMPARE(writeBody(*document, exportingMode ? exporting() : WriteSettings()),
+                 "\n\\pard\\plain " + words + "\\ltrch\\loch \\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }"
+                     + run("One"));
+    }
+
+    void emptyParagraphAfterTableIsDropped()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextCursor(document.data()).insertTable(1, 1);
+        const QByteArray body = writeBody(*document);
+        QVERIFY2(body.endsWith("\\row}\\pard"), body.constData());
+    }
+
+    void onlyTheFirstEmptyParagraphAfterTableIsDropped()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextCursor cursor(document.data());
+        cursor.insertTable(1, 1);
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertBlock();
+        cursor.insertBlock();
+        cursor.insertText("x");
+        const QByteArray body = writeBody(*document);
+        QVERIFY2(body.endsWith("\\row}\\pard" + firstParagraph() + emptyRun() + newParagraph() + run("x")),
+                 body.constData());
+    }
+
+    void emptyParagraphAfterTextAfterTableStays()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextCursor cursor(document.data());
+        cursor.insertTable(1, 1);
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertText("x");
+        cursor.insertBlock();
+        const QByteArray body = writeBody(*document);
+        QVERIFY2(body.endsWith("\\row}\\pard" + firstParagraph() + run("x") + newParagraph() + emptyRun()),
+                 body.constData());
+    }
+
+    void paragraphAfterTableStatesItsFormat()
+    {
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextCursor cursor(document.data());
+        cursor.setBlockFormat(aligned(Qt::AlignHCenter));
+        cursor.insertText("x");
+        cursor.insertTable(1, 1);
+        cursor.movePosition(QTextCursor::End);
+        cursor.setBlockFormat(aligned(Qt::AlignHCenter));
+        cursor.insertText("y");
+        const QByteArray body = writeBody(*document);
+        QVERIFY2(body.startsWith("\n\\pard\\plain \\qc\\ltrch\\loch " + run("x") + "\n\n\n\\trowd"),
+                 body.constData());
+        QVERIFY2(body.endsWith("\\row}\\pard\n\\pard\\plain \\qc\\ltrch\\loch " + run("y")),
+                 body.constData());
+    }
 };
 
-void TestWriterParagraphs::formatIsStatedInWords_data()
-{
-    using namespace ORVRtfProperty;
-    QTest::addColumn<QTextBlockFormat>("format");
-    QTest::addColumn<QByteArray>("words");
-
-    row("nothing", QTextBlockFormat(), "");
-    row("pageBreakBefore", with(QTextFormat::PageBreakPolicy, 0x1), "\\pagebb");
-    row("linesTogether", with(QTextFormat::PageBreakPolicy, 0x200), "\\keep");
-    row("withNext", with(QTextFormat::PageBreakPolicy, 0x20), "\\keepn");
-    row("allThree", with(QTextFormat::PageBreakPolicy, 0x221), "\\pagebb\\keep\\keepn");
-    row("noBreak", with(QTextFormat::PageBreakPolicy, 0), "");
-
-    row("leftTab", withTabs({tab(36, QTextOption::LeftTab)}), "\\tx720");
-    row("rightTab", withTabs({tab(36, QTextOption::RightTab)}), "\\tqr\\tx720");
-    row("centerTab", withTabs({tab(36, QTextOption::CenterTab)}), "\\tqc\\tx720");
-    row("decimalTab", withTabs({tab(36, QTextOption::DelimiterTab)}), "\\tqdec\\tx720");
-    row("tabsInTheirOrder",
-        withTabs({tab(144, QTextOption::RightTab), tab(36, QTextOption::LeftTab),
-                  tab(72, QTextOption::CenterTab)}),
-        "\\tqr\\tx2880\\tx720\\tqc\\tx1440");
-
-    row("leftAndFirstLine", with(LeftIndent, 36.0, QTextFormat::TextIndent, 18.0), "\\li720\\fi-360");
-    row("leftAndEqualFirstLine", with(LeftIndent, 36.0, QTextFormat::TextIndent, 36.0), "\\li720");
-    row("leftAlone", with(LeftIndent, 36.0), "\\li720\\fi-720");
-    row("firstLineAlone", with(QTextFormat::TextIndent, 18.0), "\\fi360");
-    row("negativeLeft", with(LeftIndent, -18.0, QTextFormat::TextIndent, -18.0), "\\li-360");
-    row("zeroIndents", with(LeftIndent, 0.0, QTextFormat::TextIndent, 0.0), "");
-
-    row("rightIndentAtTheMargin", with(RightIndent, 432.0), "\\ri0");
-    row("rightIndentInside", with(RightIndent, 414.0), "\\ri360");
-    row("rightIndentOutside", with(RightIndent, 450.0), "\\ri-360");
-    row("rightIndentZero", with(RightIndent, 0.0), "");
-
-    row("spaceAfter", with(QTextFormat::BlockBottomMargin, 12.0), "\\sa240");
-    row("spaceBefore", with(QTextFormat::BlockTopMargin, 6.0), "\\sb120");
-    row("spaceAfterComesFirst", with(QTextFormat::BlockTopMargin, 6.0, QTextFormat::BlockBottomMargin, 12.0),
-        "\\sa240\\sb120");
-    row("noSpace", with(QTextFormat::BlockTopMargin, 0.0, QTextFormat::BlockBottomMargin, 0.0), "");
-
-    row("doubleSpacing", with(LineSpacing, 24.0, LineMultiple, 12.0), "\\sl480\\slmult1");
-    row("oneAndAHalf", with(LineSpacing, 18.0, LineMultiple, 12.0), "\\sl360\\slmult1");
-    row("multipleOfAnotherBase", with(LineSpacing, 15.0, LineMultiple, 10.0), "\\sl360\\slmult1");
-    row("exactSpacing", with(LineSpacing, 14.0), "\\sl280\\slmult0");
-    row("exactWithEmptyBase", with(LineSpacing, 14.0, LineMultiple, 0.0), "\\sl280\\slmult0");
-    row("negativeSpacing", with(LineSpacing, -14.0), "\\sl-280\\slmult0");
-    row("spacingEqualToItsBase", with(LineSpacing, 12.0, LineMultiple, 12.0), "");
-    row("spacingOfNothing", with(LineSpacing, 0.0), "");
-    row("spacingOfNothingWithBase", with(LineSpacing, 0.0, LineMultiple, 12.0), "");
-    row("baseAlone", with(LineMultiple, 12.0), "");
-    row("headingLevelIsNoSpacing", with(LineSpacing, 2), "");
-    row("headingLevelIsNoSpacingWithBase", with(LineSpacing, 2, LineMultiple, 12.0), "");
-
-    row("left", aligned(Qt::AlignLeft), "\\ql");
-    row("right", aligned(Qt::AlignRight), "\\qr");
-    row("centre", aligned(Qt::AlignHCenter), "\\qc");
-    row("justify", aligned(Qt::AlignJustify), "\\qj");
-    row("leftAbsolute", aligned(Qt::AlignLeft | Qt::AlignAbsolute), "\\ql");
-    row("centreBothWays", aligned(Qt::AlignCenter), "\\qc");
-    row("verticalOnly", aligned(Qt::AlignVCenter), "");
-    row("leftAndRight", aligned(Qt::AlignLeft | Qt::AlignRight), "");
-    row("leftToRight", with(QTextFormat::LayoutDirection, int(Qt::LeftToRight)), "");
-}
-
-void TestWriterParagraphs::formatIsStatedInWords()
-{
-    QFETCH(QTextBlockFormat, format);
-    QFETCH(QByteArray, words);
-    const QSharedPointer<QTextDocument> document = paragraphs({"x"});
-    setBlockFormat(document.data(), 0, format);
-    const QByteArray expected = "\n\\pard\\plain " + words + "\\ltrch\\loch " + run("x");
-    QCOMPARE(writeBody(*document), expected);
-    QCOMPARE(writeBody(*document, exporting()), expected);
-}
-
-void TestWriterParagraphs::lengthsAreTruncated_data()
-{
-    QTest::addColumn<double>("points");
-    QTest::addColumn<QByteArray>("twips");
-
-    QTest::newRow("fractionIsCut") << 36.04 << QByteArray("720");
-    QTest::newRow("negativeFractionIsCut") << -36.04 << QByteArray("-720");
-    QTest::newRow("largeFractionIsCut") << 35.9999 << QByteArray("719");
-    QTest::newRow("binaryFractionBelowAnInteger") << 35.99999998 << QByteArray("720");
-    QTest::newRow("binaryFractionAboveANegativeInteger") << -35.99999998 << QByteArray("-720");
-    QTest::newRow("oneTwip") << 0.05 << QByteArray("1");
-    QTest::newRow("lessThanOneTwip") << 0.04 << QByteArray("0");
-    QTest::newRow("threeTwips") << 0.15 << QByteArray("3");
-}
-
-void TestWriterParagraphs::lengthsAreTruncated()
-{
-    QFETCH(double, points);
-    QFETCH(QByteArray, twips);
-    const QSharedPointer<QTextDocument> document = paragraphs({"x"});
-    QTextBlockFormat format = with(ORVRtfProperty::LeftIndent, points, QTextFormat::TextIndent, points);
-    format.setBottomMargin(points);
-    format.setTopMargin(points);
-    format.setProperty(ORVRtfProperty::LineSpacing, points);
-    format.setTabPositions({tab(points, QTextOption::LeftTab)});
-    setBlockFormat(document.data(), 0, format);
-    QCOMPARE(writeBody(*document),
-             QByteArray("\n\\pard\\plain \\tx" + twips + "\\li" + twips + "\\sa" + twips + "\\sb" + twips
-                        + "\\sl" + twips + "\\slmult0\\ltrch\\loch " + run("x")));
-}
-
-void TestWriterParagraphs::lengthsOutOfRangeAreClamped_data()
-{
-    QTest::addColumn<double>("points");
-    QTest::addColumn<QByteArray>("twips");
-
-    QTest::newRow("infinite") << Infinity << QByteArray("2147483647");
-    QTest::newRow("negativeInfinite") << -Infinity << QByteArray("-2147483648");
-    QTest::newRow("beyondInt") << 1e12 << QByteArray("2147483647");
-    QTest::newRow("belowInt") << -1e12 << QByteArray("-2147483648");
-}
-
-void TestWriterParagraphs::lengthsOutOfRangeAreClamped()
-{
-    QFETCH(double, points);
-    QFETCH(QByteArray, twips);
-    const QSharedPointer<QTextDocument> document = paragraphs({"x"});
-    QTextBlockFormat format;
-    format.setBottomMargin(points);
-    format.setTopMargin(points);
-    format.setProperty(ORVRtfProperty::LineSpacing, points);
-    setBlockFormat(document.data(), 0, format);
-    QCOMPARE(writeBody(*document),
-             QByteArray("\n\\pard\\plain \\sa" + twips + "\\sb" + twips + "\\sl" + twips
-                        + "\\slmult0\\ltrch\\loch " + run("x")));
-}
-
-void TestWriterParagraphs::lengthThatIsNoNumberIsHarmless()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"x"});
-    QTextBlockFormat format = with(ORVRtfProperty::LeftIndent, NotANumber, QTextFormat::TextIndent, 18.0);
-    format.setProperty(ORVRtfProperty::RightIndent, NotANumber);
-    format.setTabPositions({tab(NotANumber, QTextOption::LeftTab)});
-    setBlockFormat(document.data(), 0, format);
-    const QByteArray body = writeBody(*document);
-    QVERIFY2(body.startsWith("\n\\pard\\plain \\tx0"), body.constData());
-    QVERIFY2(body.endsWith("\\ltrch\\loch " + run("x")), body.constData());
-    QCOMPARE(rtftest::read(write(*document)).status, 0);
-}
-
-void TestWriterParagraphs::rightIndentCountsFromTheRightMargin()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"x"});
-    setBlockFormat(document.data(), 0, with(ORVRtfProperty::RightIndent, 300.0));
-    document->setProperty("paperSize", QSizeF(500.0, 700.0));
-    document->setProperty("leftMargin", 50.0);
-    document->setProperty("rightMargin", 100.0);
-    // The text is 350 points wide: 500 - 50 - 100.
-    QCOMPARE(writeBody(*document), QByteArray("\n\\pard\\plain \\ri1000\\ltrch\\loch " + run("x")));
-}
-
-void TestWriterParagraphs::wordsStandInOneOrder()
-{
-    using namespace ORVRtfProperty;
-    const QSharedPointer<QTextDocument> document = paragraphs({"x"});
-    QTextBlockFormat format = with(LineSpacing, 24.0, LineMultiple, 12.0);
-    format.setLayoutDirection(Qt::RightToLeft);
-    format.setAlignment(Qt::AlignRight);
-    format.setTopMargin(1);
-    format.setBottomMargin(2);
-    format.setProperty(RightIndent, 414.0);
-    format.setProperty(LeftIndent, 36.0);
-    format.setTextIndent(54);
-    format.setTabPositions({tab(72, QTextOption::LeftTab)});
-    format.setProperty(QTextFormat::PageBreakPolicy, 0x221);
-    setBlockFormat(document.data(), 0, format);
-    QCOMPARE(writeBody(*document),
-             QByteArray("\n\\pard\\plain \\pagebb\\keep\\keepn\\tx1440\\li720\\fi360\\ri360\\sa40\\sb20"
-                        "\\sl480\\slmult1\\qr\\rtlpar\\rtlch\\loch "
-                        + run("x")));
-}
-
-void TestWriterParagraphs::rightToLeftParagraphSaysSoTwice()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
-    setBlockFormat(document.data(), 0, with(QTextFormat::LayoutDirection, int(Qt::RightToLeft)));
-    QCOMPARE(writeBody(*document),
-             QByteArray("\n\\pard\\plain \\rtlpar\\rtlch\\loch " + run("x")
-                        + "\n\\par\\pard\\plain \\ltrch\\loch " + run("y")));
-}
-
-void TestWriterParagraphs::emptyDocumentIsOneEmptyParagraph()
-{
-    QCOMPARE(writeBody(*newDocument()), firstParagraph() + emptyRun());
-}
-
-void TestWriterParagraphs::emptyParagraphKeepsItsCharacterFormat()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"x", "", "y"});
-    QTextCharFormat format;
-    format.setFontPointSize(20);
-    format.setFontItalic(true);
-    QTextCursor(document->findBlockByNumber(1)).setBlockCharFormat(format);
-    QCOMPARE(writeBody(*document),
-             firstParagraph() + run("x") + newParagraph() + "\\f0\\fs40\\i1" + newParagraph() + run("y"));
-}
-
-void TestWriterParagraphs::equalFormatIsNotRepeated()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"x", "y", "z"});
-    for (int block = 0; block < 3; ++block)
-        setBlockFormat(document.data(), block, aligned(Qt::AlignHCenter));
-    QCOMPARE(writeBody(*document),
-             "\n\\pard\\plain \\qc\\ltrch\\loch " + run("x") + newParagraph() + run("y") + newParagraph()
-                 + run("z"));
-}
-
-void TestWriterParagraphs::changedFormatIsStatedAfterPard()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
-    setBlockFormat(document.data(), 1, aligned(Qt::AlignHCenter));
-    QCOMPARE(writeBody(*document),
-             firstParagraph() + run("x") + "\n\\par\\pard\\plain \\qc\\ltrch\\loch " + run("y"));
-}
-
-void TestWriterParagraphs::returnToPlainFormatIsStated()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
-    setBlockFormat(document.data(), 0, aligned(Qt::AlignHCenter));
-    QCOMPARE(writeBody(*document),
-             "\n\\pard\\plain \\qc\\ltrch\\loch " + run("x") + "\n\\par\\pard\\plain \\ltrch\\loch "
-                 + run("y"));
-}
-
-void TestWriterParagraphs::formatThatIsBuiltInAnotherOrderCountsAsChanged()
-{
-    // Formats are compared as Qt compares them, and Qt sees the order in which properties were first set.
-    const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
-    setBlockFormat(document.data(), 0,
-                   with(QTextFormat::BlockTopMargin, 6.0, QTextFormat::BlockBottomMargin, 12.0));
-    setBlockFormat(document.data(), 1,
-                   with(QTextFormat::BlockBottomMargin, 12.0, QTextFormat::BlockTopMargin, 6.0));
-    QCOMPARE(writeBody(*document),
-             "\n\\pard\\plain \\sa240\\sb120\\ltrch\\loch " + run("x")
-                 + "\n\\par\\pard\\plain \\sa240\\sb120\\ltrch\\loch " + run("y"));
-}
-
-void TestWriterParagraphs::everyParagraphStartsPlain()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"x", "y", "", "z"});
-    QCOMPARE(writeBody(*document).count("\\plain "), 4);
-}
-
-void TestWriterParagraphs::listItemHasNumberLevelAndText()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"One"});
-    QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-    QCOMPARE(writeBody(*document),
-             firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One"));
-}
-
-void TestWriterParagraphs::listNumberIsStatedWithTheFormatOnly()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"One", "Two", "After"});
-    QTextList* list = QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-    list->add(document->findBlockByNumber(1));
-    QCOMPARE(writeBody(*document),
-             firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One") + newParagraph()
-                 + "\\ilvl0{\\listtext\\f0\\fs24 2.\\tab }" + run("Two")
-                 + "\n\\par\\pard\\plain \\ltrch\\loch " + run("After"));
-}
-
-void TestWriterParagraphs::itemsOfTwoListsNameTheirLists()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"One", "Two"});
-    QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-    QTextCursor(document->findBlockByNumber(1)).createList(QTextListFormat::ListLowerAlpha);
-    QCOMPARE(writeBody(*document),
-             firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One")
-                 + "\n\\par\\pard\\plain \\ltrch\\loch \\ls2\\ilvl0{\\listtext\\f0\\fs24 a.\\tab }"
-                 + run("Two"));
-}
-
-void TestWriterParagraphs::listLevelIsStatedForEachItem()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"One", "Two"});
-    QTextList* list = QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-    list->add(document->findBlockByNumber(1));
-    ORVTextListFormat::setBlockLevel(list, document->findBlockByNumber(1), 2);
-    const QByteArray body = writeBody(*document);
-    QVERIFY2(body.contains("\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One")), body.constData());
-    QVERIFY2(body.contains("\\ilvl2{\\listtext\\f0\\fs24 2.\\tab }" + run("Two")), body.constData());
-}
-
-void TestWriterParagraphs::emptyListItemHasItsMarker()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({""});
-    QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-    QCOMPARE(writeBody(*document),
-             firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + emptyRun());
-}
-
-void TestWriterParagraphs::listItemInATable()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextCursor cursor(document.data());
-    QTextTable* table = cursor.insertTable(1, 1);
-    QTextCursor cell = table->cellAt(0, 0).firstCursorPosition();
-    cell.insertText("One");
-    cell.createList(QTextListFormat::ListDecimal);
-    const QByteArray item =
-        "\n\\pard\\plain \\intbl\\itap1\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One") + "\\cell";
-    const QByteArray body = writeBody(*document);
-    QVERIFY2(body.contains(item), body.constData());
-}
-
-void TestWriterParagraphs::tabStopsOfListItemsAreLeftOut()
-{
-    const QSharedPointer<QTextDocument> document = paragraphs({"One"});
-    setBlockFormat(document.data(), 0, withTabs({tab(36, QTextOption::LeftTab)}));
-    QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-    QCOMPARE(writeBody(*document),
-             firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One"));
-}
-
-void TestWriterParagraphs::firstLineOfListItems_data()
-{
-    QTest::addColumn<QTextBlockFormat>("format");
-    QTest::addColumn<bool>("exportingMode");
-    QTest::addColumn<QByteArray>("words");
-
-    const QTextBlockFormat hanging = with(ORVRtfProperty::LeftIndent, 36.0, QTextFormat::TextIndent, 27.0);
-    const QTextBlockFormat flush = with(ORVRtfProperty::LeftIndent, 36.0, QTextFormat::TextIndent, 36.0);
-    QTest::newRow("plainStored") << QTextBlockFormat() << false << QByteArray();
-    QTest::newRow("plainExported") << QTextBlockFormat() << true << QByteArray("\\fi-360");
-    QTest::newRow("hangingStored") << hanging << false << QByteArray("\\li720\\fi-180");
-    QTest::newRow("hangingExported") << hanging << true << QByteArray("\\li720\\fi-180");
-    QTest::newRow("flushStored") << flush << false << QByteArray("\\li720");
-    QTest::newRow("flushExported") << flush << true << QByteArray("\\li720\\fi-360");
-}
-
-void TestWriterParagraphs::firstLineOfListItems()
-{
-    QFETCH(QTextBlockFormat, format);
-    QFETCH(bool, exportingMode);
-    QFETCH(QByteArray, words);
-    const QSharedPointer<QTextDocument> document = paragraphs({"One"});
-    setBlockFormat(document.data(), 0, format);
-    QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-    QCOMPARE(writeBody(*document, exportingMode ? exporting() : WriteSettings()),
-             "\n\\pard\\plain " + words + "\\ltrch\\loch \\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }"
-                 + run("One"));
-}
-
-void TestWriterParagraphs::emptyParagraphAfterTableIsDropped()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextCursor(document.data()).insertTable(1, 1);
-    const QByteArray body = writeBody(*document);
-    QVERIFY2(body.endsWith("\\row}\\pard"), body.constData());
-}
-
-void TestWriterParagraphs::onlyTheFirstEmptyParagraphAfterTableIsDropped()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextCursor cursor(document.data());
-    cursor.insertTable(1, 1);
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertBlock();
-    cursor.insertBlock();
-    cursor.insertText("x");
-    const QByteArray body = writeBody(*document);
-    QVERIFY2(body.endsWith("\\row}\\pard" + firstParagraph() + emptyRun() + newParagraph() + run("x")),
-             body.constData());
-}
-
-void TestWriterParagraphs::emptyParagraphAfterTextAfterTableStays()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextCursor cursor(document.data());
-    cursor.insertTable(1, 1);
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertText("x");
-    cursor.insertBlock();
-    const QByteArray body = writeBody(*document);
-    QVERIFY2(body.endsWith("\\row}\\pard" + firstParagraph() + run("x") + newParagraph() + emptyRun()),
-             body.constData());
-}
-
-void TestWriterParagraphs::paragraphAfterTableStatesItsFormat()
-{
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextCursor cursor(document.data());
-    cursor.setBlockFormat(aligned(Qt::AlignHCenter));
-    cursor.insertText("x");
-    cursor.insertTable(1, 1);
-    cursor.movePosition(QTextCursor::End);
-    cursor.setBlockFormat(aligned(Qt::AlignHCenter));
-    cursor.insertText("y");
-    const QByteArray body = writeBody(*document);
-    QVERIFY2(body.startsWith("\n\\pard\\plain \\qc\\ltrch\\loch " + run("x") + "\n\n\n\\trowd"),
-             body.constData());
-    QVERIFY2(body.endsWith("\\row}\\pard\n\\pard\\plain \\qc\\ltrch\\loch " + run("y")), body.constData());
-}
-
-QTEST_MAIN(TestWriterParagraphs)
-#include "tst_writer_paragraphs.moc"
+ORV_TEST("writer_paragraphs", TestWriterParagraphs, QGuiApplication)
+#include "paragraphs.moc"

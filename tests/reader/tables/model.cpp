@@ -1,9 +1,5 @@
 #include "livetable.h"
-
-#include <QtTest/QtTest>
-
-#include <functional>
-#include <random>
+#include "testsupport.h"
 
 using namespace livetable;
 using namespace rtftest;
@@ -123,7 +119,7 @@ private:
         return result;
     }
 
-    QPair<QString, bool> word() { return qMakePair(QStringLiteral("w%1").arg(++m_words), oneIn(2)); }
+    QPair<QString, bool> word() { return qMakePair("w%1"_s.arg(++m_words), oneIn(2)); }
 
     std::mt19937 m_engine;
     int m_words = 0;
@@ -156,7 +152,7 @@ QByteArray rtfOf(const Definition& definition)
 QByteArray rtfOf(const Paragraph& paragraph)
 {
     static const char* const alignments[] = {"", "\\ql", "\\qr", "", "\\qc"};
-    QByteArray rtf = QByteArray("\\pard\\intbl") + alignments[paragraph.alignment];
+    QByteArray rtf = "\\pard\\intbl"_b + alignments[paragraph.alignment];
     if (paragraph.words.isEmpty())
         rtf += paragraph.italic ? "\\i" : "\\i0";
     for (const auto& word : paragraph.words)
@@ -198,7 +194,7 @@ QSharedPointer<QTextDocument> liveDocument(const QList<Row>& rows, bool closed)
         centred.setAlignment(Qt::AlignHCenter);
         cursor.setBlockFormat(centred);
         cursor.setBlockCharFormat(italicFormat(true));
-        cursor.insertText(QStringLiteral("after"), italicFormat(true));
+        cursor.insertText("after"_s, italicFormat(true));
     }
     return document;
 }
@@ -234,11 +230,7 @@ void addLines(QStringList& lines, const QTextTable* table, ParagraphFormats form
     for (int r = 0; r < table->rows(); ++r) {
         for (int c = 0; c < table->columns(); ++c) {
             const QTextTableCell cell = table->cellAt(r, c);
-            lines << QStringLiteral(" cell %1,%2 starts at %3,%4")
-                         .arg(r)
-                         .arg(c)
-                         .arg(cell.row())
-                         .arg(cell.column());
+            lines << " cell %1,%2 starts at %3,%4"_s.arg(r).arg(c).arg(cell.row()).arg(cell.column());
             if (cell.row() != r || cell.column() != c)
                 continue;
             lines << " format " + own(cell.format());
@@ -270,7 +262,7 @@ QStringList linesOf(const QTextDocument& document, ParagraphFormats formats = Ev
 QString shapeIn(const QStringList& lines)
 {
     for (int i = 0; i < lines.size(); ++i) {
-        if (lines.at(i).startsWith(QLatin1String("table ")))
+        if (lines.at(i).startsWith("table "_s))
             return lines.value(i + 1);
     }
     return QString();
@@ -294,86 +286,75 @@ class TestTablesModel : public QObject {
     Q_OBJECT
 
 private slots:
-    void differenceIsFound();
-    void splits_data();
-    void splits();
-    void merges_data();
-    void merges();
+    /*! Any change of a row is seen by the comparison. */
+    void differenceIsFound()
+    {
+        Row row;
+        row.definitions << Definition() << Definition();
+        row.definitions[0].boundary = 4320;
+        row.definitions[1].boundary = 8640;
+        Paragraph paragraph;
+        paragraph.words << qMakePair("word"_s, false);
+        row.cells << Cell{paragraph} << Cell{paragraph};
+        const QStringList lines = linesOf(*liveDocument({row, row}, true));
+
+        const QList<std::function<void(Row&)>> changes = {
+            [](Row& r) { r.padding += 1; },
+            [](Row& r) { r.definitions[1].boundary += 1; },
+            [](Row& r) { r.definitions[0].boundary -= 1; },
+            [](Row& r) { r.definitions[0].color = Qt::yellow; },
+            [](Row& r) { r.definitions[1].alignment = QTextCharFormat::AlignBottom; },
+            [](Row& r) { r.definitions[0].verticalMerge = true; },
+            [](Row& r) { r.definitions[1].horizontalMerge = true; },
+            [](Row& r) { r.cells[0][0].alignment = Qt::AlignRight; },
+            [](Row& r) { r.cells[1][0].words[0].first += QLatin1Char('s'); },
+            [](Row& r) { r.cells[1][0].words[0].second = true; },
+            [](Row& r) { r.cells[1] << r.cells[0]; },
+            [](Row& r) { r.cells.removeLast(); }};
+        QVERIFY(difference(linesOf(*liveDocument({row, row}, true)), lines).isEmpty());
+        QVERIFY(!difference(linesOf(*liveDocument({row, row}, false)), lines).isEmpty());
+        for (int i = 0; i < changes.size(); ++i) {
+            Row changed = row;
+            changes.at(i)(changed);
+            const QString found = difference(linesOf(*liveDocument({row, changed}, true)), lines);
+            QVERIFY2(!found.isEmpty(), qPrintable(QString::number(i)));
+        }
+    }
+
+    void splits_data()
+    {
+        const Columns<int> add("seed");
+        for (int seed = 1; seed <= 500; ++seed)
+            add(qPrintable(QString::number(seed)), seed);
+    }
+
+    /*! Columns that are split, joined and appended. */
+    void splits()
+    {
+        FETCH(int, seed);
+        compare(Generator(unsigned(seed)).splitTable(), seed % 4 != 0, EveryCell);
+    }
+
+    void merges_data() { splits_data(); }
+
+    /*! Cells merged with the cell above or to the left, in tables whose columns stay. */
+    void merges()
+    {
+        FETCH(int, seed);
+        compare(Generator(unsigned(seed)).mergedTable(), seed % 4 != 0, UnjoinedCells);
+    }
 
 private:
-    static void compare(const QList<Row>& rows, bool closed, ParagraphFormats formats);
+    static void compare(const QList<Row>& rows, bool closed, ParagraphFormats formats)
+    {
+        const QByteArray rtf = rtfOf(rows, closed);
+        const Reading reading = read(rtf);
+        QCOMPARE(reading.status, 0);
+        const QString found =
+            difference(linesOf(*reading.document, formats), linesOf(*liveDocument(rows, closed), formats));
+        QVERIFY2(found.isEmpty(), qPrintable(found + '\n' + QString::fromLatin1(rtf)));
+    }
 };
 
-void TestTablesModel::compare(const QList<Row>& rows, bool closed, ParagraphFormats formats)
-{
-    const QByteArray rtf = rtfOf(rows, closed);
-    const Reading reading = read(rtf);
-    QCOMPARE(reading.status, 0);
-    const QString found =
-        difference(linesOf(*reading.document, formats), linesOf(*liveDocument(rows, closed), formats));
-    QVERIFY2(found.isEmpty(), qPrintable(found + '\n' + QString::fromLatin1(rtf)));
-}
-
-/*! Any change of a row is seen by the comparison. */
-void TestTablesModel::differenceIsFound()
-{
-    Row row;
-    row.definitions << Definition() << Definition();
-    row.definitions[0].boundary = 4320;
-    row.definitions[1].boundary = 8640;
-    Paragraph paragraph;
-    paragraph.words << qMakePair(QStringLiteral("word"), false);
-    row.cells << Cell{paragraph} << Cell{paragraph};
-    const QStringList lines = linesOf(*liveDocument({row, row}, true));
-
-    const QList<std::function<void(Row&)>> changes = {
-        [](Row& r) { r.padding += 1; },
-        [](Row& r) { r.definitions[1].boundary += 1; },
-        [](Row& r) { r.definitions[0].boundary -= 1; },
-        [](Row& r) { r.definitions[0].color = Qt::yellow; },
-        [](Row& r) { r.definitions[1].alignment = QTextCharFormat::AlignBottom; },
-        [](Row& r) { r.definitions[0].verticalMerge = true; },
-        [](Row& r) { r.definitions[1].horizontalMerge = true; },
-        [](Row& r) { r.cells[0][0].alignment = Qt::AlignRight; },
-        [](Row& r) { r.cells[1][0].words[0].first += QLatin1Char('s'); },
-        [](Row& r) { r.cells[1][0].words[0].second = true; },
-        [](Row& r) { r.cells[1] << r.cells[0]; },
-        [](Row& r) { r.cells.removeLast(); }};
-    QVERIFY(difference(linesOf(*liveDocument({row, row}, true)), lines).isEmpty());
-    QVERIFY(!difference(linesOf(*liveDocument({row, row}, false)), lines).isEmpty());
-    for (int i = 0; i < changes.size(); ++i) {
-        Row changed = row;
-        changes.at(i)(changed);
-        const QString found = difference(linesOf(*liveDocument({row, changed}, true)), lines);
-        QVERIFY2(!found.isEmpty(), qPrintable(QString::number(i)));
-    }
-}
-
-void TestTablesModel::splits_data()
-{
-    QTest::addColumn<int>("seed");
-    for (int seed = 1; seed <= 500; ++seed)
-        QTest::newRow(qPrintable(QString::number(seed))) << seed;
-}
-
-/*! Columns that are split, joined and appended. */
-void TestTablesModel::splits()
-{
-    QFETCH(int, seed);
-    compare(Generator(unsigned(seed)).splitTable(), seed % 4 != 0, EveryCell);
-}
-
-void TestTablesModel::merges_data()
-{
-    splits_data();
-}
-
-/*! Cells merged with the cell above or to the left, in tables whose columns stay. */
-void TestTablesModel::merges()
-{
-    QFETCH(int, seed);
-    compare(Generator(unsigned(seed)).mergedTable(), seed % 4 != 0, UnjoinedCells);
-}
-
-QTEST_MAIN(TestTablesModel)
-#include "tst_tables_model.moc"
+ORV_TEST("tables_model", TestTablesModel, QGuiApplication)
+#include "model.moc"

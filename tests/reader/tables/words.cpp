@@ -1,7 +1,4 @@
-#include "ORVTextFormat.h"
-#include "tabletesthelpers.h"
-
-#include <QtTest/QtTest>
+#include "testsupport.h"
 
 using namespace rtftest;
 
@@ -73,442 +70,394 @@ class TestTablesWords : public QObject {
     Q_OBJECT
 
 private slots:
-    void wordsThatOpenATable_data();
-    void wordsThatOpenATable();
-    void acceptedWords_data();
-    void acceptedWords();
-    void cellFormats_data();
-    void cellFormats();
-    void shadingAndAlignmentOfEachCell();
-    void shadingWithoutAColorTable();
-    void definitionsEndWithTheirRow();
-    void cellsWithoutADefinition();
-    void mergedCellsKeepTheFormatOfTheFirst();
-    void cellsOfNestedTables();
-    void tableFormats_data();
-    void tableFormats();
-    void tableFormatOfTheLastRowWins_data();
-    void tableFormatOfTheLastRowWins();
-    void borderTargetStays_data();
-    void borderTargetStays();
-    void borderColorWithoutAColorTable();
-    void borderColorOfTheDefaultFormat();
-    void nestedTableHasItsOwnFormat();
-    void formatsWhenTheInputEnds();
+    /*! Text behind a word that opens a table goes into a cell, and is lost with the row that never ends. */
+    void wordsThatOpenATable_data()
+    {
+        const Columns<QByteArray, bool> add("word", "opens");
+        static const char* const opening[] = {"\\intbl",     "\\itap1",     "\\itap2",       "\\cellx2000",
+                                              "\\cellx",     "\\clmrg",     "\\clvmrg",      "\\clcbpat1",
+                                              "\\clcbpat99", "\\clcbpat-1", "\\clshdrawnil", "\\trgaph108"};
+        for (const char* word : opening)
+            add(word, QByteArray(word), true);
+
+        static const char* const others[] = {"\\trowd",
+                                             "\\nesttableprops",
+                                             "\\trleft100",
+                                             "\\trautofit1",
+                                             "\\clmgf",
+                                             "\\clvmgf",
+                                             "\\clpadt50",
+                                             "\\clpadl50",
+                                             "\\clpadr50",
+                                             "\\clpadb50",
+                                             "\\clvertalt",
+                                             "\\clvertalc",
+                                             "\\clvertalb",
+                                             "\\clbrdrt",
+                                             "\\clbrdrl",
+                                             "\\clbrdrr",
+                                             "\\clbrdrb",
+                                             "\\trbrdrt",
+                                             "\\trbrdrl",
+                                             "\\trbrdrr",
+                                             "\\trbrdrb",
+                                             "\\brdrs",
+                                             "\\brdrw30",
+                                             "\\brdrcf1",
+                                             "\\brdrnil",
+                                             "\\clbrdrt\\brdrs",
+                                             "\\clbrdrt\\brdrw30",
+                                             "\\clbrdrt\\brdrcf1",
+                                             "\\clbrdrt\\brdrnil",
+                                             "\\lastrow",
+                                             "\\cell",
+                                             "\\nestcell",
+                                             "\\row",
+                                             "\\nestrow",
+                                             "\\itap0",
+                                             "\\itap-1",
+                                             "\\itap"};
+        for (const char* word : others)
+            add(word, QByteArray(word), false);
+    }
+
+    void wordsThatOpenATable()
+    {
+        FETCH(QByteArray, word, bool, opens);
+        // The text before the word commits its paragraph, so that the text behind it closes nothing by
+        // itself.
+        const Reading reading = readBody(colorTable() + "before" + word + " behind\\pard\\plain after");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(contentOf(*reading.document), opens ? "before|after"_s : "beforebehindafter"_s);
+    }
+
+    void acceptedWords_data()
+    {
+        const Columns<QByteArray> add("word");
+        static const char* const words[] = {"\\trowd",    "\\nesttableprops", "\\trleft-108", "\\trautofit1",
+                                            "\\clmgf",    "\\clvmgf",         "\\clpadt50",   "\\clpadl50",
+                                            "\\clpadr50", "\\clpadb50",       "\\trbrdrt",    "\\trbrdrl",
+                                            "\\trbrdrr",  "\\trbrdrb"};
+        for (const char* word : words)
+            add(word, QByteArray(word));
+    }
+
+    /*! Words without effect change neither cells nor the table. */
+    void acceptedWords()
+    {
+        FETCH(QByteArray, word);
+        const Reading reading = readBody(
+            rawRow(open + word + "\\cellx4320" + word + "\\cellx8640", cells("A B")) + "\\pard after");
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(contentOf(*reading.document), "|{2: A, B}||after"_s);
+        const QTextTable* table = firstTable(reading);
+        QCOMPARE(widthsOf(table), "50% 50%"_s);
+        QCOMPARE(dump(ownProperties(table->format())), dump(plainTable()));
+        for (int c = 0; c < 2; ++c)
+            QCOMPARE(dump(ownProperties(table->cellAt(0, c).format())), dump(plainCell()));
+    }
+
+    /*! One cell: its definition, its text, and the format of the cell that comes out. */
+    void cellFormats_data()
+    {
+        const Columns<QByteArray, QByteArray, Properties> add("definition", "text", "expected");
+        const QByteArray o = open;
+
+        add("nothing said", "", "A", plainCell());
+        add("top", o + "\\clvertalt", "A", plainCell(QTextCharFormat::AlignTop));
+        add("middle", o + "\\clvertalc", "A", plainCell(QTextCharFormat::AlignMiddle));
+        add("bottom", o + "\\clvertalb", "A", plainCell(QTextCharFormat::AlignBottom));
+        add("the last alignment counts", o + "\\clvertalb\\clvertalc", "A",
+            plainCell(QTextCharFormat::AlignMiddle));
+        add("alignment before a table is open", "\\clvertalb", "A", plainCell());
+        add("alignment behind a word that opens the table", "\\clshdrawnil\\clvertalb", "A",
+            plainCell(QTextCharFormat::AlignBottom));
+
+        add("shading", "\\clcbpat1", "A", shaded(Qt::red));
+        add("shading in the first colour", "\\clcbpat0", "A", shaded(Qt::black));
+        add("shading without a number", "\\clcbpat", "A", shaded(Qt::black));
+        add("shading in the last colour", "\\clcbpat4", "A", shaded(Qt::white));
+        add("shading beyond the colour table", "\\clcbpat5", "A", plainCell());
+        add("shading below 0", "\\clcbpat-1", "A", plainCell());
+        add("wrong number keeps the shading", "\\clcbpat2\\clcbpat5\\clcbpat-1", "A", shaded(Qt::green));
+        add("the last shading counts", "\\clcbpat2\\clcbpat3", "A", shaded(Qt::blue));
+        add("no shading", "\\clcbpat2\\clshdrawnil", "A", plainCell());
+        add("shading again", "\\clcbpat2\\clshdrawnil\\clcbpat1", "A", shaded(Qt::red));
+        add("shading and alignment", "\\clcbpat3\\clvertalb", "A",
+            shaded(Qt::blue, QTextCharFormat::AlignBottom));
+        add("empty cell", "\\clcbpat3\\clvertalb", "", shaded(Qt::blue, QTextCharFormat::AlignBottom));
+
+        Properties bold = plainCell();
+        bold.insert(QTextFormat::FontWeight, int(QFont::Bold));
+        add("format of the first text", "", "\\b A", bold);
+        add("format of the first paragraph only", "", "\\b A\\par\\i B", bold);
+        add("format at the begin of the paragraph only", "", "\\b A\\i B", bold);
+        add("format of an empty cell", "", "\\b", bold);
+        Properties both = shaded(Qt::red);
+        both.insert(QTextFormat::FontWeight, int(QFont::Bold));
+        add("format of the text beside the shading", "\\clcbpat1", "\\b A", both);
+        add("background of the text covers the shading", "\\clcbpat1", "\\cb2 A", shaded(Qt::green));
+        Properties raised = plainCell(QTextCharFormat::AlignSuperScript);
+        add("position of the text replaces the alignment", o + "\\clvertalb", "\\super A", raised);
+    }
+
+    void cellFormats()
+    {
+        FETCH(QByteArray, definition, QByteArray, text, Properties, expected);
+        const Reading reading = readBody(colorTable() + rawRow(definition + "\\cellx4320", text + "\\cell")
+                                         + "\\pard\\plain after");
+        QCOMPARE(reading.status, 0);
+        const QTextTable* table = firstTable(reading);
+        QVERIFY(table);
+        QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(expected));
+    }
+
+    void shadingAndAlignmentOfEachCell()
+    {
+        const QByteArray definitions =
+            "\\clcbpat1\\clvertalc\\cellx1000\\clvertalb\\cellx2000\\clcbpat3\\cellx3000"
+            "\\cellx4000\\clcbpat4";
+        const Reading reading =
+            readBody(colorTable() + rawRow(definitions, cells("A B C D")) + "\\pard after");
+        const QTextTable* table = firstTable(reading);
+        QVERIFY(table);
+        QCOMPARE(shapeOf(table), "4: A, B, C, D"_s);
+        const Properties expected[] = {shaded(Qt::red, QTextCharFormat::AlignMiddle),
+                                       plainCell(QTextCharFormat::AlignBottom), shaded(Qt::blue),
+                                       plainCell()};
+        for (int c = 0; c < 4; ++c)
+            QCOMPARE(dump(ownProperties(table->cellAt(0, c).format())), dump(expected[c]));
+    }
+
+    void shadingWithoutAColorTable()
+    {
+        const Reading reading = readBody(rawRow("\\clcbpat0\\cellx4320", "A\\cell"));
+        QCOMPARE(dump(ownProperties(firstTable(reading)->cellAt(0, 0).format())), dump(plainCell()));
+    }
+
+    void definitionsEndWithTheirRow()
+    {
+        const Reading reading = readBody(
+            colorTable() + rawRow("\\clcbpat1\\clvertalb\\cellx4320\\cellx8640\\clcbpat2", cells("A B"))
+            + row("4320 8640", "C D"));
+        const QTextTable* table = firstTable(reading);
+        QCOMPARE(shapeOf(table), "2: A, B / C, D"_s);
+        QCOMPARE(dump(ownProperties(table->cellAt(1, 0).format())), dump(plainCell()));
+        QCOMPARE(dump(ownProperties(table->cellAt(1, 1).format())), dump(plainCell()));
+    }
+
+    void cellsWithoutADefinition()
+    {
+        const Reading reading =
+            readBody(colorTable() + rawRow("\\clcbpat1\\cellx4320\\clcbpat2\\clvertalb", cells("A B C")));
+        const QTextTable* table = firstTable(reading);
+        QCOMPARE(shapeOf(table), "3: A, B, C"_s);
+        QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(shaded(Qt::red)));
+        QCOMPARE(dump(ownProperties(table->cellAt(0, 1).format())), dump(plainCell()));
+        QCOMPARE(dump(ownProperties(table->cellAt(0, 2).format())), dump(plainCell()));
+    }
+
+    void mergedCellsKeepTheFormatOfTheFirst()
+    {
+        const Reading reading = readBody(
+            colorTable() + rawRow("\\clcbpat1\\cellx4320\\clmrg\\clcbpat2\\cellx8640", cells("A B"))
+            + rawRow("\\clvmrg\\clcbpat3\\clvertalb\\cellx4320\\clvmrg\\cellx8640", "\\b C\\cell D\\cell"));
+        const QTextTable* table = firstTable(reading);
+        QCOMPARE(shapeOf(table), "2: A(r2c2) / "_s);
+        QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(shaded(Qt::red)));
+    }
+
+    void cellsOfNestedTables()
+    {
+        const Reading reading =
+            readBody(colorTable()
+                     + "\\trowd\\clcbpat1\\cellx8640\\pard\\intbl\\itap2 N1\\nestcell N2\\nestcell"
+                       "{\\*\\nesttableprops\\clcbpat2\\clvertalb\\cellx900\\cellx1800\\nestrow}"
+                       "\\pard\\intbl\\cell\\row");
+        const QTextTable* outer = firstTable(reading);
+        QVERIFY(outer);
+        QCOMPARE(dump(ownProperties(outer->cellAt(0, 0).format())), dump(shaded(Qt::red)));
+        const QTextTable* inner = tablesOf(outer->cellAt(0, 0)).value(0);
+        QVERIFY(inner);
+        QCOMPARE(dump(ownProperties(inner->cellAt(0, 0).format())),
+                 dump(shaded(Qt::green, QTextCharFormat::AlignBottom)));
+        QCOMPARE(dump(ownProperties(inner->cellAt(0, 1).format())), dump(plainCell()));
+    }
+
+    /*! Words of a row's definition, and the format of the table that comes out. */
+    void tableFormats_data()
+    {
+        const Columns<QByteArray, Properties> add("words", "expected");
+        const QByteArray o = open;
+
+        add("nothing said", "", plainTable());
+        add("padding", "\\trgaph108", withPadding(5.4));
+        add("odd padding", "\\trgaph1", withPadding(0.05));
+        add("padding without a number", "\\trgaph108\\trgaph", withPadding(0.0));
+        add("negative padding", "\\trgaph-20", withPadding(-1.0));
+        add("the last padding counts", "\\trgaph20\\trgaph40", withPadding(2.0));
+
+        add("width of the border", o + "\\clbrdrb\\brdrw30", withBorder(1.5));
+        add("width without a number", o + "\\clbrdrb\\brdrw", withBorder(0.0));
+        add("single border", o + "\\clbrdrb\\brdrs", withBorder(1.0));
+        add("single border, then its width", o + "\\clbrdrb\\brdrs\\brdrw30", withBorder(1.5));
+        add("a single border has width 1", o + "\\clbrdrb\\brdrw30\\brdrs", withBorder(1.0));
+        add("top", o + "\\clbrdrt\\brdrw30", withBorder(1.5));
+        add("left", o + "\\clbrdrl\\brdrw30", withBorder(1.5));
+        add("right", o + "\\clbrdrr\\brdrw30", withBorder(1.5));
+        add("the last border of all sides counts",
+            o + "\\clbrdrt\\brdrw10\\clbrdrl\\brdrw20\\clbrdrr\\brdrw30\\clbrdrb\\brdrw40", withBorder(2.0));
+
+        add("colour of the border", o + "\\clbrdrb\\brdrcf1", withBorderColor(Qt::red));
+        add("first colour", o + "\\clbrdrb\\brdrcf0", withBorderColor(Qt::black));
+        add("last colour", o + "\\clbrdrb\\brdrcf4", withBorderColor(Qt::white));
+        add("colour beyond the table is the default", o + "\\clbrdrb\\brdrcf5", withBorderColor(Qt::black));
+        add("colour below 0 is the default", o + "\\clbrdrb\\brdrcf-1", withBorderColor(Qt::black));
+        add("colour without a number is the default", o + "\\clbrdrb\\brdrcf1\\brdrcf",
+            withBorderColor(Qt::black));
+        add("width and colour", o + "\\clbrdrb\\brdrs\\brdrw40\\brdrcf3", withBorderColor(Qt::blue, 2.0));
+
+        add("no border", o + "\\clbrdrb\\brdrnil", withoutBorder());
+        add("no border after one", o + "\\clbrdrt\\brdrs\\brdrw40\\brdrcf3\\clbrdrb\\brdrnil",
+            withoutBorder());
+        Properties again = withBorder(1.5);
+        again.remove(QTextFormat::FrameBorderBrush);
+        add("a border after none", o + "\\clbrdrb\\brdrnil\\brdrw30", again);
+
+        static const char* const rowSides[] = {"\\trbrdrt", "\\trbrdrl", "\\trbrdrr", "\\trbrdrb"};
+        for (const char* side : rowSides)
+            add(side, o + side + "\\brdrs\\brdrw30\\brdrcf1", plainTable());
+        add("no row border", o + "\\trbrdrb\\brdrnil", plainTable());
+        add("neither cell nor row", o + "\\brdrs\\brdrw30\\brdrcf1\\brdrnil", plainTable());
+        add("row border after a cell border", o + "\\clbrdrb\\brdrw30\\trbrdrb\\brdrw60\\brdrcf1\\brdrnil",
+            withBorder(1.5));
+        add("cell border after a row border", o + "\\trbrdrb\\brdrw60\\clbrdrb\\brdrw30", withBorder(1.5));
+        add("before the table is open", "\\clbrdrb\\brdrs\\brdrw30\\brdrcf1", plainTable());
+        add("behind the first cell's definition", "\\clbrdrb\\brdrw60\\cellx2000\\clbrdrb\\brdrw30",
+            withBorder(1.5));
+        add("a border word of a closed group", "{" + o + "\\clbrdrb}\\brdrw30", withBorder(1.5));
+        add("padding and border", "\\trgaph108\\clbrdrb\\brdrnil\\trgaph20", [] {
+            Properties properties = withoutBorder();
+            properties.insert(QTextFormat::TableCellPadding, 1.0);
+            return properties;
+        }());
+    }
+
+    void tableFormats()
+    {
+        FETCH(QByteArray, words, Properties, expected);
+        const Reading reading =
+            readBody(colorTable() + rawRow(words + "\\cellx8640", cells("A")) + "\\pard after");
+        QCOMPARE(reading.status, 0);
+        const QTextTable* table = firstTable(reading);
+        QVERIFY(table);
+        QCOMPARE(dump(ownProperties(table->format())), dump(expected));
+    }
+
+    void tableFormatOfTheLastRowWins_data()
+    {
+        const Columns<QByteArray, QByteArray, Properties> add("first", "last", "expected");
+        const QByteArray solid = "\\trgaph0\\clbrdrb\\brdrw30";
+        add("only the first row pads", "\\trgaph108", QByteArray(), plainTable());
+        add("only the last row pads", QByteArray(), "\\trgaph108", withPadding(5.4));
+        add("both pad", "\\trgaph20", "\\trgaph40", withPadding(2.0));
+        add("only the first row has a border", solid, QByteArray(), plainTable());
+        add("only the last row has a border", QByteArray(), solid, withBorder(1.5));
+    }
+
+    void tableFormatOfTheLastRowWins()
+    {
+        FETCH(QByteArray, first, QByteArray, last, Properties, expected);
+        const Reading reading = readBody(rawRow(first + "\\cellx8640", cells("A"))
+                                         + rawRow(last + "\\cellx8640", cells("B")) + "\\pard after");
+        const QTextTable* table = firstTable(reading);
+        QCOMPARE(shapeOf(table), "1: A / B"_s);
+        QCOMPARE(dump(ownProperties(table->format())), dump(expected));
+    }
+
+    /*! Whether border words speak of cells is remembered until a word says otherwise. */
+    void borderTargetStays_data()
+    {
+        const Columns<QByteArray, bool> add("between", "stays");
+        add("next row", row("8640", "A"), true);
+        add("next table", row("8640", "A") + "\\pard text\\par", true);
+        add("paragraph and default format", row("8640", "A") + "\\pard\\plain text\\par", true);
+        add("nested row",
+            "\\trowd\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
+            "{\\*\\nesttableprops\\trowd\\cellx900\\nestrow}"
+            "\\pard\\intbl\\cell\\row\\pard text\\par",
+            true);
+        add("row border", row("8640", "A") + "\\trbrdrl\\pard text\\par", false);
+    }
+
+    void borderTargetStays()
+    {
+        FETCH(QByteArray, between, bool, stays);
+        const Reading reading = readBody(
+            "\\clbrdrb" + between + rawRow("\\trgaph0\\brdrw30\\cellx8640", cells("B")) + "\\pard after");
+        const QList<QTextTable*> tables = tablesOf(*reading.document);
+        QVERIFY(!tables.isEmpty());
+        QCOMPARE(dump(ownProperties(tables.last()->format())), dump(stays ? withBorder(1.5) : plainTable()));
+    }
+
+    void borderColorWithoutAColorTable()
+    {
+        const Reading reading = readBody(rawRow("\\trgaph0\\clbrdrb\\brdrcf0\\cellx8640", cells("A")));
+        const QTextTableFormat format = firstTable(reading)->format();
+        QCOMPARE(format.borderStyle(), QTextFrameFormat::BorderStyle_Solid);
+        QCOMPARE(format.border(), 1.0);
+        QCOMPARE(int(format.borderBrush().style()), int(Qt::SolidPattern));
+        QCOMPARE(format.borderBrush().color().rgb(), QColor(Qt::black).rgb());
+    }
+
+    /*! The default colour is the document's default text colour, which a colour table replaces by its first.
+     */
+    void borderColorOfTheDefaultFormat()
+    {
+        const QByteArray rtf = rawRow("\\trgaph0\\clbrdrb\\brdrcf\\cellx8640", cells("A"));
+        const QSharedPointer<QTextDocument> document = newDocument();
+        QTextCharFormat format = ORVTextFormat::defaultCharFormat(document.data());
+        format.setForeground(QColor(Qt::darkGreen));
+        ORVTextFormat::setDefaultCharFormat(document.data(), format);
+        const Reading stored = readInto(document, "{\\rtf1 " + rtf + "}");
+        QCOMPARE(dump(ownProperties(firstTable(stored)->format())), dump(withBorderColor(Qt::darkGreen)));
+
+        const Reading redFirst = readBody("{\\colortbl\\red255\\green0\\blue0;}" + rtf);
+        QCOMPARE(dump(ownProperties(firstTable(redFirst)->format())), dump(withBorderColor(Qt::red)));
+    }
+
+    void nestedTableHasItsOwnFormat()
+    {
+        const Reading reading =
+            readBody("\\trowd\\trgaph108\\clbrdrb\\brdrw30\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
+                     "{\\*\\nesttableprops\\trowd\\trgaph40\\brdrw60\\cellx900\\nestrow}"
+                     "\\pard\\intbl\\cell\\row\\pard after");
+        const QTextTable* outer = firstTable(reading);
+        QVERIFY(outer);
+        Properties expected = withBorder(1.5);
+        expected.insert(QTextFormat::TableCellPadding, 5.4);
+        QCOMPARE(dump(ownProperties(outer->format())), dump(expected));
+        const QTextTable* inner = tablesOf(outer->cellAt(0, 0)).value(0);
+        QVERIFY(inner);
+        expected = withBorder(3.0);
+        expected.insert(QTextFormat::TableCellPadding, 2.0);
+        QCOMPARE(dump(ownProperties(inner->format())), dump(expected));
+    }
+
+    /*! A table that is still open at the end has everything but its widths. */
+    void formatsWhenTheInputEnds()
+    {
+        const Reading reading =
+            readBody(colorTable() + rawRow("\\trgaph108\\clcbpat1\\cellx8640\\clbrdrb\\brdrw30", cells("A")));
+        const QTextTable* table = firstTable(reading);
+        QVERIFY(table);
+        Properties expected = withBorder(1.5);
+        expected.insert(QTextFormat::TableCellPadding, 5.4);
+        QCOMPARE(dump(ownProperties(table->format())), dump(expected));
+        QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(shaded(Qt::red)));
+        QVERIFY(!table->format().hasProperty(QTextFormat::TableColumnWidthConstraints));
+    }
 };
 
-/*! Text behind a word that opens a table goes into a cell, and is lost with the row that never ends. */
-void TestTablesWords::wordsThatOpenATable_data()
-{
-    QTest::addColumn<QByteArray>("word");
-    QTest::addColumn<bool>("opens");
-
-    static const char* const opening[] = {"\\intbl",     "\\itap1",     "\\itap2",       "\\cellx2000",
-                                          "\\cellx",     "\\clmrg",     "\\clvmrg",      "\\clcbpat1",
-                                          "\\clcbpat99", "\\clcbpat-1", "\\clshdrawnil", "\\trgaph108"};
-    for (const char* word : opening)
-        QTest::newRow(word) << QByteArray(word) << true;
-
-    static const char* const others[] = {"\\trowd",
-                                         "\\nesttableprops",
-                                         "\\trleft100",
-                                         "\\trautofit1",
-                                         "\\clmgf",
-                                         "\\clvmgf",
-                                         "\\clpadt50",
-                                         "\\clpadl50",
-                                         "\\clpadr50",
-                                         "\\clpadb50",
-                                         "\\clvertalt",
-                                         "\\clvertalc",
-                                         "\\clvertalb",
-                                         "\\clbrdrt",
-                                         "\\clbrdrl",
-                                         "\\clbrdrr",
-                                         "\\clbrdrb",
-                                         "\\trbrdrt",
-                                         "\\trbrdrl",
-                                         "\\trbrdrr",
-                                         "\\trbrdrb",
-                                         "\\brdrs",
-                                         "\\brdrw30",
-                                         "\\brdrcf1",
-                                         "\\brdrnil",
-                                         "\\clbrdrt\\brdrs",
-                                         "\\clbrdrt\\brdrw30",
-                                         "\\clbrdrt\\brdrcf1",
-                                         "\\clbrdrt\\brdrnil",
-                                         "\\lastrow",
-                                         "\\cell",
-                                         "\\nestcell",
-                                         "\\row",
-                                         "\\nestrow",
-                                         "\\itap0",
-                                         "\\itap-1",
-                                         "\\itap"};
-    for (const char* word : others)
-        QTest::newRow(word) << QByteArray(word) << false;
-}
-
-void TestTablesWords::wordsThatOpenATable()
-{
-    QFETCH(QByteArray, word);
-    QFETCH(bool, opens);
-
-    // The text before the word commits its paragraph, so that the text behind it closes nothing by itself.
-    const Reading reading = readBody(colorTable() + "before" + word + " behind\\pard\\plain after");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(contentOf(*reading.document),
-             opens ? QStringLiteral("before|after") : QStringLiteral("beforebehindafter"));
-}
-
-void TestTablesWords::acceptedWords_data()
-{
-    QTest::addColumn<QByteArray>("word");
-    static const char* const words[] = {"\\trowd",    "\\nesttableprops", "\\trleft-108", "\\trautofit1",
-                                        "\\clmgf",    "\\clvmgf",         "\\clpadt50",   "\\clpadl50",
-                                        "\\clpadr50", "\\clpadb50",       "\\trbrdrt",    "\\trbrdrl",
-                                        "\\trbrdrr",  "\\trbrdrb"};
-    for (const char* word : words)
-        QTest::newRow(word) << QByteArray(word);
-}
-
-/*! Words without effect change neither cells nor the table. */
-void TestTablesWords::acceptedWords()
-{
-    QFETCH(QByteArray, word);
-
-    const Reading reading =
-        readBody(rawRow(open + word + "\\cellx4320" + word + "\\cellx8640", cells("A B")) + "\\pard after");
-    QCOMPARE(reading.status, 0);
-    QCOMPARE(contentOf(*reading.document), QStringLiteral("|{2: A, B}||after"));
-    const QTextTable* table = firstTable(reading);
-    QCOMPARE(widthsOf(table), QStringLiteral("50% 50%"));
-    QCOMPARE(dump(ownProperties(table->format())), dump(plainTable()));
-    for (int c = 0; c < 2; ++c)
-        QCOMPARE(dump(ownProperties(table->cellAt(0, c).format())), dump(plainCell()));
-}
-
-/*! One cell: its definition, its text, and the format of the cell that comes out. */
-void TestTablesWords::cellFormats_data()
-{
-    QTest::addColumn<QByteArray>("definition");
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<Properties>("expected");
-
-    auto add = [](const char* name, const QByteArray& definition, const QByteArray& text,
-                  const Properties& expected) { QTest::newRow(name) << definition << text << expected; };
-    const QByteArray o = open;
-
-    add("nothing said", "", "A", plainCell());
-    add("top", o + "\\clvertalt", "A", plainCell(QTextCharFormat::AlignTop));
-    add("middle", o + "\\clvertalc", "A", plainCell(QTextCharFormat::AlignMiddle));
-    add("bottom", o + "\\clvertalb", "A", plainCell(QTextCharFormat::AlignBottom));
-    add("the last alignment counts", o + "\\clvertalb\\clvertalc", "A",
-        plainCell(QTextCharFormat::AlignMiddle));
-    add("alignment before a table is open", "\\clvertalb", "A", plainCell());
-    add("alignment behind a word that opens the table", "\\clshdrawnil\\clvertalb", "A",
-        plainCell(QTextCharFormat::AlignBottom));
-
-    add("shading", "\\clcbpat1", "A", shaded(Qt::red));
-    add("shading in the first colour", "\\clcbpat0", "A", shaded(Qt::black));
-    add("shading without a number", "\\clcbpat", "A", shaded(Qt::black));
-    add("shading in the last colour", "\\clcbpat4", "A", shaded(Qt::white));
-    add("shading beyond the colour table", "\\clcbpat5", "A", plainCell());
-    add("shading below 0", "\\clcbpat-1", "A", plainCell());
-    add("wrong number keeps the shading", "\\clcbpat2\\clcbpat5\\clcbpat-1", "A", shaded(Qt::green));
-    add("the last shading counts", "\\clcbpat2\\clcbpat3", "A", shaded(Qt::blue));
-    add("no shading", "\\clcbpat2\\clshdrawnil", "A", plainCell());
-    add("shading again", "\\clcbpat2\\clshdrawnil\\clcbpat1", "A", shaded(Qt::red));
-    add("shading and alignment", "\\clcbpat3\\clvertalb", "A",
-        shaded(Qt::blue, QTextCharFormat::AlignBottom));
-    add("empty cell", "\\clcbpat3\\clvertalb", "", shaded(Qt::blue, QTextCharFormat::AlignBottom));
-
-    Properties bold = plainCell();
-    bold.insert(QTextFormat::FontWeight, int(QFont::Bold));
-    add("format of the first text", "", "\\b A", bold);
-    add("format of the first paragraph only", "", "\\b A\\par\\i B", bold);
-    add("format at the begin of the paragraph only", "", "\\b A\\i B", bold);
-    add("format of an empty cell", "", "\\b", bold);
-    Properties both = shaded(Qt::red);
-    both.insert(QTextFormat::FontWeight, int(QFont::Bold));
-    add("format of the text beside the shading", "\\clcbpat1", "\\b A", both);
-    add("background of the text covers the shading", "\\clcbpat1", "\\cb2 A", shaded(Qt::green));
-    Properties raised = plainCell(QTextCharFormat::AlignSuperScript);
-    add("position of the text replaces the alignment", o + "\\clvertalb", "\\super A", raised);
-}
-
-void TestTablesWords::cellFormats()
-{
-    QFETCH(QByteArray, definition);
-    QFETCH(QByteArray, text);
-    QFETCH(Properties, expected);
-
-    const Reading reading =
-        readBody(colorTable() + rawRow(definition + "\\cellx4320", text + "\\cell") + "\\pard\\plain after");
-    QCOMPARE(reading.status, 0);
-    const QTextTable* table = firstTable(reading);
-    QVERIFY(table);
-    QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(expected));
-}
-
-void TestTablesWords::shadingAndAlignmentOfEachCell()
-{
-    const QByteArray definitions =
-        "\\clcbpat1\\clvertalc\\cellx1000\\clvertalb\\cellx2000\\clcbpat3\\cellx3000"
-        "\\cellx4000\\clcbpat4";
-    const Reading reading = readBody(colorTable() + rawRow(definitions, cells("A B C D")) + "\\pard after");
-    const QTextTable* table = firstTable(reading);
-    QVERIFY(table);
-    QCOMPARE(shapeOf(table), QStringLiteral("4: A, B, C, D"));
-    const Properties expected[] = {shaded(Qt::red, QTextCharFormat::AlignMiddle),
-                                   plainCell(QTextCharFormat::AlignBottom), shaded(Qt::blue), plainCell()};
-    for (int c = 0; c < 4; ++c)
-        QCOMPARE(dump(ownProperties(table->cellAt(0, c).format())), dump(expected[c]));
-}
-
-void TestTablesWords::shadingWithoutAColorTable()
-{
-    const Reading reading = readBody(rawRow("\\clcbpat0\\cellx4320", "A\\cell"));
-    QCOMPARE(dump(ownProperties(firstTable(reading)->cellAt(0, 0).format())), dump(plainCell()));
-}
-
-void TestTablesWords::definitionsEndWithTheirRow()
-{
-    const Reading reading =
-        readBody(colorTable() + rawRow("\\clcbpat1\\clvertalb\\cellx4320\\cellx8640\\clcbpat2", cells("A B"))
-                 + row("4320 8640", "C D"));
-    const QTextTable* table = firstTable(reading);
-    QCOMPARE(shapeOf(table), QStringLiteral("2: A, B / C, D"));
-    QCOMPARE(dump(ownProperties(table->cellAt(1, 0).format())), dump(plainCell()));
-    QCOMPARE(dump(ownProperties(table->cellAt(1, 1).format())), dump(plainCell()));
-}
-
-void TestTablesWords::cellsWithoutADefinition()
-{
-    const Reading reading =
-        readBody(colorTable() + rawRow("\\clcbpat1\\cellx4320\\clcbpat2\\clvertalb", cells("A B C")));
-    const QTextTable* table = firstTable(reading);
-    QCOMPARE(shapeOf(table), QStringLiteral("3: A, B, C"));
-    QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(shaded(Qt::red)));
-    QCOMPARE(dump(ownProperties(table->cellAt(0, 1).format())), dump(plainCell()));
-    QCOMPARE(dump(ownProperties(table->cellAt(0, 2).format())), dump(plainCell()));
-}
-
-void TestTablesWords::mergedCellsKeepTheFormatOfTheFirst()
-{
-    const Reading reading = readBody(
-        colorTable() + rawRow("\\clcbpat1\\cellx4320\\clmrg\\clcbpat2\\cellx8640", cells("A B"))
-        + rawRow("\\clvmrg\\clcbpat3\\clvertalb\\cellx4320\\clvmrg\\cellx8640", "\\b C\\cell D\\cell"));
-    const QTextTable* table = firstTable(reading);
-    QCOMPARE(shapeOf(table), QStringLiteral("2: A(r2c2) / "));
-    QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(shaded(Qt::red)));
-}
-
-void TestTablesWords::cellsOfNestedTables()
-{
-    const Reading reading =
-        readBody(colorTable()
-                 + "\\trowd\\clcbpat1\\cellx8640\\pard\\intbl\\itap2 N1\\nestcell N2\\nestcell"
-                   "{\\*\\nesttableprops\\clcbpat2\\clvertalb\\cellx900\\cellx1800\\nestrow}"
-                   "\\pard\\intbl\\cell\\row");
-    const QTextTable* outer = firstTable(reading);
-    QVERIFY(outer);
-    QCOMPARE(dump(ownProperties(outer->cellAt(0, 0).format())), dump(shaded(Qt::red)));
-    const QTextTable* inner = tablesOf(outer->cellAt(0, 0)).value(0);
-    QVERIFY(inner);
-    QCOMPARE(dump(ownProperties(inner->cellAt(0, 0).format())),
-             dump(shaded(Qt::green, QTextCharFormat::AlignBottom)));
-    QCOMPARE(dump(ownProperties(inner->cellAt(0, 1).format())), dump(plainCell()));
-}
-
-/*! Words of a row's definition, and the format of the table that comes out. */
-void TestTablesWords::tableFormats_data()
-{
-    QTest::addColumn<QByteArray>("words");
-    QTest::addColumn<Properties>("expected");
-
-    auto add = [](const char* name, const QByteArray& words, const Properties& expected) {
-        QTest::newRow(name) << words << expected;
-    };
-    const QByteArray o = open;
-
-    add("nothing said", "", plainTable());
-    add("padding", "\\trgaph108", withPadding(5.4));
-    add("odd padding", "\\trgaph1", withPadding(0.05));
-    add("padding without a number", "\\trgaph108\\trgaph", withPadding(0.0));
-    add("negative padding", "\\trgaph-20", withPadding(-1.0));
-    add("the last padding counts", "\\trgaph20\\trgaph40", withPadding(2.0));
-
-    add("width of the border", o + "\\clbrdrb\\brdrw30", withBorder(1.5));
-    add("width without a number", o + "\\clbrdrb\\brdrw", withBorder(0.0));
-    add("single border", o + "\\clbrdrb\\brdrs", withBorder(1.0));
-    add("single border, then its width", o + "\\clbrdrb\\brdrs\\brdrw30", withBorder(1.5));
-    add("a single border has width 1", o + "\\clbrdrb\\brdrw30\\brdrs", withBorder(1.0));
-    add("top", o + "\\clbrdrt\\brdrw30", withBorder(1.5));
-    add("left", o + "\\clbrdrl\\brdrw30", withBorder(1.5));
-    add("right", o + "\\clbrdrr\\brdrw30", withBorder(1.5));
-    add("the last border of all sides counts",
-        o + "\\clbrdrt\\brdrw10\\clbrdrl\\brdrw20\\clbrdrr\\brdrw30\\clbrdrb\\brdrw40", withBorder(2.0));
-
-    add("colour of the border", o + "\\clbrdrb\\brdrcf1", withBorderColor(Qt::red));
-    add("first colour", o + "\\clbrdrb\\brdrcf0", withBorderColor(Qt::black));
-    add("last colour", o + "\\clbrdrb\\brdrcf4", withBorderColor(Qt::white));
-    add("colour beyond the table is the default", o + "\\clbrdrb\\brdrcf5", withBorderColor(Qt::black));
-    add("colour below 0 is the default", o + "\\clbrdrb\\brdrcf-1", withBorderColor(Qt::black));
-    add("colour without a number is the default", o + "\\clbrdrb\\brdrcf1\\brdrcf",
-        withBorderColor(Qt::black));
-    add("width and colour", o + "\\clbrdrb\\brdrs\\brdrw40\\brdrcf3", withBorderColor(Qt::blue, 2.0));
-
-    add("no border", o + "\\clbrdrb\\brdrnil", withoutBorder());
-    add("no border after one", o + "\\clbrdrt\\brdrs\\brdrw40\\brdrcf3\\clbrdrb\\brdrnil", withoutBorder());
-    Properties again = withBorder(1.5);
-    again.remove(QTextFormat::FrameBorderBrush);
-    add("a border after none", o + "\\clbrdrb\\brdrnil\\brdrw30", again);
-
-    static const char* const rowSides[] = {"\\trbrdrt", "\\trbrdrl", "\\trbrdrr", "\\trbrdrb"};
-    for (const char* side : rowSides)
-        add(side, o + side + "\\brdrs\\brdrw30\\brdrcf1", plainTable());
-    add("no row border", o + "\\trbrdrb\\brdrnil", plainTable());
-    add("neither cell nor row", o + "\\brdrs\\brdrw30\\brdrcf1\\brdrnil", plainTable());
-    add("row border after a cell border", o + "\\clbrdrb\\brdrw30\\trbrdrb\\brdrw60\\brdrcf1\\brdrnil",
-        withBorder(1.5));
-    add("cell border after a row border", o + "\\trbrdrb\\brdrw60\\clbrdrb\\brdrw30", withBorder(1.5));
-    add("before the table is open", "\\clbrdrb\\brdrs\\brdrw30\\brdrcf1", plainTable());
-    add("behind the first cell's definition", "\\clbrdrb\\brdrw60\\cellx2000\\clbrdrb\\brdrw30",
-        withBorder(1.5));
-    add("a border word of a closed group", "{" + o + "\\clbrdrb}\\brdrw30", withBorder(1.5));
-    add("padding and border", "\\trgaph108\\clbrdrb\\brdrnil\\trgaph20", [] {
-        Properties properties = withoutBorder();
-        properties.insert(QTextFormat::TableCellPadding, 1.0);
-        return properties;
-    }());
-}
-
-void TestTablesWords::tableFormats()
-{
-    QFETCH(QByteArray, words);
-    QFETCH(Properties, expected);
-
-    const Reading reading =
-        readBody(colorTable() + rawRow(words + "\\cellx8640", cells("A")) + "\\pard after");
-    QCOMPARE(reading.status, 0);
-    const QTextTable* table = firstTable(reading);
-    QVERIFY(table);
-    QCOMPARE(dump(ownProperties(table->format())), dump(expected));
-}
-
-void TestTablesWords::tableFormatOfTheLastRowWins_data()
-{
-    QTest::addColumn<QByteArray>("first");
-    QTest::addColumn<QByteArray>("last");
-    QTest::addColumn<Properties>("expected");
-
-    const QByteArray solid = "\\trgaph0\\clbrdrb\\brdrw30";
-    QTest::newRow("only the first row pads") << QByteArray("\\trgaph108") << QByteArray() << plainTable();
-    QTest::newRow("only the last row pads") << QByteArray() << QByteArray("\\trgaph108") << withPadding(5.4);
-    QTest::newRow("both pad") << QByteArray("\\trgaph20") << QByteArray("\\trgaph40") << withPadding(2.0);
-    QTest::newRow("only the first row has a border") << solid << QByteArray() << plainTable();
-    QTest::newRow("only the last row has a border") << QByteArray() << solid << withBorder(1.5);
-}
-
-void TestTablesWords::tableFormatOfTheLastRowWins()
-{
-    QFETCH(QByteArray, first);
-    QFETCH(QByteArray, last);
-    QFETCH(Properties, expected);
-
-    const Reading reading = readBody(rawRow(first + "\\cellx8640", cells("A"))
-                                     + rawRow(last + "\\cellx8640", cells("B")) + "\\pard after");
-    const QTextTable* table = firstTable(reading);
-    QCOMPARE(shapeOf(table), QStringLiteral("1: A / B"));
-    QCOMPARE(dump(ownProperties(table->format())), dump(expected));
-}
-
-/*! Whether border words speak of cells is remembered until a word says otherwise. */
-void TestTablesWords::borderTargetStays_data()
-{
-    QTest::addColumn<QByteArray>("between");
-    QTest::addColumn<bool>("stays");
-
-    QTest::newRow("next row") << row("8640", "A") << true;
-    QTest::newRow("next table") << row("8640", "A") + "\\pard text\\par" << true;
-    QTest::newRow("paragraph and default format") << row("8640", "A") + "\\pard\\plain text\\par" << true;
-    QTest::newRow("nested row") << QByteArray("\\trowd\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
-                                              "{\\*\\nesttableprops\\trowd\\cellx900\\nestrow}"
-                                              "\\pard\\intbl\\cell\\row\\pard text\\par")
-                                << true;
-    QTest::newRow("row border") << row("8640", "A") + "\\trbrdrl\\pard text\\par" << false;
-}
-
-void TestTablesWords::borderTargetStays()
-{
-    QFETCH(QByteArray, between);
-    QFETCH(bool, stays);
-
-    const Reading reading = readBody("\\clbrdrb" + between
-                                     + rawRow("\\trgaph0\\brdrw30\\cellx8640", cells("B")) + "\\pard after");
-    const QList<QTextTable*> tables = tablesOf(*reading.document);
-    QVERIFY(!tables.isEmpty());
-    QCOMPARE(dump(ownProperties(tables.last()->format())), dump(stays ? withBorder(1.5) : plainTable()));
-}
-
-void TestTablesWords::borderColorWithoutAColorTable()
-{
-    const Reading reading = readBody(rawRow("\\trgaph0\\clbrdrb\\brdrcf0\\cellx8640", cells("A")));
-    const QTextTableFormat format = firstTable(reading)->format();
-    QCOMPARE(format.borderStyle(), QTextFrameFormat::BorderStyle_Solid);
-    QCOMPARE(format.border(), 1.0);
-    QCOMPARE(int(format.borderBrush().style()), int(Qt::SolidPattern));
-    QCOMPARE(format.borderBrush().color().rgb(), QColor(Qt::black).rgb());
-}
-
-/*! The default colour is the document's default text colour, which a colour table replaces by its first. */
-void TestTablesWords::borderColorOfTheDefaultFormat()
-{
-    const QByteArray rtf = rawRow("\\trgaph0\\clbrdrb\\brdrcf\\cellx8640", cells("A"));
-    const QSharedPointer<QTextDocument> document = newDocument();
-    QTextCharFormat format = ORVTextFormat::defaultCharFormat(document.data());
-    format.setForeground(QColor(Qt::darkGreen));
-    ORVTextFormat::setDefaultCharFormat(document.data(), format);
-    const Reading stored = readInto(document, "{\\rtf1 " + rtf + "}");
-    QCOMPARE(dump(ownProperties(firstTable(stored)->format())), dump(withBorderColor(Qt::darkGreen)));
-
-    const Reading redFirst = readBody("{\\colortbl\\red255\\green0\\blue0;}" + rtf);
-    QCOMPARE(dump(ownProperties(firstTable(redFirst)->format())), dump(withBorderColor(Qt::red)));
-}
-
-void TestTablesWords::nestedTableHasItsOwnFormat()
-{
-    const Reading reading =
-        readBody("\\trowd\\trgaph108\\clbrdrb\\brdrw30\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
-                 "{\\*\\nesttableprops\\trowd\\trgaph40\\brdrw60\\cellx900\\nestrow}"
-                 "\\pard\\intbl\\cell\\row\\pard after");
-    const QTextTable* outer = firstTable(reading);
-    QVERIFY(outer);
-    Properties expected = withBorder(1.5);
-    expected.insert(QTextFormat::TableCellPadding, 5.4);
-    QCOMPARE(dump(ownProperties(outer->format())), dump(expected));
-    const QTextTable* inner = tablesOf(outer->cellAt(0, 0)).value(0);
-    QVERIFY(inner);
-    expected = withBorder(3.0);
-    expected.insert(QTextFormat::TableCellPadding, 2.0);
-    QCOMPARE(dump(ownProperties(inner->format())), dump(expected));
-}
-
-/*! A table that is still open at the end has everything but its widths. */
-void TestTablesWords::formatsWhenTheInputEnds()
-{
-    const Reading reading =
-        readBody(colorTable() + rawRow("\\trgaph108\\clcbpat1\\cellx8640\\clbrdrb\\brdrw30", cells("A")));
-    const QTextTable* table = firstTable(reading);
-    QVERIFY(table);
-    Properties expected = withBorder(1.5);
-    expected.insert(QTextFormat::TableCellPadding, 5.4);
-    QCOMPARE(dump(ownProperties(table->format())), dump(expected));
-    QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(shaded(Qt::red)));
-    QVERIFY(!table->format().hasProperty(QTextFormat::TableColumnWidthConstraints));
-}
-
-QTEST_MAIN(TestTablesWords)
-#include "tst_tables_words.moc"
+ORV_TEST("tables_words", TestTablesWords, QGuiApplication)
+#include "words.moc"
