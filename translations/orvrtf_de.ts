@@ -889,20 +889,20 @@ Fehler: %3</translation>
         <translation>Verzeichnis</translation>
     </message>
     <message>
-        <source>Convert so many files at the same time: 1 unless given; 0 or auto is one for each processor.</source>
-        <translation>So viele Dateien gleichzeitig konvertieren: 1, wenn nichts angegeben ist; 0 oder auto: eine für jeden Prozessor.</translation>
+        <source>Number of files to convert at the same time: 1 by default; 0 or auto is one for each processor.</source>
+        <translation>Anzahl der Dateien, die gleichzeitig konvertiert werden: 1, wenn nichts angegeben ist; 0 oder auto: eine für jeden Prozessor.</translation>
     </message>
     <message>
         <source>number</source>
         <translation>Zahl</translation>
     </message>
     <message>
-        <source>Convert the other files when one fails; otherwise no new one is begun then.</source>
-        <translation>Die anderen Dateien konvertieren, wenn eine scheitert; sonst wird dann keine neue begonnen.</translation>
+        <source>Convert the other files when one fails; by default no new conversion is started then.</source>
+        <translation>Die anderen Dateien konvertieren, wenn eine scheitert; sonst beginnt dann keine neue Konvertierung.</translation>
     </message>
     <message>
-        <source>Give up a file of many after so many seconds: 600 unless given; 0 is never.</source>
-        <translation>Eine von vielen Dateien nach so vielen Sekunden aufgeben: 600, wenn nichts angegeben ist; 0: nie.</translation>
+        <source>Time limit for each of many files, in seconds: 600 by default; 0 is no limit.</source>
+        <translation>Zeitgrenze für jede von vielen Dateien in Sekunden: 600, wenn nichts angegeben ist; 0: keine.</translation>
     </message>
     <message>
         <source>seconds</source>
@@ -993,44 +993,44 @@ Fehler: %3</translation>
 
 Commands:
   convert IN OUT  Convert between RTF, HTML and plain text, and to ODT, PDF and
-                  PNG. The suffixes (.rtf, .html, .htm, .txt; .odt, .pdf, .png) say
-                  which, unless --from and --to do. IN can also be .doc, .docx or
-                  .odt, where LibreOffice, AbiWord or pandoc is installed. Any other
-                  IN is taken for RTF.
+                  PNG. The suffixes (.rtf, .html, .htm, .txt; .odt, .pdf, .png)
+                  determine the formats, unless --from and --to are given. IN can
+                  also be .doc, .docx or .odt if LibreOffice, AbiWord or pandoc is
+                  installed. Any other IN is read as RTF.
   convert IN... --output-dir DIR --to FORMAT
-                  Convert each IN to a file of the same name, with the suffix of the
-                  format, in DIR, which is made when it is missing.
-  info IN         Count what IN holds: paragraphs, words, characters, fonts,
+                  Convert each IN to a file in DIR of the same name, with the suffix
+                  of the format. DIR is created if it is missing.
+  info IN         Count what IN contains: paragraphs, words, characters, fonts,
                   pictures, links, notes, tables and lists.
-  check IN        Say whether IN is sound.
+  check IN        Report whether IN is damaged.
   strip IN OUT    Copy RTF without pictures, list numbers and unknown control words.
 
-IN and OUT can be &quot;-&quot; for the standard input and output; names with a leading dash go
-behind &quot;--&quot;. HTML is UTF-8 and holds its pictures. Plain text is UTF-8 too: a line for
-each paragraph, table cell and line break, no-break spaces kept, pictures left out. RTF
-is written for other programs unless --storage asks for the application&apos;s own form. PDF
-and PNG have the pages that the RTF states, US Letter where it states none, and A4 for
-other IN; PNG is a picture for each: OUT.png, OUT-2.png and so on.
+IN and OUT can be &quot;-&quot; for the standard input and output. Put file names with a leading
+dash after &quot;--&quot;. HTML is UTF-8 and embeds its pictures. Plain text is UTF-8 too: a line
+for each paragraph, table cell and line break; it keeps no-break spaces and has no
+pictures. RTF is written for other programs, or with --storage in the application&apos;s own
+form. PDF and PNG have the pages that the RTF defines, by default US Letter, and A4 for
+other IN. PNG is one picture a page: OUT.png, OUT-2.png and so on.
 
-Damaged RTF is converted as far as it can be read; then one line on the standard
-error says what is wrong, and the exit status is 1.
+Damaged RTF is converted as far as it can be read. Then one line on the standard error
+reports the first error, and the exit status is 1.
 
-Exit status: 0 all is well; 1 IN is damaged, or reading or writing failed; 2 the
-command line is wrong. A failed conversion leaves no partial output file.</source>
+Exit status: 0 success; 1 IN is damaged, or reading or writing failed; 2 the command
+line is wrong. A failed conversion leaves no partial output file.</source>
         <translation>Konvertiert und untersucht Dateien im Rich Text Format.
 
 Befehle:
   convert IN OUT  Zwischen RTF, HTML und reinem Text konvertieren, und nach ODT, PDF
                   und PNG. Die Endungen (.rtf, .html, .htm, .txt; .odt, .pdf, .png)
-                  sagen, welches, wenn nicht --from und --to es tun. IN kann auch
-                  .doc, .docx oder .odt sein, wo LibreOffice, AbiWord oder pandoc
-                  installiert ist. Jedes andere IN gilt als RTF.
+                  bestimmen die Formate, wenn --from und --to nicht angegeben sind. IN
+                  kann auch .doc, .docx oder .odt sein, wenn LibreOffice, AbiWord oder
+                  pandoc installiert ist. Jedes andere IN wird als RTF gelesen.
   convert IN... --output-dir DIR --to FORMAT
                   Jedes IN in eine Datei desselben Namens mit der Endung des Formats
                   konvertieren, in DIR, das angelegt wird, wenn es fehlt.
   info IN         Zählen, was IN enthält: Absätze, Wörter, Zeichen, Schriften, Bilder,
                   Links, Anmerkungen, Tabellen und Listen.
-  check IN        Sagen, ob IN unbeschädigt ist.
+  check IN        Melden, ob IN beschädigt ist.
   strip IN OUT    RTF ohne Bilder, Listennummern und unbekannte Steuerwörter kopieren.
 
 IN und OUT können „-“ sein: Standardeingabe und Standardausgabe. Namen, die mit einem
@@ -1041,10 +1041,10 @@ Programme geschrieben, wenn nicht --storage die eigene Form der Anwendung verlan
 und PNG haben die Seiten, die das RTF angibt, US Letter, wenn es keine angibt, und A4
 bei anderem IN; PNG ist ein Bild für jede Seite: OUT.png, OUT-2.png und so weiter.
 
-Beschädigtes RTF wird konvertiert, soweit es lesbar ist; eine Zeile auf der
-Standardfehlerausgabe sagt dann, was nicht stimmt, und der Exit-Status ist 1.
+Beschädigtes RTF wird konvertiert, soweit es lesbar ist. Eine Zeile auf der
+Standardfehlerausgabe meldet dann den ersten Fehler, und der Exit-Status ist 1.
 
-Exit-Status: 0 alles in Ordnung; 1 IN ist beschädigt, oder Lesen oder Schreiben ist
+Exit-Status: 0 Erfolg; 1 IN ist beschädigt, oder Lesen oder Schreiben ist
 gescheitert; 2 die Befehlszeile stimmt nicht. Eine gescheiterte Konvertierung
 hinterlässt keine unvollständige Ausgabedatei.</translation>
     </message>

@@ -63,15 +63,15 @@ QList<QCommandLineOption> BatchOptions::all()
                                Messages::tr("Convert many files, into this directory."),
                                Messages::tr("directory")),
             QCommandLineOption(jobsName(),
-                               Messages::tr("Convert so many files at the same time: 1 unless given; 0 or "
+                               Messages::tr("Number of files to convert at the same time: 1 by default; 0 or "
                                             "auto is one for each processor."),
                                Messages::tr("number")),
             QCommandLineOption(keepGoingName(),
-                               Messages::tr("Convert the other files when one fails; otherwise no new one "
-                                            "is begun then.")),
+                               Messages::tr("Convert the other files when one fails; by default no new "
+                                            "conversion is started then.")),
             QCommandLineOption(timeoutName(),
-                               Messages::tr("Give up a file of many after so many seconds: 600 unless "
-                                            "given; 0 is never."),
+                               Messages::tr("Time limit for each of many files, in seconds: 600 by default; "
+                                            "0 is no limit."),
                                Messages::tr("seconds"))};
 }
 
