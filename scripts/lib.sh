@@ -9,15 +9,15 @@ logs=$root/build/logs
 # Debian packages that building needs, and those that making packages, the tests, the benchmarks, coverage, fuzzing
 # and the checks of CI need besides.
 build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
-package_packages=(dpkg-dev file)
+package_packages=(debhelper dpkg-dev)
 test_packages=(
-    "${package_packages[@]}" abiword doxygen fonts-dejavu-core fonts-liberation libreoffice-writer-nogui lintian man-db
+    abiword doxygen fonts-dejavu-core fonts-liberation libreoffice-writer-nogui man-db
     mandoc pandoc parallel pkgconf poppler-utils python3 rsync unrtf valgrind xclip xvfb
 )
 bench_packages=(abiword libbenchmark-dev libreoffice-writer-nogui pandoc python3 unrtf)
 coverage_packages=(clang libclang-rt-dev llvm)
 fuzz_packages=(clang libclang-rt-dev)
-ci_packages=(clang-format clang-tidy qt6-base-dev)
+ci_packages=(clang-format clang-tidy file lintian qt6-base-dev)
 
 say() {
     echo "$(basename "$0"): $*" >&2

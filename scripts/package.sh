@@ -5,15 +5,23 @@
 # shellcheck source-path=SCRIPTDIR source=lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
-folder=${1:-$root/build/packages}
+folder=$(realpath -m "${1:-$root/build/packages}")
 
 need_packages "${build_packages[@]}" "${package_packages[@]}"
-build_preset package
-mkdir -p "$folder"
-# The whole output folder of cpack is taken over, so that no package of an older version stays.
-made=$root/build/package/packages
-rm -rf "$made"
-logged package cpack --config "$root/build/package/CPackConfig.cmake" -G DEB -B "$made"
+
+# debhelper writes into the sources and beside them, so it gets a copy.
+copy=$root/build/package/orvrtf
+rm -rf "$root/build/package"
+mkdir -p "$copy" "$folder"
+tar -C "$root" --exclude=./build --exclude=./.git -c . | tar -C "$copy" -x
+
+make_packages() {
+    use_ccache
+    cd "$copy" && DEB_BUILD_OPTIONS=noautodbgsym dpkg-buildpackage --build=binary --unsigned-source --unsigned-changes
+}
+say "making packages"
+logged package make_packages
 rm -f "$folder"/liborvrtf*.deb "$folder"/orvrtf*.deb
-cp -t "$folder" "$made"/*.deb
+mv -t "$folder" "$root"/build/package/*.deb
+rm -r "$copy"
 printf '%s\n' "$folder"/*.deb

@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
-# packages.sh SOURCE: makes the Debian packages and looks at what is in them; installs, runs and removes them in a
-# throw-away root when it runs as root, and on the system itself when ORVRTF_TEST_SYSTEM_INSTALL is "true".
+# packages.sh SOURCE: makes the Debian packages in SOURCE/build/packages and checks their content; installs, runs and
+# removes them in a throw-away root when it runs as root, and on the system itself when ORVRTF_TEST_SYSTEM_INSTALL is
+# "true".
 
 set -euo pipefail
 
 source=$1
+folder=$source/build/packages
 sample=$source/tests/data/pandoc-links.rtf
 
 scratch=$(mktemp -d)
@@ -24,7 +26,7 @@ same() {
 }
 
 make_packages() {
-    "$source/scripts/package.sh" "$scratch/packages" >"$scratch/made"
+    "$source/scripts/package.sh" "$folder" >"$scratch/made"
     while read -r file; do
         deb[$(dpkg-deb --field "$file" Package)]=$file
     done <"$scratch/made"
@@ -44,6 +46,13 @@ depends() {
     [[ ", $all," =~ ,\ $2, ]] || fail "$1 does not depend on $2 but on $all"
 }
 
+# The version of the packages is written down apart from that of the project.
+check_version() {
+    local version
+    version=$(sed -nE 's/^ +VERSION ([0-9.]+)$/\1/p' "$source/CMakeLists.txt")
+    same "version" "$version" "$(dpkg-deb --field "${deb[liborvrtf1]}" Version | sed 's/-[^-]*$//')"
+}
+
 check_dependencies() {
     local version
     version=$(dpkg-deb --field "${deb[liborvrtf1]}" Version)
@@ -60,7 +69,7 @@ check_dependencies() {
 # The linker's cache follows by itself, and packages of other programs learn what to depend on.
 check_control_files() {
     dpkg-deb --control "${deb[liborvrtf1]}" "$scratch/control"
-    same "triggers" "activate-noawait ldconfig" "$(cat "$scratch/control/triggers")"
+    same "triggers" "activate-noawait ldconfig" "$(grep -v '^#' "$scratch/control/triggers")"
     same "control files" "control md5sums shlibs triggers" \
         "$(find "$scratch/control" -type f -printf '%P\n' | sort | paste -sd ' ')"
     same "libraries in shlibs" "libOrvBase libOrvCore libOrvGui libOrvRtf" \
@@ -88,7 +97,7 @@ check_content() {
     has orvrtf usr/bin/orvrtf
     for name in "${!deb[@]}"; do
         has "$name" "usr/share/doc/$name/copyright" "usr/share/doc/$name/changelog.gz" \
-            "usr/share/doc/$name/CHANGELOG.md.gz"
+            "usr/share/doc/$name/changelog.Debian.gz"
     done
 }
 
@@ -166,6 +175,7 @@ build_consumer() {
 
 make_packages
 run_lintian
+check_version
 check_dependencies
 check_control_files
 check_content
