@@ -23,7 +23,7 @@ seed_corpus() {
         -exec cp -u -t "$seeds" {} +
 }
 
-need_packages "${build_packages[@]}" "${fuzz_packages[@]}"
+need_packages "${build_packages[@]}" "${clang_packages[@]}"
 build_preset fuzz "fuzz_$target"
 
 folder=$root/build/fuzz

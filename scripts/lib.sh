@@ -6,21 +6,25 @@ set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 logs=$root/build/logs
 
-# Debian packages that building needs, and those that making packages, the tests, the benchmarks, coverage, fuzzing
-# and the checks of CI need besides.
+# Debian packages that building needs, and those that the tests, making packages, the benchmarks, coverage and fuzzing,
+# and the checks of CI need besides. What configuring the tests looks for is in test_build_packages.
 build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
-package_packages=(debhelper dpkg-dev)
+test_build_packages=(ccache doxygen)
 test_packages=(
-    abiword doxygen fonts-dejavu-core fonts-liberation libreoffice-writer-nogui man-db
-    mandoc pandoc parallel pkgconf poppler-utils python3 rsync unrtf valgrind xclip xvfb
+    "${test_build_packages[@]}" abiword fonts-dejavu-core fonts-liberation fonts-wqy-microhei libreoffice-writer-nogui
+    man-db mandoc pandoc parallel pkgconf poppler-utils python3 rsync unrtf valgrind xclip xvfb
 )
+package_packages=(debhelper dpkg-dev)
 bench_packages=(abiword libbenchmark-dev libreoffice-writer-nogui pandoc python3 unrtf)
-coverage_packages=(clang libclang-rt-dev llvm)
-fuzz_packages=(clang libclang-rt-dev)
-ci_packages=(clang-format clang-tidy file lintian qt6-base-dev)
+clang_packages=(clang libclang-rt-dev llvm)
+ci_packages=(clang-format clang-tidy file lintian qt6-base-dev shellcheck)
 
+# Labels of the tests that are not about the library itself, as a regular expression.
+tests_beside_library="docs|editor|tool"
+
+# say WORD…: prints a message, with the minutes and seconds since the script has started.
 say() {
-    echo "$(basename "$0"): $*" >&2
+    printf '%s %d:%02d: %s\n' "$(basename "$0")" $((SECONDS / 60)) $((SECONDS % 60)) "$*" >&2
 }
 
 fail() {
@@ -89,6 +93,17 @@ need_packages() {
     fail "cannot install ${culprits[*]}; what apt-get says is in $log"
 }
 
+# use_ccache: has ccache, where it is installed, keep what is compiled.
+use_ccache() {
+    command -v ccache >/dev/null || return 0
+    export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+    # debhelper has compilers run with another home folder.
+    CCACHE_DIR=${CCACHE_DIR:-$(ccache --get-config cache_dir)}
+    export CCACHE_DIR
+    # What ccache asks for to cache what is compiled with a precompiled header.
+    export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS:-pch_defines,time_macros,include_file_mtime,include_file_ctime}
+}
+
 configure_preset() {
     (cd "$root" && cmake --preset "$1")
 }
@@ -97,6 +112,7 @@ configure_preset() {
 build_preset() {
     local preset=$1 folder=$root/build/$1
     shift
+    use_ccache
     if [[ ! -f $folder/build.ninja || $root/CMakePresets.json -nt $folder/build.ninja ]]; then
         say "configuring and building in build/$preset"
         logged "configure-$preset" configure_preset "$preset"
