@@ -1,11 +1,9 @@
 #!/usr/bin/env python3
-"""guide.py GUIDE PROGRAMS TOOLS…: does what docs/guide.md tells its readers to do.
+"""guide.py GUIDE PROGRAMS TOOLS…: does what docs/guide.md asks its readers to do.
 
-Each C++ block is to be the file of the folder PROGRAMS that its first line names ("// page.cpp"). Each block of
-shell commands marked "sh" is run, from top to bottom, in a scratch folder with the folders TOOLS in front of PATH;
-the text block behind it is to be what they print, errors included. Blocks marked "console" are not run.
-
-guide.py --update GUIDE PROGRAMS puts the files into the blocks."""
+The guide has to link each C++ file of the folder PROGRAMS, and no other file there. Each block of shell commands
+marked "sh" is run, from top to bottom, in a scratch folder with the folders TOOLS in front of PATH; the text block
+after it has to be the output of the commands, errors included. Blocks marked "console" are not run."""
 
 import os
 import pathlib
@@ -15,34 +13,20 @@ import sys
 import tempfile
 
 BLOCK = re.compile(r"```(\w+)\n(.*?)```\n", re.DOTALL)
-NAME = re.compile(r"// (\w+\.cpp)\n\n?")
 
 
-def source(programs, content):
-    """The block that stands for the file that the first line of a C++ block names."""
-    name = NAME.match(content)[1]
-    return f"// {name}\n\n{(programs / name).read_text()}"
+def wrong_links(guide, programs):
+    folder = os.path.relpath(programs, guide.parent)
+    linked = set(re.findall(rf"\({re.escape(folder)}/([^)]+)\)", guide.read_text()))
+    existing = {file.name for file in programs.glob("*.cpp")}
+    for name in sorted(existing - linked):
+        yield f"the guide does not link {name}"
+    for name in sorted(linked - existing):
+        yield f"the guide links {name}, which does not exist"
 
 
-def update(guide, programs):
-    text = guide.read_text()
-    guide.write_text(BLOCK.sub(
-        lambda block: f"```cpp\n{source(programs, block[2])}```\n" if block[1] == "cpp" else block[0], text))
-
-
-def stale_blocks(blocks, programs):
-    shown = set()
-    for kind, content in blocks:
-        if kind == "cpp":
-            shown.add(NAME.match(content)[1])
-            if content != source(programs, content):
-                yield f"{NAME.match(content)[1]} differs from the guide, see guide.py --update"
-    for file in programs.glob("*.cpp"):
-        if file.name not in shown:
-            yield f"{file.name} is not in the guide"
-
-
-def wrong_results(blocks, environment):
+def wrong_results(guide, environment):
+    blocks = BLOCK.findall(guide.read_text())
     with tempfile.TemporaryDirectory() as folder:
         os.mkdir(os.path.join(folder, "build"))
         for (kind, commands), (next_kind, expected) in zip(blocks, blocks[1:] + [("", "")]):
@@ -58,14 +42,11 @@ def wrong_results(blocks, environment):
 
 
 def main():
-    if sys.argv[1] == "--update":
-        return update(pathlib.Path(sys.argv[2]), pathlib.Path(sys.argv[3]))
     guide, programs = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
-    # What Qt itself says is nothing of the guide's.
+    # Warnings of Qt itself depend on the system.
     environment = dict(os.environ, PATH=os.pathsep.join(sys.argv[3:] + [os.environ["PATH"]]), LC_ALL="C.UTF-8",
                        QT_LOGGING_RULES="default.warning=false")
-    blocks = BLOCK.findall(guide.read_text())
-    problems = [*stale_blocks(blocks, programs), *wrong_results(blocks, environment)]
+    problems = [*wrong_links(guide, programs), *wrong_results(guide, environment)]
     print("\n".join(problems))
     return 1 if problems else 0
 
