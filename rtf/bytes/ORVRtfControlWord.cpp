@@ -1,17 +1,17 @@
 #include "ORVRtfControlWord_p.h"
 
-#include <QtCore/qglobal.h>
+#include "ORVRtfWordTable_p.h"
 
 namespace {
 
 bool isLetter(char c)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+    return unsigned((c | 0x20) - 'a') <= 'z' - 'a';
 }
 
 bool isDigit(char c)
 {
-    return c >= '0' && c <= '9';
+    return unsigned(c - '0') <= 9;
 }
 
 ORVRtfControlWord failed(ORVRtfControlWord::Status status)
@@ -32,14 +32,15 @@ ORVRtfControlWord ORVRtfControlWord::scan(const char* data, int available)
     ORVRtfControlWord word;
     int end = 1;
     if (!isLetter(data[end])) {
-        word.spellingLength = word.length = 2;
+        word.length = 2;
+        word.keyWord = ORVRtfWordTable::find(data, word.length);
         return word;
     }
     while (end < limit && isLetter(data[end]))
         ++end;
     if (end == limit)
         return failed(TooLong);
-    word.spellingLength = end;
+    word.keyWord = ORVRtfWordTable::find(data, end);
 
     // A hyphen belongs to the word even when no digit follows it.
     const bool negative = data[end] == '-';

@@ -1,8 +1,10 @@
 #ifndef ORVRTFCONTROLWORD_P_H
 #define ORVRTFCONTROLWORD_P_H
 
+#include "ORVTextRtfCommon.h"
+
 /*!
-    A control word or control symbol as it stands in the input, before anyone knows what it means.
+    A control word or control symbol as it stands in the input.
 */
 struct ORVRtfControlWord {
     enum Status {
@@ -23,12 +25,12 @@ struct ORVRtfControlWord {
     static ORVRtfControlWord scan(const char* data, int available);
 
     Status status = Complete;
-    /*! Bytes of the spelling: backslash and letters, or backslash and symbol. */
-    int spellingLength = 0;
-    /*! Bytes to consume: the spelling, the parameter and a blank that ends them. */
-    int length = 0;
+    /*! NoKeyWord when the word is unknown. */
+    ORVTextRtfCommon::KeyWord keyWord = ORVTextRtfCommon::NoKeyWord;
     bool hasParameter = false;
     int parameter = 0;
+    /*! Bytes to consume: the spelling, the parameter and a blank that ends them. */
+    int length = 0;
 };
 
 #endif

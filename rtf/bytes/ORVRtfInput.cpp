@@ -34,26 +34,6 @@ bool isSpecial(char c)
     return specialBytes[static_cast<unsigned char>(c)];
 }
 
-/*! The eight bytes \a byte. */
-constexpr quint64 eightTimes(unsigned char byte)
-{
-    return byte * Q_UINT64_C(0x0101010101010101);
-}
-
-/*!
-    Whether all of the eight bytes at \a text lie between the control characters and "{" and are no backslash:
-    no byte is special then. What is carried from one byte to the next only ever says "no" too often.
-*/
-bool areEightPlain(const char* text)
-{
-    quint64 bytes;
-    std::memcpy(&bytes, text, sizeof bytes);
-    const quint64 backslashes = bytes ^ eightTimes('\\');
-    const quint64 suspects =
-        (bytes - eightTimes(' ')) | (bytes + eightTimes(0x80 - '{')) | bytes | (backslashes - eightTimes(1));
-    return (suspects & eightTimes(0x80)) == 0;
-}
-
 } // namespace
 
 bool ORVRtfInput::fetch(qint64 offset)
@@ -115,18 +95,6 @@ int ORVRtfInput::textLength() const
     const char* const text = data();
     const int limit = available();
     int length = 1;
-    // Mostly eight bytes at a time: all text goes through here.
-    while (length + 8 <= limit) {
-        if (areEightPlain(text + length)) {
-            length += 8;
-            continue;
-        }
-        const int end = length + 8;
-        while (length < end && !isSpecial(text[length]))
-            ++length;
-        if (length < end)
-            return length;
-    }
     while (length < limit && !isSpecial(text[length]))
         ++length;
     return length;
@@ -139,7 +107,7 @@ void ORVRtfInput::release(int count)
         m_windowStart += trimSize;
 }
 
-void ORVRtfInput::skip(qint64 count)
+void ORVRtfInput::skipBytes(qint64 count)
 {
     bool ok = true;
     while (count > 0) {
@@ -163,11 +131,6 @@ int ORVRtfInput::hexadecimalDigits(int limit)
         charAt(count, &ok);
     }
     return count;
-}
-
-bool ORVRtfInput::isFetched() const
-{
-    return m_windowEnd == m_buffer.size() && (!m_device || m_device->atEnd());
 }
 
 qint64 ORVRtfInput::pos() const

@@ -34,8 +34,6 @@ public:
     /*! The buffered bytes from the read position on. */
     const char* data() const { return m_buffer.constData() + m_position; }
     int available() const { return int(m_windowEnd - m_position); }
-    /*! Whether all that is left of the input is buffered. */
-    bool isFetched() const;
 
     /*!
         How many buffered bytes from the read position on, at least one, are no backslash, no brace and no
@@ -45,9 +43,8 @@ public:
 
     /*! Moves the read position over \a count buffered bytes. */
     void release(int count);
-    /*! Moves the read position over \a count bytes, refilling the buffer, but not beyond the end of the
-     * input. */
-    void skip(qint64 count);
+    /*! The same for bytes that need not be buffered, as far as the input goes. */
+    void skipBytes(qint64 count);
     /*!
         How many hexadecimal digits stand at the read position, up to \a limit; they are buffered then. Each
        is looked for with charAt(), so they may go across refills.

@@ -1,34 +1,66 @@
 #include "ORVRtfParagraph_p.h"
 
+#include "ORVRtfFormatSerials_p.h"
 #include "ORVRtfLimits_p.h"
 #include "ORVRtfProperties.h"
 
 namespace {
 
 // Qt 5 compares tab stops in variants byte by byte. In a copy of this one the bytes between the members are
-// zero, too, so that paragraphs with equal tab stops have equal formats.
+// zero, too.
 const QTextOption::Tab zeroedTab;
+
+/*! \a tab so that it equals its like of other reads. */
+QVariant variantOf(const QTextOption::Tab& tab)
+{
+    QVariant variant = QVariant::fromValue(zeroedTab);
+    QTextOption::Tab* const copy = static_cast<QTextOption::Tab*>(variant.data());
+    copy->position = tab.position;
+    copy->type = tab.type;
+    copy->delimiter = tab.delimiter;
+    return variant;
+}
+
+QVariant listOf(const QVector<QTextOption::Tab>& tabs)
+{
+    QVariantList list;
+    list.reserve(tabs.size());
+    for (const QTextOption::Tab& tab : tabs)
+        list.append(variantOf(tab));
+    return list;
+}
+
+/*! Differs for different lists. Delimiters follow from the types. */
+QByteArray keyOf(const QVector<QTextOption::Tab>& tabs)
+{
+    QByteArray key;
+    for (const QTextOption::Tab& tab : tabs) {
+        key.append(reinterpret_cast<const char*>(&tab.position), int(sizeof tab.position));
+        key.append(char(tab.type));
+    }
+    return key;
+}
 
 } // namespace
 
-const QTextBlockFormat& ORVRtfParagraph::format()
+QTextBlockFormat ORVRtfParagraph::format(ORVRtfFormatSerials& tabLists) const
 {
-    if (m_tabsChanged) {
-        m_format.setTabPositions(m_tabs);
-        m_tabLists.distinguish(m_format, m_tabList);
-        m_tabsChanged = false;
-    }
-    return m_format;
+    if (m_tabs.isEmpty())
+        return m_format;
+    QTextBlockFormat format = m_format;
+    tabLists.setList(format, QTextFormat::TabPositions, keyOf(m_tabs), [this] { return listOf(m_tabs); });
+    return format;
+}
+
+bool ORVRtfParagraph::operator==(const ORVRtfParagraph& other) const
+{
+    return m_format == other.m_format && m_tabs == other.m_tabs;
 }
 
 void ORVRtfParagraph::reset()
 {
     m_format = QTextBlockFormat();
-    if (m_tabs.isEmpty())
-        return;
-    m_tabs.clear();
-    m_tabList.clear();
-    m_tabsChanged = false;
+    m_tabs = QVector<QTextOption::Tab>();
 }
 
 void ORVRtfParagraph::setLeftIndent(double indent)
@@ -62,12 +94,8 @@ void ORVRtfParagraph::addTab(double position)
     m_nextTabType = QTextOption::LeftTab;
     if (m_tabs.size() >= ORVRtfLimits::tabStops)
         return;
-    m_tabs.append(zeroedTab);
-    QTextOption::Tab& tab = m_tabs.last();
-    tab.position = position;
-    tab.type = type;
+    QTextOption::Tab tab(position, type);
     if (type == QTextOption::DelimiterTab)
         tab.delimiter = QLatin1Char('.');
-    m_tabList += QByteArray::number(int(type)) + ' ' + QByteArray::number(position, 'g', 17) + ';';
-    m_tabsChanged = true;
+    m_tabs.append(tab);
 }

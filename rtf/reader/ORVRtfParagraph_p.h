@@ -1,12 +1,12 @@
 #ifndef ORVRTFPARAGRAPH_P_H
 #define ORVRTFPARAGRAPH_P_H
 
-#include "ORVRtfFormatSerials_p.h"
-
-#include <QtCore/QList>
 #include <QtCore/QVariant>
+#include <QtCore/QVector>
 #include <QtGui/QTextBlockFormat>
 #include <QtGui/QTextOption>
+
+class ORVRtfFormatSerials;
 
 /*!
     The paragraph format in force. Unlike character formats it does not end with a group: it holds until it
@@ -14,8 +14,10 @@
 */
 class ORVRtfParagraph {
 public:
-    /*! The format with everything said so far. */
-    const QTextBlockFormat& format();
+    /*! The format with everything said so far. \a tabLists are the tab stops of all paragraphs. */
+    QTextBlockFormat format(ORVRtfFormatSerials& tabLists) const;
+    /*! Whether the formats are equal. */
+    bool operator==(const ORVRtfParagraph& other) const;
 
     /*! Back to the default format (`\pard`). */
     void reset();
@@ -38,12 +40,9 @@ public:
     void addTab(double position);
 
 private:
+    // Everything but the tab stops: a format copies all of them for each that is added.
     QTextBlockFormat m_format;
-    // Tab stops are collected here and put into the format once: each change of it copies them all.
-    QList<QTextOption::Tab> m_tabs;
-    QByteArray m_tabList;
-    ORVRtfFormatSerials m_tabLists;
-    bool m_tabsChanged = false;
+    QVector<QTextOption::Tab> m_tabs;
     QTextOption::TabType m_nextTabType = QTextOption::LeftTab;
 };
 

@@ -7,20 +7,21 @@ namespace {
 // Characters that wait to go into the document together: more save nothing, and take memory.
 const int largestPiece = 4096;
 
-} // namespace
-
-bool ORVRtfTextInserter::endsParagraph(QChar c)
+/*! Whether a document makes a new paragraph of \a c, which takes its formats when the next text comes. */
+bool endsParagraph(QChar c)
 {
     const ushort unit = c.unicode();
     return unit == '\n' || unit == '\r' || unit == QChar::ParagraphSeparator || unit == 0xFDD0
         || unit == 0xFDD1;
 }
 
+} // namespace
+
 void ORVRtfTextInserter::moveTo(const QTextCursor& place)
 {
     complete();
     m_cursor = place;
-    m_isBlockFormatKnown = false;
+    m_isParagraphKnown = false;
     m_hasText = false;
 }
 
@@ -28,27 +29,23 @@ QTextCursor& ORVRtfTextInserter::place()
 {
     complete();
     // Whatever the cursor is used for is not seen here.
-    m_isBlockFormatKnown = false;
+    m_isParagraphKnown = false;
     m_hasText = false;
     return m_cursor;
 }
 
 void ORVRtfTextInserter::complete()
 {
-    insertOwedText();
-    if (!m_isBlockOwed)
-        return;
-    m_isBlockOwed = false;
-    if (m_areNextFormatsKnown) {
-        m_cursor.insertBlock(m_nextFormat, m_nextCharFormat);
-        m_blockFormat = m_nextFormat;
-        m_isBlockFormatKnown = true;
-    } else {
-        m_cursor.insertBlock();
-    }
+    insertWaitingText();
+    if (m_isBlockWaiting)
+        insertWaitingBlock();
+    else if (m_areFormatsWaiting)
+        applyWaitingFormats();
+    m_isBlockWaiting = false;
+    m_areFormatsWaiting = false;
 }
 
-void ORVRtfTextInserter::insertOwedText()
+void ORVRtfTextInserter::insertWaitingText()
 {
     if (m_text.isEmpty())
         return;
@@ -56,29 +53,44 @@ void ORVRtfTextInserter::insertOwedText()
     m_text.resize(0);
 }
 
-void ORVRtfTextInserter::setBlockFormats(const QTextBlockFormat& format, const QTextCharFormat& charFormat)
+void ORVRtfTextInserter::insertWaitingBlock()
+{
+    if (!m_areFormatsWaiting) {
+        m_cursor.insertBlock();
+        return;
+    }
+    m_cursor.insertBlock(m_nextParagraph.format(m_tabLists), m_nextCharFormat);
+    m_paragraph = m_nextParagraph;
+    m_isParagraphKnown = true;
+}
+
+void ORVRtfTextInserter::applyWaitingFormats()
+{
+    if (m_cursor.block().length() != 1)
+        return;
+    m_cursor.setBlockCharFormat(m_nextCharFormat);
+    m_cursor.setBlockFormat(m_nextParagraph.format(m_tabLists));
+    m_paragraph = m_nextParagraph;
+    m_isParagraphKnown = true;
+}
+
+void ORVRtfTextInserter::setBlockFormats(const ORVRtfParagraph& paragraph, const QTextCharFormat& charFormat)
 {
     if (m_hasText)
         return;
-    if (m_isBlockOwed) {
-        m_areNextFormatsKnown = true;
-        m_nextFormat = format;
-        m_nextCharFormat = charFormat;
-    } else if (m_cursor.block().length() == 1) {
-        m_cursor.setBlockCharFormat(charFormat);
-        m_cursor.setBlockFormat(format);
-        m_blockFormat = format;
-        m_isBlockFormatKnown = true;
-    }
+    m_areFormatsWaiting = true;
+    m_nextParagraph = paragraph;
+    m_nextCharFormat = charFormat;
 }
 
-/*! Whether text of \a format, and the end of a paragraph before it, may go on the text that waits. */
+/*! Whether text of \a format, and the end of a paragraph before it, may be appended to the text that waits.
+ */
 bool ORVRtfTextInserter::continuesText(const QTextCharFormat& format) const
 {
     if (m_text.isEmpty() || m_textFormat != format)
         return false;
-    return !m_isBlockOwed
-        || (m_areNextFormatsKnown && m_isBlockFormatKnown && m_nextFormat == m_blockFormat
+    return !m_isBlockWaiting
+        || (m_areFormatsWaiting && m_isParagraphKnown && m_nextParagraph == m_paragraph
             && m_nextCharFormat == format);
 }
 
@@ -87,23 +99,24 @@ void ORVRtfTextInserter::insertText(const QString& text, const QTextCharFormat& 
     if (!continuesText(format)) {
         complete();
         m_textFormat = format;
-    } else if (m_isBlockOwed) {
+    } else if (m_isBlockWaiting) {
         // A paragraph that ends within text is followed by one that is like it and has the format of the
         // text.
         m_text += QChar(QChar::ParagraphSeparator);
-        m_isBlockOwed = false;
+        m_isBlockWaiting = false;
+        m_areFormatsWaiting = false;
     }
     m_text += text;
     m_hasText = !text.isEmpty() && !endsParagraph(text.at(text.size() - 1));
     if (!m_hasText || m_text.size() >= largestPiece)
-        insertOwedText();
+        insertWaitingText();
 }
 
 void ORVRtfTextInserter::endBlock()
 {
-    if (m_isBlockOwed)
+    // Only text may wait in front of a paragraph that waits.
+    if (m_isBlockWaiting || m_areFormatsWaiting)
         complete();
-    m_isBlockOwed = true;
-    m_areNextFormatsKnown = false;
+    m_isBlockWaiting = true;
     m_hasText = false;
 }

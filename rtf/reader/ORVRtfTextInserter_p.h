@@ -1,34 +1,35 @@
 #ifndef ORVRTFTEXTINSERTER_P_H
 #define ORVRTFTEXTINSERTER_P_H
 
+#include "ORVRtfFormatSerials_p.h"
+#include "ORVRtfParagraph_p.h"
+
 #include <QtCore/QString>
-#include <QtGui/QTextBlockFormat>
 #include <QtGui/QTextCharFormat>
 #include <QtGui/QTextCursor>
 
 /*!
-    Where a document grows, in as few pieces as possible: Qt's document takes each at a price.
+    The place where a document grows, and what waits there: each insertion into a QTextDocument is expensive,
+   so they are deferred and merged.
 
-    The paragraph behind one that has ended is not inserted before something happens to it. Its formats are
-    known by then, and setting them afterwards would cost as much as the paragraph. Text waits for more that
-    has the same format, be it in the next paragraph, and goes in with it.
+    - The formats of an empty paragraph wait until something happens to it, since the last ones count.
+    - The paragraph behind one that has ended waits as well, and is inserted with its formats: setting them
+      afterwards would cost as much as the paragraph.
+    - Text waits for more that has the same format, be it in the next paragraph, and is inserted with it.
 */
 class ORVRtfTextInserter {
 public:
-    /*! Whether a document makes a new paragraph of \a c, which takes its formats when the next text comes. */
-    static bool endsParagraph(QChar c);
-
     /*! Completes the text at the old place and goes on at \a place, or nowhere when that is null. */
     void moveTo(const QTextCursor& place);
 
     /*! The cursor itself, in a document that is complete up to it. */
     QTextCursor& place();
 
-    /*! Inserts the text and the paragraph that are owed, if any. */
+    /*! Inserts everything that waits. */
     void complete();
 
     /*! Gives an empty paragraph its formats; one that has text is left alone. */
-    void setBlockFormats(const QTextBlockFormat& format, const QTextCharFormat& charFormat);
+    void setBlockFormats(const ORVRtfParagraph& paragraph, const QTextCharFormat& charFormat);
 
     void insertText(const QString& text, const QTextCharFormat& format);
 
@@ -37,23 +38,31 @@ public:
 
 private:
     bool continuesText(const QTextCharFormat& format) const;
-    void insertOwedText();
+    void insertWaitingText();
+    void applyWaitingFormats();
+    void insertWaitingBlock();
 
     QTextCursor m_cursor;
-    // Text that is not in the document, and its format.
+
+    // Text that waits, and its format.
     QString m_text;
     QTextCharFormat m_textFormat;
-    // The format of the paragraph at the place, if it is known.
-    QTextBlockFormat m_blockFormat;
-    bool m_isBlockFormatKnown = false;
-    // A paragraph has ended, and the next one is not in the document. It is to have the formats, if they are
-    // known.
-    bool m_isBlockOwed = false;
-    bool m_areNextFormatsKnown = false;
-    QTextBlockFormat m_nextFormat;
+
+    // A paragraph has ended behind the text, and the next one waits.
+    bool m_isBlockWaiting = false;
+
+    // Formats that wait: of that paragraph or, if none waits, of the one at the cursor should it be empty.
+    bool m_areFormatsWaiting = false;
+    ORVRtfParagraph m_nextParagraph;
     QTextCharFormat m_nextCharFormat;
-    // The paragraph is known to have text; if not, the document is asked.
+
+    // The paragraph at the cursor, if it got its format here.
+    bool m_isParagraphKnown = false;
+    ORVRtfParagraph m_paragraph;
+    // It has text for certain; if not, the document is asked.
     bool m_hasText = false;
+
+    ORVRtfFormatSerials m_tabLists;
 };
 
 #endif

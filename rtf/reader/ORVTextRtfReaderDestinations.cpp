@@ -1,14 +1,65 @@
+#include "ORVTextRtfReader_p.h"
+
 #include "ORVGuiUtil.h"
 #include "ORVRtfFieldInstruction_p.h"
-#include "ORVRtfProperties.h"
-#include "ORVTextFormat.h"
-#include "ORVTextRtfReader_p.h"
+#include "ORVRtfLimits_p.h"
 #include "QtFontCompat_p.h"
-#include "QtFormatCompat_p.h"
 
 #include <QtCore/QUrl>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextImageFormat>
+
+void ORVTextRtfReaderPrivate::openDestination(Destination destination)
+{
+    m_state.destination = destination;
+}
+
+void ORVTextRtfReaderPrivate::openColorTable()
+{
+    openDestination(ColorTableGroup);
+    m_colors.beginEntry(defaultForegroundColor());
+}
+
+/*! Overrides are entries of their table only. */
+void ORVTextRtfReaderPrivate::openListOverride()
+{
+    if (!isIn(ListOverrideTableGroup))
+        return;
+    openDestination(ListOverrideGroup);
+    m_lists.beginOverride();
+}
+
+void ORVTextRtfReaderPrivate::openPictureData(Destination destination)
+{
+    openDestination(destination);
+    m_state.expectedFormat = HexadecimalData;
+}
+
+/*! Adds the text to what the destination collects; any other destination has no use for text. */
+void ORVTextRtfReaderPrivate::drawDestinationText()
+{
+    switch (m_state.destination) {
+    case ColorTableGroup: drawColorTableText(); break;
+    case LevelTextGroup: m_lists.appendLevelText(m_pendingText); break;
+    case PdfFileNameGroup: m_pdfFileName += m_pendingText; break;
+    case NisusFileNameGroup: m_picture.fileName += m_pendingText; break;
+    case MathMLGroup: m_picture.mathML += m_pendingText; break;
+    case FieldInstructionGroup:
+        m_fieldInstruction +=
+            m_pendingText.left(ORVRtfLimits::fieldInstruction - int(m_fieldInstruction.size()));
+        break;
+    default: break;
+    }
+}
+
+/*! A semicolon ends an entry of the colour table; several in one piece of text count once. */
+void ORVTextRtfReaderPrivate::drawColorTableText()
+{
+    if (!m_pendingText.contains(QLatin1Char(';')))
+        return;
+    m_colors.endEntry();
+    m_colors.beginEntry(defaultForegroundColor());
+}
 
 void ORVTextRtfReaderPrivate::finalizeDestination()
 {
@@ -24,6 +75,13 @@ void ORVTextRtfReaderPrivate::finalizeDestination()
     }
     m_pendingText.resize(0);
     m_binaryData.clear();
+}
+
+/*! Completes the font that is being defined. */
+void ORVTextRtfReaderPrivate::setFontFamily(const QString& name)
+{
+    m_fonts.define(m_currentFont, name, m_state.charFormat);
+    m_pendingText.resize(0);
 }
 
 void ORVTextRtfReaderPrivate::finalizeFontTable()
@@ -50,10 +108,11 @@ void ORVTextRtfReaderPrivate::finalizeFontTable()
 
 void ORVTextRtfReaderPrivate::finalizeColorTable()
 {
-    if (m_colors.isEmpty())
+    const QRgb* const color = m_colors.find(0);
+    if (!color)
         return;
     QTextCharFormat format = m_defaultCharFormat;
-    format.setForeground(QBrush(QColor(m_colors.first())));
+    format.setForeground(QBrush(QColor(*color)));
     setDefaultCharFormat(format);
 }
 
@@ -67,7 +126,7 @@ void ORVTextRtfReaderPrivate::finalizePicture()
         const QString name = ORVGuiUtil::resourceId(image);
         // A cell's own document hands its text on to the target document, but not its pictures.
         m_document->addResource(QTextDocument::ImageResource, QUrl(name), image);
-        m_cursor.place().insertImage(
+        m_inserter.place().insertImage(
             m_picture.imageFormat(image, name, m_binaryData, m_pictureNumber, m_state.charFormat));
         if (m_picture.fileName.isEmpty())
             ++m_pictureNumber;
@@ -92,33 +151,4 @@ void ORVTextRtfReaderPrivate::setLink(QTextCharFormat& format, const QString& ta
 {
     format.setAnchor(true);
     format.setAnchorHref(target);
-}
-
-void ORVTextRtfReaderPrivate::setDefaultCharFormat(const QTextCharFormat& format)
-{
-    ORVTextFormat::setDefaultCharFormat(m_document, format);
-    adoptDefaultCharFormat(format);
-}
-
-/*! The plain format is the default one without colours and without what words switch on and off. */
-void ORVTextRtfReaderPrivate::adoptDefaultCharFormat(const QTextCharFormat& format)
-{
-    static const int cleared[] = {
-        QTextFormat::ForegroundBrush, QTextFormat::BackgroundBrush, QTextFormat::FontWeight,
-        QTextFormat::FontItalic,      QTextFormat::FontUnderline,   QTextFormat::TextUnderlineStyle,
-        QTextFormat::FontOverline,    QTextFormat::FontStrikeOut,   QTextFormat::TextOutline};
-    m_defaultCharFormat = format;
-    m_plainCharFormat = format;
-    for (int id : cleared)
-        m_plainCharFormat.clearProperty(id);
-    m_plainCharFormat.setFontStrikeOut(false);
-    m_plainCharFormat.setFontOverline(false);
-    m_isPlainInAnnotation = m_plainCharFormat.boolProperty(ORVRtfProperty::InAnnotation);
-    m_isPlainInFootnote = m_plainCharFormat.boolProperty(ORVRtfProperty::InFootnote);
-}
-
-/*! Invalid when the default format names no colour. */
-QColor ORVTextRtfReaderPrivate::defaultForegroundColor() const
-{
-    return compat::brushColor(m_defaultCharFormat, QTextFormat::ForegroundBrush);
 }

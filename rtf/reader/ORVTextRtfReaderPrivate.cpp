@@ -5,6 +5,7 @@
 #include "ORVRtfProperties.h"
 #include "ORVTextFormat.h"
 #include "ORVTextListFormat.h"
+#include "QtFormatCompat_p.h"
 #include "QtStringCompat_p.h"
 #include "TextDocSupport.h"
 
@@ -15,7 +16,6 @@
 #include <QtGui/QTextList>
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -24,42 +24,8 @@ const int hexadecimalRun = 1024;
 // Characters that are usually pending at most: the length of a buffered line.
 const int pendingTextSize = 1024;
 
-bool isInvalid(QChar c)
-{
-    return c.unicode() >= 0x7F && c.unicode() <= 0x9F;
-}
-
-/*! Whether there is anything to clean. Mostly all is ASCII, which is seen for eight characters at a time. */
-bool hasInvalid(const QString& text)
-{
-    const size_t step = 8;
-    const quint64 ones = 0x0001000100010001;
-    const size_t size = size_t(text.size());
-    size_t start = 0;
-    for (; start + step <= size; start += step) {
-        quint64 units[2];
-        std::memcpy(units, text.constData() + start, sizeof units);
-        if (((units[0] + ones) | (units[1] + ones)) & (ones * 0xFF80))
-            break;
-    }
-    return std::any_of(text.begin() + start, text.end(), isInvalid);
-}
-
-bool addsCharacter(ORVTextRtfCommon::KeyWord keyWord)
-{
-    switch (keyWord) {
-    case ORVTextRtfCommon::UnicodeCharacterValue:
-    case ORVTextRtfCommon::ExtendedCharacterValue:
-    case ORVTextRtfCommon::NonBreakableSpace:
-    case ORVTextRtfCommon::EnDash:
-    case ORVTextRtfCommon::EmDash:
-    case ORVTextRtfCommon::LeftQuote:
-    case ORVTextRtfCommon::RightQuote:
-    case ORVTextRtfCommon::LeftDoubleQuote:
-    case ORVTextRtfCommon::RightDoubleQuote: return true;
-    default: return false;
-    }
-}
+// U+007F to U+009F. Unlike a function it is compiled into the loops that use it: all text goes through them.
+const auto isInvalid = [](QChar c) { return c.unicode() >= 0x7F && c.unicode() <= 0x9F; };
 
 } // namespace
 
@@ -85,7 +51,7 @@ bool ORVTextRtfReaderPrivate::read(QTextDocument* document, bool removeInvalidCh
     QTextCursor(document).beginEditBlock();
     beginRead(document, removeInvalidChars);
     m_error = parseFile();
-    m_cursor.moveTo(QTextCursor());
+    m_inserter.moveTo(QTextCursor());
     m_document = nullptr;
     QTextCursor(document).endEditBlock();
 
@@ -99,24 +65,18 @@ bool ORVTextRtfReaderPrivate::read(QTextDocument* document, bool removeInvalidCh
 void ORVTextRtfReaderPrivate::beginRead(QTextDocument* document, bool removeInvalidChars)
 {
     m_document = document;
-    m_cursor.moveTo(QTextCursor(document));
+    m_inserter = ORVRtfTextInserter();
+    m_inserter.moveTo(QTextCursor(document));
     adoptDefaultCharFormat(ORVTextFormat::defaultCharFormat(document));
     m_removeInvalidChars = removeInvalidChars;
-    m_emptyBlockUnsettled = false;
     m_pendingText.resize(0);
-    m_heldText = 0;
     m_binaryData.clear();
     m_state = GroupState();
     m_groups.clear();
     m_skipDepth = 0;
     m_ignorableDestination = false;
     m_paragraph = ORVRtfParagraph();
-    m_columnWidths = ORVRtfFormatSerials();
-    m_rows.clear();
-    m_tableLevel = 0;
-    m_tablesCommitted = false;
-    m_tableCellsLeft = ORVRtfLimits::spareTableCells;
-    m_bordersAreCells = false;
+    m_tables = ORVRtfTableLevels();
     m_picture = ORVRtfPicture();
     m_pictureNumber = 1;
 }
@@ -130,7 +90,8 @@ int ORVTextRtfReaderPrivate::parseFile()
     m_page = ORVRtfPage();
 
     const int status = parseContent();
-    abandonTables();
+    if (m_tables.isOpen())
+        m_inserter.moveTo(m_tables.abandon());
     assembleLists();
     if (m_lacksOutput)
         return DeviceNotOpen;
@@ -146,14 +107,10 @@ int ORVTextRtfReaderPrivate::parseContent()
     for (char c = m_input.charAt(0, &ok); ok; c = m_input.charAt(0, &ok)) {
         int status = NoError;
         switch (c) {
-        case '\\': {
-            ScannedWord word;
-            status = scanKeyword(word);
-            drawTextBefore(word.keyWord);
-            if (status == NoError)
-                status = actOn(word);
+        case '\\':
+            drawText();
+            status = parseKeyword();
             break;
-        }
         case '{':
             drawText();
             status = pushProperties();
@@ -171,38 +128,33 @@ int ORVTextRtfReaderPrivate::parseContent()
         if (result == NoError)
             result = status;
     }
-    drawHeldText();
-    m_cursor.complete();
+    m_inserter.complete();
     return result;
 }
 
 int ORVTextRtfReaderPrivate::parseKeyword()
 {
-    ScannedWord word;
-    const int status = scanKeyword(word);
+    ORVRtfControlWord word;
+    const int status = scanControlWord(word);
     return status == NoError ? actOn(word) : status;
 }
 
 /*! Takes the control word at the read position off the input. */
-int ORVTextRtfReaderPrivate::scanKeyword(ScannedWord& result)
+int ORVTextRtfReaderPrivate::scanControlWord(ORVRtfControlWord& word)
 {
     // The look-ahead fetches at most one more line: enough for any control word.
     m_input.charAt(ORVRtfControlWord::longest);
-    const ORVRtfWordCache::Word& word = m_words.scan(m_input.data(), m_input.available());
-    if (word.scanned.status != ORVRtfControlWord::Complete) {
+    word = ORVRtfControlWord::scan(m_input.data(), m_input.available());
+    if (word.status != ORVRtfControlWord::Complete) {
         // Without its backslash the rest is text, and the rest of the document can be read.
         m_input.release(1);
-        return word.scanned.status == ORVRtfControlWord::CutOff ? UnexpectedEnd : InvalidControlWord;
+        return word.status == ORVRtfControlWord::CutOff ? UnexpectedEnd : InvalidControlWord;
     }
-
-    result.keyWord = word.keyWord;
-    result.hasParameter = word.scanned.hasParameter;
-    result.parameter = word.scanned.parameter;
-    m_input.release(word.scanned.length);
+    m_input.release(word.length);
     return NoError;
 }
 
-int ORVTextRtfReaderPrivate::actOn(const ScannedWord& word)
+int ORVTextRtfReaderPrivate::actOn(const ORVRtfControlWord& word)
 {
     if (m_skipDepth > 0)
         return NoError;
@@ -254,74 +206,39 @@ int ORVTextRtfReaderPrivate::popProperties()
     if (m_groups.isEmpty())
         return UnmatchedClosingBrace;
     finalizeDestination();
-    settleEmptyBlock();
     m_state = m_groups.top();
-    m_groups.removeLast();
+    m_groups.pop_back();
     return NoError;
 }
 
+/*!
+    Hands the text before a control word or a brace on, to the document or to the destination of the group. An
+    empty paragraph takes the formats in force each time, so that the last of them count.
+*/
 void ORVTextRtfReaderPrivate::drawText()
 {
-    if (m_skipDepth > 0)
+    // A font name is complete when its group or its entry ends.
+    if (m_skipDepth > 0 || isIn(FontTableGroup))
         return;
-    m_heldText = 0;
     if (!m_pendingText.isEmpty())
         drawPendingText();
     else if (isInBodyText())
-        noteEmptyText();
+        m_inserter.setBlockFormats(m_paragraph, m_state.charFormat);
 }
 
 void ORVTextRtfReaderPrivate::drawPendingText()
 {
-    // A font name is complete when its group or its entry ends.
-    if (isIn(FontTableGroup))
-        return;
     cleanPendingText();
-    switch (m_state.destination) {
-    case Body:
-    case FieldResultGroup: drawBodyText(); break;
-    case ColorTableGroup: drawColorTableText(); break;
-    case LevelTextGroup: m_lists.appendLevelText(m_pendingText); break;
-    case PdfFileNameGroup: m_pdfFileName += m_pendingText; break;
-    case NisusFileNameGroup: m_picture.fileName += m_pendingText; break;
-    case MathMLGroup: m_picture.mathML += m_pendingText; break;
-    case FieldInstructionGroup:
-        m_fieldInstruction +=
-            m_pendingText.left(ORVRtfLimits::fieldInstruction - int(m_fieldInstruction.size()));
-        break;
-    default: break;
-    }
-    m_pendingText.resize(0);
-}
-
-/*
-    Every control word has the text before it drawn. One that only adds a character to it changes nothing that
-    counts for the text, so that is put off: a word with accents goes into the document in one piece. If no
-   other word or brace follows, what stood before the last character is still drawn, and no more.
-*/
-void ORVTextRtfReaderPrivate::drawTextBefore(KeyWord keyWord)
-{
-    const int length = int(m_pendingText.size());
-    if (length > 0 && length < pendingTextSize && isInBodyText() && addsCharacter(keyWord)
-        && !ORVRtfTextInserter::endsParagraph(m_pendingText.at(length - 1)))
-        m_heldText = length;
+    if (isInBodyText())
+        drawBodyText();
     else
-        drawText();
-}
-
-void ORVTextRtfReaderPrivate::drawHeldText()
-{
-    if (m_heldText == 0)
-        return;
-    m_pendingText.truncate(m_heldText);
-    drawText();
+        drawDestinationText();
+    m_pendingText.resize(0);
 }
 
 /*! Removes or replaces the characters U+007F to U+009F, which no text means. */
 void ORVTextRtfReaderPrivate::cleanPendingText()
 {
-    if (!hasInvalid(m_pendingText))
-        return;
     if (m_removeInvalidChars) {
         const QString::iterator end = std::remove_if(m_pendingText.begin(), m_pendingText.end(), isInvalid);
         m_pendingText.truncate(int(end - m_pendingText.begin()));
@@ -335,51 +252,57 @@ void ORVTextRtfReaderPrivate::drawBodyText()
 {
     // All of it may have been cleaned away.
     if (m_pendingText.isEmpty()) {
-        noteEmptyText();
+        m_inserter.setBlockFormats(m_paragraph, m_state.charFormat);
         return;
     }
     commitBlockFormat();
-    m_cursor.insertText(m_pendingText, m_state.charFormat);
-}
-
-/*
-    An empty paragraph takes the formats in force at every control word and brace, so that the last of them
-    count. They are only put into the document when something else happens to the paragraph: many words
-    usually stand before its text. Near the end of the input nothing may come any more, so it is done at once.
-*/
-void ORVTextRtfReaderPrivate::noteEmptyText()
-{
-    m_emptyBlockUnsettled = true;
-    if (m_input.isFetched())
-        settleEmptyBlock();
-}
-
-/*! A semicolon ends an entry of the colour table; several in one piece of text count once. */
-void ORVTextRtfReaderPrivate::drawColorTableText()
-{
-    if (!m_pendingText.contains(QLatin1Char(';')))
-        return;
-    m_colors.append(m_definedColor.rgb());
-    m_definedColor = defaultForegroundColor();
+    m_inserter.insertText(m_pendingText, m_state.charFormat);
 }
 
 void ORVTextRtfReaderPrivate::commitBlockFormat()
 {
-    if (!m_tablesCommitted) {
-        m_tablesCommitted = true;
-        finalizeTables(m_tableLevel);
-    }
-    m_emptyBlockUnsettled = false;
-    m_cursor.setBlockFormats(m_paragraph.format(), m_state.charFormat);
+    if (m_tables.commitParagraph())
+        finalizeTables(m_tables.paragraphLevel());
+    m_inserter.setBlockFormats(m_paragraph, m_state.charFormat);
 }
 
-/*! Gives the cursor's block the formats in force if it is empty and waits for them; see noteEmptyText(). */
-void ORVTextRtfReaderPrivate::settleEmptyBlock()
+/*! Opens table levels until \a level are open. Text then goes into the cells of the innermost one. */
+void ORVTextRtfReaderPrivate::initializeTables(int level)
 {
-    if (!m_emptyBlockUnsettled)
+    if (m_tables.openLevels() < level)
+        m_inserter.moveTo(m_tables.open(level, m_inserter.place()));
+}
+
+void ORVTextRtfReaderPrivate::endCell()
+{
+    m_tables.takeParagraphOfMergedRow();
+    commitBlockFormat();
+    if (!m_tables.isOpen())
         return;
-    m_emptyBlockUnsettled = false;
-    m_cursor.setBlockFormats(m_paragraph.format(), m_state.charFormat);
+    m_inserter.complete();
+    m_inserter.moveTo(m_tables.endCell());
+}
+
+void ORVTextRtfReaderPrivate::finalizeRow()
+{
+    m_tables.beginParagraph();
+    if (!m_tables.isOpen())
+        return;
+    m_inserter.complete();
+    const QTextCursor nextRow = m_tables.endRow(m_page.textWidth());
+    if (nextRow.isNull())
+        finalizeTables(m_tables.openLevels() - 1);
+    else
+        m_inserter.moveTo(nextRow);
+}
+
+/*! Closes table levels until \a level are open; what follows stands in a new paragraph behind the table. */
+void ORVTextRtfReaderPrivate::finalizeTables(int level)
+{
+    if (m_tables.openLevels() <= level)
+        return;
+    m_inserter.moveTo(m_tables.close(level, m_page.textWidth()));
+    m_inserter.endBlock();
 }
 
 /*! Makes one list of all paragraphs that cite the same override, however far apart they stand. */
@@ -406,4 +329,33 @@ void ORVTextRtfReaderPrivate::assembleLists()
             list = QTextCursor(block).createList(m_lists.findListFormat(number));
         ORVTextListFormat::setBlockLevel(list, block, level);
     }
+}
+
+void ORVTextRtfReaderPrivate::setDefaultCharFormat(const QTextCharFormat& format)
+{
+    ORVTextFormat::setDefaultCharFormat(m_document, format);
+    adoptDefaultCharFormat(format);
+}
+
+/*! The plain format is the default one without colours and without what words switch on and off. */
+void ORVTextRtfReaderPrivate::adoptDefaultCharFormat(const QTextCharFormat& format)
+{
+    static const int cleared[] = {
+        QTextFormat::ForegroundBrush, QTextFormat::BackgroundBrush, QTextFormat::FontWeight,
+        QTextFormat::FontItalic,      QTextFormat::FontUnderline,   QTextFormat::TextUnderlineStyle,
+        QTextFormat::FontOverline,    QTextFormat::FontStrikeOut,   QTextFormat::TextOutline};
+    m_defaultCharFormat = format;
+    m_plainCharFormat = format;
+    for (int id : cleared)
+        m_plainCharFormat.clearProperty(id);
+    m_plainCharFormat.setFontStrikeOut(false);
+    m_plainCharFormat.setFontOverline(false);
+    m_isPlainInAnnotation = m_plainCharFormat.boolProperty(ORVRtfProperty::InAnnotation);
+    m_isPlainInFootnote = m_plainCharFormat.boolProperty(ORVRtfProperty::InFootnote);
+}
+
+/*! Invalid when the default format names no colour. */
+QColor ORVTextRtfReaderPrivate::defaultForegroundColor() const
+{
+    return compat::brushColor(m_defaultCharFormat, QTextFormat::ForegroundBrush);
 }

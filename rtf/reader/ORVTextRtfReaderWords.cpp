@@ -89,9 +89,9 @@ int ORVTextRtfReaderPrivate::translateControlWord(KeyWord keyWord, bool hasParam
 
     // Colour table
     case ColorTable: openColorTable(); break;
-    case Red: m_definedColor.setRed(channel(hasParameter, n)); break;
-    case Green: m_definedColor.setGreen(channel(hasParameter, n)); break;
-    case Blue: m_definedColor.setBlue(channel(hasParameter, n)); break;
+    case Red: m_colors.setRed(channel(hasParameter, n)); break;
+    case Green: m_colors.setGreen(channel(hasParameter, n)); break;
+    case Blue: m_colors.setBlue(channel(hasParameter, n)); break;
 
     // Character formats
     case ResetFormat: resetCharFormat(); break;
@@ -180,37 +180,34 @@ int ORVTextRtfReaderPrivate::translateControlWord(KeyWord keyWord, bool hasParam
     case BottomMargin: m_page.bottomMargin = n; break;
 
     // Tables
-    case InTable: setTableLevel(qMax(1, m_tableLevel)); break;
+    case InTable: setTableLevel(qMax(1, m_tables.paragraphLevel())); break;
     case TableNesting: setTableLevel(n); break;
-    case TableRowCellPadding: setCellPadding(n); break;
+    case TableRowCellPadding: openRow().tableFormat.setCellPadding(points(n)); break;
     case CellRightBoundary: openRow().closeDefinition(n); break;
     case CellMergePreceeding: openRow().currentDefinition().mergeWithPrevious = true; break;
     case CellVerticalMergePreceeding: openRow().currentDefinition().verticalMergeWithPrevious = true; break;
-    case CellVerticalAlignTop: setCellAlignment(QTextCharFormat::AlignTop); break;
-    case CellVerticalAlignCenter: setCellAlignment(QTextCharFormat::AlignMiddle); break;
-    case CellVerticalAlignBottom: setCellAlignment(QTextCharFormat::AlignBottom); break;
+    case CellVerticalAlignTop: m_tables.setCellAlignment(QTextCharFormat::AlignTop); break;
+    case CellVerticalAlignCenter: m_tables.setCellAlignment(QTextCharFormat::AlignMiddle); break;
+    case CellVerticalAlignBottom: m_tables.setCellAlignment(QTextCharFormat::AlignBottom); break;
     case BackgroundPatternColor: setCellColor(n); break;
     case NoCellShading: openRow().currentDefinition().backgroundColor = QColor(); break;
     case CellBorderTop:
     case CellBorderLeft:
     case CellBorderRight:
-    case CellBorderBottom: m_bordersAreCells = true; break;
+    case CellBorderBottom: m_tables.setBordersAreOfCells(true); break;
     case TableRowBorderTop:
     case TableRowBorderLeft:
     case TableRowBorderRight:
-    case TableRowBorderBottom: m_bordersAreCells = false; break;
-    case BorderWidth: setBorderWidth(points(n)); break;
-    case SingleWidthBorder: setBorderWidth(1.0); break;
+    case TableRowBorderBottom: m_tables.setBordersAreOfCells(false); break;
+    case BorderWidth: m_tables.setBorderWidth(points(n)); break;
+    case SingleWidthBorder: m_tables.setBorderWidth(1.0); break;
     case BorderColor: setBorderColor(hasParameter, n); break;
-    case NoBorder: clearBorder(); break;
+    case NoBorder: m_tables.clearBorder(); break;
     case EndCell:
     case EndNestedCell: endCell(); break;
     case EndRow:
     case EndNestedRow: finalizeRow(); break;
-    case LastRow:
-        if (!m_rows.isEmpty())
-            m_rows.top().lastRow = true;
-        break;
+    case LastRow: m_tables.setLastRow(); break;
 
     // Lists
     case List:
@@ -223,7 +220,7 @@ int ORVTextRtfReaderPrivate::translateControlWord(KeyWord keyWord, bool hasParam
     case ListTable: openDestination(ListTableGroup); break;
     case ListLevelText: openDestination(LevelTextGroup); break;
     case ListOverrideTable: openDestination(ListOverrideTableGroup); break;
-    case ListOverrideItem: beginListOverride(); break;
+    case ListOverrideItem: openListOverride(); break;
     case ListOverrideIndex: setListOverrideNumber(n); break;
     case BlockListLevel: m_paragraph.setProperty(ORVRtfProperty::ListLevel, n); break;
 
@@ -279,11 +276,11 @@ void ORVTextRtfReaderPrivate::translateUnicode(bool hasParameter, int unit)
     const qint64 count = qMax(0, m_state.fallbackBytes);
     const char first = m_input.charAt(0);
     if (first == '\\' && m_input.charAt(1) == '\'')
-        m_input.skip(count * escapedByteLength);
+        m_input.skipBytes(count * escapedByteLength);
     else if (first == missingCharacter)
-        m_input.skip(1);
+        m_input.skipBytes(1);
     else
-        m_input.skip(count);
+        m_input.skipBytes(count);
 }
 
 /*!
@@ -331,6 +328,146 @@ void ORVTextRtfReaderPrivate::beginNote(int id)
 {
     setCharProperty(id, true);
     (id == InAnnotation ? m_state.inAnnotation : m_state.inFootnote) = true;
+}
+
+/*! Back to the plain format; notes go on. */
+void ORVTextRtfReaderPrivate::resetCharFormat()
+{
+    m_state.charFormat = m_plainCharFormat;
+    if (m_state.inAnnotation)
+        setCharProperty(InAnnotation, true);
+    if (m_state.inFootnote)
+        setCharProperty(InFootnote, true);
+    m_state.inAnnotation = m_state.inAnnotation || m_isPlainInAnnotation;
+    m_state.inFootnote = m_state.inFootnote || m_isPlainInFootnote;
+    m_state.codePage = ORVRtfFontTable::noCodePage;
+    m_currentFont = m_defaultFont;
+}
+
+void ORVTextRtfReaderPrivate::setBold(bool on)
+{
+    int weight = QFont::Bold;
+    if (!on) {
+        const QString family = compat::fontFamily(m_state.charFormat);
+        weight =
+            family.isEmpty() ? int(QFont::Normal) : ORVTextUtil::defaultFontWeight(family, QFont::Normal);
+    }
+    setCharProperty(QTextFormat::FontWeight, weight);
+}
+
+/*! Outlined text is drawn by its outline alone: the colour of the text moves to the pen and back. */
+void ORVTextRtfReaderPrivate::setOutline(bool on)
+{
+    if (on) {
+        const QColor color = compat::brushColor(m_state.charFormat, QTextFormat::ForegroundBrush);
+        m_state.charFormat.setTextOutline(QPen(color.isValid() ? color : QColor(Qt::black)));
+        m_state.charFormat.setForeground(QBrush(Qt::transparent));
+    } else {
+        m_state.charFormat.setForeground(QBrush(m_state.charFormat.textOutline().color()));
+        clearCharProperty(QTextFormat::TextOutline);
+    }
+}
+
+void ORVTextRtfReaderPrivate::setVerticalAlignment(KeyWord word, bool on)
+{
+    setCharProperty(QTextFormat::TextVerticalAlignment, on ? valueOf(verticalAlignments, word) : 0);
+}
+
+void ORVTextRtfReaderPrivate::setBaselineShift(int halfPoints)
+{
+    setCharProperty(QTextFormat::TextVerticalAlignment, int(QTextCharFormat::AlignMiddle));
+    setCharProperty(BaselineShift, halfPoints);
+}
+
+void ORVTextRtfReaderPrivate::setFontPitch(int pitch)
+{
+    const int fixed = 1;
+    const int variable = 2;
+    if (pitch == fixed || pitch == variable)
+        setCharProperty(QTextFormat::FontFixedPitch, pitch == fixed);
+    else
+        clearCharProperty(QTextFormat::FontFixedPitch);
+}
+
+void ORVTextRtfReaderPrivate::setForegroundColor(int number)
+{
+    const QRgb* const color = m_colors.find(number);
+    if (!color)
+        return;
+    if (m_state.charFormat.hasProperty(QTextFormat::TextOutline)) {
+        QPen outline = m_state.charFormat.textOutline();
+        outline.setColor(QColor(*color));
+        m_state.charFormat.setTextOutline(outline);
+    } else {
+        setCharColor<QBrush>(QTextFormat::ForegroundBrush, *color);
+    }
+}
+
+/*! Word processors paint a white background as colour 1 to say that there is none. */
+void ORVTextRtfReaderPrivate::setBackgroundColor(int number)
+{
+    const QRgb* const color = m_colors.find(number);
+    if (!color)
+        return;
+    if (number == 1 && QColor(*color) == QColor(Qt::white))
+        clearCharProperty(QTextFormat::BackgroundBrush);
+    else
+        setCharColor<QBrush>(QTextFormat::BackgroundBrush, *color);
+}
+
+void ORVTextRtfReaderPrivate::setUnderlineColor(int number)
+{
+    if (const QRgb* const color = m_colors.find(number))
+        setCharColor<QColor>(QTextFormat::TextUnderlineColor, *color);
+}
+
+/*! In the font table the number begins an entry, and may end the one before. */
+void ORVTextRtfReaderPrivate::selectFont(int number)
+{
+    if (isIn(FontTableGroup)) {
+        if (!m_fonts.find(m_currentFont) && !m_pendingText.isEmpty())
+            setFontFamily(m_pendingText);
+        m_currentFont = number;
+        return;
+    }
+    m_currentFont = number;
+    const ORVRtfFontTable::Font* const found = m_fonts.find(number);
+    if (!found)
+        return;
+    m_charFormats.apply(m_state.charFormat, QTextFormat::FontFamily, found->serial,
+                        [=](QTextCharFormat& format) {
+                            compat::setFontFamily(format, found->family);
+                            format.setProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());
+                        });
+    m_state.codePage = m_fonts.codePage(number);
+}
+
+void ORVTextRtfReaderPrivate::setFontCharset(int charset)
+{
+    if (!isIn(FontTableGroup))
+        return;
+    m_state.codePage = charSetToCodePage(charset);
+    m_fonts.setCodePage(m_currentFont, m_state.codePage);
+}
+
+void ORVTextRtfReaderPrivate::setFontCodePage(int codePage)
+{
+    if (isIn(FontTableGroup))
+        m_fonts.setCodePage(m_currentFont, codePage);
+}
+
+void ORVTextRtfReaderPrivate::setFontStyleHint(QFont::StyleHint hint)
+{
+    if (isIn(FontTableGroup))
+        m_fonts.setStyleHint(hint);
+}
+
+void ORVTextRtfReaderPrivate::resetParagraph()
+{
+    if (isInNote())
+        return;
+    m_paragraph.reset();
+    m_tables.beginParagraph();
 }
 
 /*! Paragraph words inside a note must not change the paragraph around it. */
@@ -417,175 +554,50 @@ void ORVTextRtfReaderPrivate::setLineMultiple(int multiple)
         clearBlockProperty(LineMultiple);
 }
 
-/*! Back to the plain format; notes go on. */
-void ORVTextRtfReaderPrivate::resetCharFormat()
+void ORVTextRtfReaderPrivate::endParagraph()
 {
-    m_state.charFormat = m_plainCharFormat;
-    if (m_state.inAnnotation)
-        setCharProperty(InAnnotation, true);
-    if (m_state.inFootnote)
-        setCharProperty(InFootnote, true);
-    m_state.inAnnotation = m_state.inAnnotation || m_isPlainInAnnotation;
-    m_state.inFootnote = m_state.inFootnote || m_isPlainInFootnote;
-    m_state.codePage = ORVRtfFontTable::noCodePage;
-    m_currentFont = m_defaultFont;
+    commitBlockFormat();
+    m_inserter.endBlock();
 }
 
-void ORVTextRtfReaderPrivate::resetParagraph()
+/*! The break is stated on the paragraph that ends, and not on the one that begins. */
+void ORVTextRtfReaderPrivate::endPage()
 {
-    if (isInNote())
-        return;
-    m_paragraph.reset();
-    m_tableLevel = 0;
-    m_tablesCommitted = false;
+    commitBlockFormat();
+    QTextCursor& cursor = m_inserter.place();
+    QTextBlockFormat format = cursor.blockFormat();
+    const int policy = format.intProperty(QTextFormat::PageBreakPolicy);
+    format.setProperty(QTextFormat::PageBreakPolicy, policy | QTextFormat::PageBreak_AlwaysAfter);
+    cursor.setBlockFormat(format);
+    cursor.insertBlock();
+    format.setProperty(QTextFormat::PageBreakPolicy, policy & ~int(QTextFormat::PageBreak_AlwaysAfter));
+    cursor.setBlockFormat(format);
 }
 
-void ORVTextRtfReaderPrivate::setBold(bool on)
+void ORVTextRtfReaderPrivate::setTableLevel(int level)
 {
-    int weight = QFont::Bold;
-    if (!on) {
-        const QString family = compat::fontFamily(m_state.charFormat);
-        weight =
-            family.isEmpty() ? int(QFont::Normal) : ORVTextUtil::defaultFontWeight(family, QFont::Normal);
-    }
-    setCharProperty(QTextFormat::FontWeight, weight);
+    m_tables.setParagraphLevel(level);
+    initializeTables(m_tables.paragraphLevel());
 }
 
-/*! Outlined text is drawn by its outline alone: the colour of the text moves to the pen and back. */
-void ORVTextRtfReaderPrivate::setOutline(bool on)
+/*! The innermost open row; words that describe cells or rows open a table when there is none. */
+ORVTextRtfRow& ORVTextRtfReaderPrivate::openRow()
 {
-    if (on) {
-        const QColor color = compat::brushColor(m_state.charFormat, QTextFormat::ForegroundBrush);
-        m_state.charFormat.setTextOutline(QPen(color.isValid() ? color : QColor(Qt::black)));
-        m_state.charFormat.setForeground(QBrush(Qt::transparent));
-    } else {
-        m_state.charFormat.setForeground(QBrush(m_state.charFormat.textOutline().color()));
-        clearCharProperty(QTextFormat::TextOutline);
-    }
+    initializeTables(1);
+    return m_tables.row();
 }
 
-void ORVTextRtfReaderPrivate::setVerticalAlignment(KeyWord word, bool on)
+void ORVTextRtfReaderPrivate::setCellColor(int number)
 {
-    setCharProperty(QTextFormat::TextVerticalAlignment, on ? valueOf(verticalAlignments, word) : 0);
+    ORVTextRtfRow& row = openRow();
+    if (const QRgb* const color = m_colors.find(number))
+        row.currentDefinition().backgroundColor = QColor(*color);
 }
 
-void ORVTextRtfReaderPrivate::setBaselineShift(int halfPoints)
+void ORVTextRtfReaderPrivate::setBorderColor(bool hasParameter, int number)
 {
-    setCharProperty(QTextFormat::TextVerticalAlignment, int(QTextCharFormat::AlignMiddle));
-    setCharProperty(BaselineShift, halfPoints);
-}
-
-void ORVTextRtfReaderPrivate::setFontPitch(int pitch)
-{
-    const int fixed = 1;
-    const int variable = 2;
-    if (pitch == fixed || pitch == variable)
-        setCharProperty(QTextFormat::FontFixedPitch, pitch == fixed);
-    else
-        clearCharProperty(QTextFormat::FontFixedPitch);
-}
-
-bool ORVTextRtfReaderPrivate::hasColor(int index) const
-{
-    return index >= 0 && index < m_colors.size();
-}
-
-void ORVTextRtfReaderPrivate::setForegroundColor(int index)
-{
-    if (!hasColor(index))
-        return;
-    const QRgb color = m_colors.at(index);
-    if (m_state.charFormat.hasProperty(QTextFormat::TextOutline)) {
-        QPen outline = m_state.charFormat.textOutline();
-        outline.setColor(QColor(color));
-        m_state.charFormat.setTextOutline(outline);
-    } else {
-        setCharColor<QBrush>(QTextFormat::ForegroundBrush, color);
-    }
-}
-
-/*! Word processors paint a white background as colour 1 to say that there is none. */
-void ORVTextRtfReaderPrivate::setBackgroundColor(int index)
-{
-    if (!hasColor(index))
-        return;
-    const QRgb color = m_colors.at(index);
-    if (index == 1 && QColor(color) == QColor(Qt::white))
-        clearCharProperty(QTextFormat::BackgroundBrush);
-    else
-        setCharColor<QBrush>(QTextFormat::BackgroundBrush, color);
-}
-
-void ORVTextRtfReaderPrivate::setUnderlineColor(int index)
-{
-    if (hasColor(index))
-        setCharColor<QColor>(QTextFormat::TextUnderlineColor, m_colors.at(index));
-}
-
-/*! In the font table the number begins an entry, and may end the one before. */
-void ORVTextRtfReaderPrivate::selectFont(int number)
-{
-    if (isIn(FontTableGroup)) {
-        if (!m_fonts.find(m_currentFont) && !m_pendingText.isEmpty())
-            setFontFamily(m_pendingText);
-        m_currentFont = number;
-        return;
-    }
-    m_currentFont = number;
-    const ORVRtfFontTable::Font* const found = m_fonts.find(number);
-    if (!found)
-        return;
-    m_charFormats.apply(m_state.charFormat, QTextFormat::FontFamily, found->serial,
-                        [=](QTextCharFormat& format) {
-                            compat::setFontFamily(format, found->family);
-                            format.setProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());
-                        });
-    m_state.codePage = m_fonts.codePage(number);
-}
-
-void ORVTextRtfReaderPrivate::setFontCharset(int charset)
-{
-    if (!isIn(FontTableGroup))
-        return;
-    m_state.codePage = charSetToCodePage(charset);
-    m_fonts.setCodePage(m_currentFont, m_state.codePage);
-}
-
-void ORVTextRtfReaderPrivate::setFontCodePage(int codePage)
-{
-    if (isIn(FontTableGroup))
-        m_fonts.setCodePage(m_currentFont, codePage);
-}
-
-void ORVTextRtfReaderPrivate::setFontStyleHint(QFont::StyleHint hint)
-{
-    if (isIn(FontTableGroup))
-        m_fonts.setStyleHint(hint);
-}
-
-/*! Completes the font that is being defined. */
-void ORVTextRtfReaderPrivate::setFontFamily(const QString& name)
-{
-    m_fonts.define(m_currentFont, name, m_state.charFormat);
-    m_pendingText.resize(0);
-}
-
-void ORVTextRtfReaderPrivate::openDestination(Destination destination)
-{
-    settleEmptyBlock();
-    m_state.destination = destination;
-}
-
-void ORVTextRtfReaderPrivate::openColorTable()
-{
-    openDestination(ColorTableGroup);
-    m_definedColor = defaultForegroundColor();
-}
-
-void ORVTextRtfReaderPrivate::openPictureData(Destination destination)
-{
-    openDestination(destination);
-    m_state.expectedFormat = HexadecimalData;
+    const QRgb* const color = hasParameter ? m_colors.find(number) : nullptr;
+    m_tables.setBorderColor(color ? QColor(*color) : defaultForegroundColor());
 }
 
 void ORVTextRtfReaderPrivate::setPictureType(const char* type)
@@ -608,14 +620,6 @@ void ORVTextRtfReaderPrivate::translateListTableWord(KeyWord keyWord, int parame
     }
 }
 
-void ORVTextRtfReaderPrivate::beginListOverride()
-{
-    if (!isIn(ListOverrideTableGroup))
-        return;
-    openDestination(ListOverrideGroup);
-    m_lists.beginOverride();
-}
-
 void ORVTextRtfReaderPrivate::setListId(int id)
 {
     if (isIn(ListTableGroup))
@@ -630,24 +634,4 @@ void ORVTextRtfReaderPrivate::setListOverrideNumber(int number)
         m_lists.setOverrideNumber(number);
     else if (isIn(Body))
         m_paragraph.setProperty(ListOverride, number);
-}
-
-void ORVTextRtfReaderPrivate::endParagraph()
-{
-    commitBlockFormat();
-    m_cursor.endBlock();
-}
-
-/*! The break is stated on the paragraph that ends, and not on the one that begins. */
-void ORVTextRtfReaderPrivate::endPage()
-{
-    commitBlockFormat();
-    QTextCursor& cursor = m_cursor.place();
-    QTextBlockFormat format = cursor.blockFormat();
-    const int policy = format.intProperty(QTextFormat::PageBreakPolicy);
-    format.setProperty(QTextFormat::PageBreakPolicy, policy | QTextFormat::PageBreak_AlwaysAfter);
-    cursor.setBlockFormat(format);
-    cursor.insertBlock();
-    format.setProperty(QTextFormat::PageBreakPolicy, policy & ~int(QTextFormat::PageBreak_AlwaysAfter));
-    cursor.setBlockFormat(format);
 }

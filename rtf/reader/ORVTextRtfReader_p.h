@@ -2,19 +2,19 @@
 #define ORVTEXTRTFREADER_P_H
 
 #include "ORVRtfCharFormatCache_p.h"
+#include "ORVRtfColorTable_p.h"
+#include "ORVRtfControlWord_p.h"
 #include "ORVRtfFontTable_p.h"
 #include "ORVRtfInput_p.h"
 #include "ORVRtfListTable_p.h"
 #include "ORVRtfPage_p.h"
 #include "ORVRtfParagraph_p.h"
 #include "ORVRtfPicture_p.h"
+#include "ORVRtfTableLevels_p.h"
 #include "ORVRtfTextInserter_p.h"
-#include "ORVRtfWordCache_p.h"
 #include "ORVTextRtfCommon.h"
-#include "ORVTextRtfRow_p.h"
 
 #include <QtCore/QStack>
-#include <QtCore/QVector>
 #include <QtGui/QColor>
 #include <QtGui/QTextCharFormat>
 
@@ -22,7 +22,8 @@ class QTextDocument;
 
 /*!
     One read of RTF: the tokenizer's main loop, the state of groups, and what control words and the ends of
-    groups do. Font and list tables, pictures and the paragraph format are kept by classes of their own.
+    groups do. What outlasts a word is kept by classes of their own: input, fonts, colours, lists, tables, the
+    paragraph format, pictures, and the text that waits for its insertion.
 */
 class ORVTextRtfReaderPrivate : public ORVTextRtfCommon {
 public:
@@ -50,21 +51,11 @@ public:
     int m_error = NoError;
     // A subclass that writes what it reads has no device to write to: it reads, and fails with DeviceNotOpen.
     bool m_lacksOutput = false;
-
     ORVRtfPage m_page;
 
 protected:
-    /*! A control word that is known, or not, and taken off the input. */
-    struct ScannedWord {
-        KeyWord keyWord = NoKeyWord;
-        bool hasParameter = false;
-        int parameter = 0;
-    };
-
     /*! Scans the control word at the read position and has it translated. */
     int parseKeyword();
-    int scanKeyword(ScannedWord& word);
-    int actOn(const ScannedWord& word);
 
     // Above zero inside a group that is skipped: the number of its open braces.
     int m_skipDepth = 0;
@@ -111,24 +102,31 @@ private:
         bool skipNextGroup = false;
     };
 
-    // Frame (ORVTextRtfReaderPrivate.cpp)
+    // The read, groups, and the document (ORVTextRtfReaderPrivate.cpp)
     void beginRead(QTextDocument* document, bool removeInvalidChars);
     int parseFile();
     int parseContent();
+    int scanControlWord(ORVRtfControlWord& word);
+    int actOn(const ORVRtfControlWord& word);
     void takeText();
     int pushProperties();
     int popProperties();
     void drawText();
-    void drawTextBefore(KeyWord keyWord);
-    void drawHeldText();
     void drawPendingText();
-    void drawBodyText();
-    void noteEmptyText();
-    void drawColorTableText();
     void cleanPendingText();
+    void drawBodyText();
     void commitBlockFormat();
-    void settleEmptyBlock();
+    void initializeTables(int level);
+    void endCell();
+    void finalizeRow();
+    void finalizeTables(int level);
     void assembleLists();
+    void setDefaultCharFormat(const QTextCharFormat& format);
+    void adoptDefaultCharFormat(const QTextCharFormat& format);
+    QColor defaultForegroundColor() const;
+    bool isIn(Destination destination) const { return m_state.destination == destination; }
+    bool isInBodyText() const { return isIn(Body) || isIn(FieldResultGroup); }
+    bool isInNote() const { return m_state.inAnnotation || m_state.inFootnote; }
 
     // Control words (ORVTextRtfReaderWords.cpp)
     void translateUnicode(bool hasParameter, int unit);
@@ -143,7 +141,20 @@ private:
     template <typename Value>
     void setCharColor(int id, QRgb color);
     void beginNote(int id);
-    bool isInNote() const { return m_state.inAnnotation || m_state.inFootnote; }
+    void resetCharFormat();
+    void setBold(bool on);
+    void setOutline(bool on);
+    void setVerticalAlignment(KeyWord word, bool on);
+    void setBaselineShift(int halfPoints);
+    void setFontPitch(int pitch);
+    void setForegroundColor(int number);
+    void setBackgroundColor(int number);
+    void setUnderlineColor(int number);
+    void selectFont(int number);
+    void setFontCharset(int charset);
+    void setFontCodePage(int codePage);
+    void setFontStyleHint(QFont::StyleHint hint);
+    void resetParagraph();
     void setBlockProperty(int id, const QVariant& value);
     void clearBlockProperty(int id);
     void setLeftIndent(double points);
@@ -153,81 +164,49 @@ private:
     bool isRightToLeft() const;
     void setLeadingIndent(int twips);
     void setTrailingIndent(int twips);
-    void resetCharFormat();
-    void resetParagraph();
-    void setBold(bool on);
-    void setOutline(bool on);
-    void setVerticalAlignment(KeyWord word, bool on);
-    void setBaselineShift(int halfPoints);
-    void setFontPitch(int pitch);
-    void setForegroundColor(int index);
-    void setBackgroundColor(int index);
-    void setUnderlineColor(int index);
-    bool hasColor(int index) const;
-    void selectFont(int number);
-    void setFontCharset(int charset);
-    void setFontCodePage(int codePage);
-    void setFontStyleHint(QFont::StyleHint hint);
-    void setFontFamily(const QString& name);
-    bool isIn(Destination destination) const { return m_state.destination == destination; }
-    bool isInBodyText() const { return isIn(Body) || isIn(FieldResultGroup); }
-    void openColorTable();
-    void openDestination(Destination destination);
-    void openPictureData(Destination destination);
-    void setPictureType(const char* type);
-    void translateListTableWord(KeyWord keyWord, int parameter);
-    void beginListOverride();
-    void setListId(int id);
-    void setListOverrideNumber(int number);
     void setLevelOrLeftIndent(int twips);
     void setLevelOrTextIndent(int twips);
     void setLineMultiple(int multiple);
     void endParagraph();
     void endPage();
-
-    // Tables (ORVTextRtfReaderTables.cpp)
     void setTableLevel(int level);
-    void initializeTables(int level);
     ORVTextRtfRow& openRow();
-    void enterLastCell();
-    void endCell();
-    void finalizeRow();
-    void addRowToTable(ORVTextRtfRow& row);
-    void finalizeTables(int level);
-    void abandonTables();
-    void setCellAlignment(QTextCharFormat::VerticalAlignment alignment);
-    void setCellColor(int index);
-    void setCellPadding(int twips);
-    QTextTableFormat* borderFormat();
-    void setBorderWidth(double points);
-    void setBorderColor(bool hasParameter, int index);
-    void clearBorder();
+    void setCellColor(int number);
+    void setBorderColor(bool hasParameter, int number);
+    void setPictureType(const char* type);
+    void translateListTableWord(KeyWord keyWord, int parameter);
+    void setListId(int id);
+    void setListOverrideNumber(int number);
 
-    // Ends of groups (ORVTextRtfReaderDestinations.cpp)
+    // Destinations: how they open, what becomes of their text, and their ends
+    // (ORVTextRtfReaderDestinations.cpp)
+    void openDestination(Destination destination);
+    void openColorTable();
+    void openListOverride();
+    void openPictureData(Destination destination);
+    void drawDestinationText();
+    void drawColorTableText();
     void finalizeDestination();
+    void setFontFamily(const QString& name);
     void finalizeFontTable();
     void finalizeColorTable();
     void finalizePicture();
     void finalizeFieldInstruction();
     void setLink(QTextCharFormat& format, const QString& target);
-    void setDefaultCharFormat(const QTextCharFormat& format);
-    void adoptDefaultCharFormat(const QTextCharFormat& format);
-    QColor defaultForegroundColor() const;
 
-    // Where the document grows
+    // The document, and where it grows
     QTextDocument* m_document = nullptr;
-    ORVRtfTextInserter m_cursor;
+    ORVRtfTextInserter m_inserter;
     bool m_removeInvalidChars = false;
-    // The cursor's block may be empty and then has not been given its formats yet; see noteEmptyText().
-    bool m_emptyBlockUnsettled = false;
 
-    ORVRtfWordCache m_words;
-
-    // Read so far and not yet in the document
+    // Text and data since the last control word or brace that took them
     QString m_pendingText;
-    // How much of it is to be drawn although nothing has followed that has it drawn; see drawTextBefore().
-    int m_heldText = 0;
     QByteArray m_binaryData;
+
+    // Groups
+    GroupState m_state;
+    QStack<GroupState> m_groups;
+    bool m_ignorableDestination = false;
 
     // The document's default character format, and what \plain makes of it
     QTextCharFormat m_defaultCharFormat;
@@ -237,33 +216,17 @@ private:
     bool m_isPlainInFootnote = false;
     ORVRtfCharFormatCache m_charFormats;
 
-    // Groups
-    GroupState m_state;
-    QStack<GroupState> m_groups;
-    bool m_ignorableDestination = false;
-
-    // Document tables
+    // Fonts, colours and encoding
     ORVRtfFontTable m_fonts;
     int m_defaultFont = 0;
     int m_currentFont = 0;
-    QVector<QRgb> m_colors;
-    QColor m_definedColor = Qt::black;
+    ORVRtfColorTable m_colors;
     int m_documentCodePage = 1252;
-    ORVRtfListTable m_lists;
 
-    // Paragraphs
+    // Paragraphs, lists and tables
     ORVRtfParagraph m_paragraph;
-
-    // Tables: the open levels, innermost on top
-    QStack<ORVTextRtfRow> m_rows;
-    // Level the current paragraph is said to stand in, and whether deeper ones have been closed for it.
-    int m_tableLevel = 0;
-    bool m_tablesCommitted = false;
-    // Cells that tables may still take; see ORVRtfLimits::spareTableCells.
-    qint64 m_tableCellsLeft = 0;
-    ORVRtfFormatSerials m_columnWidths;
-    // Whether border words describe cells, or rows, whose borders are not kept.
-    bool m_bordersAreCells = false;
+    ORVRtfListTable m_lists;
+    ORVRtfTableLevels m_tables;
 
     // Fields and pictures
     QString m_fieldInstruction;

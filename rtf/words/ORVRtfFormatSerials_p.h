@@ -5,34 +5,46 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QHash>
+#include <QtCore/QVariant>
 #include <QtGui/QTextFormat>
 
 /*!
-    Makes formats distinguishable that differ only in a list-valued property. A document finds its formats by
-    a hash into which Qt takes such a list by its length alone: thousands of different tab stops or column
-    widths would be compared one by one. Formats beyond ORVRtfLimits::formatsWithoutSerial get a serial
-    number, which the hash covers.
+    Sets list-valued properties so that a document finds formats with them quickly.
+
+    A document finds its formats by a hash into which Qt takes a list by its length alone: thousands of
+   different tab stops or column widths would be compared one by one. Formats beyond
+   ORVRtfLimits::formatsWithoutSerial get a serial number, which the hash covers. Equal lists are one value,
+   so that comparing them ends at once; Qt 4 would even take equal tab stops for different ones if they were
+   not.
 */
 class ORVRtfFormatSerials {
 public:
     /*! int, block and table formats. Means nothing to applications. */
     static const int property = QTextFormat::UserProperty + 220;
 
-    /*! Gives \a format, one of whose properties is a list with the content \a list, its serial number. */
-    void distinguish(QTextFormat& format, const QByteArray& list)
+    /*!
+        Sets the property \a id of \a format to a list, and the serial number of the list. \a key differs for
+        different lists; \a makeList makes a QVariant of a list that is new.
+    */
+    template <typename MakeList>
+    void setList(QTextFormat& format, int id, const QByteArray& key, MakeList makeList)
     {
-        const int count = int(m_serials.size());
-        const int serial = m_serials.value(list, count);
-        if (serial == count)
-            m_serials.insert(list, serial);
-        if (serial >= ORVRtfLimits::formatsWithoutSerial)
-            format.setProperty(property, serial);
+        QHash<QByteArray, List>::iterator list = m_lists.find(key);
+        if (list == m_lists.end())
+            list = m_lists.insert(key, {int(m_lists.size()), makeList()});
+        format.setProperty(id, list->value);
+        if (list->serial >= ORVRtfLimits::formatsWithoutSerial)
+            format.setProperty(property, list->serial);
         else
             format.clearProperty(property);
     }
 
 private:
-    QHash<QByteArray, int> m_serials;
+    struct List {
+        int serial;
+        QVariant value;
+    };
+    QHash<QByteArray, List> m_lists;
 };
 
 #endif

@@ -221,6 +221,11 @@ private slots:
         add("in a group before", "{a\\par{\\qr\\b}}", none, right);
         add("in the last group", "{a\\par{\\qr\\b}", dump(onlyBold), right);
         add("before the end of the input", "{a\\par\\b\\qr ", dump(onlyBold), none);
+        add("before text that nothing follows", "{a\\par\\b\\qr " + QByteArray(2000, 'x'), dump(onlyBold),
+            none);
+        add("before many lines that nothing follows", "{a\\par\\b\\qr " + "text\n"_b.repeated(4000),
+            dump(onlyBold), none);
+        add("before a tab stop", "{a\\par\\b\\tx720", dump(onlyBold), none);
         add("in a field", "{a\\par{\\field\\qr\\b}", none, none);
         add("in a field, then text's end", "{a\\par{\\field\\qr\\b}}", none, right);
         add("in a field's result", "{a\\par{\\field{\\fldrslt\\qr\\b}", dump(onlyBold), right);

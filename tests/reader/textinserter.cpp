@@ -3,7 +3,14 @@
 
 namespace {
 
-QTextBlockFormat indented(double margin)
+ORVRtfParagraph indented(double margin)
+{
+    ORVRtfParagraph paragraph;
+    paragraph.setProperty(QTextFormat::BlockLeftMargin, margin);
+    return paragraph;
+}
+
+QTextBlockFormat indentedFormat(double margin)
 {
     QTextBlockFormat format;
     format.setLeftMargin(margin);
@@ -41,7 +48,7 @@ QStringList pieces(const QTextDocument& document)
 
 } // namespace
 
-/*! The place where text goes in, which owes its document the paragraph behind one that has ended. */
+/*! The place where text is inserted, and what waits there. */
 class TestTextInserter : public QObject {
     Q_OBJECT
 
@@ -58,7 +65,7 @@ private slots:
         QVERIFY(cursor.place().isNull());
     }
 
-    void paragraphIsOwedUntilItMatters()
+    void paragraphWaitsUntilItMatters()
     {
         ORVRtfTextInserter cursor;
         cursor.moveTo(QTextCursor(&m_document));
@@ -127,8 +134,56 @@ private slots:
         ORVRtfTextInserter cursor;
         cursor.moveTo(QTextCursor(&m_document));
         cursor.setBlockFormats(indented(5), sized(9));
+        cursor.complete();
         cursor.setBlockFormats(indented(6), sized(7));
+        cursor.complete();
         QCOMPARE(paragraphs(m_document), QStringList("|6|7"_s));
+    }
+
+    /*! Setting them costs as much as the paragraph, and usually others follow before its text. */
+    void formatsOfEmptyParagraphsWait()
+    {
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.setBlockFormats(indented(5), sized(9));
+        QCOMPARE(paragraphs(m_document), QStringList("|0|0"_s));
+        cursor.setBlockFormats(indented(6), sized(7));
+        cursor.endBlock();
+        QCOMPARE(paragraphs(m_document), QStringList("|6|7"_s));
+        cursor.setBlockFormats(indented(4), sized(3));
+        cursor.place();
+        QCOMPARE(paragraphs(m_document), QStringList({"|6|7"_s, "|4|3"_s}));
+    }
+
+    /*! They are those of the paragraph at the place where they were set. */
+    void waitingFormatsStayBehind()
+    {
+        QTextDocument other;
+        ORVRtfTextInserter cursor;
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.setBlockFormats(indented(5), sized(9));
+        cursor.moveTo(QTextCursor(&other));
+        cursor.complete();
+        QCOMPARE(paragraphs(m_document), QStringList("|5|9"_s));
+        QCOMPARE(paragraphs(other), QStringList("|0|0"_s));
+    }
+
+    /*! The document of a cell ends with its table while the place is in it. */
+    void placesMayVanish()
+    {
+        ORVRtfTextInserter cursor;
+        {
+            QTextDocument cell;
+            cursor.moveTo(QTextCursor(&cell));
+            cursor.setBlockFormats(indented(5), sized(9));
+            cursor.insertText("lost"_s, sized(9));
+            cursor.endBlock();
+            cursor.setBlockFormats(indented(6), sized(9));
+        }
+        cursor.moveTo(QTextCursor(&m_document));
+        cursor.insertText("kept"_s, sized(9));
+        cursor.complete();
+        QCOMPARE(paragraphs(m_document), QStringList("kept|0|0"_s));
     }
 
     void emptyParagraphsAreKept()
@@ -158,6 +213,7 @@ private slots:
         cursor.setBlockFormats(indented(5), sized(9));
         cursor.insertText(QLatin1Char('a') + QString(QChar(ushort(unit))), sized(9));
         cursor.setBlockFormats(indented(6), sized(7));
+        cursor.complete();
         QCOMPARE(paragraphs(m_document), QStringList({"a|5|9"_s, "|6|7"_s}));
     }
 
@@ -173,6 +229,7 @@ private slots:
         QCOMPARE(paragraphs(m_document).last(), "|6|7"_s);
         // The text at the old place does not keep the empty paragraph here from getting its formats.
         cursor.setBlockFormats(indented(4), sized(3));
+        cursor.complete();
         QCOMPARE(paragraphs(other), QStringList("|4|3"_s));
     }
 
@@ -185,6 +242,7 @@ private slots:
         cursor.place().insertText("b"_s);
         cursor.place().insertBlock();
         cursor.setBlockFormats(indented(6), sized(7));
+        cursor.complete();
         QCOMPARE(m_document.toPlainText(), "a\nb\n"_s);
         QCOMPARE(paragraphs(m_document).last(), "|6|7"_s);
     }
@@ -270,7 +328,8 @@ private slots:
             cursor.moveTo(QTextCursor(&m_document));
             QTextCursor plain(&expected);
             for (int step = 0; step < 60; ++step) {
-                const QTextBlockFormat blockFormat = indented(upTo(2));
+                const int margin = upTo(2);
+                const QTextBlockFormat blockFormat = indentedFormat(margin);
                 const QTextCharFormat charFormat = sized(9 + upTo(2));
                 switch (upTo(8)) {
                 case 0:
@@ -280,7 +339,7 @@ private slots:
                     break;
                 case 2:
                 case 3:
-                    cursor.setBlockFormats(blockFormat, charFormat);
+                    cursor.setBlockFormats(indented(margin), charFormat);
                     if (plain.block().length() == 1) {
                         plain.setBlockCharFormat(charFormat);
                         plain.setBlockFormat(blockFormat);

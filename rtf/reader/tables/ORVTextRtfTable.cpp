@@ -299,18 +299,17 @@ void ORVTextRtfTable::absorb(int target, int absorbed, ORVRtfCellContent::Separa
 
 void ORVTextRtfTable::setColumnWidths(double textWidth, ORVRtfFormatSerials& lists)
 {
-    QVector<QTextLength> widths;
-    QByteArray list;
+    QVariantList widths;
+    QByteArray key;
     const bool useBoundaries = m_columns <= m_boundaries.size() && textWidth > 0;
     for (int column = 0; column < m_columns; ++column) {
         const double left = column > 0 && useBoundaries ? m_boundaries.at(column - 1) : 0;
         const double percentage =
             useBoundaries ? 100.0 * (m_boundaries.at(column) - left) / textWidth : 100.0 / m_columns;
         widths.append(QTextLength(QTextLength::PercentageLength, percentage));
-        list += QByteArray::number(percentage, 'g', 17) + ';';
+        key.append(reinterpret_cast<const char*>(&percentage), int(sizeof percentage));
     }
-    m_format.setColumnWidthConstraints(widths);
-    lists.distinguish(m_format, list);
+    lists.setList(m_format, QTextFormat::TableColumnWidthConstraints, key, [&] { return QVariant(widths); });
 }
 
 void ORVTextRtfTable::insertAt(QTextCursor& cursor) const

@@ -1,0 +1,120 @@
+#include "ORVRtfControlWord_p.h"
+#include "ORVRtfWordTable_p.h"
+#include "testsupport.h"
+
+namespace {
+
+QByteArray spelling(int keyWord)
+{
+    return ORVTextRtfCommon::toLatin1(ORVTextRtfCommon::KeyWord(keyWord)).latin1();
+}
+
+int found(const QByteArray& word)
+{
+    return ORVRtfWordTable::find(word.constData(), int(word.size()));
+}
+
+/*! What the public look-up finds, which has tables of its own. */
+int expected(const QByteArray& word)
+{
+    return ORVTextRtfCommon::fromLatin1(word.constData(), unsigned(word.size()));
+}
+
+} // namespace
+
+/*! Control words as the tokenizer scans them and looks them up. */
+class TestWordTable : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { ORVTextRtfCommon::initHash(); }
+
+    void allWordsAreFound()
+    {
+        for (int keyWord = 1; keyWord <= ORVTextRtfCommon::KeyWordCount; ++keyWord)
+            QCOMPARE(found(spelling(keyWord)), keyWord);
+    }
+
+    void beginningsAndLongerWords()
+    {
+        for (int keyWord = 1; keyWord <= ORVTextRtfCommon::KeyWordCount; ++keyWord) {
+            const QByteArray word = spelling(keyWord);
+            for (int size = 2; size < word.size(); ++size)
+                QCOMPARE(found(word.left(size)), expected(word.left(size)));
+            for (char c = 'a'; c <= 'z'; ++c)
+                QCOMPARE(found(word + c), expected(word + c));
+            // Upper and lower case are different words.
+            QCOMPARE(found(word.toUpper()), expected(word.toUpper()));
+        }
+    }
+
+    void everyControlSymbol()
+    {
+        for (int byte = 0; byte < 256; ++byte) {
+            const QByteArray symbol = QByteArray("\\") + char(byte);
+            QVERIFY2(found(symbol) == expected(symbol), qPrintable(QString::number(byte)));
+        }
+    }
+
+    void anyLetters()
+    {
+        std::mt19937 random(20261122);
+        const QByteArray letters = "abcdefilnprstuw";
+        int known = 0;
+        for (int round = 0; round < 200000; ++round) {
+            QByteArray word = "\\";
+            const int size = 1 + int(random() % 5);
+            for (int i = 0; i < size; ++i)
+                word += letters[int(random() % unsigned(letters.size()))];
+            QVERIFY2(found(word) == expected(word), word.constData());
+            known += found(word) == ORVTextRtfCommon::NoKeyWord ? 0 : 1;
+        }
+        QVERIFY(known > 1000);
+    }
+
+    void scannedWords_data()
+    {
+        const Columns<QByteArray, int, bool, int, int> add("bytes", "keyWord", "hasParameter", "parameter",
+                                                           "length");
+        add("negative", "\\fs-24 text", ORVTextRtfCommon::FontSize, true, -24, 7);
+        add("to the end", "\\fs24", ORVTextRtfCommon::FontSize, true, 24, 5);
+        add("zero", "\\b0 ", ORVTextRtfCommon::Bold, true, 0, 4);
+        add("two blanks", "\\b  a", ORVTextRtfCommon::Bold, false, 0, 3);
+        add("hyphen without digits", "\\b- a", ORVTextRtfCommon::Bold, false, 0, 4);
+        add("shorter word", "\\par\\pard", ORVTextRtfCommon::NewParagraph, false, 0, 4);
+        add("longer word", "\\pard\\par", ORVTextRtfCommon::ResetParagraph, false, 0, 5);
+        add("symbol", "\\'e9", ORVTextRtfCommon::ExtendedCharacterValue, false, 0, 2);
+        add("symbol and blank", "\\~ ", ORVTextRtfCommon::NonBreakableSpace, false, 0, 2);
+        add("unknown", "\\quibble7 ", ORVTextRtfCommon::NoKeyWord, true, 7, 10);
+    }
+
+    void scannedWords()
+    {
+        FETCH(QByteArray, bytes);
+        const ORVRtfControlWord word = ORVRtfControlWord::scan(bytes.constData(), int(bytes.size()));
+        QCOMPARE(word.status, ORVRtfControlWord::Complete);
+        QTEST(int(word.keyWord), "keyWord");
+        QTEST(word.hasParameter, "hasParameter");
+        QTEST(word.parameter, "parameter");
+        QTEST(word.length, "length");
+    }
+
+    void incompleteWords_data()
+    {
+        const Columns<QByteArray, int> add("bytes", "status");
+        add("backslash", "\\", ORVRtfControlWord::CutOff);
+        add("letters to the end", "\\par", ORVRtfControlWord::TooLong);
+        add("64 bytes", "\\" + QByteArray(63, 'a') + ' ', ORVRtfControlWord::TooLong);
+    }
+
+    void incompleteWords()
+    {
+        FETCH(QByteArray, bytes, int, status);
+        const ORVRtfControlWord word = ORVRtfControlWord::scan(bytes.constData(), int(bytes.size()));
+        QCOMPARE(int(word.status), status);
+        QCOMPARE(word.keyWord, ORVTextRtfCommon::NoKeyWord);
+    }
+};
+
+ORV_TEST("wordtable", TestWordTable, QCoreApplication)
+#include "wordtable.moc"
