@@ -36,10 +36,10 @@ struct ORV_RTF_EXPORT ORVPageSetup {
     int firstNumber = 1;
 
     /*!
-        What the dynamic properties of \a document describe: its page (see ORVPageGeometry::of()), "header"
-       and "footer" (ORVTextPage), "notOnFirstPage" and "countFirstPage" (bool), as ORVTextRtfWriter writes
-       them. Unless the first page is counted, the second one has the number 1. A default-constructed set-up
-       when \a document is null.
+        The set-up that dynamic properties of \a document describe: the page (see ORVPageGeometry::of()),
+        "header" and "footer" (ORVTextPage), "notOnFirstPage" and "countFirstPage" (bool). ORVTextRtfWriter
+        writes the same properties. Unless the first page is counted, the second page has the number 1.
+        A default-constructed set-up when \a document is null.
     */
     static ORVPageSetup of(const QTextDocument* document);
 };
