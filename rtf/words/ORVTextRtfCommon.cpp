@@ -101,7 +101,7 @@ void ORVTextRtfCommon::initMap()
 {
     std::call_once(mapBuilt, [] {
         mMap.reserve(KeyWordCount);
-#define ORV_INSERT_ROW(name, spelling) mMap.insert(name, QLatin1String(ORVRtfKeywords::name##Str));
+#define ORV_INSERT_ROW(name, spelling) mMap.insert(name, QLatin1String(spelling));
         ORV_RTF_KEYWORDS(ORV_INSERT_ROW)
 #undef ORV_INSERT_ROW
     });

@@ -526,11 +526,27 @@ private slots:
         QCOMPARE(result.out, "Text\n"_b);
     }
 
+    void fileNamesInCLocale_data()
+    {
+        QTest::addColumn<QString>("variable");
+        QTest::addColumn<QString>("locale");
+
+        row("all categories", "LC_ALL"_s, "C"_s);
+        row("default", "LANG"_s, "C"_s);
+        row("characters", "LC_CTYPE"_s, "POSIX"_s);
+        row("no locale", "LANG"_s, QString());
+        row("unknown locale", "LC_ALL"_s, "xx_XX.UTF-8"_s);
+    }
+
     void fileNamesInCLocale()
     {
+        QFETCH(QString, variable);
+        QFETCH(QString, locale);
         const QString name = "\xc3\xa4 \xe2\x82\xac"_s;
         write("\xc3\xa4 \xe2\x82\xac.rtf", "{\\rtf1 Text}");
-        m_environment.insert("LC_ALL"_s, "C"_s);
+        for (const char* other : {"LC_ALL", "LC_CTYPE", "LANG"})
+            m_environment.remove(QLatin1String(other));
+        m_environment.insert(variable, locale);
         const ToolRun result = run({"convert"_s, name + ".rtf"_s, name + ".txt"_s});
         QCOMPARE(result.err, QByteArray());
         QCOMPARE(result.exitCode, 0);

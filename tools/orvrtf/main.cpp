@@ -21,9 +21,11 @@ namespace {
 */
 void useUtf8InsteadOfAscii()
 {
-    std::setlocale(LC_ALL, "");
-    if (qstrcmp(nl_langinfo(CODESET), "ANSI_X3.4-1968") == 0)
-        qputenv("LC_ALL", "C.UTF-8");
+    std::setlocale(LC_CTYPE, "");
+    if (qstrcmp(nl_langinfo(CODESET), "ANSI_X3.4-1968") != 0)
+        return;
+    // Only this category matters. Each other one is a file that the C library would load at every start.
+    qputenv(qEnvironmentVariableIsEmpty("LC_ALL") ? "LC_CTYPE" : "LC_ALL", "C.UTF-8");
 }
 
 /*! Keeps what Qt says of its own, about environment and damaged pictures, from the standard error. */
