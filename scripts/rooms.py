@@ -22,8 +22,8 @@ BELOW = {
     "rtf/reader": ["rtf/reader/tables"],
     "rtf/stripper": ["rtf/reader"],
     "rtf/writer": ["rtf/bytes"],
-    "view": ["rtf/*.h"],
-    "rtf/*.cpp": ["rtf/stripper", "rtf/writer", "view"],
+    "rtf/*.cpp": ["rtf/stripper", "rtf/writer"],
+    "view": ["rtf/*.cpp"],
     **dict.fromkeys(["examples", "imageformats", "tools"], ["view"]),
 }
 
