@@ -528,20 +528,17 @@ private slots:
 
     void fileNamesInCLocale_data()
     {
-        QTest::addColumn<QString>("variable");
-        QTest::addColumn<QString>("locale");
-
-        row("all categories", "LC_ALL"_s, "C"_s);
-        row("default", "LANG"_s, "C"_s);
-        row("characters", "LC_CTYPE"_s, "POSIX"_s);
-        row("no locale", "LANG"_s, QString());
-        row("unknown locale", "LC_ALL"_s, "xx_XX.UTF-8"_s);
+        const Columns<QString, QString> add("variable", "locale");
+        add("all categories", "LC_ALL", "C");
+        add("default", "LANG", "C");
+        add("characters", "LC_CTYPE", "POSIX");
+        add("no locale", "LANG", QString());
+        add("unknown locale", "LC_ALL", "xx_XX.UTF-8");
     }
 
     void fileNamesInCLocale()
     {
-        QFETCH(QString, variable);
-        QFETCH(QString, locale);
+        FETCH(QString, variable, QString, locale);
         const QString name = "\xc3\xa4 \xe2\x82\xac"_s;
         write("\xc3\xa4 \xe2\x82\xac.rtf", "{\\rtf1 Text}");
         for (const char* other : {"LC_ALL", "LC_CTYPE", "LANG"})
