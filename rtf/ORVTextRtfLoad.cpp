@@ -39,8 +39,10 @@ void loadHtml(const QString& fileName, QTextDocument* document)
         document->setHtml(compat::fromUtf8(data));
 }
 
-/*! Has \a reader read the file \a fileName; false without a message when there is nothing to read or no
- * document. */
+/*!
+    Has \a reader read the file \a fileName; false without a message when there is nothing to read or no
+    document.
+*/
 bool readRtf(const QString& fileName, ORVTextRtfReader& reader, QTextDocument* document, QString* message)
 {
     QFile file(fileName);

@@ -37,7 +37,7 @@ public:
 
     /*!
         How many buffered bytes from the read position on, at least one, are no backslash, no brace and no
-       line end; the first is not looked at.
+        line end; the first is not looked at.
     */
     int textLength() const;
 
@@ -47,7 +47,7 @@ public:
     void skipBytes(qint64 count);
     /*!
         How many hexadecimal digits stand at the read position, up to \a limit; they are buffered then. Each
-       is looked for with charAt(), so they may go across refills.
+        is looked for with charAt(), so they may go across refills.
     */
     int hexadecimalDigits(int limit);
 

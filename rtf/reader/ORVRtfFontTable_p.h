@@ -34,7 +34,7 @@ public:
     /*!
         Defines font \a number: \a name as it stands in the file (white space and one ";" at its end do not
         count), replaced by the installed family that stands best for it; everything else is that of \a
-       format. An empty name never replaces a font.
+        format. An empty name never replaces a font.
     */
     void define(int number, const QString& name, const QTextCharFormat& format);
 

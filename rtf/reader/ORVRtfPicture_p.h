@@ -18,8 +18,9 @@ public:
     QString type;
     QString fileName;
     QString mathML;
-    /*! Size to show the picture in, in pixels, and scale of that size in percent; -1 where nothing is said.
-     */
+    /*!
+        Size to show the picture in, in pixels, and scale of that size in percent; -1 where nothing is said.
+    */
     int goalWidth = -1;
     int goalHeight = -1;
     int scaleX = -1;

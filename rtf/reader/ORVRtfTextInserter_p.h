@@ -10,7 +10,7 @@
 
 /*!
     The place where a document grows, and what waits there: each insertion into a QTextDocument is expensive,
-   so they are deferred and merged.
+    so they are deferred and merged.
 
     - The formats of an empty paragraph wait until something happens to it, since the last ones count.
     - The paragraph behind one that has ended waits as well, and is inserted with its formats: setting them

@@ -12,10 +12,10 @@
     Sets list-valued properties so that a document finds formats with them quickly.
 
     A document finds its formats by a hash into which Qt takes a list by its length alone: thousands of
-   different tab stops or column widths would be compared one by one. Formats beyond
-   ORVRtfLimits::formatsWithoutSerial get a serial number, which the hash covers. Equal lists are one value,
-   so that comparing them ends at once; Qt 4 would even take equal tab stops for different ones if they were
-   not.
+    different tab stops or column widths would be compared one by one. Formats beyond
+    ORVRtfLimits::formatsWithoutSerial get a serial number, which the hash covers. Equal lists are one value,
+    so that comparing them ends at once; Qt 4 would even take equal tab stops for different ones if they were
+    not.
 */
 class ORVRtfFormatSerials {
 public:

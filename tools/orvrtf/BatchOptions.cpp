@@ -33,8 +33,9 @@ QString timeoutName()
     return QLatin1String("timeout");
 }
 
-/*! Reads the option \a name as a number up to \a max. Not given, it leaves \a number alone; false otherwise.
- */
+/*!
+    Reads the option \a name as a number up to \a max. Not given, it leaves \a number alone; false otherwise.
+*/
 bool readNumber(const QCommandLineParser& parser, const QString& name, int max, int* number)
 {
     if (!parser.isSet(name))

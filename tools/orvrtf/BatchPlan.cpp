@@ -9,8 +9,10 @@
 
 namespace {
 
-/*! PNG is a file for each page, "a.png", "a-2.png" and so on: the first of them, if \a output is a further
- * one. */
+/*!
+    PNG is a file for each page, "a.png", "a-2.png" and so on: the first of them, if \a output is a further
+    one.
+*/
 QString firstPageOf(const QString& output)
 {
     const QString suffix = QLatin1String(".png");

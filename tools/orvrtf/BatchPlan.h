@@ -26,8 +26,9 @@ struct BatchPlan {
     bool keepGoing = false;
 };
 
-/*! Where the batch puts what it makes of \a input: the directory, the name without its suffix, and \a suffix.
- */
+/*!
+    Where the batch puts what it makes of \a input: the directory, the name without its suffix, and \a suffix.
+*/
 QString batchOutput(const QString& directory, const QString& input, const QString& suffix);
 
 /*! Says why the \a files cannot all be written without a loss; an empty text if they can. */

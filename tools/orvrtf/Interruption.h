@@ -11,8 +11,10 @@ class UnfinishedFile {
 public:
     UnfinishedFile() = default;
     ~UnfinishedFile();
-    /*! From now on it is the file open as \a descriptor. Does nothing where the system does not tell its
-     * path. */
+    /*!
+        From now on it is the file open as \a descriptor. Does nothing where the system does not tell its
+        path.
+    */
     void watch(int descriptor);
 
 private:
@@ -21,8 +23,8 @@ private:
 
 /*!
     While an object of this class lives, SIGHUP, SIGINT and SIGTERM kill the programs that this one has
-   started, and what they started, so that whoever waits for them can clear up behind them; the destructor
-   then ends this program. When the signal comes again, it ends this program at once.
+    started, and what they started, so that whoever waits for them can clear up behind them; the destructor
+    then ends this program. When the signal comes again, it ends this program at once.
 */
 class StartedPrograms {
 public:
@@ -51,8 +53,10 @@ namespace Interruption {
 
 typedef void (*Handler)(int signal);
 
-/*! Lets \a handler be called on SIGHUP, SIGINT and SIGTERM, but for those that the program was started to
- * ignore. */
+/*!
+    Lets \a handler be called on SIGHUP, SIGINT and SIGTERM, but for those that the program was started to
+    ignore.
+*/
 void handle(Handler handler);
 /*! Lets them end the program again. */
 void stopHandling();

@@ -8,8 +8,8 @@ class QTextDocument;
 
 /*!
     Both functions divide \a document, which is in stock form (see ORVStockFormats), into pages: of the size
-   and with the margins that its properties say, else A4. Header, footer and page numbers come from its
-   properties too (ORVTextPage). What cannot be shown is replaced in the document.
+    and with the margins that its properties say, else A4. Header, footer and page numbers come from its
+    properties too (ORVTextPage). What cannot be shown is replaced in the document.
 */
 
 /*! \a document as PDF, with its fonts embedded. Empty on failure. */

@@ -7,7 +7,7 @@
 
 /*!
     Tells an event loop that SIGHUP, SIGINT or SIGTERM has come, instead of letting it end the program. There
-   is one at a time.
+    is one at a time.
 */
 class SignalWatch {
 public:

@@ -13,7 +13,7 @@
     The input of a command: a file, or the standard input for the path "-".
 
     A device that cannot say where it ends before more data arrives, such as a pipe, needs care: a reader
-   would take a pause of the writing program for the end.
+    would take a pause of the writing program for the end.
 */
 class InputStream {
 public:
@@ -49,7 +49,7 @@ private:
 
 /*!
     The output of a command: a file, which appears whole or not at all, or the standard output for the path
-   "-".
+    "-".
 */
 class OutputStream {
 public:
@@ -89,8 +89,10 @@ private:
 */
 bool writeOutput(const QString& path, const QByteArray& data, QString* errorString);
 
-/*! "orvrtf: ", \a message and a line feed, in the encoding of the locale; one line whatever line breaks it
- * has. */
+/*!
+    "orvrtf: ", \a message and a line feed, in the encoding of the locale; one line whatever line breaks it
+    has.
+*/
 QByteArray errorLine(const QString& message);
 
 /*! Writes the errorLine() of \a message to the standard error. */

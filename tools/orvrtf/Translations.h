@@ -13,8 +13,9 @@ public:
     */
     static QStringList wantedLanguages();
 
-    /*! Loads the messages in the first of \a languages that there are messages in. Needs a QCoreApplication.
-     */
+    /*!
+        Loads the messages in the first of \a languages that there are messages in. Needs a QCoreApplication.
+    */
     explicit Translations(const QStringList& languages);
 
 private:

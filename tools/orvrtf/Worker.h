@@ -10,8 +10,10 @@
 #include <functional>
 #include <sys/types.h>
 
-/*! Converts one file after the other, each in a process of its own, so that what befalls one befalls no
- * other. */
+/*!
+    Converts one file after the other, each in a process of its own, so that what befalls one befalls no
+    other.
+*/
 class Worker {
 public:
     enum Outcome {
@@ -24,8 +26,10 @@ public:
     };
     typedef std::function<void(Worker& worker)> Callback;
 
-    /*! \a program is started in \a environment for each file, which may take \a timeout seconds (0 for any
-     * time). */
+    /*!
+        \a program is started in \a environment for each file, which may take \a timeout seconds (0 for any
+        time).
+    */
     Worker(const QString& program, const QProcessEnvironment& environment, int timeout);
     ~Worker();
     /*! Begins to convert \a file and calls \a finished at the end, never from inside this function. */

@@ -44,8 +44,10 @@ ExitCode print(const QString& text)
     return Failure;
 }
 
-/*! Carries out what needs no documents: starts the conversions of many files, says what the options ask for,
- * or what is wrong with them. \a environment is that of the program as it was started. */
+/*!
+    Carries out what needs no documents: starts the conversions of many files, says what the options ask for,
+    or what is wrong with them. \a environment is that of the program as it was started.
+*/
 int answer(const Options& options, const QProcessEnvironment& environment)
 {
     if (options.command == Options::Help)
@@ -58,8 +60,10 @@ int answer(const Options& options, const QProcessEnvironment& environment)
     return UsageError;
 }
 
-/*! Reading and writing documents never shows anything, so that no display is needed, whatever the environment
- * names. */
+/*!
+    Reading and writing documents never shows anything, so that no display is needed, whatever the environment
+    names.
+*/
 void needNoDisplay()
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -13,7 +13,7 @@
 
     Text goes into the document of the innermost cell. Who inserts it asks for the place: functions that open,
     end or close something return where text goes on. Text that waits for its insertion must be inserted
-   before a cell or row ends.
+    before a cell or row ends.
 */
 class ORVRtfTableLevels {
 public:
@@ -22,12 +22,13 @@ public:
     /*! The paragraph stands in \a level, which is brought within ORVRtfLimits::tableNesting. */
     void setParagraphLevel(int level);
     int paragraphLevel() const { return m_paragraphLevel; }
-    /*! The paragraph has its place. True the first time, when tables deeper than its level are to be closed.
-     */
+    /*!
+        The paragraph has its place. True the first time, when tables deeper than its level are to be closed.
+    */
     bool commitParagraph();
     /*!
         The paragraph ends a cell. In a row that begins with a vertically merged cell it stands at level 1
-       even when it does not say so: word processors leave that out.
+        even when it does not say so: word processors leave that out.
     */
     void takeParagraphOfMergedRow();
 
@@ -42,14 +43,14 @@ public:
     QTextCursor endCell();
     /*!
         Adds the row to its table; columns get their widths in proportion to \a textWidth, in twips. The
-       result is null when it was the last one of its table, which is then to be closed.
+        result is null when it was the last one of its table, which is then to be closed.
     */
     QTextCursor endRow(double textWidth);
     /*! Inserts the tables of the levels beyond \a level, at least one, into the documents around them. */
     QTextCursor close(int level, double textWidth);
     /*!
         Ends all levels at the end of the input, where no table is closed: the outermost one keeps the rows
-       that have ended, and no widths. Rows within cells of an unended row are lost with it.
+        that have ended, and no widths. Rows within cells of an unended row are lost with it.
     */
     QTextCursor abandon();
 

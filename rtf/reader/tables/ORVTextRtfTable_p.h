@@ -35,8 +35,9 @@ public:
     /*! The most that cellCount() can be with \a row added. */
     int mostCellsWith(const ORVTextRtfRow& row) const;
 
-    /*! Gives the columns their widths in percent of \a textWidth, in twips; \a lists are those of all tables.
-     */
+    /*!
+        Gives the columns their widths in percent of \a textWidth, in twips; \a lists are those of all tables.
+    */
     void setColumnWidths(double textWidth, ORVRtfFormatSerials& lists);
 
     /*! Inserts the table at \a cursor. */
