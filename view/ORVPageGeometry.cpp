@@ -24,7 +24,7 @@ double margin(const QTextDocument* document, const char* name, double missing)
     return property.isValid() ? property.toDouble() : missing;
 }
 
-int twips(double points)
+int toTwips(double points)
 {
     return ORVRounding::halfAway(points * twipsPerPoint);
 }
@@ -101,7 +101,7 @@ void ORVPageGeometry::setOn(QTextDocument* document) const
 
 double ORVPageGeometry::textWidth() const
 {
-    return (double(twips(paperSize.width())) - twips(leftMargin) - twips(rightMargin)) / twipsPerPoint;
+    return (double(toTwips(paperSize.width())) - toTwips(leftMargin) - toTwips(rightMargin)) / twipsPerPoint;
 }
 
 QSizeF ORVPageGeometry::usablePaperSize() const

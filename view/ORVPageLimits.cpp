@@ -12,7 +12,7 @@
 namespace {
 
 // Points: the room left at least for the first word of a line or cell.
-const double leastText = 18;
+const double leastWordRoom = 18;
 // Pixels: half the range of the layout, some 15,000 pages. The other half is for the text itself.
 const double mostEmptySpace = 1 << 24;
 // Points: cell padding that is accepted however narrow the columns of a table are.
@@ -119,7 +119,7 @@ QTextBlockFormat Limiter::paragraph(QTextBlockFormat format) const
 double Limiter::onPaper(double pixels, double outside) const
 {
     const double least = -qMax(0.0, outside) * m_pixelsPerPoint;
-    const double most = qMax(0.0, m_textWidth - leastText) * m_pixelsPerPoint;
+    const double most = qMax(0.0, m_textWidth - leastWordRoom) * m_pixelsPerPoint;
     return qBound(least, pixels, most);
 }
 
@@ -146,7 +146,7 @@ void Limiter::limitPadding(QTextFrameFormat* format) const
         return;
     const double column = m_textWidth / qMax(1, format->toTableFormat().columns());
     atMost(format, QTextFormat::TableCellPadding,
-           qMax((column - leastText) / 2, usualPadding) * m_pixelsPerPoint);
+           qMax((column - leastWordRoom) / 2, usualPadding) * m_pixelsPerPoint);
 }
 
 QTextCharFormat Limiter::text(QTextCharFormat format) const

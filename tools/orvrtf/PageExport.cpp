@@ -92,7 +92,7 @@ private:
 };
 
 /*! Whether both are one file that exists. */
-bool isSameFile(const QString& path, const QString& otherPath)
+bool isSameExistingFile(const QString& path, const QString& otherPath)
 {
     const QString file = QFileInfo(path).canonicalFilePath();
     return !file.isEmpty() && file == QFileInfo(otherPath).canonicalFilePath();
@@ -103,7 +103,7 @@ QString overwritingPicture(const QString& firstPath, int pageCount, const QStrin
 {
     for (int number = 1; number <= pageCount; ++number) {
         QString path = picturePath(firstPath, number);
-        if (isSameFile(path, input))
+        if (isSameExistingFile(path, input))
             return path;
     }
     return QString();

@@ -12,12 +12,12 @@
 namespace {
 
 int pipeEnds[] = {-1, -1};
-volatile std::sig_atomic_t lastSignal = 0;
+volatile std::sig_atomic_t lastWatchedSignal = 0;
 
 void tellEventLoop(int signal)
 {
     const int oldError = errno;
-    lastSignal = signal;
+    lastWatchedSignal = signal;
     const char byte = 0;
     const ssize_t written = ::write(pipeEnds[1], &byte, 1);
     Q_UNUSED(written);
@@ -66,5 +66,5 @@ SignalWatch::~SignalWatch()
 
 int SignalWatch::signal() const
 {
-    return lastSignal;
+    return lastWatchedSignal;
 }
