@@ -12,46 +12,47 @@ constexpr std::string_view spellings[] = {"",
 #undef ORV_SPELLING
 };
 
-// Twice as many slots as words: seven words of ten stand in the first slot that is looked at.
-constexpr size_t slotCount = 512;
-typedef std::array<unsigned char, slotCount> Slots;
+// Twice as many buckets as words: seven words of ten stand in the first bucket that is looked at.
+constexpr size_t bucketCount = 512;
+typedef std::array<unsigned char, bucketCount> Buckets;
 
-static_assert(ORVTextRtfCommon::KeyWordCount < 256, "the numbers of control words do not fit into the slots");
+static_assert(ORVTextRtfCommon::KeyWordCount < 256,
+              "the numbers of control words do not fit into the buckets");
 
 /*! Where to look for \a spelling first. */
-constexpr size_t firstSlot(std::string_view spelling)
+constexpr size_t firstBucket(std::string_view spelling)
 {
     const unsigned first = static_cast<unsigned char>(spelling[1]);
     const unsigned last = static_cast<unsigned char>(spelling[spelling.size() - 1]);
-    return (31 * first + 7 * last + 61 * spelling.size()) % slotCount;
+    return (31 * first + 7 * last + 61 * spelling.size()) % bucketCount;
 }
 
-constexpr size_t nextSlot(size_t slot)
+constexpr size_t nextBucket(size_t bucket)
 {
-    return (slot + 1) % slotCount;
+    return (bucket + 1) % bucketCount;
 }
 
-constexpr Slots makeSlots()
+constexpr Buckets makeBuckets()
 {
-    Slots slots{};
+    Buckets buckets{};
     for (size_t word = 1; word <= ORVTextRtfCommon::KeyWordCount; ++word) {
-        size_t slot = firstSlot(spellings[word]);
-        while (slots[slot] != ORVTextRtfCommon::NoKeyWord)
-            slot = nextSlot(slot);
-        slots[slot] = static_cast<unsigned char>(word);
+        size_t bucket = firstBucket(spellings[word]);
+        while (buckets[bucket] != ORVTextRtfCommon::NoKeyWord)
+            bucket = nextBucket(bucket);
+        buckets[bucket] = static_cast<unsigned char>(word);
     }
-    return slots;
+    return buckets;
 }
 
-constexpr Slots slots = makeSlots();
+constexpr Buckets buckets = makeBuckets();
 
 } // namespace
 
 ORVTextRtfCommon::KeyWord ORVRtfWordTable::find(const char* spelling, int length)
 {
     const std::string_view word(spelling, size_t(length));
-    size_t slot = firstSlot(word);
-    while (slots[slot] != ORVTextRtfCommon::NoKeyWord && spellings[slots[slot]] != word)
-        slot = nextSlot(slot);
-    return ORVTextRtfCommon::KeyWord(slots[slot]);
+    size_t bucket = firstBucket(word);
+    while (buckets[bucket] != ORVTextRtfCommon::NoKeyWord && spellings[buckets[bucket]] != word)
+        bucket = nextBucket(bucket);
+    return ORVTextRtfCommon::KeyWord(buckets[bucket]);
 }
