@@ -8,9 +8,9 @@
 #include <type_traits>
 
 /*!
-    Changes of character formats, the last of which are remembered with what came of them: a text says the
-    same few words again and again. What is remembered also shares its data with the format that was made
-    before, so that the document need not compare their properties to find out that it knows it.
+    Caches the last changes of character formats with their results, since a document repeats a few of them. A
+    cached result also shares its data with the format that was made before, so that a document that has one
+    need not compare the properties of the other.
 */
 class ORVRtfCharFormatCache {
 public:
@@ -18,50 +18,63 @@ public:
     template <typename Value>
     void set(QTextCharFormat& format, int id, Value value)
     {
-        static_assert(std::is_arithmetic<Value>::value, "other values are not told apart by their bytes");
+        static_assert(std::is_arithmetic<Value>::value, "other values are not identified by their bytes");
         quint64 bits = 0;
         std::memcpy(&bits, &value, sizeof value);
-        apply(format, id, bits, [=](QTextCharFormat& changed) { changed.setProperty(id, value); });
+        apply(format, {Set, id, bits}, [=](QTextCharFormat& changed) { changed.setProperty(id, value); });
+    }
+
+    /*! Sets the property \a id of \a format as \a change does, whose outcome depends on \a value only. */
+    template <typename Change>
+    void set(QTextCharFormat& format, int id, quint64 value, Change change)
+    {
+        apply(format, {Set, id, value}, change);
     }
 
     /*! Clears the property \a id of \a format. */
     void clear(QTextCharFormat& format, int id)
     {
-        apply(format, -id, 0, [=](QTextCharFormat& changed) { changed.clearProperty(id); });
-    }
-
-    /*!
-        Has \a change change \a format, unless the outcome is remembered: what it does must depend on the
-        format, \a id and \a value only. Each \a id stands for one kind of change.
-    */
-    template <typename Change>
-    void apply(QTextCharFormat& format, int id, quint64 value, Change change)
-    {
-        if (recall(format, id, value))
-            return;
-        const QTextCharFormat before = format;
-        change(format);
-        remember(before, id, value, format);
+        apply(format, {Clear, id, 0}, [=](QTextCharFormat& changed) { changed.clearProperty(id); });
     }
 
 private:
-    struct Step {
-        int id = 0;
+    enum Kind { NoChange, Set, Clear };
+    struct Key {
+        Kind kind = NoChange;
+        int property = 0;
         quint64 value = 0;
+
+        bool operator==(const Key& other) const
+        {
+            return kind == other.kind && property == other.property && value == other.value;
+        }
+    };
+    struct Entry {
+        Key key;
         QTextCharFormat before;
         QTextCharFormat after;
     };
-    /*! The last changes of some kinds, and the one that is to be replaced next. */
-    struct Steps {
-        std::array<Step, 4> steps;
-        size_t next = 0;
-    };
 
-    Steps& stepsOf(int id) { return m_steps[unsigned(id) % m_steps.size()]; }
-    bool recall(QTextCharFormat& format, int id, quint64 value);
-    void remember(const QTextCharFormat& before, int id, quint64 value, const QTextCharFormat& after);
+    template <typename Change>
+    void apply(QTextCharFormat& format, const Key& key, Change change)
+    {
+        if (const Entry* const known = find(format, key)) {
+            format = known->after;
+            return;
+        }
+        Entry& entry = m_entries[m_next];
+        m_next = (m_next + 1) % m_entries.size();
+        entry.key = key;
+        entry.before = format;
+        change(format);
+        entry.after = format;
+    }
 
-    std::array<Steps, 16> m_steps;
+    const Entry* find(const QTextCharFormat& format, const Key& key) const;
+
+    // The oldest is replaced next.
+    std::array<Entry, 16> m_entries;
+    size_t m_next = 0;
 };
 
 #endif

@@ -47,7 +47,7 @@ void ORVRtfFontTable::define(int number, const QString& name, const QTextCharFor
         ++m_matchedFonts;
         matchInstalled(font, hint);
     }
-    m_fonts.insert(number, {font, compat::family(font), ++m_definedFonts});
+    m_fonts.insert(number, {font, ++m_definedFonts});
 }
 
 /*! Makes \a font one of the installed family that stands best for its own. */

@@ -17,8 +17,6 @@ public:
 
     struct Font {
         QFont font;
-        // The one it names, ready to be used: asking a font for it takes long.
-        QString family;
         // Differs from that of every font defined before.
         quint64 serial;
     };

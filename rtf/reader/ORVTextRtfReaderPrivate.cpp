@@ -21,19 +21,13 @@ namespace {
 
 // Digits of picture data that are decoded at a time.
 const int hexadecimalRun = 1024;
-// Characters that are usually pending at most: the length of a buffered line.
-const int pendingTextSize = 1024;
 
 // U+007F to U+009F. Unlike a function it is compiled into the loops that use it: all text goes through them.
 const auto isInvalid = [](QChar c) { return c.unicode() >= 0x7F && c.unicode() <= 0x9F; };
 
 } // namespace
 
-ORVTextRtfReaderPrivate::ORVTextRtfReaderPrivate()
-{
-    // Reserved memory is kept when the text is taken.
-    m_pendingText.reserve(pendingTextSize);
-}
+ORVTextRtfReaderPrivate::ORVTextRtfReaderPrivate() { }
 
 ORVTextRtfReaderPrivate::~ORVTextRtfReaderPrivate() { }
 
@@ -309,17 +303,10 @@ void ORVTextRtfReaderPrivate::finalizeTables(int level)
 void ORVTextRtfReaderPrivate::assembleLists()
 {
     QHash<int, QTextList*> listOfOverride;
-    int otherFormat = -1;
     for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
-        // Most paragraphs are in no list, and many have the same format.
-        const int index = block.blockFormatIndex();
-        if (index == otherFormat)
-            continue;
         const QTextBlockFormat format = block.blockFormat();
-        if (!format.hasProperty(ORVRtfProperty::ListOverride)) {
-            otherFormat = index;
+        if (!format.hasProperty(ORVRtfProperty::ListOverride))
             continue;
-        }
         const int number = format.intProperty(ORVRtfProperty::ListOverride);
         const int level = format.intProperty(ORVRtfProperty::ListLevel);
         QTextList*& list = listOfOverride[number];
@@ -350,12 +337,17 @@ void ORVTextRtfReaderPrivate::adoptDefaultCharFormat(const QTextCharFormat& form
         m_plainCharFormat.clearProperty(id);
     m_plainCharFormat.setFontStrikeOut(false);
     m_plainCharFormat.setFontOverline(false);
-    m_isPlainInAnnotation = m_plainCharFormat.boolProperty(ORVRtfProperty::InAnnotation);
-    m_isPlainInFootnote = m_plainCharFormat.boolProperty(ORVRtfProperty::InFootnote);
 }
 
 /*! Invalid when the default format names no colour. */
 QColor ORVTextRtfReaderPrivate::defaultForegroundColor() const
 {
     return compat::brushColor(m_defaultCharFormat, QTextFormat::ForegroundBrush);
+}
+
+/*! Paragraph words inside a note must not change the paragraph around it. */
+bool ORVTextRtfReaderPrivate::isInNote() const
+{
+    return m_state.charFormat.boolProperty(ORVRtfProperty::InAnnotation)
+        || m_state.charFormat.boolProperty(ORVRtfProperty::InFootnote);
 }

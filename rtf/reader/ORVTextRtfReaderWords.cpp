@@ -138,8 +138,8 @@ int ORVTextRtfReaderPrivate::translateControlWord(KeyWord keyWord, bool hasParam
     case BackgroundColor:
     case HighlightColor: setBackgroundColor(n); break;
     case OrvellineRevisionLevel: setCharProperty(RevisionLevel, n); break;
-    case Annotation: beginNote(InAnnotation); break;
-    case Footnote: beginNote(InFootnote); break;
+    case Annotation: setCharProperty(InAnnotation, true); break;
+    case Footnote: setCharProperty(InFootnote, true); break;
 
     // Paragraphs
     case NewParagraph:
@@ -320,26 +320,20 @@ int ORVTextRtfReaderPrivate::readBinaryData(int count)
 template <typename Value>
 void ORVTextRtfReaderPrivate::setCharColor(int id, QRgb color)
 {
-    m_charFormats.apply(m_state.charFormat, id, color,
-                        [=](QTextCharFormat& format) { format.setProperty(id, Value(QColor(color))); });
-}
-
-void ORVTextRtfReaderPrivate::beginNote(int id)
-{
-    setCharProperty(id, true);
-    (id == InAnnotation ? m_state.inAnnotation : m_state.inFootnote) = true;
+    m_charFormats.set(m_state.charFormat, id, color,
+                      [=](QTextCharFormat& format) { format.setProperty(id, Value(QColor(color))); });
 }
 
 /*! Back to the plain format; notes go on. */
 void ORVTextRtfReaderPrivate::resetCharFormat()
 {
+    const bool inAnnotation = m_state.charFormat.boolProperty(InAnnotation);
+    const bool inFootnote = m_state.charFormat.boolProperty(InFootnote);
     m_state.charFormat = m_plainCharFormat;
-    if (m_state.inAnnotation)
+    if (inAnnotation)
         setCharProperty(InAnnotation, true);
-    if (m_state.inFootnote)
+    if (inFootnote)
         setCharProperty(InFootnote, true);
-    m_state.inAnnotation = m_state.inAnnotation || m_isPlainInAnnotation;
-    m_state.inFootnote = m_state.inFootnote || m_isPlainInFootnote;
     m_state.codePage = ORVRtfFontTable::noCodePage;
     m_currentFont = m_defaultFont;
 }
@@ -434,11 +428,11 @@ void ORVTextRtfReaderPrivate::selectFont(int number)
     const ORVRtfFontTable::Font* const found = m_fonts.find(number);
     if (!found)
         return;
-    m_charFormats.apply(m_state.charFormat, QTextFormat::FontFamily, found->serial,
-                        [=](QTextCharFormat& format) {
-                            compat::setFontFamily(format, found->family);
-                            format.setProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());
-                        });
+    m_charFormats.set(m_state.charFormat, QTextFormat::FontFamily, found->serial,
+                      [=](QTextCharFormat& format) {
+                          compat::setFontFamily(format, compat::family(found->font));
+                          format.setProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());
+                      });
     m_state.codePage = m_fonts.codePage(number);
 }
 
@@ -470,7 +464,6 @@ void ORVTextRtfReaderPrivate::resetParagraph()
     m_tables.beginParagraph();
 }
 
-/*! Paragraph words inside a note must not change the paragraph around it. */
 void ORVTextRtfReaderPrivate::setBlockProperty(int id, const QVariant& value)
 {
     if (!isInNote())

@@ -95,9 +95,6 @@ private:
         // Code page of the current font, -1 for the document's.
         int codePage = ORVRtfFontTable::noCodePage;
         ExpectedFormat expectedFormat = TextData;
-        // Whether the text is that of a note, which the format says as well.
-        bool inAnnotation = false;
-        bool inFootnote = false;
         // The next group repeats in ANSI what the one after it says in Unicode (\upr).
         bool skipNextGroup = false;
     };
@@ -126,7 +123,7 @@ private:
     QColor defaultForegroundColor() const;
     bool isIn(Destination destination) const { return m_state.destination == destination; }
     bool isInBodyText() const { return isIn(Body) || isIn(FieldResultGroup); }
-    bool isInNote() const { return m_state.inAnnotation || m_state.inFootnote; }
+    bool isInNote() const;
 
     // Control words (ORVTextRtfReaderWords.cpp)
     void translateUnicode(bool hasParameter, int unit);
@@ -140,7 +137,6 @@ private:
     void clearCharProperty(int id) { m_charFormats.clear(m_state.charFormat, id); }
     template <typename Value>
     void setCharColor(int id, QRgb color);
-    void beginNote(int id);
     void resetCharFormat();
     void setBold(bool on);
     void setOutline(bool on);
@@ -211,9 +207,6 @@ private:
     // The document's default character format, and what \plain makes of it
     QTextCharFormat m_defaultCharFormat;
     QTextCharFormat m_plainCharFormat;
-    // A note may be read with its own format as the default.
-    bool m_isPlainInAnnotation = false;
-    bool m_isPlainInFootnote = false;
     ORVRtfCharFormatCache m_charFormats;
 
     // Fonts, colours and encoding
