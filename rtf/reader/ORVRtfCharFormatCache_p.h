@@ -58,8 +58,8 @@ private:
     template <typename Change>
     void apply(QTextCharFormat& format, const Key& key, Change change)
     {
-        if (const Entry* const known = find(format, key)) {
-            format = known->after;
+        if (const Entry* const cached = find(format, key)) {
+            format = cached->after;
             return;
         }
         Entry& entry = m_entries[m_next];

@@ -26,13 +26,13 @@ public:
     int codePage(int number) const { return m_codePages.value(number, noCodePage); }
     void setCodePage(int number, int codePage);
 
-    /*! Style that the next font to be defined is said to have. */
+    /*! Sets the style of the next font that is defined. */
     void setStyleHint(QFont::StyleHint hint) { m_styleHint = hint; }
 
     /*!
-        Defines font \a number: \a name as it stands in the file (white space and one ";" at its end do not
-        count), replaced by the installed family that stands best for it; everything else is that of \a
-        format. An empty name never replaces a font.
+        Defines font \a number as the installed family that replaces \a name best, with everything else from
+        \a format. \a name is as it stands in the file: white space around it and a ";" at its end are left
+        out. An empty name never replaces a font.
     */
     void define(int number, const QString& name, const QTextCharFormat& format);
 

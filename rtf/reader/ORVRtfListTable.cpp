@@ -19,6 +19,7 @@ ORVRtfList* ORVRtfListTable::lastList()
     return m_lists.isEmpty() ? nullptr : &m_lists.last();
 }
 
+/*! The level that words describe: none while they describe one beyond the limit. */
 ORVTextListLevel* ORVRtfListTable::lastLevel()
 {
     ORVRtfList* list = lastList();
@@ -97,6 +98,7 @@ void ORVRtfListTable::finishLevelText()
     ORVTextListLevel* level = lastLevel();
     if (!level || level->text().isEmpty())
         return;
+    // The first character counts those that follow; the rest is a semicolon that belongs to no level.
     const QString text = level->text();
     const int levelIndex = int(lastList()->levels.size()) - 1;
 
@@ -132,6 +134,7 @@ void ORVRtfListTable::setOverrideNumber(int number)
 
 void ORVRtfListTable::buildIndex() const
 {
+    // Backwards, so that the first of several with the same number remains.
     m_listOfId.clear();
     for (int i = int(m_lists.size()) - 1; i >= 0; --i)
         m_listOfId.insert(m_lists.at(i).listId, i);

@@ -34,7 +34,7 @@ public:
     void setHybrid();
 
     void beginLevel();
-    /*! Sets how the level's items are numbered, as `\levelnfc` tells it; unknown numbers change nothing. */
+    /*! Sets the numbering of the level by its `\levelnfc` number; unknown numbers change nothing. */
     void setLevelFormat(int levelNfc);
     /*! Sets the level's left indent, in points; the first line keeps its offset from it. */
     void setLevelIndent(double indent);

@@ -14,7 +14,7 @@ class ORVRtfFormatSerials;
 */
 class ORVRtfParagraph {
 public:
-    /*! The format with everything said so far. \a tabLists are the tab stops of all paragraphs. */
+    /*! The complete format. All paragraphs of a document share \a tabLists. */
     QTextBlockFormat format(ORVRtfFormatSerials& tabLists) const;
     /*! Whether the formats are equal. */
     bool operator==(const ORVRtfParagraph& other) const;

@@ -17,6 +17,7 @@ QImage decodeAs(const QByteArray& data, const QByteArray& format)
     buffer.setData(data);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, format);
+    // A header of a few bytes can announce gigabytes.
     const QSize size = reader.size();
     if (size.isValid() && qint64(size.width()) * size.height() > ORVRtfLimits::picturePixels)
         return QImage();
@@ -32,6 +33,7 @@ int clampedSide(double side)
 
 QImage ORVRtfPicture::decode(const QByteArray& data) const
 {
+    // Files are found whose pictures are of another type than stated.
     const QImage image = decodeAs(data, type.toLatin1());
     return image.isNull() && !type.isEmpty() ? decodeAs(data, QByteArray()) : image;
 }

@@ -10,7 +10,7 @@ class QTextCharFormat;
 class QTextImageFormat;
 
 /*!
-    What a picture group says of its picture, collected until the group ends.
+    The properties of a picture, collected until its group ends.
 */
 class ORVRtfPicture {
 public:
@@ -18,9 +18,7 @@ public:
     QString type;
     QString fileName;
     QString mathML;
-    /*!
-        Size to show the picture in, in pixels, and scale of that size in percent; -1 where nothing is said.
-    */
+    /*! Displayed size in pixels, and the scale of that size in percent; -1 where the file has none. */
     int goalWidth = -1;
     int goalHeight = -1;
     int scaleX = -1;

@@ -83,9 +83,7 @@ void ORVRtfTextInserter::setBlockFormats(const ORVRtfParagraph& paragraph, const
     m_nextCharFormat = charFormat;
 }
 
-/*!
-    Whether text of \a format, and the end of a paragraph before it, may be appended to the text that waits.
-*/
+/*! Whether text of \a format may be appended to the text that waits, in its paragraph or in the next. */
 bool ORVRtfTextInserter::continuesText(const QTextCharFormat& format) const
 {
     if (m_text.isEmpty() || m_textFormat != format)

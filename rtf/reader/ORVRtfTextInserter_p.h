@@ -9,13 +9,13 @@
 #include <QtGui/QTextCursor>
 
 /*!
-    The place where a document grows, and what waits there: each insertion into a QTextDocument is expensive,
-    so they are deferred and merged.
+    The place where a document grows, and everything that waits there. Each insertion into a QTextDocument is
+    expensive, so insertions are deferred and merged:
 
     - The formats of an empty paragraph wait until something happens to it, since the last ones count.
     - The paragraph behind one that has ended waits as well, and is inserted with its formats: setting them
       afterwards would cost as much as the paragraph.
-    - Text waits for more that has the same format, be it in the next paragraph, and is inserted with it.
+    - Text waits for more of the same format, also across equal paragraphs, and is inserted in one piece.
 */
 class ORVRtfTextInserter {
 public:

@@ -115,6 +115,7 @@ int ORVTextRtfReaderPrivate::parseContent()
             status = popProperties();
             m_input.release(1);
             break;
+        // Lines are those of the file, not of the text.
         case '\n':
         case '\r': m_input.release(1); break;
         default: takeText(); break;
@@ -195,6 +196,7 @@ int ORVTextRtfReaderPrivate::pushProperties()
 
 int ORVTextRtfReaderPrivate::popProperties()
 {
+    // The brace that ends the skipping ends a group that was pushed before its content was skipped.
     if (m_skipDepth > 0 && --m_skipDepth > 0)
         return NoError;
     if (m_groups.isEmpty())
@@ -295,6 +297,7 @@ void ORVTextRtfReaderPrivate::finalizeTables(int level)
 {
     if (m_tables.openLevels() <= level)
         return;
+    // Text of a cell that has not ended is lost, also what still waits: its document is gone by now.
     m_inserter.moveTo(m_tables.close(level, m_page.textWidth()));
     m_inserter.endBlock();
 }

@@ -246,7 +246,7 @@ int ORVTextRtfReaderPrivate::translateControlWord(KeyWord keyWord, bool hasParam
     case PictureName: openDestination(NisusFileNameGroup); break;
     case MathMLEquation: openDestination(MathMLGroup); break;
 
-    // Groups whose text is not part of the document, or repeats what is said elsewhere
+    // Groups whose text is not part of the document, or repeats another part of it
     case AnnotationId:
     case AnnotationAuthor:
     case BookmarkStart:

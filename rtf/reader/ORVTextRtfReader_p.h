@@ -86,7 +86,7 @@ private:
     /*! What bytes outside control words are. */
     enum ExpectedFormat { TextData, HexadecimalData };
 
-    /*! What a closing brace brings back. */
+    /*! The state that a closing brace restores. */
     struct GroupState {
         QTextCharFormat charFormat;
         Destination destination = Body;
@@ -95,7 +95,7 @@ private:
         // Code page of the current font, -1 for the document's.
         int codePage = ORVRtfFontTable::noCodePage;
         ExpectedFormat expectedFormat = TextData;
-        // The next group repeats in ANSI what the one after it says in Unicode (\upr).
+        // The next group is the ANSI form of the one behind it, which is in Unicode (\upr).
         bool skipNextGroup = false;
     };
 

@@ -13,9 +13,10 @@
 
     A document finds its formats by a hash into which Qt takes a list by its length alone: thousands of
     different tab stops or column widths would be compared one by one. Formats beyond
-    ORVRtfLimits::formatsWithoutSerial get a serial number, which the hash covers. Equal lists are one value,
-    so that comparing them ends at once; Qt 4 would even take equal tab stops for different ones if they were
-    not.
+    ORVRtfLimits::formatsWithoutSerial get a serial number, which the hash covers.
+
+    Equal lists are one QVariant, so that comparing them takes no time. For Qt 4, which compares tab stops by
+    their addresses, only such lists are equal at all.
 */
 class ORVRtfFormatSerials {
 public:

@@ -64,7 +64,7 @@ QTextCursor ORVRtfTableLevels::endRow(double textWidth)
     return cellPlace();
 }
 
-/*! A table that would take too many cells for what the file says goes on in a new one. */
+/*! A table that would have far more cells than the file has words for continues as a new one. */
 void ORVRtfTableLevels::addToTable(ORVTextRtfRow& row, double textWidth)
 {
     m_cellsLeft += ORVRtfLimits::tableCellsForEachInFile * row.cells.size();

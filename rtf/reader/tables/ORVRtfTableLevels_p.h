@@ -8,27 +8,25 @@
 #include <QtCore/QStack>
 
 /*!
-    The tables that are open while a document is read, each in a cell of the one around it, and the level that
-    the paragraph says it stands in.
+    The tables that are open while a document is read, each in a cell of the one around it, and the table
+    level of the current paragraph.
 
-    Text goes into the document of the innermost cell. Who inserts it asks for the place: functions that open,
-    end or close something return where text goes on. Text that waits for its insertion must be inserted
-    before a cell or row ends.
+    Text goes into the document of the innermost cell. The caller inserts it: functions that open, end or
+    close something return the place where text goes on. Text that waits for its insertion must be inserted
+    before a cell or a row ends.
 */
 class ORVRtfTableLevels {
 public:
-    /*! The next paragraph stands outside tables unless it says otherwise (`\pard`, `\row`). */
+    /*! The next paragraph is outside of tables unless its own words set a level (`\pard`, `\row`). */
     void beginParagraph();
-    /*! The paragraph stands in \a level, which is brought within ORVRtfLimits::tableNesting. */
+    /*! Sets the level of the paragraph, within ORVRtfLimits::tableNesting. */
     void setParagraphLevel(int level);
     int paragraphLevel() const { return m_paragraphLevel; }
-    /*!
-        The paragraph has its place. True the first time, when tables deeper than its level are to be closed.
-    */
+    /*! True the first time in a paragraph: tables deeper than its level are to be closed then. */
     bool commitParagraph();
     /*!
-        The paragraph ends a cell. In a row that begins with a vertically merged cell it stands at level 1
-        even when it does not say so: word processors leave that out.
+        Sets the paragraph that ends a cell to level 1 if its row begins with a vertically merged cell: word
+        processors leave out the word for the level there.
     */
     void takeParagraphOfMergedRow();
 
@@ -43,14 +41,14 @@ public:
     QTextCursor endCell();
     /*!
         Adds the row to its table; columns get their widths in proportion to \a textWidth, in twips. The
-        result is null when it was the last one of its table, which is then to be closed.
+        result is null after the last row of the table, which is then to be closed.
     */
     QTextCursor endRow(double textWidth);
     /*! Inserts the tables of the levels beyond \a level, at least one, into the documents around them. */
     QTextCursor close(int level, double textWidth);
     /*!
         Ends all levels at the end of the input, where no table is closed: the outermost one keeps the rows
-        that have ended, and no widths. Rows within cells of an unended row are lost with it.
+        that have ended, and gets no widths. Rows within cells of an unended row are lost with it.
     */
     QTextCursor abandon();
 

@@ -11,7 +11,7 @@
 class ORVTextRtfTable;
 class QTextDocument;
 
-/*! What is said of one cell of a row before `\cellx` ends it. */
+/*! The definition of one cell of a row; `\cellx` ends it. */
 struct ORVTextRtfCellDefinition {
     // Invalid: not shaded.
     QColor backgroundColor;
@@ -28,7 +28,7 @@ class ORVTextRtfCell {
 public:
     /*! The cell's document, made when first asked for. */
     QSharedPointer<QTextDocument> document();
-    /*! The cell's document, to which nothing is added any more. Frames are known only from then on. */
+    /*! The cell's document when it is complete. Qt does not report the frames in it before. */
     QSharedPointer<QTextDocument> finishedDocument();
     bool hasDocument() const { return !m_document.isNull(); }
 

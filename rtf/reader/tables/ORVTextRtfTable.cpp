@@ -238,8 +238,8 @@ bool ORVTextRtfTable::canMerge(const Cell& cell, int rows, int columns) const
 
 /*!
     Makes one cell of a rectangle, under the conditions and with the results of QTextTable::mergeCells():
-    texts from one row are separated by a blank, rows by a paragraph. Rows that the first cell has already are
-    not looked at again, so that merging row after row stays cheap.
+    texts from one row are separated by a blank, rows by a paragraph. Rows that the first cell has already
+    are not looked at again, so that merging row after row stays cheap.
 */
 void ORVTextRtfTable::mergeCells(int row, int column, int rows, int columns)
 {
@@ -278,8 +278,8 @@ void ORVTextRtfTable::mergeCells(int row, int column, int rows, int columns)
 
 /*!
     Makes the cell \a absorbed a part of \a target. As in a QTextTable, an empty paragraph in front of the
-    absorbed cell takes over the format of its first one, because the two become one when the border between
-    them goes.
+    absorbed cell takes over the format of its first one, because the two become one when the border
+    between them goes.
 */
 void ORVTextRtfTable::absorb(int target, int absorbed, ORVRtfCellContent::Separator separator)
 {

@@ -35,9 +35,7 @@ public:
     /*! The most that cellCount() can be with \a row added. */
     int mostCellsWith(const ORVTextRtfRow& row) const;
 
-    /*!
-        Gives the columns their widths in percent of \a textWidth, in twips; \a lists are those of all tables.
-    */
+    /*! Sets the column widths in percent of \a textWidth, in twips. All tables share \a lists. */
     void setColumnWidths(double textWidth, ORVRtfFormatSerials& lists);
 
     /*! Inserts the table at \a cursor. */
