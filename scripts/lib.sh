@@ -100,6 +100,8 @@ use_ccache() {
     # debhelper has compilers run with another home folder.
     CCACHE_DIR=${CCACHE_DIR:-$(ccache --get-config cache_dir)}
     export CCACHE_DIR
+    # Compilers list what they include, so ccache need not preprocess a source that it does not know.
+    export CCACHE_DEPEND=1
     # What ccache asks for to cache what is compiled with a precompiled header.
     export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS:-pch_defines,time_macros,include_file_mtime,include_file_ctime}
 }
