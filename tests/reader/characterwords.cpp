@@ -60,36 +60,21 @@ private slots:
                 >= 0);
     }
 
-    void togglesSwitch_data()
-    {
-        const Columns<QByteArray, QString> add("words", "expected");
-        for (const Toggle& toggle : toggles()) {
-            const QByteArray word = "\\" + QByteArray(toggle.word);
-            const QString on = dump(Properties{{toggle.property, toggle.on}});
-            const QString off = dump(Properties{{toggle.property, toggle.off}});
-            add(word.constData(), word, on);
-            add(QByteArray(word + "1").constData(), word + "1", on);
-            add(QByteArray(word + "2").constData(), word + "2", on);
-            add(QByteArray(word + "-1").constData(), word + "-1", on);
-            add(QByteArray(word + "0").constData(), word + "0", off);
-            add(QByteArray(word + "-0").constData(), word + "-0", off);
-            add(QByteArray(word + " off").constData(), word + word + "0", off);
-            add(QByteArray(word + " on").constData(), word + "0" + word, on);
-        }
-    }
-
-    void togglesSwitch()
-    {
-        FETCH(QByteArray, words, QString, expected);
-        QCOMPARE(dump(formatAfter(words)), expected);
-    }
-
     void characterWords_data()
     {
         Columns<QByteArray, QString>("words", "expected");
         const auto row = [](const QByteArray& words, const Properties& expected) {
             QTest::newRow(words.constData()) << words << dump(expected);
         };
+
+        for (const Toggle& toggle : toggles()) {
+            const QByteArray word = "\\" + QByteArray(toggle.word);
+            for (const char* on : {"", "1", "2", "-1"})
+                row(word + on, {{toggle.property, toggle.on}});
+            row(word + "0" + word, {{toggle.property, toggle.on}});
+            for (const QByteArray& off : {"0"_b, "-0"_b, word + "0"})
+                row(word + off, {{toggle.property, toggle.off}});
+        }
 
         const int underline = QTextFormat::TextUnderlineStyle;
         row("\\uld", {{underline, 3}});
@@ -144,25 +129,11 @@ private slots:
         row("\\footnote", {{ORVRtfProperty::InFootnote, true}});
         row("\\b\\i\\fs24",
             {{QTextFormat::FontWeight, int(QFont::Bold)}, {QTextFormat::FontItalic, true}, {size, 12.0}});
-    }
 
-    void characterWords()
-    {
-        FETCH(QByteArray, words, QString, expected);
-        QCOMPARE(dump(formatAfter(words)), expected);
-    }
-
-    // Colour 0 is the default colour; 1 to 4 are red, green, blue and white.
-    void colorIndexes_data()
-    {
-        Columns<QByteArray, QString>("words", "expected");
-        const auto row = [](const QByteArray& words, const Properties& expected) {
-            QTest::newRow(words.constData()) << words << dump(expected);
-        };
-
+        // Colour 0 is the default colour; 1 to 4 are red, green, blue and white.
         const int foreground = QTextFormat::ForegroundBrush;
         const int background = QTextFormat::BackgroundBrush;
-        const int underline = QTextFormat::TextUnderlineColor;
+        const int lineColor = QTextFormat::TextUnderlineColor;
         row("\\cf0", {{foreground, solid(Qt::black)}});
         row("\\cf", {{foreground, solid(Qt::black)}});
         row("\\cf1", {{foreground, solid(Qt::red)}});
@@ -180,15 +151,26 @@ private slots:
         row("\\highlight0", {{background, solid(Qt::black)}});
         row("\\highlight5", {});
         row("\\highlight-1", {});
-        row("\\ulc2", {{underline, QColor(Qt::green)}});
+        row("\\ulc2", {{lineColor, QColor(Qt::green)}});
         row("\\ulc5", {});
         row("\\ulc-1", {});
-        row("\\ulc2\\ulc5", {{underline, QColor(Qt::green)}});
+        row("\\ulc2\\ulc5", {{lineColor, QColor(Qt::green)}});
         row("\\cf1\\cb2\\ulc3",
-            {{foreground, solid(Qt::red)}, {background, solid(Qt::green)}, {underline, QColor(Qt::blue)}});
+            {{foreground, solid(Qt::red)}, {background, solid(Qt::green)}, {lineColor, QColor(Qt::blue)}});
+
+        const Properties serif{{Family, "Quibble Serif"_s}, {QTextFormat::FontFixedPitch, false}};
+        const Properties mono{{Family, "Quibble Mono"_s}, {QTextFormat::FontFixedPitch, true}};
+        row("\\f1", serif);
+        row("\\f2", mono);
+        row("\\f2\\f1", serif);
+        row("\\f9", {});
+        row("\\f", {});
+        row("\\f-1", {});
+        row("\\f2\\f9", mono);
+        row("\\f2\\fprq2\\f2", mono);
     }
 
-    void colorIndexes()
+    void characterWords()
     {
         FETCH(QByteArray, words, QString, expected);
         QCOMPARE(dump(formatAfter(words)), expected);
@@ -309,52 +291,28 @@ private slots:
                                  {QTextFormat::FontCapitalization, 3}}));
     }
 
+    void plainKeepsNoteFlags_data()
+    {
+        const Columns<bool, bool> add("inFootnote", "inAnnotation");
+        add("\\footnote\\b\\plain", true, false);
+        add("\\annotation\\b\\plain", false, true);
+        add("\\annotation\\footnote\\plain", true, true);
+        add("\\plain", false, false);
+    }
+
     void plainKeepsNoteFlags()
     {
-        const QTextCharFormat footnote = formatAfter("\\footnote\\b\\plain");
-        QVERIFY(footnote.boolProperty(ORVRtfProperty::InFootnote));
-        QVERIFY(!footnote.hasProperty(ORVRtfProperty::InAnnotation));
-        QVERIFY(!footnote.hasProperty(QTextFormat::FontWeight));
-        const QTextCharFormat annotation = formatAfter("\\annotation\\b\\plain");
-        QVERIFY(annotation.boolProperty(ORVRtfProperty::InAnnotation));
-        QVERIFY(!annotation.hasProperty(ORVRtfProperty::InFootnote));
-        const QTextCharFormat both = formatAfter("\\annotation\\footnote\\plain");
-        QVERIFY(both.boolProperty(ORVRtfProperty::InAnnotation));
-        QVERIFY(both.boolProperty(ORVRtfProperty::InFootnote));
-        const QTextCharFormat none = formatAfter("\\plain");
-        QVERIFY(!none.boolProperty(ORVRtfProperty::InAnnotation));
-        QVERIFY(!none.boolProperty(ORVRtfProperty::InFootnote));
+        FETCH(bool, inFootnote, bool, inAnnotation);
+        const QTextCharFormat format = formatAfter(QTest::currentDataTag());
+        QCOMPARE(format.property(ORVRtfProperty::InFootnote), inFootnote ? QVariant(true) : QVariant());
+        QCOMPARE(format.property(ORVRtfProperty::InAnnotation), inAnnotation ? QVariant(true) : QVariant());
+        QVERIFY(!format.hasProperty(QTextFormat::FontWeight));
     }
 
     void plainResetsTheCodePage()
     {
         const QByteArray fonts = "{\\fonttbl{\\f0 Quibble Sans;}{\\f1\\fcharset204 Quibble Serif;}}";
         QCOMPARE(readBody(fonts + "\\f1\\'e9\\plain\\'e9").text(), "?é"_s);
-    }
-
-    void fontSelection_data()
-    {
-        Columns<QByteArray, QString>("words", "expected");
-        const auto row = [](const QByteArray& words, const Properties& expected) {
-            QTest::newRow(words.constData()) << words << dump(expected);
-        };
-
-        const Properties serif{{Family, "Quibble Serif"_s}, {QTextFormat::FontFixedPitch, false}};
-        const Properties mono{{Family, "Quibble Mono"_s}, {QTextFormat::FontFixedPitch, true}};
-        row("\\f1", serif);
-        row("\\f2", mono);
-        row("\\f2\\f1", serif);
-        row("\\f9", {});
-        row("\\f", {});
-        row("\\f-1", {});
-        row("\\f2\\f9", mono);
-        row("\\f2\\fprq2\\f2", mono);
-    }
-
-    void fontSelection()
-    {
-        FETCH(QByteArray, words, QString, expected);
-        QCOMPARE(dump(formatAfter(words)), expected);
     }
 
     void specialCharacters_data()
