@@ -20,6 +20,18 @@ QString tabsOf(const QTextBlockFormat& format)
     return tabs.join(", "_s);
 }
 
+/*! A row for each of \a words, which blanks separate. */
+void addWords(const QByteArray& words)
+{
+    for (const QByteArray& word : words.split(' '))
+        QTest::newRow(word.constData()) << word;
+}
+
+void addRow(const QByteArray& words, const Properties& expected)
+{
+    QTest::newRow(words.constData()) << words << dump(expected);
+}
+
 int pageBreaksOf(const QTextBlockFormat& format)
 {
     return format.intProperty(QTextFormat::PageBreakPolicy) & 0x11;
@@ -35,60 +47,57 @@ private slots:
     void paragraphWords_data()
     {
         Columns<QByteArray, QString>("words", "expected");
-        const auto row = [](const QByteArray& words, const Properties& expected) {
-            QTest::newRow(words.constData()) << words << dump(expected);
-        };
-
         const int align = QTextFormat::BlockAlignment;
-        row("\\ql", {{align, 1}});
-        row("\\qr", {{align, 2}});
-        row("\\qc", {{align, 4}});
-        row("\\qj", {{align, 8}});
-        row("\\qc0", {{align, 4}});
-        row("\\qc\\ql", {{align, 1}});
+        addRow("\\ql", {{align, 1}});
+        addRow("\\qr", {{align, 2}});
+        addRow("\\qc", {{align, 4}});
+        addRow("\\qj", {{align, 8}});
+        addRow("\\qc0", {{align, 4}});
+        addRow("\\qc\\ql", {{align, 1}});
 
         const int direction = QTextFormat::LayoutDirection;
-        row("\\ltrpar", {{direction, 0}});
-        row("\\rtlpar", {{direction, 1}});
-        row("\\rtlpar\\ltrpar", {{direction, 0}});
+        addRow("\\ltrpar", {{direction, 0}});
+        addRow("\\rtlpar", {{direction, 1}});
+        addRow("\\rtlpar\\ltrpar", {{direction, 0}});
 
         const int above = QTextFormat::BlockTopMargin;
         const int below = QTextFormat::BlockBottomMargin;
-        row("\\sb240", {{above, 12.0}});
-        row("\\sa120", {{below, 6.0}});
-        row("\\sb1", {{above, 0.05}});
-        row("\\sb", {{above, 0.0}});
-        row("\\sa-20", {{below, -1.0}});
-        row("\\sb240\\sa120\\sb0", {{above, 0.0}, {below, 6.0}});
+        addRow("\\sb240", {{above, 12.0}});
+        addRow("\\sa120", {{below, 6.0}});
+        addRow("\\sb1", {{above, 0.05}});
+        addRow("\\sb", {{above, 0.0}});
+        addRow("\\sa-20", {{below, -1.0}});
+        addRow("\\sb240\\sa120\\sb0", {{above, 0.0}, {below, 6.0}});
 
         const int spacing = ORVRtfProperty::LineSpacing;
         const int multiple = ORVRtfProperty::LineMultiple;
-        row("\\sl360", {{spacing, 18.0}});
-        row("\\sl-360", {{spacing, -18.0}});
-        row("\\sl0", {{spacing, 0.0}});
-        row("\\slmult1", {{multiple, 12.0}});
-        row("\\sl360\\slmult1", {{spacing, 18.0}, {multiple, 12.0}});
-        row("\\slmult1\\sl360", {{spacing, 18.0}, {multiple, 12.0}});
-        row("\\slmult1\\slmult0", {});
-        row("\\slmult1\\slmult", {});
-        row("\\slmult1\\slmult2", {});
-        row("\\slmult0", {});
+        addRow("\\sl360", {{spacing, 18.0}});
+        addRow("\\sl-360", {{spacing, -18.0}});
+        addRow("\\sl0", {{spacing, 0.0}});
+        addRow("\\slmult1", {{multiple, 12.0}});
+        addRow("\\sl360\\slmult1", {{spacing, 18.0}, {multiple, 12.0}});
+        addRow("\\slmult1\\sl360", {{spacing, 18.0}, {multiple, 12.0}});
+        addRow("\\slmult1\\slmult0", {});
+        addRow("\\slmult1\\slmult", {});
+        addRow("\\slmult1\\slmult2", {});
+        addRow("\\slmult0", {});
 
         // The right indent is where the right edge of the text is, measured from the left margin.
-        row("\\lin720", {{leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
-        row("\\rin360", {{rightIndent, 414.0}});
-        row("\\li720\\lin720", {{leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
-        row("\\li720\\ri360", {{leftIndent, 36.0}, {rightIndent, 414.0}, {QTextFormat::TextIndent, 36.0}});
-        row("\\rtlpar\\lin720", {{direction, 1}, {leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
-        row("\\rtlpar\\rin360", {{direction, 1}, {rightIndent, 414.0}});
+        addRow("\\lin720", {{leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
+        addRow("\\rin360", {{rightIndent, 414.0}});
+        addRow("\\li720\\lin720", {{leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
+        addRow("\\li720\\ri360", {{leftIndent, 36.0}, {rightIndent, 414.0}, {QTextFormat::TextIndent, 36.0}});
+        addRow("\\rtlpar\\lin720", {{direction, 1}, {leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
+        addRow("\\rtlpar\\rin360", {{direction, 1}, {rightIndent, 414.0}});
 
-        row("\\keep", {{pageBreak, 0x200}});
-        row("\\keepn", {{pageBreak, 0x20}});
-        row("\\pagebb", {{pageBreak, 0x01}});
-        row("\\keep\\keepn\\pagebb", {{pageBreak, 0x221}});
-        row("\\keep\\keep", {{pageBreak, 0x200}});
+        addRow("\\keep", {{pageBreak, 0x200}});
+        addRow("\\keepn", {{pageBreak, 0x20}});
+        addRow("\\pagebb", {{pageBreak, 0x01}});
+        addRow("\\keep\\keepn\\pagebb", {{pageBreak, 0x221}});
+        addRow("\\keep\\keep", {{pageBreak, 0x200}});
 
-        row("\\qc\\rtlpar\\sb240\\sa120\\sl360\\slmult1\\li720\\fi360\\ri360\\keep\\keepn\\pagebb\\tx720\\par"
+        addRow(
+            "\\qc\\rtlpar\\sb240\\sa120\\sl360\\slmult1\\li720\\fi360\\ri360\\keep\\keepn\\pagebb\\tx720\\par"
             "d",
             {});
     }
@@ -146,23 +155,31 @@ private slots:
         QCOMPARE(after(Qt::LeftToRight, "\\rin360"), right);
     }
 
-    void paragraphEnds_data()
+    void texts_data()
     {
         const Columns<QByteArray, QString> add("body", "text");
-        add("one", "a\\par b", "a\nb");
-        add("symbol", "a\\\nb", "a\nb");
-        add("last", "a\\par", "a\n");
-        add("first", "\\par a", "\na");
-        add("only", "\\par", "\n");
-        add("several", "a\\par\\par\\par b", "a\n\n\nb");
-        add("parameters do not count", "a\\par0 b", "a\nb");
-        add("in groups", "{a{\\par}b}", "a\nb");
-        add("in a note", "a{\\footnote b\\par c}d", "ab\ncd");
+        add("one paragraph end", "a\\par b", "a\nb");
+        add("paragraph end as a symbol", "a\\\nb", "a\nb");
+        add("last paragraph end", "a\\par", "a\n");
+        add("first paragraph end", "\\par a", "\na");
+        add("only a paragraph end", "\\par", "\n");
+        add("several paragraph ends", "a\\par\\par\\par b", "a\n\n\nb");
+        add("parameters of a paragraph end do not count", "a\\par0 b", "a\nb");
+        add("paragraph end in groups", "{a{\\par}b}", "a\nb");
+        add("paragraph end in a note", "a{\\footnote b\\par c}d", "ab\ncd");
         add("reset is no end", "a\\pard b", "ab");
         add("encoded line feed", "a\\'0ab", "a\nb");
+
+        add("alternative text: Unicode half is read", "a{\\upr{b}{\\*\\ud{c}}}d", "acd");
+        add("alternative text: without inner groups", "a{\\upr{b}{\\*\\ud c}}d", "acd");
+        add("alternative text: groups in the ANSI half", "a{\\upr{b{\\i x}y}{\\*\\ud{c}}}d", "acd");
+        add("alternative text: marked", "a{\\*\\upr{b}{\\*\\ud{c}}}d", "acd");
+        add("alternative text: bookmarks", "a{\\upr{\\*\\bkmkstart b}{\\*\\ud{\\*\\bkmkstart c}}}d", "ad");
+        add("alternative text: twice", "{\\upr{a}{\\*\\ud b}}{\\upr{c}{\\*\\ud d}}", "bd");
+        add("alternative text: line ends between", "a{\\upr\n{b}\n{\\*\\ud\n{c}}\n}d", "acd");
     }
 
-    void paragraphEnds()
+    void texts()
     {
         FETCH(QByteArray, body, QString, text);
         const Reading reading = readBody(body);
@@ -201,8 +218,7 @@ private slots:
     // Nothing comes that would give the last paragraph its format.
     void pageBreakBeforeTheEndOfTheInput()
     {
-        const Reading reading = read("{a\\page");
-        QCOMPARE(reading.status, 8);
+        QCOMPARE(read("{a\\page").status, 8);
         const Reading complete = read("{a\\page ");
         QCOMPARE(complete.status, 2);
         QCOMPARE(complete.text(), "a\n"_s);
@@ -220,33 +236,29 @@ private slots:
 
     void tabs_data()
     {
-        Columns<QByteArray, QString>("words", "expected");
-        const auto row = [](const QByteArray& words, const char* expected) {
-            QTest::newRow(words.constData()) << words << expected;
-        };
-
-        row("\\tx720", "36 0");
-        row("\\tx720\\tx1440\\tx2165", "36 0, 72 0, 108.25 0");
-        row("\\tx1440\\tx720", "72 0, 36 0");
-        row("\\tqr\\tx720", "36 1");
-        row("\\tqc\\tx720", "36 2");
-        row("\\tqdec\\tx720", "36 3.");
-        row("\\tqr\\tx720\\tx1440", "36 1, 72 0");
-        row("\\tqdec\\tx720\\tx1440", "36 3., 72 0");
-        row("\\tqdec\\tx720\\tqr\\tx1440", "36 3., 72 1");
-        row("\\tqr\\tqc\\tx720", "36 2");
-        row("\\tqr", "");
-        row("\\tx", "0 0");
-        row("\\tx-720", "-36 0");
-        row("\\tx720\\pard", "");
-        row("\\tx720\\pard\\tx1440", "72 0");
-        row("{\\tx720}", "36 0");
+        const Columns<QString> add("expected");
+        add("\\tx720", "36 0");
+        add("\\tx720\\tx1440\\tx2165", "36 0, 72 0, 108.25 0");
+        add("\\tx1440\\tx720", "72 0, 36 0");
+        add("\\tqr\\tx720", "36 1");
+        add("\\tqc\\tx720", "36 2");
+        add("\\tqdec\\tx720", "36 3.");
+        add("\\tqr\\tx720\\tx1440", "36 1, 72 0");
+        add("\\tqdec\\tx720\\tx1440", "36 3., 72 0");
+        add("\\tqdec\\tx720\\tqr\\tx1440", "36 3., 72 1");
+        add("\\tqr\\tqc\\tx720", "36 2");
+        add("\\tqr", "");
+        add("\\tx", "0 0");
+        add("\\tx-720", "-36 0");
+        add("\\tx720\\pard", "");
+        add("\\tx720\\pard\\tx1440", "72 0");
+        add("{\\tx720}", "36 0");
     }
 
     void tabs()
     {
-        FETCH(QByteArray, words, QString, expected);
-        const Reading reading = readBody(words + " one\\par two");
+        FETCH(QString, expected);
+        const Reading reading = readBody(QTest::currentDataTag() + " one\\par two"_b);
         QCOMPARE(tabsOf(reading.blockFormat(0)), expected);
         QCOMPARE(tabsOf(reading.blockFormat(1)), expected);
     }
@@ -275,22 +287,15 @@ private slots:
     void wordsInNotes_data()
     {
         Columns<QByteArray, QString>("words", "expected");
-        const auto ignored = [](const QByteArray& words) {
-            QTest::newRow(words.constData()) << words << dump(Properties{{QTextFormat::BlockAlignment, 4}});
-        };
-        const auto row = [](const QByteArray& words, int id, const QVariant& value) {
-            QTest::newRow(words.constData())
-                << words << dump(Properties{{QTextFormat::BlockAlignment, 4}, {id, value}});
-        };
-
-        for (const char* words :
+        const int align = QTextFormat::BlockAlignment;
+        for (const char* ignored :
              {"\\pard", "\\ql", "\\qr", "\\qj", "\\ltrpar", "\\rtlpar", "\\sb240", "\\sa240", "\\sl240",
               "\\slmult1", "\\li720", "\\fi360", "\\ri360", "\\lin720", "\\rin360"})
-            ignored(words);
-        row("\\keep", pageBreak, 0x200);
-        row("\\keepn", pageBreak, 0x20);
-        row("\\pagebb", pageBreak, 0x01);
-        row("\\ilvl2", ORVRtfProperty::ListLevel, 2);
+            addRow(ignored, {{align, 4}});
+        addRow("\\keep", {{align, 4}, {pageBreak, 0x200}});
+        addRow("\\keepn", {{align, 4}, {pageBreak, 0x20}});
+        addRow("\\pagebb", {{align, 4}, {pageBreak, 0x01}});
+        addRow("\\ilvl2", {{align, 4}, {ORVRtfProperty::ListLevel, 2}});
     }
 
     void wordsInNotes()
@@ -314,10 +319,8 @@ private slots:
         for (const int flag : {ORVRtfProperty::InFootnote, ORVRtfProperty::InAnnotation}) {
             QTextCharFormat format;
             format.setProperty(flag, true);
-            const QByteArray rtf = "{\\rtf1\\ansi\\qc one\\par\\pard\\plain\\qr two\\par{\\pard\\qj three}}";
-            QBuffer buffer;
-            buffer.setData(rtf);
-            QVERIFY(buffer.open(QIODevice::ReadOnly));
+            QByteArray rtf = "{\\rtf1\\ansi\\qc one\\par\\pard\\plain\\qr two\\par{\\pard\\qj three}}";
+            QBuffer buffer(&rtf);
             ORVTextRtfReader reader(&buffer);
             QTextDocument document;
             QVERIFY(reader.read(&document, true, format));
@@ -330,43 +333,19 @@ private slots:
 
     void wordsWithoutEffect_data()
     {
-        const Columns<QByteArray> add("word");
-        for (const char* word : {"\\ud",           "\\absw",
-                                 "\\absh",         "\\nowrap",
-                                 "\\posxl",        "\\posxc",
-                                 "\\posxr",        "\\strokewidth",
-                                 "\\strokec",      "\\strikec",
-                                 "\\fet",          "\\ftnbj",
-                                 "\\aenddoc",      "\\chatn",
-                                 "\\chftn",        "\\ftnalt",
-                                 "\\ltrch",        "\\rtlch",
-                                 "\\loch",         "\\hich",
-                                 "\\dbch",         "\\af",
-                                 "\\shppict",      "\\cs",
-                                 "\\header",       "\\headerf",
-                                 "\\headerl",      "\\headerr",
-                                 "\\footer",       "\\footerf",
-                                 "\\footerl",      "\\footerr",
-                                 "\\titlepg",      "\\pgnrestart",
-                                 "\\pgnstarts",    "\\chpgn",
-                                 "\\listsimple",   "\\leveltemplateid",
-                                 "\\levelnumbers", "\\leveljc",
-                                 "\\leveljcn",     "\\levelfollow",
-                                 "\\levelstartat", "\\levelspace",
-                                 "\\levelindent",  "\\listoverridecount",
-                                 "\\trowd",        "\\nesttableprops",
-                                 "\\trautofit",    "\\trleft",
-                                 "\\clmgf",        "\\clvmgf",
-                                 "\\clpadt",       "\\clpadl",
-                                 "\\clpadr",       "\\clpadb",
-                                 "\\rtf",          "\\ansi"})
-            add(word, QByteArray(word));
+        QTest::addColumn<QByteArray>("word");
+        addWords(
+            "\\ud \\absw \\absh \\nowrap \\posxl \\posxc \\posxr \\strokewidth \\strokec \\strikec \\fet "
+            "\\ftnbj \\aenddoc \\chatn \\chftn \\ftnalt \\ltrch \\rtlch \\loch \\hich \\dbch \\af "
+            "\\shppict \\cs \\header \\headerf \\headerl \\headerr \\footer \\footerf \\footerl \\footerr "
+            "\\titlepg \\pgnrestart \\pgnstarts \\chpgn \\listsimple \\leveltemplateid \\levelnumbers "
+            "\\leveljc \\leveljcn \\levelfollow \\levelstartat \\levelspace \\levelindent "
+            "\\listoverridecount \\trowd \\nesttableprops \\trautofit \\trleft \\clmgf \\clvmgf \\clpadt "
+            "\\clpadl \\clpadr \\clpadb \\rtf \\ansi");
         // Outside their tables these words mean nothing either.
-        for (const char* word :
-             {"\\froman", "\\fnil", "\\fswiss", "\\fmodern", "\\fscript", "\\fdecor", "\\ftech", "\\fbidi",
-              "\\red", "\\green", "\\blue", "\\list", "\\listid", "\\listtemplateid", "\\listhybrid",
-              "\\listlevel", "\\levelnfc", "\\levelnfcn", "\\listoverride"})
-            add(word, QByteArray(word));
+        addWords("\\froman \\fnil \\fswiss \\fmodern \\fscript \\fdecor \\ftech \\fbidi \\red \\green \\blue "
+                 "\\list \\listid \\listtemplateid \\listhybrid \\listlevel \\levelnfc \\levelnfcn "
+                 "\\listoverride");
     }
 
     void wordsWithoutEffect()
@@ -387,11 +366,10 @@ private slots:
 
     void ignoredGroups_data()
     {
-        const Columns<QByteArray> add("word");
-        for (const char* word : {"\\atnid", "\\atnauthor", "\\bkmkstart", "\\bkmkend", "\\nonesttables",
-                                 "\\nonshppict", "\\listname", "\\listtext", "\\levelmarker", "\\pntext",
-                                 "\\lfolevel", "\\stylesheet", "\\info"})
-            add(word, QByteArray(word));
+        QTest::addColumn<QByteArray>("word");
+        addWords(
+            "\\atnid \\atnauthor \\bkmkstart \\bkmkend \\nonesttables \\nonshppict \\listname \\listtext "
+            "\\levelmarker \\pntext \\lfolevel \\stylesheet \\info");
     }
 
     void ignoredGroups()
@@ -408,26 +386,6 @@ private slots:
         }
         // Text before the word belongs to the group around it.
         QCOMPARE(readBody("a{b" + word + " c}d").text(), "abd"_s);
-    }
-
-    void unicodeAlternative_data()
-    {
-        const Columns<QByteArray, QString> add("body", "text");
-        add("Unicode half is read", "a{\\upr{b}{\\*\\ud{c}}}d", "acd");
-        add("without inner groups", "a{\\upr{b}{\\*\\ud c}}d", "acd");
-        add("groups in the ANSI half", "a{\\upr{b{\\i x}y}{\\*\\ud{c}}}d", "acd");
-        add("marked", "a{\\*\\upr{b}{\\*\\ud{c}}}d", "acd");
-        add("bookmarks", "a{\\upr{\\*\\bkmkstart b}{\\*\\ud{\\*\\bkmkstart c}}}d", "ad");
-        add("twice", "{\\upr{a}{\\*\\ud b}}{\\upr{c}{\\*\\ud d}}", "bd");
-        add("line ends between", "a{\\upr\n{b}\n{\\*\\ud\n{c}}\n}d", "acd");
-    }
-
-    void unicodeAlternative()
-    {
-        FETCH(QByteArray, body, QString, text);
-        const Reading reading = readBody(body);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), text);
     }
 };
 
