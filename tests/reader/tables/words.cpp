@@ -73,73 +73,39 @@ private slots:
     /*! Text behind a word that opens a table goes into a cell, and is lost with the row that never ends. */
     void wordsThatOpenATable_data()
     {
-        const Columns<QByteArray, bool> add("word", "opens");
-        static const char* const opening[] = {"\\intbl",     "\\itap1",     "\\itap2",       "\\cellx2000",
-                                              "\\cellx",     "\\clmrg",     "\\clvmrg",      "\\clcbpat1",
-                                              "\\clcbpat99", "\\clcbpat-1", "\\clshdrawnil", "\\trgaph108"};
-        for (const char* word : opening)
-            add(word, QByteArray(word), true);
-
-        static const char* const others[] = {"\\trowd",
-                                             "\\nesttableprops",
-                                             "\\trleft100",
-                                             "\\trautofit1",
-                                             "\\clmgf",
-                                             "\\clvmgf",
-                                             "\\clpadt50",
-                                             "\\clpadl50",
-                                             "\\clpadr50",
-                                             "\\clpadb50",
-                                             "\\clvertalt",
-                                             "\\clvertalc",
-                                             "\\clvertalb",
-                                             "\\clbrdrt",
-                                             "\\clbrdrl",
-                                             "\\clbrdrr",
-                                             "\\clbrdrb",
-                                             "\\trbrdrt",
-                                             "\\trbrdrl",
-                                             "\\trbrdrr",
-                                             "\\trbrdrb",
-                                             "\\brdrs",
-                                             "\\brdrw30",
-                                             "\\brdrcf1",
-                                             "\\brdrnil",
-                                             "\\clbrdrt\\brdrs",
-                                             "\\clbrdrt\\brdrw30",
-                                             "\\clbrdrt\\brdrcf1",
-                                             "\\clbrdrt\\brdrnil",
-                                             "\\lastrow",
-                                             "\\cell",
-                                             "\\nestcell",
-                                             "\\row",
-                                             "\\nestrow",
-                                             "\\itap0",
-                                             "\\itap-1",
-                                             "\\itap"};
-        for (const char* word : others)
-            add(word, QByteArray(word), false);
+        const Columns<bool> add("opens");
+        for (const char* word :
+             {"\\intbl", "\\itap1", "\\itap2", "\\cellx2000", "\\cellx", "\\clmrg", "\\clvmrg", "\\clcbpat1",
+              "\\clcbpat99", "\\clcbpat-1", "\\clshdrawnil", "\\trgaph108"})
+            add(word, true);
+        const QByteArray others =
+            "\\trowd \\nesttableprops \\trleft100 \\trautofit1 \\clmgf \\clvmgf \\clpadt50 \\clpadl50 "
+            "\\clpadr50 \\clpadb50 \\clvertalt \\clvertalc \\clvertalb \\clbrdrt \\clbrdrl \\clbrdrr "
+            "\\clbrdrb \\trbrdrt \\trbrdrl \\trbrdrr \\trbrdrb \\brdrs \\brdrw30 \\brdrcf1 \\brdrnil "
+            "\\clbrdrt\\brdrs \\clbrdrt\\brdrw30 \\clbrdrt\\brdrcf1 \\clbrdrt\\brdrnil \\lastrow \\cell "
+            "\\nestcell \\row \\nestrow \\itap0 \\itap-1 \\itap";
+        for (const QByteArray& word : others.split(' '))
+            add(word.constData(), false);
     }
 
     void wordsThatOpenATable()
     {
-        FETCH(QByteArray, word, bool, opens);
+        FETCH(bool, opens);
         // The text before the word commits its paragraph, so that the text behind it closes nothing by
         // itself.
-        const Reading reading = readBody(colorTable() + "before" + word + " behind\\pard\\plain after");
+        const Reading reading =
+            readBody(colorTable() + "before" + QTest::currentDataTag() + " behind\\pard\\plain after");
         QCOMPARE(reading.status, 0);
         QCOMPARE(contentOf(*reading.document), opens ? "before|after"_s : "beforebehindafter"_s);
     }
 
     void acceptedWords_data()
     {
-        const Columns<QByteArray> add("word");
-        static const char* const words[] = {"\\trowd",    "\\nesttableprops", "\\trleft-108", "\\trautofit1",
-                                            "\\clmgf",    "\\clvmgf",         "\\clpadt50",   "\\clpadl50",
-                                            "\\clpadr50", "\\clpadb50",       "\\trbrdrt",    "\\trbrdrl",
-                                            "\\trbrdrr",  "\\trbrdrb"};
-        for (const char* word : words)
-            add(word, QByteArray(word));
+        QTest::addColumn<QByteArray>("word");
+        for (const QByteArray& word : "\\trowd \\nesttableprops \\trleft-108 \\trautofit1 \\clmgf \\clvmgf "
+                                      "\\clpadt50 \\clpadl50 \\clpadr50 \\clpadb50 \\trbrdrt \\trbrdrl "
+                                      "\\trbrdrr \\trbrdrb"_b.split(' '))
+            QTest::newRow(word.constData()) << word;
     }
 
     /*! Words without effect change neither cells nor the table. */
