@@ -3,6 +3,11 @@
 
 namespace {
 
+/*! An inserter at the begin of a document. */
+struct Inserter : ORVRtfTextInserter {
+    explicit Inserter(QTextDocument& document) { moveTo(QTextCursor(&document)); }
+};
+
 ORVRtfParagraph indented(double margin)
 {
     ORVRtfParagraph paragraph;
@@ -29,8 +34,9 @@ QStringList paragraphs(const QTextDocument& document)
 {
     QStringList result;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
-        result << block.text() + QLatin1Char('|') + QString::number(block.blockFormat().leftMargin())
-                + QLatin1Char('|') + QString::number(block.charFormat().fontPointSize());
+        result << "%1|%2|%3"_s.arg(block.text())
+                      .arg(block.blockFormat().leftMargin())
+                      .arg(block.charFormat().fontPointSize());
     return result;
 }
 
@@ -38,11 +44,8 @@ QStringList paragraphs(const QTextDocument& document)
 QStringList pieces(const QTextDocument& document)
 {
     QStringList result = paragraphs(document);
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it)
-            result << it.fragment().text() + QLatin1Char('|')
-                    + QString::number(it.fragment().charFormat().fontPointSize());
-    }
+    for (const QTextFragment& fragment : rtftest::fragmentsOf(document))
+        result << "%1|%2"_s.arg(fragment.text()).arg(fragment.charFormat().fontPointSize());
     return result;
 }
 
@@ -67,8 +70,7 @@ private slots:
 
     void paragraphWaitsUntilItMatters()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.insertText("a"_s, sized(8));
         cursor.endBlock();
         QCOMPARE(m_document.blockCount(), 1);
@@ -82,8 +84,7 @@ private slots:
 
     void paragraphComesWithItsFormats()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.insertText("a"_s, sized(8));
         cursor.endBlock();
         cursor.setBlockFormats(indented(5), sized(9));
@@ -95,8 +96,7 @@ private slots:
 
     void lastFormatsCount()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.endBlock();
         cursor.setBlockFormats(indented(5), sized(9));
         cursor.setBlockFormats(indented(6), sized(7));
@@ -106,8 +106,7 @@ private slots:
 
     void withoutFormatsItIsLikeTheOneBefore()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.setBlockFormats(indented(5), sized(9));
         cursor.insertText("a"_s, sized(9));
         cursor.endBlock();
@@ -119,8 +118,7 @@ private slots:
 
     void formatsOfTextAreLeftAlone()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.setBlockFormats(indented(5), sized(9));
         cursor.insertText("a"_s, sized(9));
         cursor.setBlockFormats(indented(6), sized(7));
@@ -131,8 +129,7 @@ private slots:
 
     void formatsOfEmptyParagraphsAreReplaced()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.setBlockFormats(indented(5), sized(9));
         cursor.complete();
         cursor.setBlockFormats(indented(6), sized(7));
@@ -143,8 +140,7 @@ private slots:
     /*! Setting them costs as much as the paragraph, and usually others follow before its text. */
     void formatsOfEmptyParagraphsWait()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.setBlockFormats(indented(5), sized(9));
         QCOMPARE(paragraphs(m_document), QStringList("|0|0"_s));
         cursor.setBlockFormats(indented(6), sized(7));
@@ -159,8 +155,7 @@ private slots:
     void waitingFormatsStayBehind()
     {
         QTextDocument other;
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.setBlockFormats(indented(5), sized(9));
         cursor.moveTo(QTextCursor(&other));
         cursor.complete();
@@ -188,8 +183,7 @@ private slots:
 
     void emptyParagraphsAreKept()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.endBlock();
         cursor.endBlock();
         cursor.insertText("c"_s, sized(9));
@@ -208,8 +202,7 @@ private slots:
     void textThatEndsParagraphs()
     {
         FETCH(int, unit);
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.setBlockFormats(indented(5), sized(9));
         cursor.insertText(QLatin1Char('a') + QString(QChar(ushort(unit))), sized(9));
         cursor.setBlockFormats(indented(6), sized(7));
@@ -220,8 +213,7 @@ private slots:
     void movingCompletesTheOldPlace()
     {
         QTextDocument other;
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.insertText("a"_s, sized(9));
         cursor.endBlock();
         cursor.setBlockFormats(indented(6), sized(7));
@@ -235,8 +227,7 @@ private slots:
 
     void whatTheCursorDoesIsSeen()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.insertText("a"_s, sized(9));
         cursor.endBlock();
         cursor.place().insertText("b"_s);
@@ -249,8 +240,7 @@ private slots:
 
     void textWaitsForMoreOfItsFormat()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.insertText("a"_s, sized(9));
         cursor.insertText("b"_s, sized(9));
         QCOMPARE(m_document.toPlainText(), QString());
@@ -263,8 +253,7 @@ private slots:
 
     void textWaitsAcrossEqualParagraphs()
     {
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         for (const QChar c : {QLatin1Char('a'), QLatin1Char('b'), QLatin1Char('c')}) {
             cursor.setBlockFormats(indented(5), sized(9));
             cursor.insertText(c, sized(9));
@@ -289,8 +278,7 @@ private slots:
     void otherFormatsEndTheWaiting()
     {
         FETCH(double, margin, double, blockSize, double, size);
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         cursor.setBlockFormats(indented(5), sized(9));
         cursor.insertText("a"_s, sized(9));
         cursor.endBlock();
@@ -306,8 +294,7 @@ private slots:
     void littleTextWaits()
     {
         const QString text(100, QLatin1Char('a'));
-        ORVRtfTextInserter cursor;
-        cursor.moveTo(QTextCursor(&m_document));
+        Inserter cursor(m_document);
         for (int count = 1; count <= 1000; ++count) {
             cursor.insertText(text, sized(9));
             QVERIFY(m_document.characterCount() + 10000 > count * text.size());
