@@ -15,6 +15,23 @@ protected:
     qint64 writeData(const char*, qint64) override { return -1; }
 };
 
+/*! A stripper between two open buffers: one with the RTF, and one that what is written is appended to. */
+struct Copying {
+    explicit Copying(const QByteArray& rtf, const QByteArray& before = QByteArray())
+    {
+        input.setData(rtf);
+        output.setData(before);
+        input.open(QIODevice::ReadOnly);
+        output.open(QIODevice::Append);
+        stripper.setDevice(&input);
+        stripper.setOutput(&output);
+    }
+
+    QBuffer input;
+    QBuffer output;
+    ORVTextRtfStripper stripper;
+};
+
 } // namespace
 
 /*! RTF copied in a lighter form. */
@@ -111,7 +128,6 @@ private slots:
             if (byte != '\\' && byte != '{' && byte != '}' && byte != '\r')
                 bytes += char(byte);
         }
-
         QCOMPARE(stripped(bytes), bytes);
     }
 
@@ -125,7 +141,6 @@ private slots:
             rtf += "{\\b " + text + "\\i0" + text + "}";
             expected += "\n{\\b " + text + "\\i0 " + text + "}\n";
         }
-
         QCOMPARE(stripped(rtf), expected);
     }
 
@@ -140,7 +155,6 @@ private slots:
     {
         FETCH(int, length);
         const QByteArray text(length, 'a');
-
         QCOMPARE(stripped(text + "\\fs024 " + text + "\\'e9" + text),
                  text + "\\fs24 " + text + "\\'e9" + text);
     }
@@ -156,36 +170,23 @@ private slots:
     void deepGroups()
     {
         const int depth = 100000;
-        QByteArray expected;
-        for (int i = 0; i < depth; ++i)
-            expected += "\n{";
-        for (int i = 0; i < depth; ++i)
-            expected += "}\n";
-
-        QCOMPARE(stripped(QByteArray(depth, '{') + QByteArray(depth, '}')), expected);
+        QCOMPARE(stripped(QByteArray(depth, '{') + QByteArray(depth, '}')),
+                 "\n{"_b.repeated(depth) + "}\n"_b.repeated(depth));
     }
 
     void missingDevices()
     {
-        QByteArray rtf("{x}");
-        QBuffer buffer(&rtf);
-        QVERIFY(buffer.open(QIODevice::ReadOnly));
-        QByteArray result;
-        QBuffer output(&result);
-        QVERIFY(output.open(QIODevice::WriteOnly));
+        ORVTextRtfStripper().process();
 
-        ORVTextRtfStripper withoutDevices;
-        withoutDevices.process();
+        Copying withoutOutput("{x}");
+        withoutOutput.stripper.setOutput(nullptr);
+        withoutOutput.stripper.process();
+        QCOMPARE(withoutOutput.input.pos(), qint64(0));
 
-        ORVTextRtfStripper withoutOutput;
-        withoutOutput.setDevice(&buffer);
-        withoutOutput.process();
-        QCOMPARE(buffer.pos(), qint64(0));
-
-        ORVTextRtfStripper withoutInput;
-        withoutInput.setOutput(&output);
-        withoutInput.process();
-        QCOMPARE(result, QByteArray());
+        Copying withoutInput("{x}");
+        withoutInput.stripper.setDevice(nullptr);
+        withoutInput.stripper.process();
+        QCOMPARE(withoutInput.output.data(), QByteArray());
     }
 
     void closedDevices_data()
@@ -199,100 +200,62 @@ private slots:
     void closedDevices()
     {
         FETCH(bool, inputOpen, bool, outputOpen);
-        QByteArray rtf("{x}");
-        QBuffer input(&rtf);
-        QByteArray result;
-        QBuffer output(&result);
-        if (inputOpen)
-            QVERIFY(input.open(QIODevice::ReadOnly));
-        if (outputOpen)
-            QVERIFY(output.open(QIODevice::WriteOnly));
+        Copying copying("{x}");
+        if (!inputOpen)
+            copying.input.close();
+        if (!outputOpen)
+            copying.output.close();
         if (inputOpen)
             QTest::ignoreMessage(QtWarningMsg, "QIODevice::write (QBuffer): device not open");
-
-        ORVTextRtfStripper stripper;
-        stripper.setDevice(&input);
-        stripper.setOutput(&output);
-        stripper.process();
-
-        QCOMPARE(result, QByteArray());
-        QCOMPARE(input.isOpen(), inputOpen);
-        QCOMPARE(output.isOpen(), outputOpen);
+        copying.stripper.process();
+        QCOMPARE(copying.output.data(), QByteArray());
+        QCOMPARE(copying.input.isOpen(), inputOpen);
+        QCOMPARE(copying.output.isOpen(), outputOpen);
     }
 
     void devicesAreNeitherOpenedNorClosed()
     {
-        QByteArray rtf("{x}");
-        QBuffer input(&rtf);
-        QByteArray result;
-        QBuffer output(&result);
-        QVERIFY(input.open(QIODevice::ReadOnly));
-        QVERIFY(output.open(QIODevice::WriteOnly));
+        Copying copying("{x}");
         {
             ORVTextRtfStripper stripper;
-            stripper.setDevice(&input);
-            stripper.setOutput(&output);
-            QCOMPARE(stripper.device(), static_cast<QIODevice*>(&input));
+            stripper.setDevice(&copying.input);
+            stripper.setOutput(&copying.output);
+            QCOMPARE(stripper.device(), static_cast<QIODevice*>(&copying.input));
             stripper.process();
         }
-
-        QVERIFY(input.isOpen());
-        QVERIFY(output.isOpen());
-        QCOMPARE(result, "\n{x}\n"_b);
+        QVERIFY(copying.input.isOpen());
+        QVERIFY(copying.output.isOpen());
+        QCOMPARE(copying.output.data(), "\n{x}\n"_b);
     }
 
     void startsAtTheCurrentPosition()
     {
-        QByteArray rtf("{skipped}{x}");
-        QBuffer input(&rtf);
-        QByteArray result("before");
-        QBuffer output(&result);
-        QVERIFY(input.open(QIODevice::ReadOnly));
-        QVERIFY(input.seek(9));
-        QVERIFY(output.open(QIODevice::Append));
-
-        ORVTextRtfStripper stripper;
-        stripper.setDevice(&input);
-        stripper.setOutput(&output);
-        stripper.process();
-
-        QCOMPARE(result, "before\n{x}\n"_b);
+        Copying copying("{skipped}{x}", "before");
+        QVERIFY(copying.input.seek(9));
+        copying.stripper.process();
+        QCOMPARE(copying.output.data(), "before\n{x}\n"_b);
     }
 
     void refusedOutput()
     {
-        QByteArray rtf(100000, '{');
-        QBuffer input(&rtf);
-        QVERIFY(input.open(QIODevice::ReadOnly));
+        Copying copying(QByteArray(100000, '{'));
         FullDevice output;
         QVERIFY(output.open(QIODevice::WriteOnly));
-
-        ORVTextRtfStripper stripper;
-        stripper.setDevice(&input);
-        stripper.setOutput(&output);
-        stripper.process();
-
-        QVERIFY(input.atEnd());
+        copying.stripper.setOutput(&output);
+        copying.stripper.process();
+        QVERIFY(copying.input.atEnd());
     }
 
     void everyPassBeginsAnew()
     {
-        QByteArray first("{\\pict 89");
-        QByteArray second("x\\b");
-        QByteArray third(" y");
-        QByteArray result;
-        QBuffer output(&result);
-        QVERIFY(output.open(QIODevice::WriteOnly));
-        ORVTextRtfStripper stripper;
-        stripper.setOutput(&output);
-        for (QByteArray* rtf : {&first, &second, &third}) {
-            QBuffer input(rtf);
-            QVERIFY(input.open(QIODevice::ReadOnly));
-            stripper.setDevice(&input);
-            stripper.process();
+        Copying copying("{\\pict 89");
+        Copying second("x\\b");
+        Copying third(" y");
+        for (QBuffer* input : {&copying.input, &second.input, &third.input}) {
+            copying.stripper.setDevice(input);
+            copying.stripper.process();
         }
-
-        QCOMPARE(result, "\n{\\pictxb y"_b);
+        QCOMPARE(copying.output.data(), "\n{\\pictxb y"_b);
     }
 
     void readsWithoutOutput_data()
@@ -317,65 +280,46 @@ private slots:
     void readsWithoutOutput()
     {
         FETCH(QByteArray, rtf, QString, text);
-        QBuffer input(&rtf);
-        QVERIFY(input.open(QIODevice::ReadOnly));
+        Copying copying(rtf);
+        ORVTextRtfStripper& stripper = copying.stripper;
+        stripper.setOutput(nullptr);
         QTextDocument document;
-
-        ORVTextRtfStripper stripper;
-        stripper.setDevice(&input);
-
         QVERIFY(!stripper.read(&document));
         QCOMPARE(stripper.error(), couldNotOpenDevice);
         QCOMPARE(stripper.errorString(), "Could not open device"_s);
-        QVERIFY(input.atEnd());
+        QVERIFY(copying.input.atEnd());
         QCOMPARE(document.toPlainText(), text);
     }
 
-    void readsWithoutDevices()
+    void readsWithoutDevicesOrDocument()
     {
         QTextDocument document;
         ORVTextRtfStripper stripper;
-
         QVERIFY(!stripper.read(&document));
         QCOMPARE(stripper.error(), couldNotOpenDevice);
-    }
 
-    void readsIntoNoDocument()
-    {
-        QByteArray rtf("{x}");
-        QBuffer input(&rtf);
-        QVERIFY(input.open(QIODevice::ReadOnly));
-        ORVTextRtfStripper stripper;
-        stripper.setDevice(&input);
-
-        QVERIFY(!stripper.read(nullptr));
-        QCOMPARE(stripper.error(), noDocument);
+        Copying copying("{x}");
+        copying.stripper.setOutput(nullptr);
+        QVERIFY(!copying.stripper.read(nullptr));
+        QCOMPARE(copying.stripper.error(), noDocument);
     }
 
     void copiesAfterReadingWithoutOutput()
     {
-        QByteArray first("{\\rtf1\\b first");
-        QByteArray second("{\\b second}");
-        QBuffer input(&first);
-        QVERIFY(input.open(QIODevice::ReadOnly));
+        Copying copying("{\\rtf1\\b first");
+        ORVTextRtfStripper& stripper = copying.stripper;
+        stripper.setOutput(nullptr);
         QTextDocument document;
-        QByteArray result;
-        QBuffer output(&result);
-        QVERIFY(output.open(QIODevice::WriteOnly));
-
-        ORVTextRtfStripper stripper;
-        stripper.setDevice(&input);
         QVERIFY(!stripper.read(&document));
-        QBuffer inputOfCopy(&second);
-        QVERIFY(inputOfCopy.open(QIODevice::ReadOnly));
-        stripper.setDevice(&inputOfCopy);
-        stripper.setOutput(&output);
+        Copying second("{\\b second}");
+        stripper.setDevice(&second.input);
+        stripper.setOutput(&copying.output);
         stripper.process();
-        QCOMPARE(result, "\n{\\b second}\n"_b);
+        QCOMPARE(copying.output.data(), "\n{\\b second}\n"_b);
 
         // With an output the status is that of the input again.
-        QVERIFY(input.seek(0));
-        stripper.setDevice(&input);
+        QVERIFY(copying.input.seek(0));
+        stripper.setDevice(&copying.input);
         QVERIFY(!stripper.read(&document));
         QCOMPARE(stripper.error(), unmatchedOpeningBrace);
     }
