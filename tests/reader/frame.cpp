@@ -39,16 +39,6 @@ public:
     int closed = 0;
 };
 
-/*! Translates the texts of one context by putting brackets around them. */
-class Brackets : public QTranslator {
-public:
-    QString translate(const char* context, const char* text, const char*, int) const override
-    {
-        return std::strcmp(context, "ORVTextRtf") == 0 ? "[" + QString::fromLatin1(text) + "]" : QString();
-    }
-    bool isEmpty() const override { return false; }
-};
-
 /*! Puts the static defaults of the reader back at the end of a test. */
 class StaticDefaults {
 public:
@@ -83,6 +73,27 @@ Page pageOf(const ORVTextRtfReader& reader)
             reader.marginRight(), reader.marginTop(),   reader.marginBottom()};
 }
 
+/*! A reader with a buffer, and a document with the default font of the tests. */
+struct BufferReader {
+    explicit BufferReader(const QByteArray& rtf)
+    {
+        buffer.setData(rtf);
+        reader.setDevice(&buffer);
+    }
+    bool read() { return reader.read(document.data()); }
+    bool read(const QTextCharFormat& format, bool removeInvalidChars = true)
+    {
+        return reader.read(document.data(), removeInvalidChars, format);
+    }
+    QString text() const { return textOf(*document); }
+
+    WatchedBuffer buffer;
+    ORVTextRtfReader reader;
+    const QSharedPointer<QTextDocument> document = newDocument();
+};
+
+const Page letter{12240, 15840, 1800, 1800, 1440, 1440};
+
 } // namespace
 
 /*! The public class: devices, documents, defaults and messages. */
@@ -99,39 +110,29 @@ private slots:
 
     void freshReader()
     {
-        QBuffer buffer;
-        ORVTextRtfReader reader(&buffer);
+        ORVTextRtfReader reader;
+        QVERIFY(!reader.device());
+        QBuffer first;
+        QCOMPARE(ORVTextRtfReader(&first).device(), static_cast<QIODevice*>(&first));
+        reader.setDevice(&first);
+        QCOMPARE(reader.device(), static_cast<QIODevice*>(&first));
         QCOMPARE(reader.error(), 0);
         QCOMPARE(reader.errorString(), QString());
-    }
-
-    void devices()
-    {
-        QBuffer first;
-        QBuffer second;
-        QVERIFY(!ORVTextRtfReader().device());
-        ORVTextRtfReader reader(&first);
-        QCOMPARE(reader.device(), static_cast<QIODevice*>(&first));
-        reader.setDevice(&second);
-        QCOMPARE(reader.device(), static_cast<QIODevice*>(&second));
+        QCOMPARE(pageOf(reader), letter);
     }
 
     void errorIsReplacedByTheNextRead()
     {
-        QBuffer bad;
-        bad.setData("}");
-        QBuffer good;
-        good.setData("{abc}");
-        QTextDocument document;
-        ORVTextRtfReader reader(&bad);
-        QVERIFY(!reader.read(&document));
-        QCOMPARE(reader.error(), 1);
-        reader.setDevice(&good);
-        QCOMPARE(reader.error(), 1);
-        QVERIFY(reader.read(&document));
-        QCOMPARE(reader.error(), 0);
-        QCOMPARE(reader.errorString(), QString());
-        QCOMPARE(document.toPlainText(), "abc"_s);
+        BufferReader bad("}");
+        BufferReader good("{abc}");
+        QVERIFY(!bad.read());
+        QCOMPARE(bad.reader.error(), 1);
+        bad.reader.setDevice(&good.buffer);
+        QCOMPARE(bad.reader.error(), 1);
+        QVERIFY(bad.read());
+        QCOMPARE(bad.reader.error(), 0);
+        QCOMPARE(bad.reader.errorString(), QString());
+        QCOMPARE(bad.text(), "abc"_s);
     }
 
     // Lists and the numbers of pictures belong to one read.
@@ -177,40 +178,35 @@ private slots:
 
     void messagesAreTranslated()
     {
-        Brackets translator;
+        ContextTranslator translator;
         QCoreApplication::installTranslator(&translator);
         const QString message = read("{a").message;
         const QString none = read("{a}").message;
         QCoreApplication::removeTranslator(&translator);
-        QCOMPARE(message, "[Unmatched '}' in Rich Text file]"_s);
+        QCOMPARE(message, "[ORVTextRtf] Unmatched '}' in Rich Text file"_s);
         QCOMPARE(none, QString());
     }
 
     void nullDocument()
     {
-        QBuffer buffer;
-        buffer.setData("{\\rtf1 abc}");
-        ORVTextRtfReader reader(&buffer);
-        QVERIFY(!reader.read(nullptr));
-        QCOMPARE(reader.error(), 6);
-        QCOMPARE(reader.errorString(), "Assertion Error"_s);
-        QVERIFY(!reader.read(nullptr, true));
-        QCOMPARE(reader.error(), 6);
-        QVERIFY(!reader.read(nullptr, false, QTextCharFormat()));
-        QCOMPARE(reader.error(), 6);
-        QVERIFY(!buffer.isOpen());
+        BufferReader source("{\\rtf1 abc}");
+        QVERIFY(!source.reader.read(nullptr));
+        QCOMPARE(source.reader.error(), 6);
+        QCOMPARE(source.reader.errorString(), "Assertion Error"_s);
+        QVERIFY(!source.reader.read(nullptr, true));
+        QCOMPARE(source.reader.error(), 6);
+        QVERIFY(!source.reader.read(nullptr, false, QTextCharFormat()));
+        QCOMPARE(source.reader.error(), 6);
+        QVERIFY(!source.buffer.isOpen());
     }
 
     void opensAClosedDevice()
     {
-        QBuffer buffer;
-        buffer.setData("{\\rtf1 abc}");
-        QTextDocument document;
-        ORVTextRtfReader reader(&buffer);
-        QVERIFY(reader.read(&document));
-        QVERIFY(buffer.isReadable());
-        QVERIFY(!buffer.isWritable());
-        QCOMPARE(document.toPlainText(), "abc"_s);
+        BufferReader source("{\\rtf1 abc}");
+        QVERIFY(source.read());
+        QVERIFY(source.buffer.isReadable());
+        QVERIFY(!source.buffer.isWritable());
+        QCOMPARE(source.text(), "abc"_s);
     }
 
     void leavesTheDeviceOpen()
@@ -218,11 +214,7 @@ private slots:
         WatchedBuffer buffer;
         buffer.setData("{\\rtf1 abc}");
         buffer.open(QIODevice::ReadOnly);
-        {
-            QTextDocument document;
-            ORVTextRtfReader reader(&buffer);
-            QVERIFY(reader.read(&document));
-        }
+        QVERIFY(ORVTextRtfReader(&buffer).read(newDocument().data()));
         QVERIFY(buffer.isOpen());
         QCOMPARE(buffer.closed, 0);
         QVERIFY(buffer.atEnd());
@@ -230,14 +222,11 @@ private slots:
 
     void readsFromTheCurrentPosition()
     {
-        QBuffer buffer;
-        buffer.setData("{\\rtf1 one}{\\rtf1 two}");
-        buffer.open(QIODevice::ReadOnly);
-        buffer.seek(11);
-        QTextDocument document;
-        ORVTextRtfReader reader(&buffer);
-        QVERIFY(reader.read(&document));
-        QCOMPARE(document.toPlainText(), "two"_s);
+        BufferReader source("{\\rtf1 one}{\\rtf1 two}");
+        source.buffer.open(QIODevice::ReadOnly);
+        source.buffer.seek(11);
+        QVERIFY(source.read());
+        QCOMPARE(source.text(), "two"_s);
     }
 
     void deviceThatCannotBeOpened()
@@ -254,15 +243,12 @@ private slots:
 
     void writeOnlyDevice()
     {
-        QBuffer buffer;
-        buffer.setData("{\\rtf1 abc}");
-        buffer.open(QIODevice::WriteOnly);
-        QTextDocument document;
-        document.setPlainText("old text"_s);
-        ORVTextRtfReader reader(&buffer);
-        QVERIFY(reader.read(&document));
-        QCOMPARE(reader.error(), 0);
-        QVERIFY(document.isEmpty());
+        BufferReader source("{\\rtf1 abc}");
+        source.buffer.open(QIODevice::WriteOnly);
+        source.document->setPlainText("old text"_s);
+        QVERIFY(source.read());
+        QCOMPARE(source.reader.error(), 0);
+        QVERIFY(source.document->isEmpty());
     }
 
     void sequentialDevice()
@@ -273,8 +259,7 @@ private slots:
         Pipe pipe(rtf);
         pipe.open(QIODevice::ReadOnly);
         QTextDocument document;
-        ORVTextRtfReader reader(&pipe);
-        QVERIFY(reader.read(&document));
+        QVERIFY(ORVTextRtfReader(&pipe).read(&document));
         QCOMPARE(textOf(document), "One two\n€threeé "_s + QString(3000, QLatin1Char('x')));
         QCOMPARE(pipe.bytesAvailable(), qint64(0));
     }
@@ -303,14 +288,11 @@ private slots:
     void position()
     {
         FETCH(QByteArray, rtf, int, expected);
-        QBuffer buffer;
-        buffer.setData(rtf);
-        buffer.open(QIODevice::ReadOnly);
-        QTextDocument document;
-        ORVTextRtfReader reader(&buffer);
-        QCOMPARE(reader.pos(), qint64(0));
-        QVERIFY(reader.read(&document));
-        QCOMPARE(reader.pos(), qint64(expected));
+        BufferReader source(rtf);
+        source.buffer.open(QIODevice::ReadOnly);
+        QCOMPARE(source.reader.pos(), qint64(0));
+        QVERIFY(source.read());
+        QCOMPARE(source.reader.pos(), qint64(expected));
     }
 
     void contentIsReplaced()
@@ -392,11 +374,11 @@ private slots:
     {
         const QSharedPointer<QTextDocument> document = newDocument();
         QTextOption option = document->defaultTextOption();
-        option.setFlags(QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators);
-        document->setDefaultTextOption(option);
-        readInto(document, "{\\rtf1 abc}");
         const QTextOption::Flags shown =
             QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators;
+        option.setFlags(shown);
+        document->setDefaultTextOption(option);
+        readInto(document, "{\\rtf1 abc}");
         QVERIFY(!(document->defaultTextOption().flags() & shown));
     }
 
@@ -412,19 +394,17 @@ private slots:
         FETCH(bool, byDefault, QString, text);
         const StaticDefaults restore;
         ORVTextRtfReader::DefaultRemoveInvalidRtfChars = byDefault;
-        QBuffer buffer;
-        buffer.setData("{\\rtf1 a\\u133?b}");
-        QTextDocument document;
-        QVERIFY(ORVTextRtfReader(&buffer).read(&document));
-        QCOMPARE(textOf(document), text);
+        BufferReader source("{\\rtf1 a\\u133?b}");
+        QVERIFY(source.read());
+        QCOMPARE(source.text(), text);
 
         // The two other forms of read() are told what to do.
         const bool given = !byDefault;
         const QString other = given ? "ab"_s : "a\uFFFDb"_s;
-        QCOMPARE(read(buffer.data(), given).text(), other);
-        buffer.close();
-        QVERIFY(ORVTextRtfReader(&buffer).read(&document, given, QTextCharFormat()));
-        QCOMPARE(textOf(document), other);
+        QCOMPARE(read(source.buffer.data(), given).text(), other);
+        source.buffer.close();
+        QVERIFY(source.read(QTextCharFormat(), given));
+        QCOMPARE(source.text(), other);
     }
 
     void hinting_data()
@@ -439,63 +419,45 @@ private slots:
         FETCH(bool, byDefault, int, preference);
         const StaticDefaults restore;
         ORVTextRtfReader::DefaultFontHinting = byDefault;
-        QBuffer buffer;
-        buffer.setData("{\\rtf1\\plain abc}");
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QVERIFY(ORVTextRtfReader(&buffer).read(document.data()));
-        const QTextCharFormat format = ORVTextFormat::defaultCharFormat(document.data());
-        QCOMPARE(format.intProperty(QTextFormat::FontHintingPreference), preference);
-        QCOMPARE(formatOf(*document, "abc"_s).intProperty(QTextFormat::FontHintingPreference), preference);
+        BufferReader source("{\\rtf1\\plain abc}");
+        QVERIFY(source.read());
+        const int hinting = QTextFormat::FontHintingPreference;
+        QCOMPARE(ORVTextFormat::defaultCharFormat(source.document.data()).intProperty(hinting), preference);
+        QCOMPARE(formatOf(*source.document, "abc"_s).intProperty(hinting), preference);
     }
 
-    void givenFormatBecomesTheDefault()
+    void defaultFormat()
     {
-        QBuffer buffer;
-        buffer.setData("{\\rtf1 abc}");
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QVERIFY(ORVTextRtfReader(&buffer).read(document.data(), true, colouredFormat()));
-        QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())),
-                 dump(Properties{{Family, "Quibble Serif"_s}, {QTextFormat::FontPointSize, 17.0}}));
-    }
+        BufferReader source("{\\rtf1 abc}");
+        QTextDocument* const document = source.document.data();
+        const auto current = [document] { return dump(ORVTextFormat::defaultCharFormat(document)); };
+        Properties font{{Family, "Quibble Serif"_s}, {QTextFormat::FontPointSize, 17.0}};
 
-    void givenFormatThatIsNoCharacterFormat()
-    {
-        QBuffer buffer;
-        buffer.setData("{\\rtf1 abc}");
-        const QSharedPointer<QTextDocument> document = newDocument();
-        ORVTextFormat::setDefaultCharFormat(document.data(), colouredFormat());
+        // A given format becomes the default, but for its colours.
+        QVERIFY(source.read(colouredFormat()));
+        QCOMPARE(current(), dump(font));
+
+        // One that is no character format does not, nor does reading otherwise change the default.
+        ORVTextFormat::setDefaultCharFormat(document, colouredFormat());
         const QTextCharFormat none = QTextFormat().toCharFormat();
         QVERIFY(!none.isCharFormat());
-        QVERIFY(ORVTextRtfReader(&buffer).read(document.data(), true, none));
-        QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())), dump(colouredFormat()));
-    }
+        source.buffer.seek(0);
+        QVERIFY(source.read(none));
+        QCOMPARE(current(), dump(colouredFormat()));
+        readInto(source.document, "{\\rtf1 abc}");
+        QCOMPARE(current(), dump(colouredFormat()));
 
-    void defaultFormatStays()
-    {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        ORVTextFormat::setDefaultCharFormat(document.data(), colouredFormat());
-        readInto(document, "{\\rtf1 abc}");
-        QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())), dump(colouredFormat()));
-    }
-
-    void plainReadKeepsTheFontOfTheDefault()
-    {
-        QBuffer buffer;
-        buffer.setData("{\\rtf1 abc}");
-        const QSharedPointer<QTextDocument> document = newDocument();
-        ORVTextFormat::setDefaultCharFormat(document.data(), colouredFormat());
-        QVERIFY(ORVTextRtfReader(&buffer).read(document.data()));
-        QCOMPARE(dump(ORVTextFormat::defaultCharFormat(document.data())),
-                 dump(Properties{{Family, "Quibble Serif"_s},
-                                 {QTextFormat::FontPointSize, 17.0},
-                                 {QTextFormat::FontHintingPreference, int(QFont::PreferNoHinting)}}));
+        // Reading without further arguments keeps the font of the default.
+        source.buffer.seek(0);
+        QVERIFY(source.read());
+        font.insert(QTextFormat::FontHintingPreference, int(QFont::PreferNoHinting));
+        QCOMPARE(current(), dump(font));
         QCOMPARE(dump(formatOf(*document, "abc"_s)), QString());
     }
 
     void page_data()
     {
         const Columns<QByteArray, Page> add("rtf", "page");
-        const Page letter{12240, 15840, 1800, 1800, 1440, 1440};
         add("not stated", "{\\rtf1 text}", letter);
         add("no RTF", QByteArray(), letter);
         add("stated", "{\\rtf1\\paperw11906\\paperh16838\\margl1\\margr2\\margt3\\margb4 text}",
@@ -508,24 +470,19 @@ private slots:
     void page()
     {
         FETCH(QByteArray, rtf);
-        QBuffer buffer(&rtf);
-        ORVTextRtfReader reader(&buffer);
-        reader.read(newDocument().data());
-        QTEST(pageOf(reader), "page");
+        BufferReader source(rtf);
+        source.read();
+        QTEST(pageOf(source.reader), "page");
     }
 
     void pageOfTheNextReadBeginsAnew()
     {
-        QBuffer first;
-        first.setData("{\\rtf1\\paperw300 text}");
-        QBuffer second;
-        second.setData("{\\rtf1\\paperh400 text}");
-        ORVTextRtfReader reader(&first);
-        QCOMPARE(pageOf(reader), Page({12240, 15840, 1800, 1800, 1440, 1440}));
-        reader.read(newDocument().data());
-        reader.setDevice(&second);
-        reader.read(newDocument().data());
-        QCOMPARE(pageOf(reader), Page({12240, 400, 1800, 1800, 1440, 1440}));
+        BufferReader first("{\\rtf1\\paperw300 text}");
+        BufferReader second("{\\rtf1\\paperh400 text}");
+        first.read();
+        first.reader.setDevice(&second.buffer);
+        first.read();
+        QCOMPARE(pageOf(first.reader), Page({12240, 400, 1800, 1800, 1440, 1440}));
     }
 };
 
