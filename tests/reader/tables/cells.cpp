@@ -39,13 +39,22 @@ QList<QTextBlock> blocksAt(const Reading& reading, int row, int column)
     return blocksOf(firstTable(reading)->cellAt(row, column));
 }
 
-/*! Text and format of each run of a paragraph. */
-QStringList runsOf(const QTextBlock& block)
+/*! The format of a paragraph in such a cell. */
+QString formatAt(const Reading& reading, int row, int column, int paragraph = 0)
+{
+    return dump(ownProperties(blocksAt(reading, row, column).at(paragraph).blockFormat()));
+}
+
+/*! Text and format of each run of the first cell, "|" between paragraphs. */
+QStringList runsOf(const Reading& reading)
 {
     QStringList runs;
-    const QList<QTextFragment> fragments = fragmentsOf(block);
-    for (const QTextFragment& fragment : fragments)
-        runs << fragment.text() + " ["_s + dump(fragment.charFormat()) + QLatin1Char(']');
+    for (const QTextBlock& block : blocksAt(reading, 0, 0)) {
+        if (!runs.isEmpty())
+            runs << "|"_s;
+        for (const QTextFragment& fragment : fragmentsOf(block))
+            runs << fragment.text() + " ["_s + dump(fragment.charFormat()) + QLatin1Char(']');
+    }
     return runs;
 }
 
@@ -60,6 +69,14 @@ Properties with(int id, const QVariant& value, Properties properties = Propertie
     return properties;
 }
 
+/*! The format of a paragraph of which only the alignment is stated. */
+QString aligned(Qt::AlignmentFlag alignment)
+{
+    return dump(with(QTextFormat::BlockAlignment, int(alignment)));
+}
+
+const Properties boldRun = with(QTextFormat::FontWeight, int(QFont::Bold));
+const Properties normalRun = with(QTextFormat::FontWeight, int(QFont::Normal));
 const QChar object = QChar(QChar::ObjectReplacementCharacter);
 
 } // namespace
@@ -99,17 +116,14 @@ private slots:
         const Reading reading = readBody(
             rawRow("\\cellx8640", "\\qc\\sb120 A\\par\\li720\\fi-360 B\\par\\pard\\intbl\\qr C\\cell")
             + "\\pard after");
-        const QList<QTextBlock> blocks = blocksAt(reading, 0, 0);
-        QCOMPARE(blocks.size(), 3);
-        Properties expected;
-        expected.insert(QTextFormat::BlockAlignment, int(Qt::AlignHCenter));
-        expected.insert(QTextFormat::BlockTopMargin, 6.0);
-        QCOMPARE(dump(ownProperties(blocks[0].blockFormat())), dump(expected));
+        QCOMPARE(blocksAt(reading, 0, 0).size(), 3);
+        Properties expected{{QTextFormat::BlockAlignment, int(Qt::AlignHCenter)},
+                            {QTextFormat::BlockTopMargin, 6.0}};
+        QCOMPARE(formatAt(reading, 0, 0, 0), dump(expected));
         expected.insert(ORVRtfProperty::LeftIndent, 36.0);
         expected.insert(QTextFormat::TextIndent, 18.0);
-        QCOMPARE(dump(ownProperties(blocks[1].blockFormat())), dump(expected));
-        QCOMPARE(dump(ownProperties(blocks[2].blockFormat())),
-                 dump(with(QTextFormat::BlockAlignment, int(Qt::AlignRight))));
+        QCOMPARE(formatAt(reading, 0, 0, 1), dump(expected));
+        QCOMPARE(formatAt(reading, 0, 0, 2), aligned(Qt::AlignRight));
     }
 
     void paragraphFormatLastsAcrossCells()
@@ -118,11 +132,10 @@ private slots:
             readBody(rawRow(cellx("4320 8640"), "\\qc A\\cell B\\cell")
                      + "\\trowd\\cellx4320\\cellx8640\\intbl C\\cell\\pard\\intbl D\\cell\\row");
         QCOMPARE(shapeOf(firstTable(reading)), "2: A, B / C, D"_s);
-        const QString centred = dump(with(QTextFormat::BlockAlignment, int(Qt::AlignHCenter)));
-        QCOMPARE(dump(ownProperties(blocksAt(reading, 0, 0)[0].blockFormat())), centred);
-        QCOMPARE(dump(ownProperties(blocksAt(reading, 0, 1)[0].blockFormat())), centred);
-        QCOMPARE(dump(ownProperties(blocksAt(reading, 1, 0)[0].blockFormat())), centred);
-        QCOMPARE(dump(ownProperties(blocksAt(reading, 1, 1)[0].blockFormat())), QString());
+        QCOMPARE(formatAt(reading, 0, 0), aligned(Qt::AlignHCenter));
+        QCOMPARE(formatAt(reading, 0, 1), aligned(Qt::AlignHCenter));
+        QCOMPARE(formatAt(reading, 1, 0), aligned(Qt::AlignHCenter));
+        QCOMPARE(formatAt(reading, 1, 1), QString());
     }
 
     void paragraphFormatOfAnEmptyCell()
@@ -130,12 +143,9 @@ private slots:
         const Reading reading =
             readBody(rawRow(cellx("4320 8640"), "\\qr\\cell\\pard\\intbl\\qc\\par\\pard\\intbl\\qj\\cell"));
         QCOMPARE(shapeOf(firstTable(reading)), "2: -, |"_s);
-        QCOMPARE(dump(ownProperties(blocksAt(reading, 0, 0)[0].blockFormat())),
-                 dump(with(QTextFormat::BlockAlignment, int(Qt::AlignRight))));
-        QCOMPARE(dump(ownProperties(blocksAt(reading, 0, 1)[0].blockFormat())),
-                 dump(with(QTextFormat::BlockAlignment, int(Qt::AlignHCenter))));
-        QCOMPARE(dump(ownProperties(blocksAt(reading, 0, 1)[1].blockFormat())),
-                 dump(with(QTextFormat::BlockAlignment, int(Qt::AlignJustify))));
+        QCOMPARE(formatAt(reading, 0, 0), aligned(Qt::AlignRight));
+        QCOMPARE(formatAt(reading, 0, 1, 0), aligned(Qt::AlignHCenter));
+        QCOMPARE(formatAt(reading, 0, 1, 1), aligned(Qt::AlignJustify));
     }
 
     /*! The text of the cell that joins brings its paragraph format along, and its cell format wins. */
@@ -146,8 +156,7 @@ private slots:
             + rawRow("\\clvmrg\\cellx2000\\clcbpat2\\clvertalb\\cellx4000\\cellx6000",
                      "\\cell\\qr E\\cell F\\cell"));
         QCOMPARE(shapeOf(firstTable(reading)), "3: AE(r2c2), C / F"_s);
-        QCOMPARE(dump(ownProperties(blocksAt(reading, 0, 0)[0].blockFormat())),
-                 dump(with(QTextFormat::BlockAlignment, int(Qt::AlignRight))));
+        QCOMPARE(formatAt(reading, 0, 0), aligned(Qt::AlignRight));
         const Properties expected = with(QTextFormat::BackgroundBrush, solidBrush(Qt::green),
                                          plainCell(QTextCharFormat::AlignBottom));
         QCOMPARE(dump(ownProperties(firstTable(reading)->cellAt(0, 0).format())), dump(expected));
@@ -167,38 +176,32 @@ private slots:
         }
         const QString none;
         QCOMPARE(formats,
-                 QStringList() << dump(with(QTextFormat::BlockAlignment, int(Qt::AlignRight))) << none << none
-                               << dump(with(QTextFormat::BlockAlignment, int(Qt::AlignHCenter))) << none);
+                 (QStringList{aligned(Qt::AlignRight), none, none, aligned(Qt::AlignHCenter), none}));
+    }
+
+    void runs_data()
+    {
+        const Columns<QByteArray, QByteArray, QStringList> add("definition", "cell", "expected");
+        const int italic = QTextFormat::FontItalic;
+        const Properties plain;
+        add("bold and italic", "", "\\b A\\b0\\i B{\\b C}D\\par\\i0 E\\b F",
+            {run("A", boldRun), run("B", with(italic, true, normalRun)),
+             run("C", with(italic, true, boldRun)), run("D", with(italic, true, normalRun)), "|",
+             run("E", with(italic, false, normalRun)), run("F", with(italic, false, boldRun))});
+        add("without the cell's format", "\\clcbpat1\\clvertalb", "A{\\b B}\\par C",
+            {run("A", plain), run("B", boldRun), "|", run("C", plain)});
+        add("link", "", "A{\\field{\\*\\fldinst HYPERLINK \"notes/target\"}{\\fldrslt link}}B",
+            {run("A", plain),
+             run("link", {{QTextFormat::IsAnchor, true}, {QTextFormat::AnchorHref, "notes/target"_s}}),
+             run("B", plain)});
     }
 
     void runs()
     {
+        FETCH(QByteArray, definition, QByteArray, cell, QStringList, expected);
         const Reading reading =
-            readBody(rawRow("\\cellx8640", "\\b A\\b0\\i B{\\b C}D\\par\\i0 E\\b F\\cell") + "\\pard after");
-        const QList<QTextBlock> blocks = blocksAt(reading, 0, 0);
-        QCOMPARE(blocks.size(), 2);
-        const Properties bold = with(QTextFormat::FontWeight, int(QFont::Bold));
-        const Properties normal = with(QTextFormat::FontWeight, int(QFont::Normal));
-        QCOMPARE(runsOf(blocks[0]),
-                 QStringList() << run("A", bold) << run("B", with(QTextFormat::FontItalic, true, normal))
-                               << run("C", with(QTextFormat::FontItalic, true, bold))
-                               << run("D", with(QTextFormat::FontItalic, true, normal)));
-        QCOMPARE(runsOf(blocks[1]),
-                 QStringList() << run("E", with(QTextFormat::FontItalic, false, normal))
-                               << run("F", with(QTextFormat::FontItalic, false, bold)));
-    }
-
-    void runsDoNotTakeTheCellsFormat()
-    {
-        const Reading reading =
-            readBody(colorTable() + rawRow("\\clcbpat1\\clvertalb\\cellx8640", "A{\\b B}\\par C\\cell")
-                     + "\\pard after");
-        const QList<QTextBlock> blocks = blocksAt(reading, 0, 0);
-        QCOMPARE(blocks.size(), 2);
-        QCOMPARE(runsOf(blocks[0]),
-                 QStringList() << run("A", Properties())
-                               << run("B", with(QTextFormat::FontWeight, int(QFont::Bold))));
-        QCOMPARE(runsOf(blocks[1]), QStringList() << run("C", Properties()));
+            readBody(colorTable() + rawRow(definition + "\\cellx8640", cell + "\\cell") + "\\pard after");
+        QCOMPARE(runsOf(reading), expected);
     }
 
     void characterFormatLastsAcrossCellsAndRows()
@@ -206,9 +209,8 @@ private slots:
         const Reading reading = readBody(rawRow(cellx("4320 8640"), "\\b A\\cell B\\cell")
                                          + row("4320 8640", "C D") + "\\pard E");
         QCOMPARE(contentOf(*reading.document), "|{2: A, B / C, D}||E"_s);
-        const QString bold = dump(with(QTextFormat::FontWeight, int(QFont::Bold)));
         for (const char* text : {"A", "B", "C", "D", "E"})
-            QCOMPARE(dump(reading.format(QLatin1String(text))), bold);
+            QCOMPARE(dump(reading.format(QLatin1String(text))), dump(boldRun));
     }
 
     /*! An empty paragraph keeps the character format it was made with, for text that is typed there later. */
@@ -219,8 +221,7 @@ private slots:
         const QList<QTextBlock> blocks = blocksAt(reading, 0, 0);
         QCOMPARE(blocks.size(), 3);
         QCOMPARE(blocks[1].text(), QString());
-        QCOMPARE(dump(ownProperties(blocks[1].charFormat())),
-                 dump(with(QTextFormat::FontWeight, int(QFont::Bold))));
+        QCOMPARE(dump(ownProperties(blocks[1].charFormat())), dump(boldRun));
     }
 
     void tabs()
@@ -269,41 +270,24 @@ private slots:
         QCOMPARE(levels.value("N"_s), 0);
     }
 
-    void links()
+    void pageBreaks_data()
     {
-        const Reading reading = readBody(rawRow(
-            "\\cellx8640", "A{\\field{\\*\\fldinst HYPERLINK \"notes/target\"}{\\fldrslt link}}B\\cell"));
-        const QList<QTextBlock> blocks = blocksAt(reading, 0, 0);
-        QCOMPARE(blocks.size(), 1);
-        Properties link;
-        link.insert(QTextFormat::IsAnchor, true);
-        link.insert(QTextFormat::AnchorHref, "notes/target"_s);
-        QCOMPARE(runsOf(blocks[0]),
-                 QStringList() << run("A", Properties()) << run("link", link) << run("B", Properties()));
+        const Columns<QByteArray, QString, QList<int>> add("cell", "content", "policies");
+        const int before = QTextFormat::PageBreak_AlwaysBefore;
+        add("between", "A\\page B\\par C", "A|B|C", {0, before, 0, 0});
+        add("at the end of a cell", "A\\page", "A|", {0, before, 0});
     }
 
-    void pageBreak()
+    void pageBreaks()
     {
+        FETCH(QByteArray, cell, QString, content, QList<int>, policies);
         const Reading reading =
-            readBody(rawRow(cellx("4320 8640"), "A\\page B\\par C\\cell D\\cell") + "\\pard after");
-        QCOMPARE(contentOf(*reading.document), "|{2: A|B|C, D}||after"_s);
-        const QList<QTextBlock> blocks = blocksAt(reading, 0, 0);
-        QCOMPARE(int(blocks[0].blockFormat().pageBreakPolicy()), int(QTextFormat::PageBreak_Auto));
-        QCOMPARE(int(blocks[1].blockFormat().pageBreakPolicy()), int(QTextFormat::PageBreak_AlwaysBefore));
-        QCOMPARE(int(blocks[2].blockFormat().pageBreakPolicy()), int(QTextFormat::PageBreak_Auto));
-        QCOMPARE(int(blocksAt(reading, 0, 1)[0].blockFormat().pageBreakPolicy()),
-                 int(QTextFormat::PageBreak_Auto));
-    }
-
-    void pageBreakAtTheEndOfACell()
-    {
-        const Reading reading =
-            readBody(rawRow(cellx("4320 8640"), "A\\page\\cell D\\cell") + "\\pard after");
-        QCOMPARE(contentOf(*reading.document), "|{2: A|, D}||after"_s);
-        const QTextBlock next = blocksAt(reading, 0, 1)[0];
-        QCOMPARE(int(next.blockFormat().pageBreakPolicy()), int(QTextFormat::PageBreak_Auto));
-        QCOMPARE(int(blocksAt(reading, 0, 0)[0].blockFormat().pageBreakPolicy()),
-                 int(QTextFormat::PageBreak_Auto));
+            readBody(rawRow(cellx("4320 8640"), cell + "\\cell D\\cell") + "\\pard after");
+        QCOMPARE(contentOf(*reading.document), "|{2: %1, D}||after"_s.arg(content));
+        QList<int> actual;
+        for (const QTextBlock& block : blocksAt(reading, 0, 0) + blocksAt(reading, 0, 1))
+            actual << int(block.blockFormat().pageBreakPolicy());
+        QCOMPARE(actual, policies);
     }
 
     /*! The words of a note's paragraphs neither close the table nor format the cell. */
@@ -329,75 +313,42 @@ private slots:
         QCOMPARE(dump(ownProperties(block.blockFormat())), QString());
     }
 
-    void picturesInCells()
+    void pictures_data()
     {
-        const QImage red = picture(Qt::red), blue = picture(Qt::blue, 4);
-        const Reading reading = readBody(
-            rawRow(cellx("4320 8640"), pict(red) + "\\cell " + pict(blue) + "\\cell") + "\\pard after");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), "|{2: %1, %1}||after"_s.arg(object));
-        const QList<QTextImageFormat> images = reading.images();
-        QCOMPARE(images.size(), 2);
-        QCOMPARE(resourceOf(reading, images[0]), red);
-        QCOMPARE(resourceOf(reading, images[1]), blue);
-        QCOMPARE(images[0].width(), 3.0);
-        QCOMPARE(images[1].width(), 4.0);
-        QCOMPARE(images[0].stringProperty(ORVRtfProperty::ImageType), "PNG"_s);
-        QCOMPARE(images[0].stringProperty(ORVRtfProperty::ImageFileName), "Image1"_s);
-        QCOMPARE(images[1].stringProperty(ORVRtfProperty::ImageFileName), "Image2"_s);
-    }
-
-    void pictureBetweenTexts()
-    {
-        const QImage red = picture(Qt::red);
-        const Reading reading =
-            readBody(rawRow("\\cellx8640", "A" + pict(red) + "B\\par C" + pict(red) + "\\cell"));
-        QCOMPARE(contentOf(*reading.document), "|{1: A%1B|C%1}|"_s.arg(object));
-        const QList<QTextImageFormat> images = reading.images();
-        QCOMPARE(images.size(), 2);
-        for (const QTextImageFormat& image : images)
-            QCOMPARE(resourceOf(reading, image), red);
-    }
-
-    void pictureInANestedTable()
-    {
-        const QImage red = picture(Qt::red), blue = picture(Qt::blue), green = picture(Qt::green);
-        const Reading reading = readBody(
+        const Columns<QByteArray, QString, QList<QImage>> add("rtf", "content", "images");
+        const QImage red = picture(Qt::red), blue = picture(Qt::blue, 4), green = picture(Qt::green);
+        const QByteArray after = "\\pard after";
+        add("in cells", rawRow(cellx("4320 8640"), pict(red) + "\\cell " + pict(blue) + "\\cell") + after,
+            "|{2: %1, %1}||after", {red, blue});
+        add("between texts", rawRow("\\cellx8640", "A" + pict(red) + "B\\par C" + pict(red) + "\\cell"),
+            "|{1: A%1B|C%1}|", {red, red});
+        add("in a nested table",
             "\\trowd\\cellx8640\\pard\\intbl " + pict(red) + "\\par\\pard\\intbl\\itap3 " + pict(blue)
-            + "\\nestcell{\\*\\nesttableprops\\cellx900\\nestrow}\\pard\\intbl\\itap2 " + pict(green)
-            + "\\nestcell{\\*\\nesttableprops\\cellx1800\\nestrow}\\pard\\intbl\\cell\\row\\pard after");
+                + "\\nestcell{\\*\\nesttableprops\\cellx900\\nestrow}\\pard\\intbl\\itap2 " + pict(green)
+                + "\\nestcell{\\*\\nesttableprops\\cellx1800\\nestrow}\\pard\\intbl\\cell\\row" + after,
+            "|{1: %1||{1: |{1: %1}||%1}||}||after", {red, blue, green});
+        add("in a dropped cell", rawRow(cellx("4320 8640h"), "A\\cell " + pict(red) + "\\cell") + after,
+            "|{2: A(c2)}||after", {});
+        // A picture commits its paragraph, as text does, even one that cannot be decoded.
+        add("behind a row", row("8640", "A") + pict(red), "|{1: A}||%1", {red});
+        add("broken, behind a row", row("8640", "A") + "{\\pict\\pngblip 0011223344}", "|{1: A}||", {});
+        add("without data, behind a row", row("8640", "A") + "{\\pict\\pngblip}", "|{1: A}|", {});
+    }
+
+    void pictures()
+    {
+        FETCH(QByteArray, rtf, QString, content, QList<QImage>, images);
+        const Reading reading = readBody(rtf);
         QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), "|{1: %1||{1: |{1: %1}||%1}||}||after"_s.arg(object));
-        const QList<QTextImageFormat> images = reading.images();
-        QCOMPARE(images.size(), 3);
-        QCOMPARE(resourceOf(reading, images[0]), red);
-        QCOMPARE(resourceOf(reading, images[1]), blue);
-        QCOMPARE(resourceOf(reading, images[2]), green);
-    }
-
-    void pictureInADroppedCell()
-    {
-        const Reading reading = readBody(
-            rawRow(cellx("4320 8640h"), "A\\cell " + pict(picture(Qt::red)) + "\\cell") + "\\pard after");
-        QCOMPARE(contentOf(*reading.document), "|{2: A(c2)}||after"_s);
-        QCOMPARE(reading.images().size(), 0);
-    }
-
-    /*! A picture commits its paragraph, as text does, even one that cannot be decoded. */
-    void pictureBehindARowClosesTheTable_data()
-    {
-        const Columns<QByteArray, QString> add("picture", "content");
-        add("picture", pict(picture(Qt::red)), "|{1: A}||%1"_s.arg(object));
-        add("broken picture", "{\\pict\\pngblip 0011223344}", "|{1: A}||");
-        add("picture without data", "{\\pict\\pngblip}", "|{1: A}|");
-    }
-
-    void pictureBehindARowClosesTheTable()
-    {
-        FETCH(QByteArray, picture, QString, content);
-        const Reading reading = readBody(row("8640", "A") + picture);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), content);
+        QCOMPARE(contentOf(*reading.document), content.replace("%1"_s, object));
+        const QList<QTextImageFormat> formats = reading.images();
+        QCOMPARE(formats.size(), images.size());
+        for (int i = 0; i < formats.size(); ++i) {
+            QCOMPARE(resourceOf(reading, formats.at(i)), images.at(i));
+            QCOMPARE(formats.at(i).width(), double(images.at(i).width()));
+            QCOMPARE(formats.at(i).stringProperty(ORVRtfProperty::ImageType), "PNG"_s);
+            QCOMPARE(formats.at(i).stringProperty(ORVRtfProperty::ImageFileName), "Image%1"_s.arg(i + 1));
+        }
     }
 
     /*! A split that swallows its neighbour keeps the formatting of both. */
@@ -412,12 +363,9 @@ private slots:
         const QList<QTextBlock> blocks = blocksAt(reading, 0, 0);
         QCOMPARE(blocks[0].blockFormat().alignment(), Qt::AlignHCenter);
         QCOMPARE(blocks[1].blockFormat().alignment(), Qt::AlignRight);
-        const Properties bold = with(QTextFormat::FontWeight, int(QFont::Bold));
-        const Properties italic =
-            with(QTextFormat::FontItalic, true, with(QTextFormat::FontWeight, int(QFont::Normal)));
+        const Properties italic = with(QTextFormat::FontItalic, true, normalRun);
         // The blank between them belongs to the text before it.
-        QCOMPARE(runsOf(blocks[0]), QStringList() << run("A ", bold) << run("B", italic));
-        QCOMPARE(runsOf(blocks[1]), QStringList(run("C", italic)));
+        QCOMPARE(runsOf(reading), (QStringList{run("A ", boldRun), run("B", italic), "|", run("C", italic)}));
     }
 };
 
