@@ -8,8 +8,10 @@
 #include <QtCore/QMap>
 #include <QtCore/QSharedPointer>
 #include <QtCore/QStringList>
+#include <QtCore/QUrl>
 #include <QtGui/QBrush>
 #include <QtGui/QFont>
+#include <QtGui/QImage>
 #include <QtGui/QPen>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextDocument>
@@ -98,6 +100,11 @@ struct Reading {
     QTextBlockFormat blockFormat(int number) const { return block(number).blockFormat(); }
     QTextCharFormat format(const QString& text) const { return formatOf(*document, text); }
     QList<QTextImageFormat> images() const { return imagesOf(*document); }
+    /*! The picture of \a format. */
+    QImage picture(const QTextImageFormat& format) const
+    {
+        return document->resource(QTextDocument::ImageResource, QUrl(format.name())).value<QImage>();
+    }
 };
 
 /*! An empty document with the default font of the tests. */

@@ -123,6 +123,12 @@ inline QList<QTextTable*> tablesOf(const QTextDocument& document)
     return tables;
 }
 
+/*! The first of them, null when there is none. */
+inline QTextTable* firstTable(const Reading& reading)
+{
+    return tablesOf(*reading.document).value(0);
+}
+
 /*! The tables that stand directly in a cell, in their order. */
 inline QList<QTextTable*> tablesOf(const QTextTableCell& cell)
 {

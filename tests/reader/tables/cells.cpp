@@ -21,18 +21,6 @@ QByteArray pict(const QImage& image)
     return "{\\pict\\pngblip " + png.toHex() + "}";
 }
 
-/*! What the document holds under a picture's name. */
-QImage resourceOf(const Reading& reading, const QTextImageFormat& format)
-{
-    const QVariant resource = reading.document->resource(QTextDocument::ImageResource, QUrl(format.name()));
-    return resource.value<QImage>().convertToFormat(QImage::Format_RGB32);
-}
-
-QTextTable* firstTable(const Reading& reading)
-{
-    return tablesOf(*reading.document).value(0);
-}
-
 /*! The paragraphs of a cell of the document's first table. */
 QList<QTextBlock> blocksAt(const Reading& reading, int row, int column)
 {
@@ -344,7 +332,7 @@ private slots:
         const QList<QTextImageFormat> formats = reading.images();
         QCOMPARE(formats.size(), images.size());
         for (int i = 0; i < formats.size(); ++i) {
-            QCOMPARE(resourceOf(reading, formats.at(i)), images.at(i));
+            QCOMPARE(reading.picture(formats.at(i)).convertToFormat(QImage::Format_RGB32), images.at(i));
             QCOMPARE(formats.at(i).width(), double(images.at(i).width()));
             QCOMPARE(formats.at(i).stringProperty(ORVRtfProperty::ImageType), "PNG"_s);
             QCOMPARE(formats.at(i).stringProperty(ORVRtfProperty::ImageFileName), "Image%1"_s.arg(i + 1));

@@ -18,18 +18,15 @@ Properties shaded(const QColor& color,
 /*! The format of a table of which nothing is said: Qt's own border, and no space in and between cells. */
 Properties plainTable()
 {
-    Properties properties;
-    properties.insert(QTextFormat::FrameBorder, 1.0);
-    properties.insert(QTextFormat::FrameBorderStyle, int(QTextFrameFormat::BorderStyle_Outset));
-    properties.insert(QTextFormat::FrameBorderBrush, solidBrush(Qt::darkGray));
-    properties.insert(QTextFormat::TableCellSpacing, 0.0);
-    properties.insert(QTextFormat::TableCellPadding, 0.0);
-    return properties;
+    return {{QTextFormat::FrameBorder, 1.0},
+            {QTextFormat::FrameBorderStyle, int(QTextFrameFormat::BorderStyle_Outset)},
+            {QTextFormat::FrameBorderBrush, solidBrush(Qt::darkGray)},
+            {QTextFormat::TableCellSpacing, 0.0},
+            {QTextFormat::TableCellPadding, 0.0}};
 }
 
-Properties withPadding(double padding)
+Properties withPadding(double padding, Properties properties = plainTable())
 {
-    Properties properties = plainTable();
     properties.insert(QTextFormat::TableCellPadding, padding);
     return properties;
 }
@@ -58,9 +55,14 @@ Properties withoutBorder()
     return properties;
 }
 
-QTextTable* firstTable(const Reading& reading)
+QString tableFormat(const QTextTable* table)
 {
-    return tablesOf(*reading.document).value(0);
+    return dump(ownProperties(table->format()));
+}
+
+QString cellFormat(const QTextTable* table, int row, int column)
+{
+    return dump(ownProperties(table->cellAt(row, column).format()));
 }
 
 } // namespace
@@ -118,9 +120,9 @@ private slots:
         QCOMPARE(contentOf(*reading.document), "|{2: A, B}||after"_s);
         const QTextTable* table = firstTable(reading);
         QCOMPARE(widthsOf(table), "50% 50%"_s);
-        QCOMPARE(dump(ownProperties(table->format())), dump(plainTable()));
+        QCOMPARE(tableFormat(table), dump(plainTable()));
         for (int c = 0; c < 2; ++c)
-            QCOMPARE(dump(ownProperties(table->cellAt(0, c).format())), dump(plainCell()));
+            QCOMPARE(cellFormat(table, 0, c), dump(plainCell()));
     }
 
     /*! One cell: its definition, its text, and the format of the cell that comes out. */
@@ -175,62 +177,46 @@ private slots:
         QCOMPARE(reading.status, 0);
         const QTextTable* table = firstTable(reading);
         QVERIFY(table);
-        QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(expected));
+        QCOMPARE(cellFormat(table, 0, 0), dump(expected));
     }
 
-    void shadingAndAlignmentOfEachCell()
+    void cellFormatsOfRows_data()
     {
-        const QByteArray definitions =
-            "\\clcbpat1\\clvertalc\\cellx1000\\clvertalb\\cellx2000\\clcbpat3\\cellx3000"
-            "\\cellx4000\\clcbpat4";
-        const Reading reading =
-            readBody(colorTable() + rawRow(definitions, cells("A B C D")) + "\\pard after");
+        const Columns<QByteArray, QString, int, QList<Properties>> add("rtf", "shape", "row", "formats");
+        add("shading and alignment of each cell",
+            colorTable()
+                + rawRow("\\clcbpat1\\clvertalc\\cellx1000\\clvertalb\\cellx2000\\clcbpat3\\cellx3000"
+                         "\\cellx4000\\clcbpat4",
+                         cells("A B C D"))
+                + "\\pard after",
+            "4: A, B, C, D", 0,
+            {shaded(Qt::red, QTextCharFormat::AlignMiddle), plainCell(QTextCharFormat::AlignBottom),
+             shaded(Qt::blue), plainCell()});
+        add("shading without a colour table", rawRow("\\clcbpat0\\cellx4320", "A\\cell"), "1: A", 0,
+            {plainCell()});
+        add("definitions end with their row",
+            colorTable() + rawRow("\\clcbpat1\\clvertalb\\cellx4320\\cellx8640\\clcbpat2", cells("A B"))
+                + row("4320 8640", "C D"),
+            "2: A, B / C, D", 1, {plainCell(), plainCell()});
+        add("cells without a definition",
+            colorTable() + rawRow("\\clcbpat1\\cellx4320\\clcbpat2\\clvertalb", cells("A B C")), "3: A, B, C",
+            0, {shaded(Qt::red), plainCell(), plainCell()});
+        add("merged cells keep the format of the first",
+            colorTable() + rawRow("\\clcbpat1\\cellx4320\\clmrg\\clcbpat2\\cellx8640", cells("A B"))
+                + rawRow("\\clvmrg\\clcbpat3\\clvertalb\\cellx4320\\clvmrg\\cellx8640",
+                         "\\b C\\cell D\\cell"),
+            "2: A(r2c2) / ", 0, {shaded(Qt::red)});
+    }
+
+    void cellFormatsOfRows()
+    {
+        FETCH(QByteArray, rtf, QString, shape, int, row, QList<Properties>, formats);
+        const Reading reading = readBody(rtf);
         const QTextTable* table = firstTable(reading);
         QVERIFY(table);
-        QCOMPARE(shapeOf(table), "4: A, B, C, D"_s);
-        const Properties expected[] = {shaded(Qt::red, QTextCharFormat::AlignMiddle),
-                                       plainCell(QTextCharFormat::AlignBottom), shaded(Qt::blue),
-                                       plainCell()};
-        for (int c = 0; c < 4; ++c)
-            QCOMPARE(dump(ownProperties(table->cellAt(0, c).format())), dump(expected[c]));
-    }
-
-    void shadingWithoutAColorTable()
-    {
-        const Reading reading = readBody(rawRow("\\clcbpat0\\cellx4320", "A\\cell"));
-        QCOMPARE(dump(ownProperties(firstTable(reading)->cellAt(0, 0).format())), dump(plainCell()));
-    }
-
-    void definitionsEndWithTheirRow()
-    {
-        const Reading reading = readBody(
-            colorTable() + rawRow("\\clcbpat1\\clvertalb\\cellx4320\\cellx8640\\clcbpat2", cells("A B"))
-            + row("4320 8640", "C D"));
-        const QTextTable* table = firstTable(reading);
-        QCOMPARE(shapeOf(table), "2: A, B / C, D"_s);
-        QCOMPARE(dump(ownProperties(table->cellAt(1, 0).format())), dump(plainCell()));
-        QCOMPARE(dump(ownProperties(table->cellAt(1, 1).format())), dump(plainCell()));
-    }
-
-    void cellsWithoutADefinition()
-    {
-        const Reading reading =
-            readBody(colorTable() + rawRow("\\clcbpat1\\cellx4320\\clcbpat2\\clvertalb", cells("A B C")));
-        const QTextTable* table = firstTable(reading);
-        QCOMPARE(shapeOf(table), "3: A, B, C"_s);
-        QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(shaded(Qt::red)));
-        QCOMPARE(dump(ownProperties(table->cellAt(0, 1).format())), dump(plainCell()));
-        QCOMPARE(dump(ownProperties(table->cellAt(0, 2).format())), dump(plainCell()));
-    }
-
-    void mergedCellsKeepTheFormatOfTheFirst()
-    {
-        const Reading reading = readBody(
-            colorTable() + rawRow("\\clcbpat1\\cellx4320\\clmrg\\clcbpat2\\cellx8640", cells("A B"))
-            + rawRow("\\clvmrg\\clcbpat3\\clvertalb\\cellx4320\\clvmrg\\cellx8640", "\\b C\\cell D\\cell"));
-        const QTextTable* table = firstTable(reading);
-        QCOMPARE(shapeOf(table), "2: A(r2c2) / "_s);
-        QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(shaded(Qt::red)));
+        QCOMPARE(shapeOf(table), shape);
+        for (int c = 0; c < formats.size(); ++c)
+            QCOMPARE(cellFormat(table, row, c), dump(formats.at(c)));
     }
 
     void cellsOfNestedTables()
@@ -242,12 +228,11 @@ private slots:
                        "\\pard\\intbl\\cell\\row");
         const QTextTable* outer = firstTable(reading);
         QVERIFY(outer);
-        QCOMPARE(dump(ownProperties(outer->cellAt(0, 0).format())), dump(shaded(Qt::red)));
+        QCOMPARE(cellFormat(outer, 0, 0), dump(shaded(Qt::red)));
         const QTextTable* inner = tablesOf(outer->cellAt(0, 0)).value(0);
         QVERIFY(inner);
-        QCOMPARE(dump(ownProperties(inner->cellAt(0, 0).format())),
-                 dump(shaded(Qt::green, QTextCharFormat::AlignBottom)));
-        QCOMPARE(dump(ownProperties(inner->cellAt(0, 1).format())), dump(plainCell()));
+        QCOMPARE(cellFormat(inner, 0, 0), dump(shaded(Qt::green, QTextCharFormat::AlignBottom)));
+        QCOMPARE(cellFormat(inner, 0, 1), dump(plainCell()));
     }
 
     /*! Words of a row's definition, and the format of the table that comes out. */
@@ -302,11 +287,8 @@ private slots:
         add("behind the first cell's definition", "\\clbrdrb\\brdrw60\\cellx2000\\clbrdrb\\brdrw30",
             withBorder(1.5));
         add("a border word of a closed group", "{" + o + "\\clbrdrb}\\brdrw30", withBorder(1.5));
-        add("padding and border", "\\trgaph108\\clbrdrb\\brdrnil\\trgaph20", [] {
-            Properties properties = withoutBorder();
-            properties.insert(QTextFormat::TableCellPadding, 1.0);
-            return properties;
-        }());
+        add("padding and border", "\\trgaph108\\clbrdrb\\brdrnil\\trgaph20",
+            withPadding(1.0, withoutBorder()));
     }
 
     void tableFormats()
@@ -317,7 +299,7 @@ private slots:
         QCOMPARE(reading.status, 0);
         const QTextTable* table = firstTable(reading);
         QVERIFY(table);
-        QCOMPARE(dump(ownProperties(table->format())), dump(expected));
+        QCOMPARE(tableFormat(table), dump(expected));
     }
 
     void tableFormatOfTheLastRowWins_data()
@@ -338,7 +320,7 @@ private slots:
                                          + rawRow(last + "\\cellx8640", cells("B")) + "\\pard after");
         const QTextTable* table = firstTable(reading);
         QCOMPARE(shapeOf(table), "1: A / B"_s);
-        QCOMPARE(dump(ownProperties(table->format())), dump(expected));
+        QCOMPARE(tableFormat(table), dump(expected));
     }
 
     /*! Whether border words speak of cells is remembered until a word says otherwise. */
@@ -363,7 +345,7 @@ private slots:
             "\\clbrdrb" + between + rawRow("\\trgaph0\\brdrw30\\cellx8640", cells("B")) + "\\pard after");
         const QList<QTextTable*> tables = tablesOf(*reading.document);
         QVERIFY(!tables.isEmpty());
-        QCOMPARE(dump(ownProperties(tables.last()->format())), dump(stays ? withBorder(1.5) : plainTable()));
+        QCOMPARE(tableFormat(tables.last()), dump(stays ? withBorder(1.5) : plainTable()));
     }
 
     void borderColorWithoutAColorTable()
@@ -386,10 +368,10 @@ private slots:
         format.setForeground(QColor(Qt::darkGreen));
         ORVTextFormat::setDefaultCharFormat(document.data(), format);
         const Reading stored = readInto(document, "{\\rtf1 " + rtf + "}");
-        QCOMPARE(dump(ownProperties(firstTable(stored)->format())), dump(withBorderColor(Qt::darkGreen)));
+        QCOMPARE(tableFormat(firstTable(stored)), dump(withBorderColor(Qt::darkGreen)));
 
         const Reading redFirst = readBody("{\\colortbl\\red255\\green0\\blue0;}" + rtf);
-        QCOMPARE(dump(ownProperties(firstTable(redFirst)->format())), dump(withBorderColor(Qt::red)));
+        QCOMPARE(tableFormat(firstTable(redFirst)), dump(withBorderColor(Qt::red)));
     }
 
     void nestedTableHasItsOwnFormat()
@@ -400,14 +382,10 @@ private slots:
                      "\\pard\\intbl\\cell\\row\\pard after");
         const QTextTable* outer = firstTable(reading);
         QVERIFY(outer);
-        Properties expected = withBorder(1.5);
-        expected.insert(QTextFormat::TableCellPadding, 5.4);
-        QCOMPARE(dump(ownProperties(outer->format())), dump(expected));
+        QCOMPARE(tableFormat(outer), dump(withPadding(5.4, withBorder(1.5))));
         const QTextTable* inner = tablesOf(outer->cellAt(0, 0)).value(0);
         QVERIFY(inner);
-        expected = withBorder(3.0);
-        expected.insert(QTextFormat::TableCellPadding, 2.0);
-        QCOMPARE(dump(ownProperties(inner->format())), dump(expected));
+        QCOMPARE(tableFormat(inner), dump(withPadding(2.0, withBorder(3.0))));
     }
 
     /*! A table that is still open at the end has everything but its widths. */
@@ -417,10 +395,8 @@ private slots:
             readBody(colorTable() + rawRow("\\trgaph108\\clcbpat1\\cellx8640\\clbrdrb\\brdrw30", cells("A")));
         const QTextTable* table = firstTable(reading);
         QVERIFY(table);
-        Properties expected = withBorder(1.5);
-        expected.insert(QTextFormat::TableCellPadding, 5.4);
-        QCOMPARE(dump(ownProperties(table->format())), dump(expected));
-        QCOMPARE(dump(ownProperties(table->cellAt(0, 0).format())), dump(shaded(Qt::red)));
+        QCOMPARE(tableFormat(table), dump(withPadding(5.4, withBorder(1.5))));
+        QCOMPARE(cellFormat(table, 0, 0), dump(shaded(Qt::red)));
         QVERIFY(!table->format().hasProperty(QTextFormat::TableColumnWidthConstraints));
     }
 };
