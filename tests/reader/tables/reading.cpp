@@ -173,6 +173,7 @@ private slots:
         add("equal boundaries", row("4320 4320 8640", "A B C"), "3: A, B, C", "50% 0% 50%");
         add("first and last words only mark", rawRow("\\clmgf\\cellx4320\\clvmgf\\cellx8640", cells("A B")),
             "2: A, B", "50% 50%");
+        add("decreasing boundaries", row("4320 2160", "A B"), "2: A, B", "50% -25%");
     }
 
     void shapesOfOddRows()
@@ -181,7 +182,7 @@ private slots:
         const Reading reading = readBody(rows + "\\pard after");
         QCOMPARE(reading.status, 0);
         QCOMPARE(contentOf(*reading.document), "|{%1}||after"_s.arg(shape));
-        QCOMPARE(widthsOf(tablesOf(*reading.document).value(0)), columnWidths);
+        QCOMPARE(widthsOf(firstTable(reading)), columnWidths);
     }
 
     void widths_data()
@@ -209,6 +210,8 @@ private slots:
             "25% 25% 25% 25%");
         add("paper as wide as the margins", "\\paperw3600 " + row("1000 4000", "A B"), "50% 50%");
         add("paper narrower than the margins", "\\paperw3599 " + row("1000 4000", "A B"), "50% 50%");
+        add("page size after the rows, when the table closes",
+            halves + "\\paperw20880 \\pard after\\paperw0 ", "25% 25%");
         add("negative paper", "\\paperw-12240 " + row("1000 4000", "A B"), "50% 50%");
     }
 
@@ -226,17 +229,10 @@ private slots:
     {
         const Reading reading = readBody(row("-2147483648 2147483647", "A B") + "\\pard after");
         QCOMPARE(reading.status, 0);
-        const auto widths = tablesOf(*reading.document).value(0)->format().columnWidthConstraints();
+        const auto widths = firstTable(reading)->format().columnWidthConstraints();
         QCOMPARE(int(widths.size()), 2);
         QCOMPARE(widths[0].rawValue(), 100.0 * -2147483648.0 / 8640.0);
         QCOMPARE(widths[1].rawValue(), 100.0 * 4294967295.0 / 8640.0);
-    }
-
-    void widthsOfDecreasingBoundaries()
-    {
-        const Reading reading = readBody(row("4320 2160", "A B") + "\\pard after");
-        QCOMPARE(contentOf(*reading.document), "|{2: A, B}||after"_s);
-        QCOMPARE(widthsOf(tablesOf(*reading.document).value(0)), "50% -25%"_s);
     }
 
     void tablesAtTheEndHaveNoWidths()
@@ -247,14 +243,7 @@ private slots:
         QVERIFY(!tables.first()->format().hasProperty(QTextFormat::TableColumnWidthConstraints));
 
         const Reading last = readBody("\\lastrow" + row("4320 8640", "A B"));
-        QCOMPARE(widthsOf(tablesOf(*last.document).value(0)), QString());
-    }
-
-    /*! A page size after the rows counts, since the widths are made when the table closes. */
-    void pageAtTheCloseGivesTheWidths()
-    {
-        const Reading reading = readBody(row("4320 8640", "A B") + "\\paperw20880 \\pard after\\paperw0 ");
-        QCOMPARE(widthsOf(tablesOf(*reading.document).value(0)), "25% 25%"_s);
+        QCOMPARE(widthsOf(firstTable(last)), QString());
     }
 
     /*! Where tables begin and end within the text. */
@@ -328,25 +317,20 @@ private slots:
     /*! Some programs leave \intbl out in the empty cell that continues the one above. */
     void mergedCellWithoutIntblKeepsTheTableOpen_data()
     {
-        const Columns<QByteArray, QString> add("secondRow", "content");
-        add("first cell is merged", "\\trowd\\clvmrg\\cellx4320\\cellx8640\\cell C\\cell\\row",
+        const Columns<QByteArray, QString> add("rtf", "content");
+        const QByteArray ab = row("4320 8640", "A B");
+        add("first cell is merged", ab + "\\trowd\\clvmrg\\cellx4320\\cellx8640\\cell C\\cell\\row",
             "|{2: A(r2), B / C}|");
         add("first cell is merged, after a reset",
-            "\\pard\\trowd\\clvmrg\\cellx4320\\cellx8640\\cell C\\cell\\row", "|{2: A(r2), B / C}|");
-        add("first cell is merged but has text", "\\trowd\\clvmrg\\cellx4320\\cellx8640 x\\cell C\\cell\\row",
-            "|{2: A, B}||xC");
-        add("second cell is merged", "\\trowd\\cellx4320\\clvmrg\\cellx8640\\cell C\\cell\\row",
+            ab + "\\pard\\trowd\\clvmrg\\cellx4320\\cellx8640\\cell C\\cell\\row", "|{2: A(r2), B / C}|");
+        add("first cell is merged but has text",
+            ab + "\\trowd\\clvmrg\\cellx4320\\cellx8640 x\\cell C\\cell\\row", "|{2: A, B}||xC");
+        add("second cell is merged", ab + "\\trowd\\cellx4320\\clvmrg\\cellx8640\\cell C\\cell\\row",
             "|{2: A, B}||C");
-        add("no cell is merged", "\\trowd\\cellx4320\\cellx8640\\cell C\\cell\\row", "|{2: A, B}||C");
+        add("no cell is merged", ab + "\\trowd\\cellx4320\\cellx8640\\cell C\\cell\\row", "|{2: A, B}||C");
     }
 
-    void mergedCellWithoutIntblKeepsTheTableOpen()
-    {
-        FETCH(QByteArray, secondRow, QString, content);
-        const Reading reading = readBody(row("4320 8640", "A B") + secondRow);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), content);
-    }
+    void mergedCellWithoutIntblKeepsTheTableOpen() { surroundings(); }
 
     /*! Word processors state a row's definitions before its cells and again before its end. */
     void definitionsStatedTwice_data()
@@ -379,14 +363,7 @@ private slots:
             "3: A, B, C", "25% 25% -25%");
     }
 
-    void definitionsStatedTwice()
-    {
-        FETCH(QByteArray, rows, QString, shape, QString, columnWidths);
-        const Reading reading = readBody(rows + "\\pard after");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), "|{%1}||after"_s.arg(shape));
-        QCOMPARE(widthsOf(tablesOf(*reading.document).value(0)), columnWidths);
-    }
+    void definitionsStatedTwice() { shapesOfOddRows(); }
 
     void nesting_data()
     {
@@ -456,20 +433,14 @@ private slots:
         add("nested rows when the input ends", row("8640", "A") + outer + inner, "|{1: A}|");
     }
 
-    void nesting()
-    {
-        FETCH(QByteArray, rtf, QString, content);
-        const Reading reading = readBody(rtf);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), content);
-    }
+    void nesting() { surroundings(); }
 
     void nestedWidths()
     {
         const Reading reading = readBody("\\trowd\\cellx8640\\pard\\intbl\\itap2 N1\\nestcell N2\\nestcell"
                                          "{\\*\\nesttableprops\\trowd\\cellx2160\\cellx4320\\nestrow}"
                                          "\\pard\\intbl\\cell\\row\\pard after");
-        const QTextTable* outer = tablesOf(*reading.document).value(0);
+        const QTextTable* outer = firstTable(reading);
         QVERIFY(outer);
         QCOMPARE(widthsOf(outer), "100%"_s);
         const QList<QTextTable*> inner = tablesOf(outer->cellAt(0, 0));
@@ -524,7 +495,7 @@ private slots:
         }
         const Reading reading = readBody(row(boundaries, texts) + "\\pard after");
         QCOMPARE(reading.status, 0);
-        const QTextTable* table = tablesOf(*reading.document).value(0);
+        const QTextTable* table = firstTable(reading);
         QVERIFY(table);
         QCOMPARE(table->rows(), 1);
         QCOMPARE(table->columns(), 256);
@@ -556,7 +527,7 @@ private slots:
         }
         const Reading reading = readBody(row(even, texts) + row(odd, otherTexts) + "\\pard after");
         QCOMPARE(reading.status, 0);
-        const QTextTable* table = tablesOf(*reading.document).value(0);
+        const QTextTable* table = firstTable(reading);
         QVERIFY(table);
         QCOMPARE(table->rows(), 2);
         QCOMPARE(table->columns(), 256);
