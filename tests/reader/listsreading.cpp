@@ -59,111 +59,83 @@ class TestListsReading : public QObject {
     Q_OBJECT
 
 private slots:
-    void levelTexts_data()
+    void levels_data()
     {
-        const Columns<QByteArray, QString> add("text", "expected");
+        const Columns<QByteArray, QString> add("rtf", "expected");
+        const auto text = [&add](const char* name, const QByteArray& words, const Text& expected) {
+            add(name, level(words), describe({listLevel(expected, ORVTextListLevel::Decimal)}));
+        };
+        const auto kind = [&add](const QByteArray& words, ORVTextListLevel::Kind expected) {
+            add(words.constData(), "{\\listlevel" + words + "{\\leveltext\\'02\\'00.;}}",
+                describe({listLevel("%0."_s, expected)}));
+        };
+        const auto indent = [&add](const QByteArray& words, double indent, double firstLine) {
+            add(words.constData(), level("\\'02\\'00.;", words),
+                describe({listLevel("%0."_s, ORVTextListLevel::Decimal, indent, firstLine)}));
+        };
+
         // The first character is the length of the template, \'00 the number of the level itself.
-        add("number and dot", "\\'02\\'00.;", "%0.");
-        add("number in brackets", "\\'03(\\'00);", "(%0)");
-        add("template id in front", "\\leveltemplateid67\\'02\\'00.;", "%0.");
-        add("number alone", "\\'01\\'00;", "%0");
-        add("no number", "\\'00;", "");
-        add("bullet", "\\'01\\u8226 ?;", QString(QChar(0x2022)));
-        add("bullet as an escape", "\\'01\\'95;", QString(QChar(0x2022)));
-        add("bullet of a symbol font", "\\'01\\u-3913 ?;", QString(QChar(0xF0B7)));
-        add("text", "\\'09Chapter \\'00;", "Chapter %0");
-        add("longer than its length", "\\'02\\'00.more;", "%0.");
-        add("shorter than its length", "\\'09\\'00.", "%0.");
-        add("length and nothing", "\\'02", "");
-        add("empty", QByteArray(), "");
-        add("twice the number", "\\'03\\'00-\\'00;", "%0-%0");
+        text("number and dot", "\\'02\\'00.;", "%0.");
+        text("number in brackets", "\\'03(\\'00);", "(%0)");
+        text("template id in front", "\\leveltemplateid67\\'02\\'00.;", "%0.");
+        text("number alone", "\\'01\\'00;", "%0");
+        text("no number", "\\'00;", "");
+        text("bullet", "\\'01\\u8226 ?;", QString(QChar(0x2022)));
+        text("bullet as an escape", "\\'01\\'95;", QString(QChar(0x2022)));
+        text("bullet of a symbol font", "\\'01\\u-3913 ?;", QString(QChar(0xF0B7)));
+        text("text", "\\'09Chapter \\'00;", "Chapter %0");
+        text("longer than its length", "\\'02\\'00.more;", "%0.");
+        text("shorter than its length", "\\'09\\'00.", "%0.");
+        text("length and nothing", "\\'02", "");
+        text("empty", QByteArray(), "");
+        text("filtered as text is", "\\'02\\'7f\\'00.;", "%0.");
+        text("twice the number", "\\'03\\'00-\\'00;", "%0-%0");
+
+        kind("\\levelnfc0", ORVTextListLevel::Decimal);
+        kind("\\levelnfc1", ORVTextListLevel::UpperRoman);
+        kind("\\levelnfc2", ORVTextListLevel::LowerRoman);
+        kind("\\levelnfc3", ORVTextListLevel::UpperLetter);
+        kind("\\levelnfc4", ORVTextListLevel::LowerLetter);
+        kind("\\levelnfc23", ORVTextListLevel::Bullet);
+        kind("\\levelnfcn23", ORVTextListLevel::Bullet);
+        kind("\\levelnfcn4", ORVTextListLevel::LowerLetter);
+        kind("\\levelnfc4\\levelnfcn2", ORVTextListLevel::LowerRoman);
+        kind("\\levelnfc", ORVTextListLevel::Decimal);
+        kind("\\leveljc0", ORVTextListLevel::Decimal);
+        // Others leave the kind as it is.
+        kind("\\levelnfc255", ORVTextListLevel::Decimal);
+        kind("\\levelnfc5", ORVTextListLevel::Decimal);
+        kind("\\levelnfc22", ORVTextListLevel::Decimal);
+        kind("\\levelnfc-1", ORVTextListLevel::Decimal);
+        kind("\\levelnfc23\\levelnfcn255", ORVTextListLevel::Bullet);
+        kind("\\levelnfc4\\levelnfcn5", ORVTextListLevel::LowerLetter);
+
+        indent("\\li720\\fi-360", 36, 18);
+        indent("\\fi-360\\li720", 36, 18);
+        indent("\\li720", 36, 36);
+        indent("\\fi360", 0, 18);
+        indent("\\li720\\fi-360\\li1440", 72, 54);
+        indent("\\li720\\fi-360\\fi100", 36, 41);
+        indent("\\lin720\\fi-360", 36, 18);
+        indent("\\fi-360\\li720\\lin720", 36, 18);
+        indent("\\li720\\ri500\\rin500", 36, 36);
+        indent("\\li5", 0.25, 0.25);
+        indent("\\li", 0, 0);
     }
 
-    void levelTexts()
+    void levels()
     {
-        FETCH(QByteArray, text, QString, expected);
-        const QList<ORVTextListLevel> levels = levelsOf(level(text));
-        QCOMPARE(int(levels.size()), 1);
-        QCOMPARE(levels.first().text(), expected);
+        FETCH(QByteArray, rtf, QString, expected);
+        QCOMPARE(describe(levelsOf(rtf)), expected);
     }
 
     // Templates count upwards: "%0" is the number of the level itself, "%1" of the one above, and so on.
     void levelTextsOfLowerLevels()
     {
-        const QList<ORVTextListLevel> levels =
-            levelsOf(level("\\'02\\'00.;") + level("\\'03\\'00.\\'01;") + level("\\'06\\'00.\\'01.\\'02.;")
-                     + level("\\'02\\'03);") + level("\\'03\\'00-\\'04;"));
-        QCOMPARE(int(levels.size()), 5);
-        QCOMPARE(levels.at(0).text(), "%0."_s);
-        QCOMPARE(levels.at(1).text(), "%1.%0"_s);
-        QCOMPARE(levels.at(2).text(), "%2.%1.%0."_s);
-        QCOMPARE(levels.at(3).text(), "%0)"_s);
-        QCOMPARE(levels.at(4).text(), "%4-%0"_s);
-    }
-
-    void levelKinds_data()
-    {
-        Columns<QByteArray, int>("words", "kind");
-        const auto row = [](const QByteArray& words, ORVTextListLevel::Kind kind) {
-            QTest::newRow(words.constData()) << words << int(kind);
-        };
-
-        row("\\levelnfc0", ORVTextListLevel::Decimal);
-        row("\\levelnfc1", ORVTextListLevel::UpperRoman);
-        row("\\levelnfc2", ORVTextListLevel::LowerRoman);
-        row("\\levelnfc3", ORVTextListLevel::UpperLetter);
-        row("\\levelnfc4", ORVTextListLevel::LowerLetter);
-        row("\\levelnfc23", ORVTextListLevel::Bullet);
-        row("\\levelnfcn23", ORVTextListLevel::Bullet);
-        row("\\levelnfcn4", ORVTextListLevel::LowerLetter);
-        row("\\levelnfc4\\levelnfcn2", ORVTextListLevel::LowerRoman);
-        row("\\levelnfc", ORVTextListLevel::Decimal);
-        row("\\leveljc0", ORVTextListLevel::Decimal);
-        // Others leave the kind as it is.
-        row("\\levelnfc255", ORVTextListLevel::Decimal);
-        row("\\levelnfc5", ORVTextListLevel::Decimal);
-        row("\\levelnfc22", ORVTextListLevel::Decimal);
-        row("\\levelnfc-1", ORVTextListLevel::Decimal);
-        row("\\levelnfc23\\levelnfcn255", ORVTextListLevel::Bullet);
-        row("\\levelnfc4\\levelnfcn5", ORVTextListLevel::LowerLetter);
-    }
-
-    void levelKinds()
-    {
-        FETCH(QByteArray, words, int, kind);
-        const QList<ORVTextListLevel> levels =
-            levelsOf("{\\listlevel" + words + "{\\leveltext\\'02\\'00.;}}");
-        QCOMPARE(int(levels.size()), 1);
-        QCOMPARE(int(levels.first().kind()), kind);
-    }
-
-    void levelIndents_data()
-    {
-        Columns<QByteArray, double, double>("words", "indent", "firstLine");
-        const auto row = [](const QByteArray& words, double indent, double firstLine) {
-            QTest::newRow(words.constData()) << words << indent << firstLine;
-        };
-
-        row("\\li720\\fi-360", 36, 18);
-        row("\\fi-360\\li720", 36, 18);
-        row("\\li720", 36, 36);
-        row("\\fi360", 0, 18);
-        row("\\li720\\fi-360\\li1440", 72, 54);
-        row("\\li720\\fi-360\\fi100", 36, 41);
-        row("\\lin720\\fi-360", 36, 18);
-        row("\\fi-360\\li720\\lin720", 36, 18);
-        row("\\li720\\ri500\\rin500", 36, 36);
-        row("\\li5", 0.25, 0.25);
-        row("\\li", 0, 0);
-    }
-
-    void levelIndents()
-    {
-        FETCH(QByteArray, words, double, indent, double, firstLine);
-        const QList<ORVTextListLevel> levels = levelsOf(level("\\'02\\'00.;", words));
-        QCOMPARE(int(levels.size()), 1);
-        QCOMPARE(levels.first().indent(), indent);
-        QCOMPARE(levels.first().firstLinePosition(), firstLine);
+        const QByteArray levels = level("\\'02\\'00.;") + level("\\'03\\'00.\\'01;")
+            + level("\\'06\\'00.\\'01.\\'02.;") + level("\\'02\\'03);") + level("\\'03\\'00-\\'04;");
+        QCOMPARE(describe(levelsOf(levels)),
+                 "'%0.' 1 0 0, '%1.%0' 1 0 0, '%2.%1.%0.' 1 0 0, '%0)' 1 0 0, '%4-%0' 1 0 0"_s);
     }
 
     void listTablesLeaveNoText()
@@ -177,12 +149,6 @@ private slots:
             QVERIFY(!reading.blockFormat(i).hasProperty(ORVRtfProperty::LeftIndent));
             QVERIFY(!reading.blockFormat(i).hasProperty(ORVRtfProperty::ListOverride));
         }
-    }
-
-    void levelTextIsFiltered()
-    {
-        const QList<ORVTextListLevel> levels = levelsOf(level("\\'02\\'7f\\'00.;"));
-        QCOMPARE(levels.first().text(), "%0."_s);
     }
 
     void levelLimit()
