@@ -7,6 +7,9 @@ namespace {
 
 const Properties onlyBold{{QTextFormat::FontWeight, int(QFont::Bold)}};
 
+const Properties centred{{QTextFormat::BlockAlignment, int(Qt::AlignHCenter)}};
+const Properties rightAligned{{QTextFormat::BlockAlignment, int(Qt::AlignRight)}};
+
 /*! The family that font \a number of a font table with \a entries has, null when there is no such font. */
 QString familyOf(int number, const QByteArray& entries)
 {
@@ -96,39 +99,38 @@ private slots:
 
     void indents_data()
     {
-        const Columns<QByteArray, QString> add("words", "expected");
+        const Columns<QByteArray, Properties> add("words", "expected");
         const int left = ORVRtfProperty::LeftIndent;
         const int right = ORVRtfProperty::RightIndent;
         const int first = QTextFormat::TextIndent;
-        add("left", "\\li720", dump(Properties{{left, 36.0}, {first, 36.0}}));
-        add("first line", "\\fi360", dump(Properties{{first, 18.0}}));
-        add("negative first line", "\\fi-360", dump(Properties{{first, -18.0}}));
-        add("hanging", "\\li720\\fi-360", dump(Properties{{left, 36.0}, {first, 18.0}}));
-        add("hanging, other order", "\\fi-360\\li720", dump(Properties{{left, 36.0}, {first, 18.0}}));
-        add("left twice", "\\li720\\fi-360\\li1440", dump(Properties{{left, 72.0}, {first, 54.0}}));
-        add("left and back", "\\li720\\li0", dump(Properties{{left, 0.0}, {first, 0.0}}));
-        add("first line twice", "\\li720\\fi-360\\fi200", dump(Properties{{left, 36.0}, {first, 46.0}}));
-        add("negative left", "\\li-720", dump(Properties{{left, -36.0}, {first, -36.0}}));
-        add("fraction of a point", "\\li5", dump(Properties{{left, 0.25}, {first, 0.25}}));
-        add("without numbers", "\\li\\fi", dump(Properties{{left, 0.0}, {first, 0.0}}));
+        add("left", "\\li720", {{left, 36.0}, {first, 36.0}});
+        add("first line", "\\fi360", {{first, 18.0}});
+        add("negative first line", "\\fi-360", {{first, -18.0}});
+        add("hanging", "\\li720\\fi-360", {{left, 36.0}, {first, 18.0}});
+        add("hanging, other order", "\\fi-360\\li720", {{left, 36.0}, {first, 18.0}});
+        add("left twice", "\\li720\\fi-360\\li1440", {{left, 72.0}, {first, 54.0}});
+        add("left and back", "\\li720\\li0", {{left, 0.0}, {first, 0.0}});
+        add("first line twice", "\\li720\\fi-360\\fi200", {{left, 36.0}, {first, 46.0}});
+        add("negative left", "\\li-720", {{left, -36.0}, {first, -36.0}});
+        add("fraction of a point", "\\li5", {{left, 0.25}, {first, 0.25}});
+        add("without numbers", "\\li\\fi", {{left, 0.0}, {first, 0.0}});
         // 12240 wide, two margins of 1800.
-        add("right", "\\ri360", dump(Properties{{right, 414.0}}));
-        add("right 0", "\\ri0", dump(Properties{{right, 432.0}}));
-        add("negative right", "\\ri-360", dump(Properties{{right, 450.0}}));
-        add("reset", "\\li720\\fi-360\\ri360\\pard", QString());
-        add("left after a reset", "\\li720\\fi-360\\pard\\li1440",
-            dump(Properties{{left, 72.0}, {first, 72.0}}));
-        add("in a footnote", "\\footnote\\li720\\fi-360\\ri360", QString());
-        add("in an annotation", "\\annotation\\li720\\fi-360\\ri360", QString());
+        add("right", "\\ri360", {{right, 414.0}});
+        add("right 0", "\\ri0", {{right, 432.0}});
+        add("negative right", "\\ri-360", {{right, 450.0}});
+        add("reset", "\\li720\\fi-360\\ri360\\pard", {});
+        add("left after a reset", "\\li720\\fi-360\\pard\\li1440", {{left, 72.0}, {first, 72.0}});
+        add("in a footnote", "\\footnote\\li720\\fi-360\\ri360", {});
+        add("in an annotation", "\\annotation\\li720\\fi-360\\ri360", {});
     }
 
     void indents()
     {
-        FETCH(QByteArray, words, QString, expected);
+        FETCH(QByteArray, words, Properties, expected);
         const Reading reading = readBody(words + " text");
         QCOMPARE(reading.status, 0);
         QCOMPARE(reading.text(), "text"_s);
-        QCOMPARE(dump(reading.blockFormat(0)), expected);
+        QCOMPARE(dump(reading.blockFormat(0)), dump(expected));
     }
 
     void invalidCharacters()
@@ -193,11 +195,9 @@ private slots:
         const Reading reading = readBody("{\\b\\qc\\par}\\i\\qr\\par\\pard x");
         QCOMPARE(reading.blockCount(), 3);
         QCOMPARE(dump(reading.block(0).charFormat()), dump(onlyBold));
-        QCOMPARE(dump(reading.blockFormat(0)),
-                 dump(Properties{{QTextFormat::BlockAlignment, int(Qt::AlignHCenter)}}));
+        QCOMPARE(dump(reading.blockFormat(0)), dump(centred));
         QCOMPARE(dump(reading.block(1).charFormat()), dump(Properties{{QTextFormat::FontItalic, true}}));
-        QCOMPARE(dump(reading.blockFormat(1)),
-                 dump(Properties{{QTextFormat::BlockAlignment, int(Qt::AlignRight)}}));
+        QCOMPARE(dump(reading.blockFormat(1)), dump(rightAligned));
         QCOMPARE(dump(reading.block(2).charFormat()), dump(Properties{{QTextFormat::FontItalic, true}}));
         QCOMPARE(dump(reading.blockFormat(2)), QString());
     }
@@ -207,8 +207,7 @@ private slots:
         const Reading reading = readBody("\\b one\\qc\\b0\\i two\\par three");
         QCOMPARE(dump(reading.block(0).charFormat()), dump(onlyBold));
         QCOMPARE(dump(reading.blockFormat(0)), QString());
-        QCOMPARE(dump(reading.blockFormat(1)),
-                 dump(Properties{{QTextFormat::BlockAlignment, int(Qt::AlignHCenter)}}));
+        QCOMPARE(dump(reading.blockFormat(1)), dump(centred));
     }
 
     // An empty paragraph takes the formats in force at each brace and control word of the body.
@@ -216,7 +215,7 @@ private slots:
     {
         const Columns<QByteArray, QString, QString> add("rtf", "charFormat", "blockFormat");
         const QString none;
-        const QString right = dump(Properties{{QTextFormat::BlockAlignment, int(Qt::AlignRight)}});
+        const QString right = dump(rightAligned);
         add("at the last brace", "{a\\par\\qr\\b}", dump(onlyBold), right);
         add("in a group before", "{a\\par{\\qr\\b}}", none, right);
         add("in the last group", "{a\\par{\\qr\\b}", dump(onlyBold), right);
@@ -297,13 +296,10 @@ private slots:
         QCOMPARE(format.foreground().color(), QColor(1, 2, 3));
         QCOMPARE(compat::fontFamily(format), QLatin1String(DefaultFamily));
         QCOMPARE(dump(reading.format("x"_s)), QString());
-    }
-
-    void emptyColorTableSetsNothing()
-    {
-        const Reading reading = readBody("{\\colortbl}x");
-        const QTextCharFormat format = ORVTextFormat::defaultCharFormat(reading.document.data());
-        QVERIFY(!format.hasProperty(QTextFormat::ForegroundBrush));
+        // An empty table sets nothing.
+        const Reading empty = readBody("{\\colortbl}x");
+        QVERIFY(!ORVTextFormat::defaultCharFormat(empty.document.data())
+                     .hasProperty(QTextFormat::ForegroundBrush));
     }
 
     void fontTables_data()
@@ -423,14 +419,11 @@ private slots:
             entries += "{\\f" + QByteArray::number(i) + " Quibble Serif;}";
         const Reading reading =
             readBody("{\\fonttbl" + entries + "}{\\f1 a}{\\f10000 b}{\\f10001 c}{\\f10002 d}");
-        const auto family = [&reading](const char* text) {
-            return compat::fontFamily(reading.format(QString::fromLatin1(text)));
-        };
         QCOMPARE(reading.status, 0);
-        QCOMPARE(family("a"), "Quibble Serif"_s);
-        QCOMPARE(family("b"), "Quibble Serif"_s);
-        QCOMPARE(family("c"), QString());
-        QCOMPARE(family("d"), QString());
+        QCOMPARE(compat::fontFamily(reading.format("a"_s)), "Quibble Serif"_s);
+        QCOMPARE(compat::fontFamily(reading.format("b"_s)), "Quibble Serif"_s);
+        QCOMPARE(compat::fontFamily(reading.format("c"_s)), QString());
+        QCOMPARE(compat::fontFamily(reading.format("d"_s)), QString());
     }
 
     void skippedGroupsOnlyCountBraces()
@@ -442,21 +435,20 @@ private slots:
         QCOMPARE(dump(reading.format("ab"_s)), dump(onlyBold));
     }
 
-    void groupsUpToTheLimitAreRead()
+    void groupLimit_data()
     {
-        const int limit = 1000000;
-        const Reading reading = read(QByteArray(limit, '{') + "a" + QByteArray(limit, '}'));
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "a"_s);
+        const Columns<QByteArray, QByteArray, QString> add("inside", "behind", "text");
+        add("up to the limit", "a", "", "a");
+        add("beyond the limit", "a{b{c}\\par d}e", "{f}", "aef");
     }
 
-    void groupsBeyondTheLimitAreSkipped()
+    void groupLimit()
     {
+        FETCH(QByteArray, inside, QByteArray, behind, QString, text);
         const int limit = 1000000;
-        const Reading reading =
-            read(QByteArray(limit, '{') + "a{b{c}\\par d}e" + QByteArray(limit, '}') + "{f}");
+        const Reading reading = read(QByteArray(limit, '{') + inside + QByteArray(limit, '}') + behind);
         QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "aef"_s);
+        QCOMPARE(reading.text(), text);
     }
 };
 
