@@ -45,23 +45,6 @@ private slots:
         QCOMPARE(int(ORVRtfProperty::KeepWithNext), 0x20);
     }
 
-    void pageDefaults_data()
-    {
-        const Columns<int, int> add("twips", "expected");
-        add("paper width", int(ORVTextRtfCommon::defaultPaperWidth), 12240);
-        add("paper height", int(ORVTextRtfCommon::defaultPaperHeight), 15840);
-        add("left margin", int(ORVTextRtfCommon::defaultLeftMargin), 1800);
-        add("right margin", int(ORVTextRtfCommon::defaultRightMargin), 1800);
-        add("top margin", int(ORVTextRtfCommon::defaultTopMargin), 1440);
-        add("bottom margin", int(ORVTextRtfCommon::defaultBottomMargin), 1440);
-    }
-
-    void pageDefaults()
-    {
-        FETCH(int, twips, int, expected);
-        QCOMPARE(twips, expected);
-    }
-
     // Clients may take references to the defaults, as qMax() does.
     void pageDefaultsAreExported()
     {
@@ -116,13 +99,6 @@ private slots:
         QCOMPARE(reading.blockFormat(0).intProperty(ORVRtfProperty::ListOverride), 2);
         QCOMPARE(reading.blockFormat(0).intProperty(ORVRtfProperty::ListLevel), 1);
         QVERIFY(reading.block(0).textList());
-    }
-
-    void lineSpacingProperties()
-    {
-        const Reading reading = readBody("\\pard\\slmult1\\sl360 text");
-        QCOMPARE(reading.blockFormat(0).doubleProperty(ORVRtfProperty::LineSpacing), 18.0);
-        QCOMPARE(reading.blockFormat(0).doubleProperty(ORVRtfProperty::LineMultiple), 12.0);
     }
 };
 
