@@ -24,6 +24,16 @@ QString nestedContent(int depth)
     return "|{%1}||after|"_s.arg(content);
 }
 
+/*! The numbers from 1 to \a count, times \a factor plus \a offset, each behind \a prefix, blanks between
+ * them. */
+QByteArray numbers(int count, const QByteArray& prefix, int factor = 1, int offset = 0)
+{
+    QByteArray result;
+    for (int i = 1; i <= count; ++i)
+        result += (i > 1 ? " " : "") + prefix + QByteArray::number(i * factor + offset);
+    return result;
+}
+
 } // namespace
 
 /*! Which tables, rows, columns and spans come out of which rows. */
@@ -107,6 +117,10 @@ private slots:
             "3: A(r2), B(c2) / C(c2) / D, E, F");
         add("column appended beside merged rows",
             row("3000", "A") + row("3000v", "-") + row("3000 5000", "D E"), "2: A(r2), - / - / D, E");
+
+        const QString texts = QString::fromLatin1(numbers(256, "c")).replace(QLatin1Char(' '), ", "_s);
+        add("columns up to the limit", row(numbers(256, "", 30), numbers(256, "c")).repeated(2),
+            "256: %1 / %1"_s.arg(texts));
     }
 
     void shapes()
@@ -474,26 +488,9 @@ private slots:
         QCOMPARE(contentOf(*readBody(rtf).document), nestedContent(12));
     }
 
-    void columnsUpToTheLimit()
-    {
-        QByteArray boundaries, texts;
-        for (int i = 1; i <= 256; ++i) {
-            boundaries += (i > 1 ? " " : "") + QByteArray::number(i * 30);
-            texts += (i > 1 ? " c" : "c") + QByteArray::number(i);
-        }
-        const Reading reading = readBody(row(boundaries, texts) + row(boundaries, texts) + "\\pard after");
-        const QString cellTexts = QString::fromLatin1(texts).replace(QLatin1Char(' '), ", "_s);
-        QCOMPARE(contentOf(*reading.document), "|{256: %1 / %1}||after"_s.arg(cellTexts));
-    }
-
     void columnsBeyondTheLimit()
     {
-        QByteArray boundaries, texts;
-        for (int i = 1; i <= 300; ++i) {
-            boundaries += (i > 1 ? " " : "") + QByteArray::number(i * 20);
-            texts += (i > 1 ? " c" : "c") + QByteArray::number(i);
-        }
-        const Reading reading = readBody(row(boundaries, texts) + "\\pard after");
+        const Reading reading = readBody(row(numbers(300, "", 20), numbers(300, "c")) + "\\pard after");
         QCOMPARE(reading.status, 0);
         const QTextTable* table = firstTable(reading);
         QVERIFY(table);
@@ -518,14 +515,10 @@ private slots:
     /*! Rows of fewer columns each, but with different boundaries, so that together they would make 400. */
     void splitsBeyondTheColumnLimit()
     {
-        QByteArray even, odd, texts, otherTexts;
-        for (int i = 1; i <= 200; ++i) {
-            even += (i > 1 ? " " : "") + QByteArray::number(i * 40);
-            odd += (i > 1 ? " " : "") + QByteArray::number(i * 40 - 20);
-            texts += (i > 1 ? " a" : "a") + QByteArray::number(i);
-            otherTexts += (i > 1 ? " b" : "b") + QByteArray::number(i);
-        }
-        const Reading reading = readBody(row(even, texts) + row(odd, otherTexts) + "\\pard after");
+        const QByteArray texts = numbers(200, "a");
+        const Reading reading =
+            readBody(row(numbers(200, "", 40), texts) + row(numbers(200, "", 40, -20), numbers(200, "b"))
+                     + "\\pard after");
         QCOMPARE(reading.status, 0);
         const QTextTable* table = firstTable(reading);
         QVERIFY(table);
