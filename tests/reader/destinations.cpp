@@ -148,12 +148,6 @@ private slots:
         QCOMPARE(read(rtf, false).format("link"_s).anchorHref(), "a\uFFFDb"_s);
     }
 
-    void fieldTextOutsideTheResultIsDropped()
-    {
-        QCOMPARE(readBody("a{\\field b{\\*\\fldinst c}d{\\fldrslt e}f}g").text(), "aeg"_s);
-        QCOMPARE(readBody("a{\\field{\\*\\fldinst c}}g").text(), "ag"_s);
-    }
-
     void pictureIsInserted_data()
     {
         const Columns<QByteArray, QByteArray, QString> add("typeWord", "data", "type");
@@ -438,17 +432,23 @@ private slots:
         QVERIFY(reading.format("e"_s).boolProperty(ORVRtfProperty::InAnnotation));
     }
 
-    void headersAndFootersAreText()
+    void texts_data()
     {
-        QCOMPARE(
-            readBody("{\\header\\pard a\\par}{\\footer\\pard b\\par}{\\*\\headerl c}{\\footerr d}e").text(),
-            "a\nb\ncde"_s);
+        const Columns<QByteArray, QString> add("rtf", "text");
+        add("text of a field outside its result", "a{\\field b{\\*\\fldinst c}d{\\fldrslt e}f}g", "aeg");
+        add("field without a result", "a{\\field{\\*\\fldinst c}}g", "ag");
+        add("headers and footers",
+            "{\\header\\pard a\\par}{\\footer\\pard b\\par}{\\*\\headerl c}{\\footerr d}e", "a\nb\ncde");
+        add("groups inside a destination belong to it", "a{\\*\\atnref b{\\b c}d}e{\\*\\listtable{f}}g",
+            "aeg");
+        add("groups restore the destination",
+            "a{\\fonttbl{\\f0 b;}}c{\\colortbl d;}e{\\field f{\\fldrslt g}h}i", "acegi");
     }
 
-    // A group inside a destination belongs to it.
-    void inheritedDestination()
+    void texts()
     {
-        QCOMPARE(readBody("a{\\*\\atnref b{\\b c}d}e{\\*\\listtable{f}}g").text(), "aeg"_s);
+        FETCH(QByteArray, rtf, QString, text);
+        QCOMPARE(readBody(rtf).text(), text);
     }
 };
 

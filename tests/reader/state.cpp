@@ -68,12 +68,6 @@ private slots:
         QCOMPARE(readBody(fonts + "\\f1\\'e9{\\f0\\'e9}\\'e9").text(), "?é?"_s);
     }
 
-    void groupsRestoreTheDestination()
-    {
-        QCOMPARE(readBody("a{\\fonttbl{\\f0 b;}}c{\\colortbl d;}e{\\field f{\\fldrslt g}h}i").text(),
-                 "acegi"_s);
-    }
-
     void paragraphFormatOutlivesItsGroup()
     {
         const Reading reading = readBody("{\\qc\\li720 one\\par}two\\par three");
