@@ -199,19 +199,7 @@ private slots:
                                          + "\\pard\\ls1 a\\par\\pard b\\par\\ls2 c\\par\\pard\\ls3 d\\par"
                                            "\\pard e\\par\\ls1 f\\par\\ls3 g");
         QCOMPARE(reading.text(), "a\nb\nc\nd\ne\nf\ng"_s);
-        QTextList* first = reading.block(0).textList();
-        QTextList* second = reading.block(2).textList();
-        QTextList* third = reading.block(3).textList();
-        QVERIFY(first && second && third);
-        QVERIFY(first != second);
-        QVERIFY(first != third);
-        QVERIFY(second != third);
-        QCOMPARE(reading.block(5).textList(), first);
-        QCOMPARE(reading.block(6).textList(), third);
-        QVERIFY(!reading.block(1).textList());
-        QVERIFY(!reading.block(4).textList());
-        QCOMPARE(first->count(), 2);
-        QCOMPARE(second->count(), 1);
+        QCOMPARE(itemLines(*reading.document), "0 0 a\n1 0 c\n2 0 d\n0 0 f\n2 0 g"_s);
         QCOMPARE(describe(levelsOf(reading, 0)), "'%0.' 1 0 0"_s);
         QCOMPARE(describe(levelsOf(reading, 2)), "'%0.' 1 0 0"_s);
         QCOMPARE(describe(levelsOf(reading, 3)), "'%0)' 2 0 0"_s);
@@ -222,13 +210,7 @@ private slots:
         const Reading reading =
             readBody(listTables(level("\\'02\\'00.;") + level("\\'02\\'01.;"))
                      + "\\pard\\ls1\\ilvl0 a\\par\\ilvl1 b\\par c\\par\\pard\\ls1 d\\par\\ilvl0 e");
-        const int expected[] = {0, 1, 1, 0, 0};
-        for (int i = 0; i < 5; ++i) {
-            QTextList* list = reading.block(i).textList();
-            QVERIFY(list);
-            QCOMPARE(list, reading.block(0).textList());
-            QCOMPARE(ORVTextListFormat::blockLevel(list, reading.block(i)), expected[i]);
-        }
+        QCOMPARE(itemLines(*reading.document), "0 0 a\n0 1 b\n0 1 c\n0 0 d\n0 0 e"_s);
     }
 
     void listsWithoutDefinition_data()
@@ -248,12 +230,9 @@ private slots:
         FETCH(QByteArray, tables);
         const Reading reading = readBody(tables + "\\pard\\ls1\\ilvl3 a\\par b");
         QCOMPARE(reading.status, 0);
-        QTextList* list = reading.block(0).textList();
-        QVERIFY(list);
-        QCOMPARE(reading.block(1).textList(), list);
-        QCOMPARE(int(ORVTextListFormat::levels(list->format()).size()), 0);
-        QCOMPARE(dump(list->format()), dump(QTextListFormat()));
-        QCOMPARE(ORVTextListFormat::blockLevel(list, reading.block(0)), 3);
+        QCOMPARE(itemLines(*reading.document), "0 3 a\n0 3 b"_s);
+        QCOMPARE(levelsOf(reading).size(), 0);
+        QCOMPARE(dump(reading.block(0).textList()->format()), dump(QTextListFormat()));
     }
 
     void firstMatchCounts()
@@ -274,10 +253,8 @@ private slots:
         const QByteArray list = "{\\*\\listtable{\\list" + level("\\'01a;") + "\\listid7}}";
         const Reading outside = readBody(list + "{\\listoverride\\listid7\\ls1}\\pard\\ls1 x");
         QCOMPARE(levelsOf(outside).size(), 0);
-        const Reading inside = readBody(list + "{\\*\\listoverridetable\\ls1}x");
-        QVERIFY(!inside.block(0).textList());
-        const Reading inListTable = readBody("{\\*\\listtable\\ls1}x");
-        QVERIFY(!inListTable.block(0).textList());
+        QVERIFY(!readBody(list + "{\\*\\listoverridetable\\ls1}x").block(0).textList());
+        QVERIFY(!readBody("{\\*\\listtable\\ls1}x").block(0).textList());
     }
 
     void listTextIsNotInserted()
@@ -299,12 +276,7 @@ private slots:
     {
         const Reading reading =
             readBody(listTables(level("\\'02\\'00.;")) + "\\pard a\\par\\pard\\ls1 b\\par c\\par\\pard d");
-        QVERIFY(!reading.block(0).textList());
-        QTextList* list = reading.block(1).textList();
-        QVERIFY(list);
-        QCOMPARE(reading.block(2).textList(), list);
-        QVERIFY(!reading.block(3).textList());
-        QCOMPARE(list->count(), 2);
+        QCOMPARE(itemLines(*reading.document), "0 0 b\n0 0 c"_s);
         QCOMPARE(reading.blockFormat(3).hasProperty(ORVRtfProperty::ListOverride), false);
     }
 };
