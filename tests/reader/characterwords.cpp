@@ -309,12 +309,6 @@ private slots:
         QVERIFY(!format.hasProperty(QTextFormat::FontWeight));
     }
 
-    void plainResetsTheCodePage()
-    {
-        const QByteArray fonts = "{\\fonttbl{\\f0 Quibble Sans;}{\\f1\\fcharset204 Quibble Serif;}}";
-        QCOMPARE(readBody(fonts + "\\f1\\'e9\\plain\\'e9").text(), "?é"_s);
-    }
-
     void specialCharacters_data()
     {
         const Columns<QByteArray, int> add("word", "unit");
@@ -371,6 +365,9 @@ private slots:
         add("font before document", "{\\ansicpg1251" + fonts + "\\f3\\'e4}", "ä");
         add("document where the font says nothing", "{\\ansicpg1251" + fonts + "\\f3\\'e4\\f0\\'e4}", "ä?");
         add("unknown font changes nothing", "{" + fonts + "\\f1\\f9\\'e4}", "?");
+        add("plain resets the code page", "{" + fonts + "\\f1\\'e9\\plain\\'e9}", "?é");
+        add("groups restore the code page", "{" + fonts + "\\'e9{\\f1\\'e9}\\'e9}", "é?é");
+        add("groups restore that of another font", "{" + fonts + "\\f1\\'e9{\\f0\\'e9}\\'e9}", "?é?");
         add("charset outside the font table", "{" + fonts + "\\f0\\fcharset204\\'e4\\f0\\'e4}", "ää");
         add("code page outside the font table", "{" + fonts + "\\f0\\cpg1251\\'e4\\f0\\'e4}", "ää");
     }

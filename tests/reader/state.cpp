@@ -61,13 +61,6 @@ private slots:
         QCOMPARE(dump(reading.format("plain"_s)), QString());
     }
 
-    void groupsRestoreTheCodePage()
-    {
-        const QByteArray fonts = "{\\fonttbl{\\f0 Quibble Sans;}{\\f1\\fcharset204 Quibble Serif;}}";
-        QCOMPARE(readBody(fonts + "\\'e9{\\f1\\'e9}\\'e9").text(), "é?é"_s);
-        QCOMPARE(readBody(fonts + "\\f1\\'e9{\\f0\\'e9}\\'e9").text(), "?é?"_s);
-    }
-
     void paragraphFormatOutlivesItsGroup()
     {
         const Reading reading = readBody("{\\qc\\li720 one\\par}two\\par three");
