@@ -4,6 +4,8 @@ using namespace rtftest;
 
 namespace {
 
+typedef QSharedPointer<QTextDocument> Document;
+
 /*! A table's part of a row definition without borders; the columns follow it. */
 QByteArray rowStart(bool first, bool last, int gap = 0)
 {
@@ -36,10 +38,22 @@ QByteArray column(int right, const QByteArray& merge = QByteArray(), const QByte
         + "\n";
 }
 
-/*! The one paragraph of a cell. */
-QByteArray cellText(const QByteArray& text, int depth = 1)
+const QByteArray OneColumn = column(4000);
+const QByteArray TwoColumns = OneColumn + column(8000);
+
+/*! What the first paragraph of a cell begins with. */
+QByteArray cellStart(int depth = 1)
 {
-    return "\n\\pard\\plain \\intbl\\itap" + QByteArray::number(depth) + run(text);
+    return "\n\\pard\\plain \\intbl\\itap" + QByteArray::number(depth);
+}
+
+/*! Cells with a paragraph of one letter each. */
+QByteArray letterCells(const QByteArray& letters, int depth = 1)
+{
+    QByteArrayList list;
+    for (const char letter : letters)
+        list << cellStart(depth) + run(QByteArray(1, letter)) + (depth > 1 ? "\\nestcell" : "\\cell");
+    return list.join(' ');
 }
 
 /*! A row of an outer table: its definition before the cells and again behind them. */
@@ -52,6 +66,24 @@ QByteArray wholeRow(const QByteArray& definition, const QByteArray& cells)
 QByteArray nestedRow(const QByteArray& definition, const QByteArray& cells)
 {
     return "\n" + cells + "{\\*\\nesttableprops" + definition + "\\nestrow}\\pard";
+}
+
+/*! The empty paragraph that Qt has before a table, and the table's own first newline. */
+QByteArray tableStart()
+{
+    return firstParagraph() + emptyRun() + "\n";
+}
+
+/*! The body of a document that has a table of one row. */
+QByteArray oneRow(const QByteArray& columns, const QByteArray& cells, int gap = 0)
+{
+    return tableStart() + wholeRow(rowStart(true, true, gap) + columns, cells);
+}
+
+/*! A table of one cell, the letter x, within a cell. */
+QByteArray innerTable()
+{
+    return "\n" + nestedRow(rowStart(true, true) + OneColumn, letterCells("x", 2)) + "\\itap1\\intbl";
 }
 
 QTextTableFormat plainTable()
@@ -92,33 +124,59 @@ public:
     }
 
     QTextCursor cursor(int row, int column) const { return table->cellAt(row, column).firstCursorPosition(); }
-    void setCellProperty(int row, int column, int property, const QVariant& value)
+    TableStory& setCellProperty(int row, int column, int property, const QVariant& value)
     {
         QTextTableCell cell = table->cellAt(row, column);
         QTextCharFormat format = cell.format();
         format.setProperty(property, value);
         cell.setFormat(format);
+        return *this;
     }
-    QTextCursor behind() const
+    /*! Sets a property of the paragraphs in the first row. */
+    TableStory& setBlockProperty(int property, int value)
     {
-        QTextCursor cursor(document.data());
-        cursor.movePosition(QTextCursor::End);
-        return cursor;
+        QTextBlockFormat format;
+        format.setProperty(property, value);
+        for (int column = 0; column < table->columns(); ++column)
+            cursor(0, column).setBlockFormat(format);
+        return *this;
+    }
+    /*! Merges the first cell with others, whose texts go. */
+    TableStory& merge(int rows, int columns)
+    {
+        for (int i = 1; i < rows * columns; ++i)
+            cursor(i / columns, i % columns).deleteChar();
+        table->mergeCells(0, 0, rows, columns);
+        return *this;
+    }
+    QTextTable* insertTable(int row, int column) const
+    {
+        QTextTable* const inner =
+            table->cellAt(row, column).lastCursorPosition().insertTable(1, 1, plainTable());
+        inner->cellAt(0, 0).firstCursorPosition().insertText("x");
+        return inner;
     }
     QByteArray body(const WriteSettings& settings = WriteSettings()) const
     {
         return writeBody(*document, settings);
     }
 
-    QSharedPointer<QTextDocument> document;
+    Document document;
     QTextTable* table;
 };
 
-/*! The empty paragraph that Qt has before a table, and the table's own first newline. */
-QByteArray tableStart()
-{
-    return firstParagraph() + emptyRun() + "\n";
-}
+/*! A frame behind a paragraph, which is to be left out. */
+class FrameStory {
+public:
+    FrameStory() : document(textDocument("before")), cursor(document.data())
+    {
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertFrame(QTextFrameFormat());
+    }
+
+    Document document;
+    QTextCursor cursor;
+};
 
 WriteSettings endingParagraphs()
 {
@@ -139,140 +197,155 @@ QTextTableFormat bordered(double width,
 
 } // namespace
 
-Q_DECLARE_METATYPE(QTextTableFormat)
-Q_DECLARE_METATYPE(QVector<QTextLength>)
-
 class TestWriterTables : public QObject {
     Q_OBJECT
 
 private slots:
-    void tableOfTwoRowsAndColumns()
+    void bodies_data()
     {
-        const QByteArray columns = column(4000) + column(8000);
-        const QByteArray first = rowStart(true, false) + columns;
-        const QByteArray last = rowStart(false, true) + columns;
-        QCOMPARE(TableStory(2, 2).body(),
-                 tableStart() + wholeRow(first, cellText("a") + "\\cell " + cellText("b") + "\\cell")
-                     + wholeRow(last, cellText("c") + "\\cell " + cellText("d") + "\\cell"));
+        const Columns<Document, QByteArray> add("document", "body");
+        const QByteArray first = rowStart(true, false);
+        const QByteArray last = rowStart(false, true);
+        add("tableOfTwoRowsAndColumns", TableStory(2, 2).document,
+            tableStart() + wholeRow(first + TwoColumns, letterCells("ab"))
+                + wholeRow(last + TwoColumns, letterCells("cd")));
+        add("tableOfOneCell", TableStory(1, 1).document, oneRow(OneColumn, letterCells("a")));
+        add("firstParagraphOfEachCellStatesItsFormat",
+            TableStory(1, 2).setBlockProperty(QTextFormat::BlockAlignment, Qt::AlignHCenter).document,
+            oneRow(TwoColumns, letterCells("ab").replace("\\itap1", "\\itap1\\qc")));
+        // The direction of runs is said outside tables only.
+        add("rightToLeftParagraphInACell",
+            TableStory(1, 1).setBlockProperty(QTextFormat::LayoutDirection, Qt::RightToLeft).document,
+            oneRow(OneColumn, cellStart() + "\\rtlpar" + run("a") + "\\cell"));
+        add("cellOverTwoColumns", TableStory(2, 2).merge(1, 2).document,
+            tableStart()
+                + wholeRow(first + column(4000, "\\clmgf ") + column(8000, "\\clmrg "),
+                           letterCells("a") + "\\cell")
+                + wholeRow(last + TwoColumns, letterCells("cd")));
+        add("cellOverTwoRows", TableStory(2, 2).merge(2, 1).document,
+            tableStart() + wholeRow(first + column(4000, "\\clvmgf ") + column(8000), letterCells("ab"))
+                + wholeRow(last + column(4000, "\\clvmrg ") + column(8000), "\\cell " + letterCells("d")));
+        add("cellOverRowsAndColumns", TableStory(2, 2).merge(2, 2).document,
+            tableStart()
+                + wholeRow(first + column(4000, "\\clvmgf \\clmgf ") + column(8000, "\\clvmgf \\clmrg "),
+                           letterCells("a") + "\\cell")
+                + wholeRow(last + column(4000, "\\clvmrg \\clmgf ") + column(8000, "\\clvmrg \\clmrg "),
+                           "\\cell\\cell"));
     }
 
-    void tableOfOneCell()
+    void bodies()
     {
-        const QByteArray definition = rowStart(true, true) + column(4000);
-        QCOMPARE(TableStory(1, 1).body(), tableStart() + wholeRow(definition, cellText("a") + "\\cell"));
+        FETCH(Document, document, QByteArray, body);
+        QCOMPARE(writeBody(*document), body);
+    }
+
+    void formats_data()
+    {
+        const Columns<Document, QByteArray> add("document", "body");
+        const auto addBorder = [&add](const char* name, const QTextTableFormat& format,
+                                      const QByteArray& lines) {
+            add(name, TableStory(1, 1, format).document,
+                oneRow(column(4000, "", "", lines), letterCells("a")));
+        };
+        // Black and white are colours 1 and 2, so the border's is 3.
+        addBorder("borders onePoint", bordered(1), borders(20, 3));
+        addBorder("borders twipsAreCut", bordered(0.99), borders(19, 3));
+        addBorder("borders lessThanATwip", bordered(0.04), borders(0, 3));
+        addBorder("borders tooWide", bordered(20), borders(255, 3));
+        addBorder("borders widest", bordered(12.75), borders(255, 3));
+        addBorder("borders dotted", bordered(1, QTextFrameFormat::BorderStyle_Dotted), borders(20, 3));
+        addBorder("borders noWidth", bordered(0), NoBorders);
+        addBorder("borders negativeWidth", bordered(-1), NoBorders);
+        addBorder("borders noStyle", bordered(1, QTextFrameFormat::BorderStyle_None), NoBorders);
+        addBorder("borders qtDefault", QTextTableFormat(), borders(20, 3));
+
+        const auto addShading = [&add](const char* name, Qt::GlobalColor color, const QByteArray& words) {
+            TableStory story(1, 2);
+            story.setCellProperty(0, 1, QTextFormat::BackgroundBrush, QBrush(color));
+            add(name, story.document, oneRow(OneColumn + column(8000, "", words), letterCells("ab")));
+        };
+        // The colour of the border that is not drawn is number 3.
+        addShading("cellShading red", Qt::red, "\\clcbpat4");
+        addShading("cellShading white", Qt::white, "\\clcbpat2");
+        addShading("cellShading blackIsNone", Qt::black, "");
+
+        const auto addAlignment = [&add](const char* name, int alignment, const QByteArray& word) {
+            TableStory story(1, 1);
+            story.setCellProperty(0, 0, QTextFormat::TextVerticalAlignment, alignment);
+            add(name, story.document, oneRow(column(4000, "", "", NoBorders, word), letterCells("a")));
+        };
+        addAlignment("cellVerticalAlignment middle", 3, "\\clvertalc ");
+        addAlignment("cellVerticalAlignment bottom", 5, "\\clvertalb ");
+        addAlignment("cellVerticalAlignment top", 4, "\\clvertalt ");
+        addAlignment("cellVerticalAlignment normal", 0, "\\clvertalt ");
+        addAlignment("cellVerticalAlignment baseline", 6, "\\clvertalt ");
+
+        const auto addPadding = [&add](const char* name, double padding, int gap) {
+            QTextTableFormat format = plainTable();
+            format.setCellPadding(padding);
+            add(name, TableStory(1, 1, format).document, oneRow(OneColumn, letterCells("a"), gap));
+        };
+        addPadding("cellPadding none", 0.0, 0);
+        addPadding("cellPadding points", 5.4, 108);
+        addPadding("cellPadding twipsAreCut", 1.99, 39);
+        addPadding("cellPadding binaryFraction", 1.99999999, 40);
+    }
+
+    void formats() { bodies(); }
+
+    void columnWidths_data()
+    {
+        const Columns<Document, QByteArray> columns("document", "body");
+        const auto add = [&columns](const char* name, const QVector<QTextLength>& widths, int first,
+                                    int second) {
+            TableStory story(1, 2);
+            QTextTableFormat format = withWidths(widths);
+            format.setColumns(2);
+            if (!widths.isEmpty())
+                story.table->setFormat(format);
+            columns(name, story.document, oneRow(column(first) + column(second), letterCells("ab")));
+        };
+        const QTextLength variable(QTextLength::VariableLength, 0);
+        // The text is 432 points wide: 8.5 inches less two margins of 1.25.
+        add("none", {}, 4000, 8000);
+        add("halves", {percent(50), percent(50)}, 4320, 8640);
+        add("thirds", {percent(100 / 3.0), percent(200 / 3.0)}, 2880, 8640);
+        add("pointsAreCut", {percent(10), fixed(100)}, 43 * 20, 143 * 20);
+        add("fixed", {fixed(100.7), fixed(50)}, 2000, 3000);
+        add("variable", {variable, variable}, 8640, 17280);
+        add("mixed", {fixed(72), percent(25)}, 1440, 3600);
+        add("tooFew", {fixed(72)}, 1440, 5440);
+        add("binaryFraction", {fixed(71.99999999), fixed(72)}, 1440, 2880);
+        add("zero", {fixed(0), fixed(72)}, 0, 1440);
+    }
+
+    void columnWidths() { bodies(); }
+
+    void columnWidthsFollowThePage()
+    {
+        TableStory story(1, 1, withWidths({percent(50)}));
+        story.document->setProperty("paperSize", QSizeF(500.0, 700.0));
+        story.document->setProperty("leftMargin", 50.0);
+        story.document->setProperty("rightMargin", 100.0);
+        // Half of 350 points.
+        QCOMPARE(story.body(), oneRow(column(3500), letterCells("a")));
     }
 
     void emptyCellsKeepTheirFormat()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextCursor(document.data()).insertTable(1, 2, plainTable());
-        const QByteArray definition = rowStart(true, true) + column(4000) + column(8000);
-        const QByteArray cell = "\n\\pard\\plain \\intbl\\itap1" + emptyRun() + "\\cell";
-        QCOMPARE(writeBody(*document), tableStart() + wholeRow(definition, cell + " " + cell));
+        const QByteArray cell = cellStart() + emptyRun() + "\\cell";
+        QCOMPARE(writeBody(*document), oneRow(TwoColumns, cell + " " + cell));
     }
 
     void cellOfTwoParagraphs()
     {
         TableStory story(1, 1);
-        QTextCursor cursor = story.table->cellAt(0, 0).lastCursorPosition();
-        cursor.insertBlock();
-        cursor.insertText("b");
-        const QByteArray definition = rowStart(true, true) + column(4000);
+        story.table->cellAt(0, 0).lastCursorPosition().insertText("\nb");
         QCOMPARE(story.body(),
-                 tableStart()
-                     + wholeRow(definition,
-                                cellText("a") + "\n\\par\\plain \\intbl\\itap1" + run("b") + "\\cell"));
-    }
-
-    void firstParagraphOfEachCellStatesItsFormat()
-    {
-        TableStory story(1, 2);
-        QTextBlockFormat centred;
-        centred.setAlignment(Qt::AlignHCenter);
-        story.cursor(0, 0).setBlockFormat(centred);
-        story.cursor(0, 1).setBlockFormat(centred);
-        const QByteArray begin = "\n\\pard\\plain \\intbl\\itap1\\qc";
-        const QByteArray definition = rowStart(true, true) + column(4000) + column(8000);
-        QCOMPARE(story.body(),
-                 tableStart()
-                     + wholeRow(definition, begin + run("a") + "\\cell " + begin + run("b") + "\\cell"));
-    }
-
-    void rightToLeftParagraphInACell()
-    {
-        // The direction of runs is said outside tables only.
-        TableStory story(1, 1);
-        QTextBlockFormat format;
-        format.setLayoutDirection(Qt::RightToLeft);
-        story.cursor(0, 0).setBlockFormat(format);
-        const QByteArray definition = rowStart(true, true) + column(4000);
-        QCOMPARE(story.body(),
-                 tableStart()
-                     + wholeRow(definition, "\n\\pard\\plain \\intbl\\itap1\\rtlpar" + run("a") + "\\cell"));
-    }
-
-    void cellOverTwoColumns()
-    {
-        TableStory story(2, 2);
-        story.cursor(0, 1).deleteChar();
-        story.table->mergeCells(0, 0, 1, 2);
-        const QByteArray first = rowStart(true, false) + column(4000, "\\clmgf ") + column(8000, "\\clmrg ");
-        const QByteArray last = rowStart(false, true) + column(4000) + column(8000);
-        QCOMPARE(story.body(),
-                 tableStart() + wholeRow(first, cellText("a") + "\\cell\\cell")
-                     + wholeRow(last, cellText("c") + "\\cell " + cellText("d") + "\\cell"));
-    }
-
-    void cellOverTwoRows()
-    {
-        TableStory story(2, 2);
-        story.cursor(1, 0).deleteChar();
-        story.table->mergeCells(0, 0, 2, 1);
-        const QByteArray first = rowStart(true, false) + column(4000, "\\clvmgf ") + column(8000);
-        const QByteArray last = rowStart(false, true) + column(4000, "\\clvmrg ") + column(8000);
-        QCOMPARE(story.body(),
-                 tableStart() + wholeRow(first, cellText("a") + "\\cell " + cellText("b") + "\\cell")
-                     + wholeRow(last, "\\cell " + cellText("d") + "\\cell"));
-    }
-
-    void cellOverRowsAndColumns()
-    {
-        TableStory story(2, 2);
-        story.cursor(0, 1).deleteChar();
-        story.cursor(1, 0).deleteChar();
-        story.cursor(1, 1).deleteChar();
-        story.table->mergeCells(0, 0, 2, 2);
-        const QByteArray first =
-            rowStart(true, false) + column(4000, "\\clvmgf \\clmgf ") + column(8000, "\\clvmgf \\clmrg ");
-        const QByteArray last =
-            rowStart(false, true) + column(4000, "\\clvmrg \\clmgf ") + column(8000, "\\clvmrg \\clmrg ");
-        QCOMPARE(story.body(),
-                 tableStart() + wholeRow(first, cellText("a") + "\\cell\\cell")
-                     + wholeRow(last, "\\cell\\cell"));
-    }
-
-    void borders_data()
-    {
-        const Columns<QTextTableFormat, QByteArray> add("format", "lines");
-        // Black and white are colours 1 and 2, so the border's is 3.
-        add("onePoint", bordered(1), ::borders(20, 3));
-        add("twipsAreCut", bordered(0.99), ::borders(19, 3));
-        add("lessThanATwip", bordered(0.04), ::borders(0, 3));
-        add("tooWide", bordered(20), ::borders(255, 3));
-        add("widest", bordered(12.75), ::borders(255, 3));
-        add("dotted", bordered(1, QTextFrameFormat::BorderStyle_Dotted), ::borders(20, 3));
-        add("noWidth", bordered(0), NoBorders);
-        add("negativeWidth", bordered(-1), NoBorders);
-        add("noStyle", bordered(1, QTextFrameFormat::BorderStyle_None), NoBorders);
-        add("qtDefault", QTextTableFormat(), ::borders(20, 3));
-    }
-
-    void borders()
-    {
-        FETCH(QTextTableFormat, format, QByteArray, lines);
-        const QByteArray definition = rowStart(true, true) + column(4000, QByteArray(), QByteArray(), lines);
-        QCOMPARE(TableStory(1, 1, format).body(),
-                 tableStart() + wholeRow(definition, cellText("a") + "\\cell"));
+                 oneRow(OneColumn,
+                        cellStart() + run("a") + "\n\\par\\plain \\intbl\\itap1" + run("b") + "\\cell"));
     }
 
     void borderHasItsColour()
@@ -283,193 +356,66 @@ private slots:
                  rtf.constData());
     }
 
-    void cellShading_data()
-    {
-        const Columns<QColor, QByteArray> add("color", "words");
-        add("red", QColor(Qt::red), "\\clcbpat4");
-        add("white", QColor(Qt::white), "\\clcbpat2");
-        add("blackIsNone", QColor(Qt::black), QByteArray());
-    }
-
-    void cellShading()
-    {
-        FETCH(QColor, color, QByteArray, words);
-        TableStory story(1, 2);
-        story.setCellProperty(0, 1, QTextFormat::BackgroundBrush, QBrush(color));
-        // The colour of the border that is not drawn is number 3.
-        const QByteArray definition = rowStart(true, true) + column(4000) + column(8000, QByteArray(), words);
-        QCOMPARE(story.body(),
-                 tableStart() + wholeRow(definition, cellText("a") + "\\cell " + cellText("b") + "\\cell"));
-    }
-
-    void cellVerticalAlignment_data()
-    {
-        const Columns<int, QByteArray> add("alignment", "word");
-        add("middle", 3, "\\clvertalc ");
-        add("bottom", 5, "\\clvertalb ");
-        add("top", 4, "\\clvertalt ");
-        add("normal", 0, "\\clvertalt ");
-        add("baseline", 6, "\\clvertalt ");
-    }
-
-    void cellVerticalAlignment()
-    {
-        FETCH(int, alignment, QByteArray, word);
-        TableStory story(1, 1);
-        story.setCellProperty(0, 0, QTextFormat::TextVerticalAlignment, alignment);
-        const QByteArray definition =
-            rowStart(true, true) + column(4000, QByteArray(), QByteArray(), NoBorders, word);
-        QCOMPARE(story.body(), tableStart() + wholeRow(definition, cellText("a") + "\\cell"));
-    }
-
-    void cellPadding_data()
-    {
-        const Columns<double, int> add("padding", "gap");
-        add("none", 0.0, 0);
-        add("points", 5.4, 108);
-        add("twipsAreCut", 1.99, 39);
-        add("binaryFraction", 1.99999999, 40);
-    }
-
-    void cellPadding()
-    {
-        FETCH(double, padding, int, gap);
-        QTextTableFormat format = plainTable();
-        format.setCellPadding(padding);
-        const QByteArray definition = rowStart(true, true, gap) + column(4000);
-        QCOMPARE(TableStory(1, 1, format).body(),
-                 tableStart() + wholeRow(definition, cellText("a") + "\\cell"));
-    }
-
-    void columnWidths_data()
-    {
-        const Columns<QVector<QTextLength>, int, int> add("widths", "first", "second");
-        const QTextLength variable(QTextLength::VariableLength, 0);
-        // The text is 432 points wide: 8.5 inches less two margins of 1.25.
-        add("none", QVector<QTextLength>(), 4000, 8000);
-        add("halves", QVector<QTextLength>{percent(50), percent(50)}, 4320, 8640);
-        add("thirds", QVector<QTextLength>{percent(100 / 3.0), percent(200 / 3.0)}, 2880, 8640);
-        add("pointsAreCut", QVector<QTextLength>{percent(10), fixed(100)}, 43 * 20, 143 * 20);
-        add("fixed", QVector<QTextLength>{fixed(100.7), fixed(50)}, 2000, 3000);
-        add("variable", QVector<QTextLength>{variable, variable}, 8640, 17280);
-        add("mixed", QVector<QTextLength>{fixed(72), percent(25)}, 1440, 3600);
-        add("tooFew", QVector<QTextLength>{fixed(72)}, 1440, 5440);
-        add("binaryFraction", QVector<QTextLength>{fixed(71.99999999), fixed(72)}, 1440, 2880);
-        add("zero", QVector<QTextLength>{fixed(0), fixed(72)}, 0, 1440);
-    }
-
-    void columnWidths()
-    {
-        FETCH(QVector<QTextLength>, widths, int, first, int, second);
-        TableStory story(1, 2);
-        QTextTableFormat format = withWidths(widths);
-        format.setColumns(2);
-        if (!widths.isEmpty())
-            story.table->setFormat(format);
-        const QByteArray definition = rowStart(true, true) + column(first) + column(second);
-        QCOMPARE(story.body(),
-                 tableStart() + wholeRow(definition, cellText("a") + "\\cell " + cellText("b") + "\\cell"));
-    }
-
-    void columnWidthsFollowThePage()
-    {
-        TableStory story(1, 1, withWidths({percent(50)}));
-        story.document->setProperty("paperSize", QSizeF(500.0, 700.0));
-        story.document->setProperty("leftMargin", 50.0);
-        story.document->setProperty("rightMargin", 100.0);
-        // Half of 350 points.
-        const QByteArray definition = rowStart(true, true) + column(3500);
-        QCOMPARE(story.body(), tableStart() + wholeRow(definition, cellText("a") + "\\cell"));
-    }
-
     void nestedTable()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextTable* outer = QTextCursor(document.data()).insertTable(1, 1, plainTable());
         QTextTable* inner = outer->cellAt(0, 0).firstCursorPosition().insertTable(2, 2, plainTable());
         const char* const texts[] = {"a", "b", "c", "d"};
         for (int i = 0; i < 4; ++i)
             inner->cellAt(i / 2, i % 2).firstCursorPosition().insertText(texts[i]);
-
-        const QByteArray columns = column(4000) + column(8000);
-        const QByteArray innerTable = "\n"
-            + nestedRow(rowStart(true, false) + columns,
-                        cellText("a", 2) + "\\nestcell " + cellText("b", 2) + "\\nestcell")
-            + nestedRow(rowStart(false, true) + columns,
-                        cellText("c", 2) + "\\nestcell " + cellText("d", 2) + "\\nestcell")
-            + "\\itap1\\intbl";
-        const QByteArray definition = rowStart(true, true) + column(4000);
+        const QByteArray innerRows = nestedRow(rowStart(true, false) + TwoColumns, letterCells("ab", 2))
+            + nestedRow(rowStart(false, true) + TwoColumns, letterCells("cd", 2));
         QCOMPARE(writeBody(*document),
-                 tableStart()
-                     + wholeRow(definition,
-                                "\n\\pard\\plain \\intbl\\itap1" + emptyRun() + innerTable + "\\cell"));
+                 oneRow(OneColumn, cellStart() + emptyRun() + "\n" + innerRows + "\\itap1\\intbl\\cell"));
     }
 
     void nestedTableBetweenTexts()
     {
         TableStory story(1, 2);
-        QTextCursor cursor = story.table->cellAt(0, 0).lastCursorPosition();
-        QTextTable* inner = cursor.insertTable(1, 1, plainTable());
-        inner->cellAt(0, 0).firstCursorPosition().insertText("x");
+        story.insertTable(0, 0);
         story.table->cellAt(0, 0).lastCursorPosition().insertText("y");
-
-        const QByteArray innerTable = "\n"
-            + nestedRow(rowStart(true, true) + column(4000), cellText("x", 2) + "\\nestcell")
-            + "\\itap1\\intbl";
-        const QByteArray definition = rowStart(true, true) + column(4000) + column(8000);
         QCOMPARE(story.body(),
-                 tableStart()
-                     + wholeRow(definition,
-                                cellText("a") + innerTable + cellText("y") + "\\cell " + cellText("b")
-                                    + "\\cell"));
+                 oneRow(TwoColumns,
+                        cellStart() + run("a") + innerTable() + letterCells("y") + ' ' + letterCells("b")));
     }
 
     void emptyCellBehindANestedTable()
     {
         // The empty paragraph behind the nested table is dropped, the one of the next cell is not.
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextTable* outer = QTextCursor(document.data()).insertTable(1, 2, plainTable());
-        QTextTable* inner = outer->cellAt(0, 0).firstCursorPosition().insertTable(1, 1, plainTable());
-        inner->cellAt(0, 0).firstCursorPosition().insertText("x");
-        const QByteArray begin = "\n\\pard\\plain \\intbl\\itap1" + emptyRun();
-        const QByteArray innerTable = "\n"
-            + nestedRow(rowStart(true, true) + column(4000), cellText("x", 2) + "\\nestcell")
-            + "\\itap1\\intbl";
-        const QByteArray definition = rowStart(true, true) + column(4000) + column(8000);
-        QCOMPARE(writeBody(*document),
-                 tableStart() + wholeRow(definition, begin + innerTable + "\\cell " + begin + "\\cell"));
+        TableStory story(1, 2);
+        story.cursor(0, 0).deleteChar();
+        story.cursor(0, 1).deleteChar();
+        story.insertTable(0, 0);
+        const QByteArray begin = cellStart() + emptyRun();
+        QCOMPARE(story.body(), oneRow(TwoColumns, begin + innerTable() + "\\cell " + begin + "\\cell"));
     }
 
     void tableNestedTwice()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextCursor cursor(document.data());
         for (int depth = 0; depth < 3; ++depth)
             cursor = cursor.insertTable(1, 1, plainTable())->cellAt(0, 0).firstCursorPosition();
         cursor.insertText("x");
-
-        const QByteArray definition = rowStart(true, true) + column(4000);
-        const QByteArray innermost =
-            "\n" + nestedRow(definition, cellText("x", 3) + "\\nestcell") + "\\itap2\\intbl";
-        const QByteArray inner = "\n"
-            + nestedRow(definition, "\n\\pard\\plain \\intbl\\itap2" + emptyRun() + innermost + "\\nestcell")
-            + "\\itap1\\intbl";
-        QCOMPARE(
-            writeBody(*document),
-            tableStart()
-                + wholeRow(definition, "\n\\pard\\plain \\intbl\\itap1" + emptyRun() + inner + "\\cell"));
+        const QByteArray definition = rowStart(true, true) + OneColumn;
+        const QByteArray innermost = "\n" + nestedRow(definition, letterCells("x", 3)) + "\\itap2\\intbl";
+        const QByteArray inner =
+            "\n" + nestedRow(definition, cellStart(2) + emptyRun() + innermost + "\\nestcell");
+        QCOMPARE(writeBody(*document),
+                 oneRow(OneColumn, cellStart() + emptyRun() + inner + "\\itap1\\intbl\\cell"));
     }
 
     void tablesOneAfterTheOther()
     {
         TableStory story(1, 1);
-        QTextTable* second = story.behind().insertTable(1, 1, plainTable());
-        second->cellAt(0, 0).firstCursorPosition().insertText("b");
+        QTextCursor cursor(story.document.data());
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertTable(1, 1, plainTable())->cellAt(0, 0).firstCursorPosition().insertText("b");
         // The paragraph between them is the empty one that follows a table.
-        const QByteArray definition = rowStart(true, true) + column(4000);
         QCOMPARE(story.body(),
-                 tableStart() + wholeRow(definition, cellText("a") + "\\cell") + "\n"
-                     + wholeRow(definition, cellText("b") + "\\cell"));
+                 oneRow(OneColumn, letterCells("a")) + "\n"
+                     + wholeRow(rowStart(true, true) + OneColumn, letterCells("b")));
     }
 
     void textOfACellOfMergedCellsIsWrittenOnce()
@@ -502,12 +448,11 @@ private slots:
         FETCH(bool, exportingMode, bool, setting, QByteArray, end);
         TableStory story(1, 1);
         QTextCursor(story.document.data()).insertText("before");
-        const QByteArray definition = rowStart(true, true) + column(4000);
         WriteSettings settings = setting ? endingParagraphs() : WriteSettings();
         settings.exportingMode = exportingMode;
         QCOMPARE(story.body(settings),
                  firstParagraph() + run("before") + end + "\n"
-                     + wholeRow(definition, cellText("a") + "\\cell"));
+                     + wholeRow(rowStart(true, true) + OneColumn, letterCells("a")));
     }
 
     void emptyParagraphBeforeATableIsNotEnded()
@@ -519,67 +464,44 @@ private slots:
     void paragraphBeforeANestedTable()
     {
         TableStory story(1, 1);
-        QTextTable* inner = story.table->cellAt(0, 0).lastCursorPosition().insertTable(1, 1, plainTable());
-        inner->cellAt(0, 0).firstCursorPosition().insertText("x");
-
-        const QByteArray definition = rowStart(true, true) + column(4000);
-        const QByteArray innerTable =
-            "\n" + nestedRow(definition, cellText("x", 2) + "\\nestcell") + "\\itap1\\intbl";
-        QCOMPARE(story.body(exporting()),
-                 tableStart() + wholeRow(definition, cellText("a") + "\n\\par" + innerTable + "\\cell"));
-        QCOMPARE(story.body(), tableStart() + wholeRow(definition, cellText("a") + innerTable + "\\cell"));
+        story.insertTable(0, 0);
+        const QByteArray begin = cellStart() + run("a");
+        QCOMPARE(story.body(exporting()), oneRow(OneColumn, begin + "\n\\par" + innerTable() + "\\cell"));
+        QCOMPARE(story.body(), oneRow(OneColumn, begin + innerTable() + "\\cell"));
     }
 
-    void textOfAFrameIsLeftOut()
+    void frames_data()
     {
-        const QSharedPointer<QTextDocument> document = textDocument("before");
-        QTextCursor cursor(document.data());
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertFrame(QTextFrameFormat());
-        cursor.insertText("inside");
-        QCOMPARE(writeBody(*document), firstParagraph() + run("before") + "\n\\par\\plain " + emptyRun());
-    }
+        const Columns<Document, QByteArray> add("document", "body");
+        const QByteArray before = firstParagraph() + run("before");
+        const QByteArray next = "\n\\par\\plain ";
+        FrameStory text;
+        text.cursor.insertText("inside");
+        add("textOfAFrameIsLeftOut", text.document, before + next + emptyRun());
 
-    void frameWithinAFrameIsWritten()
-    {
-        const QSharedPointer<QTextDocument> document = textDocument("before");
-        QTextCursor cursor(document.data());
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertFrame(QTextFrameFormat());
-        cursor.insertText("inside");
-        cursor.insertFrame(QTextFrameFormat());
-        cursor.insertText("innermost");
-        QCOMPARE(writeBody(*document),
-                 firstParagraph() + run("before") + firstParagraph() + run("innermost") + "\n\\par\\plain "
-                     + emptyRun());
-    }
+        FrameStory inner;
+        inner.cursor.insertText("inside");
+        inner.cursor.insertFrame(QTextFrameFormat());
+        inner.cursor.insertText("innermost");
+        add("frameWithinAFrameIsWritten", inner.document,
+            before + firstParagraph() + run("innermost") + next + emptyRun());
 
-    void tableWithinAFrameLosesItsCells()
-    {
         // What stands in a frame within a frame is written paragraph by paragraph, a table too.
-        const QSharedPointer<QTextDocument> document = textDocument("before");
-        QTextCursor cursor(document.data());
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertFrame(QTextFrameFormat());
-        QTextTable* table = cursor.insertTable(1, 2, plainTable());
+        FrameStory withTable;
+        QTextTable* table = withTable.cursor.insertTable(1, 2, plainTable());
         table->cellAt(0, 0).firstCursorPosition().insertText("a");
         table->cellAt(0, 1).firstCursorPosition().insertText("b");
-        QCOMPARE(writeBody(*document),
-                 firstParagraph() + run("before") + firstParagraph() + run("a") + "\n\\par\\plain " + run("b")
-                     + "\n\\par\\plain " + emptyRun());
+        add("tableWithinAFrameLosesItsCells", withTable.document,
+            before + firstParagraph() + run("a") + next + run("b") + next + emptyRun());
+
+        FrameStory after;
+        after.cursor.insertText("inside");
+        after.cursor.movePosition(QTextCursor::End);
+        after.cursor.insertText("after");
+        add("paragraphAfterAFrameGoesOn", after.document, before + next + run("after"));
     }
 
-    void paragraphAfterAFrameGoesOn()
-    {
-        const QSharedPointer<QTextDocument> document = textDocument("before");
-        QTextCursor cursor(document.data());
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertFrame(QTextFrameFormat());
-        cursor.insertText("inside");
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertText("after");
-        QCOMPARE(writeBody(*document), firstParagraph() + run("before") + "\n\\par\\plain " + run("after"));
-    }
+    void frames() { bodies(); }
 
     void tablesAreReadBack()
     {
