@@ -5,6 +5,7 @@
 
 #include <QtCore/QUrl>
 #include <QtGui/QImage>
+#include <QtGui/QTextTable>
 
 /*! What the tests of writing a document's body build documents with, and the pieces most bodies consist of.
  */
@@ -44,6 +45,12 @@ public:
         m_cursor.insertText(text, format);
         return *this;
     }
+    /*! Gives the paragraph a format. */
+    Story& format(const QTextBlockFormat& format)
+    {
+        m_cursor.setBlockFormat(format);
+        return *this;
+    }
     /*! Begins a paragraph of the same format. */
     Story& paragraph()
     {
@@ -75,6 +82,18 @@ private:
     QTextCursor m_cursor;
 };
 
+/*! A row of two cells, which have the texts "one" and "two" in \a format. */
+inline Story cellsWith(const QTextCharFormat& format)
+{
+    Story story;
+    QTextTable* const table = story.cursor().insertTable(1, 2);
+    table->cellAt(0, 0).firstCursorPosition().insertText("one", format);
+    table->cellAt(0, 1).firstCursorPosition().insertText("two", format);
+    return story;
+}
+
 } // namespace rtftest
+
+Q_DECLARE_METATYPE(rtftest::Story)
 
 #endif

@@ -43,6 +43,12 @@ QTextCharFormat inAnnotation()
     return flagged(ORVRtfProperty::InAnnotation);
 }
 
+QTextCharFormat bookmarked(QTextCharFormat format = QTextCharFormat())
+{
+    format.setProperty(ORVRtfProperty::BookmarkName, "bm"_s);
+    return format;
+}
+
 /*! The text of a one-paragraph note that has a document of its own. */
 QByteArray noteText(const QByteArray& text = "Note")
 {
@@ -93,12 +99,11 @@ QTextBlockFormat centred()
     return format;
 }
 
-/*! The first text of \a story's body that is read back with \a flag. */
+/*! The texts that were read with \a flag. */
 QString textWith(const Reading& reading, int flag)
 {
     QString text;
-    const QList<QTextFragment> fragments = fragmentsOf(*reading.document);
-    for (const QTextFragment& fragment : fragments) {
+    for (const QTextFragment& fragment : fragmentsOf(*reading.document)) {
         if (fragment.charFormat().boolProperty(flag))
             text += fragment.text();
     }
@@ -129,103 +134,153 @@ QTextCharFormat stateFormat(int bits)
 
 } // namespace
 
+Q_DECLARE_METATYPE(QTextCharFormat)
+Q_DECLARE_METATYPE(WriteSettings)
+
 class TestWriterNotes : public QObject {
     Q_OBJECT
 
 private slots:
-    void destinationsOfInlineNotes_data()
+    void destinationsOfNotes_data()
     {
-        const Columns<bool, int, QByteArray> add("isFootnote", "destination", "written");
-        const QByteArray text = "\\f0\\fs24 note";
-        add("annotationToAnnotation", false, 0, annotation(text));
-        add("annotationToFootnote", false, 1, footnote(text));
-        add("annotationToAlternate", false, 2, alternateFootnote(text));
-        add("footnoteToAnnotation", true, 0, annotation(text));
-        add("footnoteToFootnote", true, 1, footnote(text));
-        add("footnoteToAlternate", true, 2, alternateFootnote(text));
+        const Columns<QTextCharFormat, int, QByteArray> add("format", "destination", "written");
+        const QByteArray text = "\\f0\\fs24 word";
+        add("inline annotationToAnnotation", inAnnotation(), 0, annotation(text));
+        add("inline annotationToFootnote", inAnnotation(), 1, footnote(text));
+        add("inline annotationToAlternate", inAnnotation(), 2, alternateFootnote(text));
+        add("inline footnoteToAnnotation", inFootnote(), 0, annotation(text));
+        add("inline footnoteToFootnote", inFootnote(), 1, footnote(text));
+        add("inline footnoteToAlternate", inFootnote(), 2, alternateFootnote(text));
+        add("anchored annotationToAnnotation", annotationAnchor(), 0, annotatedRange("1", text, noteText()));
+        add("anchored annotationToFootnote", annotationAnchor(), 1, text + footnote(noteText()));
+        add("anchored annotationToAlternate", annotationAnchor(), 2, text + alternateFootnote(noteText()));
+        add("anchored footnoteToAnnotation", footnoteAnchor(), 0, text + annotation(noteText()));
+        add("anchored footnoteToFootnote", footnoteAnchor(), 1, "{" + text + "}" + footnote(noteText()));
+        add("anchored footnoteToAlternate", footnoteAnchor(), 2, text + alternateFootnote(noteText()));
     }
 
-    void destinationsOfInlineNotes()
+    void destinationsOfNotes()
     {
-        FETCH(bool, isFootnote, int, destination, QByteArray, written);
-        Story story;
-        story.add("a").add("note", isFootnote ? inFootnote() : inAnnotation()).add("b");
-        const WriteSettings settings =
-            isFootnote ? destinations(destination, 0) : destinations(1, destination);
-        QCOMPARE(story.body(settings), firstParagraph() + run("a") + written + run("b"));
+        FETCH(QTextCharFormat, format, int, destination, QByteArray, written);
+        const bool isFootnote = format.boolProperty(ORVRtfProperty::InFootnote)
+            || format.boolProperty(ORVRtfProperty::FootnoteAnchor);
+        QCOMPARE(Story()
+                     .add("a")
+                     .add("word", format)
+                     .add("b")
+                     .body(isFootnote ? destinations(destination, 0) : destinations(1, destination)),
+                 firstParagraph() + run("a") + written + run("b"));
     }
 
-    void destinationsOfAnchoredNotes_data()
+    void bodies_data()
     {
-        const Columns<bool, int, QByteArray> add("isFootnote", "destination", "written");
-        const QByteArray word = "\\f0\\fs24 word";
-        add("annotationToAnnotation", false, 0, annotatedRange("1", word, noteText()));
-        add("annotationToFootnote", false, 1, word + footnote(noteText()));
-        add("annotationToAlternate", false, 2, word + alternateFootnote(noteText()));
-        add("footnoteToAnnotation", true, 0, word + annotation(noteText()));
-        add("footnoteToFootnote", true, 1, "{" + word + "}" + footnote(noteText()));
-        add("footnoteToAlternate", true, 2, word + alternateFootnote(noteText()));
+        const Columns<Story, WriteSettings, QByteArray> add("story", "settings", "body");
+        const WriteSettings settings;
+        const QByteArray two = "{\\f0\\fs24\\b1 two}";
+        const QByteArray other = "{\\rtf1\\ansi Other}";
+        const QByteArray centredParagraph = "\n\\pard\\plain \\qc\\ltrch\\loch ";
+        add("inlineNoteHasTheParagraphFormat",
+            Story().format(centred()).add("one", inFootnote()).add("two", inAnnotation()), settings,
+            centredParagraph + footnote("\\qc\\f0\\fs24 one") + annotation("\\qc\\f0\\fs24 two"));
+        add("inlineNoteOfTwoRuns: footnote", Story().add("one", inFootnote()).add("two", bold(inFootnote())),
+            settings, firstParagraph() + footnote(run("one") + two));
+        add("inlineNoteOfTwoRuns: annotation",
+            Story().add("one", inAnnotation()).add("two", bold(inAnnotation())), settings,
+            firstParagraph() + annotation(run("one") + two));
+        // Where notes do not stay what they are, each run is a note.
+        add("inlineNoteOfTwoRunsGoingElsewhere",
+            Story().add("one", inFootnote()).add("two", inFootnote()).add("three", bold(inFootnote())),
+            destinations(0, 0),
+            firstParagraph() + annotation("\\f0\\fs24 onetwo") + annotation("\\f0\\fs24\\b1 three"));
+        add("inlineNoteOverTwoParagraphsGoingElsewhere",
+            Story().add("one", inFootnote()).paragraph().add("two", inFootnote()), destinations(2, 0),
+            firstParagraph() + alternateFootnote("\\f0\\fs24 one") + newParagraph()
+                + alternateFootnote("\\f0\\fs24 two"));
+        add("inlineNotesOfBothKindsSideBySide",
+            Story().add("one", inFootnote()).add("two", inAnnotation()).add("three", inFootnote()), settings,
+            firstParagraph() + footnote("\\f0\\fs24 one") + annotation("\\f0\\fs24 two")
+                + footnote("\\f0\\fs24 three"));
+        add("anchorOfTwoRuns",
+            Story().add("one", annotationAnchor()).add("two", bold(annotationAnchor())).add("after"),
+            settings, firstParagraph() + annotatedRange("1", run("one") + two, noteText()) + run("after"));
+        add("footnoteMarkHasTheFormatOfTheLastRun",
+            Story().add("one", footnoteAnchor()).add("two", bold(footnoteAnchor())).add("after"), settings,
+            firstParagraph() + run("one") + two + footnote(noteText(), "\\f0\\fs24\\b1") + run("after"));
+        add("anchorOverTwoParagraphs: footnote",
+            Story().add("one", footnoteAnchor()).paragraph().add("two", footnoteAnchor()), settings,
+            firstParagraph() + run("one") + newParagraph() + run("two") + footnote(noteText()));
+        add("anchorOverTwoParagraphs: annotation",
+            Story().add("one", annotationAnchor()).paragraph().add("two", annotationAnchor()), settings,
+            firstParagraph()
+                + annotatedRange("1", "\\f0\\fs24 one" + newParagraph() + run("two"), noteText()));
+        add("neighbouringAnchorsHaveTheirOwnNotes",
+            Story().add("one", footnoteAnchor()).add("two", footnoteAnchor(other)), settings,
+            firstParagraph() + run("one") + footnote(noteText()) + run("two") + footnote(noteText("Other")));
+        add("annotationsAreNumbered",
+            Story()
+                .add("one", annotationAnchor())
+                .add("x", footnoteAnchor())
+                .add("two", annotationAnchor(other)),
+            settings,
+            firstParagraph() + annotatedRange("1", "\\f0\\fs24 one", noteText()) + run("x")
+                + footnote(noteText()) + annotatedRange("2", "\\f0\\fs24 two", noteText("Other")));
+        add("bookmarkOfAnAnchorIsNotWritten", Story().add("word", bookmarked(footnoteAnchor())), settings,
+            firstParagraph() + run("word") + footnote(noteText()));
+        add("noteOfSeveralParagraphs",
+            Story()
+                .add("word", footnoteAnchor("{\\rtf1\\ansi One\\par Two\\par\\pard\\qc Three}"))
+                .add("after"),
+            settings,
+            firstParagraph() + run("word")
+                + footnote(noteText("One") + newParagraph() + run("Two")
+                           + "\n\\par\\pard\\plain \\qc\\ltrch\\loch " + run("Three"))
+                + run("after"));
+        add("noteWithANote", Story().add("word", footnoteAnchor("{\\rtf1\\ansi Outer{\\footnote inner}}")),
+            settings,
+            firstParagraph() + run("word") + footnote(noteText("Outer") + footnote("\\f0\\fs24 inner")));
+        add("paragraphAfterANoteGoesOn",
+            Story()
+                .format(centred())
+                .add("word", footnoteAnchor("{\\rtf1\\ansi One\\par Two}"))
+                .paragraph()
+                .add("next"),
+            settings,
+            centredParagraph + run("word") + footnote(noteText("One") + newParagraph() + run("Two"))
+                + newParagraph() + run("next"));
+        // The bookmark around the second note begins before it and is written once, at its end.
+        add("textAfterANoteGoesOn",
+            Story()
+                .add("word", annotationAnchor("{\\rtf1\\ansi Note{\\footnote inner}}"))
+                .add("marked", bookmarked())
+                .add("x"),
+            settings,
+            firstParagraph()
+                + annotatedRange("1", "\\f0\\fs24 word", noteText() + footnote("\\f0\\fs24 inner"))
+                + run("marked") + "{\\*\\bkmkstart bm}" + run("x"));
+        addEmptyNotes(add);
+        addLeadingSpaces(add);
     }
 
-    void destinationsOfAnchoredNotes()
+    void bodies()
     {
-        FETCH(bool, isFootnote, int, destination, QByteArray, written);
-        Story story;
-        story.add("a").add("word", isFootnote ? footnoteAnchor() : annotationAnchor()).add("b");
-        const WriteSettings settings =
-            isFootnote ? destinations(destination, 0) : destinations(1, destination);
-        QCOMPARE(story.body(settings), firstParagraph() + run("a") + written + run("b"));
+        FETCH(Story, story, WriteSettings, settings, QByteArray, body);
+        QCOMPARE(story.body(settings), body);
     }
 
     void anchorFormatEndsWithTheAnchor_data()
     {
-        const Columns<bool, int> add("isFootnote", "destination");
-        add("annotationToAnnotation", false, 0);
-        add("footnoteToFootnote", true, 1);
+        const Columns<QTextCharFormat> add("format");
+        add("annotationToAnnotation", annotationAnchor());
+        add("footnoteToFootnote", footnoteAnchor());
     }
 
     void anchorFormatEndsWithTheAnchor()
     {
-        FETCH(bool, isFootnote, int, destination);
-        Story story;
-        story.add("word", bold(isFootnote ? footnoteAnchor() : annotationAnchor())).add("after");
-        const WriteSettings settings =
-            isFootnote ? destinations(destination, 0) : destinations(1, destination);
-        const Reading reading = rtftest::read(write(*story.document(), settings));
+        FETCH(QTextCharFormat, format);
+        const Story story = Story().add("word", bold(format)).add("after");
+        const Reading reading = rtftest::read(write(*story.document(), destinations(1, 0)));
         QCOMPARE(reading.format("word").fontWeight(), int(QFont::Bold));
         QVERIFY(!reading.format("after").hasProperty(QTextFormat::FontWeight));
-    }
-
-    void inlineNoteHasTheParagraphFormat()
-    {
-        Story story;
-        story.cursor().setBlockFormat(centred());
-        story.add("one", inFootnote()).add("two", inAnnotation());
-        QCOMPARE(story.body(),
-                 "\n\\pard\\plain \\qc\\ltrch\\loch " + footnote("\\qc\\f0\\fs24 one")
-                     + annotation("\\qc\\f0\\fs24 two"));
-    }
-
-    void inlineNoteOfTwoRuns()
-    {
-        const QByteArray content = run("one") + "{\\f0\\fs24\\b1 two}";
-        Story story;
-        story.add("one", inFootnote()).add("two", bold(inFootnote()));
-        QCOMPARE(story.body(), firstParagraph() + footnote(content));
-
-        Story annotated;
-        annotated.add("one", inAnnotation()).add("two", bold(inAnnotation()));
-        QCOMPARE(annotated.body(), firstParagraph() + annotation(content));
-    }
-
-    void inlineNoteOfTwoRunsGoingElsewhere()
-    {
-        // Where notes do not stay what they are, each run is a note.
-        Story story;
-        story.add("one", inFootnote()).add("two", inFootnote());
-        story.add("three", bold(inFootnote()));
-        QCOMPARE(story.body(destinations(0, 0)),
-                 firstParagraph() + annotation("\\f0\\fs24 onetwo") + annotation("\\f0\\fs24\\b1 three"));
     }
 
     void inlineNoteOverTwoParagraphs()
@@ -239,122 +294,22 @@ private slots:
         QCOMPARE(textWith(reading, ORVRtfProperty::InFootnote), "onetwo"_s);
     }
 
-    void inlineNoteOverTwoParagraphsGoingElsewhere()
-    {
-        Story story;
-        story.add("one", inFootnote()).paragraph().add("two", inFootnote());
-        QCOMPARE(story.body(destinations(2, 0)),
-                 firstParagraph() + alternateFootnote("\\f0\\fs24 one") + newParagraph()
-                     + alternateFootnote("\\f0\\fs24 two"));
-    }
-
     void inlineNoteEndsWithItsCell()
     {
-        Story story;
-        QTextTable* table = story.cursor().insertTable(1, 2);
-        table->cellAt(0, 0).firstCursorPosition().insertText("one", inFootnote());
-        table->cellAt(0, 1).firstCursorPosition().insertText("two", inFootnote());
         const QByteArray begin = "\n\\pard\\plain \\intbl\\itap1";
-        const QByteArray body = story.body();
+        const QByteArray body = cellsWith(inFootnote()).body();
         QVERIFY2(body.contains(begin + footnote("\\f0\\fs24 one") + "\\cell " + begin
                                + footnote("\\f0\\fs24 two") + "\\cell"),
                  body.constData());
     }
 
-    void inlineNotesOfBothKindsSideBySide()
-    {
-        Story story;
-        story.add("one", inFootnote()).add("two", inAnnotation()).add("three", inFootnote());
-        QCOMPARE(story.body(),
-                 firstParagraph() + footnote("\\f0\\fs24 one") + annotation("\\f0\\fs24 two")
-                     + footnote("\\f0\\fs24 three"));
-    }
-
-    void anchorOfTwoRuns()
-    {
-        Story story;
-        story.add("one", annotationAnchor()).add("two", bold(annotationAnchor())).add("after");
-        QCOMPARE(story.body(),
-                 firstParagraph() + annotatedRange("1", run("one") + "{\\f0\\fs24\\b1 two}", noteText())
-                     + run("after"));
-    }
-
-    void footnoteMarkHasTheFormatOfTheLastRun()
-    {
-        Story story;
-        story.add("one", footnoteAnchor()).add("two", bold(footnoteAnchor())).add("after");
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("one") + "{\\f0\\fs24\\b1 two}"
-                     + footnote(noteText(), "\\f0\\fs24\\b1") + run("after"));
-    }
-
-    void anchorOverTwoParagraphs()
-    {
-        Story story;
-        story.add("one", footnoteAnchor()).paragraph().add("two", footnoteAnchor());
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("one") + newParagraph() + run("two") + footnote(noteText()));
-
-        Story annotated;
-        annotated.add("one", annotationAnchor()).paragraph().add("two", annotationAnchor());
-        QCOMPARE(annotated.body(),
-                 firstParagraph()
-                     + annotatedRange("1", "\\f0\\fs24 one" + newParagraph() + run("two"), noteText()));
-    }
-
-    void neighbouringAnchorsHaveTheirOwnNotes()
-    {
-        const QByteArray other = "{\\rtf1\\ansi Other}";
-        Story story;
-        story.add("one", footnoteAnchor()).add("two", footnoteAnchor(other));
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("one") + footnote(noteText()) + run("two")
-                     + footnote(noteText("Other")));
-    }
-
-    void annotationsAreNumbered()
-    {
-        const QByteArray other = "{\\rtf1\\ansi Other}";
-        Story story;
-        story.add("one", annotationAnchor()).add("x", footnoteAnchor()).add("two", annotationAnchor(other));
-        QCOMPARE(story.body(),
-                 firstParagraph() + annotatedRange("1", "\\f0\\fs24 one", noteText()) + run("x")
-                     + footnote(noteText()) + annotatedRange("2", "\\f0\\fs24 two", noteText("Other")));
-    }
-
-    void numbersBeginAnewWithEachWrite()
-    {
-        Story story;
-        story.add("one", annotationAnchor());
-        ORVTextRtfWriter writer;
-        for (int i = 0; i < 2; ++i) {
-            QBuffer buffer;
-            writer.setDevice(&buffer);
-            QVERIFY(writer.write(story.document(), false));
-            QVERIFY2(buffer.data().contains("\\atrfstart 1}"), buffer.data().constData());
-        }
-    }
-
     void anchorEndsWithItsCell()
     {
-        Story story;
-        QTextTable* table = story.cursor().insertTable(1, 2);
-        table->cellAt(0, 0).firstCursorPosition().insertText("one", annotationAnchor());
-        table->cellAt(0, 1).firstCursorPosition().insertText("two", annotationAnchor());
-        const QByteArray body = story.body();
+        const QByteArray body = cellsWith(annotationAnchor()).body();
         QVERIFY2(body.contains(annotatedRange("1", "\\f0\\fs24 one", noteText()) + "\\cell"),
                  body.constData());
         QVERIFY2(body.contains(annotatedRange("2", "\\f0\\fs24 two", noteText()) + "\\cell"),
                  body.constData());
-    }
-
-    void bookmarkOfAnAnchorIsNotWritten()
-    {
-        QTextCharFormat format = footnoteAnchor();
-        format.setProperty(ORVRtfProperty::BookmarkName, "bm"_s);
-        Story story;
-        story.add("word", format);
-        QCOMPARE(story.body(), firstParagraph() + run("word") + footnote(noteText()));
     }
 
     void noteFontsAndColoursAreInTheTables()
@@ -381,17 +336,6 @@ private slots:
         QVERIFY2(!rtf.contains("Quibble Serif"), rtf.constData());
         QVERIFY2(rtf.contains("{\\colortbl;}"), rtf.constData());
         QCOMPARE(bodyOf(rtf), firstParagraph() + run("word") + footnote(noteText()));
-    }
-
-    void noteOfSeveralParagraphs()
-    {
-        Story story;
-        story.add("word", footnoteAnchor("{\\rtf1\\ansi One\\par Two\\par\\pard\\qc Three}")).add("after");
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("word")
-                     + footnote(noteText("One") + newParagraph() + run("Two")
-                                + "\n\\par\\pard\\plain \\qc\\ltrch\\loch " + run("Three"))
-                     + run("after"));
     }
 
     void noteWithAList()
@@ -432,48 +376,11 @@ private slots:
         QImage image(2, 1, QImage::Format_RGB32);
         image.fill(Qt::red);
         Story note;
-        note.document()->addResource(QTextDocument::ImageResource, QUrl("picture"), image);
-        note.cursor().insertImage("picture");
+        note.addResource("picture"_s, image).cursor().insertImage("picture");
         Story story;
         story.add("word", footnoteAnchor(note.stored()));
         const QByteArray body = story.body();
         QVERIFY2(body.contains("\\picw2\\pich1"), body.constData());
-    }
-
-    void noteWithANote()
-    {
-        Story story;
-        story.add("word", footnoteAnchor("{\\rtf1\\ansi Outer{\\footnote inner}}"));
-        const QByteArray inner = footnote("\\f0\\fs24 inner");
-        QCOMPARE(story.body(), firstParagraph() + run("word") + footnote(noteText("Outer") + inner));
-    }
-
-    void noteThatIsDamagedHasNoText()
-    {
-        const QByteArray damaged = "{\\rtf1\\ansi Note\\'zz}";
-        Story story;
-        story.add("one", footnoteAnchor(damaged)).add("two", annotationAnchor(damaged)).add("after");
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("one") + footnote("") + annotatedRange("1", "\\f0\\fs24 two", "")
-                     + run("after"));
-    }
-
-    void noteThatIsEmptyHasNoText_data()
-    {
-        const Columns<QByteArray> add("content");
-        add("noBytes", "");
-        add("noText", "{\\rtf1\\ansi}");
-    }
-
-    void noteThatIsEmptyHasNoText()
-    {
-        FETCH(QByteArray, content);
-        Story story;
-        story.add("one", footnoteAnchor(content)).add("two", annotationAnchor(content)).add("after");
-        const QByteArray expected = firstParagraph() + run("one") + footnote("")
-            + annotatedRange("1", "\\f0\\fs24 two", "") + run("after");
-        QCOMPARE(story.body(), expected);
-        QCOMPARE(story.body(leadingSpace()), expected);
     }
 
     void noteInACell()
@@ -488,76 +395,6 @@ private slots:
         QVERIFY2(body.contains("\n\\pard\\plain \\intbl\\itap1" + run("word") + footnote(noteText())
                                + "\n\\par\\plain \\intbl\\itap1" + run("next") + "\\cell"),
                  body.constData());
-    }
-
-    void paragraphAfterANoteGoesOn()
-    {
-        Story story;
-        story.cursor().setBlockFormat(centred());
-        story.add("word", footnoteAnchor("{\\rtf1\\ansi One\\par Two}")).paragraph().add("next");
-        QCOMPARE(story.body(),
-                 "\n\\pard\\plain \\qc\\ltrch\\loch " + run("word")
-                     + footnote(noteText("One") + newParagraph() + run("Two")) + newParagraph()
-                     + run("next"));
-    }
-
-    void textAfterANoteGoesOn()
-    {
-        // The bookmark around the second note begins before it and is written once, at its end.
-        QTextCharFormat bookmarked;
-        bookmarked.setProperty(ORVRtfProperty::BookmarkName, "bm"_s);
-        Story story;
-        story.add("word", annotationAnchor("{\\rtf1\\ansi Note{\\footnote inner}}"))
-            .add("marked", bookmarked)
-            .add("x");
-        QCOMPARE(story.body(),
-                 firstParagraph()
-                     + annotatedRange("1", "\\f0\\fs24 word", noteText() + footnote("\\f0\\fs24 inner"))
-                     + run("marked") + "{\\*\\bkmkstart bm}" + run("x"));
-    }
-
-    void leadingSpaceOfInlineNotes()
-    {
-        Story story;
-        story.add(" note", inFootnote()).add("  note ", inAnnotation()).add(" after");
-        // The first blank behind \annotation ends the word, the second is the note's.
-        QCOMPARE(story.body(leadingSpace()),
-                 firstParagraph() + footnote(" \\f0\\fs24 note") + annotation("  \\f0\\fs24 note ")
-                     + run(" after"));
-        QCOMPARE(story.body(),
-                 firstParagraph() + footnote("\\f0\\fs24  note") + annotation("\\f0\\fs24   note ")
-                     + run(" after"));
-    }
-
-    void leadingSpaceOfTheFirstRunOnly()
-    {
-        Story story;
-        story.add(" a", inFootnote()).add(" b", bold(inFootnote()));
-        QCOMPARE(story.body(leadingSpace()),
-                 firstParagraph() + footnote(" " + run("a") + "{\\f0\\fs24\\b1  b}"));
-    }
-
-    void leadingSpaceOfAnchoredNotes()
-    {
-        const QByteArray content = "{\\rtf1\\ansi   Note }";
-        Story story;
-        story.add("one", footnoteAnchor(content)).add("two", annotationAnchor(content));
-        QCOMPARE(story.body(leadingSpace()),
-                 firstParagraph() + run("one") + footnote(" " + noteText())
-                     + annotatedRange("1", "\\f0\\fs24 two", " " + noteText()));
-        WriteSettings elsewhere = leadingSpace();
-        elsewhere.annotationDestination = ORVTextRtf::ExportAsFootnote;
-        elsewhere.footnoteDestination = ORVTextRtf::ExportAsAlternateFootnote;
-        QCOMPARE(story.body(elsewhere),
-                 firstParagraph() + "\\f0\\fs24 one" + alternateFootnote(" " + noteText()) + "\\f0\\fs24 two"
-                     + footnote(" " + noteText()));
-    }
-
-    void leadingSpaceNeedsAText()
-    {
-        Story story;
-        story.add("one", footnoteAnchor("{\\rtf1\\ansi Note\\'zz}"));
-        QCOMPARE(story.body(leadingSpace()), firstParagraph() + run("one") + footnote(""));
     }
 
     void everyPairOfStatesBalances_data()
@@ -603,6 +440,59 @@ private slots:
         QCOMPARE(textWith(reading, ORVRtfProperty::InFootnote), "Footinline"_s);
         QVERIFY(reading.text().contains("aword"));
         QVERIFY(reading.text().contains("bother"));
+    }
+
+private:
+    typedef Columns<Story, WriteSettings, QByteArray> Bodies;
+
+    static void addEmptyNotes(const Bodies& add)
+    {
+        const QByteArray body = firstParagraph() + run("one") + footnote("")
+            + annotatedRange("1", "\\f0\\fs24 two", "") + run("after");
+        const auto notes = [](const QByteArray& content) {
+            return Story()
+                .add("one", footnoteAnchor(content))
+                .add("two", annotationAnchor(content))
+                .add("after");
+        };
+        const QByteArray damaged = "{\\rtf1\\ansi Note\\'zz}";
+        add("noteThatIsDamagedHasNoText", notes(damaged), WriteSettings(), body);
+        add("leadingSpaceNeedsAText", Story().add("one", footnoteAnchor(damaged)), leadingSpace(),
+            firstParagraph() + run("one") + footnote(""));
+        for (const WriteSettings& settings : {WriteSettings(), leadingSpace()}) {
+            const bool space = settings.footnotesWithLeadingSpace;
+            add(space ? "noteThatIsEmptyHasNoText: noBytes, leading space"
+                      : "noteThatIsEmptyHasNoText: noBytes",
+                notes(""), settings, body);
+            add(space ? "noteThatIsEmptyHasNoText: noText, leading space"
+                      : "noteThatIsEmptyHasNoText: noText",
+                notes("{\\rtf1\\ansi}"), settings, body);
+        }
+    }
+
+    static void addLeadingSpaces(const Bodies& add)
+    {
+        const Story spaces = Story().add(" note", inFootnote()).add("  note ", inAnnotation()).add(" after");
+        // The first blank behind \annotation ends the word, the second is the note's.
+        add("leadingSpaceOfInlineNotes", spaces, leadingSpace(),
+            firstParagraph() + footnote(" \\f0\\fs24 note") + annotation("  \\f0\\fs24 note ")
+                + run(" after"));
+        add("leadingSpaceOfInlineNotes: not set", spaces, WriteSettings(),
+            firstParagraph() + footnote("\\f0\\fs24  note") + annotation("\\f0\\fs24   note ")
+                + run(" after"));
+        add("leadingSpaceOfTheFirstRunOnly", Story().add(" a", inFootnote()).add(" b", bold(inFootnote())),
+            leadingSpace(), firstParagraph() + footnote(" " + run("a") + "{\\f0\\fs24\\b1  b}"));
+        const QByteArray content = "{\\rtf1\\ansi   Note }";
+        const Story anchored =
+            Story().add("one", footnoteAnchor(content)).add("two", annotationAnchor(content));
+        const QByteArray note = " " + noteText();
+        add("leadingSpaceOfAnchoredNotes", anchored, leadingSpace(),
+            firstParagraph() + run("one") + footnote(note) + annotatedRange("1", "\\f0\\fs24 two", note));
+        WriteSettings elsewhere = destinations(2, 1);
+        elsewhere.footnotesWithLeadingSpace = true;
+        add("leadingSpaceOfAnchoredNotes: elsewhere", anchored, elsewhere,
+            firstParagraph() + "\\f0\\fs24 one" + alternateFootnote(note) + "\\f0\\fs24 two"
+                + footnote(note));
     }
 };
 
