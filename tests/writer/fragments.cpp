@@ -56,11 +56,15 @@ QTextImageFormat with(QTextImageFormat format, int property, const Value& value)
     return format;
 }
 
-Story pictureStory(const QTextImageFormat& format)
+Story pictureStory(const QTextImageFormat& format, const QString& name = PictureName)
 {
-    Story story;
-    story.addResource(PictureName, redPixels()).addPicture(format);
-    return story;
+    return Story().addResource(name, redPixels()).addPicture(format);
+}
+
+/*! A picture that is shown in another size. */
+QTextImageFormat sized(double width, double height)
+{
+    return with(with(picture(), QTextFormat::ImageWidth, width), QTextFormat::ImageHeight, height);
 }
 
 /*! A pixel is 15 twips. */
@@ -79,11 +83,47 @@ class TestWriterFragments : public QObject {
     Q_OBJECT
 
 private slots:
-    void runsStandInGroupsOfTheirOwn()
+    void bodies_data()
     {
-        Story story;
-        story.add("a").add("b", bold()).add("c");
-        QCOMPARE(story.body(), firstParagraph() + run("a") + "{\\f0\\fs24\\b1 b}" + run("c"));
+        const Columns<Story, QByteArray> add("story", "written");
+        const QByteArray two = "{\\f0\\fs24\\b1 two}";
+        add("runsStandInGroupsOfTheirOwn", Story().add("one").add("two", bold()).add("three"),
+            run("one") + two + run("three"));
+        addPictures(add);
+        addLinks(add);
+
+        const QByteArray start = "{\\*\\bkmkstart bm}";
+        add("bookmarkIsWrittenWhereItEnds", Story().add("marked", bookmark("bm")).add("after"),
+            run("marked") + start + run("after"));
+        add("bookmarkEndKeepsItsSign", Story().add("marked", bookmark("@bm")).add("after"),
+            run("marked") + "{\\*\\bkmkend @bm}" + run("after"));
+        add("bookmarkOverTwoRunsIsWrittenOnce",
+            Story().add("one", bookmark("bm")).add("two", bookmark("bm", bold())), run("one") + two + start);
+        add("bookmarkOverTwoParagraphsIsWrittenOnce",
+            Story()
+                .add("one", bookmark("bm"))
+                .paragraph()
+                .add("two", bookmark("bm"))
+                .paragraph()
+                .add("three"),
+            run("one") + newParagraph() + run("two") + start + newParagraph() + run("three"));
+        add("neighbouringBookmarksAreBothWritten",
+            Story().add("one", bookmark("a")).add("two", bookmark("@a")).add("three", bookmark("b")),
+            run("one") + "{\\*\\bkmkstart a}" + run("two") + "{\\*\\bkmkend @a}" + run("three")
+                + "{\\*\\bkmkstart b}");
+        add("emptyBookmarkNameWritesNothing", Story().add("one", bookmark("")).add("two", bold()),
+            run("one") + two);
+        add("bookmarkOfALinkFollowsIt", Story().add("word", bookmark("bm", link("u"))).add("after"),
+            field("HYPERLINK \"u\"", "\\f0\\fs24 word") + start + run("after"));
+        add("bookmarkThatGoesOnBehindALinkIsWrittenOnce",
+            Story().add("word", bookmark("bm", link("u"))).add("after", bookmark("bm")),
+            field("HYPERLINK \"u\"", "\\f0\\fs24 word") + run("after") + start);
+    }
+
+    void bodies()
+    {
+        FETCH(Story, story, QByteArray, written);
+        QCOMPARE(story.body(), firstParagraph() + written);
     }
 
     void runsInCells()
@@ -93,29 +133,6 @@ private slots:
         table->cellAt(0, 0).firstCursorPosition().insertText("a", bold());
         const QByteArray body = story.body();
         QVERIFY2(body.contains("\n\\pard\\plain \\intbl\\itap1{\\f0\\fs24\\b1 a}\\cell"), body.constData());
-    }
-
-    void pictureIsWrittenAsPng()
-    {
-        QCOMPARE(pictureStory(picture()).body(), firstParagraph() + pictureGroup("picture"));
-    }
-
-    void pictureGoalIsItsDisplaySize_data()
-    {
-        const Columns<double, double, QByteArray> add("width", "height", "goals");
-        add("scaled", 20.0, 10.0, "\\picwgoal300\\pichgoal150");
-        add("fractionIsCut", 20.9, 10.1, "\\picwgoal300\\pichgoal150");
-        add("none", 0.0, 0.0, "\\picwgoal0\\pichgoal0");
-    }
-
-    void pictureGoalIsItsDisplaySize()
-    {
-        FETCH(double, width, double, height, QByteArray, goals);
-        QTextImageFormat format = picture();
-        format.setWidth(width);
-        format.setHeight(height);
-        QCOMPARE(pictureStory(format).body(),
-                 firstParagraph() + pictureGroup("picture", "\\picw2\\pich1" + goals));
     }
 
     void picturePosition_data()
@@ -147,90 +164,6 @@ private slots:
         QCOMPARE(pictureStory(format).body(), firstParagraph() + position + pictureGroup("picture"));
     }
 
-    void pictureOfJpegDataKeepsItsBytes_data()
-    {
-        const Columns<QString> add("type");
-        add("JPEG", "JPEG");
-        add("jpg", "jpg");
-        add("Jpeg", "Jpeg");
-    }
-
-    void pictureOfJpegDataKeepsItsBytes()
-    {
-        FETCH(QString, type);
-        const QTextImageFormat format =
-            with(with(picture(), ORVRtfProperty::SourceImageData, QByteArray("\x00\xab\xff\xd8", 4)),
-                 ORVRtfProperty::ImageType, type);
-        QCOMPARE(
-            pictureStory(format).body(),
-            firstParagraph()
-                + "{\\*\\shppict{\\pict{\\*\\nisusfilename picture}\\picw2\\pich1\\picwgoal30\\pichgoal15"
-                  "\\jpegblip 00abffd8}}");
-    }
-
-    void pictureOfOtherDataIsEncodedAnew_data()
-    {
-        const Columns<QByteArray, QString> add("data", "type");
-        add("otherType", "bytes", "PNG");
-        add("noType", "bytes", QString());
-        add("noBytes", "", "JPEG");
-    }
-
-    void pictureOfOtherDataIsEncodedAnew()
-    {
-        FETCH(QByteArray, data, QString, type);
-        const QTextImageFormat format =
-            with(with(picture(), ORVRtfProperty::SourceImageData, data), ORVRtfProperty::ImageType, type);
-        QCOMPARE(pictureStory(format).body(), firstParagraph() + pictureGroup("picture"));
-    }
-
-    void pictureOfApplicationResourcesIsLookedUpThere()
-    {
-        Story story;
-        story.addResource("qrc:/images/x.png", redPixels()).addPicture(picture(":/images/x.png"));
-        QCOMPARE(story.body(), firstParagraph() + pictureGroup(":/images/x.png"));
-    }
-
-    void pictureThatIsMissingWritesNothing()
-    {
-        Story story;
-        story.add("a").addPicture(picture()).add("b");
-        QCOMPARE(story.body(), firstParagraph() + run("a") + run("b"));
-    }
-
-    void pictureThatIsMissingKeepsItsPosition()
-    {
-        Story story;
-        story.addPicture(with(picture(), QTextFormat::TextVerticalAlignment, 4)).add("b");
-        QCOMPARE(story.body(), firstParagraph() + "\\vertalt " + run("b"));
-    }
-
-    void picturesSideBySideAreAllWritten()
-    {
-        Story story = pictureStory(picture());
-        story.addPicture(picture()).addPicture(picture());
-        const QByteArray group = pictureGroup("picture");
-        QCOMPARE(story.body(), firstParagraph() + group + group + group);
-    }
-
-    void pictureHasItsFormula()
-    {
-        const QTextImageFormat format = with(picture(), ORVRtfProperty::MathML, "<math>{x}</math>"_s);
-        QCOMPARE(
-            pictureStory(format).body(),
-            firstParagraph()
-                + "{\\*\\shppict{\\pict{\\*\\nisusfilename picture}{\\*\\mathmlequation <math>\\{x\\}</math>}"
-                  "\\picw2\\pich1\\picwgoal30\\pichgoal15\\pngblip "
-                + png(redPixels()) + "}}");
-    }
-
-    void pictureNameIsEscaped()
-    {
-        Story story;
-        story.addResource("a{b}", redPixels()).addPicture(picture("a{b}"));
-        QCOMPARE(story.body(), firstParagraph() + pictureGroup("a\\{b\\}"));
-    }
-
     void pictureWithPdfIsWrittenAsPdf_data()
     {
         const Columns<QVariant, QByteArray> add("name", "written");
@@ -255,19 +188,6 @@ private slots:
                  firstParagraph() + "{\\*\\orvellinepdf {{\\*\\pdffilename " + written + "}25504446}}");
     }
 
-    void pictureWithEmptyPdfIsWrittenAsPicture()
-    {
-        const QTextImageFormat format = with(picture(), ORVRtfProperty::PdfData, ""_b);
-        QCOMPARE(pictureStory(format).body(), firstParagraph() + pictureGroup("picture"));
-    }
-
-    void pictureBetweenRuns()
-    {
-        Story story;
-        story.addResource(PictureName, redPixels()).add("a").addPicture(picture()).add("b");
-        QCOMPARE(story.body(), firstParagraph() + run("a") + pictureGroup("picture") + run("b"));
-    }
-
     void pictureInALink()
     {
         QTextImageFormat format = picture();
@@ -278,22 +198,6 @@ private slots:
         const QByteArray body = story.body().replace("\\fldrslt {", "\\fldrslt{");
         QCOMPARE(body,
                  firstParagraph() + run("a") + field("HYPERLINK \"u\"", pictureGroup("picture")) + run("b"));
-    }
-
-    void linkOfOneRun()
-    {
-        Story story;
-        story.add("word", link("http://localhost/a b"));
-        QCOMPARE(story.body(),
-                 firstParagraph() + field("HYPERLINK \"http://localhost/a b\"", "\\f0\\fs24 word"));
-    }
-
-    void linkOfTwoRuns()
-    {
-        Story story;
-        story.add("one", link("u")).add("two", bold(link("u")));
-        QCOMPARE(story.body(),
-                 firstParagraph() + field("HYPERLINK \"u\"", run("one") + "{\\f0\\fs24\\b1 two}"));
     }
 
     void linkTargets_data()
@@ -322,49 +226,6 @@ private slots:
         QCOMPARE(reading.format("after").anchorHref(), QString());
     }
 
-    void linkToAPage()
-    {
-        QTextCharFormat format = link("u");
-        format.setProperty(ORVRtfProperty::PageReference, "ch{1}"_s);
-        Story story;
-        story.add("word", format);
-        QCOMPARE(story.body(), firstParagraph() + field("HYPERLINK \\\\l ch\\{1\\}", "\\f0\\fs24 word"));
-    }
-
-    void anchorWithoutTargetIsNoLink()
-    {
-        QTextCharFormat format;
-        format.setAnchor(true);
-        QTextCharFormat noAnchor;
-        noAnchor.setAnchorHref("u");
-        Story story;
-        story.add("one", format).add("two", noAnchor);
-        QCOMPARE(story.body(), firstParagraph() + run("one") + run("two"));
-    }
-
-    void neighbouringLinksAreTwoFields()
-    {
-        Story story;
-        story.add("one", link("a")).add("two", link("b"));
-        QCOMPARE(story.body(),
-                 firstParagraph() + field("HYPERLINK \"a\"", "\\f0\\fs24 one")
-                     + field("HYPERLINK \"b\"", "\\f0\\fs24 two"));
-    }
-
-    void neighbouringPageLinksAreTwoFields()
-    {
-        QTextCharFormat first = link("u");
-        first.setProperty(ORVRtfProperty::PageReference, "a"_s);
-        QTextCharFormat second = link("u");
-        second.setProperty(ORVRtfProperty::PageReference, "b"_s);
-        Story story;
-        story.add("one", first).add("two", second).add("three", link("u"));
-        QCOMPARE(story.body(),
-                 firstParagraph() + field("HYPERLINK \\\\l a", "\\f0\\fs24 one")
-                     + field("HYPERLINK \\\\l b", "\\f0\\fs24 two")
-                     + field("HYPERLINK \"u\"", "\\f0\\fs24 three"));
-    }
-
     void neighbouringLinksWithOneTargetAreOneField()
     {
         QTextCharFormat named = link("u");
@@ -378,35 +239,13 @@ private slots:
         QCOMPARE(reading.format("three").fontWeight(), int(QFont::Bold));
     }
 
-    void linkEndsWithItsParagraph()
-    {
-        Story story;
-        story.add("one", link("u")).paragraph().add("two", link("u")).paragraph().add("three");
-        QCOMPARE(story.body(),
-                 firstParagraph() + field("HYPERLINK \"u\"", "\\f0\\fs24 one") + newParagraph()
-                     + field("HYPERLINK \"u\"", "\\f0\\fs24 two") + newParagraph() + run("three"));
-    }
-
     void linkEndsWithItsCell()
     {
-        Story story;
-        QTextTable* table = story.cursor().insertTable(1, 2);
-        table->cellAt(0, 0).firstCursorPosition().insertText("one", link("u"));
-        table->cellAt(0, 1).firstCursorPosition().insertText("two", link("u"));
         const QByteArray begin = "\n\\pard\\plain \\intbl\\itap1";
         const QByteArray cells = begin + field("HYPERLINK \"u\"", "\\f0\\fs24 one") + "\\cell " + begin
             + field("HYPERLINK \"u\"", "\\f0\\fs24 two") + "\\cell";
-        const QByteArray body = story.body();
+        const QByteArray body = cellsWith(link("u")).body();
         QVERIFY2(body.contains(cells), body.constData());
-    }
-
-    void textAfterALinkIsOutside()
-    {
-        Story story;
-        story.add("before").add("link", link("u")).add("after");
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("before") + field("HYPERLINK \"u\"", "\\f0\\fs24 link")
-                     + run("after"));
     }
 
     void decoratedLink()
@@ -421,58 +260,11 @@ private slots:
                  firstParagraph() + field("HYPERLINK \"u\"", "\\f0\\fs24\\ul\\ulc3\\cf3 word"));
     }
 
-    void bookmarkIsWrittenWhereItEnds()
-    {
-        Story story;
-        story.add("marked", bookmark("bm")).add("after");
-        QCOMPARE(story.body(), firstParagraph() + run("marked") + "{\\*\\bkmkstart bm}" + run("after"));
-    }
-
-    void bookmarkEndKeepsItsSign()
-    {
-        Story story;
-        story.add("marked", bookmark("@bm")).add("after");
-        QCOMPARE(story.body(), firstParagraph() + run("marked") + "{\\*\\bkmkend @bm}" + run("after"));
-    }
-
-    void bookmarkOverTwoRunsIsWrittenOnce()
-    {
-        Story story;
-        story.add("one", bookmark("bm")).add("two", bookmark("bm", bold()));
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("one") + "{\\f0\\fs24\\b1 two}" + "{\\*\\bkmkstart bm}");
-    }
-
-    void bookmarkOverTwoParagraphsIsWrittenOnce()
-    {
-        Story story;
-        story.add("one", bookmark("bm")).paragraph().add("two", bookmark("bm")).paragraph().add("three");
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("one") + newParagraph() + run("two") + "{\\*\\bkmkstart bm}"
-                     + newParagraph() + run("three"));
-    }
-
     void bookmarkAcrossAParagraphThatLacksIt()
     {
         Story story;
         story.add("one", bookmark("bm")).paragraph().add("x").paragraph().add("two", bookmark("bm"));
         QCOMPARE(story.body().count("{\\*\\bkmkstart bm}"), 2);
-    }
-
-    void neighbouringBookmarksAreBothWritten()
-    {
-        Story story;
-        story.add("one", bookmark("a")).add("two", bookmark("@a")).add("three", bookmark("b"));
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("one") + "{\\*\\bkmkstart a}" + run("two") + "{\\*\\bkmkend @a}"
-                     + run("three") + "{\\*\\bkmkstart b}");
-    }
-
-    void emptyBookmarkNameWritesNothing()
-    {
-        Story story;
-        story.add("one", bookmark("")).add("two", bold());
-        QCOMPARE(story.body(), firstParagraph() + run("one") + "{\\f0\\fs24\\b1 two}");
     }
 
     void bookmarkNamesAreEscaped()
@@ -485,33 +277,90 @@ private slots:
         QCOMPARE(rtftest::read(write(*story.document())).text(), "onetwo"_s);
     }
 
-    void bookmarkOfALinkFollowsIt()
-    {
-        Story story;
-        story.add("word", bookmark("bm", link("u"))).add("after");
-        QCOMPARE(story.body(),
-                 firstParagraph() + field("HYPERLINK \"u\"", "\\f0\\fs24 word") + "{\\*\\bkmkstart bm}"
-                     + run("after"));
-    }
-
-    void bookmarkThatGoesOnBehindALinkIsWrittenOnce()
-    {
-        Story story;
-        story.add("word", bookmark("bm", link("u"))).add("after", bookmark("bm"));
-        QCOMPARE(story.body(),
-                 firstParagraph() + field("HYPERLINK \"u\"", "\\f0\\fs24 word") + run("after")
-                     + "{\\*\\bkmkstart bm}");
-    }
-
     void bookmarkEndsWithItsCell()
     {
-        Story story;
-        QTextTable* table = story.cursor().insertTable(1, 2);
-        table->cellAt(0, 0).firstCursorPosition().insertText("one", bookmark("bm"));
-        table->cellAt(0, 1).firstCursorPosition().insertText("two", bookmark("bm"));
-        const QByteArray body = story.body();
+        const QByteArray body = cellsWith(bookmark("bm")).body();
         QVERIFY2(body.contains(run("one") + "{\\*\\bkmkstart bm}\\cell"), body.constData());
         QVERIFY2(body.contains(run("two") + "{\\*\\bkmkstart bm}\\cell"), body.constData());
+    }
+
+private:
+    static void addPictures(const Columns<Story, QByteArray>& add)
+    {
+        const QByteArray group = pictureGroup("picture");
+        add("pictureIsWrittenAsPng", pictureStory(picture()), group);
+        add("picturesSideBySideAreAllWritten",
+            pictureStory(picture()).addPicture(picture()).addPicture(picture()), group + group + group);
+        add("pictureBetweenRuns",
+            Story().addResource(PictureName, redPixels()).add("a").addPicture(picture()).add("b"),
+            run("a") + group + run("b"));
+        add("pictureGoalIsItsDisplaySize: scaled", pictureStory(sized(20, 10)),
+            pictureGroup("picture", "\\picw2\\pich1\\picwgoal300\\pichgoal150"));
+        add("pictureGoalIsItsDisplaySize: fractionIsCut", pictureStory(sized(20.9, 10.1)),
+            pictureGroup("picture", "\\picw2\\pich1\\picwgoal300\\pichgoal150"));
+        add("pictureGoalIsItsDisplaySize: none", pictureStory(sized(0, 0)),
+            pictureGroup("picture", "\\picw2\\pich1\\picwgoal0\\pichgoal0"));
+        add("pictureOfApplicationResourcesIsLookedUpThere",
+            pictureStory(picture(":/images/x.png"), "qrc:/images/x.png"_s), pictureGroup(":/images/x.png"));
+        add("pictureNameIsEscaped", pictureStory(picture("a{b}"), "a{b}"_s), pictureGroup("a\\{b\\}"));
+        add("pictureThatIsMissingWritesNothing", Story().add("a").addPicture(picture()).add("b"),
+            run("a") + run("b"));
+        add("pictureThatIsMissingKeepsItsPosition",
+            Story().addPicture(with(picture(), QTextFormat::TextVerticalAlignment, 4)).add("b"),
+            "\\vertalt " + run("b"));
+        add("pictureHasItsFormula",
+            pictureStory(with(picture(), ORVRtfProperty::MathML, "<math>{x}</math>"_s)),
+            pictureGroup("picture}{\\*\\mathmlequation <math>\\{x\\}</math>"));
+        add("pictureWithEmptyPdfIsWrittenAsPicture",
+            pictureStory(with(picture(), ORVRtfProperty::PdfData, ""_b)), group);
+
+        const auto pictureOf = [](const QByteArray& data, const QString& type) {
+            return pictureStory(with(with(picture(), ORVRtfProperty::SourceImageData, data),
+                                     ORVRtfProperty::ImageType, type));
+        };
+        for (const char* type : {"JPEG", "jpg", "Jpeg"}) {
+            add(qPrintable("pictureOfJpegDataKeepsItsBytes: %1"_s.arg(type)),
+                pictureOf("\0\xab\xff\xd8"_b, type),
+                "{\\*\\shppict{\\pict{\\*\\nisusfilename picture}\\picw2\\pich1\\picwgoal30\\pichgoal15"
+                "\\jpegblip 00abffd8}}");
+        }
+        add("pictureOfOtherDataIsEncodedAnew: otherType", pictureOf("bytes", "PNG"_s), group);
+        add("pictureOfOtherDataIsEncodedAnew: noType", pictureOf("bytes", QString()), group);
+        add("pictureOfOtherDataIsEncodedAnew: noBytes", pictureOf("", "JPEG"_s), group);
+    }
+
+    static void addLinks(const Columns<Story, QByteArray>& add)
+    {
+        const auto pageLink = [](const QString& page) {
+            QTextCharFormat format = link("u");
+            format.setProperty(ORVRtfProperty::PageReference, page);
+            return format;
+        };
+        QTextCharFormat anchorOnly;
+        anchorOnly.setAnchor(true);
+        QTextCharFormat targetOnly;
+        targetOnly.setAnchorHref("u");
+        const QByteArray one = field("HYPERLINK \"u\"", "\\f0\\fs24 one");
+        const QByteArray two = field("HYPERLINK \"u\"", "\\f0\\fs24 two");
+        add("linkOfOneRun", Story().add("word", link("http://localhost/a b")),
+            field("HYPERLINK \"http://localhost/a b\"", "\\f0\\fs24 word"));
+        add("linkOfTwoRuns", Story().add("one", link("u")).add("two", bold(link("u"))),
+            field("HYPERLINK \"u\"", run("one") + "{\\f0\\fs24\\b1 two}"));
+        add("linkToAPage", Story().add("word", pageLink("ch{1}"_s)),
+            field("HYPERLINK \\\\l ch\\{1\\}", "\\f0\\fs24 word"));
+        add("anchorWithoutTargetIsNoLink", Story().add("one", anchorOnly).add("two", targetOnly),
+            run("one") + run("two"));
+        add("neighbouringLinksAreTwoFields", Story().add("one", link("a")).add("two", link("b")),
+            field("HYPERLINK \"a\"", "\\f0\\fs24 one") + field("HYPERLINK \"b\"", "\\f0\\fs24 two"));
+        add("neighbouringPageLinksAreTwoFields",
+            Story().add("one", pageLink("a"_s)).add("two", pageLink("b"_s)).add("three", link("u")),
+            field("HYPERLINK \\\\l a", "\\f0\\fs24 one") + field("HYPERLINK \\\\l b", "\\f0\\fs24 two")
+                + field("HYPERLINK \"u\"", "\\f0\\fs24 three"));
+        add("linkEndsWithItsParagraph",
+            Story().add("one", link("u")).paragraph().add("two", link("u")).paragraph().add("three"),
+            one + newParagraph() + two + newParagraph() + run("three"));
+        add("textAfterALinkIsOutside", Story().add("before").add("one", link("u")).add("after"),
+            run("before") + one + run("after"));
     }
 };
 
