@@ -6,10 +6,12 @@ Q_DECLARE_METATYPE(QTextBlockFormat)
 
 namespace {
 
+typedef QSharedPointer<QTextDocument> Document;
+
 /*! A document of one paragraph for each text. */
-QSharedPointer<QTextDocument> paragraphs(const QStringList& texts)
+Document paragraphs(const QStringList& texts)
 {
-    const QSharedPointer<QTextDocument> document = newDocument();
+    const Document document = newDocument();
     QTextCursor cursor(document.data());
     for (int i = 0; i < texts.size(); ++i) {
         if (i > 0)
@@ -19,9 +21,42 @@ QSharedPointer<QTextDocument> paragraphs(const QStringList& texts)
     return document;
 }
 
-void setBlockFormat(QTextDocument* document, int block, const QTextBlockFormat& format)
+/*! The same, whose first paragraphs have \a formats. */
+Document paragraphs(const QStringList& texts, const QList<QTextBlockFormat>& formats)
 {
-    QTextCursor(document->findBlockByNumber(block)).setBlockFormat(format);
+    const Document document = paragraphs(texts);
+    for (int i = 0; i < formats.size(); ++i)
+        QTextCursor(document->findBlockByNumber(i)).setBlockFormat(formats.at(i));
+    return document;
+}
+
+/*! Makes the first \a count paragraphs the items of a list. */
+Document asList(const Document& document, int count = 1)
+{
+    QTextList* const list = QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
+    for (int i = 1; i < count; ++i)
+        list->add(document->findBlockByNumber(i));
+    return document;
+}
+
+/*! What the text of an item with the number \a marker is preceded by. */
+QByteArray listText(const QByteArray& marker)
+{
+    return "{\\listtext\\f0\\fs24 " + marker + ".\\tab }";
+}
+
+const QByteArray FirstItem = "\\ls1\\ilvl0" + listText("1");
+
+/*! What a paragraph begins with whose format is stated as \a words. */
+QByteArray start(const QByteArray& words)
+{
+    return "\n\\pard\\plain " + words + "\\ltrch\\loch ";
+}
+
+/*! The same for a paragraph that follows another one. */
+QByteArray next(const QByteArray& words)
+{
+    return "\n\\par\\pard\\plain " + words + "\\ltrch\\loch ";
 }
 
 template <typename Value>
@@ -136,9 +171,8 @@ private slots:
     void formatIsStatedInWords()
     {
         FETCH(QTextBlockFormat, format, QByteArray, words);
-        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
-        setBlockFormat(document.data(), 0, format);
-        const QByteArray expected = "\n\\pard\\plain " + words + "\\ltrch\\loch " + run("x");
+        const Document document = paragraphs({"x"}, {format});
+        const QByteArray expected = start(words) + run("x");
         QCOMPARE(writeBody(*document), expected);
         QCOMPARE(writeBody(*document, exporting()), expected);
     }
@@ -159,16 +193,15 @@ private slots:
     void lengthsAreTruncated()
     {
         FETCH(double, points, QByteArray, twips);
-        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
         QTextBlockFormat format = with(ORVRtfProperty::LeftIndent, points, QTextFormat::TextIndent, points);
         format.setBottomMargin(points);
         format.setTopMargin(points);
         format.setProperty(ORVRtfProperty::LineSpacing, points);
         format.setTabPositions({tab(points, QTextOption::LeftTab)});
-        setBlockFormat(document.data(), 0, format);
-        QCOMPARE(writeBody(*document),
-                 QByteArray("\n\\pard\\plain \\tx" + twips + "\\li" + twips + "\\sa" + twips + "\\sb" + twips
-                            + "\\sl" + twips + "\\slmult0\\ltrch\\loch " + run("x")));
+        QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
+                 start("\\tx" + twips + "\\li" + twips + "\\sa" + twips + "\\sb" + twips + "\\sl" + twips
+                       + "\\slmult0")
+                     + run("x"));
     }
 
     void lengthsOutOfRangeAreClamped_data()
@@ -183,24 +216,20 @@ private slots:
     void lengthsOutOfRangeAreClamped()
     {
         FETCH(double, points, QByteArray, twips);
-        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
         QTextBlockFormat format;
         format.setBottomMargin(points);
         format.setTopMargin(points);
         format.setProperty(ORVRtfProperty::LineSpacing, points);
-        setBlockFormat(document.data(), 0, format);
-        QCOMPARE(writeBody(*document),
-                 QByteArray("\n\\pard\\plain \\sa" + twips + "\\sb" + twips + "\\sl" + twips
-                            + "\\slmult0\\ltrch\\loch " + run("x")));
+        QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
+                 start("\\sa" + twips + "\\sb" + twips + "\\sl" + twips + "\\slmult0") + run("x"));
     }
 
     void lengthThatIsNoNumberIsHarmless()
     {
-        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
         QTextBlockFormat format = with(ORVRtfProperty::LeftIndent, NotANumber, QTextFormat::TextIndent, 18.0);
         format.setProperty(ORVRtfProperty::RightIndent, NotANumber);
         format.setTabPositions({tab(NotANumber, QTextOption::LeftTab)});
-        setBlockFormat(document.data(), 0, format);
+        const Document document = paragraphs({"x"}, {format});
         const QByteArray body = writeBody(*document);
         QVERIFY2(body.startsWith("\n\\pard\\plain \\tx0"), body.constData());
         QVERIFY2(body.endsWith("\\ltrch\\loch " + run("x")), body.constData());
@@ -209,19 +238,17 @@ private slots:
 
     void rightIndentCountsFromTheRightMargin()
     {
-        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
-        setBlockFormat(document.data(), 0, with(ORVRtfProperty::RightIndent, 300.0));
+        const Document document = paragraphs({"x"}, {with(ORVRtfProperty::RightIndent, 300.0)});
         document->setProperty("paperSize", QSizeF(500.0, 700.0));
         document->setProperty("leftMargin", 50.0);
         document->setProperty("rightMargin", 100.0);
         // The text is 350 points wide: 500 - 50 - 100.
-        QCOMPARE(writeBody(*document), QByteArray("\n\\pard\\plain \\ri1000\\ltrch\\loch " + run("x")));
+        QCOMPARE(writeBody(*document), start("\\ri1000") + run("x"));
     }
 
     void wordsStandInOneOrder()
     {
         using namespace ORVRtfProperty;
-        const QSharedPointer<QTextDocument> document = paragraphs({"x"});
         QTextBlockFormat format = with(LineSpacing, 24.0, LineMultiple, 12.0);
         format.setLayoutDirection(Qt::RightToLeft);
         format.setAlignment(Qt::AlignRight);
@@ -232,30 +259,59 @@ private slots:
         format.setTextIndent(54);
         format.setTabPositions({tab(72, QTextOption::LeftTab)});
         format.setProperty(QTextFormat::PageBreakPolicy, 0x221);
-        setBlockFormat(document.data(), 0, format);
-        QCOMPARE(writeBody(*document),
+        QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
                  QByteArray("\n\\pard\\plain \\pagebb\\keep\\keepn\\tx1440\\li720\\fi360\\ri360\\sa40\\sb20"
                             "\\sl480\\slmult1\\qr\\rtlpar\\rtlch\\loch "
                             + run("x")));
     }
 
-    void rightToLeftParagraphSaysSoTwice()
+    void bodies_data()
     {
-        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
-        setBlockFormat(document.data(), 0, with(QTextFormat::LayoutDirection, int(Qt::RightToLeft)));
-        QCOMPARE(writeBody(*document),
-                 QByteArray("\n\\pard\\plain \\rtlpar\\rtlch\\loch " + run("x")
-                            + "\n\\par\\pard\\plain \\ltrch\\loch " + run("y")));
+        using namespace ORVRtfProperty;
+        const Columns<Document, QByteArray> add("document", "body");
+        add("emptyDocumentIsOneEmptyParagraph", newDocument(), firstParagraph() + emptyRun());
+        add("rightToLeftParagraphSaysSoTwice",
+            paragraphs({"x", "y"}, {with(QTextFormat::LayoutDirection, int(Qt::RightToLeft))}),
+            "\n\\pard\\plain \\rtlpar\\rtlch\\loch " + run("x") + next("") + run("y"));
+        const QTextBlockFormat centred = aligned(Qt::AlignHCenter);
+        add("equalFormatIsNotRepeated", paragraphs({"x", "y", "z"}, {centred, centred, centred}),
+            start("\\qc") + run("x") + newParagraph() + run("y") + newParagraph() + run("z"));
+        add("changedFormatIsStatedAfterPard", paragraphs({"x", "y"}, {QTextBlockFormat(), centred}),
+            firstParagraph() + run("x") + next("\\qc") + run("y"));
+        add("returnToPlainFormatIsStated", paragraphs({"x", "y"}, {centred}),
+            start("\\qc") + run("x") + next("") + run("y"));
+        // Formats are compared as Qt compares them, and Qt sees the order in which properties were first set.
+        add("formatThatIsBuiltInAnotherOrderCountsAsChanged",
+            paragraphs({"x", "y"},
+                       {with(QTextFormat::BlockTopMargin, 6.0, QTextFormat::BlockBottomMargin, 12.0),
+                        with(QTextFormat::BlockBottomMargin, 12.0, QTextFormat::BlockTopMargin, 6.0)}),
+            start("\\sa240\\sb120") + run("x") + next("\\sa240\\sb120") + run("y"));
+
+        add("listItemHasNumberLevelAndText", asList(paragraphs({"One"})),
+            firstParagraph() + FirstItem + run("One"));
+        add("listNumberIsStatedWithTheFormatOnly", asList(paragraphs({"One", "Two", "After"}), 2),
+            firstParagraph() + FirstItem + run("One") + newParagraph() + "\\ilvl0" + listText("2")
+                + run("Two") + next("") + run("After"));
+        const Document twoLists = asList(paragraphs({"One", "Two"}));
+        QTextCursor(twoLists->lastBlock()).createList(QTextListFormat::ListLowerAlpha);
+        add("itemsOfTwoListsNameTheirLists", twoLists,
+            firstParagraph() + FirstItem + run("One") + next("") + "\\ls2\\ilvl0" + listText("a")
+                + run("Two"));
+        add("emptyListItemHasItsMarker", asList(paragraphs({""})), firstParagraph() + FirstItem + emptyRun());
+        add("tabStopsOfListItemsAreLeftOut",
+            asList(paragraphs({"One"}, {withTabs({tab(36, QTextOption::LeftTab)})})),
+            firstParagraph() + FirstItem + run("One"));
     }
 
-    void emptyDocumentIsOneEmptyParagraph()
+    void bodies()
     {
-        QCOMPARE(writeBody(*newDocument()), firstParagraph() + emptyRun());
+        FETCH(Document, document, QByteArray, body);
+        QCOMPARE(writeBody(*document), body);
     }
 
     void emptyParagraphKeepsItsCharacterFormat()
     {
-        const QSharedPointer<QTextDocument> document = paragraphs({"x", "", "y"});
+        const Document document = paragraphs({"x", "", "y"});
         QTextCharFormat format;
         format.setFontPointSize(20);
         format.setFontItalic(true);
@@ -264,122 +320,30 @@ private slots:
                  firstParagraph() + run("x") + newParagraph() + "\\f0\\fs40\\i1" + newParagraph() + run("y"));
     }
 
-    void equalFormatIsNotRepeated()
-    {
-        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y", "z"});
-        for (int block = 0; block < 3; ++block)
-            setBlockFormat(document.data(), block, aligned(Qt::AlignHCenter));
-        QCOMPARE(writeBody(*document),
-                 "\n\\pard\\plain \\qc\\ltrch\\loch " + run("x") + newParagraph() + run("y") + newParagraph()
-                     + run("z"));
-    }
-
-    void changedFormatIsStatedAfterPard()
-    {
-        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
-        setBlockFormat(document.data(), 1, aligned(Qt::AlignHCenter));
-        QCOMPARE(writeBody(*document),
-                 firstParagraph() + run("x") + "\n\\par\\pard\\plain \\qc\\ltrch\\loch " + run("y"));
-    }
-
-    void returnToPlainFormatIsStated()
-    {
-        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
-        setBlockFormat(document.data(), 0, aligned(Qt::AlignHCenter));
-        QCOMPARE(writeBody(*document),
-                 "\n\\pard\\plain \\qc\\ltrch\\loch " + run("x") + "\n\\par\\pard\\plain \\ltrch\\loch "
-                     + run("y"));
-    }
-
-    void formatThatIsBuiltInAnotherOrderCountsAsChanged()
-    {
-        // Formats are compared as Qt compares them, and Qt sees the order in which properties were first set.
-        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y"});
-        setBlockFormat(document.data(), 0,
-                       with(QTextFormat::BlockTopMargin, 6.0, QTextFormat::BlockBottomMargin, 12.0));
-        setBlockFormat(document.data(), 1,
-                       with(QTextFormat::BlockBottomMargin, 12.0, QTextFormat::BlockTopMargin, 6.0));
-        QCOMPARE(writeBody(*document),
-                 "\n\\pard\\plain \\sa240\\sb120\\ltrch\\loch " + run("x")
-                     + "\n\\par\\pard\\plain \\sa240\\sb120\\ltrch\\loch " + run("y"));
-    }
-
     void everyParagraphStartsPlain()
     {
-        const QSharedPointer<QTextDocument> document = paragraphs({"x", "y", "", "z"});
-        QCOMPARE(writeBody(*document).count("\\plain "), 4);
-    }
-
-    void listItemHasNumberLevelAndText()
-    {
-        const QSharedPointer<QTextDocument> document = paragraphs({"One"});
-        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-        QCOMPARE(writeBody(*document),
-                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One"));
-    }
-
-    void listNumberIsStatedWithTheFormatOnly()
-    {
-        const QSharedPointer<QTextDocument> document = paragraphs({"One", "Two", "After"});
-        QTextList* list = QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-        list->add(document->findBlockByNumber(1));
-        QCOMPARE(writeBody(*document),
-                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One")
-                     + newParagraph() + "\\ilvl0{\\listtext\\f0\\fs24 2.\\tab }" + run("Two")
-                     + "\n\\par\\pard\\plain \\ltrch\\loch " + run("After"));
-    }
-
-    void itemsOfTwoListsNameTheirLists()
-    {
-        const QSharedPointer<QTextDocument> document = paragraphs({"One", "Two"});
-        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-        QTextCursor(document->findBlockByNumber(1)).createList(QTextListFormat::ListLowerAlpha);
-        QCOMPARE(writeBody(*document),
-                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One")
-                     + "\n\\par\\pard\\plain \\ltrch\\loch \\ls2\\ilvl0{\\listtext\\f0\\fs24 a.\\tab }"
-                     + run("Two"));
+        QCOMPARE(writeBody(*paragraphs({"x", "y", "", "z"})).count("\\plain "), 4);
     }
 
     void listLevelIsStatedForEachItem()
     {
-        const QSharedPointer<QTextDocument> document = paragraphs({"One", "Two"});
-        QTextList* list = QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-        list->add(document->findBlockByNumber(1));
-        ORVTextListFormat::setBlockLevel(list, document->findBlockByNumber(1), 2);
+        const Document document = asList(paragraphs({"One", "Two"}), 2);
+        ORVTextListFormat::setBlockLevel(document->begin().textList(), document->lastBlock(), 2);
         const QByteArray body = writeBody(*document);
-        QVERIFY2(body.contains("\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One")), body.constData());
-        QVERIFY2(body.contains("\\ilvl2{\\listtext\\f0\\fs24 2.\\tab }" + run("Two")), body.constData());
-    }
-
-    void emptyListItemHasItsMarker()
-    {
-        const QSharedPointer<QTextDocument> document = paragraphs({""});
-        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-        QCOMPARE(writeBody(*document),
-                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + emptyRun());
+        QVERIFY2(body.contains(FirstItem + run("One")), body.constData());
+        QVERIFY2(body.contains("\\ilvl2" + listText("2") + run("Two")), body.constData());
     }
 
     void listItemInATable()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCursor cursor(document.data());
-        QTextTable* table = cursor.insertTable(1, 1);
+        const Document document = newDocument();
+        QTextTable* table = QTextCursor(document.data()).insertTable(1, 1);
         QTextCursor cell = table->cellAt(0, 0).firstCursorPosition();
         cell.insertText("One");
         cell.createList(QTextListFormat::ListDecimal);
-        const QByteArray item = "\n\\pard\\plain \\intbl\\itap1\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }"
-            + run("One") + "\\cell";
         const QByteArray body = writeBody(*document);
-        QVERIFY2(body.contains(item), body.constData());
-    }
-
-    void tabStopsOfListItemsAreLeftOut()
-    {
-        const QSharedPointer<QTextDocument> document = paragraphs({"One"});
-        setBlockFormat(document.data(), 0, withTabs({tab(36, QTextOption::LeftTab)}));
-        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
-        QCOMPARE(writeBody(*document),
-                 firstParagraph() + "\\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + run("One"));
+        QVERIFY2(body.contains("\n\\pard\\plain \\intbl\\itap1" + FirstItem + run("One") + "\\cell"),
+                 body.constData());
     }
 
     void firstLineOfListItems_data()
@@ -399,52 +363,37 @@ private slots:
     void firstLineOfListItems()
     {
         FETCH(QTextBlockFormat, format, bool, exportingMode, QByteArray, words);
-        const QSharedPointer<QTextDocument> document = paragraphs({"One"});
-        setBlockFormat(document.data(), 0, format);
-        QTextCursor(document->begin()).createList(QTextListFormat::ListDecimal);
+        const Document document = asList(paragraphs({"One"}, {format}));
         QCOMPARE(writeBody(*document, exportingMode ? exporting() : WriteSettings()),
-                 "\n\\pard\\plain " + words + "\\ltrch\\loch \\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }"
-                     + run("One"));
+                 start(words) + FirstItem + run("One"));
     }
 
-    void emptyParagraphAfterTableIsDropped()
+    void emptyParagraphsAfterTables_data()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCursor(document.data()).insertTable(1, 1);
-        const QByteArray body = writeBody(*document);
-        QVERIFY2(body.endsWith("\\row}\\pard"), body.constData());
+        const Columns<QString, QByteArray> add("textAfter", "end");
+        const QByteArray behind = "\\row}\\pard";
+        add("emptyParagraphAfterTableIsDropped", "", behind);
+        add("onlyTheFirstEmptyParagraphAfterTableIsDropped", "\n\nx",
+            behind + firstParagraph() + emptyRun() + newParagraph() + run("x"));
+        add("emptyParagraphAfterTextAfterTableStays", "x\n",
+            behind + firstParagraph() + run("x") + newParagraph() + emptyRun());
     }
 
-    void onlyTheFirstEmptyParagraphAfterTableIsDropped()
+    void emptyParagraphsAfterTables()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        FETCH(QString, textAfter, QByteArray, end);
+        const Document document = newDocument();
         QTextCursor cursor(document.data());
         cursor.insertTable(1, 1);
         cursor.movePosition(QTextCursor::End);
-        cursor.insertBlock();
-        cursor.insertBlock();
-        cursor.insertText("x");
+        cursor.insertText(textAfter);
         const QByteArray body = writeBody(*document);
-        QVERIFY2(body.endsWith("\\row}\\pard" + firstParagraph() + emptyRun() + newParagraph() + run("x")),
-                 body.constData());
-    }
-
-    void emptyParagraphAfterTextAfterTableStays()
-    {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCursor cursor(document.data());
-        cursor.insertTable(1, 1);
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertText("x");
-        cursor.insertBlock();
-        const QByteArray body = writeBody(*document);
-        QVERIFY2(body.endsWith("\\row}\\pard" + firstParagraph() + run("x") + newParagraph() + emptyRun()),
-                 body.constData());
+        QVERIFY2(body.endsWith(end), body.constData());
     }
 
     void paragraphAfterTableStatesItsFormat()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextCursor cursor(document.data());
         cursor.setBlockFormat(aligned(Qt::AlignHCenter));
         cursor.insertText("x");
