@@ -5,6 +5,8 @@ using namespace rtftest;
 
 namespace {
 
+typedef QSharedPointer<QTextDocument> Document;
+
 /*! Takes a number of bytes and refuses all later ones, as a full disk does. */
 class LimitedDevice : public QIODevice {
 public:
@@ -53,7 +55,7 @@ public:
 QTextCharFormat family(const char* name)
 {
     QTextCharFormat format;
-    compat::setFontFamily(format, QLatin1String(name));
+    compat::setFontFamily(format, QString::fromUtf8(name));
     return format;
 }
 
@@ -78,9 +80,10 @@ QByteArray fontEntry(int number, const QByteArray& name, int pitch = 2,
         + QByteArray::number(pitch) + ' ' + name + ";}";
 }
 
-QSharedPointer<QTextDocument> runs(const QList<QTextCharFormat>& formats)
+/*! A text of one letter in each of \a formats. */
+Document runs(const QList<QTextCharFormat>& formats)
 {
-    const QSharedPointer<QTextDocument> document = newDocument();
+    const Document document = newDocument();
     QTextCursor cursor(document.data());
     char text = 'a';
     for (const QTextCharFormat& format : formats)
@@ -88,14 +91,10 @@ QSharedPointer<QTextDocument> runs(const QList<QTextCharFormat>& formats)
     return document;
 }
 
-} // namespace
-
-namespace {
-
 /*! Two paragraphs with a page break after the first, an undo stack, and visible tabs and spaces. */
-QSharedPointer<QTextDocument> documentOfAnEditor()
+Document documentOfAnEditor()
 {
-    const QSharedPointer<QTextDocument> document = newDocument();
+    const Document document = newDocument();
     QTextOption option;
     option.setFlags(QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators);
     document->setDefaultTextOption(option);
@@ -107,6 +106,38 @@ QSharedPointer<QTextDocument> documentOfAnEditor()
     cursor.insertBlock(QTextBlockFormat());
     cursor.insertText("Two"_s);
     return document;
+}
+
+WriteSettings inPlace()
+{
+    WriteSettings settings;
+    settings.inPlace = true;
+    return settings;
+}
+
+/*! A document by a writer that may have written others. */
+QByteArray writeBy(ORVTextRtfWriter& writer, const Document& document)
+{
+    QBuffer buffer;
+    writer.setDevice(&buffer);
+    if (!writer.write(document.data(), false))
+        QTest::qFail("the document was not written", __FILE__, __LINE__);
+    writer.setDevice(nullptr);
+    return wellFormed(buffer.data());
+}
+
+QTextCharFormat hinted(QTextCharFormat format, QFont::StyleHint hint)
+{
+    format.setFontStyleHint(hint);
+    return format;
+}
+
+/*! A gradient has no colour of its own. */
+QBrush redGradient()
+{
+    QLinearGradient gradient(0, 0, 1, 1);
+    gradient.setColorAt(0, Qt::red);
+    return gradient;
 }
 
 QByteArray documentOfAnEditorAsRtf()
@@ -122,20 +153,35 @@ class TestWriterFrame : public QObject {
     Q_OBJECT
 
 private slots:
-    void emptyDocument()
+    void documents_data()
     {
-        QCOMPARE(write(*newDocument()), documentHead() + "\n\\pard\\plain \\ltrch\\loch \\f0\\fs24}");
+        const Columns<Document, QByteArray> add("document", "rtf");
+        add("emptyDocument", newDocument(), documentHead() + firstParagraph() + "\\f0\\fs24}");
+        add("oneParagraph", textDocument("Hello"_s), documentHead() + firstParagraph() + run("Hello") + '}');
+        add("colouredText", runs({foreground(Qt::red), QTextCharFormat(), foreground(QColor(1, 20, 255))}),
+            documentHead(defaultFontEntry(),
+                         blackAndWhite() + "\\red255\\green0\\blue0;\\red1\\green20\\blue255;")
+                + firstParagraph() + "{\\f0\\fs24\\cf3 a}{\\f0\\fs24 b}{\\f0\\fs24\\cf4 c}}");
+        add("severalFonts",
+            runs({family("Quibble Serif"), QTextCharFormat(), family("Quibble Mono"), family("Quibble Serif"),
+                  family(DefaultFamily)}),
+            documentHead(defaultFontEntry() + fontEntry(1, "Quibble Serif") + fontEntry(2, "Quibble Mono"))
+                + firstParagraph()
+                + "{\\f1\\fs24 a}{\\f0\\fs24 b}{\\f2\\fs24 c}{\\f1\\fs24 d}{\\f0\\fs24 e}}");
+        // Nothing is registered, so there is no colour to refer to.
+        add("brushWithoutColour", runs({foreground(redGradient())}),
+            documentHead() + firstParagraph() + "{\\f0\\fs24 a}}");
     }
 
-    void oneParagraph()
+    void documents()
     {
-        QCOMPARE(write(*textDocument("Hello"_s)),
-                 documentHead() + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 Hello}}");
+        FETCH(Document, document, QByteArray, rtf);
+        QCOMPARE(write(*document), rtf);
     }
 
     void paragraphsRestateOnlyChangedFormats()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextCursor cursor(document.data());
         cursor.insertText("One\nTwo\n"_s);
         QTextBlockFormat centred;
@@ -150,27 +196,9 @@ private slots:
                        "\n\\par\\plain {\\f0\\fs24 Four}}");
     }
 
-    void colouredText()
-    {
-        QCOMPARE(write(*runs({foreground(Qt::red), QTextCharFormat(), foreground(QColor(1, 20, 255))})),
-                 documentHead(defaultFontEntry(),
-                              blackAndWhite() + "\\red255\\green0\\blue0;\\red1\\green20\\blue255;")
-                     + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24\\cf3 a}{\\f0\\fs24 b}{\\f0\\fs24\\cf4 c}}");
-    }
-
-    void severalFonts()
-    {
-        QCOMPARE(
-            write(*runs({family("Quibble Serif"), QTextCharFormat(), family("Quibble Mono"),
-                         family("Quibble Serif"), family(DefaultFamily)})),
-            documentHead(defaultFontEntry() + fontEntry(1, "Quibble Serif") + fontEntry(2, "Quibble Mono"))
-                + "\n\\pard\\plain \\ltrch\\loch {\\f1\\fs24 a}{\\f0\\fs24 b}{\\f2\\fs24 c}{\\f1\\fs24 d}"
-                  "{\\f0\\fs24 e}}");
-    }
-
     void headerAndFooter()
     {
-        const QSharedPointer<QTextDocument> document = runs({family("Quibble Serif")});
+        const Document document = runs({family("Quibble Serif")});
         ORVTextPage page;
         page.text = "Top"_s;
         page.option.setAlignment(Qt::AlignHCenter);
@@ -213,7 +241,7 @@ private slots:
         const QList<QByteArray> words = {"\\margl", "\\margr", "\\margt", "\\margb"};
         const QList<QByteArray> defaults = {"1800", "1800", "1440", "1440"};
         for (int changed = 0; changed < 4; ++changed) {
-            const QSharedPointer<QTextDocument> document = newDocument();
+            const Document document = newDocument();
             document->setProperty(names[changed], value);
             QByteArray expected = "\\paperw12240\\paperh15840";
             for (int i = 0; i < 4; ++i)
@@ -226,7 +254,7 @@ private slots:
 
     void paperSize()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         document->setProperty("paperSize", QSizeF(595.3, 841.9));
         const QByteArray rtf = write(*document);
         QVERIFY2(
@@ -250,7 +278,7 @@ private slots:
     void pageNumbering()
     {
         FETCH(QVariant, notOnFirstPage, QVariant, countFirstPage, QByteArray, words);
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         document->setProperty("notOnFirstPage", notOnFirstPage);
         document->setProperty("countFirstPage", countFirstPage);
         const QByteArray rtf = write(*document);
@@ -259,15 +287,13 @@ private slots:
 
     void pageSetupComesFromTheGivenDocument()
     {
-        const QSharedPointer<QTextDocument> document = textDocument("a"_s);
+        const Document document = textDocument("a"_s);
         document->setProperty("topMargin", 10.0);
         document->setProperty("notOnFirstPage", true);
-        WriteSettings inPlace;
-        inPlace.inPlace = true;
         const QByteArray copied = write(*document);
         QVERIFY2(copied.contains("\\margt200\\margb1440\\fet2\\ftnbj\\aenddoc\n\\titlepg"),
                  copied.constData());
-        QCOMPARE(write(*document, inPlace), copied);
+        QCOMPARE(write(*document, inPlace()), copied);
     }
 
     void settersAndGetters()
@@ -293,32 +319,30 @@ private slots:
 
     void exportingModeCanBeSwitchedOffAgain()
     {
-        const QSharedPointer<QTextDocument> document = runs({QTextCharFormat()});
+        const Document document = runs({QTextCharFormat()});
         QTextCursor cursor(document.data());
         cursor.insertText("<$p>"_s);
         cursor.movePosition(QTextCursor::End);
         cursor.insertTable(1, 1);
-        QBuffer buffer;
-        ORVTextRtfWriter writer(&buffer);
+        ORVTextRtfWriter writer;
         writer.setExportingMode(true);
         writer.setExportingMode(false);
-        QVERIFY(writer.write(document.data(), false));
-        QCOMPARE(wellFormed(buffer.data()), write(*document));
+        const QByteArray stored = writeBy(writer, document);
+        QCOMPARE(stored, write(*document));
 
         WriteSettings paragraphEnded;
         paragraphEnded.paragraphBeforeTableEnded = true;
-        QBuffer endedBuffer;
-        ORVTextRtfWriter endingWriter(&endedBuffer);
+        ORVTextRtfWriter endingWriter;
         endingWriter.setParagraphBeforeTableEnded(true);
         endingWriter.setExportingMode(false);
-        QVERIFY(endingWriter.write(document.data(), false));
-        QCOMPARE(wellFormed(endedBuffer.data()), write(*document, paragraphEnded));
-        QVERIFY(endedBuffer.data() != buffer.data());
+        const QByteArray ended = writeBy(endingWriter, document);
+        QCOMPARE(ended, write(*document, paragraphEnded));
+        QVERIFY(ended != stored);
     }
 
     void copyLeavesTheDocumentAlone()
     {
-        const QSharedPointer<QTextDocument> document = documentOfAnEditor();
+        const Document document = documentOfAnEditor();
         QCOMPARE(write(*document), documentOfAnEditorAsRtf());
         QVERIFY(document->isUndoRedoEnabled());
         QVERIFY(document->isUndoAvailable());
@@ -331,10 +355,8 @@ private slots:
 
     void inPlaceChangesTheDocument()
     {
-        const QSharedPointer<QTextDocument> document = documentOfAnEditor();
-        WriteSettings inPlace;
-        inPlace.inPlace = true;
-        QCOMPARE(write(*document, inPlace), documentOfAnEditorAsRtf());
+        const Document document = documentOfAnEditor();
+        QCOMPARE(write(*document, inPlace()), documentOfAnEditorAsRtf());
         QVERIFY(!document->isUndoRedoEnabled());
         QVERIFY(!document->isUndoAvailable());
         QCOMPARE(int(document->defaultTextOption().flags()), 0);
@@ -346,50 +368,37 @@ private slots:
 
     void copyAndInPlaceGiveTheSameBytes()
     {
-        const QSharedPointer<QTextDocument> document =
+        const Document document =
             runs({foreground(Qt::green), fixedPitch(family("Quibble Mono")), QTextCharFormat()});
-        WriteSettings inPlace;
-        inPlace.inPlace = true;
         const QByteArray copied = write(*document);
-        QCOMPARE(write(*document, inPlace), copied);
-        QCOMPARE(write(*document, inPlace), copied);
+        QCOMPARE(write(*document, inPlace()), copied);
+        QCOMPARE(write(*document, inPlace()), copied);
     }
 
     void writerCanWriteSeveralTimes()
     {
-        const QSharedPointer<QTextDocument> first = runs({family("Quibble Serif")});
-        const QSharedPointer<QTextDocument> second = runs({foreground(Qt::red)});
+        const Document first = runs({family("Quibble Serif")});
         ORVTextRtfWriter writer;
-        QBuffer firstBuffer;
-        writer.setDevice(&firstBuffer);
-        QVERIFY(writer.write(first.data(), false));
-        QBuffer secondBuffer;
-        writer.setDevice(&secondBuffer);
-        QVERIFY(writer.write(second.data(), false));
-        QCOMPARE(wellFormed(firstBuffer.data()), write(*first));
+        QCOMPARE(writeBy(writer, first), write(*first));
         // The default font comes first again, in front of the fonts of the first document.
         QCOMPARE(
-            wellFormed(secondBuffer.data()),
+            writeBy(writer, runs({foreground(Qt::red)})),
             documentHead(defaultFontEntry() + fontEntry(1, DefaultFamily) + fontEntry(2, "Quibble Serif"),
                          blackAndWhite() + "\\red255\\green0\\blue0;")
-                + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24\\cf3 a}}");
+                + firstParagraph() + "{\\f0\\fs24\\cf3 a}}");
     }
 
     void tablesOfAWriterGrow()
     {
-        const QSharedPointer<QTextDocument> document = runs({family("Quibble Serif"), foreground(Qt::red)});
+        const Document document = runs({family("Quibble Serif"), foreground(Qt::red)});
         ORVTextRtfWriter writer;
+        QByteArray fonts;
         for (int i = 0; i < 3; ++i) {
-            QBuffer buffer;
-            writer.setDevice(&buffer);
-            QVERIFY(writer.write(document.data(), false));
-            QByteArray fonts;
-            for (int number = 0; number <= i; ++number)
-                fonts += fontEntry(number, DefaultFamily);
-            fonts += fontEntry(i + 1, "Quibble Serif");
-            QCOMPARE(fontTableOf(wellFormed(buffer.data())), fonts);
-            QCOMPARE(colorTableOf(buffer.data()), blackAndWhite() + "\\red255\\green0\\blue0;");
-            QCOMPARE(bodyOf(buffer.data()),
+            const QByteArray rtf = writeBy(writer, document);
+            fonts += fontEntry(i, DefaultFamily);
+            QCOMPARE(fontTableOf(rtf), fonts + fontEntry(i + 1, "Quibble Serif"));
+            QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;");
+            QCOMPARE(bodyOf(rtf),
                      firstParagraph() + "{\\f" + QByteArray::number(i + 1) + "\\fs24 a}{\\f0\\fs24\\cf3 b}");
         }
     }
@@ -399,13 +408,10 @@ private slots:
         QTextCharFormat format;
         format.setProperty(ORVRtfProperty::AnnotationAnchor, true);
         format.setProperty(ORVRtfProperty::NoteContent, "{\\rtf1 Note}"_b);
-        const QSharedPointer<QTextDocument> document = runs({format});
+        const Document document = runs({format});
         ORVTextRtfWriter writer;
         for (int i = 0; i < 2; ++i) {
-            QBuffer buffer;
-            writer.setDevice(&buffer);
-            QVERIFY(writer.write(document.data(), false));
-            const QByteArray body = bodyOf(wellFormed(buffer.data()));
+            const QByteArray body = bodyOf(writeBy(writer, document));
             QVERIFY2(body.contains("{{\\*\\atrfstart 1}"), body.constData());
             QVERIFY2(body.contains("{\\*\\atrfend 1}"), body.constData());
             QVERIFY2(body.contains("{\\*\\atnref 1}"), body.constData());
@@ -493,8 +499,7 @@ private slots:
     void fullDevice()
     {
         FETCH(int, refusal);
-        const QSharedPointer<QTextDocument> document =
-            runs({foreground(Qt::red), family("Quibble Serif"), QTextCharFormat()});
+        const Document document = runs({foreground(Qt::red), family("Quibble Serif"), QTextCharFormat()});
         const QByteArray whole = write(*document);
         const int beginning = int(qstrlen("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\n"));
         for (int limit = 0; limit <= whole.size(); ++limit) {
@@ -536,7 +541,7 @@ private slots:
     void familyWord()
     {
         FETCH(QString, name, int, hint, QByteArray, word);
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextCharFormat format;
         compat::setFontFamily(format, name);
         format.setFontPointSize(12);
@@ -545,111 +550,73 @@ private slots:
         QCOMPARE(fontTableOf(write(*document)), fontEntry(0, name.toLatin1(), 2, word));
     }
 
-    void familyWordOfARun()
+    void fontsAndColours_data()
     {
-        QTextCharFormat serif = family("Quibble Serif");
-        serif.setFontStyleHint(QFont::Serif);
-        QTextCharFormat mono = fixedPitch(family("Quibble Mono"));
-        mono.setFontStyleHint(QFont::TypeWriter);
-        QCOMPARE(fontTableOf(write(*runs({serif, mono}))),
-                 defaultFontEntry() + fontEntry(1, "Quibble Serif", 2, "\\froman")
-                     + fontEntry(2, "Quibble Mono", 1, "\\fmodern"));
-    }
-
-    void fontsAreToldApartByFamilyAndPitch()
-    {
-        const QByteArray rtf =
-            write(*runs({family("Quibble Mono"), fixedPitch(family("Quibble Mono")), family("quibble mono"),
-                         fixedPitch(family(DefaultFamily)), family(DefaultFamily)}));
-        QCOMPARE(fontTableOf(rtf),
-                 defaultFontEntry() + fontEntry(1, "Quibble Mono") + fontEntry(2, "Quibble Mono", 1)
-                     + fontEntry(3, "quibble mono") + fontEntry(4, DefaultFamily, 1));
-        QCOMPARE(bodyOf(rtf),
-                 firstParagraph() + "{\\f1\\fs24 a}{\\f2\\fs24 b}{\\f3\\fs24 c}{\\f4\\fs24 d}{\\f0\\fs24 e}");
-    }
-
-    void formatWithoutFamilyAddsNoFont()
-    {
-        const QByteArray rtf = write(*runs({fixedPitch(QTextCharFormat()), foreground(Qt::black)}));
-        QCOMPARE(fontTableOf(rtf), defaultFontEntry());
-        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24 a}{\\f0\\fs24\\cf1 b}");
-    }
-
-    void firstOfSeveralFamiliesCounts()
-    {
-        QTextCharFormat format;
-        format.setProperty(QTextFormat::FontFamilies,
-                           QStringList() << "Quibble Serif"_s
-                                         << "Quibble Mono"_s);
-        QTextCharFormat italic(format);
+        const Columns<Document, QByteArray, QByteArray, QByteArray> add("document", "fonts", "colors",
+                                                                        "body");
+        const QByteArray red = "\\red255\\green0\\blue0;";
+        const QTextCharFormat mono = family("Quibble Mono");
+        add("familyWordOfARun",
+            runs(
+                {hinted(family("Quibble Serif"), QFont::Serif), hinted(fixedPitch(mono), QFont::TypeWriter)}),
+            defaultFontEntry() + fontEntry(1, "Quibble Serif", 2, "\\froman")
+                + fontEntry(2, "Quibble Mono", 1, "\\fmodern"),
+            "", "{\\f1\\fs24 a}{\\f2\\fs24 b}");
+        add("fontsAreToldApartByFamilyAndPitch",
+            runs({mono, fixedPitch(mono), family("quibble mono"), fixedPitch(family(DefaultFamily)),
+                  family(DefaultFamily)}),
+            defaultFontEntry() + fontEntry(1, "Quibble Mono") + fontEntry(2, "Quibble Mono", 1)
+                + fontEntry(3, "quibble mono") + fontEntry(4, DefaultFamily, 1),
+            "", "{\\f1\\fs24 a}{\\f2\\fs24 b}{\\f3\\fs24 c}{\\f4\\fs24 d}{\\f0\\fs24 e}");
+        add("formatWithoutFamilyAddsNoFont", runs({fixedPitch(QTextCharFormat()), foreground(Qt::black)}),
+            defaultFontEntry(), blackAndWhite(), "{\\f0\\fs24 a}{\\f0\\fs24\\cf1 b}");
+        QTextCharFormat families;
+        families.setProperty(QTextFormat::FontFamilies, QStringList({"Quibble Serif"_s, "Quibble Mono"_s}));
+        QTextCharFormat italic(families);
         italic.setFontItalic(true);
-        const QByteArray rtf = write(*runs({format, italic}));
-        QCOMPARE(fontTableOf(rtf), defaultFontEntry() + fontEntry(1, "Quibble Serif"));
-        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f1\\fs24 a}{\\f1\\fs24\\i1 b}");
+        add("firstOfSeveralFamiliesCounts", runs({families, italic}),
+            defaultFontEntry() + fontEntry(1, "Quibble Serif"), "", "{\\f1\\fs24 a}{\\f1\\fs24\\i1 b}");
+        add("fontNameIsEscaped", runs({family("Qu\xc3\xa9 {1}")}),
+            defaultFontEntry() + fontEntry(1, "Qu\\loch\\af1\\hich\\af1\\dbch\\af1\\uc1\\u233\\'E9 \\{1\\}"),
+            "", "{\\f1\\fs24 a}");
+
+        add("colorsAreListedOnce",
+            runs({foreground(Qt::red), foreground(Qt::blue), foreground(QColor(255, 0, 0))}),
+            defaultFontEntry(), blackAndWhite() + red + "\\red0\\green0\\blue255;",
+            "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf4 b}{\\f0\\fs24\\cf3 c}");
+        add("blackAndWhiteAreNotRepeated", runs({foreground(Qt::white), foreground(Qt::black)}),
+            defaultFontEntry(), blackAndWhite(), "{\\f0\\fs24\\cf2 a}{\\f0\\fs24\\cf1 b}");
+        add("transparencyIsIgnored",
+            runs({foreground(QColor(255, 0, 0, 1)), foreground(Qt::red), foreground(QColor(0, 0, 0, 0))}),
+            defaultFontEntry(), blackAndWhite() + red,
+            "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf3 b}{\\f0\\fs24\\cf1 c}");
+        QTextCharFormat onYellow = foreground(Qt::red);
+        onYellow.setBackground(Qt::yellow);
+        add("foregroundBeforeBackground", runs({onYellow}), defaultFontEntry(),
+            blackAndWhite() + red + "\\red255\\green255\\blue0;", "{\\f0\\fs24\\cf3\\cb4\\highlight4 a}");
+        // A brush without a colour is black in a document with colours.
+        add("brushWithoutColour", runs({foreground(redGradient()), foreground(Qt::red)}), defaultFontEntry(),
+            blackAndWhite() + red, "{\\f0\\fs24\\cf1 a}{\\f0\\fs24\\cf3 b}");
+    }
+
+    void fontsAndColours()
+    {
+        FETCH(Document, document, QByteArray, fonts, QByteArray, colors, QByteArray, body);
+        const QByteArray rtf = write(*document);
+        QCOMPARE(fontTableOf(rtf), fonts);
+        QCOMPARE(colorTableOf(rtf), colors);
+        QCOMPARE(bodyOf(rtf), firstParagraph() + body);
     }
 
     void defaultFormatIsFontZero()
     {
-        const QSharedPointer<QTextDocument> document = runs({QTextCharFormat(), family(DefaultFamily)});
+        const Document document = runs({QTextCharFormat(), family(DefaultFamily)});
         QTextCharFormat format = family("Quibble Stored");
         format.setFontPointSize(12);
         ORVTextFormat::setDefaultCharFormat(document.data(), format);
         const QByteArray rtf = write(*document);
         QCOMPARE(fontTableOf(rtf), fontEntry(0, "Quibble Stored") + fontEntry(1, DefaultFamily));
         QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24 a}{\\f1\\fs24 b}");
-    }
-
-    void fontNameIsEscaped()
-    {
-        QTextCharFormat format;
-        compat::setFontFamily(format, "Qu\xc3\xa9 {1}"_s);
-        QCOMPARE(fontTableOf(write(*runs({format}))),
-                 defaultFontEntry()
-                     + fontEntry(1, "Qu\\loch\\af1\\hich\\af1\\dbch\\af1\\uc1\\u233\\'E9 \\{1\\}"));
-    }
-
-    void colorsAreListedOnce()
-    {
-        const QByteArray rtf =
-            write(*runs({foreground(Qt::red), foreground(Qt::blue), foreground(QColor(255, 0, 0))}));
-        QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;\\red0\\green0\\blue255;");
-        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf4 b}{\\f0\\fs24\\cf3 c}");
-    }
-
-    void blackAndWhiteAreNotRepeated()
-    {
-        const QByteArray rtf = write(*runs({foreground(Qt::white), foreground(Qt::black)}));
-        QCOMPARE(colorTableOf(rtf), blackAndWhite());
-        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf2 a}{\\f0\\fs24\\cf1 b}");
-    }
-
-    void transparencyIsIgnored()
-    {
-        const QByteArray rtf = write(
-            *runs({foreground(QColor(255, 0, 0, 1)), foreground(Qt::red), foreground(QColor(0, 0, 0, 0))}));
-        QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;");
-        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf3 b}{\\f0\\fs24\\cf1 c}");
-    }
-
-    void foregroundBeforeBackground()
-    {
-        QTextCharFormat format = foreground(Qt::red);
-        format.setBackground(Qt::yellow);
-        QCOMPARE(colorTableOf(write(*runs({format}))),
-                 blackAndWhite() + "\\red255\\green0\\blue0;\\red255\\green255\\blue0;");
-    }
-
-    void brushWithoutColour()
-    {
-        QLinearGradient gradient(0, 0, 1, 1);
-        gradient.setColorAt(0, Qt::red);
-        // Nothing is registered, so there is no colour to refer to.
-        QCOMPARE(write(*runs({foreground(gradient)})),
-                 documentHead() + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 a}}");
-        // In a document with colours it is black.
-        const QByteArray rtf = write(*runs({foreground(gradient), foreground(Qt::red)}));
-        QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;");
-        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24\\cf1 a}{\\f0\\fs24\\cf3 b}");
     }
 };
 
