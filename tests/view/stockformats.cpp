@@ -5,6 +5,7 @@
 #include "testsupport.h"
 
 using rtftest::dump;
+using namespace ORVRtfProperty;
 
 namespace {
 
@@ -20,7 +21,7 @@ QTextBlockFormat formatWith(const Properties& properties)
 
 QTextBlockFormat indented(double left, double firstLine)
 {
-    return formatWith({{ORVRtfProperty::LeftIndent, left}, {QTextFormat::TextIndent, firstLine}});
+    return formatWith({{LeftIndent, left}, {QTextFormat::TextIndent, firstLine}});
 }
 
 /*! A document of one paragraph with that format. */
@@ -34,10 +35,49 @@ public:
     }
 
     QTextBlockFormat format() const { return document.begin().blockFormat(); }
+    QTextBlockFormat stockFormat()
+    {
+        ORVStockFormats::toStock(&document);
+        return format();
+    }
+    QTextBlockFormat formatFromStock()
+    {
+        ORVStockFormats::fromStock(&document);
+        return format();
+    }
     void merge(const QTextBlockFormat& change) { QTextCursor(&document).mergeBlockFormat(change); }
 
     QTextDocument document;
 };
+
+QTextTableFormat tableFormat(double border, double padding)
+{
+    QTextTableFormat format;
+    format.setCellSpacing(0);
+    format.setCellPadding(padding);
+    format.setBorder(border);
+    return format;
+}
+
+QVector<QTextLength> percents(double first, double second)
+{
+    return {QTextLength(QTextLength::PercentageLength, first),
+            QTextLength(QTextLength::PercentageLength, second)};
+}
+
+QTextTableFormat withWidths(const QVector<QTextLength>& widths)
+{
+    QTextTableFormat format;
+    format.setColumnWidthConstraints(widths);
+    return format;
+}
+
+QTextListFormat listFormat(const QList<ORVTextListLevel>& levels)
+{
+    QTextListFormat format;
+    ORVTextListFormat::setLevels(format, levels);
+    return format;
+}
 
 ORVTextListLevel level(const char* text, double indent, double firstLine)
 {
@@ -56,8 +96,8 @@ QStringList formatsOf(const QTextDocument& document)
         lines << dump(block.blockFormat().properties()) << dump(block.charFormat().properties());
         if (block.textList())
             lines << dump(block.textList()->format().properties());
-        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it)
-            lines << it.fragment().text() + QLatin1Char('|') + dump(it.fragment().charFormat().properties());
+        for (const QTextFragment& fragment : rtftest::fragmentsOf(block))
+            lines << fragment.text() + QLatin1Char('|') + dump(fragment.charFormat().properties());
     }
     QList<QTextFrame*> frames = document.rootFrame()->childFrames();
     while (!frames.isEmpty()) {
@@ -110,68 +150,52 @@ private slots:
     {
         const Columns<Properties, Properties> add("application", "stock");
         // A point is 4/3 pixels.
-        add("left indent", Properties{{ORVRtfProperty::LeftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}},
-            Properties{{QTextFormat::BlockLeftMargin, 48.0}, {QTextFormat::TextIndent, 0.0}});
-        add("indented first line",
-            Properties{{ORVRtfProperty::LeftIndent, 36.0}, {QTextFormat::TextIndent, 54.0}},
-            Properties{{QTextFormat::BlockLeftMargin, 48.0}, {QTextFormat::TextIndent, 24.0}});
-        add("first line only", Properties{{QTextFormat::TextIndent, 18.0}},
-            Properties{{QTextFormat::TextIndent, 24.0}});
+        add("left indent", {{LeftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}},
+            {{QTextFormat::BlockLeftMargin, 48.0}, {QTextFormat::TextIndent, 0.0}});
+        add("indented first line", {{LeftIndent, 36.0}, {QTextFormat::TextIndent, 54.0}},
+            {{QTextFormat::BlockLeftMargin, 48.0}, {QTextFormat::TextIndent, 24.0}});
+        add("first line only", {{QTextFormat::TextIndent, 18.0}}, {{QTextFormat::TextIndent, 24.0}});
         // 8640 twips of text are 432 points.
-        add("right edge", Properties{{ORVRtfProperty::RightIndent, 414.0}},
-            Properties{{QTextFormat::BlockRightMargin, 24.0}});
-        add("right edge in the margin", Properties{{ORVRtfProperty::RightIndent, 450.0}},
-            Properties{{QTextFormat::BlockRightMargin, -24.0}});
-        add("space around",
-            Properties{{QTextFormat::BlockTopMargin, 12.0}, {QTextFormat::BlockBottomMargin, 6.0}},
-            Properties{{QTextFormat::BlockTopMargin, 16.0}, {QTextFormat::BlockBottomMargin, 8.0}});
-        add("line multiple",
-            Properties{{ORVRtfProperty::LineSpacing, 18.0}, {ORVRtfProperty::LineMultiple, 12.0}},
-            Properties{{QTextFormat::LineHeight, 150.0},
-                       {QTextFormat::LineHeightType, int(QTextBlockFormat::ProportionalHeight)}});
-        add("least height", Properties{{ORVRtfProperty::LineSpacing, 24.0}},
-            Properties{{QTextFormat::LineHeight, 32.0},
-                       {QTextFormat::LineHeightType, int(QTextBlockFormat::MinimumHeight)}});
-        add("exact height", Properties{{ORVRtfProperty::LineSpacing, -24.0}},
-            Properties{{QTextFormat::LineHeight, 32.0},
-                       {QTextFormat::LineHeightType, int(QTextBlockFormat::FixedHeight)}});
-        add("single lines",
-            Properties{{ORVRtfProperty::LineSpacing, 12.0}, {ORVRtfProperty::LineMultiple, 12.0}},
-            Properties{{QTextFormat::LineHeight, QVariant()}, {QTextFormat::LineHeightType, QVariant()}});
+        add("right edge", {{RightIndent, 414.0}}, {{QTextFormat::BlockRightMargin, 24.0}});
+        add("right edge in the margin", {{RightIndent, 450.0}}, {{QTextFormat::BlockRightMargin, -24.0}});
+        add("space around", {{QTextFormat::BlockTopMargin, 12.0}, {QTextFormat::BlockBottomMargin, 6.0}},
+            {{QTextFormat::BlockTopMargin, 16.0}, {QTextFormat::BlockBottomMargin, 8.0}});
+        add("line multiple", {{LineSpacing, 18.0}, {LineMultiple, 12.0}},
+            {{QTextFormat::LineHeight, 150.0},
+             {QTextFormat::LineHeightType, int(QTextBlockFormat::ProportionalHeight)}});
+        add("least height", {{LineSpacing, 24.0}},
+            {{QTextFormat::LineHeight, 32.0},
+             {QTextFormat::LineHeightType, int(QTextBlockFormat::MinimumHeight)}});
+        add("exact height", {{LineSpacing, -24.0}},
+            {{QTextFormat::LineHeight, 32.0},
+             {QTextFormat::LineHeightType, int(QTextBlockFormat::FixedHeight)}});
+        add("single lines", {{LineSpacing, 12.0}, {LineMultiple, 12.0}},
+            {{QTextFormat::LineHeight, QVariant()}, {QTextFormat::LineHeightType, QVariant()}});
         // Word processors take 22 inches, which are 1584 points and 2112 pixels.
-        add("left indent of miles",
-            Properties{{ORVRtfProperty::LeftIndent, 1e7}, {QTextFormat::TextIndent, 1e7}},
-            Properties{{QTextFormat::BlockLeftMargin, 2112.0}, {QTextFormat::TextIndent, 0.0}});
-        add("first line miles away", Properties{{QTextFormat::TextIndent, -1e8}},
-            Properties{{QTextFormat::TextIndent, -2112.0}});
-        add("right edge miles away", Properties{{ORVRtfProperty::RightIndent, 1e7}},
-            Properties{{QTextFormat::BlockRightMargin, -2112.0}});
-        add("miles of space",
-            Properties{{QTextFormat::BlockTopMargin, 1e6}, {QTextFormat::BlockBottomMargin, 1e8}},
-            Properties{{QTextFormat::BlockTopMargin, 2112.0}, {QTextFormat::BlockBottomMargin, 2112.0}});
+        add("left indent of miles", {{LeftIndent, 1e7}, {QTextFormat::TextIndent, 1e7}},
+            {{QTextFormat::BlockLeftMargin, 2112.0}, {QTextFormat::TextIndent, 0.0}});
+        add("first line miles away", {{QTextFormat::TextIndent, -1e8}}, {{QTextFormat::TextIndent, -2112.0}});
+        add("right edge miles away", {{RightIndent, 1e7}}, {{QTextFormat::BlockRightMargin, -2112.0}});
+        add("miles of space", {{QTextFormat::BlockTopMargin, 1e6}, {QTextFormat::BlockBottomMargin, 1e8}},
+            {{QTextFormat::BlockTopMargin, 2112.0}, {QTextFormat::BlockBottomMargin, 2112.0}});
         add("22 inches of space",
-            Properties{{QTextFormat::BlockTopMargin, 1584.0}, {QTextFormat::BlockBottomMargin, 1583.25}},
-            Properties{{QTextFormat::BlockTopMargin, 2112.0}, {QTextFormat::BlockBottomMargin, 2111.0}});
-        add("less than no space", Properties{{QTextFormat::BlockTopMargin, -12.0}},
-            Properties{{QTextFormat::BlockTopMargin, 0.0}});
-        add("least height of miles", Properties{{ORVRtfProperty::LineSpacing, 1e7}},
-            Properties{{QTextFormat::LineHeight, 2112.0}});
-        add("exact height of miles", Properties{{ORVRtfProperty::LineSpacing, -1e7}},
-            Properties{{QTextFormat::LineHeight, 2112.0}});
-        add("multiple of miles",
-            Properties{{ORVRtfProperty::LineSpacing, 1e8}, {ORVRtfProperty::LineMultiple, 12.0}},
-            Properties{{QTextFormat::LineHeight, 13200.0}});
+            {{QTextFormat::BlockTopMargin, 1584.0}, {QTextFormat::BlockBottomMargin, 1583.25}},
+            {{QTextFormat::BlockTopMargin, 2112.0}, {QTextFormat::BlockBottomMargin, 2111.0}});
+        add("less than no space", {{QTextFormat::BlockTopMargin, -12.0}},
+            {{QTextFormat::BlockTopMargin, 0.0}});
+        add("least height of miles", {{LineSpacing, 1e7}}, {{QTextFormat::LineHeight, 2112.0}});
+        add("exact height of miles", {{LineSpacing, -1e7}}, {{QTextFormat::LineHeight, 2112.0}});
+        add("multiple of miles", {{LineSpacing, 1e8}, {LineMultiple, 12.0}},
+            {{QTextFormat::LineHeight, 13200.0}});
         // Newer Qt versions have a property of the id of the line spacing.
-        add("heading level", Properties{{ORVRtfProperty::LineSpacing, 2}},
-            Properties{{QTextFormat::LineHeight, QVariant()}});
+        add("heading level", {{LineSpacing, 2}}, {{QTextFormat::LineHeight, QVariant()}});
     }
 
     void paragraphs()
     {
         FETCH(Properties, application, Properties, stock);
         Paragraph paragraph(formatWith(application));
-        ORVStockFormats::toStock(&paragraph.document);
-        const QTextBlockFormat format = paragraph.format();
+        const QTextBlockFormat format = paragraph.stockFormat();
         for (Properties::const_iterator it = stock.begin(); it != stock.end(); ++it)
             QCOMPARE(format.property(it.key()), it.value());
     }
@@ -179,36 +203,33 @@ private slots:
     // What Qt calls lines that cannot be broken are lines that are never wrapped.
     void keepBitsAreNotLineWrapping()
     {
-        const int policy = ORVRtfProperty::KeepLinesTogether | ORVRtfProperty::KeepWithNext
-            | QTextFormat::PageBreak_AlwaysBefore;
+        const int policy = KeepLinesTogether | KeepWithNext | QTextFormat::PageBreak_AlwaysBefore;
         Paragraph paragraph(formatWith({{QTextFormat::PageBreakPolicy, policy}}));
-        ORVStockFormats::toStock(&paragraph.document);
-        QCOMPARE(paragraph.format().nonBreakableLines(), false);
+        QCOMPARE(paragraph.stockFormat().nonBreakableLines(), false);
         QCOMPARE(paragraph.format().intProperty(QTextFormat::PageBreakPolicy), policy);
     }
 
     void rightEdgeDependsOnThePage()
     {
-        Paragraph paragraph(formatWith({{ORVRtfProperty::RightIndent, 400.0}}));
+        Paragraph paragraph(formatWith({{RightIndent, 400.0}}));
         ORVPageGeometry page;
         page.paperSize = QSizeF(600, 800);
         page.leftMargin = 100;
         page.rightMargin = 50;
         page.setOn(&paragraph.document);
-        ORVStockFormats::toStock(&paragraph.document);
-        QCOMPARE(paragraph.format().rightMargin(), (450.0 - 400.0) * 4 / 3);
+        QCOMPARE(paragraph.stockFormat().rightMargin(), (450.0 - 400.0) * 4 / 3);
     }
 
     void tabStops_data()
     {
         const Columns<double, double, QList<double>, QList<double>> add("left", "firstLine", "points",
                                                                         "pixels");
-        add("no indent", 0.0, 0.0, QList<double>{36, 72}, QList<double>{48, 96});
-        add("counted from the left indent", 18.0, 18.0, QList<double>{9, 36}, QList<double>{-12, 24});
-        add("hanging first line", 36.0, 18.0, QList<double>{27, 72}, QList<double>{-12, 0, 48});
-        add("hanging, stated", 36.0, 18.0, QList<double>{36}, QList<double>{0});
-        add("miles away", 0.0, 0.0, QList<double>{36, 1e7}, QList<double>{48, 2112});
-        add("hanging without tab stops", 36.0, 18.0, QList<double>(), QList<double>{0});
+        add("no indent", 0.0, 0.0, {36, 72}, {48, 96});
+        add("counted from the left indent", 18.0, 18.0, {9, 36}, {-12, 24});
+        add("hanging first line", 36.0, 18.0, {27, 72}, {-12, 0, 48});
+        add("hanging, stated", 36.0, 18.0, {36}, {0});
+        add("miles away", 0.0, 0.0, {36, 1e7}, {48, 2112});
+        add("hanging without tab stops", 36.0, 18.0, {}, {0});
     }
 
     void tabStops()
@@ -221,10 +242,8 @@ private slots:
         if (!tabs.isEmpty())
             format.setTabPositions(tabs);
         Paragraph paragraph(format);
-        ORVStockFormats::toStock(&paragraph.document);
         QList<double> found;
-        const QList<QTextOption::Tab> stockTabs = paragraph.format().tabPositions();
-        for (const QTextOption::Tab& tab : stockTabs)
+        for (const QTextOption::Tab& tab : paragraph.stockFormat().tabPositions())
             found << tab.position;
         QCOMPARE(found, pixels);
     }
@@ -244,7 +263,7 @@ private slots:
         FETCH(int, alignment, int, shift, int, shown);
         QTextCharFormat format;
         format.setProperty(QTextFormat::TextVerticalAlignment, alignment);
-        format.setProperty(ORVRtfProperty::BaselineShift, shift);
+        format.setProperty(BaselineShift, shift);
         QTextDocument document;
         QTextCursor(&document).insertText("text"_s, format);
         ORVStockFormats::toStock(&document);
@@ -254,12 +273,9 @@ private slots:
     // Qt adds 40 pixels for the list, and puts the marker in front of the first line.
     void listItemsStandWhereRtfSays()
     {
-        QTextListFormat listFormat;
-        ORVTextListFormat::setLevels(listFormat, {level("%0.", 36, 18), level("%0)", 72, 72)});
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        cursor.insertText("hanging\nflat\nstated"_s);
-        QTextList* const list = QTextCursor(document.begin()).createList(listFormat);
+        QTextDocument document("hanging\nflat\nstated"_s);
+        QTextList* const list = QTextCursor(document.begin())
+                                    .createList(listFormat({level("%0.", 36, 18), level("%0)", 72, 72)}));
         const QTextBlock second = document.findBlockByNumber(1);
         const QTextBlock third = document.findBlockByNumber(2);
         list->add(second);
@@ -289,7 +305,7 @@ private slots:
         QCOMPARE(document.begin().blockFormat().leftMargin(), 0.0);
         QCOMPARE(document.begin().blockFormat().textIndent(), 0.0);
         ORVStockFormats::fromStock(&document);
-        QVERIFY(!document.begin().blockFormat().hasProperty(ORVRtfProperty::LeftIndent));
+        QVERIFY(!document.begin().blockFormat().hasProperty(LeftIndent));
     }
 
     // A list that the file does not describe: RTF does not indent its items, Qt does.
@@ -302,10 +318,9 @@ private slots:
 
     void listsWithoutMarkersShowNone()
     {
-        QTextListFormat format;
-        ORVTextListFormat::setLevels(format, {level("", 0, 0), level("", 36, 36)});
         QTextDocument document;
-        QTextList* const list = QTextCursor(&document).createList(format);
+        QTextList* const list =
+            QTextCursor(&document).createList(listFormat({level("", 0, 0), level("", 36, 36)}));
         const QTextListFormat::Style style = list->format().style();
         QVERIFY(style != QTextListFormat::ListStyleUndefined);
         ORVStockFormats::toStock(&document);
@@ -316,14 +331,9 @@ private slots:
 
     void tables()
     {
-        QTextTableFormat format;
-        format.setCellSpacing(0);
-        format.setCellPadding(3);
-        format.setBorder(1.5);
         QTextDocument document;
-        QTextTable* const table = QTextCursor(&document).insertTable(1, 1, format);
-        QTextTableFormat hairline = format;
-        hairline.setBorder(0.05);
+        QTextTable* const table = QTextCursor(&document).insertTable(1, 1, tableFormat(1.5, 3));
+        QTextTableFormat hairline = tableFormat(0.05, 3);
         hairline.setCellSpacing(2);
         QTextCursor cursor(&document);
         cursor.movePosition(QTextCursor::End);
@@ -346,22 +356,16 @@ private slots:
     // RTF counts from the page; a view from the cell that the table stands in, which is a half of it here.
     void nestedTableWidths()
     {
-        QTextTableFormat format;
-        format.setColumnWidthConstraints(
-            {QTextLength(QTextLength::PercentageLength, 50), QTextLength(QTextLength::PercentageLength, 50)});
-        QTextTableFormat inner;
-        inner.setColumnWidthConstraints(
-            {QTextLength(QTextLength::PercentageLength, 20), QTextLength(QTextLength::PercentageLength, 5)});
         QTextDocument document;
-        QTextTable* const table = QTextCursor(&document).insertTable(1, 2, format);
-        QTextTable* const nested = table->cellAt(0, 1).firstCursorPosition().insertTable(1, 2, inner);
+        QTextTable* const table = QTextCursor(&document).insertTable(1, 2, withWidths(percents(50, 50)));
+        QTextTable* const nested =
+            table->cellAt(0, 1).firstCursorPosition().insertTable(1, 2, withWidths(percents(20, 5)));
         ORVStockFormats::toStock(&document);
-        QCOMPARE(table->format().columnWidthConstraints(), format.columnWidthConstraints());
+        QCOMPARE(table->format().columnWidthConstraints(), percents(50, 50));
         QCOMPARE(nested->format().columnWidthConstraints().at(0).rawValue(), 40.0);
         QCOMPARE(nested->format().columnWidthConstraints().at(1).rawValue(), 10.0);
         QTextTableFormat changed = nested->format();
-        changed.setColumnWidthConstraints(
-            {QTextLength(QTextLength::PercentageLength, 60), QTextLength(QTextLength::PercentageLength, 10)});
+        changed.setColumnWidthConstraints(percents(60, 10));
         nested->setFormat(changed);
         ORVStockFormats::fromStock(&document);
         QCOMPARE(nested->format().columnWidthConstraints().at(0).rawValue(), 30.0);
@@ -377,8 +381,7 @@ private slots:
         add("miles",
             "\\li300000000\\fi-2000000000\\ri-2000000000\\sb-77\\sa2000000000"
             "\\tx900000000 a\\par\\pard\\sl2000000000\\slmult1 b\\par\\pard"
-            "\\sl-300000000 c\\par\\trowd\\trgaph300000000\\cellx3001\\intbl d"
-            "\\cell\\row");
+            "\\sl-300000000 c\\par\\trowd\\trgaph300000000\\cellx3001\\intbl d\\cell\\row");
         add("tab stops", "\\li720\\fi-360\\tqr\\tx313\\tx720\\tqdec\\tx1111 a\\tab b");
         add("baselines", "a{\\up7 b}{\\dn3 c}{\\up2\\super d}");
         add("lists",
@@ -386,16 +389,13 @@ private slots:
             "\\listlevel"
             "\\levelnfc4{\\leveltext\\'02\\'01);}\\fi-360\\li1080}\\listid1}{\\list{\\listlevel\\levelnfc255"
             "{\\leveltext\\'00;}}\\listid2}}{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}{"
-            "\\listoverride"
-            "\\listid2\\ls2}}\\pard\\ls1\\ilvl0\\fi-360\\li720 a\\par\\ilvl1 b\\par\\pard\\ls2\\li33 "
-            "c\\par\\pard"
-            "\\ls7 d");
+            "\\listoverride\\listid2\\ls2}}\\pard\\ls1\\ilvl0\\fi-360\\li720 a\\par\\ilvl1 "
+            "b\\par\\pard\\ls2\\li33 c\\par\\pard\\ls7 d");
         add("tables",
             "\\trowd\\clbrdrt\\brdrs\\brdrw7\\clpadl57\\cellx3001\\cellx7777\\intbl a\\cell\\li99 "
-            "b\\cell\\row"
-            "\\pard\\intbl\\itap2 n\\nestcell{\\*\\nesttableprops\\trowd\\cellx1003\\nestrow}\\intbl\\itap1 "
-            "x\\cell y"
-            "\\cell\\row\\pard e");
+            "b\\cell\\row\\pard\\intbl\\itap2 "
+            "n\\nestcell{\\*\\nesttableprops\\trowd\\cellx1003\\nestrow}\\intbl\\itap1 x\\cell "
+            "y\\cell\\row\\pard e");
     }
 
     // The formats, property by property, and the bytes that are written.
@@ -450,54 +450,44 @@ private slots:
         const QTextBlockFormat format = indented(36, 54);
         Paragraph paragraph(format);
         ORVUnit::setScreenResolution(144);
-        ORVStockFormats::toStock(&paragraph.document);
-        QCOMPARE(paragraph.format().leftMargin(), 72.0);
+        QCOMPARE(paragraph.stockFormat().leftMargin(), 72.0);
         ORVUnit::setScreenResolution(96);
-        ORVStockFormats::fromStock(&paragraph.document);
-        QCOMPARE(dump(paragraph.format()), dump(format));
+        QCOMPARE(dump(paragraph.formatFromStock()), dump(format));
     }
 
     void changesInStockFormCount_data()
     {
         const Columns<Properties, Properties> add("change", "application");
         // Before the change: left indent 36, first line at 54, right edge at 414 points.
-        add("left margin", Properties{{QTextFormat::BlockLeftMargin, 96.0}},
-            Properties{{ORVRtfProperty::LeftIndent, 72.0},
-                       {QTextFormat::TextIndent, 90.0},
-                       {ORVRtfProperty::RightIndent, 414.0}});
-        add("first line", Properties{{QTextFormat::TextIndent, -12.0}},
-            Properties{{ORVRtfProperty::LeftIndent, 36.0}, {QTextFormat::TextIndent, 27.0}});
-        add("indent, as editors have it", Properties{{QTextFormat::BlockIndent, 1}},
-            Properties{{ORVRtfProperty::LeftIndent, 66.0}, {QTextFormat::TextIndent, 84.0}});
-        add("right margin", Properties{{QTextFormat::BlockRightMargin, 48.0}},
-            Properties{{ORVRtfProperty::RightIndent, 396.0}});
-        add("no right margin", Properties{{QTextFormat::BlockRightMargin, 0.0}},
-            Properties{{ORVRtfProperty::RightIndent, QVariant()}});
-        add("space above", Properties{{QTextFormat::BlockTopMargin, 16.0}},
-            Properties{{QTextFormat::BlockTopMargin, 12.0}});
+        add("left margin", {{QTextFormat::BlockLeftMargin, 96.0}},
+            {{LeftIndent, 72.0}, {QTextFormat::TextIndent, 90.0}, {RightIndent, 414.0}});
+        add("first line", {{QTextFormat::TextIndent, -12.0}},
+            {{LeftIndent, 36.0}, {QTextFormat::TextIndent, 27.0}});
+        add("indent, as editors have it", {{QTextFormat::BlockIndent, 1}},
+            {{LeftIndent, 66.0}, {QTextFormat::TextIndent, 84.0}});
+        add("right margin", {{QTextFormat::BlockRightMargin, 48.0}}, {{RightIndent, 396.0}});
+        add("no right margin", {{QTextFormat::BlockRightMargin, 0.0}}, {{RightIndent, QVariant()}});
+        add("space above", {{QTextFormat::BlockTopMargin, 16.0}}, {{QTextFormat::BlockTopMargin, 12.0}});
         add("double lines",
-            Properties{{QTextFormat::LineHeight, 200.0},
-                       {QTextFormat::LineHeightType, int(QTextBlockFormat::ProportionalHeight)}},
-            Properties{{ORVRtfProperty::LineSpacing, 24.0},
-                       {ORVRtfProperty::LineMultiple, 12.0},
-                       {QTextFormat::LineHeight, QVariant()}});
+            {{QTextFormat::LineHeight, 200.0},
+             {QTextFormat::LineHeightType, int(QTextBlockFormat::ProportionalHeight)}},
+            {{LineSpacing, 24.0}, {LineMultiple, 12.0}, {QTextFormat::LineHeight, QVariant()}});
         add("single lines",
-            Properties{{QTextFormat::LineHeight, 0.0},
-                       {QTextFormat::LineHeightType, int(QTextBlockFormat::SingleHeight)}},
-            Properties{{ORVRtfProperty::LineSpacing, QVariant()}});
+            {{QTextFormat::LineHeight, 0.0},
+             {QTextFormat::LineHeightType, int(QTextBlockFormat::SingleHeight)}},
+            {{LineSpacing, QVariant()}});
     }
 
     void changesInStockFormCount()
     {
         FETCH(Properties, change, Properties, application);
         QTextBlockFormat format = indented(36, 54);
-        format.setProperty(ORVRtfProperty::RightIndent, 414.0);
-        format.setProperty(ORVRtfProperty::LineSpacing, -20.0);
+        format.setProperty(RightIndent, 414.0);
+        format.setProperty(LineSpacing, -20.0);
         Paragraph paragraph(format);
         ORVStockFormats::toStock(&paragraph.document);
         paragraph.merge(formatWith(change));
-        ORVStockFormats::fromStock(&paragraph.document);
-        const QTextBlockFormat result = paragraph.format();
+        const QTextBlockFormat result = paragraph.formatFromStock();
         for (Properties::const_iterator it = application.begin(); it != application.end(); ++it)
             QCOMPARE(result.property(it.key()), it.value());
         QVERIFY(!result.hasProperty(QTextFormat::BlockLeftMargin));
@@ -509,8 +499,7 @@ private slots:
         QTextBlockFormat format = indented(36, 54);
         format.setTabPositions({QTextOption::Tab(100, QTextOption::RightTab)});
         Paragraph paragraph(format);
-        ORVStockFormats::toStock(&paragraph.document);
-        const QTextOption::Tab stock = paragraph.format().tabPositions().constFirst();
+        const QTextOption::Tab stock = paragraph.stockFormat().tabPositions().constFirst();
         for (const int unused : {0, 0x5A}) {
             alignas(QTextOption::Tab) unsigned char memory[sizeof(QTextOption::Tab)];
             memset(memory, unused, sizeof memory);
@@ -521,8 +510,7 @@ private slots:
             change.setLeftMargin(unused + 10);
             paragraph.merge(change);
         }
-        ORVStockFormats::fromStock(&paragraph.document);
-        QCOMPARE(paragraph.format().tabPositions(), format.tabPositions());
+        QCOMPARE(paragraph.formatFromStock().tabPositions(), format.tabPositions());
     }
 
     void changedOtherPropertiesStay()
@@ -530,17 +518,16 @@ private slots:
         Paragraph paragraph(indented(36.05, 18.3));
         ORVStockFormats::toStock(&paragraph.document);
         paragraph.merge(formatWith({{QTextFormat::BlockAlignment, int(Qt::AlignRight)}}));
-        ORVStockFormats::fromStock(&paragraph.document);
         QTextBlockFormat expected = indented(36.05, 18.3);
         expected.setProperty(QTextFormat::BlockAlignment, int(Qt::AlignRight));
-        QCOMPARE(dump(paragraph.format()), dump(expected));
+        QCOMPARE(dump(paragraph.formatFromStock()), dump(expected));
     }
 
     void changedBaseline()
     {
         QTextCharFormat format;
         format.setVerticalAlignment(QTextCharFormat::AlignMiddle);
-        format.setProperty(ORVRtfProperty::BaselineShift, 6);
+        format.setProperty(BaselineShift, 6);
         QTextDocument document;
         QTextCursor cursor(&document);
         cursor.insertText("text"_s, format);
@@ -555,10 +542,8 @@ private slots:
 
     void changedListStyle()
     {
-        QTextListFormat format;
-        ORVTextListFormat::setLevels(format, {level("", 0, 0)});
         QTextDocument document;
-        QTextList* const list = QTextCursor(&document).createList(format);
+        QTextList* const list = QTextCursor(&document).createList(listFormat({level("", 0, 0)}));
         ORVStockFormats::toStock(&document);
         QTextListFormat changed = list->format();
         changed.setStyle(QTextListFormat::ListSquare);
@@ -569,12 +554,8 @@ private slots:
 
     void changedTable()
     {
-        QTextTableFormat format;
-        format.setCellSpacing(0);
-        format.setCellPadding(3.01);
-        format.setBorder(1.5);
         QTextDocument document;
-        QTextTable* const table = QTextCursor(&document).insertTable(1, 1, format);
+        QTextTable* const table = QTextCursor(&document).insertTable(1, 1, tableFormat(1.5, 3.01));
         ORVStockFormats::toStock(&document);
         QTextTableFormat changed = table->format();
         changed.setBorder(4);
@@ -587,18 +568,16 @@ private slots:
     // In a list Qt adds 40 pixels, which the paragraph loses with the list.
     void leavingAListKeepsThePlace()
     {
-        QTextListFormat listFormat;
-        ORVTextListFormat::setLevels(listFormat, {level("%0.", 36, 18)});
         QTextDocument document;
         QTextCursor cursor(&document);
-        QTextList* const list = cursor.createList(listFormat);
+        QTextList* const list = cursor.createList(listFormat({level("%0.", 36, 18)}));
         ORVTextListFormat::setBlockLevel(list, document.begin(), 0);
         ORVStockFormats::toStock(&document);
         QTextBlockFormat format = document.begin().blockFormat();
         format.setObjectIndex(-1);
         cursor.setBlockFormat(format);
         ORVStockFormats::fromStock(&document);
-        QCOMPARE(document.begin().blockFormat().property(ORVRtfProperty::LeftIndent), QVariant(6.0));
+        QCOMPARE(document.begin().blockFormat().property(LeftIndent), QVariant(6.0));
     }
 
     void htmlToRtf_data()
@@ -632,8 +611,7 @@ private slots:
     {
         QTextDocument document;
         document.setHtml(
-            "<p style=\"margin-top:16px\">a</p><ul><li>b</li></ul><table border=\"4\" cellpadding=\"8\">"
-            "<tr><td width=\"100\">c</td></tr></table>"_s);
+            "<p style=\"margin-top:16px\">a</p><ul><li>b</li></ul><table border=\"4\" cellpadding=\"8\"><tr><td width=\"100\">c</td></tr></table>"_s);
         ORVStockFormats::fromStock(&document);
         const QStringList formats = formatsOf(document);
         QCOMPARE(document.begin().blockFormat().topMargin(), 12.0);
@@ -646,8 +624,7 @@ private slots:
         QTextBlockFormat format = indented(36, 18);
         format.setTopMargin(12);
         Paragraph paragraph(format);
-        ORVStockFormats::fromStock(&paragraph.document);
-        QCOMPARE(dump(paragraph.format()), dump(format));
+        QCOMPARE(dump(paragraph.formatFromStock()), dump(format));
     }
 
     void undo()
@@ -660,9 +637,8 @@ private slots:
         QCOMPARE(dump(paragraph.format()), dump(indented(36, 18)));
 
         paragraph.document.setUndoRedoEnabled(false);
-        ORVStockFormats::toStock(&paragraph.document);
+        QCOMPARE(paragraph.stockFormat().leftMargin(), 48.0);
         QCOMPARE(paragraph.document.availableUndoSteps(), 0);
-        QCOMPARE(paragraph.format().leftMargin(), 48.0);
     }
 };
 
