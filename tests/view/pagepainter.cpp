@@ -17,13 +17,27 @@ ORVPageSetup smallPage()
     return setup;
 }
 
-/*! Fills \a document with a black square of so many pixels (96 to the inch). */
-void insertSquare(QTextDocument* document, int side)
+/*! Inserts a black square of so many pixels (96 to the inch). */
+void insertSquare(QTextCursor cursor, int side)
 {
     QImage square(side, side, QImage::Format_RGB32);
     square.fill(Qt::black);
-    document->addResource(QTextDocument::ImageResource, QUrl("square"_s), square);
-    QTextCursor(document).insertImage("square"_s);
+    cursor.document()->addResource(QTextDocument::ImageResource, QUrl("square"_s), square);
+    cursor.insertImage("square"_s);
+}
+
+QTextBlockFormat pageBreak()
+{
+    QTextBlockFormat format;
+    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    return format;
+}
+
+/*! Has each paragraph but the first begin a page. */
+void breakParagraphs(QTextDocument* document)
+{
+    for (QTextBlock block = document->begin().next(); block.isValid(); block = block.next())
+        QTextCursor(block).mergeBlockFormat(pageBreak());
 }
 
 QImage painted(const ORVPagePainter& pages, const ORVPageSetup& setup, int resolution, int page)
@@ -33,6 +47,11 @@ QImage painted(const ORVPagePainter& pages, const ORVPageSetup& setup, int resol
     QPainter painter(&image);
     pages.paintPage(&painter, page);
     return image;
+}
+
+QImage painted(const QTextDocument& document, const ORVPageSetup& setup, int page = 0)
+{
+    return painted(ORVPagePainter(&document, setup, 96), setup, 96, page);
 }
 
 /*! What is not white within \a area; null when all is. */
@@ -60,27 +79,19 @@ class TestPagePainter : public QObject {
     Q_OBJECT
 
 private slots:
-    void emptyDocumentIsOnePage()
+    void emptyAndNullDocumentsAreAnEmptyPage()
     {
-        const QTextDocument document;
-        const ORVPageSetup setup = smallPage();
-        const ORVPagePainter pages(&document, setup, 72);
-        QCOMPARE(pages.pageCount(), 1);
-        QCOMPARE(darkArea(painted(pages, setup, 72, 0)), QRect());
-    }
-
-    void nullDocumentIsAnEmptyPage()
-    {
-        const ORVPageSetup setup = smallPage();
-        const ORVPagePainter pages(nullptr, setup, 72);
-        QCOMPARE(pages.pageCount(), 1);
-        QCOMPARE(darkArea(painted(pages, setup, 72, 0)), QRect());
+        const QTextDocument empty;
+        for (const QTextDocument* document : {&empty, static_cast<const QTextDocument*>(nullptr)}) {
+            const ORVPagePainter pages(document, smallPage(), 72);
+            QCOMPARE(pages.pageCount(), 1);
+            QCOMPARE(darkArea(painted(pages, smallPage(), 72, 0)), QRect());
+        }
     }
 
     void nullPainterPaintsNothing()
     {
-        QTextDocument document;
-        document.setPlainText("text"_s);
+        QTextDocument document("text"_s);
         const ORVPagePainter pages(&document, smallPage(), 72);
         pages.paintPage(nullptr, 0);
         QCOMPARE(pages.pageCount(), 1);
@@ -90,8 +101,7 @@ private slots:
     {
         ORVPageSetup setup = smallPage();
         setup.header.text = "Header"_s;
-        QTextDocument document;
-        document.setPlainText("text"_s);
+        QTextDocument document("text"_s);
         const ORVPagePainter pages(&document, setup, 72);
         QCOMPARE(darkArea(painted(pages, setup, 72, 1)), QRect());
         QCOMPARE(darkArea(painted(pages, setup, 72, -1)), QRect());
@@ -110,7 +120,7 @@ private slots:
     {
         FETCH(int, resolution);
         QTextDocument document;
-        insertSquare(&document, 30);
+        insertSquare(QTextCursor(&document), 30);
         const ORVPageSetup setup = smallPage();
         const ORVPagePainter pages(&document, setup, resolution);
         QCOMPARE(pages.pageCount(), 1);
@@ -122,12 +132,8 @@ private slots:
 
     void pageBreaks()
     {
-        QTextDocument document;
-        document.setPlainText("one\ntwo\nthree"_s);
-        QTextBlockFormat format;
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-        QTextCursor(document.findBlockByNumber(1)).mergeBlockFormat(format);
-        QTextCursor(document.findBlockByNumber(2)).mergeBlockFormat(format);
+        QTextDocument document("one\ntwo\nthree"_s);
+        breakParagraphs(&document);
         QCOMPARE(ORVPagePainter(&document, smallPage(), 96).pageCount(), 3);
     }
 
@@ -139,7 +145,7 @@ private slots:
         font.setPixelSize(1);
         document.setDefaultFont(font);
         for (int i = 0; i < 7; ++i) {
-            insertSquare(&document, 48);
+            insertSquare(QTextCursor(&document), 48);
             if (i < 6)
                 QTextCursor(&document).insertBlock();
         }
@@ -160,13 +166,11 @@ private slots:
     void pagesDoNotDrift()
     {
         QTextDocument document;
-        QTextBlockFormat format;
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
         for (int i = 0; i < 201; ++i) {
             if (i > 0)
                 QTextCursor(&document).insertBlock();
-            insertSquare(&document, 10);
-            QTextCursor(&document).setBlockFormat(i < 200 ? format : QTextBlockFormat());
+            insertSquare(QTextCursor(&document), 10);
+            QTextCursor(&document).setBlockFormat(i < 200 ? pageBreak() : QTextBlockFormat());
         }
         ORVPageSetup setup = smallPage();
         setup.page.paperSize.setHeight(216.37);
@@ -209,11 +213,9 @@ private slots:
 
     void emptySpaceIsLimited_data()
     {
-        QTextBlockFormat format;
         const Columns<QTextBlockFormat> add("format");
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-        add("page breaks", format);
-        format = QTextBlockFormat();
+        add("page breaks", pageBreak());
+        QTextBlockFormat format;
         format.setTopMargin(2000);
         add("space above", format);
         format = QTextBlockFormat();
@@ -257,12 +259,12 @@ private slots:
     {
         FETCH(int, property, double, pixels);
         QTextDocument document;
-        insertSquare(&document, 10);
+        insertSquare(QTextCursor(&document), 10);
         QTextBlockFormat format;
         format.setProperty(property, pixels);
         QTextCursor(&document).mergeBlockFormat(format);
         const ORVPageSetup setup = smallPage();
-        QTEST(darkArea(painted(ORVPagePainter(&document, setup, 96), setup, 96, 0)).left(), "left");
+        QTEST(darkArea(painted(document, setup)).left(), "left");
     }
 
     // (120 - 24) / 2 pixels on each side.
@@ -274,12 +276,9 @@ private slots:
         format.setCellSpacing(0);
         format.setCellPadding(1e8);
         QTextCursor(&document).insertTable(1, 1, format);
-        QImage square(10, 10, QImage::Format_RGB32);
-        square.fill(Qt::black);
-        document.addResource(QTextDocument::ImageResource, QUrl("square"_s), square);
-        QTextCursor(document.begin().next()).insertImage("square"_s);
+        insertSquare(QTextCursor(document.begin().next()), 10);
         const ORVPageSetup setup = smallPage();
-        QCOMPARE(darkArea(painted(ORVPagePainter(&document, setup, 96), setup, 96, 0)).left(), 24 + 48);
+        QCOMPARE(darkArea(painted(document, setup)).left(), 24 + 48);
     }
 
     void largestFont_data()
@@ -313,8 +312,7 @@ private slots:
 
     void documentStaysAsItIs()
     {
-        QTextDocument document;
-        document.setPlainText("text"_s);
+        QTextDocument document("text"_s);
         const double margin = document.documentMargin();
         const QSizeF size = document.pageSize();
         const ORVPagePainter pages(&document, smallPage(), 96);
@@ -326,16 +324,12 @@ private slots:
     // 48 pixels behind the left margin, which is 24 pixels wide.
     void tabStopsAreHalfAnInchApart()
     {
-        QTextDocument document;
-        document.setPlainText("\t"_s);
-        QImage square(8, 8, QImage::Format_RGB32);
-        square.fill(Qt::black);
-        document.addResource(QTextDocument::ImageResource, QUrl("square"_s), square);
+        QTextDocument document("\t"_s);
         QTextCursor cursor(&document);
         cursor.movePosition(QTextCursor::End);
-        cursor.insertImage("square"_s);
+        insertSquare(cursor, 8);
         const ORVPageSetup setup = smallPage();
-        QCOMPARE(darkArea(painted(ORVPagePainter(&document, setup, 96), setup, 96, 0)).left(), 24 + 48);
+        QCOMPARE(darkArea(painted(document, setup)).left(), 24 + 48);
     }
 
     void marginTexts_data()
@@ -359,11 +353,8 @@ private slots:
         text.font.setPointSize(6);
         text.alignment = Qt::Alignment(alignment);
         setup.firstPageHasMarginTexts = onFirstPage;
-        QTextDocument document;
-        document.setPlainText(" \n "_s);
-        QTextBlockFormat format;
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-        QTextCursor(document.lastBlock()).mergeBlockFormat(format);
+        QTextDocument document(" \n "_s);
+        breakParagraphs(&document);
         const ORVPagePainter pages(&document, setup, 96);
         QCOMPARE(pages.pageCount(), 2);
 
@@ -385,19 +376,16 @@ private slots:
     // What the placeholders give looks as if it had been written so.
     void placeholders()
     {
-        QTextDocument document;
-        document.setPlainText(" \n "_s);
-        QTextBlockFormat format;
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-        QTextCursor(document.lastBlock()).mergeBlockFormat(format);
+        QTextDocument document(" \n "_s);
+        breakParagraphs(&document);
         ORVPageSetup setup = smallPage();
         setup.firstNumber = 6;
         setup.footer.text = "Page <$p> of <$pagecount>"_s;
         ORVPageSetup expected = setup;
         expected.footer.text = "Page 7 of 2"_s;
-        const QImage image = painted(ORVPagePainter(&document, setup, 96), setup, 96, 1);
-        QCOMPARE(image, painted(ORVPagePainter(&document, expected, 96), expected, 96, 1));
-        QVERIFY(image != painted(ORVPagePainter(&document, expected, 96), expected, 96, 2));
+        const QImage image = painted(document, setup, 1);
+        QCOMPARE(image, painted(document, expected, 1));
+        QVERIFY(image != painted(document, expected, 2));
     }
 
     void unusablePaper_data()
@@ -418,19 +406,15 @@ private slots:
         ORVPageSetup setup;
         setup.page = {paper, margin, margin, margin, margin};
         QTEST(setup.page.textArea(), "textArea");
-        QTextDocument document;
-        document.setPlainText("text"_s);
+        QTextDocument document("text"_s);
         QVERIFY(ORVPagePainter(&document, setup, 96).pageCount() >= 1);
     }
 
     void pdfHasAllPages()
     {
-        QTextDocument document;
-        document.setPlainText("one\ntwo"_s);
+        QTextDocument document("one\ntwo"_s);
         document.setMetaInformation(QTextDocument::DocumentTitle, "Numbers"_s);
-        QTextBlockFormat format;
-        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-        QTextCursor(document.lastBlock()).mergeBlockFormat(format);
+        breakParagraphs(&document);
         QByteArray pdf = ORVPagePdf::make(&document, smallPage(), "test"_s);
         QVERIFY(pdf.startsWith("%PDF-"));
         QCOMPARE(pdf.count("/Type /Page\n"), 2);
