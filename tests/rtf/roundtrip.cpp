@@ -8,6 +8,8 @@ using namespace rtftest;
 
 namespace {
 
+typedef QSharedPointer<QTextDocument> Document;
+
 /*! The format that plain text has once it was read: what each paragraph and each run state anew. */
 QTextCharFormat textFormat()
 {
@@ -58,8 +60,7 @@ QString formattedContentOf(const QTextDocument& document, bool withUnderlineColo
     QStringList lines;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         lines << "paragraph "_s + dump(block.blockFormat());
-        const QList<QTextFragment> fragments = fragmentsOf(block);
-        for (const QTextFragment& fragment : fragments) {
+        for (const QTextFragment& fragment : fragmentsOf(block)) {
             Properties properties = propertiesOf(fragment.charFormat());
             if (!withUnderlineColors)
                 properties.remove(QTextFormat::TextUnderlineColor);
@@ -81,6 +82,22 @@ struct RoundTrip {
     Reading reading;
     QByteArray second;
 };
+
+/*! Compares what was read with \a document, and what was written again with what was written first. */
+void checkThatAllComesBack(const RoundTrip& trip, const QTextDocument& document,
+                           bool withUnderlineColors = true)
+{
+    QCOMPARE(trip.reading.status, 0);
+    QCOMPARE(formattedContentOf(*trip.reading.document, withUnderlineColors), formattedContentOf(document));
+    QCOMPARE(trip.second, trip.first);
+}
+
+/*! Compares what is written of what was read with what is then written again. */
+void checkThatItSettles(const RoundTrip& trip)
+{
+    const RoundTrip again(*trip.reading.document);
+    QCOMPARE(again.second, again.first);
+}
 
 QTextBlockFormat paragraphWith(int property, const QVariant& value)
 {
@@ -198,12 +215,10 @@ private slots:
     void characters()
     {
         FETCH(QString, text);
-        const QSharedPointer<QTextDocument> document = textDocument(text, textFormat());
+        const Document document = textDocument(text, textFormat());
         const RoundTrip trip(*document);
-        QCOMPARE(trip.reading.status, 0);
         QCOMPARE(trip.reading.text(), text);
-        QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
-        QCOMPARE(trip.second, trip.first);
+        checkThatAllComesBack(trip, *document);
     }
 
     void characterFormats_data()
@@ -241,15 +256,9 @@ private slots:
     void characterFormats()
     {
         FETCH(QTextCharFormat, format);
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCursor cursor(document.data());
-        cursor.insertText("before ", textFormat());
-        cursor.insertText("run", format);
-        cursor.insertText(" after", textFormat());
-        const RoundTrip trip(*document);
-        QCOMPARE(trip.reading.status, 0);
-        QCOMPARE(formattedContentOf(*trip.reading.document, false), formattedContentOf(*document));
-        QCOMPARE(trip.second, trip.first);
+        Story story;
+        story.add("before ", textFormat()).add("run", format).add(" after", textFormat());
+        checkThatAllComesBack(RoundTrip(*story.document()), *story.document(), false);
     }
 
     void paragraphFormats_data()
@@ -281,7 +290,7 @@ private slots:
     void paragraphFormats()
     {
         FETCH(QTextBlockFormat, format);
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextCursor cursor(document.data());
         cursor.insertText("before", textFormat());
         cursor.insertBlock(format);
@@ -290,10 +299,7 @@ private slots:
         cursor.insertText("two", textFormat());
         cursor.insertBlock(QTextBlockFormat());
         cursor.insertText("after", textFormat());
-        const RoundTrip trip(*document);
-        QCOMPARE(trip.reading.status, 0);
-        QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
-        QCOMPARE(trip.second, trip.first);
+        checkThatAllComesBack(RoundTrip(*document), *document);
     }
 
     void tabStops()
@@ -304,7 +310,7 @@ private slots:
             QTextOption::Tab(200, QTextOption::DelimiterTab, QLatin1Char('.'))};
         QTextBlockFormat format;
         format.setTabPositions(tabs);
-        const QSharedPointer<QTextDocument> document = textDocument("a\tb", textFormat());
+        const Document document = textDocument("a\tb", textFormat());
         QTextCursor(document.data()).setBlockFormat(format);
         const RoundTrip trip(*document);
         QCOMPARE(trip.reading.blockFormat(0).tabPositions(), tabs);
@@ -313,46 +319,30 @@ private slots:
 
     void inlineNotes()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCursor cursor(document.data());
-        cursor.insertText("one", textFormat());
-        cursor.insertText("footnote", textWith(ORVRtfProperty::InFootnote, true));
-        QTextCharFormat bold = textWith(ORVRtfProperty::InFootnote, true);
-        bold.setFontWeight(QFont::Bold);
-        cursor.insertText(" in bold", bold);
-        cursor.insertText("two", textFormat());
-        cursor.insertText("annotation", textWith(ORVRtfProperty::InAnnotation, true));
-        cursor.insertBlock();
-        cursor.insertText("on two paragraphs", textWith(ORVRtfProperty::InAnnotation, true));
-        cursor.insertText("three", textFormat());
-        const RoundTrip trip(*document);
-        QCOMPARE(trip.reading.status, 0);
-        QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
-        QCOMPARE(trip.second, trip.first);
+        const QTextCharFormat footnote = textWith(ORVRtfProperty::InFootnote, true);
+        const QTextCharFormat annotation = textWith(ORVRtfProperty::InAnnotation, true);
+        Story story;
+        story.add("one", textFormat()).add("footnote", footnote).add(" in bold", bold(footnote));
+        story.add("two", textFormat()).add("annotation", annotation).paragraph();
+        story.add("on two paragraphs", annotation).add("three", textFormat());
+        checkThatAllComesBack(RoundTrip(*story.document()), *story.document());
     }
 
     void links()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCursor cursor(document.data());
-        cursor.insertText("before", textFormat());
-        cursor.insertText("one", link("http://localhost/a?b=c&d"));
-        QTextCharFormat italic = link("http://localhost/a?b=c&d");
+        const QTextCharFormat page = link("http://localhost/a?b=c&d");
+        const QTextCharFormat file = link("c:\\{notes}\\file.txt");
+        QTextCharFormat italic = page;
         italic.setFontItalic(true);
-        cursor.insertText("two", italic);
-        cursor.insertText("other", link("c:\\{notes}\\file.txt"));
-        cursor.insertBlock();
-        cursor.insertText("next", link("c:\\{notes}\\file.txt"));
-        cursor.insertText("after", textFormat());
-        const RoundTrip trip(*document);
-        QCOMPARE(trip.reading.status, 0);
-        QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
-        QCOMPARE(trip.second, trip.first);
+        Story story;
+        story.add("before", textFormat()).add("one", page).add("two", italic).add("other", file);
+        story.paragraph().add("next", file).add("after", textFormat());
+        checkThatAllComesBack(RoundTrip(*story.document()), *story.document());
     }
 
     void pictures()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         document->addResource(QTextDocument::ImageResource, QUrl("picture.png"), gradient());
         QTextImageFormat formula = picture(50, 30);
         formula.setProperty(ORVRtfProperty::MathML, "<math>{a\\b}</math>"_s);
@@ -375,15 +365,14 @@ private slots:
         QCOMPARE(QSizeF(images.at(2).width(), images.at(2).height()), QSizeF(50, 30));
         QCOMPARE(images.at(2).stringProperty(ORVRtfProperty::MathML), "<math>{a\\b}</math>"_s);
         // Read pictures are named for their pixels, so the names settle with the second writing.
-        const RoundTrip again(*trip.reading.document);
-        QCOMPARE(again.second, again.first);
+        checkThatItSettles(trip);
     }
 
     void jpegPictures()
     {
         const QByteArray bytes = ORVGuiUtil::toByteArray(gradient(), "JPEG", 90);
         QVERIFY(!bytes.isEmpty());
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         document->addResource(QTextDocument::ImageResource, QUrl("picture.png"), QImage::fromData(bytes));
         QTextImageFormat format = picture(5, 3);
         format.setProperty(ORVRtfProperty::SourceImageData, bytes);
@@ -410,7 +399,7 @@ private slots:
         }
         QTextListFormat format;
         ORVTextListFormat::setLevels(format, levels);
-        const QSharedPointer<QTextDocument> document = textDocument("Item 0", textFormat());
+        const Document document = textDocument("Item 0", textFormat());
         QTextCursor cursor(document.data());
         cursor.movePosition(QTextCursor::End);
         QTextList* list = cursor.createList(format);
@@ -438,7 +427,7 @@ private slots:
 
     void tables()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextTableFormat format;
         format.setBorder(1.5);
         format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
@@ -484,7 +473,7 @@ private slots:
 
     void nestedTables()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextTable* outer = QTextCursor(document.data()).insertTable(2, 2);
         QTextCursor cell = outer->cellAt(0, 1).firstCursorPosition();
         cell.insertText("before", textFormat());
@@ -505,13 +494,12 @@ private slots:
         QTextTable* readInner = QTextCursor(readCell.firstCursorPosition().block().next()).currentTable();
         QVERIFY(readInner && readInner != read);
         QCOMPARE(cellsOf(*readInner), cellsOf(*inner));
-        const RoundTrip again(*trip.reading.document);
-        QCOMPARE(again.second, again.first);
+        checkThatItSettles(trip);
     }
 
     void paragraphsAroundTables()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
+        const Document document = newDocument();
         QTextCursor cursor(document.data());
         cursor.insertText("before", textFormat());
         for (int i = 0; i < 2; ++i) {
@@ -533,26 +521,18 @@ private slots:
 
     void mixedDocument()
     {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCursor cursor(document.data());
-        QTextCharFormat bold = textWith(QTextFormat::FontWeight, int(QFont::Bold));
-        QTextCharFormat red = textWith(QTextFormat::ForegroundBrush, QBrush(Qt::red));
+        Story story;
         for (int i = 0; i < 50; ++i) {
-            QTextBlockFormat format = paragraphWith(QTextFormat::BlockAlignment, 1 << (i % 4));
             if (i > 0)
-                cursor.insertBlock(format, textFormat());
-            else
-                cursor.setBlockFormat(format);
-            cursor.insertText("plain %1 "_s.arg(i), textFormat());
-            cursor.insertText("bold", bold);
-            cursor.insertText(" red ", red);
-            cursor.insertText("link", link(i % 2 ? "a" : "b"));
-            cursor.insertText("note", textWith(ORVRtfProperty::InFootnote, true));
-            cursor.insertText(".", textFormat());
+                story.paragraph();
+            story.format(paragraphWith(QTextFormat::BlockAlignment, 1 << (i % 4)));
+            story.add("plain %1 "_s.arg(i), textFormat());
+            story.add("bold", textWith(QTextFormat::FontWeight, int(QFont::Bold)));
+            story.add(" red ", textWith(QTextFormat::ForegroundBrush, QBrush(Qt::red)));
+            story.add("link", link(i % 2 ? "a" : "b"));
+            story.add("note", textWith(ORVRtfProperty::InFootnote, true)).add(".", textFormat());
         }
-        const RoundTrip trip(*document);
-        QCOMPARE(formattedContentOf(*trip.reading.document), formattedContentOf(*document));
-        QCOMPARE(trip.second, trip.first);
+        checkThatAllComesBack(RoundTrip(*story.document()), *story.document());
     }
 
     void samples_data()
