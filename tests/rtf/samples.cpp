@@ -76,14 +76,12 @@ private slots:
         row("tabs", "libreoffice-paragraphs", "left0\tcolumn envelope\tmiddle\tright0\t0.00");
         row("inserted text is read", "libreoffice-revisions",
             "S\u00f8ren noticed the third blanket and listened. inserted words plough clever curtain kept. "
-            "Her "
-            "chapel "
+            "Her chapel "
             "lifted her kitchen almost; S\u00f8ren translated her blanket among the apple trees.");
         row("deleted text is read", "libreoffice-revisions",
             "The apprentice wandered in silence, and Ilse and Jakob sang near the old quarry. deleted words "
-            "ferry "
-            "market foreignkept. Owen described the quiet painter near the old quarry \u2014 or so Jakob "
-            "claimed.");
+            "ferry market foreignkept. Owen described the quiet painter near the old quarry \u2014 or so "
+            "Jakob claimed.");
         row("results of fields", "libreoffice-links",
             "Page 1 of 2, figure 1. Anton noticed a faded letter among the apple trees.");
         row("bookmarks leave no text", "libreoffice-links",
@@ -93,24 +91,18 @@ private slots:
             "Two adjacent links touching, then a link with bold and italic parts.");
         row("fallback of one letter", "pandoc-links",
             "Nobody remembered the distant staircase at the end of the corridor, and Luc\u00eda opened his "
-            "careful "
-            "workshop under the bridge. See the plain web link for more. \u00c9lodie mended the portrait and "
-            "trembled "
-            "\u2014 or so Owen claimed.");
+            "careful workshop under the bridge. See the plain web link for more. \u00c9lodie mended the "
+            "portrait and trembled \u2014 or so Owen claimed.");
         row("bullets as text", "pandoc-lists", "\u2022\tThe heavy newspaper shivered before noon.");
         row("note in line", "libreoffice-notes",
             "A sudden violin trembled in silence; Jakob and Anton trembled beside the harbour wallFoot 1: "
-            "When "
-            "the "
-            "kettle followed a hollow river at last, \u00c9lodie watched a tidy barn at the end of the "
-            "corridor.. The "
+            "When the kettle followed a hollow river at last, \u00c9lodie watched a tidy barn at the end of "
+            "the corridor.. The "
             "curious clock buried the stubborn blanket at last, and a damp orchard sang carefully.");
         row("comment in line", "libreoffice-notes",
             "S\u00f8ren mended a heavy portrait outside the station. commented range brittle liftedRemark 1: "
-            "a "
-            "plain "
-            "staircase lifted the forgotten plough before noon follows. \u00c9lodie counted her bridge and "
-            "vanished.");
+            "a plain staircase lifted the forgotten plough before noon follows. \u00c9lodie counted her "
+            "bridge and vanished.");
 
         // One text as three programs write it.
         const char* const writers[] = {"libreoffice-languages", "abiword-languages", "pandoc-languages"};
@@ -137,8 +129,7 @@ private slots:
             "Hyphens: soft\u00adhyphen non\u2011breaking hyphen");
         row("quotes", "pandoc-languages",
             "Quotes: \u2018single\u2019 \u201cdouble\u201d \u201elow\u201d \u00abguillemets\u00bb "
-            "\u2039small\u203a "
-            "\u201alow single\u2019 'straight' \"straight\"");
+            "\u2039small\u203a \u201alow single\u2019 'straight' \"straight\"");
         row("spaces", "libreoffice-languages",
             "Spaces: nbsp\u00a0here en\u2002space em\u2003space thin\u2009space narrow\u202fnbsp "
             "zero\u200bwidth");
@@ -351,8 +342,7 @@ private slots:
         row("libreoffice-notes", footnote, "A note with formats", "Bold note and italic and a link in note");
         row("libreoffice-notes", footnote, "Owen studied her violin on the upper landing.",
             "End 1: When Ilse crossed his faded ferry on the upper landing, his invisible clock measured the "
-            "cellar "
-            "half asleep.");
+            "cellar half asleep.");
         row("libreoffice-notes", ORVRtfProperty::InAnnotation, "Anton unlocked the gardener and left. ",
             "Remark 2: her cellar buried the pale clock before noon");
     }
@@ -409,9 +399,9 @@ private slots:
     void tables_data()
     {
         const Columns<QString, QString> add("name", "shapes");
-        const QString grids = "3: apple, bridge(c2) / candle(r2), dapple, ember / falcon, garden(r2) "
-                              "/ hollow(c2)\n"
-                              "3: island, jacket(c2) / kettle(c2), lantern"_s;
+        const QString grids =
+            "3: apple, bridge(c2) / candle(r2), dapple, ember / falcon, garden(r2) / hollow(c2)\n"
+            "3: island, jacket(c2) / kettle(c2), lantern"_s;
         add("LibreOffice", "libreoffice-grids", grids);
         add("AbiWord", "abiword-grids", grids);
         // An empty paragraph surrounds a table in a cell on either side.
