@@ -86,20 +86,15 @@ private slots:
         QMimeData mime;
         ORVTextRtf::setRtfMimeData(&mime, document.data());
         QCOMPARE(mime.formats(), ORV::rtfMimeTypes());
-        const QByteArray expected = documentHead() + firstParagraph() + run("Hello") + "}";
-        for (const QString& type : mime.formats())
-            QCOMPARE(mime.data(type), expected);
-    }
-
-    void plainFlavourIsConvertedOnce()
-    {
-        QMimeData mime;
-        ORVTextRtf::setRtfMimeData(&mime, textDocument("Hello"_s).data());
-        // Byte arrays that stem from one conversion share their memory.
         const QByteArray first = mime.data(ORV::rtfMimeTypes().first());
-        for (const QString& type : ORV::rtfMimeTypes())
+        for (const QString& type : mime.formats()) {
+            QCOMPARE(mime.data(type), documentHead() + firstParagraph() + run("Hello") + "}");
+            // Byte arrays that stem from one conversion share their memory.
             QCOMPARE(static_cast<const void*>(mime.data(type).constData()),
                      static_cast<const void*>(first.constData()));
+        }
+        QVERIFY(document->isUndoAvailable());
+        QCOMPARE(textOf(*document), "Hello"_s);
     }
 
     void plainFlavourEndsTheParagraphBeforeATable()
@@ -115,15 +110,6 @@ private slots:
         QMimeData mime;
         ORVTextRtf::setRtfMimeData(&mime, unexportedDocument().data());
         QCOMPARE(wellFormed(mime.data(ORV::rtfMimeTypes().first())), unexportedRtf());
-    }
-
-    void plainFlavourLeavesTheDocumentAlone()
-    {
-        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
-        QMimeData mime;
-        ORVTextRtf::setRtfMimeData(&mime, document.data());
-        QVERIFY(document->isUndoAvailable());
-        QCOMPARE(textOf(*document), "Hello"_s);
     }
 
     void plainFlavourLeavesOtherTypesAlone()
@@ -161,31 +147,25 @@ private slots:
         ORVTextRtf::setRtfMimeData(nullptr, nullptr);
     }
 
-    void ownFlavourHasItsTypeOnly()
+    void ownFlavourIsToTheLetter_data()
     {
-        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
-        for (bool inPlace : {false, true}) {
-            QMimeData mime;
-            ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), inPlace);
-            QCOMPARE(mime.formats(), QStringList(ownType()));
-            QCOMPARE(mime.data(ownType()), documentHead() + firstParagraph() + run("Hello") + "}");
-        }
+        typedef QSharedPointer<QTextDocument> Document;
+        const Columns<Document, bool, QByteArray> add("document", "inPlace", "rtf");
+        const QByteArray text = documentHead() + firstParagraph() + run("Hello") + "}";
+        add("text", textDocument("Hello"_s), false, text);
+        add("text, in place", textDocument("Hello"_s), true, text);
+        add("table", tableDocument(), false, tableRtf(""));
+        add("table, in place", tableDocument(), true, tableRtf(""));
+        add("no export", unexportedDocument(), false, unexportedRtf());
     }
 
     void ownFlavourIsToTheLetter()
     {
-        for (bool inPlace : {false, true}) {
-            QMimeData mime;
-            ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableDocument().data(), inPlace);
-            QCOMPARE(wellFormed(mime.data(ownType())), tableRtf(QByteArray()));
-        }
-    }
-
-    void ownFlavourIsNoExport()
-    {
+        FETCH(QSharedPointer<QTextDocument>, document, bool, inPlace, QByteArray, rtf);
         QMimeData mime;
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, unexportedDocument().data(), false);
-        QCOMPARE(wellFormed(mime.data(ownType())), unexportedRtf());
+        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), inPlace);
+        QCOMPARE(mime.formats(), QStringList(ownType()));
+        QCOMPARE(wellFormed(mime.data(ownType())), rtf);
     }
 
     void ownFlavourInPlace()
