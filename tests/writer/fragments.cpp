@@ -319,7 +319,7 @@ private:
                                      ORVRtfProperty::ImageType, type));
         };
         for (const char* type : {"JPEG", "jpg", "Jpeg"}) {
-            add(qPrintable("pictureOfJpegDataKeepsItsBytes: %1"_s.arg(type)),
+            add(qPrintable("pictureOfJpegDataKeepsItsBytes: %1"_s.arg(QLatin1String(type))),
                 pictureOf("\0\xab\xff\xd8"_b, type),
                 "{\\*\\shppict{\\pict{\\*\\nisusfilename picture}\\picw2\\pich1\\picwgoal30\\pichgoal15"
                 "\\jpegblip 00abffd8}}");
