@@ -54,11 +54,6 @@ QByteArray escape(const QString& text, const Escaping& escaping = Escaping())
     return output.bytes();
 }
 
-QString fromUtf8(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
 QString unit(int code)
 {
     return QString(QChar(ushort(code)));
@@ -178,31 +173,25 @@ private slots:
         const Escaping plain;
 
         add("nothing", QString(), plain, QByteArray());
-        add("ASCII", fromUtf8("Hello, World 123~!"), plain, "Hello, World 123~!");
-        add("blanks stay", fromUtf8("  a  "), plain, "  a  ");
-        add("braces and backslash", fromUtf8("{\\b x}"), plain, "\\{\\\\b x\\}");
-        add("tab", fromUtf8("a\tb\t\t"), plain, "a\\tab b\\tab \\tab ");
-        add("no-break space", fromUtf8("a\xc2\xa0 b"), plain, "a\\~ b");
-        add("en dash",
-            fromUtf8("A\xe2\x80\x93"
-                     "B"),
-            plain, "A\\endash B");
-        add("em dash",
-            fromUtf8("A\xe2\x80\x94"
-                     "B"),
-            inFont(12), "A\\hich\\f12 \\emdash \\loch\\f12 B");
-        add("bullet and line", fromUtf8("\xe2\x80\xa2 x\xe2\x80\xa8y"), plain, "\\bullet  x\\line y");
+        add("ASCII", "Hello, World 123~!"_s, plain, "Hello, World 123~!");
+        add("blanks stay", "  a  "_s, plain, "  a  ");
+        add("braces and backslash", "{\\b x}"_s, plain, "\\{\\\\b x\\}");
+        add("tab", "a\tb\t\t"_s, plain, "a\\tab b\\tab \\tab ");
+        add("no-break space", "a\xc2\xa0 b"_s, plain, "a\\~ b");
+        add("en dash", "A\u2013B"_s, plain, "A\\endash B");
+        add("em dash", "A\u2014B"_s, inFont(12), "A\\hich\\f12 \\emdash \\loch\\f12 B");
+        add("bullet and line", "\xe2\x80\xa2 x\xe2\x80\xa8y"_s, plain, "\\bullet  x\\line y");
         add("line feed, return, NUL", QString(unit('\n') + unit('\r') + unit(0)), plain, "\\'0A\\'0D\\'00");
         add("delete", unit(0x7f), plain, "\x7f");
         add("paragraph separator", unit(0x2029), plain, preamble() + "\\u8233\\'3F");
-        add("quotation marks", fromUtf8("\xe2\x80\x98\xe2\x80\x99\xe2\x80\x9c\xe2\x80\x9d"), plain,
+        add("quotation marks", "\xe2\x80\x98\xe2\x80\x99\xe2\x80\x9c\xe2\x80\x9d"_s, plain,
             preamble() + "\\u8216\\'91\\u8217\\'92\\u8220\\'93\\u8221\\'94");
-        add("euro sign", fromUtf8("\xe2\x82\xac"), plain, preamble() + "\\u8364\\'80");
+        add("euro sign", "\xe2\x82\xac"_s, plain, preamble() + "\\u8364\\'80");
         add("small tilde has no byte", unit(0x2dc), plain, preamble() + "\\u732\\'3F");
         add("byte 0x98", unit(0x20dc), plain, preamble() + "\\u8412\\'98");
         add("control character of Latin-1", unit(0x85), plain, preamble() + "\\u133\\'3F");
         add("above 32767", unit(0xfffd), plain, preamble() + "\\u65533\\'3F");
-        add("surrogates", fromUtf8("\xf0\x9f\x98\x80"), plain, preamble() + "\\u55357\\'3F\\u56832\\'3F");
+        add("surrogates", "\xf0\x9f\x98\x80"_s, plain, preamble() + "\\u55357\\'3F\\u56832\\'3F");
         add("lone surrogate", unit(0xdc00), plain, preamble() + "\\u56320\\'3F");
 
         add("current page", unit(0xe000), plain, QByteArray(PageNumber));
@@ -223,13 +212,12 @@ private slots:
             "<$P><$PageCount><$page><p>");
         add("exported characters", QString(unit(0xe000) + unit(0xe001) + unit(0xe002)), exportingText("b"_s),
             PageNumber + QByteArray(PageCount) + pageReference("b"));
-        add("bookmark with structure", "<$p>", exportingText(fromUtf8("a{\\}")),
-            pageReference("a\\{\\\\\\}"));
-        add("bookmark beyond ASCII", "<$p>", exportingText(fromUtf8("caf\xc3\xa9\xe2\x82\xac")),
+        add("bookmark with structure", "<$p>", exportingText("a{\\}"_s), pageReference("a\\{\\\\\\}"));
+        add("bookmark beyond ASCII", "<$p>", exportingText("caf\xc3\xa9\xe2\x82\xac"_s),
             pageReference("caf\xe9?"));
 
-        add("verbatim", fromUtf8("{\\b x}"), verbatim(), "{\\b x}");
-        add("verbatim tab", fromUtf8("a\tb"), verbatim(), "a\\'09b");
+        add("verbatim", "{\\b x}"_s, verbatim(), "{\\b x}");
+        add("verbatim tab", "a\tb"_s, verbatim(), "a\\'09b");
         add("verbatim no-break space", unit(0xa0), verbatim(3), preamble(3) + "\\u160\\'A0");
         add("verbatim dashes and bullet", QString(unit(0x2013) + unit(0x2014) + unit(0x2022)), verbatim(),
             preamble() + "\\u8211\\'96\\u8212\\'97\\u8226\\'95");
@@ -269,7 +257,7 @@ private slots:
         add("empty text, not owed", QString(), false, true, "{");
         add("blank", " x", true, true, "{\\b  x");
         add("before a control word", "\tx", true, true, "{\\b \\tab x");
-        add("before an escape", fromUtf8("\xc3\xa9"), true, true, "{\\b " + preamble() + "\\u233\\'E9");
+        add("before an escape", "\xc3\xa9"_s, true, true, "{\\b " + preamble() + "\\u233\\'E9");
         add("before a field", unit(0xe000), true, true, "{\\b {\\chpgn}");
     }
 
@@ -290,12 +278,12 @@ private slots:
 
     void preambleOncePerCall()
     {
-        const QString text = fromUtf8("\xc3\xa9\xe2\x80\x94 {\xc3\xa8}");
+        const QString text = "\xc3\xa9\xe2\x80\x94 {\xc3\xa8}"_s;
         QCOMPARE(escape(text, inFont(2)),
                  preamble(2) + "\\u233\\'E9\\hich\\f2 \\emdash \\loch\\f2  \\{\\u232\\'E8\\}");
         BufferedOutput output;
-        writeText(output, fromUtf8("\xc3\xa9"), inFont(2));
-        writeText(output, fromUtf8("\xc3\xa9"), inFont(3));
+        writeText(output, "\xc3\xa9"_s, inFont(2));
+        writeText(output, "\xc3\xa9"_s, inFont(3));
         QCOMPARE(output.bytes(), preamble(2) + "\\u233\\'E9" + preamble(3) + "\\u233\\'E9");
     }
 
@@ -322,7 +310,7 @@ private slots:
     void documentText_data()
     {
         const Columns<QString, bool, QByteArray> add("text", "exportingMode", "rtf");
-        add("example", fromUtf8("Caf\xc3\xa9 {x}"), false, "Caf" + preamble() + "\\u233\\'E9 \\{x\\}");
+        add("example", "Caf\xc3\xa9 {x}"_s, false, "Caf" + preamble() + "\\u233\\'E9 \\{x\\}");
         add("begins with a blank", " x", false, " x");
         add("digits", "12", false, "12");
         add("tags", "<$p> of <$pagecount>", false, "<$p> of <$pagecount>");
@@ -341,19 +329,19 @@ private slots:
     {
         QTextCharFormat format;
         compat::setFontFamily(format, "Quibble Serif"_s);
-        QCOMPARE(writeBody(*textDocument(fromUtf8("\xc3\xa9\xe2\x80\x94"), format)),
+        QCOMPARE(writeBody(*textDocument("\xc3\xa9\xe2\x80\x94"_s, format)),
                  firstParagraph() + "{\\f1\\fs24 " + preamble(1)
                      + "\\u233\\'E9\\hich\\f1 \\emdash \\loch\\f1 }");
     }
 
     void eachRunHasItsOwnPreamble()
     {
-        const QSharedPointer<QTextDocument> document = textDocument(fromUtf8("\xc3\xa9"));
+        const QSharedPointer<QTextDocument> document = textDocument("\xc3\xa9"_s);
         QTextCharFormat italic;
         italic.setFontItalic(true);
         QTextCursor cursor(document.data());
         cursor.movePosition(QTextCursor::End);
-        cursor.insertText(fromUtf8("\xc3\xa8\xc3\xa9"), italic);
+        cursor.insertText("\xc3\xa8\xc3\xa9"_s, italic);
         QCOMPARE(writeBody(*document),
                  firstParagraph() + "{\\f0\\fs24 " + preamble() + "\\u233\\'E9}{\\f0\\fs24\\i1 " + preamble()
                      + "\\u232\\'E8\\u233\\'E9}");
@@ -373,7 +361,7 @@ private slots:
     {
         const QSharedPointer<QTextDocument> document = newDocument();
         ORVTextPage page;
-        page.text = fromUtf8("{\xc3\xa9\xe2\x80\x94\t\\}");
+        page.text = "{\xc3\xa9\xe2\x80\x94\t\\}"_s;
         page.font = QFont("Quibble Head"_s, 10);
         document->setProperty("header", QVariant::fromValue(page));
         // The font around the text is number 1, but its escapes name the default font.
