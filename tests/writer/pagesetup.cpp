@@ -7,6 +7,8 @@ Q_DECLARE_METATYPE(Qt::Alignment)
 
 namespace {
 
+typedef QSharedPointer<QTextDocument> Document;
+
 ORVTextPage textPage(const QString& text, const QFont& font = QFont("Quibble Head"_s, 10))
 {
     ORVTextPage page;
@@ -16,14 +18,14 @@ ORVTextPage textPage(const QString& text, const QFont& font = QFont("Quibble Hea
 }
 
 /*! An empty document with a page header or footer, or something else, under \a property. */
-QSharedPointer<QTextDocument> documentWith(const char* property, const QVariant& value)
+Document documentWith(const char* property, const QVariant& value)
 {
-    const QSharedPointer<QTextDocument> document = newDocument();
+    const Document document = newDocument();
     document->setProperty(property, value);
     return document;
 }
 
-QSharedPointer<QTextDocument> documentWith(const char* property, const ORVTextPage& page)
+Document documentWith(const char* property, const ORVTextPage& page)
 {
     return documentWith(property, QVariant::fromValue(page));
 }
@@ -73,7 +75,7 @@ private slots:
 
     void pageAsDocumentProperty()
     {
-        const QSharedPointer<QTextDocument> document = documentWith("header", textPage("x"_s));
+        const Document document = documentWith("header", textPage("x"_s));
         QCOMPARE(document->property("header").value<ORVTextPage>().text, "x"_s);
     }
 
@@ -101,7 +103,7 @@ private slots:
     void paperSizeOfADocument()
     {
         FETCH(QVariant, value, QSize, twips);
-        const QSharedPointer<QTextDocument> document = documentWith("paperSize", value);
+        const Document document = documentWith("paperSize", value);
         QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(document.data()), twips);
         const QByteArray words = "}\n\\paperw" + QByteArray::number(twips.width()) + "\\paperh"
             + QByteArray::number(twips.height()) + "\\margl1800";
@@ -116,7 +118,7 @@ private slots:
 
     void marginsDoNotChangeThePaperSize()
     {
-        const QSharedPointer<QTextDocument> document = documentWith("paperSize", QSizeF(100, 200));
+        const Document document = documentWith("paperSize", QSizeF(100, 200));
         document->setProperty("leftMargin", 10.0);
         document->setProperty("topMargin", 20.0);
         QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(document.data()), QSize(2000, 4000));
@@ -145,25 +147,52 @@ private slots:
                  "{\\header{\\pard" + word + "{\\f1\\fs20 x\\par}}}\n" + emptyBody());
     }
 
-    void groupIsWrittenForBoth_data()
+    void headersAndFooters_data()
     {
-        const Columns<QByteArray> add("name");
-        add("header", "header");
-        add("footer", "footer");
+        const Columns<Document, QByteArray, QByteArray> add("document", "fonts", "groups");
+        // The escapes name the default font, whatever the font of the text is.
+        const ORVTextPage special = textPage("a {b}\t\xc3\xa9"_s);
+        const QByteArray escaped = "{\\pard\\ql{\\f1\\fs20 a \\{b\\}\\tab "
+                                   "\\loch\\af0\\hich\\af0\\dbch\\af0\\uc1\\u233\\'E9\\par}}}\n";
+        add("groupIsWrittenForBoth: header", documentWith("header", special), headFont(),
+            "{\\header" + escaped);
+        add("groupIsWrittenForBoth: footer", documentWith("footer", special), headFont(),
+            "{\\footer" + escaped);
+        // The default font of the document is not entered twice, whatever the size.
+        const QFont large(QLatin1String(DefaultFamily), 30);
+        add("fontOfTheHeader", documentWith("header", textPage("x"_s, large)), "",
+            "{\\header{\\pard\\ql{\\f0\\fs60 x\\par}}}\n");
+        const Document both = documentWith("header", textPage("x"_s));
+        QFont larger("Quibble Head"_s);
+        larger.setPointSizeF(10.5);
+        both->setProperty("footer", QVariant::fromValue(textPage("y"_s, larger)));
+        add("headerAndFooterShareAFont", both, headFont(),
+            "{\\header{\\pard\\ql{\\f1\\fs20 x\\par}}}\n{\\footer{\\pard\\ql{\\f1\\fs22 y\\par}}}\n");
+        QFont fixedPitch(QLatin1String(DefaultFamily), 10);
+        fixedPitch.setFixedPitch(true);
+        add("fixedPitchIsAnotherFont", documentWith("footer", textPage("x"_s, fixedPitch)),
+            "{\\f1\\fnil\\fcharset1252\\fprq1 Quibble Sans;}", "{\\footer{\\pard\\ql{\\f1\\fs20 x\\par}}}\n");
+        add("blankIsText", documentWith("header", textPage(" "_s)), headFont(),
+            "{\\header{\\pard\\ql{\\f1\\fs20  \\par}}}\n");
+        add("lineFeedIsEscaped", documentWith("header", textPage("a\nb"_s)), headFont(),
+            "{\\header{\\pard\\ql{\\f1\\fs20 a\\'0Ab\\par}}}\n");
+        add("emptyTextWritesNothing: header", documentWith("header", textPage(QString())), "", "");
+        add("emptyTextWritesNothing: footer", documentWith("footer", textPage(QString())), "", "");
+        const auto addOther = [&add](const char* name, const QVariant& value) {
+            const Document document = documentWith("header", value);
+            document->setProperty("footer", value);
+            add(name, document, "", "");
+        };
+        addOther("otherTypesWriteNothing: text", "Top"_s);
+        addOther("otherTypesWriteNothing: number", 1);
+        addOther("otherTypesWriteNothing: font", QFont("Quibble Head"_s));
+        addOther("otherTypesWriteNothing: list", QVariantList({QVariant::fromValue(textPage("x"_s))}));
     }
 
-    void groupIsWrittenForBoth()
+    void headersAndFooters()
     {
-        FETCH(QByteArray, name);
-        const QSharedPointer<QTextDocument> document =
-            documentWith(name.constData(), textPage("a {b}\t\xc3\xa9"_s));
-        // The escapes name the default font, whatever the font of the text is.
-        QCOMPARE(
-            write(*document),
-            documentHead(defaultFontEntry() + headFont()) + "{\\" + name
-                + "{\\pard\\ql{\\f1\\fs20 a \\{b\\}\\tab \\loch\\af0\\hich\\af0\\dbch\\af0\\uc1\\u233\\'E9"
-                  "\\par}}}\n"
-                + emptyBody() + '}');
+        FETCH(Document, document, QByteArray, fonts, QByteArray, groups);
+        QCOMPARE(write(*document), documentHead(defaultFontEntry() + fonts) + groups + emptyBody() + '}');
     }
 
     void placeholders_data()
@@ -197,14 +226,6 @@ private slots:
                      + emptyBody());
     }
 
-    void fontOfTheHeader()
-    {
-        // The default font of the document is not entered twice, whatever the size.
-        const QFont font(QString::fromLatin1(DefaultFamily), 30);
-        QCOMPARE(write(*documentWith("header", textPage("x"_s, font))),
-                 documentHead() + "{\\header{\\pard\\ql{\\f0\\fs60 x\\par}}}\n" + emptyBody() + '}');
-    }
-
     void sizeInPixels()
     {
         QFont font("Quibble Head"_s);
@@ -214,66 +235,6 @@ private slots:
         QCOMPARE(writeBody(*documentWith("header", textPage("x"_s, font))),
                  "{\\header{\\pard\\ql{\\f1\\fs" + QByteArray::number(2 * points) + " x\\par}}}\n"
                      + emptyBody());
-    }
-
-    void headerAndFooterShareAFont()
-    {
-        const QSharedPointer<QTextDocument> document = documentWith("header", textPage("x"_s));
-        QFont larger("Quibble Head"_s);
-        larger.setPointSizeF(10.5);
-        document->setProperty("footer", QVariant::fromValue(textPage("y"_s, larger)));
-        QCOMPARE(
-            write(*document),
-            documentHead(defaultFontEntry() + headFont())
-                + "{\\header{\\pard\\ql{\\f1\\fs20 x\\par}}}\n{\\footer{\\pard\\ql{\\f1\\fs22 y\\par}}}\n"
-                + emptyBody() + '}');
-    }
-
-    void fixedPitchIsAnotherFont()
-    {
-        QFont font(QString::fromLatin1(DefaultFamily), 10);
-        font.setFixedPitch(true);
-        QCOMPARE(write(*documentWith("footer", textPage("x"_s, font))),
-                 documentHead(defaultFontEntry() + "{\\f1\\fnil\\fcharset1252\\fprq1 Quibble Sans;}")
-                     + "{\\footer{\\pard\\ql{\\f1\\fs20 x\\par}}}\n" + emptyBody() + '}');
-    }
-
-    void emptyTextWritesNothing_data() { groupIsWrittenForBoth_data(); }
-
-    void emptyTextWritesNothing()
-    {
-        FETCH(QByteArray, name);
-        QCOMPARE(write(*documentWith(name.constData(), textPage(QString()))),
-                 documentHead() + emptyBody() + '}');
-    }
-
-    void otherTypesWriteNothing_data()
-    {
-        const Columns<QVariant> add("value");
-        add("text", QVariant("Top"_s));
-        add("number", QVariant(1));
-        add("font", QVariant(QFont("Quibble Head"_s)));
-        add("list", QVariant(QVariantList() << QVariant::fromValue(textPage("x"_s))));
-    }
-
-    void otherTypesWriteNothing()
-    {
-        FETCH(QVariant, value);
-        const QSharedPointer<QTextDocument> document = documentWith("header", value);
-        document->setProperty("footer", value);
-        QCOMPARE(write(*document), documentHead() + emptyBody() + '}');
-    }
-
-    void blankIsText()
-    {
-        QCOMPARE(writeBody(*documentWith("header", textPage(" "_s))),
-                 "{\\header{\\pard\\ql{\\f1\\fs20  \\par}}}\n" + emptyBody());
-    }
-
-    void lineFeedIsEscaped()
-    {
-        QCOMPARE(writeBody(*documentWith("header", textPage("a\nb"_s))),
-                 "{\\header{\\pard\\ql{\\f1\\fs20 a\\'0Ab\\par}}}\n" + emptyBody());
     }
 };
 
