@@ -132,23 +132,16 @@ private slots:
         QVERIFY(ORVTextRtf::fromRtfFile(path("good.rtf"), document.data(), nullptr));
     }
 
-    void readingAMissingFile()
+    void readingWhatIsNoFile()
     {
-        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
-        QString message = untouched();
-        QVERIFY(!ORVTextRtf::fromRtfFile(path("missing.rtf"), document.data(), &message));
-        QCOMPARE(message, untouched());
-        QCOMPARE(textOf(*document), "old"_s);
+        for (const QString& name : {path("missing.rtf"), m_directory->path()}) {
+            const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+            QString message = untouched();
+            QVERIFY(!ORVTextRtf::fromRtfFile(name, document.data(), &message));
+            QCOMPARE(message, untouched());
+            QCOMPARE(textOf(*document), "old"_s);
+        }
         QVERIFY(!QFile::exists(path("missing.rtf")));
-    }
-
-    void readingADirectory()
-    {
-        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
-        QString message = untouched();
-        QVERIFY(!ORVTextRtf::fromRtfFile(m_directory->path(), document.data(), &message));
-        QCOMPARE(message, untouched());
-        QCOMPARE(textOf(*document), "old"_s);
     }
 
     void readingIntoNoDocument()
@@ -182,19 +175,30 @@ private slots:
         QCOMPARE(log.texts(), QStringList());
     }
 
+    void writingReplacesTheFile_data()
+    {
+        const Columns<bool> add("direct");
+        add("with a check", false);
+        add("directly", true);
+    }
+
     void writingReplacesTheFile()
     {
+        FETCH(bool, direct);
         store("a.rtf", QByteArray(100000, 'x'));
-        QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), shortDocument().data(), nullptr, false, false));
+        QVERIFY(writeFile(direct, "a.rtf", shortDocument().data()));
         QCOMPARE(contents("a.rtf"), write(*shortDocument()));
     }
 
+    void writingInPlace_data() { writingReplacesTheFile_data(); }
+
     void writingInPlace()
     {
+        FETCH(bool, direct);
         const QSharedPointer<QTextDocument> document = shortDocument();
-        QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), document.data(), nullptr, false, false));
+        QVERIFY(writeFile(direct, "a.rtf", document.data()));
         QVERIFY(document->isUndoRedoEnabled());
-        QVERIFY(ORVTextRtf::toRtfFile(path("b.rtf"), document.data(), nullptr, true, false));
+        QVERIFY(writeFile(direct, "b.rtf", document.data(), true));
         QVERIFY(!document->isUndoRedoEnabled());
         QCOMPARE(contents("b.rtf"), contents("a.rtf"));
     }
@@ -323,23 +327,6 @@ private slots:
         QCOMPARE(contents("b.rtf"), documentHead() + firstParagraph() + "{\\f0\\fs24 <$p> Hello}}");
     }
 
-    void writingDirectlyReplacesTheFile()
-    {
-        store("a.rtf", QByteArray(100000, 'x'));
-        QVERIFY(ORVTextRtf::toRtfFileDirect(path("a.rtf"), shortDocument().data(), nullptr, false));
-        QCOMPARE(contents("a.rtf"), write(*shortDocument()));
-    }
-
-    void writingDirectlyInPlace()
-    {
-        const QSharedPointer<QTextDocument> document = shortDocument();
-        QVERIFY(ORVTextRtf::toRtfFileDirect(path("a.rtf"), document.data(), nullptr, false));
-        QVERIFY(document->isUndoRedoEnabled());
-        QVERIFY(ORVTextRtf::toRtfFileDirect(path("b.rtf"), document.data(), nullptr, true));
-        QVERIFY(!document->isUndoRedoEnabled());
-        QCOMPARE(contents("b.rtf"), contents("a.rtf"));
-    }
-
     void writingNoDocumentDirectly()
     {
         QString message = untouched();
@@ -378,6 +365,12 @@ private slots:
     }
 
 private:
+    bool writeFile(bool direct, const char* name, QTextDocument* document, bool inPlace = false) const
+    {
+        return direct ? ORVTextRtf::toRtfFileDirect(path(name), document, nullptr, inPlace)
+                      : ORVTextRtf::toRtfFile(path(name), document, nullptr, inPlace, false);
+    }
+
     QString path(const char* name) const
     {
         return m_directory->filePath(QLatin1String(name));
