@@ -122,6 +122,7 @@ private slots:
         add("two lines", "a\nb", "{\\f0\\fs24 a}\n\\par\\plain {\\f0\\fs24 b}");
         add("ends with a line feed", "a\n", "{\\f0\\fs24 a}\n\\par\\plain \\f0\\fs24");
         add("looks like HTML", "<b>a</b>", "{\\f0\\fs24 <b>a</b>}");
+        add("no export", "<$p>", "{\\f0\\fs24 <$p>}");
     }
 
     void textToRtf()
@@ -137,12 +138,6 @@ private slots:
         QCOMPARE(wellFormed(ORVTextRtf::textToRtf("a\nb"_s, &font)),
                  documentHead(serifEntry()) + firstParagraph()
                      + "{\\f0\\fs28 a}\n\\par\\plain {\\f0\\fs28 b}}");
-    }
-
-    void textToRtfIsNoExport()
-    {
-        QCOMPARE(bodyOf(wellFormed(ORVTextRtf::textToRtf("<$p>"_s, nullptr))),
-                 firstParagraph() + "{\\f0\\fs24 <$p>}");
     }
 };
 
