@@ -87,14 +87,6 @@ private slots:
         QVERIFY(!rtf.contains("\\list"));
     }
 
-    void bulletedList()
-    {
-        const Levels levels = {level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 36, 18)};
-        QCOMPARE(listTablesOf(levels),
-                 tables(listGroup(
-                     1, levelGroup(23, "\\'01" + Wide + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"))));
-    }
-
     void levelTexts_data()
     {
         const Columns<QString, QByteArray, QByteArray> add("text", "written", "numbers");
@@ -132,77 +124,59 @@ private slots:
                  tables(listGroup(1, levelGroup(0, written, numbers))));
     }
 
-    void levelKinds_data()
+    void levels_data()
     {
-        const Columns<unsigned, int> add("kind", "written");
-        add("bullet", 0u, 23);
-        add("decimal", 1u, 0);
-        add("lowerLetter", 2u, 4);
-        add("upperLetter", 3u, 3);
-        add("lowerRoman", 4u, 2);
-        add("upperRoman", 5u, 1);
-        add("unknown", 6u, 0);
-        add("farOff", 4294967295u, 0);
-    }
+        const Columns<Levels, QByteArray> add("levels", "groups");
+        const unsigned decimal = ORVTextListLevel::Decimal;
+        add("bulletedList", {level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 36, 18)},
+            levelGroup(23, "\\'01" + Wide + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"));
+        add("placeholdersOfDeeperLevels",
+            {level("%0.", decimal), level("%1.%0", ORVTextListLevel::LowerLetter),
+             level("%2.%1.%0", decimal)},
+            levelGroup(0, "\\'02\\'00.", "\\'01") + levelGroup(4, "\\'03\\'00.\\'01", "\\'01\\'03")
+                + levelGroup(0, "\\'05\\'00.\\'01.\\'02", "\\'01\\'03\\'05"));
+        add("numbersAboveTheTopmostLevel", {level("%0", decimal), level("%5%0", decimal)},
+            levelGroup(0, "\\'01\\'00", "\\'01") + levelGroup(0, "\\'02\\'00\\'01", "\\'01\\'02"));
 
-    void levelKinds()
-    {
-        FETCH(unsigned, kind, int, written);
-        QCOMPARE(listTablesOf({level("%0", kind)}),
-                 tables(listGroup(1, levelGroup(written, "\\'01\\'00", "\\'01"))));
-    }
+        const auto addKind = [&add](const char* name, unsigned kind, int written) {
+            add(name, {level("%0", kind)}, levelGroup(written, "\\'01\\'00", "\\'01"));
+        };
+        addKind("levelKinds: bullet", 0, 23);
+        addKind("levelKinds: decimal", 1, 0);
+        addKind("levelKinds: lowerLetter", 2, 4);
+        addKind("levelKinds: upperLetter", 3, 3);
+        addKind("levelKinds: lowerRoman", 4, 2);
+        addKind("levelKinds: upperRoman", 5, 1);
+        addKind("levelKinds: unknown", 6, 0);
+        addKind("levelKinds: farOff", 4294967295u, 0);
 
-    void levelIndents_data()
-    {
-        const Columns<double, double, QByteArray> add("indent", "firstLine", "written");
-        add("hanging", 36.0, 18.0, "\\fi-360\\li720\\lin720");
-        add("indented", 18.0, 36.0, "\\fi360\\li360\\lin360");
-        add("flush", 36.0, 36.0, "\\fi0\\li720\\lin720");
-        add("negative", -18.0, -36.0, "\\fi-360\\li-360\\lin-360");
-        add("twipsAreCut", 36.04, 18.02, "\\fi-360\\li720\\lin720");
-        add("binaryFraction", 35.99999998, 0.0, "\\fi-720\\li720\\lin720");
-    }
+        const auto addIndent = [&add](const char* name, double indent, double firstLine,
+                                      const QByteArray& written) {
+            add(name, {level("%0", ORVTextListLevel::Decimal, indent, firstLine)},
+                levelGroup(0, "\\'01\\'00", "\\'01", written));
+        };
+        addIndent("levelIndents: hanging", 36.0, 18.0, "\\fi-360\\li720\\lin720");
+        addIndent("levelIndents: indented", 18.0, 36.0, "\\fi360\\li360\\lin360");
+        addIndent("levelIndents: flush", 36.0, 36.0, "\\fi0\\li720\\lin720");
+        addIndent("levelIndents: negative", -18.0, -36.0, "\\fi-360\\li-360\\lin-360");
+        addIndent("levelIndents: twipsAreCut", 36.04, 18.02, "\\fi-360\\li720\\lin720");
+        addIndent("levelIndents: binaryFraction", 35.99999998, 0.0, "\\fi-720\\li720\\lin720");
 
-    void levelIndents()
-    {
-        FETCH(double, indent, double, firstLine, QByteArray, written);
-        QCOMPARE(listTablesOf({level("%0", ORVTextListLevel::Decimal, indent, firstLine)}),
-                 tables(listGroup(1, levelGroup(0, "\\'01\\'00", "\\'01", written))));
-    }
-
-    void placeholdersOfDeeperLevels()
-    {
-        const Levels levels = {level("%0.", ORVTextListLevel::Decimal),
-                               level("%1.%0", ORVTextListLevel::LowerLetter),
-                               level("%2.%1.%0", ORVTextListLevel::Decimal)};
-        QCOMPARE(listTablesOf(levels),
-                 tables(listGroup(1,
-                                  levelGroup(0, "\\'02\\'00.", "\\'01")
-                                      + levelGroup(4, "\\'03\\'00.\\'01", "\\'01\\'03")
-                                      + levelGroup(0, "\\'05\\'00.\\'01.\\'02", "\\'01\\'03\\'05"))));
-    }
-
-    void numbersAboveTheTopmostLevel()
-    {
-        const Levels levels = {level("%0", ORVTextListLevel::Decimal),
-                               level("%5%0", ORVTextListLevel::Decimal)};
-        QCOMPARE(
-            listTablesOf(levels),
-            tables(listGroup(
-                1, levelGroup(0, "\\'01\\'00", "\\'01") + levelGroup(0, "\\'02\\'00\\'01", "\\'01\\'02"))));
-    }
-
-    void listOfNineLevelsHasEight()
-    {
-        Levels levels;
-        QByteArray groups;
+        Levels nine;
+        QByteArray eight;
         for (int i = 0; i < 9; ++i) {
-            levels << level("%0", ORVTextListLevel::Decimal, 36 * (i + 1), 36 * (i + 1));
+            nine << level("%0", decimal, 36 * (i + 1), 36 * (i + 1));
             const QByteArray twips = QByteArray::number(720 * (i + 1));
             const QByteArray code = "\\'0" + QByteArray::number(i);
             if (i < 8)
-                groups += levelGroup(0, "\\'01" + code, "\\'01", "\\fi0\\li" + twips + "\\lin" + twips);
+                eight += levelGroup(0, "\\'01" + code, "\\'01", "\\fi0\\li" + twips + "\\lin" + twips);
         }
+        add("listOfNineLevelsHasEight", nine, eight);
+    }
+
+    void levels()
+    {
+        FETCH(Levels, levels, QByteArray, groups);
         QCOMPARE(listTablesOf(levels), tables(listGroup(1, groups)));
     }
 
