@@ -252,16 +252,6 @@ private slots:
         }
     }
 
-    void paperSize()
-    {
-        const Document document = newDocument();
-        document->setProperty("paperSize", QSizeF(595.3, 841.9));
-        const QByteArray rtf = write(*document);
-        QVERIFY2(
-            rtf.contains("}\n\\paperw11906\\paperh16838\\margl1800\\margr1800\\margt1440\\margb1440\\fet2"),
-            rtf.constData());
-    }
-
     void pageNumbering_data()
     {
         const Columns<QVariant, QVariant, QByteArray> add("notOnFirstPage", "countFirstPage", "words");
