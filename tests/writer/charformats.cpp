@@ -72,10 +72,6 @@ const QByteArray RedEntry = colorEntry(255, 0, 0);
 const QByteArray BlueEntry = colorEntry(0, 0, 255);
 const QByteArray YellowEntry = colorEntry(255, 255, 0);
 
-} // namespace
-
-namespace {
-
 QSharedPointer<QTextDocument> linkDocument()
 {
     QTextCharFormat format = anchor();
@@ -322,25 +318,18 @@ private slots:
                  firstParagraph() + "{\\f0\\fs24\\b1 a}{\\f0\\fs24\\i1 1}{\\f0\\fs24  b}");
     }
 
-    void decoratedHyperlink()
+    void hyperlinks()
     {
-        const QByteArray rtf = write(*linkDocument(), decorating());
-        QCOMPARE(colorTableOf(rtf), blackAndWhite() + BlueEntry);
-        QCOMPARE(bodyOf(rtf),
-                 firstParagraph()
-                     + "{\\field{\\*\\fldinst HYPERLINK \"http://example.org/\"}"
-                       "{\\fldrslt\\f0\\fs24\\ul\\ulc3\\cf3 x}}");
-    }
-
-    void plainHyperlink()
-    {
+        const QByteArray field =
+            firstParagraph() + "{\\field{\\*\\fldinst HYPERLINK \"http://example.org/\"}";
+        const QByteArray decorated = write(*linkDocument(), decorating());
+        QCOMPARE(colorTableOf(decorated), blackAndWhite() + BlueEntry);
+        QCOMPARE(bodyOf(decorated), field + "{\\fldrslt\\f0\\fs24\\ul\\ulc3\\cf3 x}}");
         WriteSettings yellowLinks;
         yellowLinks.hyperlinksColor = Qt::yellow;
-        const QByteArray rtf = write(*linkDocument(), yellowLinks);
-        QCOMPARE(colorTableOf(rtf), QByteArray());
-        QCOMPARE(bodyOf(rtf),
-                 firstParagraph()
-                     + "{\\field{\\*\\fldinst HYPERLINK \"http://example.org/\"}{\\fldrslt\\f0\\fs24 x}}");
+        const QByteArray plain = write(*linkDocument(), yellowLinks);
+        QCOMPARE(colorTableOf(plain), QByteArray());
+        QCOMPARE(bodyOf(plain), field + "{\\fldrslt\\f0\\fs24 x}}");
     }
 
     void emptyParagraphKeepsItsFormat()

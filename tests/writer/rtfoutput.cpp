@@ -28,10 +28,6 @@ QTextCharFormat fixedPitch(QTextCharFormat format)
     return format;
 }
 
-} // namespace
-
-namespace {
-
 QByteArray document(const QByteArray& body)
 {
     return "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 A;}{\\f1 B;}}{\\colortbl;\\red0\\green0\\blue0;}"
