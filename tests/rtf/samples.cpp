@@ -65,10 +65,7 @@ private slots:
 
     void paragraphs_data()
     {
-        Columns<QString, QString>("name", "text");
-        const auto row = [](const char* title, const char* name, const char* text) {
-            QTest::newRow(title) << QString::fromLatin1(name) << QString::fromUtf8(text);
-        };
+        const Columns<QString, QString> row("name", "text");
         row("format changes within words", "libreoffice-charformats",
             "Inside a word bold begins and ends, H2O and E=mc2.");
         row("hidden text is read", "libreoffice-charformats",
@@ -76,8 +73,7 @@ private slots:
         row("tabs", "libreoffice-paragraphs", "left0\tcolumn envelope\tmiddle\tright0\t0.00");
         row("inserted text is read", "libreoffice-revisions",
             "S\u00f8ren noticed the third blanket and listened. inserted words plough clever curtain kept. "
-            "Her chapel "
-            "lifted her kitchen almost; S\u00f8ren translated her blanket among the apple trees.");
+            "Her chapel lifted her kitchen almost; S\u00f8ren translated her blanket among the apple trees.");
         row("deleted text is read", "libreoffice-revisions",
             "The apprentice wandered in silence, and Ilse and Jakob sang near the old quarry. deleted words "
             "ferry market foreignkept. Owen described the quiet painter near the old quarry \u2014 or so "
@@ -97,8 +93,8 @@ private slots:
         row("note in line", "libreoffice-notes",
             "A sudden violin trembled in silence; Jakob and Anton trembled beside the harbour wallFoot 1: "
             "When the kettle followed a hollow river at last, \u00c9lodie watched a tidy barn at the end of "
-            "the corridor.. The "
-            "curious clock buried the stubborn blanket at last, and a damp orchard sang carefully.");
+            "the corridor.. The curious clock buried the stubborn blanket at last, and a damp orchard sang "
+            "carefully.");
         row("comment in line", "libreoffice-notes",
             "S\u00f8ren mended a heavy portrait outside the station. commented range brittle liftedRemark 1: "
             "a plain staircase lifted the forgotten plough before noon follows. \u00c9lodie counted her "
@@ -147,10 +143,10 @@ private slots:
 
     void characterFormats_data()
     {
-        Columns<QString, QString, int, QVariant>("name", "text", "property", "value");
-        const auto row = [](const char* name, const char* text, int property, const QVariant& value) {
-            QTest::newRow((QByteArray(name) + ": " + text + " #" + QByteArray::number(property)).constData())
-                << QString::fromLatin1(name) << QString::fromUtf8(text) << property << value;
+        const Columns<QString, QString, int, QVariant> add("name", "text", "property", "value");
+        const auto row = [&add](const char* name, const char* text, int property, const QVariant& value) {
+            add(qPrintable("%1: %2 #%3"_s.arg(QLatin1String(name), QString::fromUtf8(text)).arg(property)),
+                name, text, property, value);
         };
         const char* const libreOffice = "libreoffice-charformats";
         const char* const abiWord = "abiword-charformats";
@@ -317,8 +313,7 @@ private slots:
     {
         FETCH(QString, name, QString, text, QString, target);
         QString linked;
-        const QList<QTextFragment> fragments = rtftest::fragmentsOf(*sample(name).document);
-        for (const QTextFragment& fragment : fragments) {
+        for (const QTextFragment& fragment : rtftest::fragmentsOf(*sample(name).document)) {
             if (fragment.charFormat().isAnchor() && fragment.charFormat().anchorHref() == target)
                 linked += fragment.text();
         }
@@ -353,8 +348,7 @@ private slots:
         const QTextBlock block = blockStartingWith(*sample(name).document, before);
         QVERIFY(block.isValid());
         QString note;
-        const QList<QTextFragment> fragments = rtftest::fragmentsOf(block);
-        for (const QTextFragment& fragment : fragments) {
+        for (const QTextFragment& fragment : rtftest::fragmentsOf(block)) {
             if (!fragment.charFormat().boolProperty(flag))
                 continue;
             if (note.isEmpty())
@@ -378,8 +372,7 @@ private slots:
     {
         FETCH(QString, name, Sizes, sizes);
         Sizes found;
-        const QList<QTextImageFormat> images = sample(name).images();
-        for (const QTextImageFormat& image : images)
+        for (const QTextImageFormat& image : sample(name).images())
             found << QSize(int(image.width()), int(image.height()));
         QCOMPARE(found, sizes);
     }
