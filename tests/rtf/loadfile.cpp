@@ -89,60 +89,42 @@ private slots:
         QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
     }
 
-    void plainTextIsLatin1WithLineFeeds()
+    void contents_data()
     {
-        writeFile(path("a.txt"_s), "caf\xe9 \xc3\xa9 <b>\r\nnext\nlast");
-        QVERIFY(load("a.txt"_s));
-        QCOMPARE(m_document->toPlainText(), "caf\xc3\xa9 \xc3\x83\xc2\xa9 <b>\nnext\nlast"_s);
+        const Columns<QString, QByteArray, QString> add("name", "bytes", "text");
+        add("plainTextIsLatin1WithLineFeeds", "a.txt", "caf\xe9 \xc3\xa9 <b>\r\nnext\nlast",
+            "caf\xc3\xa9 \xc3\x83\xc2\xa9 <b>\nnext\nlast");
+        add("zeroBytesEndNoText", "text.txt", "a\0b"_b, "a\0b"_s);
+        add("htmlIsUtf8", "a.html", "<p>caf\xc3\xa9 <b>bold</b></p><p>next</p>", "caf\xc3\xa9 bold\nnext");
     }
 
-    void zeroBytesEndNoText()
+    void contents()
     {
-        writeFile(path("text.txt"_s), QByteArray("a\0b", 3));
-        QVERIFY(load("text.txt"_s));
-        QCOMPARE(m_document->toPlainText(), QString::fromLatin1("a\0b", 3));
-    }
-
-    void htmlIsUtf8()
-    {
-        writeFile(path("a.html"_s), "<p>caf\xc3\xa9 <b>bold</b></p><p>next</p>");
-        QVERIFY(load("a.html"_s));
-        QCOMPARE(m_document->toPlainText(), "caf\xc3\xa9 bold\nnext"_s);
-    }
-
-    void missingTextOrHtmlGivesTrue_data()
-    {
-        const Columns<QString> add("name");
-        add("missing txt", "missing.txt");
-        add("missing html", "missing.html");
-        add("folder txt", "folder.txt");
-        add("folder html", "folder.html");
+        FETCH(QString, name, QByteArray, bytes, QString, text);
+        writeFile(path(name), bytes);
+        QVERIFY(load(name));
+        QCOMPARE(m_document->toPlainText(), text);
     }
 
     void missingTextOrHtmlGivesTrue()
     {
-        FETCH(QString, name);
         QVERIFY(QDir().mkdir(path("folder.txt"_s)));
         QVERIFY(QDir().mkdir(path("folder.html"_s)));
-        QVERIFY(load(name));
-        QCOMPARE(m_errors, QStringList());
-        QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
-    }
-
-    void textAndHtmlForNoDocument_data()
-    {
-        const Columns<QString> add("name");
-        add("txt", "a.txt");
-        add("html", "a.html");
+        for (const char* name : {"missing.txt", "missing.html", "folder.txt", "folder.html"}) {
+            QVERIFY2(load(QLatin1String(name)), name);
+            QCOMPARE(m_errors, QStringList());
+            QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
+        }
     }
 
     void textAndHtmlForNoDocument()
     {
-        FETCH(QString, name);
-        writeFile(path(name), "text");
         m_document.reset();
-        QVERIFY(load(name));
-        QCOMPARE(m_errors, QStringList());
+        for (const char* name : {"a.txt", "a.html"}) {
+            writeFile(path(QLatin1String(name)), "text");
+            QVERIFY2(load(QLatin1String(name)), name);
+            QCOMPARE(m_errors, QStringList());
+        }
     }
 
     void rtfFailure_data()
