@@ -8,9 +8,9 @@ QString runs(const QTextDocument& document)
 {
     QString result;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-            const bool isBold = it.fragment().charFormat().fontWeight() == QFont::Bold;
-            result += it.fragment().text() + QLatin1String(isBold ? "! " : " ");
+        for (const QTextFragment& run : rtftest::fragmentsOf(block)) {
+            const bool isBold = run.charFormat().fontWeight() == QFont::Bold;
+            result += run.text() + QLatin1String(isBold ? "! " : " ");
         }
         result += QLatin1Char('|');
     }
@@ -52,10 +52,8 @@ private slots:
     void formatsBetweenPositions()
     {
         FETCH(int, from, int, to, QString, result);
-        QTextDocument document(QString::fromLatin1("abc\ndef"));
-
+        QTextDocument document("abc\ndef"_s);
         ORVFragments::changeFormats(&document, from, to, embolden);
-
         QCOMPARE(runs(document), result);
     }
 
@@ -63,11 +61,9 @@ private slots:
     {
         QTextDocument document;
         QTextCursor cursor(&document);
-        QTextCharFormat bold;
-        bold.setFontWeight(QFont::Bold);
-        cursor.insertText(QString::fromLatin1("plain"), QTextCharFormat());
-        cursor.insertText(QString::fromLatin1("bold"), bold);
-        cursor.insertText(QString::fromLatin1("more"), QTextCharFormat());
+        cursor.insertText("plain"_s, QTextCharFormat());
+        cursor.insertText("bold"_s, rtftest::bold());
+        cursor.insertText("more"_s, QTextCharFormat());
 
         // The runs become one while they are changed.
         ORVFragments::changeFormats(&document, 0, document.characterCount(), [](QTextCharFormat* format) {
@@ -76,34 +72,30 @@ private slots:
         });
 
         QList<bool> italic;
-        for (QTextBlock::iterator it = document.begin().begin(); !it.atEnd(); ++it) {
-            QVERIFY(!it.fragment().charFormat().hasProperty(QTextFormat::FontWeight));
-            italic.append(it.fragment().charFormat().fontItalic());
+        for (const QTextFragment& run : rtftest::fragmentsOf(document)) {
+            QVERIFY(!run.charFormat().hasProperty(QTextFormat::FontWeight));
+            italic.append(run.charFormat().fontItalic());
         }
         QCOMPARE(italic, (QList<bool>{true, false, true}));
     }
 
     void changeIsOneStepOfUndo()
     {
-        QTextDocument document(QString::fromLatin1("abc\ndef"));
+        QTextDocument document("abc\ndef"_s);
         document.clearUndoRedoStacks();
         ORVFragments::changeFormats(&document, 1, 6, embolden);
-        QCOMPARE(runs(document), QString::fromLatin1("a bc! |de! f |"));
-
+        QCOMPARE(runs(document), "a bc! |de! f |"_s);
         document.undo();
-
-        QCOMPARE(runs(document), QString::fromLatin1("abc |def |"));
+        QCOMPARE(runs(document), "abc |def |"_s);
         QVERIFY(!document.isUndoAvailable());
     }
 
     void equalFormatIsNoChange()
     {
-        QTextDocument document(QString::fromLatin1("abc"));
+        QTextDocument document("abc"_s);
         document.clearUndoRedoStacks();
         int calls = 0;
-
         ORVFragments::changeFormats(&document, 0, 3, [&calls](QTextCharFormat*) { ++calls; });
-
         QCOMPARE(calls, 1);
         QVERIFY(!document.isUndoAvailable());
     }
@@ -113,15 +105,13 @@ private slots:
         QTextDocument document;
         QTextCursor cursor(&document);
         QCOMPARE(ORVFragments::pictureNames(&document), QStringList());
-
         insertPicture(cursor, "first");
-        cursor.insertText(QString::fromLatin1("text"), QTextCharFormat());
+        cursor.insertText("text"_s, QTextCharFormat());
         insertPicture(cursor, "second");
         cursor.insertBlock();
         insertPicture(cursor, "first");
 
-        QCOMPARE(ORVFragments::pictureNames(&document),
-                 (QStringList{QString::fromLatin1("first"), QString::fromLatin1("second")}));
+        QCOMPARE(ORVFragments::pictureNames(&document), (QStringList{"first"_s, "second"_s}));
     }
 
     void nullDocument()
