@@ -12,24 +12,19 @@ namespace {
 class BoxAnswer {
 public:
     explicit BoxAnswer(QMessageBox::StandardButton button)
+        : m_answer([this, button](QMessageBox* box) {
+              m_text = box->text();
+              box->button(button)->click();
+          })
     {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this, button] {
-            QMessageBox* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box)
-                return;
-            m_timer.stop();
-            m_text = box->text();
-            box->button(button)->click();
-        });
-        m_timer.start(1);
     }
 
     /*! The text of the box; null when there was none. */
     QString text() const { return m_text; }
 
 private:
-    QTimer m_timer;
     QString m_text;
+    DialogAnswer<QMessageBox> m_answer;
 };
 
 /*! Drags \a mime onto the middle of \a target and drops it there; false when it is not wanted there. */
@@ -45,11 +40,22 @@ bool drop(const QMimeData& mime, QWidget* target)
     return drop.isAccepted();
 }
 
-/*! Copies what is selected in \a from, and pastes it in \a to. */
-void copyAndPaste(EditorWindow& from, EditorWindow& to)
+/*! Drags the file \a name onto \a target, as the other drop(). */
+bool dropFile(const QString& name, QWidget* target)
 {
-    from.textEdit()->copy();
-    to.textEdit()->paste();
+    QMimeData mime;
+    mime.setUrls({QUrl::fromLocalFile(name)});
+    return drop(mime, target);
+}
+
+/*! Copies the RTF \a body from one position to another in a window of its own, and pastes it in \a window. */
+void copyAndPaste(const QByteArray& body, int from, int to, EditorWindow& window)
+{
+    EditorWindow source;
+    setBody(source, body);
+    select(source, from, to);
+    source.textEdit()->copy();
+    window.textEdit()->paste();
 }
 
 /*! A list table with the bullet list 1. */
@@ -97,9 +103,7 @@ private slots:
     void rtfFileIsDroppedOntoTheText()
     {
         const QString file = makeFile("dropped.rtf", richRtf());
-        QMimeData mime;
-        mime.setUrls({QUrl::fromLocalFile(file)});
-        QVERIFY(drop(mime, m_window->textEdit()->viewport()));
+        QVERIFY(dropFile(file, m_window->textEdit()->viewport()));
         QCOMPARE(contentOf(*m_window), richContent());
         QCOMPARE(m_window->fileName(), file);
         QVERIFY(!m_window->isWindowModified());
@@ -108,133 +112,103 @@ private slots:
     void rtfFileIsDroppedOntoTheWindow()
     {
         const QString file = makeFile("dropped.RTF", richRtf());
-        QMimeData mime;
-        mime.setUrls({QUrl::fromLocalFile(file)});
         m_window->textEdit()->insertPlainText("changed"_s);
         const BoxAnswer answer(QMessageBox::Cancel);
-        QVERIFY(drop(mime, m_window.data()));
+        QVERIFY(dropFile(file, m_window.data()));
         QCOMPARE(answer.text(), "Save the changes?"_s);
         QCOMPARE(contentOf(*m_window), "changed"_s);
 
         const BoxAnswer secondAnswer(QMessageBox::Discard);
-        QVERIFY(drop(mime, m_window.data()));
+        QVERIFY(dropFile(file, m_window.data()));
         QCOMPARE(contentOf(*m_window), richContent());
         QCOMPARE(m_window->fileName(), file);
     }
 
     void otherFileIsNotOpened()
     {
-        QMimeData mime;
-        mime.setUrls({QUrl::fromLocalFile(makeFile("other.txt", richRtf()))});
-        QVERIFY(!drop(mime, m_window->menuWidget()));
+        QVERIFY(!dropFile(makeFile("other.txt", richRtf()), m_window->menuWidget()));
         QCOMPARE(m_window->fileName(), QString());
     }
 
-    void ownFlavourIsPreferred()
+    void bestFlavourIsPasted_data()
     {
-        QMimeData* mime = new QMimeData;
-        mime->setData("text/rtf"_s, "{\\rtf1 plain{}}");
-        mime->setData(QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType), "{\\rtf1 own{}}");
-        QApplication::clipboard()->setMimeData(mime);
-        m_window->textEdit()->paste();
-        QCOMPARE(contentOf(*m_window), "own"_s);
+        const Columns<QByteArray, QByteArray, QString, QString, QString> add("rtf", "own", "html", "text",
+                                                                             "pasted");
+        add("own flavour is preferred", "{\\rtf1 plain{}}", "{\\rtf1 own{}}", QString(), QString(), "own");
+        add("damaged RTF gives way to text", "{\\rtf1 {half} a text", QByteArray(), QString(), "whole text",
+            "whole text");
+        add("HTML where there is no RTF", QByteArray(), QByteArray(), "some <b>bold</b> text", QString(),
+            "some *bold* text");
     }
 
-    void damagedRtfGivesWayToText()
+    void bestFlavourIsPasted()
     {
+        FETCH(QByteArray, rtf, QByteArray, own, QString, html, QString, text, QString, pasted);
         QMimeData* mime = new QMimeData;
-        mime->setData("text/rtf"_s, "{\\rtf1 {half} a text");
-        mime->setText("whole text"_s);
+        if (!rtf.isEmpty())
+            mime->setData("text/rtf"_s, rtf);
+        if (!own.isEmpty())
+            mime->setData(QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType), own);
+        if (!html.isEmpty())
+            mime->setHtml(html);
+        if (!text.isEmpty())
+            mime->setText(text);
         QApplication::clipboard()->setMimeData(mime);
         m_window->textEdit()->paste();
-        QCOMPARE(contentOf(*m_window), "whole text"_s);
+        QCOMPARE(contentOf(*m_window), pasted);
     }
 
-    void htmlIsPastedWhereThereIsNoRtf()
+    void pastingReplacesTheSelection_data()
     {
-        QMimeData* mime = new QMimeData;
-        mime->setHtml("some <b>bold</b> text"_s);
-        QApplication::clipboard()->setMimeData(mime);
-        m_window->textEdit()->paste();
-        QCOMPARE(contentOf(*m_window), "some *bold* text"_s);
+        const Columns<QByteArray, int, QString> add("body", "length", "content");
+        add("words", "one {\\b two}", 7, "aone *two*e");
+        add("paragraphs", "one\\par two\\par three", 13, "aone\ntwo\nthreee");
     }
 
     void pastingReplacesTheSelection()
     {
-        EditorWindow source;
-        setBody(source, "one {\\b two}");
-        source.textEdit()->selectAll();
+        FETCH(QByteArray, body, int, length, QString, content);
         m_window->textEdit()->setPlainText("abcde"_s);
         select(*m_window, 1, 4);
-        copyAndPaste(source, *m_window);
-        QCOMPARE(contentOf(*m_window), "aone *two*e"_s);
-        QCOMPARE(m_window->textEdit()->textCursor().position(), 8);
-    }
-
-    void pastingIsOneStepForUndo()
-    {
-        EditorWindow source;
-        setBody(source, "one\\par two\\par three");
-        source.textEdit()->selectAll();
-        m_window->textEdit()->setPlainText("abcde"_s);
-        select(*m_window, 1, 4);
-        copyAndPaste(source, *m_window);
-        QCOMPARE(contentOf(*m_window), "aone\ntwo\nthreee"_s);
+        copyAndPaste(body, 0, length, *m_window);
+        QCOMPARE(contentOf(*m_window), content);
+        QCOMPARE(m_window->textEdit()->textCursor().position(), 1 + length);
+        // In one step
         m_window->textEdit()->undo();
         QCOMPARE(contentOf(*m_window), "abcde"_s);
     }
 
-    void partOfAListIsCopied()
+    void partIsCopied_data()
     {
-        EditorWindow source;
-        setBody(source, bullets() + "intro\\par\\pard\\ls1 one\\par two\\par three\\par four");
-        select(source, 10, 19); // "two" and "three"
-        copyAndPaste(source, *m_window);
-        QCOMPARE(contentOf(*m_window), bullet("two") + QLatin1Char('\n') + bullet("three"));
+        const Columns<QByteArray, int, int, QString, int> add("body", "from", "to", "content", "alignment");
+        const QByteArray list = bullets() + "intro\\par\\pard\\ls1 one\\par two\\par three\\par four";
+        const QString items = bullet("two") + QLatin1Char('\n') + bullet("three");
+        const int left = Qt::AlignLeft;
+        const int right = Qt::AlignRight;
+        add("part of a list", list, 10, 19, items, left);
+        add("list item", list, 6, 9, bullet("one"), left);
+        add("paragraph with its format", "first\\par\\pard\\qr second\\par third", 6, 13, "second\n", right);
+        add("words without that of their paragraph", "first\\par\\pard\\qr second and more\\par third", 6, 12,
+            "second", left);
+    }
+
+    void partIsCopied()
+    {
+        FETCH(QByteArray, body, int, from, int, to, QString, content, int, alignment);
+        copyAndPaste(body, from, to, *m_window);
+        QCOMPARE(contentOf(*m_window), content);
         const QTextBlock first = m_window->textEdit()->document()->begin();
-        QCOMPARE(first.textList(), first.next().textList());
-    }
-
-    void listItemIsCopied()
-    {
-        EditorWindow source;
-        setBody(source, bullets() + "intro\\par\\pard\\ls1 one\\par two");
-        select(source, 6, 9); // "one"
-        copyAndPaste(source, *m_window);
-        QCOMPARE(contentOf(*m_window), bullet("one"));
-    }
-
-    void paragraphIsCopiedWithItsFormat()
-    {
-        EditorWindow source;
-        setBody(source, "first\\par\\pard\\qr second\\par third");
-        select(source, 6, 13); // "second" and its end
-        copyAndPaste(source, *m_window);
-        const QTextBlock block = m_window->textEdit()->document()->begin();
-        QCOMPARE(block.text(), "second"_s);
-        QCOMPARE(block.blockFormat().alignment() & Qt::AlignHorizontal_Mask, Qt::Alignment(Qt::AlignRight));
-    }
-
-    void wordsAreCopiedWithoutTheFormatOfTheirParagraph()
-    {
-        EditorWindow source;
-        setBody(source, "first\\par\\pard\\qr second and more\\par third");
-        select(source, 6, 12); // "second"
-        copyAndPaste(source, *m_window);
-        QCOMPARE(contentOf(*m_window), "second"_s);
-        QCOMPARE(m_window->textEdit()->alignment() & Qt::AlignHorizontal_Mask, Qt::Alignment(Qt::AlignLeft));
+        QCOMPARE(int(first.blockFormat().alignment() & Qt::AlignHorizontal_Mask), alignment);
+        if (first.textList() && first.next().isValid())
+            QCOMPARE(first.textList(), first.next().textList());
     }
 
     void wordsKeepTheFormatOfAnEmptyParagraph()
     {
-        EditorWindow source;
-        setBody(source, "some words");
-        select(source, 0, 4);
         m_window->textEdit()->setAlignment(Qt::AlignHCenter);
-        copyAndPaste(source, *m_window);
+        copyAndPaste("some words", 0, 4, *m_window);
         QCOMPARE(contentOf(*m_window), "some"_s);
-        QCOMPARE(m_window->textEdit()->alignment() & Qt::AlignHorizontal_Mask,
-                 Qt::Alignment(Qt::AlignHCenter));
+        QCOMPARE(int(m_window->textEdit()->alignment() & Qt::AlignHorizontal_Mask), int(Qt::AlignHCenter));
     }
 
     void cellsOfATableAreCopied()
@@ -250,7 +224,8 @@ private slots:
         QTextCursor cursor = table->cellAt(1, 0).firstCursorPosition();
         cursor.setPosition(table->cellAt(2, 1).lastPosition(), QTextCursor::KeepAnchor);
         source.textEdit()->setTextCursor(cursor);
-        copyAndPaste(source, *m_window);
+        source.textEdit()->copy();
+        m_window->textEdit()->paste();
         QVERIFY(contentOf(*m_window).contains("\n| 10\n| 11\n| 20\n| 21\n"_s));
         QCOMPARE(contentOf(*m_window).count(QLatin1Char('|')), 4);
     }
