@@ -15,6 +15,14 @@ QImage makeImage(QRgb color)
     return image;
 }
 
+/*! Stores an image of one colour under \a name in \a document. */
+QImage addImage(QTextDocument* document, const QString& name, QRgb color)
+{
+    const QImage image = makeImage(color);
+    document->addResource(QTextDocument::ImageResource, QUrl(name), image);
+    return image;
+}
+
 QByteArray pngOf(const QImage& image)
 {
     QByteArray bytes;
@@ -126,21 +134,18 @@ private slots:
     void pageBreaks_data()
     {
         const Columns<QList<int>, QList<int>> add("policies", "normalized");
-        typedef QList<int> L;
-        add("none", L() << 0 << 0, L() << 0 << 0);
-        add("after becomes before the next", L() << After << 0 << 0, L() << 0 << Before << 0);
-        add("before stays", L() << 0 << Before, L() << 0 << Before);
-        add("after and before are one break", L() << After << Before, L() << 0 << Before);
-        add("before and after one paragraph", L() << (Before | After) << 0, L() << Before << Before);
-        add("after several in a row", L() << After << After << After << 0,
-            L() << 0 << Before << Before << Before);
-        add("after the last stays", L() << 0 << After, L() << 0 << After);
-        add("after the last two", L() << After << After, L() << 0 << (Before | After));
-        add("after the only one", L() << After, L() << After);
-        add("between paragraphs without", L() << 0 << After << 0 << 0 << After << 0,
-            L() << 0 << 0 << Before << 0 << 0 << Before);
-        add("other bits stay", L() << (After | KeepTogether) << KeepWithNext << (KeepTogether | KeepWithNext),
-            L() << KeepTogether << (Before | KeepWithNext) << (KeepTogether | KeepWithNext));
+        add("none", {0, 0}, {0, 0});
+        add("after becomes before the next", {After, 0, 0}, {0, Before, 0});
+        add("before stays", {0, Before}, {0, Before});
+        add("after and before are one break", {After, Before}, {0, Before});
+        add("before and after one paragraph", {Before | After, 0}, {Before, Before});
+        add("after several in a row", {After, After, After, 0}, {0, Before, Before, Before});
+        add("after the last stays", {0, After}, {0, After});
+        add("after the last two", {After, After}, {0, Before | After});
+        add("after the only one", {After}, {After});
+        add("between paragraphs without", {0, After, 0, 0, After, 0}, {0, 0, Before, 0, 0, Before});
+        add("other bits stay", {After | KeepTogether, KeepWithNext, KeepTogether | KeepWithNext},
+            {KeepTogether, Before | KeepWithNext, KeepTogether | KeepWithNext});
     }
 
     void pageBreaks()
@@ -157,7 +162,7 @@ private slots:
     void pageBreakPolicyZeroIsNoProperty()
     {
         QTextDocument document;
-        makeParagraphs(&document, QList<int>() << After << 0);
+        makeParagraphs(&document, {After, 0});
         TextDocSupport::normalizePageBreaks(&document);
         QVERIFY(!document.begin().blockFormat().hasProperty(QTextFormat::PageBreakPolicy));
     }
@@ -171,21 +176,21 @@ private slots:
         addBreakAfter(document.findBlockByNumber(0));
         addBreakAfter(document.findBlockByNumber(2));
         TextDocSupport::normalizePageBreaks(&document);
-        QCOMPARE(policiesOf(document), QList<int>() << 0 << Before << 0 << Before);
+        QCOMPARE(policiesOf(document), QList<int>({0, Before, 0, Before}));
         QCOMPARE(document.rootFrame()->childFrames().size(), 1);
     }
 
     void pageBreaksKeepFormatsAndLists()
     {
         QTextDocument document;
-        makeParagraphs(&document, QList<int>() << 0 << 0);
+        makeParagraphs(&document, {0, 0});
         QTextBlockFormat centred;
         centred.setAlignment(Qt::AlignHCenter);
         QTextCursor(document.begin()).setBlockFormat(centred);
         QTextCursor(document.begin()).createList(QTextListFormat::ListDisc)->add(document.lastBlock());
         addBreakAfter(document.begin());
         TextDocSupport::normalizePageBreaks(&document);
-        QCOMPARE(policiesOf(document), QList<int>() << 0 << Before);
+        QCOMPARE(policiesOf(document), QList<int>({0, Before}));
         QVERIFY(document.begin().textList());
         QCOMPARE(document.begin().textList()->count(), 2);
         QCOMPARE(int(document.begin().blockFormat().alignment()), int(Qt::AlignHCenter));
@@ -194,7 +199,7 @@ private slots:
     void pageBreaksAreOneUndoStep()
     {
         QTextDocument document;
-        const QList<int> policies = QList<int>() << After << After << 0;
+        const QList<int> policies = {After, After, 0};
         makeParagraphs(&document, policies);
         document.clearUndoRedoStacks();
         TextDocSupport::normalizePageBreaks(&document);
@@ -206,7 +211,7 @@ private slots:
     void pageBreaksThatAreNormalChangeNothing()
     {
         QTextDocument document;
-        makeParagraphs(&document, QList<int>() << 0 << Before << (KeepTogether | After));
+        makeParagraphs(&document, {0, Before, KeepTogether | After});
         document.clearUndoRedoStacks();
         document.setModified(false);
         TextDocSupport::normalizePageBreaks(&document);
@@ -301,8 +306,7 @@ private slots:
     void baseUrlAppliesToNames()
     {
         QTextDocument document;
-        const QImage image = makeImage(qRgb(7, 8, 9));
-        document.addResource(QTextDocument::ImageResource, QUrl("store:/pictures/1"_s), image);
+        const QImage image = addImage(&document, "store:/pictures/1"_s, qRgb(7, 8, 9));
         document.setBaseUrl(QUrl("store:/pictures/"_s));
         QCOMPARE(TextDocSupport::image(&document, "1"_s), image);
         QVERIFY(TextDocSupport::image(&document, "2"_s).isNull());
@@ -348,8 +352,7 @@ private slots:
         const WorkingFolder folder;
         QVERIFY(makeImage(qRgb(1, 2, 3)).save(folder.filePath("picture.png"_s)));
         QTextDocument document;
-        const QImage stored = makeImage(qRgb(200, 100, 0));
-        document.addResource(QTextDocument::ImageResource, QUrl("picture.png"_s), stored);
+        const QImage stored = addImage(&document, "picture.png"_s, qRgb(200, 100, 0));
         QCOMPARE(TextDocSupport::image(&document, "picture.png"_s), stored);
     }
 
@@ -357,8 +360,7 @@ private slots:
     {
         FetchingParent parent;
         QTextDocument* document = new QTextDocument(&parent);
-        const QImage stored = makeImage(qRgb(200, 100, 0));
-        document->addResource(QTextDocument::ImageResource, QUrl("stored.png"_s), stored);
+        const QImage stored = addImage(document, "stored.png"_s, qRgb(200, 100, 0));
         QCOMPARE(TextDocSupport::image(document, "stored.png"_s), stored);
         QVERIFY(TextDocSupport::image(document, "other.png"_s).isNull());
         QCOMPARE(parent.asked, QStringList());
@@ -372,8 +374,7 @@ private slots:
         QVERIFY(makeImage(qRgb(1, 2, 3)).save(folder.filePath("picture.png"_s)));
         QThread idle;
         QTextDocument document;
-        const QImage stored = makeImage(qRgb(200, 100, 0));
-        document.addResource(QTextDocument::ImageResource, QUrl("stored.png"_s), stored);
+        const QImage stored = addImage(&document, "stored.png"_s, qRgb(200, 100, 0));
         document.moveToThread(&idle);
         QCOMPARE(TextDocSupport::image(&document, "stored.png"_s), stored);
 #if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)

@@ -24,8 +24,8 @@ QTextListFormat formatOf(const QList<ORVTextListLevel>& levels)
 
 QList<ORVTextListLevel> twoLevels()
 {
-    return QList<ORVTextListLevel>() << makeLevel(ORVTextListLevel::Decimal, "%0."_s, 36, 18)
-                                     << makeLevel(ORVTextListLevel::LowerLetter, "%1.%0)"_s, 72.5, 54.25);
+    return {makeLevel(ORVTextListLevel::Decimal, "%0."_s, 36, 18),
+            makeLevel(ORVTextListLevel::LowerLetter, "%1.%0)"_s, 72.5, 54.25)};
 }
 
 // A document of paragraphs "0", "1", ..., of which those up to the given number are items of one list.
@@ -79,17 +79,16 @@ private slots:
     void storedLevelsComeBack_data()
     {
         const Columns<QList<ORVTextListLevel>> add("levels");
-        add("default level", QList<ORVTextListLevel>() << ORVTextListLevel());
+        add("default level", {ORVTextListLevel()});
         add("two levels", twoLevels());
         QList<ORVTextListLevel> nine;
         for (int i = 0; i < 9; ++i)
             nine << makeLevel(unsigned(i % 6), "%%1"_s.arg(i), 36.0 * i, 36.0 * i - 18);
         add("nine levels", nine);
-        add("unknown kind", QList<ORVTextListLevel>() << makeLevel(4000000000u, "%0"_s));
-        add("fractions and negative numbers",
-            QList<ORVTextListLevel>() << makeLevel(1, "%0"_s, 1.0 / 3, -0.1));
+        add("unknown kind", {makeLevel(4000000000u, "%0"_s)});
+        add("fractions and negative numbers", {makeLevel(1, "%0"_s, 1.0 / 3, -0.1)});
         const QChar odd[] = {QChar(0xd800), QChar(0), QChar('\n'), QChar(0xf0b7), QChar(' '), QChar(0x2022)};
-        add("any characters", QList<ORVTextListLevel>() << makeLevel(0, QString(odd, 6)));
+        add("any characters", {makeLevel(0, QString(odd, 6))});
     }
 
     void storedLevelsComeBack()
@@ -118,11 +117,9 @@ private slots:
 
     void noLevelsRemoveStoredOnes()
     {
-        QTextListFormat format =
-            formatOf(QList<ORVTextListLevel>() << makeLevel(ORVTextListLevel::LowerRoman, "(%0)"_s, 99, 9));
+        QTextListFormat format = formatOf({makeLevel(ORVTextListLevel::LowerRoman, "(%0)"_s, 99, 9)});
         ORVTextListFormat::setLevels(format, QList<ORVTextListLevel>());
-        const QList<ORVTextListLevel> derived = QList<ORVTextListLevel>()
-            << makeLevel(ORVTextListLevel::LowerRoman, "(%0)"_s, 30, 30);
+        const QList<ORVTextListLevel> derived = {makeLevel(ORVTextListLevel::LowerRoman, "(%0)"_s, 30, 30)};
         QVERIFY(ORVTextListFormat::levels(format) == derived);
     }
 
@@ -186,8 +183,7 @@ private slots:
         format.setNumberPrefix("old"_s);
         format.setNumberSuffix("old"_s);
         ORVTextListFormat::setLevels(format,
-                                     QList<ORVTextListLevel>() << makeLevel(
-                                         kind, text) << makeLevel(ORVTextListLevel::Decimal, "<%0>"_s));
+                                     {makeLevel(kind, text), makeLevel(ORVTextListLevel::Decimal, "<%0>"_s)});
         QTEST(int(format.style()), "style");
         QCOMPARE(format.hasProperty(QTextFormat::ListNumberPrefix), !prefix.isNull());
         QCOMPARE(format.hasProperty(QTextFormat::ListNumberSuffix), !suffix.isNull());
@@ -208,9 +204,7 @@ private slots:
     void markerIsShownByQt()
     {
         FETCH(QString, text);
-        const QList<ORVTextListLevel> levels = QList<ORVTextListLevel>()
-            << makeLevel(ORVTextListLevel::LowerRoman, text);
-        const ListDocument lists(formatOf(levels), 2, 2);
+        const ListDocument lists(formatOf({makeLevel(ORVTextListLevel::LowerRoman, text)}), 2, 2);
         QTEST(lists.list->itemText(lists.block(1)), "shown");
     }
 
@@ -224,14 +218,10 @@ private slots:
 
     void levelOfStockStyle_data()
     {
-        Columns<int, QString, QString, unsigned, QString>("style", "prefix", "suffix", "kind", "text");
+        const Columns<int, QString, QString, unsigned, QString> row("style", "prefix", "suffix", "kind",
+                                                                    "text");
         typedef ORVTextListLevel Level;
         typedef QTextListFormat Format;
-        const auto row = [](const char* name, Format::Style style, const char* prefix, const char* suffix,
-                            Level::Kind kind, const QString& text) {
-            QTest::newRow(name) << int(style) << QString::fromLatin1(prefix) << QString::fromLatin1(suffix)
-                                << unsigned(kind) << text;
-        };
         const QLatin1String plain("%0.");
         row("disc", Format::ListDisc, nullptr, nullptr, Level::Bullet, QString(QChar(0x2022)));
         row("circle", Format::ListCircle, nullptr, nullptr, Level::Bullet, QString(QChar(0x25e6)));

@@ -48,18 +48,13 @@ private slots:
     void automaticEngineTakesFirstInstalled_data()
     {
         const Columns<QStringList, QString, QByteArray> add("installed", "suffix", "used");
-        const QString soffice = "soffice"_s;
-        const QString libreoffice = "libreoffice"_s;
-        const QString abiword = "abiword"_s;
-        const QString pandoc = "pandoc"_s;
-        const QString docx = "docx"_s;
-        add("all", QStringList({pandoc, abiword, libreoffice, soffice}), docx, "soffice");
-        add("LibreOffice by its other name", QStringList({pandoc, abiword, libreoffice}), docx,
+        add("all", {"pandoc"_s, "abiword"_s, "libreoffice"_s, "soffice"_s}, "docx", "soffice");
+        add("LibreOffice by its other name", {"pandoc"_s, "abiword"_s, "libreoffice"_s}, "docx",
             "libreoffice");
-        add("AbiWord and pandoc", QStringList({pandoc, abiword}), docx, "abiword");
-        add("pandoc", QStringList({pandoc}), docx, "pandoc");
-        add("suffix in upper case", QStringList({pandoc}), "DocX", "pandoc");
-        add("doc with all", QStringList({pandoc, abiword}), "doc", "abiword");
+        add("AbiWord and pandoc", {"pandoc"_s, "abiword"_s}, "docx", "abiword");
+        add("pandoc", {"pandoc"_s}, "docx", "pandoc");
+        add("suffix in upper case", {"pandoc"_s}, "DocX", "pandoc");
+        add("doc with all", {"pandoc"_s, "abiword"_s}, "doc", "abiword");
     }
 
     void automaticEngineTakesFirstInstalled()
@@ -81,10 +76,8 @@ private slots:
     {
         fake("exit 1", ORVImportExport::LibreOfficeEngine);
         fake("echo >output/source.rtf", ORVImportExport::AbiWordEngine);
-        writeFile(path("in.docx"), "content");
         QString message;
-        QCOMPARE(toRtf(path("in.docx"), path("target.rtf"), &message, ORVImportExport::AutomaticEngine),
-                 TextTransform::ToolFailed);
+        QCOMPARE(runFake(&message, ORVImportExport::AutomaticEngine), TextTransform::ToolFailed);
         QCOMPARE(message, "LibreOffice ended with exit status 1"_s);
     }
 
@@ -120,9 +113,7 @@ private slots:
     {
         fake("exit 1", ORVImportExport::AutomaticEngine);
         fake("echo used >output/source.rtf", ORVImportExport::LibreOfficeEngine);
-        writeFile(path("in.docx"), "content");
-        QCOMPARE(toRtf(path("in.docx"), path("target.rtf"), nullptr, ORVImportExport::AutomaticEngine),
-                 TextTransform::NoError);
+        QCOMPARE(runFake(nullptr, ORVImportExport::AutomaticEngine), TextTransform::NoError);
         QCOMPARE(readFile(path("target.rtf")), "used\n"_b);
     }
 
@@ -194,25 +185,25 @@ private slots:
     void failure_data()
     {
         const Columns<QByteArray, int, QString> add("commands", "error", "message");
-        add("exit status", "exit 3", int(TextTransform::ToolFailed), "pandoc ended with exit status 3");
+        add("exit status", "exit 3", TextTransform::ToolFailed, "pandoc ended with exit status 3");
         add("exit status and words", "echo 'no such thing %1 \xc3\xbc' >&2; echo unheard; exit 64",
-            int(TextTransform::ToolFailed), "pandoc ended with exit status 64\nno such thing %1 \xc3\xbc");
+            TextTransform::ToolFailed, "pandoc ended with exit status 64\nno such thing %1 \xc3\xbc");
         add("exit status although there is a file", "echo x >output/source.rtf; exit 1",
-            int(TextTransform::ToolFailed), "pandoc ended with exit status 1");
-        add("crash", "echo bad >&2; kill -SEGV $$", int(TextTransform::ToolFailed), "pandoc crashed\nbad");
-        add("killed", "kill -KILL $$", int(TextTransform::ToolFailed), "pandoc crashed");
-        add("no file", "true", int(TextTransform::NoOutput), "pandoc wrote nothing");
-        add("no file and words", "echo nothing to do >&2", int(TextTransform::NoOutput),
+            TextTransform::ToolFailed, "pandoc ended with exit status 1");
+        add("crash", "echo bad >&2; kill -SEGV $$", TextTransform::ToolFailed, "pandoc crashed\nbad");
+        add("killed", "kill -KILL $$", TextTransform::ToolFailed, "pandoc crashed");
+        add("no file", "true", TextTransform::NoOutput, "pandoc wrote nothing");
+        add("no file and words", "echo nothing to do >&2", TextTransform::NoOutput,
             "pandoc wrote nothing\nnothing to do");
-        add("empty file", ": >output/source.rtf", int(TextTransform::NoOutput), "pandoc wrote nothing");
-        add("folder instead of a file", "mkdir output/source.rtf", int(TextTransform::NoOutput),
+        add("empty file", ": >output/source.rtf", TextTransform::NoOutput, "pandoc wrote nothing");
+        add("folder instead of a file", "mkdir output/source.rtf", TextTransform::NoOutput,
             "pandoc wrote nothing");
-        add("hangs", "while :; do sleep 1000; done", int(TextTransform::ToolTimedOut),
+        add("hangs", "while :; do sleep 1000; done", TextTransform::ToolTimedOut,
             "pandoc did not end within 0.3 seconds");
         add("hangs after words", "echo wait >&2; echo x >output/source.rtf; sleep 1000",
-            int(TextTransform::ToolTimedOut), "pandoc did not end within 0.3 seconds\nwait");
+            TextTransform::ToolTimedOut, "pandoc did not end within 0.3 seconds\nwait");
         add("cannot be told to end", "trap '' TERM INT HUP; while :; do sleep 1000; done",
-            int(TextTransform::ToolTimedOut), "pandoc did not end within 0.3 seconds");
+            TextTransform::ToolTimedOut, "pandoc did not end within 0.3 seconds");
     }
 
     void failure()
@@ -321,25 +312,21 @@ private slots:
         const QString all = "LibreOffice, AbiWord, pandoc"_s;
         const QString text = "Cannot convert '.%1' files to this format: %2"_s;
         const int automatic = ORVImportExport::AutomaticEngine;
+        const int abiword = ORVImportExport::AbiWordEngine;
+        const int pandoc = ORVImportExport::PandocEngine;
         const int rtf = ORVFormat::Rtf;
         add("no suffix", "in", rtf, automatic, text.arg(QString(), all));
         add("plain text", "in.txt", rtf, automatic, text.arg("txt"_s, all));
         add("PDF", "in.pdf", rtf, automatic, text.arg("pdf"_s, all));
-        add("HTML with AbiWord", "in.html", rtf, int(ORVImportExport::AbiWordEngine),
-            text.arg("html"_s, "AbiWord"_s));
+        add("HTML with AbiWord", "in.html", rtf, abiword, text.arg("html"_s, "AbiWord"_s));
         add("no such format", "in.docx", 0, automatic, text.arg("docx"_s, all));
         add("format below all", "in.docx", -1, automatic, text.arg("docx"_s, all));
         add("format above all", "in.docx", 5, automatic, text.arg("docx"_s, all));
-        add("doc with pandoc", "in.doc", rtf, int(ORVImportExport::PandocEngine),
-            text.arg("doc"_s, "pandoc"_s));
-        add("ODT from pandoc", "in.docx", int(ORVFormat::Odt), int(ORVImportExport::PandocEngine),
-            text.arg("docx"_s, "pandoc"_s));
-        add("ODT from AbiWord", "in.docx", int(ORVFormat::Odt), int(ORVImportExport::AbiWordEngine),
-            text.arg("docx"_s, "AbiWord"_s));
-        add("HTML from pandoc", "in.docx", int(ORVFormat::Html), int(ORVImportExport::PandocEngine),
-            text.arg("docx"_s, "pandoc"_s));
-        add("HTML from AbiWord", "in.docx", int(ORVFormat::Html), int(ORVImportExport::AbiWordEngine),
-            text.arg("docx"_s, "AbiWord"_s));
+        add("doc with pandoc", "in.doc", rtf, pandoc, text.arg("doc"_s, "pandoc"_s));
+        add("ODT from pandoc", "in.docx", ORVFormat::Odt, pandoc, text.arg("docx"_s, "pandoc"_s));
+        add("ODT from AbiWord", "in.docx", ORVFormat::Odt, abiword, text.arg("docx"_s, "AbiWord"_s));
+        add("HTML from pandoc", "in.docx", ORVFormat::Html, pandoc, text.arg("docx"_s, "pandoc"_s));
+        add("HTML from AbiWord", "in.docx", ORVFormat::Html, abiword, text.arg("docx"_s, "AbiWord"_s));
         add("unknown engine", "in.docx", rtf, 17, text.arg("docx"_s, QString()));
     }
 
@@ -360,21 +347,20 @@ private slots:
     {
         const Columns<QString, int, QString, QString> add("name", "engine", "toolPath", "message");
         const int automatic = ORVImportExport::AutomaticEngine;
+        const int libreOffice = ORVImportExport::LibreOfficeEngine;
+        const int abiword = ORVImportExport::AbiWordEngine;
+        const int pandoc = ORVImportExport::PandocEngine;
         const QString none;
         add("docx", "in.docx", automatic, none,
-            "Looked for: LibreOffice (soffice, libreoffice), AbiWord (abiword), "
-            "pandoc (pandoc)");
+            "Looked for: LibreOffice (soffice, libreoffice), AbiWord (abiword), pandoc (pandoc)");
         add("doc", "in.doc", automatic, none,
             "Looked for: LibreOffice (soffice, libreoffice), AbiWord (abiword)");
-        add("LibreOffice", "in.docx", int(ORVImportExport::LibreOfficeEngine), none,
-            "Looked for: LibreOffice (soffice, libreoffice)");
-        add("AbiWord", "in.docx", int(ORVImportExport::AbiWordEngine), none, "Looked for: AbiWord (abiword)");
-        add("pandoc", "in.docx", int(ORVImportExport::PandocEngine), none, "Looked for: pandoc (pandoc)");
-        add("path of nothing", "in.docx", int(ORVImportExport::PandocEngine), "/no/such/tool",
-            "Looked for: pandoc (/no/such/tool)");
-        add("path of a folder", "in.docx", int(ORVImportExport::PandocEngine), "/usr",
-            "Looked for: pandoc (/usr)");
-        add("path of a file that is no program", "in.docx", int(ORVImportExport::PandocEngine), "/etc/passwd",
+        add("LibreOffice", "in.docx", libreOffice, none, "Looked for: LibreOffice (soffice, libreoffice)");
+        add("AbiWord", "in.docx", abiword, none, "Looked for: AbiWord (abiword)");
+        add("pandoc", "in.docx", pandoc, none, "Looked for: pandoc (pandoc)");
+        add("path of nothing", "in.docx", pandoc, "/no/such/tool", "Looked for: pandoc (/no/such/tool)");
+        add("path of a folder", "in.docx", pandoc, "/usr", "Looked for: pandoc (/usr)");
+        add("path of a file that is no program", "in.docx", pandoc, "/etc/passwd",
             "Looked for: pandoc (/etc/passwd)");
     }
 
@@ -522,10 +508,11 @@ private:
     }
 
     /*! Runs what was set by fake() from a source of its own to "target.rtf". */
-    Error runFake(QString* message = nullptr) const
+    Error runFake(QString* message = nullptr,
+                  ORVImportExport::Engine engine = ORVImportExport::PandocEngine) const
     {
         writeFile(path("in.docx"), "content");
-        return toRtf(path("in.docx"), path("target.rtf"), message);
+        return toRtf(path("in.docx"), path("target.rtf"), message, engine);
     }
 
     QScopedPointer<Folders> m_folders;

@@ -30,11 +30,27 @@ void insertParagraphs(QTextCursor* cursor, const QString& text)
     }
 }
 
-QTextCursor wholeDocument(QTextDocument* document)
+/*! Trims the whole of \a document, and returns what is selected then. */
+QTextCursor trimmed(QTextDocument* document)
 {
     QTextCursor cursor(document);
     cursor.select(QTextCursor::Document);
+    ORVTextUtil::trim(cursor);
     return cursor;
+}
+
+QTextBlockFormat aligned(Qt::Alignment alignment)
+{
+    QTextBlockFormat format;
+    format.setAlignment(alignment);
+    return format;
+}
+
+QTextCharFormat italic()
+{
+    QTextCharFormat format;
+    format.setFontItalic(true);
+    return format;
 }
 
 } // namespace
@@ -206,8 +222,7 @@ private slots:
         QTextDocument document;
         QTextCursor writer(&document);
         insertParagraphs(&writer, text);
-        QTextCursor cursor = wholeDocument(&document);
-        ORVTextUtil::trim(cursor);
+        const QTextCursor cursor = ::trimmed(&document);
         QCOMPARE(paragraphs(document), trimmed);
         QCOMPARE(cursor.selectedText(), QString(trimmed).replace(QLatin1Char('|'), QChar(0x2029)));
     }
@@ -254,49 +269,35 @@ private slots:
         QTextDocument document;
         QTextCursor writer(&document);
         QTextCharFormat plain;
-        QTextCharFormat bold;
-        bold.setFontWeight(QFont::Bold);
-        QTextCharFormat italic;
-        italic.setFontItalic(true);
         writer.insertText("  "_s, plain);
-        writer.insertText(" bold"_s, bold);
-        writer.insertText(" italic "_s, italic);
+        writer.insertText(" bold"_s, rtftest::bold());
+        writer.insertText(" italic "_s, italic());
         writer.insertText("  "_s, plain);
-        QTextCursor cursor = wholeDocument(&document);
-        ORVTextUtil::trim(cursor);
+        trimmed(&document);
 
-        QTextBlock::iterator it = document.begin().begin();
-        QCOMPARE(it.fragment().text(), "bold"_s);
-        QVERIFY(it.fragment().charFormat() == bold);
-        ++it;
-        QCOMPARE(it.fragment().text(), " italic"_s);
-        QVERIFY(it.fragment().charFormat() == italic);
-        ++it;
-        QVERIFY(it.atEnd());
+        const QList<QTextFragment> fragments = rtftest::fragmentsOf(document);
+        QCOMPARE(fragments.size(), 2);
+        QCOMPARE(fragments.at(0).text(), "bold"_s);
+        QVERIFY(fragments.at(0).charFormat() == rtftest::bold());
+        QCOMPARE(fragments.at(1).text(), " italic"_s);
+        QVERIFY(fragments.at(1).charFormat() == italic());
     }
 
     void trimKeepsFormatsOfTheFirstParagraph()
     {
         QTextDocument document;
         QTextCursor writer(&document);
-        QTextBlockFormat right;
-        right.setAlignment(Qt::AlignRight);
-        QTextBlockFormat centred;
-        centred.setAlignment(Qt::AlignHCenter);
-        QTextCharFormat italic;
-        italic.setFontItalic(true);
-        writer.setBlockFormat(right);
+        writer.setBlockFormat(aligned(Qt::AlignRight));
         writer.insertText("  "_s);
-        writer.insertBlock(right);
-        writer.insertBlock(centred, italic);
+        writer.insertBlock(aligned(Qt::AlignRight));
+        writer.insertBlock(aligned(Qt::AlignHCenter), italic());
         writer.createList(QTextListFormat::ListDecimal);
         writer.insertText(" text"_s);
-        QTextCursor cursor = wholeDocument(&document);
-        ORVTextUtil::trim(cursor);
+        trimmed(&document);
 
         QCOMPARE(paragraphs(document), "text"_s);
         QCOMPARE(int(document.begin().blockFormat().alignment()), int(Qt::AlignHCenter));
-        QVERIFY(document.begin().charFormat() == italic);
+        QVERIFY(document.begin().charFormat() == italic());
         QVERIFY(document.begin().textList());
     }
 
@@ -305,13 +306,9 @@ private slots:
     {
         QTextDocument document;
         QTextCursor writer(&document);
-        QTextBlockFormat right;
-        right.setAlignment(Qt::AlignRight);
-        QTextCharFormat italic;
-        italic.setFontItalic(true);
-        writer.setBlockFormat(right);
+        writer.setBlockFormat(aligned(Qt::AlignRight));
         writer.insertText("a "_s);
-        writer.insertBlock(QTextBlockFormat(), italic);
+        writer.insertBlock(QTextBlockFormat(), italic());
         writer.insertText(" b"_s);
         QTextCursor cursor(&document);
         cursor.setPosition(1);
@@ -327,22 +324,17 @@ private slots:
     {
         QTextDocument document;
         QTextCursor writer(&document);
-        QTextBlockFormat right;
-        right.setAlignment(Qt::AlignRight);
-        QTextCharFormat italic;
-        italic.setFontItalic(true);
         writer.insertText("first"_s);
-        writer.insertBlock(right, italic);
+        writer.insertBlock(aligned(Qt::AlignRight), italic());
         writer.insertText("last "_s);
         writer.insertBlock(QTextBlockFormat(), QTextCharFormat());
         writer.insertText("  "_s);
         writer.insertBlock();
-        QTextCursor cursor = wholeDocument(&document);
-        ORVTextUtil::trim(cursor);
+        trimmed(&document);
 
         QCOMPARE(paragraphs(document), "first|last"_s);
         QCOMPARE(int(document.lastBlock().blockFormat().alignment()), int(Qt::AlignRight));
-        QVERIFY(document.lastBlock().charFormat() == italic);
+        QVERIFY(document.lastBlock().charFormat() == italic());
     }
 
     void trimKeepsTables()
@@ -355,8 +347,7 @@ private slots:
         table->cellAt(0, 1).firstCursorPosition().insertText("b "_s);
         writer.movePosition(QTextCursor::End);
         insertParagraphs(&writer, " | "_s);
-        QTextCursor cursor = wholeDocument(&document);
-        ORVTextUtil::trim(cursor);
+        trimmed(&document);
 
         QCOMPARE(paragraphs(document), "| a|b |"_s);
         QCOMPARE(document.rootFrame()->childFrames().size(), 1);
@@ -372,8 +363,7 @@ private slots:
         writer.insertText(" x "_s);
         writer.insertImage("second"_s);
         writer.insertText("  "_s);
-        QTextCursor cursor = wholeDocument(&document);
-        ORVTextUtil::trim(cursor);
+        trimmed(&document);
         const QString picture = QChar(QChar::ObjectReplacementCharacter);
         QCOMPARE(paragraphs(document), picture + " x "_s + picture);
     }
@@ -384,8 +374,7 @@ private slots:
         QTextCursor writer(&document);
         insertParagraphs(&writer, "  |a|  "_s);
         document.clearUndoRedoStacks();
-        QTextCursor cursor = wholeDocument(&document);
-        ORVTextUtil::trim(cursor);
+        trimmed(&document);
         document.undo();
         QVERIFY(!document.isUndoAvailable());
         QCOMPARE(paragraphs(document), "  |a|  "_s);
