@@ -6,47 +6,15 @@ namespace {
 
 const QList<QByteArray>& destinations()
 {
-    static const QList<QByteArray> words = {"\\fonttbl",
-                                            "\\colortbl",
-                                            "\\stylesheet",
-                                            "\\info",
-                                            "\\*\\listtable",
-                                            "\\list",
-                                            "\\listlevel",
-                                            "\\leveltext",
-                                            "\\listname",
-                                            "\\levelmarker",
-                                            "\\listtext",
-                                            "\\pntext",
-                                            "\\listoverridetable",
-                                            "\\listoverride",
-                                            "\\lfolevel",
-                                            "\\field",
-                                            "\\*\\fldinst",
-                                            "\\fldrslt",
-                                            "\\footnote",
-                                            "\\*\\annotation",
-                                            "\\*\\atnid",
-                                            "\\*\\atnauthor",
-                                            "\\*\\atnref",
-                                            "\\*\\atrfstart",
-                                            "\\*\\atrfend",
-                                            "\\*\\bkmkstart",
-                                            "\\*\\bkmkend",
-                                            "\\pict",
-                                            "\\*\\shppict",
-                                            "\\nonshppict",
-                                            "\\*\\orvellinepdf",
-                                            "\\*\\pdffilename",
-                                            "\\*\\nisusfilename",
-                                            "\\*\\mathmlequation",
-                                            "\\*\\nesttableprops",
-                                            "\\nonesttables",
-                                            "\\upr",
-                                            "\\*\\ud",
-                                            "\\header",
-                                            "\\footer",
-                                            "\\*\\zzz"};
+    static const QList<QByteArray> words =
+        QByteArray("\\fonttbl \\colortbl \\stylesheet \\info \\*\\listtable \\list \\listlevel \\leveltext "
+                   "\\listname \\levelmarker \\listtext \\pntext \\listoverridetable \\listoverride "
+                   "\\lfolevel \\field \\*\\fldinst \\fldrslt \\footnote \\*\\annotation \\*\\atnid "
+                   "\\*\\atnauthor \\*\\atnref \\*\\atrfstart \\*\\atrfend \\*\\bkmkstart \\*\\bkmkend "
+                   "\\pict \\*\\shppict \\nonshppict \\*\\orvellinepdf \\*\\pdffilename \\*\\nisusfilename "
+                   "\\*\\mathmlequation \\*\\nesttableprops \\nonesttables \\upr \\*\\ud \\header \\footer "
+                   "\\*\\zzz")
+            .split(' ');
     return words;
 }
 
@@ -243,29 +211,21 @@ private slots:
         }
     }
 
-    void namesOfFonts_data() { nameRows(); }
+    void namesOfFontsAndLinks_data() { nameRows(); }
 
-    void namesOfFonts()
+    void namesOfFontsAndLinks()
     {
         FETCH(QString, name);
-        QTextCharFormat format;
-        compat::setFontFamily(format, name);
-        const QByteArray rtf = write(*textDocument("x"_s, format));
-        QCOMPARE(read(rtf).status, 0);
-        QCOMPARE(read(rtf).text(), "x"_s);
-    }
-
-    void targetsOfLinks_data() { nameRows(); }
-
-    void targetsOfLinks()
-    {
-        FETCH(QString, name);
-        QTextCharFormat format;
-        format.setAnchor(true);
-        format.setAnchorHref(name);
-        const QByteArray rtf = write(*textDocument("x"_s, format));
-        QCOMPARE(read(rtf).status, 0);
-        QCOMPARE(read(rtf).text(), "x"_s);
+        QTextCharFormat font;
+        compat::setFontFamily(font, name);
+        QTextCharFormat link;
+        link.setAnchor(true);
+        link.setAnchorHref(name);
+        for (const QTextCharFormat& format : {font, link}) {
+            const Reading reading = read(write(*textDocument("x"_s, format)));
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), "x"_s);
+        }
     }
 
     void namesOfBookmarks_data() { nameRows(); }
@@ -292,12 +252,12 @@ private slots:
         ORVTextListLevel level;
         level.setText(name + "%0"_s);
         QTextListFormat format;
-        ORVTextListFormat::setLevels(format, QList<ORVTextListLevel>() << level);
+        ORVTextListFormat::setLevels(format, {level});
         QSharedPointer<QTextDocument> document = textDocument("x"_s);
         QTextCursor(document.data()).createList(format);
-        const QByteArray rtf = write(*document);
-        QCOMPARE(read(rtf).status, 0);
-        QCOMPARE(read(rtf).text(), "x"_s);
+        const Reading reading = read(write(*document));
+        QCOMPARE(reading.status, 0);
+        QCOMPARE(reading.text(), "x"_s);
     }
 
     void wrongTypes_data()
@@ -395,7 +355,7 @@ private slots:
         level.setIndent(value);
         level.setFirstLinePosition(value);
         QTextListFormat listFormat;
-        ORVTextListFormat::setLevels(listFormat, QList<ORVTextListLevel>() << level);
+        ORVTextListFormat::setLevels(listFormat, {level});
         cursor.createList(listFormat);
         QCOMPARE(complaintAboutWriting(*document), QString());
     }

@@ -5,6 +5,8 @@
 #include <QtCore/QList>
 #include <QtCore/QtEndian>
 
+#include <functional>
+
 /*! Files that are made to cost a reader more time or memory than they are worth. */
 namespace hostile {
 
@@ -97,8 +99,28 @@ inline QByteArray listTable(const QByteArray& content)
 struct Input {
     const char* name;
     /*! The input of about that many bytes. */
-    QByteArray (*make)(int bytes);
+    std::function<QByteArray(int bytes)> make;
 };
+
+/*! \a piece again and again, with a number that counts in place of each "#". */
+inline QByteArray filled(const QByteArray& piece, int bytes)
+{
+    return piece.contains('#') ? counted(piece, bytes) : filledWith(piece, bytes);
+}
+
+/*! A document of \a piece, as by filled(), between \a before and \a after. */
+inline Input repeated(const char* name, const QByteArray& piece, const QByteArray& before = QByteArray(),
+                      const QByteArray& after = QByteArray())
+{
+    return {name, [=](int n) { return document(before + filled(piece, n) + after); }};
+}
+
+/*! As repeated(), but in the definition of a list. */
+inline Input inListTable(const char* name, const QByteArray& piece, const QByteArray& before = QByteArray(),
+                         const QByteArray& after = QByteArray())
+{
+    return {name, [=](int n) { return listTable(before + filled(piece, n) + after); }};
+}
 
 /*! All of them; each is to be read in time and memory that grow no faster than its size. */
 inline QList<Input> inputs()
@@ -106,69 +128,52 @@ inline QList<Input> inputs()
     return QList<Input>{
         {"opening braces", [](int n) { return QByteArray(n, '{'); }},
         {"closing braces", [](int n) { return QByteArray(n, '}'); }},
-        {"empty groups", [](int n) { return document(filledWith("{}", n)); }},
-        {"groups of formats", [](int n) { return document(filledWith("{\\b\\fs30\\cf1 x", n)); }},
+        repeated("empty groups", "{}"),
+        repeated("groups of formats", "{\\b\\fs30\\cf1 x"),
         {"backslashes", [](int n) { return QByteArray(n, '\\'); }},
-        {"line feeds", [](int n) { return document(QByteArray(n, '\n')); }},
-        {"escaped line feeds", [](int n) { return document(filledWith("\\\n", n)); }},
-        {"byte 80", [](int n) { return document(QByteArray(n, '\x80')); }},
+        repeated("line feeds", "\n"),
+        repeated("escaped line feeds", "\\\n"),
+        repeated("byte 80", "\x80"),
         {"NUL bytes", [](int n) { return document(QByteArray(n, '\0')); }},
-        {"escaped bytes", [](int n) { return document(filledWith("\\'41", n)); }},
-        {"unicode", [](int n) { return document(filledWith("\\u65 ", n)); }},
-        {"unicode with much to skip",
-         [](int n) { return document("\\uc2000000000" + filledWith("\\u65", n)); }},
+        repeated("escaped bytes", "\\'41"),
+        repeated("unicode", "\\u65 "),
+        repeated("unicode with much to skip", "\\u65", "\\uc2000000000"),
         {"long control word", [](int n) { return "\\" + QByteArray(n, 'a'); }},
         {"long number", [](int n) { return "\\fs" + QByteArray(n, '9'); }},
-        {"upr", [](int n) { return document(filledWith("{\\upr", n)); }},
-        {"upr siblings", [](int n) { return document(filledWith("{\\upr{a}{\\*\\ud b}}", n)); }},
+        repeated("upr", "{\\upr"),
+        repeated("upr siblings", "{\\upr{a}{\\*\\ud b}}"),
         {"binary data that is missing", [](int n) { return filledWith("\\bin2147483647", n); }},
-        {"binary data in pictures",
-         [](int n) { return document(filledWith("{\\pict\\bin9 123456789}", n)); }},
-        {"skipped groups", [](int n) { return document(filledWith("{\\*\\zzz{", n)); }},
-        {"footnotes", [](int n) { return document(filledWith("{\\footnote x", n)); }},
-        {"paragraphs", [](int n) { return document(filledWith("\\par", n)); }},
-        {"paragraphs with text", [](int n) { return document(filledWith("\\pard x\\par ", n)); }},
-        {"pages", [](int n) { return document(filledWith("\\page ", n)); }},
-        {"formats without text", [](int n) { return document(filledWith("\\b0\\i\\qc\\li720", n)); }},
-        {"runs", [](int n) { return document(filledWith("\\b1 x\\b0 y", n)); }},
-        {"runs all different", [](int n) { return document(counted("\\fs# x", n)); }},
-        {"tabs", [](int n) { return document(counted("\\tx#", n) + " x\\par"); }},
-        {"tabs and paragraphs", [](int n) { return document(counted("\\tx#\\par", n)); }},
-        {"fonts", [](int n) { return document("{\\fonttbl" + counted("{\\f# Aa#;}", n) + "}x"); }},
-        {"fonts without groups",
-         [](int n) { return document("{\\fonttbl" + counted("\\f# Aa#;", n) + "}x"); }},
-        {"many fonts of one number",
-         [](int n) { return document("{\\fonttbl" + counted("{\\f1 Aa#;}", n) + "}x"); }},
-        {"one font again and again",
-         [](int n) { return document("{\\fonttbl" + filledWith("{\\f1 Aa;}", n) + "}x"); }},
-        {"font tables between paragraphs",
-         [](int n) { return document(filledWith("x\\par{\\fonttbl\\f0 A;}", n)); }},
-        {"font of every size",
-         [](int n) { return document("{\\fonttbl" + counted("{\\f#\\fs# A;}", n) + "}"); }},
-        {"long font name", [](int n) { return document("{\\fonttbl\\f0 " + filledWith("ab{}", n) + ";}x"); }},
-        {"colours", [](int n) { return document("{\\colortbl" + QByteArray(n, ';') + "}x"); }},
-        {"colours in pieces",
-         [](int n) { return document("{\\colortbl" + filledWith(";\\red9", n) + "}x"); }},
-        {"groups in the colour table",
-         [](int n) { return document("{\\colortbl" + filledWith(";{}", n) + "}x"); }},
-        {"colour tables between paragraphs",
-         [](int n) { return document(filledWith("x\\par{\\colortbl;}", n)); }},
-        {"list levels",
-         [](int n) { return listTable(filledWith("{\\listlevel{\\leveltext\\'02\\'00.;}}", n)); }},
-        {"lists", [](int n) { return listTable(counted("\\listid#}{\\list\\listlevel\\leveltext x", n)); }},
+        repeated("binary data in pictures", "{\\pict\\bin9 123456789}"),
+        repeated("skipped groups", "{\\*\\zzz{"),
+        repeated("footnotes", "{\\footnote x"),
+        repeated("paragraphs", "\\par"),
+        repeated("paragraphs with text", "\\pard x\\par "),
+        repeated("pages", "\\page "),
+        repeated("formats without text", "\\b0\\i\\qc\\li720"),
+        repeated("runs", "\\b1 x\\b0 y"),
+        repeated("runs all different", "\\fs# x"),
+        repeated("tabs", "\\tx#", "", " x\\par"),
+        repeated("tabs and paragraphs", "\\tx#\\par"),
+        repeated("fonts", "{\\f# Aa#;}", "{\\fonttbl", "}x"),
+        repeated("fonts without groups", "\\f# Aa#;", "{\\fonttbl", "}x"),
+        repeated("many fonts of one number", "{\\f1 Aa#;}", "{\\fonttbl", "}x"),
+        repeated("one font again and again", "{\\f1 Aa;}", "{\\fonttbl", "}x"),
+        repeated("font tables between paragraphs", "x\\par{\\fonttbl\\f0 A;}"),
+        repeated("font of every size", "{\\f#\\fs# A;}", "{\\fonttbl", "}"),
+        repeated("long font name", "ab{}", "{\\fonttbl\\f0 ", ";}x"),
+        repeated("colours", ";", "{\\colortbl", "}x"),
+        repeated("colours in pieces", ";\\red9", "{\\colortbl", "}x"),
+        repeated("groups in the colour table", ";{}", "{\\colortbl", "}x"),
+        repeated("colour tables between paragraphs", "x\\par{\\colortbl;}"),
+        inListTable("list levels", "{\\listlevel{\\leveltext\\'02\\'00.;}}"),
+        inListTable("lists", "\\listid#}{\\list\\listlevel\\leveltext x"),
         {"level text closed again and again",
          [](int n) {
              return listTable("{\\listlevel{\\leveltext" + filledWith("\\u65535?", n / 2)
                               + filledWith("{}", n / 2) + "}}");
          }},
-        {"level text of many pieces",
-         [](int n) {
-             return listTable("{\\listlevel{\\leveltext\\u65535?" + filledWith("a\\b ", n) + "}}");
-         }},
-        {"level text of placeholders",
-         [](int n) {
-             return listTable("{\\listlevel{\\leveltext\\u65535?" + filledWith("\\'00", n) + "}}");
-         }},
+        inListTable("level text of many pieces", "a\\b ", "{\\listlevel{\\leveltext\\u65535?", "}}"),
+        inListTable("level text of placeholders", "\\'00", "{\\listlevel{\\leveltext\\u65535?", "}}"),
         {"different lists",
          [](int n) {
              return document("{\\*\\listtable"
@@ -176,66 +181,40 @@ inline QList<Input> inputs()
                              + "}{\\*\\listoverridetable" + counted("{\\listoverride\\listid#\\ls#}", n / 4)
                              + "}" + counted("\\pard\\ls# x\\par ", n / 4));
          }},
-        {"list overrides",
-         [](int n) {
-             return document("{\\*\\listoverridetable" + counted("{\\listoverride\\listid#\\ls#}", n)
-                             + "}\\ls1 x");
-         }},
-        {"list numbers", [](int n) { return document(counted("\\pard\\ls# x\\par ", n)); }},
+        repeated("list overrides", "{\\listoverride\\listid#\\ls#}", "{\\*\\listoverridetable", "}\\ls1 x"),
+        repeated("list numbers", "\\pard\\ls# x\\par "),
         {"field instructions",
          [](int n) {
              return document("{\\field{\\*\\fldinst HYPERLINK \"" + QByteArray(n / 2, 'a') + "\""
                              + filledWith("{}", n / 2) + "}}");
          }},
-        {"fields in fields",
-         [](int n) { return document(filledWith("{\\field{\\*\\fldinst x}{\\fldrslt ", n)); }},
-        {"links",
-         [](int n) {
-             return document(counted("{\\field{\\*\\fldinst HYPERLINK \"http://e.org/#\"}{\\fldrslt x}}", n));
-         }},
-        {"bookmarks", [](int n) { return document(counted("{\\*\\bkmkstart a#}x{\\*\\bkmkend a#}", n)); }},
-        {"picture names in pieces",
-         [](int n) { return document("{\\pict{\\*\\nisusfilename " + filledWith("ab\\b ", n) + "}}"); }},
-        {"hexadecimal digits",
-         [](int n) { return document("{\\pict\\pngblip " + QByteArray(n, '0') + "}"); }},
-        {"digits one by one",
-         [](int n) { return document("{\\pict\\pngblip " + filledWith("0 ", n) + "}"); }},
-        {"empty pictures", [](int n) { return document(filledWith("{\\pict\\pngblip 00}", n)); }},
-        {"tables of different widths",
-         [](int n) { return document(counted("\\trowd\\cellx#\\lastrow\\intbl x\\cell\\row", n)); }},
-        {"paragraphs of different tabs", [](int n) { return document(counted("\\pard\\tx#\\par", n)); }},
-        {"table levels", [](int n) { return document(filledWith("\\itap9999", n)); }},
-        {"table levels with text", [](int n) { return document(filledWith("\\itap9999 x", n)); }},
-        {"table levels opened and closed",
-         [](int n) { return document(filledWith("\\pard\\itap12 x\\pard\\itap1 y", n)); }},
-        {"one boundary", [](int n) { return document(filledWith("\\cellx1", n)); }},
-        {"boundaries", [](int n) { return document(counted("\\cellx#", n) + "\\cell\\row"); }},
-        {"rows without definitions", [](int n) { return document(filledWith("\\trowd\\cell\\row", n)); }},
-        {"cells", [](int n) { return document(filledWith("\\intbl x\\cell ", n)); }},
-        {"rows", [](int n) { return document(filledWith("\\trowd\\cellx9\\intbl x\\cell\\row", n)); }},
-        {"tables",
-         [](int n) { return document(filledWith("\\trowd\\cellx9\\lastrow\\intbl x\\cell\\row", n)); }},
-        {"alternating splits",
-         [](int n) {
-             return document(filledWith("\\trowd\\cellx500\\cellx900\\intbl a\\cell b\\cell\\row"
-                                        "\\trowd\\cellx700\\cellx900\\intbl a\\cell b\\cell\\row",
-                                        n));
-         }},
-        {"cells merged downwards",
-         [](int n) {
-             return document(filledWith("\\trowd\\clvmrg\\cellx5\\cellx9\\intbl a\\cell b\\cell\\row", n));
-         }},
-        {"cells merged to the left",
-         [](int n) {
-             return document(filledWith("\\trowd\\cellx5\\clmrg\\cellx9\\intbl a\\cell b\\cell\\row", n));
-         }},
+        repeated("fields in fields", "{\\field{\\*\\fldinst x}{\\fldrslt "),
+        repeated("links", "{\\field{\\*\\fldinst HYPERLINK \"http://e.org/#\"}{\\fldrslt x}}"),
+        repeated("bookmarks", "{\\*\\bkmkstart a#}x{\\*\\bkmkend a#}"),
+        repeated("picture names in pieces", "ab\\b ", "{\\pict{\\*\\nisusfilename ", "}}"),
+        repeated("hexadecimal digits", "0", "{\\pict\\pngblip ", "}"),
+        repeated("digits one by one", "0 ", "{\\pict\\pngblip ", "}"),
+        repeated("empty pictures", "{\\pict\\pngblip 00}"),
+        repeated("tables of different widths", "\\trowd\\cellx#\\lastrow\\intbl x\\cell\\row"),
+        repeated("paragraphs of different tabs", "\\pard\\tx#\\par"),
+        repeated("table levels", "\\itap9999"),
+        repeated("table levels with text", "\\itap9999 x"),
+        repeated("table levels opened and closed", "\\pard\\itap12 x\\pard\\itap1 y"),
+        repeated("one boundary", "\\cellx1"),
+        repeated("boundaries", "\\cellx#", "", "\\cell\\row"),
+        repeated("rows without definitions", "\\trowd\\cell\\row"),
+        repeated("cells", "\\intbl x\\cell "),
+        repeated("rows", "\\trowd\\cellx9\\intbl x\\cell\\row"),
+        repeated("tables", "\\trowd\\cellx9\\lastrow\\intbl x\\cell\\row"),
+        repeated("alternating splits",
+                 "\\trowd\\cellx500\\cellx900\\intbl a\\cell b\\cell\\row"
+                 "\\trowd\\cellx700\\cellx900\\intbl a\\cell b\\cell\\row"),
+        repeated("cells merged downwards", "\\trowd\\clvmrg\\cellx5\\cellx9\\intbl a\\cell b\\cell\\row"),
+        repeated("cells merged to the left", "\\trowd\\cellx5\\clmrg\\cellx9\\intbl a\\cell b\\cell\\row"),
         {"rows with boundaries of their own", [](int n) { return document(disjointRows(n / 62)); }},
         {"a wide row above short ones", [](int n) { return document(wideRowAboveShortOnes(10000, n / 50)); }},
-        {"nested rows",
-         [](int n) {
-             return document(filledWith("\\intbl\\itap2 a\\nestcell{\\*\\nesttableprops\\cellx9\\nestrow}", n)
-                             + "\\intbl\\cell\\row");
-         }},
+        repeated("nested rows", "\\intbl\\itap2 a\\nestcell{\\*\\nesttableprops\\cellx9\\nestrow}", "",
+                 "\\intbl\\cell\\row"),
     };
 }
 

@@ -128,70 +128,23 @@ private:
     QByteArray token()
     {
         // The frequent words of real tables, so that rows and tables come about.
-        static const char* const common[] = {
-            "\\intbl",    "\\cell",    "\\row",   "\\cellx2000", "\\cellx4320", "\\cellx8640", "\\trowd",
-            "\\nestcell", "\\nestrow", "\\itap2", "\\pard",      "\\clvmrg",    "\\clmrg",     " text"};
-        static const char* const odd[] = {"\\par",
-                                          "\\page",
-                                          "\\lastrow",
-                                          "\\itap1",
-                                          "\\itap3",
-                                          "\\itap0",
-                                          "\\itap-1",
-                                          "\\itap9999",
-                                          "\\itap",
-                                          "\\itap12",
-                                          "\\cellx-500",
-                                          "\\cellx0",
-                                          "\\cellx-2147483648",
-                                          "\\cellx2147483647",
-                                          "\\cellx",
-                                          "\\cellx1000",
-                                          "\\cellx3000",
-                                          "\\trgaph108",
-                                          "\\trgaph-108",
-                                          "\\clcbpat1",
-                                          "\\clcbpat-7",
-                                          "\\clshdrawnil",
-                                          "\\clvertalc",
-                                          "\\clvertalb",
-                                          "\\clbrdrb",
-                                          "\\trbrdrb",
-                                          "\\brdrs",
-                                          "\\brdrw30000",
-                                          "\\brdrcf3",
-                                          "\\brdrnil",
-                                          "{",
-                                          "{",
-                                          "}",
-                                          "}",
-                                          "{\\*\\nesttableprops",
-                                          "\\pict",
-                                          "{\\pict\\pngblip @}",
-                                          "{\\nonesttables a{b}c}",
-                                          "{\\footnote n}",
-                                          "\\footnote",
-                                          "\\plain",
-                                          "\\ls1\\ilvl3",
-                                          "\\line",
-                                          "\\tab",
-                                          "\\u10 ?",
-                                          "\\paperw0",
-                                          "\\paperw2147483647",
-                                          "\\paperw12240",
-                                          "\\margl-2147483648",
-                                          "{\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt y}}",
-                                          "{\\*\\unknown\\cell\\row}",
-                                          "\\\n"};
-        if (m_engine() % 3 != 0)
-            return pick(common);
-        return pick(odd);
-    }
-
-    template <size_t n>
-    QByteArray pick(const char* const (&words)[n])
-    {
-        return QByteArray(words[m_engine() % n]);
+        static const QList<QByteArray> common =
+            QByteArray("\\intbl|\\cell|\\row|\\cellx2000|\\cellx4320|\\cellx8640|\\trowd|\\nestcell|"
+                       "\\nestrow|\\itap2|\\pard|\\clvmrg|\\clmrg| text")
+                .split('|');
+        static const QList<QByteArray> odd =
+            QByteArray("\\par|\\page|\\lastrow|\\itap1|\\itap3|\\itap0|\\itap-1|\\itap9999|\\itap|"
+                       "\\itap12|\\cellx-500|\\cellx0|\\cellx-2147483648|\\cellx2147483647|\\cellx|"
+                       "\\cellx1000|\\cellx3000|\\trgaph108|\\trgaph-108|\\clcbpat1|\\clcbpat-7|"
+                       "\\clshdrawnil|\\clvertalc|\\clvertalb|\\clbrdrb|\\trbrdrb|\\brdrs|\\brdrw30000|"
+                       "\\brdrcf3|\\brdrnil|{|{|}|}|{\\*\\nesttableprops|\\pict|{\\pict\\pngblip @}|"
+                       "{\\nonesttables a{b}c}|{\\footnote n}|\\footnote|\\plain|\\ls1\\ilvl3|\\line|"
+                       "\\tab|\\u10 ?|\\paperw0|\\paperw2147483647|\\paperw12240|\\margl-2147483648|"
+                       "{\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt y}}|{\\*\\unknown\\cell\\row}|"
+                       "\\\n")
+                .split('|');
+        const QList<QByteArray>& words = m_engine() % 3 != 0 ? common : odd;
+        return words.at(int(m_engine() % unsigned(words.size())));
     }
 
     std::mt19937 m_engine;
@@ -199,21 +152,12 @@ private:
     bool m_unmatched = false;
 };
 
-QByteArray repeated(const QByteArray& text, int count)
-{
-    QByteArray result;
-    result.reserve(text.size() * count);
-    for (int i = 0; i < count; ++i)
-        result += text;
-    return result;
-}
-
 const int bigRows = 20000;
 const int bigColumns = 5;
 
 QByteArray bigTable()
 {
-    return "{\\rtf1 " + repeated(row("1000 2000 3000 4000 5000", "first second third fourth fifth"), bigRows)
+    return "{\\rtf1 " + row("1000 2000 3000 4000 5000", "first second third fourth fifth").repeated(bigRows)
         + "\\pard after}";
 }
 
@@ -383,27 +327,27 @@ private slots:
     void largeInputs_data()
     {
         const Columns<QByteArray> add("rtf");
-        add("cells without rows", "\\intbl " + repeated("x\\cell ", 50000));
-        add("empty cells without rows", "\\intbl" + repeated("\\cell", 100000));
-        add("definitions without rows", "\\intbl" + repeated("\\cellx100", 100000));
+        add("cells without rows", "\\intbl " + "x\\cell "_b.repeated(50000));
+        add("empty cells without rows", "\\intbl" + "\\cell"_b.repeated(100000));
+        add("definitions without rows", "\\intbl" + "\\cellx100"_b.repeated(100000));
         add("growing definitions", [] {
             QByteArray rtf = "\\intbl";
             for (int i = 1; i <= 20000; ++i)
                 rtf += "\\cellx" + QByteArray::number(i);
             return rtf + " x\\cell\\row";
         }());
-        add("rows without cells", repeated("\\intbl\\row", 20000));
+        add("rows without cells", "\\intbl\\row"_b.repeated(20000));
         add("rows of different widths", [] {
             QByteArray rtf;
             for (int i = 0; i < 400; ++i)
                 rtf += row(QByteArray::number(1000 + i * 7919 % 4000) + " 8640", "a b");
             return rtf;
         }());
-        add("tables without text between", repeated("\\trowd\\cellx900\\lastrow\\intbl x\\cell\\row", 5000));
-        add("levels opened and closed", repeated("\\pard\\itap12 x\\pard\\itap1 y", 5000));
-        add("a long text in one cell", "\\intbl " + repeated("x\\b0 y\\b1 ", 20000) + "\\cell\\row");
-        add("many paragraphs in one cell", "\\intbl " + repeated("x\\par ", 20000) + "\\cell\\row");
-        add("never closed", "\\intbl\\itap12 " + repeated("x\\nestcell\\nestrow\\itap12 ", 3000));
+        add("tables without text between", "\\trowd\\cellx900\\lastrow\\intbl x\\cell\\row"_b.repeated(5000));
+        add("levels opened and closed", "\\pard\\itap12 x\\pard\\itap1 y"_b.repeated(5000));
+        add("a long text in one cell", "\\intbl " + "x\\b0 y\\b1 "_b.repeated(20000) + "\\cell\\row");
+        add("many paragraphs in one cell", "\\intbl " + "x\\par "_b.repeated(20000) + "\\cell\\row");
+        add("never closed", "\\intbl\\itap12 " + "x\\nestcell\\nestrow\\itap12 "_b.repeated(3000));
     }
 
     void largeInputs()
@@ -417,7 +361,7 @@ private slots:
     /*! Beyond the last column text goes on in the last cell, however much it is. */
     void rowOfManyCells()
     {
-        const Reading reading = readBody("\\intbl " + repeated("x\\cell ", 20000) + "\\row");
+        const Reading reading = readBody("\\intbl " + "x\\cell "_b.repeated(20000) + "\\row");
         const QTextTable* table = tablesOf(*reading.document).value(0);
         QVERIFY(table);
         QCOMPARE(table->columns(), mostColumns);
@@ -436,7 +380,7 @@ private slots:
     {
         FETCH(int, rows);
         const Reading reading =
-            readBody(row("4320 8640", "A B") + repeated(row("4320v 8640", "- C"), rows - 1) + "\\pard after");
+            readBody(row("4320 8640", "A B") + row("4320v 8640", "- C").repeated(rows - 1) + "\\pard after");
         const QTextTable* table = tablesOf(*reading.document).value(0);
         QVERIFY(table);
         QCOMPARE(table->rows(), rows);
@@ -449,7 +393,7 @@ private slots:
     {
         const QByteArray outer = "\\trowd\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
                                  "{\\*\\nesttableprops\\cellx900\\nestrow}\\pard\\intbl o\\cell\\row\n";
-        const Reading reading = readBody(repeated(outer, 2000) + "\\pard after");
+        const Reading reading = readBody(outer.repeated(2000) + "\\pard after");
         QCOMPARE(reading.status, 0);
         const QTextTable* table = tablesOf(*reading.document).value(0);
         QVERIFY(table);
