@@ -64,7 +64,7 @@ private slots:
         FETCH(QString, jobs);
         QStringList arguments = words("convert --output-dir out --to txt");
         if (!jobs.isEmpty())
-            arguments += jobs.split(QLatin1Char(' '));
+            arguments += words(jobs);
         QStringList expected;
         for (int i = 10; i < 20; ++i) {
             const QByteArray number = QByteArray::number(i);
@@ -99,7 +99,7 @@ private slots:
         for (const char* name : pipes)
             makePipe(name);
         QProcess process;
-        start(process, batch("1.rtf 2.rtf 3.rtf 4.rtf") + jobs.split(QLatin1Char(' ')));
+        start(process, batch("1.rtf 2.rtf 3.rtf 4.rtf") + words(jobs));
         QList<int> writers;
         for (int i = 0; i < running; ++i) {
             int writer = -1;
@@ -220,12 +220,7 @@ private slots:
         QVERIFY(QFile::link(path("a/in.html"), path("a/link.rtf")));
         write("a/in.html", "Text");
         const QStringList before = files();
-        const ToolRun result = run(words("convert") + arguments.split(QLatin1Char(' ')));
-        QCOMPARE(result.exitCode, 2);
-        QCOMPARE(result.out, QByteArray());
-        QVERIFY2(isOneLineAboutTool(result.err), result.err.constData());
-        QVERIFY2(result.err.contains(about), result.err.constData());
-        QVERIFY2(result.err.endsWith("see orvrtf --help\n"), result.err.constData());
+        verifyRefusal(run(words("convert") + words(arguments)), about);
         QCOMPARE(files(), before);
         QCOMPARE(files("a"), words("in.html in.rtf link.rtf"));
         QCOMPARE(read(path("in.rtf")), rtf("Text"));
@@ -257,39 +252,23 @@ private slots:
         QCOMPARE(batchConflict({other, pages}), expected);
     }
 
-    void stopsAtFirstFailure()
+    void failureAmongOthers_data()
     {
-        write("a.rtf", rtf("a"));
-        write("c.rtf", rtf("c"));
-        write("d.rtf", rtf("d"));
-        const ToolRun result = run(batch("a.rtf missing.rtf c.rtf d.rtf"));
-        QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.err,
-                 "orvrtf: cannot read missing.rtf: No such file or directory\n"
-                 "orvrtf: 1 converted, 1 failed, 2 not tried\n"_b);
-        QCOMPARE(files("out"), words("a.txt"));
+        const Columns<QString, QByteArray, QString> add("options", "result", "outputs");
+        add("stops at the first failure", "--timeout 300", "1 converted, 1 failed, 2 not tried", "a.txt");
+        add("keeps going", "--keep-going --jobs 1", "3 converted, 1 failed", "a.txt c.txt d.txt");
+        add("keeps going with four jobs", "--keep-going --jobs 4", "3 converted, 1 failed",
+            "a.txt c.txt d.txt");
     }
 
-    void keepsGoing_data()
+    void failureAmongOthers()
     {
-        const Columns<QString> add("jobs");
-        add("one", "1");
-        add("four", "4");
-    }
-
-    void keepsGoing()
-    {
-        FETCH(QString, jobs);
-        write("a.rtf", rtf("a"));
-        write("c.rtf", rtf("c"));
-        write("d.rtf", rtf("d"));
-        const ToolRun result =
-            run(batch("--keep-going a.rtf missing.rtf c.rtf d.rtf --jobs") + QStringList(jobs));
-        QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.err,
-                 "orvrtf: cannot read missing.rtf: No such file or directory\n"
-                 "orvrtf: 3 converted, 1 failed\n"_b);
-        QCOMPARE(files("out"), words("a.txt c.txt d.txt"));
+        FETCH(QString, options, QByteArray, result, QString, outputs);
+        writeFiles("acd");
+        QCOMPARE(
+            run(batch("a.rtf missing.rtf c.rtf d.rtf") + words(options)),
+            failure("orvrtf: cannot read missing.rtf: No such file or directory\norvrtf: " + result + "\n"));
+        QCOMPARE(files("out"), words(outputs));
     }
 
     /*! A new output is told from an old one of the same name that a failure has left as it was. */
@@ -299,12 +278,10 @@ private slots:
         QVERIFY(QDir(m_dir->path()).mkdir("out"_s));
         write("out/a.txt", "old");
         write("out/missing.txt", "old");
-        const ToolRun result = run(batch("--keep-going a.rtf missing.rtf"));
-        QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.err,
-                 "orvrtf: a.rtf: Unmatched '{' in Rich Text file\n"
-                 "orvrtf: cannot read missing.rtf: No such file or directory\n"
-                 "orvrtf: 0 converted, 1 converted with errors, 1 failed\n"_b);
+        QCOMPARE(run(batch("--keep-going a.rtf missing.rtf")),
+                 failure("orvrtf: a.rtf: Unmatched '{' in Rich Text file\n"
+                         "orvrtf: cannot read missing.rtf: No such file or directory\n"
+                         "orvrtf: 0 converted, 1 converted with errors, 1 failed\n"));
         QCOMPARE(read(path("out/a.txt")), "kept\n"_b);
         QCOMPARE(read(path("out/missing.txt")), "old"_b);
     }
@@ -312,16 +289,12 @@ private slots:
     void directoryCannotBeMade()
     {
         write("in.rtf", rtf("Text"));
-        const ToolRun result = run(words("convert in.rtf --to txt --output-dir in.rtf/out"));
-        QCOMPARE(result.exitCode, 1);
-        QVERIFY2(isOneLineAboutTool(result.err), result.err.constData());
-        QVERIFY2(result.err.contains("in.rtf/out"), result.err.constData());
+        verifyFailure(run(words("convert in.rtf --to txt --output-dir in.rtf/out")), "in.rtf/out");
     }
 
     void outputCannotBeWritten()
     {
-        write("a.rtf", rtf("a"));
-        write("b.rtf", rtf("b"));
+        writeFiles("ab");
         QVERIFY(QDir(m_dir->path()).mkpath("out/a.txt"_s));
         const ToolRun result = run(batch("a.rtf b.rtf --keep-going"));
         QCOMPARE(result.exitCode, 1);
@@ -339,11 +312,9 @@ private slots:
         qint64 worker = 0;
         QTRY_VERIFY_WITH_TIMEOUT((worker = childOf(process.processId())) != 0, patience);
         QCOMPARE(::kill(pid_t(worker), SIGKILL), 0);
-        const ToolRun result = finish(process);
-        QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.err,
-                 "orvrtf: cannot convert a.rtf: the conversion crashed\n"
-                 "orvrtf: 1 converted, 1 failed\n"_b);
+        QCOMPARE(finish(process),
+                 failure("orvrtf: cannot convert a.rtf: the conversion crashed\n"
+                         "orvrtf: 1 converted, 1 failed\n"));
         QCOMPARE(files("out"), words("b.txt"));
     }
 
@@ -351,11 +322,9 @@ private slots:
     {
         makePipe("a.rtf");
         write("b.rtf", rtf("b"));
-        const ToolRun result = run(batch("a.rtf b.rtf --keep-going --timeout 5"));
-        QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.err,
-                 "orvrtf: cannot convert a.rtf: not done within 5 seconds\n"
-                 "orvrtf: 1 converted, 1 failed\n"_b);
+        QCOMPARE(run(batch("a.rtf b.rtf --keep-going --timeout 5")),
+                 failure("orvrtf: cannot convert a.rtf: not done within 5 seconds\n"
+                         "orvrtf: 1 converted, 1 failed\n"));
         QCOMPARE(files("out"), words("b.txt"));
     }
 
@@ -530,11 +499,11 @@ private slots:
     }
 
 private:
-    /*! Names of all that is in \a folder of the test's own, sorted. */
-    QStringList files(const char* folder = "") const
+    /*! Writes for each of \a names, which are letters, an RTF file with the name as text. */
+    void writeFiles(const char* names) const
     {
-        return QDir(path(folder))
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        for (const char* name = names; *name != '\0'; ++name)
+            write((*name + ".rtf"_b).constData(), rtf(QByteArray(1, *name)));
     }
 
     /*! Makes an input that a conversion waits for as long as nobody writes it. */

@@ -20,17 +20,19 @@ QTextCharFormat anchorWith(int flag, const QByteArray& content)
     return format;
 }
 
-QTextCharFormat linkTo(const char* target)
+QTextCharFormat linkTo(const QString& target)
 {
     QTextCharFormat format;
     format.setAnchor(true);
-    format.setAnchorHref(QString::fromLatin1(target));
+    format.setAnchorHref(target);
     return format;
 }
 
-QString text(const char* latin1)
+QImage redSquare()
 {
-    return QString::fromLatin1(latin1);
+    QImage image(2, 2, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    return image;
 }
 
 } // namespace
@@ -77,14 +79,14 @@ private slots:
     {
         QTextDocument document;
         QTextCursor cursor(&document);
-        cursor.insertText(text("Text"), QTextCharFormat());
-        cursor.insertText(text("first "), flagged(ORVRtfProperty::InFootnote));
+        cursor.insertText("Text"_s, {});
+        cursor.insertText("first "_s, flagged(ORVRtfProperty::InFootnote));
         QTextCharFormat bold = flagged(ORVRtfProperty::InFootnote);
         bold.setFontWeight(QFont::Bold);
-        cursor.insertText(text("still first"), bold);
-        cursor.insertText(text("Text"), QTextCharFormat());
-        cursor.insertText(text("second"), flagged(ORVRtfProperty::InFootnote));
-        cursor.insertText(text("remark"), flagged(ORVRtfProperty::InAnnotation));
+        cursor.insertText("still first"_s, bold);
+        cursor.insertText("Text"_s, {});
+        cursor.insertText("second"_s, flagged(ORVRtfProperty::InFootnote));
+        cursor.insertText("remark"_s, flagged(ORVRtfProperty::InAnnotation));
         const DocumentInfo info(document);
         QCOMPARE(info.footnotes, 2);
         QCOMPARE(info.annotations, 1);
@@ -94,7 +96,7 @@ private slots:
     {
         QTextDocument document;
         QTextCursor cursor(&document);
-        cursor.insertText(text("first paragraph\nsecond paragraph"), flagged(ORVRtfProperty::InFootnote));
+        cursor.insertText("first paragraph\nsecond paragraph"_s, flagged(ORVRtfProperty::InFootnote));
         QCOMPARE(DocumentInfo(document).paragraphs, 2);
         QCOMPARE(DocumentInfo(document).footnotes, 1);
     }
@@ -103,13 +105,13 @@ private slots:
     {
         QTextDocument document;
         QTextCursor cursor(&document);
-        cursor.insertText(text("a"), anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 One}"));
+        cursor.insertText("a"_s, anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 One}"));
         QTextCharFormat same = anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 One}");
         same.setFontItalic(true);
-        cursor.insertText(text("b"), same);
-        cursor.insertText(text("c"), anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 Two}"));
-        cursor.insertText(text("d"), anchorWith(ORVRtfProperty::AnnotationAnchor, "{\\rtf1 Three}"));
-        cursor.insertText(text("e"), flagged(ORVRtfProperty::AnnotationAnchor));
+        cursor.insertText("b"_s, same);
+        cursor.insertText("c"_s, anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 Two}"));
+        cursor.insertText("d"_s, anchorWith(ORVRtfProperty::AnnotationAnchor, "{\\rtf1 Three}"));
+        cursor.insertText("e"_s, flagged(ORVRtfProperty::AnnotationAnchor));
         const DocumentInfo info(document);
         QCOMPARE(info.footnotes, 2);
         QCOMPARE(info.annotations, 1);
@@ -118,13 +120,11 @@ private slots:
     void links_data()
     {
         const Columns<QStringList, QStringList> add("targets", "linkTexts");
-        add("none", QStringList({QString(), QString()}), QStringList());
-        add("one of two formats", QStringList({text("x"), text("x")}), QStringList({text("0.1.")}));
-        add("side by side", QStringList({text("x"), text("y")}), QStringList({text("0."), text("1.")}));
-        add("same target twice", QStringList({text("x"), QString(), text("x")}),
-            QStringList({text("0."), text("2.")}));
-        add("ends with its paragraph", QStringList({text("x"), text("\n"), text("x")}),
-            QStringList({text("0."), text("2.")}));
+        add("none", {QString(), QString()}, {});
+        add("one of two formats", {"x"_s, "x"_s}, {"0.1."_s});
+        add("side by side", {"x"_s, "y"_s}, {"0."_s, "1."_s});
+        add("same target twice", {"x"_s, QString(), "x"_s}, {"0."_s, "2."_s});
+        add("ends with its paragraph", {"x"_s, "\n"_s, "x"_s}, {"0."_s, "2."_s});
     }
 
     // Each target has its number as text, in a format of its own; a line feed is a paragraph end.
@@ -134,12 +134,11 @@ private slots:
         QTextDocument document;
         QTextCursor cursor(&document);
         for (int i = 0; i < targets.size(); ++i) {
-            if (targets.at(i) == text("\n")) {
+            if (targets.at(i) == "\n"_s) {
                 cursor.insertBlock();
                 continue;
             }
-            QTextCharFormat format =
-                targets.at(i).isEmpty() ? QTextCharFormat() : linkTo(targets.at(i).toLatin1().constData());
+            QTextCharFormat format = targets.at(i).isEmpty() ? QTextCharFormat() : linkTo(targets.at(i));
             format.setFontPointSize(10 + i);
             cursor.insertText("%1."_s.arg(i), format);
         }
@@ -166,7 +165,7 @@ private slots:
         QTextDocument document;
         QTextCursor cursor(&document);
         QTextList* list = cursor.createList(QTextListFormat::ListDisc);
-        cursor.insertText(text("item\nitem"));
+        cursor.insertText("item\nitem"_s);
         cursor.insertBlock(QTextBlockFormat());
         cursor.createList(QTextListFormat::ListDecimal);
         cursor.insertBlock(QTextBlockFormat());
@@ -177,12 +176,10 @@ private slots:
     // Qt makes one fragment of pictures that have the same format.
     void picturesSideBySide()
     {
-        QImage image(2, 2, QImage::Format_RGB32);
-        image.fill(Qt::red);
         QTextDocument document;
-        document.addResource(QTextDocument::ImageResource, QUrl(text("name")), image);
+        document.addResource(QTextDocument::ImageResource, QUrl("name"_s), redSquare());
         QTextImageFormat format;
-        format.setName(text("name"));
+        format.setName("name"_s);
         QTextCursor cursor(&document);
         cursor.insertImage(format);
         cursor.insertImage(format);
@@ -199,13 +196,13 @@ private slots:
     {
         QTextDocument document;
         QTextCursor cursor(&document);
-        cursor.insertText(text("before"));
+        cursor.insertText("before"_s);
         QTextTable* table = cursor.insertTable(2, 2);
         const char* const cells[] = {"A", "B", "C", "D"};
         for (int i = 0; i < 4; ++i)
-            table->cellAt(i / 2, i % 2).firstCursorPosition().insertText(text(cells[i]));
+            table->cellAt(i / 2, i % 2).firstCursorPosition().insertText(QLatin1String(cells[i]));
         cursor.movePosition(QTextCursor::End);
-        cursor.insertText(text("after"));
+        cursor.insertText("after"_s);
         QCOMPARE(documentToPlainText(document), "before\nA\nB\nC\nD\nafter\n"_b);
     }
 
@@ -213,10 +210,8 @@ private slots:
     void picturesOfTheDocumentOnly()
     {
         const QTemporaryDir dir;
-        const QString path = dir.filePath(text("picture.png"));
-        QImage image(2, 2, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        QVERIFY(image.save(path));
+        const QString path = dir.filePath("picture.png"_s);
+        QVERIFY(redSquare().save(path));
         QTextImageFormat format;
         format.setName(path);
         QTextDocument document;
@@ -232,7 +227,7 @@ private slots:
         format.setForeground(Qt::transparent);
         format.setTextOutline(QPen(QColor(0, 128, 0)));
         QTextDocument document;
-        QTextCursor(&document).insertText(text("outlined"), format);
+        QTextCursor(&document).insertText("outlined"_s, format);
         const QByteArray html = documentToHtml(document);
         QVERIFY2(html.contains("color:#008000;\">outlined<"), html.constData());
     }
@@ -240,7 +235,7 @@ private slots:
     // A browser takes a number without a unit for a multiple of the line.
     void exactLineHeightsInHtmlArePixels()
     {
-        const QString written = text("line-height:7; -qt-line-height-type: fixed; style=\"");
+        const QString written = "line-height:7; -qt-line-height-type: fixed; style=\""_s;
         QTextDocument document;
         QTextCursor cursor(&document);
         QTextBlockFormat format;
@@ -269,7 +264,7 @@ private slots:
     {
         FETCH(QString, title, QByteArray, element);
         QTextDocument document;
-        document.setPlainText(text("text"));
+        document.setPlainText("text"_s);
         document.setMetaInformation(QTextDocument::DocumentTitle, title);
         const QByteArray html = documentToHtml(document);
         const QByteArray head = html.left(html.indexOf("</head>"));
@@ -293,7 +288,7 @@ private slots:
         QTextCharFormat format;
         format.setProperty(QTextFormat::TextUnderlineStyle, style);
         QTextDocument document;
-        QTextCursor(&document).insertText(text("underlined"), format);
+        QTextCursor(&document).insertText("underlined"_s, format);
         QTEST(int(documentToHtml(document).count("text-decoration: underline")), "underlines");
     }
 
@@ -302,13 +297,13 @@ private slots:
     {
         ORVTextListLevel unmarked;
         ORVTextListLevel marked;
-        marked.setText(text("%0."));
+        marked.setText("%0."_s);
         QTextListFormat format;
         ORVTextListFormat::setLevels(format, {unmarked, marked});
         QTextDocument document;
         QTextCursor cursor(&document);
         QTextList* list = cursor.createList(format);
-        cursor.insertText(text("heading\nitem"));
+        cursor.insertText("heading\nitem"_s);
         ORVTextListFormat::setBlockLevel(list, document.begin(), 0);
         ORVTextListFormat::setBlockLevel(list, document.lastBlock(), 1);
         const QByteArray html = documentToHtml(document);
@@ -323,7 +318,7 @@ private slots:
         QTextDocument document;
         QTextCursor cursor(&document);
         cursor.createList(QTextListFormat::ListDecimal);
-        cursor.insertText(text("first"));
+        cursor.insertText("first"_s);
         cursor.insertBlock();
         const QTextBlock hidden = cursor.block();
         cursor.insertTable(1, 1);

@@ -53,9 +53,7 @@ private slots:
 
     void rtfOpensInLibreOfficeWithSameWords()
     {
-        const ToolRun result = run({"convert"_s, m_documents->path("docx"_s), path("letter.rtf")});
-        QCOMPARE(result.err, QByteArray());
-        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(run({"convert"_s, m_documents->path("docx"_s), path("letter.rtf")}), success());
         QVERIFY(readFile(path("letter.rtf")).startsWith("{\\rtf1"));
         QVERIFY(QDir().mkdir(path("libreoffice")));
         const Environment temporary("TMPDIR", QFile::encodeName(path("libreoffice")));
@@ -68,9 +66,7 @@ private slots:
     {
         fake("soffice"_s, "printf '{\\\\rtf1 a {\\\\b strong}}' >output/source.rtf");
         writeFile(path("in.odt"), "content");
-        const ToolRun result = run(words("convert in.odt out.html"));
-        QCOMPARE(result.err, QByteArray());
-        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(run(words("convert in.odt out.html")), success());
         QVERIFY(readFile(path("out.html")).contains(">strong</span>"));
     }
 
@@ -90,19 +86,14 @@ private slots:
         for (const QString& name : words("soffice abiword pandoc"))
             fake(name, "printf '{\\\\rtf1 by " + name.toUtf8() + "}' >output/source.rtf");
         writeFile(path("in.docx"), "content");
-        const ToolRun result = run(("convert in.docx - --to txt"_s + arguments).split(QLatin1Char(' ')));
-        QCOMPARE(result.err, QByteArray());
-        QCOMPARE(result.exitCode, 0);
-        QCOMPARE(result.out, out);
+        QCOMPARE(run(("convert in.docx - --to txt"_s + arguments).split(QLatin1Char(' '))), success(out));
     }
 
     void suffixInUpperCase()
     {
         fake("abiword"_s, "printf '{\\\\rtf1 text}' >output/source.rtf");
         writeFile(path("IN.DOC"), "content");
-        const ToolRun result = run(words("convert IN.DOC - --to txt"));
-        QCOMPARE(result.err, QByteArray());
-        QCOMPARE(result.out, "text\n"_b);
+        QCOMPARE(run(words("convert IN.DOC - --to txt")), success("text\n"));
     }
 
     void anyFileName()
@@ -110,9 +101,7 @@ private slots:
         fake("soffice"_s, "cp source.docx output/source.rtf");
         const QString name = "-o 'x'\n\xc3\xbc.docx"_s;
         writeFile(m_folders->path(name), "{\\rtf1 text}");
-        const ToolRun result = run({"convert"_s, "--"_s, name, name + ".txt"_s});
-        QCOMPARE(result.err, QByteArray());
-        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(run({"convert"_s, "--"_s, name, name + ".txt"_s}), success());
         QCOMPARE(readFile(m_folders->path(name) + ".txt"_s), "text\n"_b);
     }
 
@@ -120,14 +109,12 @@ private slots:
     {
         m_environment.insert("PATH"_s, QString());
         writeFile(path("in.docx"), "content");
-        const ToolRun result = run(words("convert in.docx out.rtf"));
-        QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.out, QByteArray());
-        QCOMPARE(result.err,
-                 "orvrtf: Failed loading DOCX file 'in.docx' Error: No program for this conversion is "
-                 "installed\n"
-                 "orvrtf: Looked for: LibreOffice (soffice, libreoffice), AbiWord (abiword), pandoc "
-                 "(pandoc)\n"_b);
+        QCOMPARE(
+            run(words("convert in.docx out.rtf")),
+            failure("orvrtf: Failed loading DOCX file 'in.docx' Error: No program for this conversion is "
+                    "installed\n"
+                    "orvrtf: Looked for: LibreOffice (soffice, libreoffice), AbiWord (abiword), pandoc "
+                    "(pandoc)\n"));
         QVERIFY(!QFile::exists(path("out.rtf")));
     }
 
@@ -135,11 +122,9 @@ private slots:
     {
         fake("pandoc"_s, "echo 'first line' >&2; echo second >&2; exit 5");
         writeFile(path("in.odt"), "content");
-        const ToolRun result = run(words("convert in.odt out.rtf --engine pandoc"));
-        QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.err,
-                 "orvrtf: Failed loading ODT file 'in.odt' Error: The conversion program failed\n"
-                 "orvrtf: pandoc ended with exit status 5 first line second\n"_b);
+        QCOMPARE(run(words("convert in.odt out.rtf --engine pandoc")),
+                 failure("orvrtf: Failed loading ODT file 'in.odt' Error: The conversion program failed\n"
+                         "orvrtf: pandoc ended with exit status 5 first line second\n"));
     }
 
     void missingInput_data()
@@ -161,10 +146,7 @@ private slots:
     {
         FETCH(QString, name, QByteArray, error);
         QVERIFY(QDir().mkdir(path("folder.odt")));
-        const ToolRun result = run({"convert"_s, name, "out.rtf"_s});
-        QCOMPARE(result.exitCode, 1);
-        QCOMPARE(result.out, QByteArray());
-        QCOMPARE(result.err, error);
+        QCOMPARE(run({"convert"_s, name, "out.rtf"_s}), failure(error));
         QVERIFY(!QFile::exists(path("out.rtf")));
     }
 
@@ -185,10 +167,7 @@ private slots:
     {
         m_environment.insert("PATH"_s, QString());
         writeFile(path("in.doc"), "{\\rtf1 text}");
-        const ToolRun result = run(words("convert in.doc - --from rtf --to txt"));
-        QCOMPARE(result.err, QByteArray());
-        QCOMPARE(result.exitCode, 0);
-        QCOMPARE(result.out, "text\n"_b);
+        QCOMPARE(run(words("convert in.doc - --from rtf --to txt")), success("text\n"));
     }
 
     void usageErrors_data()
@@ -213,10 +192,7 @@ private slots:
     {
         FETCH(QString, arguments, QByteArray, error);
         writeFile(path("in.docx"), "content");
-        const ToolRun result = run(arguments.split(QLatin1Char(' ')));
-        QCOMPARE(result.exitCode, 2);
-        QCOMPARE(result.out, QByteArray());
-        QCOMPARE(result.err, "orvrtf: " + error + "; see orvrtf --help\n");
+        QCOMPARE(run(words(arguments)), refusal(error));
     }
 
     void helpNamesEngines()

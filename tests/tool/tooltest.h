@@ -11,6 +11,37 @@ struct ToolRun {
     QByteArray err;
 };
 
+inline bool operator==(const ToolRun& left, const ToolRun& right)
+{
+    return left.exitCode == right.exitCode && left.out == right.out && left.err == right.err;
+}
+
+/*! How QCOMPARE shows a run. */
+inline char* toString(const ToolRun& run)
+{
+    const QByteArray text = "exit code " + QByteArray::number(run.exitCode) + ", output \"" + run.out
+        + "\", errors \"" + run.err + '"';
+    return qstrdup(text.constData());
+}
+
+/*! A run that wrote \a out to the standard output, and nothing else. */
+inline ToolRun success(const QByteArray& out = QByteArray())
+{
+    return {0, out, QByteArray()};
+}
+
+/*! A run that failed and wrote \a err to the standard error, and nothing else. */
+inline ToolRun failure(const QByteArray& err)
+{
+    return {1, QByteArray(), err};
+}
+
+/*! A run with a command line that the tool refused with \a message. */
+inline ToolRun refusal(const QByteArray& message)
+{
+    return {2, QByteArray(), "orvrtf: " + message + "; see orvrtf --help\n"};
+}
+
 /*! Waits for the end of the tool. */
 inline ToolRun finished(QProcess& process)
 {
@@ -24,14 +55,40 @@ inline ToolRun finished(QProcess& process)
     return result;
 }
 
+inline QStringList words(const QString& line)
+{
+    return line.split(QLatin1Char(' '));
+}
+
 inline QStringList words(const char* line)
 {
-    return QString::fromUtf8(line).split(QLatin1Char(' '));
+    return words(QString::fromUtf8(line));
 }
 
 inline bool isOneLineAboutTool(const QByteArray& text)
 {
     return text.startsWith("orvrtf: ") && text.endsWith('\n') && text.count('\n') == 1;
+}
+
+/*! \a run ended with \a exitCode, no output and one line of error that has \a text in it. */
+inline void verifyError(const ToolRun& run, int exitCode, const QByteArray& text)
+{
+    QCOMPARE(run.exitCode, exitCode);
+    QCOMPARE(run.out, QByteArray());
+    QVERIFY2(isOneLineAboutTool(run.err), run.err.constData());
+    QVERIFY2(run.err.contains(text), run.err.constData());
+}
+
+inline void verifyFailure(const ToolRun& run, const QByteArray& text)
+{
+    verifyError(run, 1, text);
+}
+
+/*! \a run was refused for its command line, with a message that has \a text in it. */
+inline void verifyRefusal(const ToolRun& run, const QByteArray& text)
+{
+    verifyError(run, 2, text);
+    QVERIFY2(run.err.endsWith("see orvrtf --help\n"), run.err.constData());
 }
 
 /*! What the tests of the command line tool share: an empty folder for each, and runs of the tool in it. */
@@ -44,10 +101,9 @@ private slots:
         m_dir.reset(new QTemporaryDir);
         QVERIFY(m_dir->isValid());
         m_environment = QProcessEnvironment::systemEnvironment();
-        const char* const displayVariables[] = {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"};
-        for (const char* name : displayVariables)
-            m_environment.remove(QString::fromLatin1(name));
-        m_environment.insert(QLatin1String("LC_ALL"), QLatin1String("C.UTF-8"));
+        for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+            m_environment.remove(QLatin1String(name));
+        m_environment.insert("LC_ALL"_s, "C.UTF-8"_s);
     }
 
 protected:
@@ -65,6 +121,13 @@ protected:
     {
         QFile file(path);
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file ") + path.toUtf8();
+    }
+
+    /*! Names of all that is in \a folder of the test's own, sorted. */
+    QStringList files(const char* folder = "") const
+    {
+        return QDir(path(folder))
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
 
     void start(QProcess& process, const QStringList& arguments) const
