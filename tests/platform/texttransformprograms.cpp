@@ -58,6 +58,13 @@ void addLinkedPicture(const QString& source, const QString& target, const QStrin
     runProgram("python3"_s, {"-c"_s, script, source, target, address});
 }
 
+/*! The text of an RTF file that can be read without an error; otherwise empty. */
+QString textOfRtf(const QString& path)
+{
+    QTextDocument document;
+    return ORVTextRtf::fromRtfFile(path, &document, nullptr) ? document.toPlainText() : QString();
+}
+
 /*! Where a LibreOffice of the profile \a url listens for others. */
 QString officeSocket(const QString& url)
 {
@@ -129,9 +136,7 @@ private slots:
         QCOMPARE(message, QString());
         QString text;
         if (format == ORVFormat::Rtf) {
-            QTextDocument document;
-            QVERIFY(ORVTextRtf::fromRtfFile(target, &document, nullptr));
-            text = document.toPlainText();
+            text = textOfRtf(target);
         } else if (format == ORVFormat::Odt) {
             const QString plain = path("plain");
             runProgram("pandoc"_s, {"--from=odt"_s, "--to=plain"_s, "--output="_s + plain, target});
@@ -164,9 +169,7 @@ private slots:
             toRtf(path("in.odt"), path("target.rtf"), &message, ORVImportExport::Engine(engine));
         QCOMPARE(message, QString());
         QCOMPARE(error, TextTransform::NoError);
-        QTextDocument document;
-        QVERIFY(ORVTextRtf::fromRtfFile(path("target.rtf"), &document, nullptr));
-        QCOMPARE(missingWord(document.toPlainText()), QString());
+        QCOMPARE(missingWord(textOfRtf(path("target.rtf"))), QString());
         QVERIFY(!server.wasCalled());
     }
 
@@ -183,9 +186,7 @@ private slots:
         office.start(QStandardPaths::findExecutable("soffice"_s),
                      {"--headless"_s, "--norestore"_s, "--nodefault"_s});
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(socket), 60000);
-        QCOMPARE(toRtf(m_documents->path("docx"_s), path("target.rtf"), nullptr,
-                       ORVImportExport::LibreOfficeEngine),
-                 TextTransform::NoError);
+        QCOMPARE(runLibreOffice(path("target.rtf")), TextTransform::NoError);
         QVERIFY(!office.waitForFinished(0));
         QVERIFY(QFileInfo::exists(socket));
         office.terminate();
@@ -211,9 +212,7 @@ private slots:
         const QByteArray command = "exec python3 '" + QFile::encodeName(path("killed.py")) + "' \"$@\"";
         TextTransform::setToolPath(ORVImportExport::LibreOfficeEngine, writeScript(path("tool"), command));
         QString message;
-        QCOMPARE(toRtf(m_documents->path("docx"_s), path("target.rtf"), &message,
-                       ORVImportExport::LibreOfficeEngine),
-                 TextTransform::ToolFailed);
+        QCOMPARE(runLibreOffice(path("target.rtf"), &message), TextTransform::ToolFailed);
         QVERIFY2(message.contains("socket /tmp/OSL_PIPE_"_s), qPrintable(message));
         const QString socket = message.mid(message.lastIndexOf("socket "_s) + 7);
         QVERIFY(!QFileInfo::exists(socket));
@@ -231,9 +230,7 @@ private slots:
         const Error error = toRtf(name, "-t.rtf"_s, nullptr, ORVImportExport::Engine(engine));
         QVERIFY(QDir::setCurrent(current));
         QCOMPARE(error, TextTransform::NoError);
-        QTextDocument document;
-        QVERIFY(ORVTextRtf::fromRtfFile(path("-t.rtf"), &document, nullptr));
-        QCOMPARE(missingWord(document.toPlainText()), QString());
+        QCOMPARE(missingWord(textOfRtf(path("-t.rtf"))), QString());
     }
 
     void temporaryFolderBeyondAscii()
@@ -243,9 +240,7 @@ private slots:
         const Environment temporary("TMPDIR", QFile::encodeName(folder));
         // What a system's services run in; LibreOffice would take the path for another one.
         const Environment locale("LC_ALL", "C");
-        QCOMPARE(toRtf(m_documents->path("docx"_s), path("target.rtf"), nullptr,
-                       ORVImportExport::LibreOfficeEngine),
-                 TextTransform::NoError);
+        QCOMPARE(runLibreOffice(path("target.rtf")), TextTransform::NoError);
         QVERIFY(QDir(folder).isEmpty());
         // Asked of the system, since Qt does not list names that are no UTF-8.
         const std::filesystem::directory_iterator entries(m_folders->path(QString()).toStdString());
@@ -258,17 +253,13 @@ private slots:
         int errors[count] = {-1, -1, -1};
         std::vector<std::thread> threads;
         for (int i = 0; i < count; ++i)
-            threads.emplace_back([this, &errors, i] {
-                errors[i] = toRtf(m_documents->path("docx"_s), m_folders->path("target%1"_s.arg(i)), nullptr,
-                                  ORVImportExport::LibreOfficeEngine);
-            });
+            threads.emplace_back(
+                [this, &errors, i] { errors[i] = runLibreOffice(m_folders->path("target%1"_s.arg(i))); });
         for (std::thread& thread : threads)
             thread.join();
         for (int i = 0; i < count; ++i) {
             QCOMPARE(errors[i], int(TextTransform::NoError));
-            QTextDocument document;
-            QVERIFY(ORVTextRtf::fromRtfFile(m_folders->path("target%1"_s.arg(i)), &document, nullptr));
-            QCOMPARE(missingWord(document.toPlainText()), QString());
+            QCOMPARE(missingWord(textOfRtf(m_folders->path("target%1"_s.arg(i)))), QString());
         }
     }
 
@@ -280,6 +271,12 @@ private:
                 ORVImportExport::Engine engine) const
     {
         return TextTransform::transformFileViaTools(source, target, ORVFormat::Rtf, engine, message, true);
+    }
+
+    /*! Has LibreOffice convert the .docx document. */
+    Error runLibreOffice(const QString& target, QString* message = nullptr) const
+    {
+        return toRtf(m_documents->path("docx"_s), target, message, ORVImportExport::LibreOfficeEngine);
     }
 
     QScopedPointer<Folders> m_folders;
