@@ -83,16 +83,7 @@ class TestEditorClipboard : public QObject {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_window.reset(new EditorWindow);
-        QFont font;
-        compat::setFamily(font, QString::fromLatin1(DefaultFamily));
-        font.setPointSizeF(DefaultPointSize);
-        m_window->textEdit()->document()->setDefaultFont(font);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.data()));
-    }
+    void init() { m_window = shownWindow(); }
 
     void cleanup()
     {
@@ -191,7 +182,7 @@ private:
             QTest::keyClick(m_window->textEdit(), key.toLatin1(), Qt::ControlModifier);
     }
 
-    QScopedPointer<EditorWindow> m_window;
+    std::unique_ptr<EditorWindow> m_window;
 };
 
 static int runTestEditorClipboard(int argc, char** argv)

@@ -91,21 +91,24 @@ private slots:
                  documentHead() + firstParagraph() + comment("some", "How many?") + run(" words") + "}");
     }
 
-    void noteIsAttachedToTheWordAtTheCursor_data()
+    void placeOfANote_data()
     {
-        const Columns<int, QString> add("position", "notes");
-        add("first character", 0, "attached footnote 0+3 x");
-        add("within", 5, "attached footnote 4+3 x");
-        add("behind, before punctuation", 7, "attached footnote 4+3 x");
-        add("behind punctuation", 8, "in line footnote 8+1 x");
+        const Columns<QString, int, int, QString, QString> add("text", "from", "to", "note", "notes");
+        add("first character", "one two.", 0, 0, "x", "attached footnote 0+3 x");
+        add("within a word", "one two.", 5, 5, "x", "attached footnote 4+3 x");
+        add("behind a word, before punctuation", "one two.", 7, 7, "x", "attached footnote 4+3 x");
+        add("behind punctuation", "one two.", 8, 8, "x", "in line footnote 8+1 x");
+        add("two paragraphs: the last", "one\ntwo", 1, 6, "x", "attached footnote 4+2 x");
+        add("no word", "", 0, 0, "one\ntwo", "in line footnote 0+7 one\ntwo");
+        add("empty note: none", "word", 0, 0, "", "");
     }
 
-    void noteIsAttachedToTheWordAtTheCursor()
+    void placeOfANote()
     {
-        FETCH(int, position, QString, notes);
-        m_window->textEdit()->setPlainText("one two."_s);
-        select(*m_window, position, position);
-        trigger("Footnote…", "x"_s);
+        FETCH(QString, text, int, from, int, to, QString, note, QString, notes);
+        m_window->textEdit()->setPlainText(text);
+        select(*m_window, from, to);
+        trigger("Footnote…", note);
         QCOMPARE(notesOf(*m_window), notes);
     }
 
@@ -146,20 +149,6 @@ private slots:
         QCOMPARE(compat::fontFamily(formatOf(*read(rtf).document, "text"_s)), "Quibble Serif"_s);
     }
 
-    void noteOfTwoParagraphsIsAttachedToTheLast()
-    {
-        m_window->textEdit()->setPlainText("one\ntwo"_s);
-        select(*m_window, 1, 6);
-        trigger("Comment…", "x"_s);
-        QCOMPARE(notesOf(*m_window), "attached comment 4+2 x"_s);
-    }
-
-    void noteWithoutAWordIsPutInLine()
-    {
-        trigger("Footnote…", "one\ntwo"_s);
-        QCOMPARE(notesOf(*m_window), "in line footnote 0+7 one\ntwo"_s);
-    }
-
     void secondNoteOfAWordIsPutBehindIt()
     {
         m_window->textEdit()->setPlainText("word."_s);
@@ -169,13 +158,6 @@ private slots:
         trigger("Footnote…", "second"_s);
         QCOMPARE(notesOf(*m_window), "attached footnote 0+4 first\nin line footnote 5+6 second"_s);
         QCOMPARE(document()->toPlainText(), "word second."_s);
-    }
-
-    void emptyNoteIsNotInserted()
-    {
-        m_window->textEdit()->setPlainText("word"_s);
-        trigger("Footnote…", QString());
-        QCOMPARE(notesOf(*m_window), QString());
     }
 
     void insertingIsOneStepForUndo()
@@ -190,21 +172,22 @@ private slots:
         QCOMPARE(notesOf(*m_window), QString());
     }
 
-    void notesOfAFileAreFound()
+    void notesOfAFile_data()
     {
-        QVERIFY(openRtf(*m_window,
-                        "{\\rtf1\\ansi One{\\super\\chftn{\\footnote first {\\b bold}}} two"
-                        "{\\chatn{\\*\\annotation second}}{\\footnote third}.{}}"));
-        QCOMPARE(notesOf(*m_window),
-                 "in line footnote 3+10 first bold\n"
-                 "in line comment 17+6 second\n"
-                 "in line footnote 23+5 third"_s);
+        const Columns<QByteArray, QString> add("rtf", "notes");
+        add("are found",
+            "{\\rtf1\\ansi One{\\super\\chftn{\\footnote first {\\b bold}}} two"
+            "{\\chatn{\\*\\annotation second}}{\\footnote third}.{}}",
+            "in line footnote 3+10 first bold\nin line comment 17+6 second\nin line footnote 23+5 third");
+        add("end with their paragraph", "{\\rtf1\\ansi {\\footnote one\\par two} three{}}",
+            "in line footnote 0+3 one\nin line footnote 4+3 two");
     }
 
-    void notesEndWithTheirParagraph()
+    void notesOfAFile()
     {
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi {\\footnote one\\par two} three{}}"));
-        QCOMPARE(notesOf(*m_window), "in line footnote 0+3 one\nin line footnote 4+3 two"_s);
+        FETCH(QByteArray, rtf, QString, notes);
+        QVERIFY(openRtf(*m_window, rtf));
+        QCOMPARE(notesOf(*m_window), notes);
     }
 
     void noteIsEdited_data()
