@@ -117,7 +117,6 @@ private slots:
         QVERIFY(dropFile(file, m_window.data()));
         QCOMPARE(answer.text(), "Save the changes?"_s);
         QCOMPARE(contentOf(*m_window), "changed"_s);
-
         const BoxAnswer secondAnswer(QMessageBox::Discard);
         QVERIFY(dropFile(file, m_window.data()));
         QCOMPARE(contentOf(*m_window), richContent());
@@ -291,7 +290,6 @@ private slots:
         QVERIFY(m_window->openFile(makeFile("nofonts.rtf", "{\\rtf1 small{}}")));
         QCOMPARE(m_window->textEdit()->document()->defaultFont().family(), font.family());
         QCOMPARE(m_window->textEdit()->document()->defaultFont().pointSizeF(), font.pointSizeF());
-
         QVERIFY(m_window->openFile(filePath("fonts.rtf")));
         actionOf(*m_window, "New")->trigger();
         QCOMPARE(m_window->textEdit()->document()->defaultFont(), font);
@@ -308,7 +306,6 @@ private slots:
         QCOMPARE(m_window->fileName(), file);
         QCOMPARE(m_window->windowTitle(), "saved.rtf[*]"_s);
         QVERIFY(!m_window->isWindowModified());
-
         QTextDocument saved;
         QVERIFY(ORVTextRtf::fromRtfFile(file, &saved, nullptr));
         QCOMPARE(describe(saved), QLatin1Char('x') + richContent());

@@ -201,7 +201,6 @@ private slots:
         for (int y = 0; y < stray.height(); ++y)
             stray.scanLine(y)[0] |= uchar(strayBits);
         QCOMPARE(stray, clean);
-
         const QByteArray png = ORVGuiUtil::toByteArray(clean, "PNG", -1);
         QCOMPARE(ORVGuiUtil::toByteArray(stray, "PNG", -1), png);
         QCOMPARE(QImage::fromData(png).convertToFormat(QImage::Format_RGB32),

@@ -310,7 +310,6 @@ private slots:
         document.setBaseUrl(QUrl("store:/pictures/"_s));
         QCOMPARE(TextDocSupport::image(&document, "1"_s), image);
         QVERIFY(TextDocSupport::image(&document, "2"_s).isNull());
-
         document.setBaseUrl(QUrl("qrc:/images/"_s));
         QCOMPARE(TextDocSupport::image(&document, "dot.png"_s).size(), QSize(2, 1));
     }
@@ -338,7 +337,6 @@ private slots:
         QVERIFY(makeImage(qRgb(1, 2, 3)).save(path));
         const QString folderPath = QFileInfo(path).absolutePath();
         name.replace("%1"_s, folderPath);
-
         QTextDocument document;
         document.setMetaInformation(QTextDocument::DocumentUrl, documentUrl.replace("%1"_s, folderPath));
         QVERIFY(TextDocSupport::image(&document, name).isNull());

@@ -19,7 +19,6 @@ private slots:
         QTextDocument document;
         QFont font("DejaVu Serif"_s, 17, QFont::Bold, true);
         document.setDefaultFont(font);
-
         const QTextCharFormat format = ORVTextFormat::defaultCharFormat(&document);
         QCOMPARE(compat::fontFamily(format), "DejaVu Serif"_s);
         QCOMPARE(format.fontPointSize(), qreal(17));

@@ -298,7 +298,6 @@ private slots:
         format.setProperty(ORVRtfProperty::ListLevel, 5);
         QTextCursor(lists.block(2)).setBlockFormat(format);
         QCOMPARE(ORVTextListFormat::blockLevel(lists.list, lists.block(2)), 0);
-
         ORVTextListFormat::setBlockLevel(lists.list, lists.block(1), 1);
         QCOMPARE(ORVTextListFormat::blockLevel(nullptr, lists.block(1)), 0);
         QCOMPARE(ORVTextListFormat::blockLevel(lists.list, QTextBlock()), 0);
@@ -312,7 +311,6 @@ private slots:
         ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), -3);
         QVERIFY(lists.format(0).property(ORVRtfProperty::ListLevel) == QVariant(0));
         QCOMPARE(lists.format(0).doubleProperty(ORVRtfProperty::LeftIndent), 36.0);
-
         QTextBlockFormat format = lists.format(0);
         format.setProperty(ORVRtfProperty::ListLevel, -3);
         QTextCursor(lists.block(0)).setBlockFormat(format);
@@ -344,7 +342,6 @@ private slots:
         QTextBlockFormat own = lists.format(0);
         own.setProperty(ownIndent, 7.0);
         QTextCursor(lists.block(0)).setBlockFormat(own);
-
         ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), 1);
         own.setProperty(ORVRtfProperty::ListLevel, 1);
         QCOMPARE(lists.format(0).properties(), own.properties());
@@ -377,7 +374,6 @@ private slots:
         QTextBlockFormat centred = lists.format(1);
         centred.setAlignment(Qt::AlignHCenter);
         QTextCursor(lists.block(1)).setBlockFormat(centred);
-
         ORVTextListFormat::setBlockLevel(lists.list, lists.block(1), 1);
         QCOMPARE(lists.list->count(), 3);
         QCOMPARE(lists.block(1).textList(), lists.list);

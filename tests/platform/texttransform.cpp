@@ -216,7 +216,6 @@ private slots:
         QCOMPARE(int(runFake(&given)), error);
         QCOMPARE(given, message);
         QVERIFY(!QFile::exists(path("target.rtf")));
-
         writeFile(path("target.rtf"), "old");
         QCOMPARE(int(runFake()), error);
         QCOMPARE(readFile(path("target.rtf")), "old"_b);

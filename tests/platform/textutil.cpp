@@ -258,7 +258,6 @@ private slots:
         QTextCursor cursor(&document);
         ORVTextUtil::trim(cursor);
         QCOMPARE(paragraphs(document), "  a  "_s);
-
         QTextCursor null;
         ORVTextUtil::trim(null);
         QVERIFY(null.isNull());
@@ -274,7 +273,6 @@ private slots:
         writer.insertText(" italic "_s, italic());
         writer.insertText("  "_s, plain);
         trimmed(&document);
-
         const QList<QTextFragment> fragments = rtftest::fragmentsOf(document);
         QCOMPARE(fragments.size(), 2);
         QCOMPARE(fragments.at(0).text(), "bold"_s);
@@ -294,7 +292,6 @@ private slots:
         writer.createList(QTextListFormat::ListDecimal);
         writer.insertText(" text"_s);
         trimmed(&document);
-
         QCOMPARE(paragraphs(document), "text"_s);
         QCOMPARE(int(document.begin().blockFormat().alignment()), int(Qt::AlignHCenter));
         QVERIFY(document.begin().charFormat() == italic());
@@ -314,7 +311,6 @@ private slots:
         cursor.setPosition(1);
         cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
         ORVTextUtil::trim(cursor);
-
         QCOMPARE(paragraphs(document), "ab"_s);
         QCOMPARE(int(document.begin().blockFormat().alignment()), int(Qt::AlignRight));
         QVERIFY(document.begin().charFormat() == QTextCharFormat());
@@ -331,7 +327,6 @@ private slots:
         writer.insertText("  "_s);
         writer.insertBlock();
         trimmed(&document);
-
         QCOMPARE(paragraphs(document), "first|last"_s);
         QCOMPARE(int(document.lastBlock().blockFormat().alignment()), int(Qt::AlignRight));
         QVERIFY(document.lastBlock().charFormat() == italic());
@@ -348,7 +343,6 @@ private slots:
         writer.movePosition(QTextCursor::End);
         insertParagraphs(&writer, " | "_s);
         trimmed(&document);
-
         QCOMPARE(paragraphs(document), "| a|b |"_s);
         QCOMPARE(document.rootFrame()->childFrames().size(), 1);
         QCOMPARE(table->columns(), 2);

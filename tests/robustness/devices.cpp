@@ -113,10 +113,7 @@ private slots:
     {
         FETCH(bool, sequential, bool, buffered);
         const QByteArray rtf = sampleRtf();
-        QBuffer whole;
-        whole.setData(rtf);
-        whole.open(QIODevice::ReadOnly);
-        const QByteArray expected = stripped(whole);
+        const QByteArray expected = stripped(rtf);
         for (int pieceSize : {1, 2, 7, 1000}) {
             UnreliableInput input(rtf, pieceSize, sequential);
             input.open(modeOf(buffered));
@@ -148,10 +145,7 @@ private slots:
                 QVERIFY(input.calls() <= 3 * rtf.size());
                 UnreliableInput toStrip(rtf, 1, sequential, end, endAt);
                 toStrip.open(modeOf(buffered));
-                QBuffer whole;
-                whole.setData(rtf.left(endAt));
-                whole.open(QIODevice::ReadOnly);
-                QCOMPARE(stripped(toStrip), stripped(whole));
+                QCOMPARE(stripped(toStrip), stripped(rtf.left(endAt)));
             }
         }
     }

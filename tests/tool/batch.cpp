@@ -174,7 +174,6 @@ private slots:
         QVERIFY2(result.err.contains("pandoc"), result.err.constData());
         QVERIFY2(result.err.endsWith("\norvrtf: 1 converted, 1 failed\n"), result.err.constData());
         QCOMPARE(this->files("out"), words("in.html"));
-
         const ToolRun unknown = run(words("convert --output-dir out --to html --engine abacus") + files);
         QCOMPARE(unknown.exitCode, 2);
         QVERIFY2(unknown.err.contains("\"abacus\""), unknown.err.constData());
@@ -343,9 +342,7 @@ private slots:
         makePipe("b.rtf");
         write("c.rtf", rtf("c"));
         QProcess process;
-        start(process, batch("a.rtf b.rtf c.rtf --keep-going"));
-        int writer = -1;
-        QTRY_VERIFY_WITH_TIMEOUT(openWriter("b.rtf", &writer), patience);
+        const int writer = startReading(process, batch("a.rtf b.rtf c.rtf --keep-going"), "b.rtf");
         QCOMPARE(::kill(pid_t(process.processId()), signal), 0);
         const ToolRun result = finish(process);
         ::close(writer);
@@ -363,9 +360,7 @@ private slots:
         makePipe("a.rtf");
         write("b.rtf", rtf("b"));
         QProcess process;
-        start(process, batch("a.rtf b.rtf --keep-going"));
-        int writer = -1;
-        QTRY_VERIFY_WITH_TIMEOUT(openWriter("a.rtf", &writer), patience);
+        const int writer = startReading(process, batch("a.rtf b.rtf --keep-going"), "a.rtf");
         const qint64 worker = childOf(process.processId());
         QVERIFY(worker != 0);
         // While it is stopped the program gets both, the signal and the end of the conversion, in any order.
@@ -398,9 +393,7 @@ private slots:
         if (isNamed)
             m_environment.insert("LD_PRELOAD"_s, QString::fromUtf8(NAMED_TEMP_FILES));
         QProcess process;
-        start(process, words("strip in.rtf out.rtf"));
-        int writer = -1;
-        QTRY_VERIFY_WITH_TIMEOUT(openWriter("in.rtf", &writer), patience);
+        const int writer = startReading(process, words("strip in.rtf out.rtf"), "in.rtf");
         QVERIFY(feed(writer));
         QTRY_COMPARE_WITH_TIMEOUT(unread(writer), 0, patience);
         QVERIFY(!isNamed || files().size() == 3);
@@ -446,9 +439,7 @@ private slots:
         m_environment.insert("PATH"_s, path("bin:") + m_environment.value("PATH"_s));
         const auto foldersOfEngines = [this] { return files("temp").filter("orvrtf-"_s); };
         QProcess process;
-        start(process, words("convert in.docx out.txt --engine pandoc"));
-        int writer = -1;
-        QTRY_VERIFY_WITH_TIMEOUT(openWriter("wait", &writer), patience);
+        const int writer = startReading(process, words("convert in.docx out.txt --engine pandoc"), "wait");
         QCOMPARE(foldersOfEngines().size(), 1);
         QCOMPARE(::kill(pid_t(process.processId()), SIGTERM), 0);
         finish(process);
@@ -519,6 +510,16 @@ private:
         if (*writer < 0)
             *writer = ::open(QFile::encodeName(path(pipe)).constData(), O_WRONLY | O_NONBLOCK | O_CLOEXEC);
         return *writer >= 0;
+    }
+
+    /*! Starts the tool, and opens \a pipe for writing as soon as the tool reads it. */
+    int startReading(QProcess& process, const QStringList& arguments, const char* pipe) const
+    {
+        start(process, arguments);
+        int writer = -1;
+        if (!QTest::qWaitFor([&] { return openWriter(pipe, &writer); }, patience))
+            qFatal("%s is not read", pipe);
+        return writer;
     }
 
     bool isRead(const char* pipe) const

@@ -160,7 +160,6 @@ private slots:
         QVERIFY(fd >= 0);
         QProcess process;
         start(process, words(arguments));
-
         const QByteArray halves[] = {"{\\rtf1 first half\\par ", "second half\\par}"};
         for (const QByteArray& half : halves) {
             QCOMPARE(::write(fd, half.constData(), size_t(half.size())), ssize_t(half.size()));
@@ -235,7 +234,6 @@ private slots:
         QCOMPARE(text.err, "orvrtf: standard input: " + message + "\n");
         QVERIFY2(text.out.contains("words       2\n"), text.out.constData());
         QVERIFY2(text.out.endsWith("status      2 (" + message + ")\n"), text.out.constData());
-
         const ToolRun json = run(words("info - --json"), "{\\rtf1 two words\\par ");
         QCOMPARE(json.exitCode, 1);
         const QJsonObject object = QJsonDocument::fromJson(json.out).object();
