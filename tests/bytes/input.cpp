@@ -1,8 +1,9 @@
 #include "ORVRtfInput_p.h"
 #include "testsupport.h"
 
-/*! The bytes of a device as the tokenizer sees them. What only they show; the rest is seen in what is read.
- */
+/*!
+    The bytes of a device as the tokenizer sees them. What only they show; the rest is seen in what is read.
+*/
 class TestInput : public QObject {
     Q_OBJECT
 

@@ -7,8 +7,9 @@ using namespace rtftest;
 
 namespace {
 
-/*! Green text of revision level 2; colours 1 and 2 are black and white, which every colour table begins with.
- */
+/*!
+    Green text of revision level 2; colours 1 and 2 are black and white, which every colour table begins with.
+*/
 QByteArray greenSecondRevision()
 {
     return "{\\rtf1\\ansi{\\colortbl;\\red0\\green0\\blue0;\\red255\\green255\\blue255;"

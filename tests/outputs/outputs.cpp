@@ -1,8 +1,8 @@
 /*
     outputs FOLDER: converts each RTF file whose name comes on the standard input, and writes what the library
-   makes of it into FOLDER: the document property by property, RTF in both forms, the stripped RTF, and the
-   stock form. Built by scripts/compare.sh against two versions of the library, so it uses public functions
-   only.
+    makes of it into FOLDER: the document property by property, RTF in both forms, the stripped RTF, and the
+    stock form. Built by scripts/compare.sh against two versions of the library, so it uses public functions
+    only.
 */
 #include <ORVStockFormats.h>
 #include <ORVTextListFormat.h>

@@ -4,8 +4,9 @@ using namespace rtftest;
 
 namespace {
 
-/*! A list table with one list, number 7, that has the given levels, and the override \a overrideNumber of it.
- */
+/*!
+    A list table with one list, number 7, that has the given levels, and the override \a overrideNumber of it.
+*/
 QByteArray listTables(const QByteArray& levels, int overrideNumber = 1)
 {
     return "{\\*\\listtable{\\list\\listtemplateid99\\listhybrid" + levels + "{\\listname name;}\\listid7}}"

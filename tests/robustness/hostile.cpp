@@ -167,8 +167,8 @@ private slots:
 
     /*!
         Reading, writing again, and stripping. Other programs make a measured time longer and never shorter,
-       so that the shortest of several is taken. Where the larger input no longer fits the processor's cache,
-       one step is longer than the others: then the times grow little enough over two steps.
+        so that the shortest of several is taken. Where the larger input no longer fits the processor's cache,
+        one step is longer than the others: then the times grow little enough over two steps.
     */
     void conversions()
     {

@@ -137,8 +137,10 @@ private slots:
         add("above", 500, 2);
     }
 
-    /*! Rows below a much wider one stay one table up to 100,000 cells that the file does not have; no text is
-     * lost. */
+    /*!
+        Rows below a much wider one stay one table up to 100,000 cells that the file does not have; no text is
+        lost.
+    */
     void tableCells()
     {
         FETCH(int, shortRows, int, tables);
@@ -161,8 +163,10 @@ private slots:
         QVERIFY(reading.text().endsWith("after"_s));
     }
 
-    /*! The first 256 different tab stops carry no number, and all paragraphs of equal ones have equal
-     * formats. */
+    /*!
+        The first 256 different tab stops carry no number, and all paragraphs of equal ones have equal
+        formats.
+    */
     void numberedTabLists()
     {
         QByteArray rtf;

@@ -403,7 +403,7 @@ private slots:
 
     /*!
         Reading may take a multiple of the memory of the finished document, since the cells wait for the
-       table's end, but no document for each of the 100,000 cells.
+        table's end, but no document for each of the 100,000 cells.
     */
     void memoryOfABigTable()
     {

@@ -256,7 +256,7 @@ private slots:
 
     /*
         What is under the first three types of RTF (null: nothing at all), whether it is read, and the
-       document's text then, which was "old".
+        document's text then, which was "old".
     */
     void reading_data()
     {

@@ -8,8 +8,9 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/*! What the tests of converting other formats share: files, programs that stand in for real ones, real files.
- */
+/*!
+    What the tests of converting other formats share: files, programs that stand in for real ones, real files.
+*/
 namespace conversiontest {
 
 /*! A word of every paragraph of the real documents; one of them is beyond ASCII. */

@@ -45,7 +45,7 @@ bool registry::add(const char* name, Main main)
 
 /*!
     tst_ROOM NAME [ARGUMENT…] runs one test class with arguments of QtTest, tst_ROOM runs all, and tst_ROOM
-   --list prints their names.
+    --list prints their names.
 */
 int main(int argc, char** argv)
 {

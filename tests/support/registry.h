@@ -50,18 +50,21 @@ struct NoApplication {
 
 /*!
     Registers a test class under a name that is a string. No raw string may be in the class: the moc of Qt 5
-   loses the slots behind some of them.
+    loses the slots behind some of them.
 */
 #define ORV_TEST(name, Test, Application) ORV_TEST_MAIN(name, (registry::run<Test, Application>), Test)
-/*! As ORV_TEST, for a test that is skipped where one of \a programs, separated by spaces, is not installed.
- */
+/*!
+    As ORV_TEST, for a test that is skipped where one of \a programs, separated by spaces, is not installed.
+*/
 #define ORV_TEST_WITH(programs, name, Test, Application) \
     ORV_TEST_MAIN(name, ([](int argc, char** argv) { \
                       return registry::runWith<Test, Application>(programs, argc, argv); \
                   }), \
                   Test)
-/*! Registers a function in place of main() under a name, for what a test has to do before it has an
- * application. */
+/*!
+    Registers a function in place of main() under a name, for what a test has to do before it has an
+    application.
+*/
 #define ORV_TEST_MAIN(name, main, Test) static const bool isRegistered##Test = registry::add(name, main);
 
 #endif

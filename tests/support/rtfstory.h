@@ -7,8 +7,9 @@
 #include <QtGui/QImage>
 #include <QtGui/QTextTable>
 
-/*! What the tests of writing a document's body build documents with, and the pieces most bodies consist of.
- */
+/*!
+    What the tests of writing a document's body build documents with, and the pieces most bodies consist of.
+*/
 namespace rtftest {
 
 /*! What the default format is written as: all of an empty paragraph. */

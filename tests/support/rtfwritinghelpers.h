@@ -237,7 +237,7 @@ private:
 
 /*!
     What is wrong with the structure of \a rtf, empty when nothing is: groups must balance, words must be
-   known, and each font, colour and list that is referred to must be in its table.
+    known, and each font, colour and list that is referred to must be in its table.
 */
 inline QString checkWellFormed(const QByteArray& rtf)
 {

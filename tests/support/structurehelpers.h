@@ -50,8 +50,9 @@ inline QList<QTextList*> listsOf(const QTextDocument& document)
     return lists;
 }
 
-/*! The list items of \a document, a line each: the list's number, which begins at 0, the level and the text.
- */
+/*!
+    The list items of \a document, a line each: the list's number, which begins at 0, the level and the text.
+*/
 inline QString itemLines(const QTextDocument& document)
 {
     const QList<QTextList*> lists = listsOf(document);

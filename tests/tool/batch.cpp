@@ -25,8 +25,9 @@ QStringList batch(const char* arguments)
     return words("convert --output-dir out --to txt") + words(arguments);
 }
 
-/*! Writes the beginning of some RTF into a pipe: when all is read, a command has begun to write its output.
- */
+/*!
+    Writes the beginning of some RTF into a pipe: when all is read, a command has begun to write its output.
+*/
 bool feed(int writer)
 {
     const QByteArray data = "{\\rtf1 " + QByteArray(30000, 'a');

@@ -77,8 +77,10 @@ private slots:
         QCOMPARE(run(words(arguments), input).err, english);
     }
 
-    /*! Each file is converted by a program of its own, which is to speak as the first, also in a locale that
-     * is not installed. */
+    /*!
+        Each file is converted by a program of its own, which is to speak as the first, also in a locale that
+        is not installed.
+    */
     void conversionOfManyFiles()
     {
         write("a.rtf", "{\\rtf1 a}}");

@@ -1,6 +1,6 @@
 /*
     To be preloaded: makes this system one that has no files without a name, as some file systems have none,
-   so that what is being written has a name that a test can see.
+    so that what is being written has a name that a test can see.
 */
 
 #include <cerrno>

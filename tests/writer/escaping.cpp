@@ -73,8 +73,9 @@ QByteArray pageReference(const QByteArray& bookmark)
     return "{\\field{\\*\\fldinst{PAGEREF " + bookmark + " \\h}}{\\fldrslt ?}}";
 }
 
-/*! The byte of code page 1252 that stands for \a code, as the library has that code page; 0x3F without one.
- */
+/*!
+    The byte of code page 1252 that stands for \a code, as the library has that code page; 0x3F without one.
+*/
 int ansiByte(int code)
 {
     // 0x80 to 0x9F; 0x98 is the library's own choice.

@@ -37,8 +37,10 @@ QByteArray document(const QByteArray& body)
 
 } // namespace
 
-/*! What the writer is built on: words and structure as bytes, the numbering of fonts and colours; and whether
-    the check that the other tests of writing use sees what is wrong. */
+/*!
+    What the writer is built on: words and structure as bytes, the numbering of fonts and colours; and whether
+    the check that the other tests of writing use sees what is wrong.
+*/
 class TestRtfOutput : public QObject {
     Q_OBJECT
 

@@ -24,8 +24,10 @@ QString nestedContent(int depth)
     return "|{%1}||after|"_s.arg(content);
 }
 
-/*! The numbers from 1 to \a count, times \a factor plus \a offset, each behind \a prefix, blanks between
- * them. */
+/*!
+    The numbers from 1 to \a count, times \a factor plus \a offset, each behind \a prefix, blanks between
+    them.
+*/
 QByteArray numbers(int count, const QByteArray& prefix, int factor = 1, int offset = 0)
 {
     QByteArray result;

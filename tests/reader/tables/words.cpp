@@ -358,8 +358,9 @@ private slots:
         QCOMPARE(format.borderBrush().color().rgb(), QColor(Qt::black).rgb());
     }
 
-    /*! The default colour is the document's default text colour, which a colour table replaces by its first.
-     */
+    /*!
+        The default colour is the document's default text colour, which a colour table replaces by its first.
+    */
     void borderColorOfTheDefaultFormat()
     {
         const QByteArray rtf = rawRow("\\trgaph0\\clbrdrb\\brdrcf\\cellx8640", cells("A"));
