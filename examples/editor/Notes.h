@@ -38,16 +38,16 @@ Note at(const QTextCursor& cursor);
 
 /*! What \a note says, without its formats. */
 QString text(const QTextDocument& document, const Note& note);
-/*! Makes \a content, an empty document, a document of what \a note says. */
+/*! Copies the content of \a note to \a content, an empty document. */
 void copyContent(const QTextDocument& document, const Note& note, QTextDocument* content);
 
 /*!
-    Adds a note that says what \a content holds, as one step for undo. It is attached to what \a place
-    selects, or else to the word there. Where nothing can have it, because there is no word or because that
-    has a note or is a link, it is put there in line.
+    Adds a note with the content \a content, as one step for undo. The note is attached to the selection of
+    \a place, or else to the word there. If there is no word, or the word has a note or is a link, the note is
+    inserted in line.
 */
 void insert(QTextCursor place, Note::Kind kind, const QTextDocument& content);
-/*! Has \a note of \a document say what \a content holds. */
+/*! Replaces the content of \a note of \a document by \a content. */
 void setContent(QTextDocument* document, const Note& note, const QTextDocument& content);
 /*! Takes \a note out of \a document; text that it is attached to stays. */
 void remove(QTextDocument* document, const Note& note);

@@ -17,8 +17,7 @@ namespace RtfDocument {
 
 /*!
     Replaces the content of \a document by \a rtf, ready to be shown, with the page of the RTF as its
-    properties. False for damaged RTF; then \a document has what can be read, and \a message says what is
-    wrong.
+    properties. False for damaged RTF; \a document then has what can be read, and \a message the error.
 */
 bool read(const QByteArray& rtf, QTextDocument* document, QString* message);
 

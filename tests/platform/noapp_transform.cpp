@@ -8,7 +8,7 @@ using namespace conversiontest;
 
 /*!
     Converts in a program that has no application object at all, with a program that works and with one that
-    hangs; the exit code tells how far all was well. QtTest always makes such an object.
+    hangs; the exit code is the number of the first step that failed. QtTest always makes such an object.
 */
 int main()
 {

@@ -1,7 +1,7 @@
 #include "ORVRtfCharFormatCache_p.h"
 #include "testsupport.h"
 
-/*! Changes of character formats, remembered or made anew: nobody can tell which. */
+/*! Cached changes of character formats have the same results as changes that are not cached. */
 class TestCharFormatCache : public QObject {
     Q_OBJECT
 

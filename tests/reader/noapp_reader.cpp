@@ -20,7 +20,7 @@ void check(bool condition, const char* what)
 } // namespace
 
 /*!
-    Reads in a program that has no application object at all; the exit code tells whether all was well.
+    Reads in a program that has no application object at all; the exit code is 0 when all checks pass.
 
     QtTest always makes such an object, so this is a program of its own.
 */

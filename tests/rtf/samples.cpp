@@ -37,7 +37,7 @@ QVariant solid(int red, int green, int blue)
 } // namespace
 
 /*!
-    Documents that word processors saved (data/README.md says which). What is expected of them was taken from
+    Documents that word processors saved (see data/README.md). What is expected of them was taken from
     the RTF itself.
 */
 class TestSamples : public QObject {

@@ -259,7 +259,7 @@ private slots:
         add("like an encoding", "<meta charset=x>", "<title>&lt;meta charset=x&gt;</title>");
     }
 
-    /*! Whatever the title is, the file says which encoding it has. */
+    /*! The file states its encoding, whatever its title is. */
     void titleOfHtml()
     {
         FETCH(QString, title, QByteArray, element);
