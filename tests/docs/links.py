@@ -34,7 +34,8 @@ def broken_links(page):
 
 def main():
     folder = pathlib.Path(sys.argv[1])
-    pages = [page for page in sorted(folder.rglob("*.md")) if "build" not in page.relative_to(folder).parts]
+    pages = sorted(page for top in folder.iterdir() if top.name != "build"
+                   for page in ([top] if top.suffix == ".md" else top.rglob("*.md")))
     problems = [problem for page in pages for problem in broken_links(page)]
     print("\n".join(problems) or f"{len(pages)} pages have no broken link")
     return 1 if problems else 0
