@@ -34,6 +34,7 @@ QVariant listOf(const QVector<QTextOption::Tab>& tabs)
 QByteArray keyOf(const QVector<QTextOption::Tab>& tabs)
 {
     QByteArray key;
+    key.reserve(int(tabs.size() * (sizeof(double) + 1)));
     for (const QTextOption::Tab& tab : tabs) {
         key.append(reinterpret_cast<const char*>(&tab.position), int(sizeof tab.position));
         key.append(char(tab.type));
