@@ -15,7 +15,7 @@ rm -rf "$folder/counts"
 say "running the tests"
 # Programs of the same build add up their counts in four files.
 LLVM_PROFILE_FILE=$folder/counts/%4m.profraw \
-    logged coverage-tests test_preset asan --label-exclude "^(corpus|programs|$tests_beside_library)$"
+    logged coverage-tests test_preset coverage
 llvm-profdata merge --sparse "$folder"/counts/*.profraw -o "$folder/all.profdata"
 rm -rf "$folder/counts"
 

@@ -19,9 +19,6 @@ bench_packages=(abiword libbenchmark-dev libreoffice-writer-nogui pandoc python3
 clang_packages=(clang libclang-rt-dev llvm)
 ci_packages=(clang-format clang-tidy file lintian qt6-base-dev shellcheck)
 
-# Labels of the tests that are not about the library itself, as a regular expression.
-tests_beside_library="docs|editor|tool"
-
 # say WORD…: prints a message, with the minutes and seconds since the script has started.
 say() {
     printf '%s %d:%02d: %s\n' "$(basename "$0")" $((SECONDS / 60)) $((SECONDS % 60)) "$*" >&2

@@ -5,7 +5,7 @@
 namespace ORVFormat {
 
 /*! Plain text, HTML, OpenDocument text and Rich Text Format. */
-enum Format { PlainText = 1, Html = 2, Odt = 3, Rtf = 4 };
+enum Format : int { PlainText = 1, Html = 2, Odt = 3, Rtf = 4 };
 
 } // namespace ORVFormat
 

@@ -5,7 +5,7 @@
 namespace ORVImportExport {
 
 /*! The program that converts. */
-enum Engine {
+enum Engine : int {
     /*! The first that is installed: LibreOffice, AbiWord or pandoc. */
     AutomaticEngine = 0,
     LibreOfficeEngine,

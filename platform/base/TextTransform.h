@@ -14,7 +14,7 @@ class QString;
 namespace TextTransform {
 
 /*! The result of a conversion. errorDescription() describes it in words. */
-enum Error {
+enum Error : int {
     /*! The target holds the converted document. */
     NoError = 0,
     /*! No supported program converts from the source's format, or to the requested one. */
