@@ -20,7 +20,7 @@ bool isBatch(const QCommandLineParser& parser);
 /*! The name of an option that has no meaning without many files, but was given; empty when there is none. */
 QString stray(const QCommandLineParser& parser);
 
-/*! Reads what says how the files of \a plan are gone through; a text says what is wrong, if anything is. */
+/*! Reads the options that control the conversions of \a plan. Returns an error message, empty on success. */
 QString read(const QCommandLineParser& parser, BatchPlan* plan);
 
 } // namespace BatchOptions

@@ -30,7 +30,7 @@ QString conflict(const QString& input, const QString& otherInput, const QString&
     return Messages::tr("\"%1\" and \"%2\" would both become \"%3\"").arg(input, otherInput, output);
 }
 
-/*! Says which output two of the files would be written to; an empty text when there is none. */
+/*! An error message if two of the files would be written to the same output; empty otherwise. */
 QString sharedOutput(const QList<BatchFile>& files)
 {
     QHash<QString, QString> inputs;
@@ -47,7 +47,7 @@ QString sharedOutput(const QList<BatchFile>& files)
     return QString();
 }
 
-/*! Says which output is one of the inputs; an empty text when there is none. */
+/*! An error message if an output is also one of the inputs; empty otherwise. */
 QString overwrittenInput(const QList<BatchFile>& files)
 {
     QSet<QString> inputs;

@@ -73,7 +73,7 @@ struct Arguments {
     QCommandLineOption json{QLatin1String("json"), Messages::tr("Let info print JSON.")};
     QCommandLineParser parser;
 
-    /*! The options of convert that say how a file is converted. */
+    /*! The options of convert that control the conversion of a file. */
     QList<QCommandLineOption> conversion() const
     {
         return {from, engine, to, storage, msWordHighlight, decorateLinks, footnotes, annotations};
@@ -180,7 +180,7 @@ bool isWordProcessorSuffix(const QString& suffix)
     return lower == QLatin1String("doc") || lower == QLatin1String("docx") || lower == QLatin1String("odt");
 }
 
-/*! Finds out what the input of convert is; a text says what is wrong with --from, if anything is. */
+/*! Determines the input format of convert. Returns an error message about --from, empty on success. */
 QString readFrom(const Arguments& arguments, Options* options)
 {
     const QCommandLineParser& parser = arguments.parser;
@@ -195,7 +195,7 @@ QString readFrom(const Arguments& arguments, Options* options)
     return QString();
 }
 
-/*! Reads --engine; a text says what is wrong with it, if anything is. */
+/*! Reads --engine. Returns an error message, empty on success. */
 QString readEngine(const Arguments& arguments, Options* options)
 {
     const QCommandLineParser& parser = arguments.parser;
@@ -209,7 +209,7 @@ QString readEngine(const Arguments& arguments, Options* options)
     return Messages::tr("unknown engine \"%1\", known are auto, libreoffice, abiword and pandoc").arg(name);
 }
 
-/*! Reads the options that steer the writing of RTF; a text says what is wrong with them, if anything is. */
+/*! Reads the options that control the writing of RTF. Returns an error message, empty on success. */
 QString readRtfOptions(const Arguments& arguments, Options* options)
 {
     const QCommandLineParser& parser = arguments.parser;
@@ -248,7 +248,7 @@ Options twoFileOptions(Options::Command command, const QString& name, const QStr
     return options;
 }
 
-/*! Finds out which format convert is to write; a text says what is wrong with the options, if anything is. */
+/*! Determines the output format of convert. Returns an error message, empty on success. */
 QString readOutputFormat(const Arguments& arguments, Options* options)
 {
     const bool isStandardOutput = options->output == QLatin1String("-");
@@ -298,7 +298,7 @@ QStringList workerOptions(const Arguments& arguments, const Options& options)
     return result;
 }
 
-/*! Says for each of \a files what becomes of it; a text says what is wrong with them, if anything is. */
+/*! Plans the output of each of \a files. Returns an error message, empty on success. */
 QString readBatchFiles(const Arguments& arguments, const QStringList& files, Options* options)
 {
     if (files.isEmpty())
