@@ -45,8 +45,8 @@ ExitCode print(const QString& text)
 }
 
 /*!
-    Runs the commands that need no documents: starts the conversions of many files, prints the help or version,
-    or reports errors of the options. \a environment is that of the program as it was started.
+    Runs the commands that need no documents: starts the conversions of many files, prints the help or the
+    version, or reports errors of the options. \a environment is that of the program as it was started.
 */
 int answer(const Options& options, const QProcessEnvironment& environment)
 {
