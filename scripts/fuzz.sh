@@ -16,7 +16,7 @@ shift 2
 [[ " ${targets[*]} " == *" $target "* ]] || fail "there is no target $target, only: ${targets[*]}"
 [[ $seconds =~ ^[1-9][0-9]*$ ]] || fail "not a number of seconds: $seconds"
 
-# seed_corpus: fills build/fuzz/seeds with the seeds and the samples that are not too long.
+# seed_corpus: fills $seeds with the seeds and the samples that are not too long.
 seed_corpus() {
     mkdir -p "$seeds"
     find "$root/fuzz/seeds" "$root/tests/data" -name '*.rtf' -size -$((longest + 1))c \
@@ -27,7 +27,8 @@ need_packages "${build_packages[@]}" "${clang_packages[@]}"
 build_preset fuzz "fuzz_$target"
 
 folder=$root/build/fuzz
-corpus=$folder/corpus/$target seeds=$folder/seeds
+# Each target has seeds of its own, so that several can be started at once.
+corpus=$folder/corpus/$target seeds=$folder/seeds/$target
 mkdir -p "$corpus" "$folder/crashes"
 seed_corpus
 log=$logs/fuzz-$target.log
