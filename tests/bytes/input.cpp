@@ -8,32 +8,28 @@ class TestInput : public QObject {
     Q_OBJECT
 
 private slots:
-    void textEndsAtSpecialBytes_data()
+    /*! At any place, beside any other bytes: many are looked at together. */
+    ORV_ROWS(textEndsAtSpecialBytes)
     {
-        const Columns<char> add("special");
+        const Rows add([](char special) {
+            const QByteArray all = "\\{}\n\r";
+            for (int neighbour = 0; neighbour < 256; ++neighbour) {
+                if (all.contains(char(neighbour)))
+                    continue;
+                for (int place = 1; place < 20; ++place) {
+                    QByteArray bytes(24, char(neighbour));
+                    bytes[place] = special;
+                    QBuffer buffer(&bytes);
+                    QVERIFY(buffer.open(QIODevice::ReadOnly));
+                    ORVRtfInput input;
+                    input.setDevice(&buffer);
+                    QCOMPARE(input.charAt(0), char(neighbour));
+                    QCOMPARE(input.textLength(), place);
+                }
+            }
+        });
         for (const char special : {'\\', '{', '}', '\n', '\r'})
             add(qPrintable(QString::number(special, 16)), special);
-    }
-
-    /*! At any place, beside any other bytes: many are looked at together. */
-    void textEndsAtSpecialBytes()
-    {
-        FETCH(char, special);
-        const QByteArray all = "\\{}\n\r";
-        for (int neighbour = 0; neighbour < 256; ++neighbour) {
-            if (all.contains(char(neighbour)))
-                continue;
-            for (int place = 1; place < 20; ++place) {
-                QByteArray bytes(24, char(neighbour));
-                bytes[place] = special;
-                QBuffer buffer(&bytes);
-                QVERIFY(buffer.open(QIODevice::ReadOnly));
-                ORVRtfInput input;
-                input.setDevice(&buffer);
-                QCOMPARE(input.charAt(0), char(neighbour));
-                QCOMPARE(input.textLength(), place);
-            }
-        }
     }
 
     void textEndsWithTheBuffer()

@@ -72,10 +72,17 @@ private slots:
         QVERIFY(known > 1000);
     }
 
-    void scannedWords_data()
+    ORV_ROWS(scannedWords)
     {
-        const Columns<QByteArray, int, bool, int, int> add("bytes", "keyWord", "hasParameter", "parameter",
-                                                           "length");
+        const Rows add(
+            [](const QByteArray& bytes, int keyWord, bool hasParameter, int parameter, int length) {
+                const ORVRtfControlWord word = ORVRtfControlWord::scan(bytes.constData(), int(bytes.size()));
+                QCOMPARE(word.status, ORVRtfControlWord::Complete);
+                QCOMPARE(int(word.keyWord), keyWord);
+                QCOMPARE(word.hasParameter, hasParameter);
+                QCOMPARE(word.parameter, parameter);
+                QCOMPARE(word.length, length);
+            });
         add("negative", "\\fs-24 text", ORVTextRtfCommon::FontSize, true, -24, 7);
         add("to the end", "\\fs24", ORVTextRtfCommon::FontSize, true, 24, 5);
         add("zero", "\\b0 ", ORVTextRtfCommon::Bold, true, 0, 4);
@@ -88,31 +95,16 @@ private slots:
         add("unknown", "\\quibble7 ", ORVTextRtfCommon::NoKeyWord, true, 7, 10);
     }
 
-    void scannedWords()
+    ORV_ROWS(incompleteWords)
     {
-        FETCH(QByteArray, bytes);
-        const ORVRtfControlWord word = ORVRtfControlWord::scan(bytes.constData(), int(bytes.size()));
-        QCOMPARE(word.status, ORVRtfControlWord::Complete);
-        QTEST(int(word.keyWord), "keyWord");
-        QTEST(word.hasParameter, "hasParameter");
-        QTEST(word.parameter, "parameter");
-        QTEST(word.length, "length");
-    }
-
-    void incompleteWords_data()
-    {
-        const Columns<QByteArray, int> add("bytes", "status");
+        const Rows add([](const QByteArray& bytes, int status) {
+            const ORVRtfControlWord word = ORVRtfControlWord::scan(bytes.constData(), int(bytes.size()));
+            QCOMPARE(int(word.status), status);
+            QCOMPARE(word.keyWord, ORVTextRtfCommon::NoKeyWord);
+        });
         add("backslash", "\\", ORVRtfControlWord::CutOff);
         add("letters to the end", "\\par", ORVRtfControlWord::TooLong);
         add("64 bytes", "\\" + QByteArray(63, 'a') + ' ', ORVRtfControlWord::TooLong);
-    }
-
-    void incompleteWords()
-    {
-        FETCH(QByteArray, bytes, int, status);
-        const ORVRtfControlWord word = ORVRtfControlWord::scan(bytes.constData(), int(bytes.size()));
-        QCOMPARE(int(word.status), status);
-        QCOMPARE(word.keyWord, ORVTextRtfCommon::NoKeyWord);
     }
 };
 

@@ -136,21 +136,17 @@ private slots:
         QCOMPARE(pastedElsewhere("text/rtf"_s), documentHead() + firstParagraph() + run("text") + "}");
     }
 
-    void rtfFromElsewhereIsPasted_data()
+    ORV_ROWS(rtfFromElsewhereIsPasted)
     {
-        const Columns<QString> add("type");
+        const Rows add([this](const QString& type) {
+            const CopiedElsewhere copied(type, richRtf());
+            QVERIFY(copied.isThere());
+            this->type("V"_s);
+            QCOMPARE(contentOf(*m_window), richContent());
+        });
         for (const QString& type : ORV::rtfMimeTypes())
             add(qPrintable(type), type);
         add("own flavour", QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType));
-    }
-
-    void rtfFromElsewhereIsPasted()
-    {
-        FETCH(QString, type);
-        const CopiedElsewhere copied(type, richRtf());
-        QVERIFY(copied.isThere());
-        this->type("V"_s);
-        QCOMPARE(contentOf(*m_window), richContent());
     }
 
     /*! X hands on what is longer than a few megabytes piece by piece. */

@@ -129,10 +129,23 @@ private slots:
         QCOMPARE(m_window->fileName(), QString());
     }
 
-    void bestFlavourIsPasted_data()
+    ORV_ROWS(bestFlavourIsPasted)
     {
-        const Columns<QByteArray, QByteArray, QString, QString, QString> add("rtf", "own", "html", "text",
-                                                                             "pasted");
+        const Rows add([this](const QByteArray& rtf, const QByteArray& own, const QString& html,
+                              const QString& text, const QString& pasted) {
+            QMimeData* mime = new QMimeData;
+            if (!rtf.isEmpty())
+                mime->setData("text/rtf"_s, rtf);
+            if (!own.isEmpty())
+                mime->setData(QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType), own);
+            if (!html.isEmpty())
+                mime->setHtml(html);
+            if (!text.isEmpty())
+                mime->setText(text);
+            QApplication::clipboard()->setMimeData(mime);
+            m_window->textEdit()->paste();
+            QCOMPARE(contentOf(*m_window), pasted);
+        });
         add("own flavour is preferred", "{\\rtf1 plain{}}", "{\\rtf1 own{}}", QString(), QString(), "own");
         add("damaged RTF gives way to text", "{\\rtf1 {half} a text", QByteArray(), QString(), "whole text",
             "whole text");
@@ -140,46 +153,33 @@ private slots:
             "some *bold* text");
     }
 
-    void bestFlavourIsPasted()
+    ORV_ROWS(pastingReplacesTheSelection)
     {
-        FETCH(QByteArray, rtf, QByteArray, own, QString, html, QString, text, QString, pasted);
-        QMimeData* mime = new QMimeData;
-        if (!rtf.isEmpty())
-            mime->setData("text/rtf"_s, rtf);
-        if (!own.isEmpty())
-            mime->setData(QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType), own);
-        if (!html.isEmpty())
-            mime->setHtml(html);
-        if (!text.isEmpty())
-            mime->setText(text);
-        QApplication::clipboard()->setMimeData(mime);
-        m_window->textEdit()->paste();
-        QCOMPARE(contentOf(*m_window), pasted);
-    }
-
-    void pastingReplacesTheSelection_data()
-    {
-        const Columns<QByteArray, int, QString> add("body", "length", "content");
+        const Rows add([this](const QByteArray& body, int length, const QString& content) {
+            m_window->textEdit()->setPlainText("abcde"_s);
+            select(*m_window, 1, 4);
+            copyAndPaste(body, 0, length, *m_window);
+            QCOMPARE(contentOf(*m_window), content);
+            QCOMPARE(m_window->textEdit()->textCursor().position(), 1 + length);
+            // In one step
+            m_window->textEdit()->undo();
+            QCOMPARE(contentOf(*m_window), "abcde"_s);
+        });
         add("words", "one {\\b two}", 7, "aone *two*e");
         add("paragraphs", "one\\par two\\par three", 13, "aone\ntwo\nthreee");
     }
 
-    void pastingReplacesTheSelection()
+    ORV_ROWS(partIsCopied)
     {
-        FETCH(QByteArray, body, int, length, QString, content);
-        m_window->textEdit()->setPlainText("abcde"_s);
-        select(*m_window, 1, 4);
-        copyAndPaste(body, 0, length, *m_window);
-        QCOMPARE(contentOf(*m_window), content);
-        QCOMPARE(m_window->textEdit()->textCursor().position(), 1 + length);
-        // In one step
-        m_window->textEdit()->undo();
-        QCOMPARE(contentOf(*m_window), "abcde"_s);
-    }
-
-    void partIsCopied_data()
-    {
-        const Columns<QByteArray, int, int, QString, int> add("body", "from", "to", "content", "alignment");
+        const Rows add(
+            [this](const QByteArray& body, int from, int to, const QString& content, int alignment) {
+                copyAndPaste(body, from, to, *m_window);
+                QCOMPARE(contentOf(*m_window), content);
+                const QTextBlock first = m_window->textEdit()->document()->begin();
+                QCOMPARE(int(first.blockFormat().alignment() & Qt::AlignHorizontal_Mask), alignment);
+                if (first.textList() && first.next().isValid())
+                    QCOMPARE(first.textList(), first.next().textList());
+            });
         const QByteArray list = bullets() + "intro\\par\\pard\\ls1 one\\par two\\par three\\par four";
         const QString items = bullet("two") + QLatin1Char('\n') + bullet("three");
         const int left = Qt::AlignLeft;
@@ -189,17 +189,6 @@ private slots:
         add("paragraph with its format", "first\\par\\pard\\qr second\\par third", 6, 13, "second\n", right);
         add("words without that of their paragraph", "first\\par\\pard\\qr second and more\\par third", 6, 12,
             "second", left);
-    }
-
-    void partIsCopied()
-    {
-        FETCH(QByteArray, body, int, from, int, to, QString, content, int, alignment);
-        copyAndPaste(body, from, to, *m_window);
-        QCOMPARE(contentOf(*m_window), content);
-        const QTextBlock first = m_window->textEdit()->document()->begin();
-        QCOMPARE(int(first.blockFormat().alignment() & Qt::AlignHorizontal_Mask), alignment);
-        if (first.textList() && first.next().isValid())
-            QCOMPARE(first.textList(), first.next().textList());
     }
 
     void wordsKeepTheFormatOfAnEmptyParagraph()
@@ -331,53 +320,46 @@ private slots:
         QVERIFY(m_window->close());
     }
 
-    void closingAsks_data()
+    ORV_ROWS(closingAsks)
     {
-        const Columns<int, bool, QString> add("button", "closed", "saved");
+        const Rows add([this](int button, bool closed, const QString& saved) {
+            const QString file = makeFile("closing.rtf", "{\\rtf1 {old}}");
+            QVERIFY(m_window->openFile(file));
+            QTest::keyClicks(m_window->textEdit(), "new"_s);
+            const BoxAnswer answer{QMessageBox::StandardButton(button)};
+            QCOMPARE(m_window->close(), closed);
+            QCOMPARE(answer.text(), "Save the changes?"_s);
+            QCOMPARE(m_window->isVisible(), !closed);
+            QTextDocument document;
+            QVERIFY(ORVTextRtf::fromRtfFile(file, &document, nullptr));
+            QCOMPARE(textOf(document), saved);
+        });
         add("save", int(QMessageBox::Save), true, "newold");
         add("discard", int(QMessageBox::Discard), true, "old");
         add("cancel", int(QMessageBox::Cancel), false, "old");
     }
 
-    void closingAsks()
+    ORV_ROWS(textIsFormatted)
     {
-        FETCH(int, button, bool, closed, QString, saved);
-        const QString file = makeFile("closing.rtf", "{\\rtf1 {old}}");
-        QVERIFY(m_window->openFile(file));
-        QTest::keyClicks(m_window->textEdit(), "new"_s);
-        const BoxAnswer answer{QMessageBox::StandardButton(button)};
-        QCOMPARE(m_window->close(), closed);
-        QCOMPARE(answer.text(), "Save the changes?"_s);
-        QCOMPARE(m_window->isVisible(), !closed);
-        QTextDocument document;
-        QVERIFY(ORVTextRtf::fromRtfFile(file, &document, nullptr));
-        QCOMPARE(textOf(document), saved);
-    }
-
-    void textIsFormatted_data()
-    {
-        const Columns<QByteArray, int, QVariant, QVariant> add("action", "property", "on", "off");
+        const Rows add(
+            [this](const QByteArray& action, int property, const QVariant& on, const QVariant& off) {
+                m_window->textEdit()->setPlainText("some text"_s);
+                select(*m_window, 5, 9);
+                QAction* const toggle = actionOf(*m_window, action.constData());
+                toggle->trigger();
+                QVERIFY(toggle->isChecked());
+                const QTextDocument& document = *m_window->textEdit()->document();
+                QCOMPARE(formatOf(document, "text"_s).property(property), on);
+                QVERIFY(!formatOf(document, "some"_s).hasProperty(property));
+                toggle->trigger();
+                QVERIFY(!toggle->isChecked());
+                QCOMPARE(formatOf(document, "text"_s).property(property), off);
+            });
         add("bold", "Bold", int(QTextFormat::FontWeight), QVariant(int(QFont::Bold)),
             QVariant(int(QFont::Normal)));
         add("italic", "Italic", int(QTextFormat::FontItalic), QVariant(true), QVariant(false));
         add("underline", "Underline", int(QTextFormat::TextUnderlineStyle),
             QVariant(int(QTextCharFormat::SingleUnderline)), QVariant(int(QTextCharFormat::NoUnderline)));
-    }
-
-    void textIsFormatted()
-    {
-        FETCH(QByteArray, action, int, property, QVariant, on, QVariant, off);
-        m_window->textEdit()->setPlainText("some text"_s);
-        select(*m_window, 5, 9);
-        QAction* const toggle = actionOf(*m_window, action.constData());
-        toggle->trigger();
-        QVERIFY(toggle->isChecked());
-        const QTextDocument& document = *m_window->textEdit()->document();
-        QCOMPARE(formatOf(document, "text"_s).property(property), on);
-        QVERIFY(!formatOf(document, "some"_s).hasProperty(property));
-        toggle->trigger();
-        QVERIFY(!toggle->isChecked());
-        QCOMPARE(formatOf(document, "text"_s).property(property), off);
     }
 
     void actionsShowTheFormatAtTheCursor()
@@ -413,58 +395,50 @@ private slots:
         QVERIFY(actionOf(*m_window, "Align left")->isChecked());
     }
 
-    void paragraphsAreAligned_data()
+    ORV_ROWS(paragraphsAreAligned)
     {
-        const Columns<QByteArray, int> add("action", "alignment");
+        const Rows add([this](const QByteArray& action, int alignment) {
+            m_window->textEdit()->setPlainText("one\ntwo\nthree"_s);
+            select(*m_window, 1, 5);
+            m_window->textEdit()->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
+            actionOf(*m_window, action.constData())->trigger();
+            const QTextBlock first = m_window->textEdit()->document()->begin();
+            QCOMPARE(int(first.blockFormat().alignment()), alignment);
+            QCOMPARE(int(first.next().blockFormat().alignment()), alignment);
+            QVERIFY(!first.next().next().blockFormat().hasProperty(QTextFormat::BlockAlignment));
+        });
         add("left", "Align left", int(Qt::AlignLeft));
         add("centre", "Centre", int(Qt::AlignHCenter));
         add("right", "Align right", int(Qt::AlignRight));
         add("justify", "Justify", int(Qt::AlignJustify));
     }
 
-    void paragraphsAreAligned()
+    ORV_ROWS(paragraphsBecomeLists)
     {
-        FETCH(QByteArray, action, int, alignment);
-        m_window->textEdit()->setPlainText("one\ntwo\nthree"_s);
-        select(*m_window, 1, 5);
-        m_window->textEdit()->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
-        actionOf(*m_window, action.constData())->trigger();
-        const QTextBlock first = m_window->textEdit()->document()->begin();
-        QCOMPARE(int(first.blockFormat().alignment()), alignment);
-        QCOMPARE(int(first.next().blockFormat().alignment()), alignment);
-        QVERIFY(!first.next().next().blockFormat().hasProperty(QTextFormat::BlockAlignment));
-    }
+        const Rows add([this](const QByteArray& action, const QByteArray& other, const QString& list) {
+            m_window->textEdit()->setPlainText("one\ntwo\nthree"_s);
+            select(*m_window, 1, 5);
+            QAction* const toggle = actionOf(*m_window, action.constData());
+            toggle->trigger();
+            QCOMPARE(contentOf(*m_window), list);
+            QVERIFY(toggle->isChecked());
+            QVERIFY(!actionOf(*m_window, other.constData())->isChecked());
 
-    void paragraphsBecomeLists_data()
-    {
-        const Columns<QByteArray, QByteArray, QString> add("action", "other", "list");
+            // The other kind instead, and back.
+            actionOf(*m_window, other.constData())->trigger();
+            QVERIFY(contentOf(*m_window) != list);
+            QVERIFY(!toggle->isChecked());
+            toggle->trigger();
+            QCOMPARE(contentOf(*m_window), list);
+
+            toggle->trigger();
+            QCOMPARE(contentOf(*m_window), "one\ntwo\nthree"_s);
+            QVERIFY(!toggle->isChecked());
+            QCOMPARE(m_window->textEdit()->textCursor().blockFormat().indent(), 0);
+        });
         const QString items = bullet("one") + QLatin1Char('\n') + bullet("two") + "\nthree"_s;
         add("bullets", "Bullet list", "Numbered list", items);
         add("numbers", "Numbered list", "Bullet list", "1. one\n2. two\nthree");
-    }
-
-    void paragraphsBecomeLists()
-    {
-        FETCH(QByteArray, action, QByteArray, other, QString, list);
-        m_window->textEdit()->setPlainText("one\ntwo\nthree"_s);
-        select(*m_window, 1, 5);
-        QAction* const toggle = actionOf(*m_window, action.constData());
-        toggle->trigger();
-        QCOMPARE(contentOf(*m_window), list);
-        QVERIFY(toggle->isChecked());
-        QVERIFY(!actionOf(*m_window, other.constData())->isChecked());
-
-        // The other kind instead, and back.
-        actionOf(*m_window, other.constData())->trigger();
-        QVERIFY(contentOf(*m_window) != list);
-        QVERIFY(!toggle->isChecked());
-        toggle->trigger();
-        QCOMPARE(contentOf(*m_window), list);
-
-        toggle->trigger();
-        QCOMPARE(contentOf(*m_window), "one\ntwo\nthree"_s);
-        QVERIFY(!toggle->isChecked());
-        QCOMPARE(m_window->textEdit()->textCursor().blockFormat().indent(), 0);
     }
 
     void insertTable()

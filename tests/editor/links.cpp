@@ -98,28 +98,24 @@ private slots:
         QCOMPARE(Links::at(*document(), 4).length, 3);
     }
 
-    void linkIsRemoved_data()
+    ORV_ROWS(linkIsRemoved)
     {
-        const Columns<bool> add("byDialog");
+        const Rows add([this](bool byDialog) {
+            QVERIFY(openRtf(*m_window, rtfWithLink("x")));
+            select(*m_window, 0, 0);
+            QVERIFY(!actionOf(*m_window, "Remove link")->isEnabled());
+            select(*m_window, 9, 9);
+            if (byDialog)
+                editLink(QString(), QString());
+            else
+                actionOf(*m_window, "Remove link")->trigger();
+            QCOMPARE(document()->toPlainText(), "Text link end"_s);
+            const QTextCharFormat format = formatOf(*document(), "link"_s);
+            QVERIFY(!format.hasProperty(QTextFormat::IsAnchor));
+            QVERIFY(!format.hasProperty(QTextFormat::AnchorHref));
+        });
         add("action", false);
         add("empty target", true);
-    }
-
-    void linkIsRemoved()
-    {
-        FETCH(bool, byDialog);
-        QVERIFY(openRtf(*m_window, rtfWithLink("x")));
-        select(*m_window, 0, 0);
-        QVERIFY(!actionOf(*m_window, "Remove link")->isEnabled());
-        select(*m_window, 9, 9);
-        if (byDialog)
-            editLink(QString(), QString());
-        else
-            actionOf(*m_window, "Remove link")->trigger();
-        QCOMPARE(document()->toPlainText(), "Text link end"_s);
-        const QTextCharFormat format = formatOf(*document(), "link"_s);
-        QVERIFY(!format.hasProperty(QTextFormat::IsAnchor));
-        QVERIFY(!format.hasProperty(QTextFormat::AnchorHref));
     }
 
     void textTypedBehindALinkIsNoPartOfIt()
@@ -153,9 +149,19 @@ private slots:
         QCOMPARE(message(), QString());
     }
 
-    void controlClickOpens_data()
+    ORV_ROWS(controlClickOpens)
     {
-        const Columns<QByteArray, bool> add("target", "opens");
+        const Rows add([this](const QByteArray& target, bool opens) {
+            QVERIFY(openRtf(*m_window, rtfWithLink(target)));
+            click(6, Qt::NoModifier);
+            QCOMPARE(m_opened, QStringList());
+            click(6, Qt::ControlModifier);
+            QCOMPARE(m_opened,
+                     opens ? QStringList(QUrl(QString::fromLatin1(target)).toString()) : QStringList());
+            if (!opens)
+                QCOMPARE(message(),
+                         "Only web and mail addresses are opened: "_s + QString::fromLatin1(target));
+        });
         add("http", "http://example.org/", true);
         add("https", "https://example.org/", true);
         add("upper case", "HTTPS://example.org/", true);
@@ -164,18 +170,6 @@ private slots:
         add("ftp", "ftp://example.org/", false);
         add("script", "javascript:a()", false);
         add("path", "/bin/sh", false);
-    }
-
-    void controlClickOpens()
-    {
-        FETCH(QByteArray, target, bool, opens);
-        QVERIFY(openRtf(*m_window, rtfWithLink(target)));
-        click(6, Qt::NoModifier);
-        QCOMPARE(m_opened, QStringList());
-        click(6, Qt::ControlModifier);
-        QCOMPARE(m_opened, opens ? QStringList(QUrl(QString::fromLatin1(target)).toString()) : QStringList());
-        if (!opens)
-            QCOMPARE(message(), "Only web and mail addresses are opened: "_s + QString::fromLatin1(target));
     }
 
     /*! Nor does one behind the end of a line that ends with a link. */

@@ -91,9 +91,15 @@ private slots:
                  documentHead() + firstParagraph() + comment("some", "How many?") + run(" words") + "}");
     }
 
-    void placeOfANote_data()
+    ORV_ROWS(placeOfANote)
     {
-        const Columns<QString, int, int, QString, QString> add("text", "from", "to", "note", "notes");
+        const Rows add(
+            [this](const QString& text, int from, int to, const QString& note, const QString& notes) {
+                m_window->textEdit()->setPlainText(text);
+                select(*m_window, from, to);
+                trigger("Footnote…", note);
+                QCOMPARE(notesOf(*m_window), notes);
+            });
         add("first character", "one two.", 0, 0, "x", "attached footnote 0+3 x");
         add("within a word", "one two.", 5, 5, "x", "attached footnote 4+3 x");
         add("behind a word, before punctuation", "one two.", 7, 7, "x", "attached footnote 4+3 x");
@@ -103,34 +109,21 @@ private slots:
         add("empty note: none", "word", 0, 0, "", "");
     }
 
-    void placeOfANote()
-    {
-        FETCH(QString, text, int, from, int, to, QString, note, QString, notes);
-        m_window->textEdit()->setPlainText(text);
-        select(*m_window, from, to);
-        trigger("Footnote…", note);
-        QCOMPARE(notesOf(*m_window), notes);
-    }
-
     /*! RTF has one of the two only, and the link would be lost. */
-    void noteOfALinkIsPutBehindIt_data()
+    ORV_ROWS(noteOfALinkIsPutBehindIt)
     {
-        const Columns<int, int> add("from", "to");
+        const Rows add([this](int from, int to) {
+            QVERIFY(openRtf(
+                *m_window, "{\\rtf1\\ansi A {\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt link}} end{}}"));
+            select(*m_window, from, to);
+            trigger("Comment…", "new"_s);
+            QCOMPARE(notesOf(*m_window), "in line comment 6+3 new"_s);
+            QCOMPARE(document()->toPlainText(), "A linknew end"_s);
+            QCOMPARE(Links::at(*document(), 2).length, 4);
+        });
         add("cursor in the link", 4, 4);
         add("selected link", 2, 6);
         add("part of it and more", 0, 4);
-    }
-
-    void noteOfALinkIsPutBehindIt()
-    {
-        FETCH(int, from, int, to);
-        QVERIFY(openRtf(*m_window,
-                        "{\\rtf1\\ansi A {\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt link}} end{}}"));
-        select(*m_window, from, to);
-        trigger("Comment…", "new"_s);
-        QCOMPARE(notesOf(*m_window), "in line comment 6+3 new"_s);
-        QCOMPARE(document()->toPlainText(), "A linknew end"_s);
-        QCOMPARE(Links::at(*document(), 2).length, 4);
     }
 
     /*! A font of its own, which the document has nowhere else. */
@@ -172,9 +165,12 @@ private slots:
         QCOMPARE(notesOf(*m_window), QString());
     }
 
-    void notesOfAFile_data()
+    ORV_ROWS(notesOfAFile)
     {
-        const Columns<QByteArray, QString> add("rtf", "notes");
+        const Rows add([this](const QByteArray& rtf, const QString& notes) {
+            QVERIFY(openRtf(*m_window, rtf));
+            QCOMPARE(notesOf(*m_window), notes);
+        });
         add("are found",
             "{\\rtf1\\ansi One{\\super\\chftn{\\footnote first {\\b bold}}} two"
             "{\\chatn{\\*\\annotation second}}{\\footnote third}.{}}",
@@ -183,41 +179,30 @@ private slots:
             "in line footnote 0+3 one\nin line footnote 4+3 two");
     }
 
-    void notesOfAFile()
+    ORV_ROWS(noteIsEdited)
     {
-        FETCH(QByteArray, rtf, QString, notes);
-        QVERIFY(openRtf(*m_window, rtf));
-        QCOMPARE(notesOf(*m_window), notes);
-    }
-
-    void noteIsEdited_data()
-    {
-        const Columns<bool> add("isAttached");
+        const Rows add([this](bool isAttached) {
+            if (isAttached) {
+                m_window->textEdit()->setPlainText("word end"_s);
+                trigger("Comment…", "before"_s);
+            } else {
+                QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi {\\*\\annotation before} end{}}"));
+            }
+            select(*m_window, 2, 2);
+            QString shown;
+            const DialogAnswer<NoteDialog> answer([&](NoteDialog* dialog) {
+                shown = dialog->content()->toPlainText();
+                dialog->content()->setPlainText("after"_s);
+                dialog->accept();
+            });
+            actionOf(*m_window, "Edit note…")->trigger();
+            QCOMPARE(shown, "before"_s);
+            QCOMPARE(notesOf(*m_window),
+                     isAttached ? "attached comment 0+4 after"_s : "in line comment 0+5 after"_s);
+            QVERIFY(document()->toPlainText().endsWith(" end"_s));
+        });
         add("attached", true);
         add("in line", false);
-    }
-
-    void noteIsEdited()
-    {
-        FETCH(bool, isAttached);
-        if (isAttached) {
-            m_window->textEdit()->setPlainText("word end"_s);
-            trigger("Comment…", "before"_s);
-        } else {
-            QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi {\\*\\annotation before} end{}}"));
-        }
-        select(*m_window, 2, 2);
-        QString shown;
-        const DialogAnswer<NoteDialog> answer([&](NoteDialog* dialog) {
-            shown = dialog->content()->toPlainText();
-            dialog->content()->setPlainText("after"_s);
-            dialog->accept();
-        });
-        actionOf(*m_window, "Edit note…")->trigger();
-        QCOMPARE(shown, "before"_s);
-        QCOMPARE(notesOf(*m_window),
-                 isAttached ? "attached comment 0+4 after"_s : "in line comment 0+5 after"_s);
-        QVERIFY(document()->toPlainText().endsWith(" end"_s));
     }
 
     void editingKeepsFormats()
@@ -232,29 +217,25 @@ private slots:
         QCOMPARE(contentOf(*m_window), "new one *two* end"_s);
     }
 
-    void noteIsDeleted_data()
+    ORV_ROWS(noteIsDeleted)
     {
-        const Columns<QByteArray, bool> add("action", "isEmptied");
+        const Rows add([this](const QByteArray& action, bool isEmptied) {
+            QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi word{\\footnote text} end{}}"));
+            select(*m_window, 0, 4);
+            trigger("Comment…", "x"_s);
+            QCOMPARE(notesOf(*m_window), "attached comment 0+4 x\nin line footnote 4+4 text"_s);
+            for (int position : {6, 2}) {
+                select(*m_window, position, position);
+                if (isEmptied)
+                    trigger(action.constData(), QString());
+                else
+                    actionOf(*m_window, action.constData())->trigger();
+            }
+            QCOMPARE(notesOf(*m_window), QString());
+            QCOMPARE(document()->toPlainText(), "word end"_s);
+        });
         add("deleted", "Delete note", false);
         add("emptied", "Edit note…", true);
-    }
-
-    void noteIsDeleted()
-    {
-        FETCH(QByteArray, action, bool, isEmptied);
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi word{\\footnote text} end{}}"));
-        select(*m_window, 0, 4);
-        trigger("Comment…", "x"_s);
-        QCOMPARE(notesOf(*m_window), "attached comment 0+4 x\nin line footnote 4+4 text"_s);
-        for (int position : {6, 2}) {
-            select(*m_window, position, position);
-            if (isEmptied)
-                trigger(action.constData(), QString());
-            else
-                actionOf(*m_window, action.constData())->trigger();
-        }
-        QCOMPARE(notesOf(*m_window), QString());
-        QCOMPARE(document()->toPlainText(), "word end"_s);
     }
 
     void actionsNeedANote()
@@ -268,22 +249,18 @@ private slots:
         }
     }
 
-    void textTypedBehindANoteIsNoPartOfIt_data()
+    ORV_ROWS(textTypedBehindANoteIsNoPartOfIt)
     {
-        const Columns<QByteArray> add("rtf");
+        const Rows add([this](const QByteArray& rtf) {
+            QVERIFY(openRtf(*m_window, rtf));
+            const QString note = notesOf(*m_window);
+            select(*m_window, 4, 4);
+            QTest::keyClicks(m_window->textEdit(), "ab"_s);
+            QCOMPARE(document()->toPlainText(), "textab"_s);
+            QCOMPARE(notesOf(*m_window), note);
+        });
         add("footnote", "{\\rtf1\\ansi {\\footnote text}{}}");
         add("comment", "{\\rtf1\\ansi {\\*\\annotation text}{}}");
-    }
-
-    void textTypedBehindANoteIsNoPartOfIt()
-    {
-        FETCH(QByteArray, rtf);
-        QVERIFY(openRtf(*m_window, rtf));
-        const QString note = notesOf(*m_window);
-        select(*m_window, 4, 4);
-        QTest::keyClicks(m_window->textEdit(), "ab"_s);
-        QCOMPARE(document()->toPlainText(), "textab"_s);
-        QCOMPARE(notesOf(*m_window), note);
     }
 
     void panelListsAllNotes()
@@ -316,22 +293,18 @@ private slots:
         QCOMPARE(m_window->textEdit()->textCursor().selectedText(), "two"_s);
     }
 
-    void clickInThePanelShowsThePlace_data()
+    ORV_ROWS(clickInThePanelShowsThePlace)
     {
-        const Columns<int> add("button");
+        const Rows add([this](int button) {
+            QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote one}b{\\*\\annotation two}c{}}"));
+            const QListWidget* list = m_window->notesPanel()->findChild<QListWidget*>();
+            const QPoint second = list->visualItemRect(list->item(1)).center();
+            QTest::mousePress(list->viewport(), Qt::MouseButton(button), Qt::NoModifier, second);
+            QCOMPARE(m_window->textEdit()->textCursor().selectedText(), "two"_s);
+            QCOMPARE(list->actions(), m_window->findChild<NoteActions*>()->actions());
+        });
         add("left", int(Qt::LeftButton));
         add("right", int(Qt::RightButton));
-    }
-
-    void clickInThePanelShowsThePlace()
-    {
-        FETCH(int, button);
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote one}b{\\*\\annotation two}c{}}"));
-        const QListWidget* list = m_window->notesPanel()->findChild<QListWidget*>();
-        const QPoint second = list->visualItemRect(list->item(1)).center();
-        QTest::mousePress(list->viewport(), Qt::MouseButton(button), Qt::NoModifier, second);
-        QCOMPARE(m_window->textEdit()->textCursor().selectedText(), "two"_s);
-        QCOMPARE(list->actions(), m_window->findChild<NoteActions*>()->actions());
     }
 
     void doubleClickInThePanelEdits()
@@ -346,19 +319,16 @@ private slots:
         QCOMPARE(document()->toPlainText(), "aonebnewc"_s);
     }
 
-    void tipSaysWhatTheNoteSays_data()
+    ORV_ROWS(tipSaysWhatTheNoteSays)
     {
-        const Columns<int, QString> add("position", "tip");
+        const Rows add([this](int position, const QString& tip) {
+            QVERIFY(
+                openRtf(*m_window, "{\\rtf1\\ansi w{\\footnote a <b>}{\\*\\annotation two\\line lines}{}}"));
+            QCOMPARE(tipAt(*m_window, position), tip);
+        });
         add("text without a note", 0, QString());
         add("footnote", 2, "<p>Footnote: a &lt;b&gt;</p>");
         add("comment", 7, "<p>Comment: two<br>lines</p>");
-    }
-
-    void tipSaysWhatTheNoteSays()
-    {
-        FETCH(int, position, QString, tip);
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi w{\\footnote a <b>}{\\*\\annotation two\\line lines}{}}"));
-        QCOMPARE(tipAt(*m_window, position), tip);
     }
 
     void printedNotesAreNumbered()

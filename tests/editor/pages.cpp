@@ -161,48 +161,40 @@ private slots:
                  rtf.constData());
     }
 
-    void dialogKeepsLengthsBeyondItsRange_data()
+    ORV_ROWS(dialogKeepsLengthsBeyondItsRange)
     {
-        const Columns<QSizeF, double> add("paper", "margin");
+        const Rows add([](const QSizeF& paper, double margin) {
+            PageSettings settings;
+            settings.page.paperSize = paper;
+            settings.page.leftMargin = margin;
+            settings.page.topMargin = margin;
+            const PageDialog dialog(settings, nullptr);
+            const ORVPageGeometry page = dialog.settings().page;
+            QCOMPARE(page.paperSize, paper);
+            QCOMPARE(page.leftMargin, margin);
+            QCOMPARE(page.topMargin, margin);
+        });
         add("negative margin", QSizeF(612, 792), -36.0);
         // 22 inches are 1584 points.
         add("paper of more than 22 inches", QSizeF(1600, 3000), 72.0);
         add("neither", QSizeF(1584, 500), 0.0);
     }
 
-    void dialogKeepsLengthsBeyondItsRange()
+    ORV_ROWS(dialogKeepsTheAlignment)
     {
-        FETCH(QSizeF, paper, double, margin);
-        PageSettings settings;
-        settings.page.paperSize = paper;
-        settings.page.leftMargin = margin;
-        settings.page.topMargin = margin;
-        const PageDialog dialog(settings, nullptr);
-        const ORVPageGeometry page = dialog.settings().page;
-        QCOMPARE(page.paperSize, paper);
-        QCOMPARE(page.leftMargin, margin);
-        QCOMPARE(page.topMargin, margin);
-    }
-
-    void dialogKeepsTheAlignment_data()
-    {
-        const Columns<int> add("alignment");
+        const Rows add([](int alignment) {
+            PageSettings settings;
+            settings.header.option.setAlignment(Qt::Alignment(alignment));
+            settings.footer.option.setAlignment(Qt::Alignment(alignment));
+            const PageDialog dialog(settings, nullptr);
+            QCOMPARE(int(dialog.settings().header.option.alignment()), alignment);
+            QCOMPARE(int(dialog.settings().footer.option.alignment()), alignment);
+        });
         add("left", int(Qt::AlignLeft));
         add("centre", int(Qt::AlignHCenter));
         add("right", int(Qt::AlignRight));
         add("none of the choices", int(Qt::AlignJustify));
         add("more than a choice", int(Qt::AlignRight | Qt::AlignBottom));
-    }
-
-    void dialogKeepsTheAlignment()
-    {
-        FETCH(int, alignment);
-        PageSettings settings;
-        settings.header.option.setAlignment(Qt::Alignment(alignment));
-        settings.footer.option.setAlignment(Qt::Alignment(alignment));
-        const PageDialog dialog(settings, nullptr);
-        QCOMPARE(int(dialog.settings().header.option.alignment()), alignment);
-        QCOMPARE(int(dialog.settings().footer.option.alignment()), alignment);
     }
 
     void dialogChangesTheAlignment()
@@ -232,25 +224,21 @@ private slots:
         QCOMPARE(papers->currentText(), "A4"_s);
     }
 
-    void dialogShowsThePaper_data()
+    ORV_ROWS(dialogShowsThePaper)
     {
-        const Columns<QSizeF, QString> add("points", "paper");
+        const Rows add([](const QSizeF& points, const QString& paper) {
+            PageSettings settings;
+            settings.page.paperSize = points;
+            const PageDialog dialog(settings, nullptr);
+            const QComboBox* const papers = boxesWith(dialog, "A4"_s).value(0);
+            QVERIFY(papers);
+            QCOMPARE(papers->currentText(), paper);
+            QCOMPARE(dialog.settings().page.paperSize, points);
+        });
         add("A4 in whole points", QSizeF(595, 842), "A4");
         add("A4 in twips", QSizeF(595.3, 841.9), "A4");
         add("A4 on its side", QSizeF(841.9, 595.3), "Other");
         add("another", QSizeF(400, 400), "Other");
-    }
-
-    void dialogShowsThePaper()
-    {
-        FETCH(QSizeF, points, QString, paper);
-        PageSettings settings;
-        settings.page.paperSize = points;
-        const PageDialog dialog(settings, nullptr);
-        const QComboBox* const papers = boxesWith(dialog, "A4"_s).value(0);
-        QVERIFY(papers);
-        QCOMPARE(papers->currentText(), paper);
-        QCOMPARE(dialog.settings().page.paperSize, points);
     }
 
     void marginsAndMarginTextsAreSaved()
@@ -292,33 +280,29 @@ private slots:
         QVERIFY(!document()->isModified());
     }
 
-    void previewShowsTheHeader_data()
+    ORV_ROWS(previewShowsTheHeader)
     {
-        const Columns<QString> add("header");
+        const Rows add([this](const QString& header) {
+            m_window->textEdit()->setPlainText("text"_s);
+            PageSettings settings = PageSettings::of(*document());
+            settings.header.text = header;
+            settings.setOn(document());
+            PageView view(*document());
+            // The whole of a Letter page, which is 816 by 1056 pixels, with a gap of 16 around it.
+            view.setFrameShape(QFrame::NoFrame);
+            view.resize(816 + 2 * 16, 1056 + 2 * 16);
+            view.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&view));
+            const QImage image = view.viewport()->grab().toImage();
+            const QPoint corner(16, 16);
+            // The margins: 120 pixels at the sides, 96 above and below.
+            const QRect text(120, 96, 576, 864);
+            QCOMPARE(isPainted(image, QRect(120, 0, 576, 96).translated(corner)), !header.isEmpty());
+            QVERIFY(isPainted(image, text.translated(corner)));
+            QVERIFY(!isPainted(image, QRect(120, 960, 576, 96).translated(corner)));
+        });
         add("header", "Title");
         add("none", QString());
-    }
-
-    void previewShowsTheHeader()
-    {
-        FETCH(QString, header);
-        m_window->textEdit()->setPlainText("text"_s);
-        PageSettings settings = PageSettings::of(*document());
-        settings.header.text = header;
-        settings.setOn(document());
-        PageView view(*document());
-        // The whole of a Letter page, which is 816 by 1056 pixels, with a gap of 16 around it.
-        view.setFrameShape(QFrame::NoFrame);
-        view.resize(816 + 2 * 16, 1056 + 2 * 16);
-        view.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
-        const QImage image = view.viewport()->grab().toImage();
-        const QPoint corner(16, 16);
-        // The margins: 120 pixels at the sides, 96 above and below.
-        const QRect text(120, 96, 576, 864);
-        QCOMPARE(isPainted(image, QRect(120, 0, 576, 96).translated(corner)), !header.isEmpty());
-        QVERIFY(isPainted(image, text.translated(corner)));
-        QVERIFY(!isPainted(image, QRect(120, 960, 576, 96).translated(corner)));
     }
 
     void pdfHasAllPages()

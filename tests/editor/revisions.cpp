@@ -35,26 +35,22 @@ private slots:
     void init() { m_window = shownWindow(); }
     void cleanup() { m_window.reset(); }
 
-    void levelIsShownAsAColour_data()
+    ORV_ROWS(levelIsShownAsAColour)
     {
-        const Columns<int, QColor> add("level", "color");
+        const Rows add([this](int level, const QColor& color) {
+            QVERIFY(openRtf(*m_window,
+                            "{\\rtf1\\ansi Text {\\*\\orvrevlvl" + QByteArray::number(level) + " new}{}}"));
+            const auto shown = [this] { return document()->begin().layout()->formats(); };
+            QTRY_COMPARE(shown().size(), 1);
+            QCOMPARE(shown().first().start, 5);
+            QCOMPARE(shown().first().length, 3);
+            QCOMPARE(shown().first().format.foreground().color(), color);
+        });
         add("1", 1, QColor(Qt::red));
         add("2", 2, QColor(Qt::blue));
         add("3", 3, QColor(Qt::green));
         add("4", 4, QColor(255, 165, 0));
         add("5", 5, QColor(128, 0, 128));
-    }
-
-    void levelIsShownAsAColour()
-    {
-        FETCH(int, level, QColor, color);
-        QVERIFY(openRtf(*m_window,
-                        "{\\rtf1\\ansi Text {\\*\\orvrevlvl" + QByteArray::number(level) + " new}{}}"));
-        const auto shown = [this] { return document()->begin().layout()->formats(); };
-        QTRY_COMPARE(shown().size(), 1);
-        QCOMPARE(shown().first().start, 5);
-        QCOMPARE(shown().first().length, 3);
-        QCOMPARE(shown().first().format.foreground().color(), color);
     }
 
     void levelAndColourAreSaved()

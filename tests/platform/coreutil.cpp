@@ -5,22 +5,18 @@ class TestCoreUtil : public QObject {
     Q_OBJECT
 
 private slots:
-    void tempFilePathEndsInSuffix_data()
+    ORV_ROWS(tempFilePathEndsInSuffix)
     {
-        const Columns<QString, QString> add("suffix", "completeSuffix");
+        const Rows add([](const QString& suffix, const QString& completeSuffix) {
+            const QFileInfo info(ORVCoreUtil::GetNewTempFilePath(suffix));
+            QCOMPARE(info.completeSuffix(), completeSuffix);
+            QCOMPARE(info.fileName().contains(QLatin1Char('.')), !completeSuffix.isEmpty());
+            QVERIFY(!info.completeBaseName().isEmpty());
+        });
         add("one word", "rtf", "rtf");
         add("two words", "tar.gz", "tar.gz");
         add("none", "", "");
         add("null", QString(), "");
-    }
-
-    void tempFilePathEndsInSuffix()
-    {
-        FETCH(QString, suffix, QString, completeSuffix);
-        const QFileInfo info(ORVCoreUtil::GetNewTempFilePath(suffix));
-        QCOMPARE(info.completeSuffix(), completeSuffix);
-        QCOMPARE(info.fileName().contains(QLatin1Char('.')), !completeSuffix.isEmpty());
-        QVERIFY(!info.completeBaseName().isEmpty());
     }
 
     void tempFilePathLiesInTempFolder()

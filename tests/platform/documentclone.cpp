@@ -282,52 +282,50 @@ private slots:
         QVERIFY(!copy->begin().next().textList());
     }
 
-    void cloneKeepsDocumentProperties_data()
+    ORV_ROWS(cloneKeepsDocumentProperties)
     {
-        const Columns<Builder> add("build");
+        const Rows add([](const Builder& build) {
+            QTextDocument document;
+            build(&document);
+            document.setMetaInformation(QTextDocument::DocumentTitle, "Title"_s);
+            document.setMetaInformation(QTextDocument::DocumentUrl, "http://example.org/document"_s);
+            document.setBaseUrl(QUrl("http://example.org/base/"_s));
+            document.setDefaultStyleSheet("p { color: red }"_s);
+            document.setDefaultFont(QFont("DejaVu Serif"_s, 23));
+            document.setPageSize(QSizeF(300, 400));
+            document.setIndentWidth(33);
+            document.setDocumentMargin(17);
+            document.setDefaultCursorMoveStyle(Qt::VisualMoveStyle);
+            QTextOption option;
+            option.setAlignment(Qt::AlignRight);
+            option.setFlags(QTextOption::ShowTabsAndSpaces);
+            document.setDefaultTextOption(option);
+            document.setUseDesignMetrics(true);
+            QTextFrameFormat frame = document.rootFrame()->frameFormat();
+            frame.setLeftMargin(5);
+            frame.setBackground(Qt::yellow);
+            document.rootFrame()->setFrameFormat(frame);
+
+            const QScopedPointer<QTextDocument> copy(
+                TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
+            QCOMPARE(copy->metaInformation(QTextDocument::DocumentTitle), "Title"_s);
+            QCOMPARE(copy->metaInformation(QTextDocument::DocumentUrl), "http://example.org/document"_s);
+            QCOMPARE(copy->baseUrl(), document.baseUrl());
+            QCOMPARE(copy->defaultStyleSheet(), document.defaultStyleSheet());
+            QCOMPARE(copy->defaultFont(), document.defaultFont());
+            QCOMPARE(copy->pageSize(), QSizeF(300, 400));
+            QCOMPARE(copy->indentWidth(), qreal(33));
+            QCOMPARE(copy->documentMargin(), qreal(17));
+            QCOMPARE(copy->defaultCursorMoveStyle(), Qt::VisualMoveStyle);
+            QCOMPARE(int(copy->defaultTextOption().alignment() & Qt::AlignHorizontal_Mask),
+                     int(Qt::AlignRight));
+            QVERIFY(copy->defaultTextOption().flags() & QTextOption::ShowTabsAndSpaces);
+            QVERIFY(copy->useDesignMetrics());
+            QCOMPARE(dump(copy->rootFrame()->frameFormat()), dump(frame));
+        });
         add("text", Builder([](QTextDocument* document) { makeRichDocument(document); }));
         add("no text", Builder([](QTextDocument*) {}));
         add("one blank list item", Builder(makeFirstListItem));
-    }
-
-    void cloneKeepsDocumentProperties()
-    {
-        FETCH(Builder, build);
-        QTextDocument document;
-        build(&document);
-        document.setMetaInformation(QTextDocument::DocumentTitle, "Title"_s);
-        document.setMetaInformation(QTextDocument::DocumentUrl, "http://example.org/document"_s);
-        document.setBaseUrl(QUrl("http://example.org/base/"_s));
-        document.setDefaultStyleSheet("p { color: red }"_s);
-        document.setDefaultFont(QFont("DejaVu Serif"_s, 23));
-        document.setPageSize(QSizeF(300, 400));
-        document.setIndentWidth(33);
-        document.setDocumentMargin(17);
-        document.setDefaultCursorMoveStyle(Qt::VisualMoveStyle);
-        QTextOption option;
-        option.setAlignment(Qt::AlignRight);
-        option.setFlags(QTextOption::ShowTabsAndSpaces);
-        document.setDefaultTextOption(option);
-        document.setUseDesignMetrics(true);
-        QTextFrameFormat frame = document.rootFrame()->frameFormat();
-        frame.setLeftMargin(5);
-        frame.setBackground(Qt::yellow);
-        document.rootFrame()->setFrameFormat(frame);
-
-        const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-        QCOMPARE(copy->metaInformation(QTextDocument::DocumentTitle), "Title"_s);
-        QCOMPARE(copy->metaInformation(QTextDocument::DocumentUrl), "http://example.org/document"_s);
-        QCOMPARE(copy->baseUrl(), document.baseUrl());
-        QCOMPARE(copy->defaultStyleSheet(), document.defaultStyleSheet());
-        QCOMPARE(copy->defaultFont(), document.defaultFont());
-        QCOMPARE(copy->pageSize(), QSizeF(300, 400));
-        QCOMPARE(copy->indentWidth(), qreal(33));
-        QCOMPARE(copy->documentMargin(), qreal(17));
-        QCOMPARE(copy->defaultCursorMoveStyle(), Qt::VisualMoveStyle);
-        QCOMPARE(int(copy->defaultTextOption().alignment() & Qt::AlignHorizontal_Mask), int(Qt::AlignRight));
-        QVERIFY(copy->defaultTextOption().flags() & QTextOption::ShowTabsAndSpaces);
-        QVERIFY(copy->useDesignMetrics());
-        QCOMPARE(dump(copy->rootFrame()->frameFormat()), dump(frame));
     }
 
     void cloneKeepsDynamicProperties()

@@ -86,9 +86,16 @@ private slots:
     }
 
     // Two buffers that show the same pixels and differ in what is none.
-    void resourceIdIgnoresBytesOutsideOfPixels_data()
+    ORV_ROWS(resourceIdIgnoresBytesOutsideOfPixels)
     {
-        const Columns<int, int, QByteArray, QByteArray> add("format", "width", "first", "second");
+        const Rows add([](int format, int width, const QByteArray& first, const QByteArray& second) {
+            const QImage image(reinterpret_cast<const uchar*>(first.constData()), width, 2, first.size() / 2,
+                               QImage::Format(format));
+            const QImage other(reinterpret_cast<const uchar*>(second.constData()), width, 2,
+                               second.size() / 2, QImage::Format(format));
+            QVERIFY(first != second);
+            QCOMPARE(ORVGuiUtil::resourceId(other), ORVGuiUtil::resourceId(image));
+        });
         const QByteArray pixel("\x10\x20\x30", 3);
         add("padding of a scanline", int(QImage::Format_RGB888), 1, pixel + '\x00' + pixel + '\x00',
             pixel + '\x7f' + pixel + '\x01');
@@ -101,17 +108,6 @@ private slots:
         add("unused byte of RGB32", int(QImage::Format_RGB32), 1,
             QByteArray(reinterpret_cast<const char*>(pixels), 8),
             QByteArray(reinterpret_cast<const char*>(otherPixels), 8));
-    }
-
-    void resourceIdIgnoresBytesOutsideOfPixels()
-    {
-        FETCH(int, format, int, width, QByteArray, first, QByteArray, second);
-        const QImage image(reinterpret_cast<const uchar*>(first.constData()), width, 2, first.size() / 2,
-                           QImage::Format(format));
-        const QImage other(reinterpret_cast<const uchar*>(second.constData()), width, 2, second.size() / 2,
-                           QImage::Format(format));
-        QVERIFY(first != second);
-        QCOMPARE(ORVGuiUtil::resourceId(other), ORVGuiUtil::resourceId(image));
     }
 
     void resourceIdTellsImagesApart()
@@ -136,33 +132,29 @@ private slots:
         QCOMPARE(ids.size(), images.size());
     }
 
-    void resourceIdSeesEveryPixel_data()
+    ORV_ROWS(resourceIdSeesEveryPixel)
     {
-        const Columns<int> add("format");
+        const Rows add([](int format) {
+            QImage blank(11, 3, QImage::Format(format));
+            blank.setColorTable(blank.depth() > 8 ? QVector<QRgb>() : twoColors);
+            blank.fill(0);
+            QSet<QString> ids;
+            ids.insert(ORVGuiUtil::resourceId(blank));
+            for (int y = 0; y < blank.height(); ++y) {
+                for (int x = 0; x < blank.width(); ++x) {
+                    QImage changed = blank;
+                    changed.setPixel(x, y, blank.depth() > 8 ? qRgb(255, 0, 0) : 1);
+                    ids.insert(ORVGuiUtil::resourceId(changed));
+                }
+            }
+            QCOMPARE(ids.size(), 1 + 11 * 3);
+        });
         add("mono, high bit first", int(QImage::Format_Mono));
         add("mono, low bit first", int(QImage::Format_MonoLSB));
         add("indexed", int(QImage::Format_Indexed8));
         add("RGB32", int(QImage::Format_RGB32));
         add("RGB888", int(QImage::Format_RGB888));
         add("ARGB32", int(QImage::Format_ARGB32));
-    }
-
-    void resourceIdSeesEveryPixel()
-    {
-        FETCH(int, format);
-        QImage blank(11, 3, QImage::Format(format));
-        blank.setColorTable(blank.depth() > 8 ? QVector<QRgb>() : twoColors);
-        blank.fill(0);
-        QSet<QString> ids;
-        ids.insert(ORVGuiUtil::resourceId(blank));
-        for (int y = 0; y < blank.height(); ++y) {
-            for (int x = 0; x < blank.width(); ++x) {
-                QImage changed = blank;
-                changed.setPixel(x, y, blank.depth() > 8 ? qRgb(255, 0, 0) : 1);
-                ids.insert(ORVGuiUtil::resourceId(changed));
-            }
-        }
-        QCOMPARE(ids.size(), 1 + 11 * 3);
     }
 
     void resourceIdDoesNotDependOnMetadata()
@@ -183,44 +175,36 @@ private slots:
         QCOMPARE(QImage::fromData(bytes).convertToFormat(QImage::Format_RGB32), image);
     }
 
-    void bytesDoNotDependOnWhatIsNoPixel_data()
+    /*! Three pixels take three bits of a byte; the other five are stray. */
+    ORV_ROWS(bytesDoNotDependOnWhatIsNoPixel)
     {
-        const Columns<int, int> add("format", "strayBits");
+        const Rows add([](int format, int strayBits) {
+            QImage clean(3, 2, QImage::Format(format));
+            clean.setColorTable(QVector<QRgb>() << qRgb(0, 0, 0) << qRgb(255, 255, 255));
+            clean.fill(0);
+            QImage stray = clean.copy();
+            for (int y = 0; y < stray.height(); ++y)
+                stray.scanLine(y)[0] |= uchar(strayBits);
+            QCOMPARE(stray, clean);
+            const QByteArray png = ORVGuiUtil::toByteArray(clean, "PNG", -1);
+            QCOMPARE(ORVGuiUtil::toByteArray(stray, "PNG", -1), png);
+            QCOMPARE(QImage::fromData(png).convertToFormat(QImage::Format_RGB32),
+                     clean.convertToFormat(QImage::Format_RGB32));
+            QCOMPARE(stray.constScanLine(0)[0], uchar(strayBits));
+        });
         add("mono, high bit first", int(QImage::Format_Mono), 0x1f);
         add("mono, low bit first", int(QImage::Format_MonoLSB), 0xf8);
     }
 
-    /*! Three pixels take three bits of a byte; the other five are stray. */
-    void bytesDoNotDependOnWhatIsNoPixel()
+    ORV_ROWS(bytesOfWhatCannotBeWrittenAreEmpty)
     {
-        FETCH(int, format, int, strayBits);
-        QImage clean(3, 2, QImage::Format(format));
-        clean.setColorTable(QVector<QRgb>() << qRgb(0, 0, 0) << qRgb(255, 255, 255));
-        clean.fill(0);
-        QImage stray = clean.copy();
-        for (int y = 0; y < stray.height(); ++y)
-            stray.scanLine(y)[0] |= uchar(strayBits);
-        QCOMPARE(stray, clean);
-        const QByteArray png = ORVGuiUtil::toByteArray(clean, "PNG", -1);
-        QCOMPARE(ORVGuiUtil::toByteArray(stray, "PNG", -1), png);
-        QCOMPARE(QImage::fromData(png).convertToFormat(QImage::Format_RGB32),
-                 clean.convertToFormat(QImage::Format_RGB32));
-        QCOMPARE(stray.constScanLine(0)[0], uchar(strayBits));
-    }
-
-    void bytesOfWhatCannotBeWrittenAreEmpty_data()
-    {
-        const Columns<QImage, QByteArray> add("image", "format");
+        const Rows add([](const QImage& image, const QByteArray& format) {
+            QCOMPARE(ORVGuiUtil::toByteArray(image, format.isNull() ? nullptr : format.constData(), -1),
+                     QByteArray());
+        });
         add("null image", QImage(), "PNG");
         add("unknown format", photo(), "NOSUCHFORMAT");
         add("no format", photo(), QByteArray());
-    }
-
-    void bytesOfWhatCannotBeWrittenAreEmpty()
-    {
-        FETCH(QImage, image, QByteArray, format);
-        QCOMPARE(ORVGuiUtil::toByteArray(image, format.isNull() ? nullptr : format.constData(), -1),
-                 QByteArray());
     }
 
     void qualityIsUsedAndClamped()

@@ -131,9 +131,16 @@ private slots:
         QCOMPARE(int(document.defaultTextOption().alignment()), int(option.alignment()));
     }
 
-    void pageBreaks_data()
+    ORV_ROWS(pageBreaks)
     {
-        const Columns<QList<int>, QList<int>> add("policies", "normalized");
+        const Rows add([](const QList<int>& policies, const QList<int>& normalized) {
+            QTextDocument document;
+            makeParagraphs(&document, policies);
+            TextDocSupport::normalizePageBreaks(&document);
+            QCOMPARE(policiesOf(document), normalized);
+            TextDocSupport::normalizePageBreaks(&document);
+            QCOMPARE(policiesOf(document), normalized);
+        });
         add("none", {0, 0}, {0, 0});
         add("after becomes before the next", {After, 0, 0}, {0, Before, 0});
         add("before stays", {0, Before}, {0, Before});
@@ -146,17 +153,6 @@ private slots:
         add("between paragraphs without", {0, After, 0, 0, After, 0}, {0, 0, Before, 0, 0, Before});
         add("other bits stay", {After | KeepTogether, KeepWithNext, KeepTogether | KeepWithNext},
             {KeepTogether, Before | KeepWithNext, KeepTogether | KeepWithNext});
-    }
-
-    void pageBreaks()
-    {
-        FETCH(QList<int>, policies, QList<int>, normalized);
-        QTextDocument document;
-        makeParagraphs(&document, policies);
-        TextDocSupport::normalizePageBreaks(&document);
-        QCOMPARE(policiesOf(document), normalized);
-        TextDocSupport::normalizePageBreaks(&document);
-        QCOMPARE(policiesOf(document), normalized);
     }
 
     void pageBreakPolicyZeroIsNoProperty()
@@ -219,9 +215,13 @@ private slots:
         QVERIFY(!document.isUndoAvailable());
     }
 
-    void imageResource_data()
+    ORV_ROWS(imageResource)
     {
-        const Columns<QVariant, QImage> add("resource", "image");
+        const Rows add([](const QVariant& resource, const QImage& image) {
+            QTextDocument document;
+            document.addResource(QTextDocument::ImageResource, QUrl("orvimage:1"_s), resource);
+            QCOMPARE(argb(TextDocSupport::image(&document, "orvimage:1"_s)), image);
+        });
         const QImage image = makeImage(qRgba(10, 200, 30, 255));
         add("image", QVariant(image), image);
         add("pixmap", QVariant(QPixmap::fromImage(image)), image);
@@ -231,17 +231,15 @@ private slots:
         add("null image", QVariant(QImage()), QImage());
     }
 
-    void imageResource()
+    ORV_ROWS(imageNames)
     {
-        FETCH(QVariant, resource, QImage, image);
-        QTextDocument document;
-        document.addResource(QTextDocument::ImageResource, QUrl("orvimage:1"_s), resource);
-        QCOMPARE(argb(TextDocSupport::image(&document, "orvimage:1"_s)), image);
-    }
-
-    void imageNames_data()
-    {
-        const Columns<QString> add("name");
+        const Rows add([](const QString& name) {
+            QTextDocument document;
+            const QImage image = makeImage(qRgb(1, 1, 1));
+            document.addResource(QTextDocument::ImageResource, QUrl("other"_s), makeImage(qRgb(2, 2, 2)));
+            document.addResource(QTextDocument::ImageResource, QUrl(name), image);
+            QCOMPARE(TextDocSupport::image(&document, name), image);
+        });
         add("name", "Image1");
         add("file name", "picture.png");
         add("path", "/no/such/folder/picture.png");
@@ -253,19 +251,12 @@ private slots:
         add("stored over a compiled one", "qrc:/images/dot.png");
     }
 
-    void imageNames()
+    ORV_ROWS(noImage)
     {
-        FETCH(QString, name);
-        QTextDocument document;
-        const QImage image = makeImage(qRgb(1, 1, 1));
-        document.addResource(QTextDocument::ImageResource, QUrl("other"_s), makeImage(qRgb(2, 2, 2)));
-        document.addResource(QTextDocument::ImageResource, QUrl(name), image);
-        QCOMPARE(TextDocSupport::image(&document, name), image);
-    }
-
-    void noImage_data()
-    {
-        const Columns<QString> add("name");
+        const Rows add([](const QString& name) {
+            QTextDocument document;
+            QVERIFY(TextDocSupport::image(&document, name).isNull());
+        });
         add("empty", "");
         add("unknown name", "no such name");
         add("unknown path", "/no/such/file.png");
@@ -275,32 +266,21 @@ private slots:
         add("damaged data URL", "data:image/png;base64,AAAA");
     }
 
-    void noImage()
+    ORV_ROWS(compiledResource)
     {
-        FETCH(QString, name);
-        QTextDocument document;
-        QVERIFY(TextDocSupport::image(&document, name).isNull());
-    }
-
-    void compiledResource_data()
-    {
-        const Columns<QString, bool> add("name", "isPicture");
+        const Rows add([](const QString& name, bool isPicture) {
+            QTextDocument document;
+            const QImage image = TextDocSupport::image(&document, name);
+            QCOMPARE(image.isNull(), !isPicture);
+            if (isPicture) {
+                QCOMPARE(image.size(), QSize(2, 1));
+                QCOMPARE(image.pixel(0, 0), qRgb(255, 0, 0));
+                QCOMPARE(image.pixel(1, 0), qRgb(0, 255, 0));
+            }
+        });
         add("picture", "qrc:/images/dot.png", true);
         add("no picture", "qrc:/images/no picture.txt", false);
         add("unknown", "qrc:/images/none.png", false);
-    }
-
-    void compiledResource()
-    {
-        FETCH(QString, name, bool, isPicture);
-        QTextDocument document;
-        const QImage image = TextDocSupport::image(&document, name);
-        QCOMPARE(image.isNull(), !isPicture);
-        if (isPicture) {
-            QCOMPARE(image.size(), QSize(2, 1));
-            QCOMPARE(image.pixel(0, 0), qRgb(255, 0, 0));
-            QCOMPARE(image.pixel(1, 0), qRgb(0, 255, 0));
-        }
     }
 
     void baseUrlAppliesToNames()
@@ -314,9 +294,21 @@ private slots:
         QCOMPARE(TextDocSupport::image(&document, "dot.png"_s).size(), QSize(2, 1));
     }
 
-    void filesAreNeverLoaded_data()
+    ORV_ROWS(filesAreNeverLoaded)
     {
-        const Columns<QString, QString> add("name", "documentUrl");
+        const Rows add([](QString name, QString documentUrl) {
+            const WorkingFolder folder;
+            const QString path = folder.filePath("picture.png"_s);
+            QVERIFY(makeImage(qRgb(1, 2, 3)).save(path));
+            const QString folderPath = QFileInfo(path).absolutePath();
+            name.replace("%1"_s, folderPath);
+            QTextDocument document;
+            document.setMetaInformation(QTextDocument::DocumentUrl, documentUrl.replace("%1"_s, folderPath));
+            QVERIFY(TextDocSupport::image(&document, name).isNull());
+            QVERIFY(!document.parent());
+            document.setBaseUrl(QUrl::fromLocalFile(folderPath + QLatin1Char('/')));
+            QVERIFY(TextDocSupport::image(&document, name).isNull());
+        });
         // %1 stands for the working folder, in which picture.png lies.
         add("file name", "picture.png", "");
         add("relative path", "./picture.png", "");
@@ -327,22 +319,6 @@ private slots:
         add("beside the document", "picture.png", "file://%1/document.html");
         add("document's own URL", "", "file://%1/picture.png");
         add("place in the document", "#there", "file://%1/picture.png");
-    }
-
-    void filesAreNeverLoaded()
-    {
-        FETCH(QString, name, QString, documentUrl);
-        const WorkingFolder folder;
-        const QString path = folder.filePath("picture.png"_s);
-        QVERIFY(makeImage(qRgb(1, 2, 3)).save(path));
-        const QString folderPath = QFileInfo(path).absolutePath();
-        name.replace("%1"_s, folderPath);
-        QTextDocument document;
-        document.setMetaInformation(QTextDocument::DocumentUrl, documentUrl.replace("%1"_s, folderPath));
-        QVERIFY(TextDocSupport::image(&document, name).isNull());
-        QVERIFY(!document.parent());
-        document.setBaseUrl(QUrl::fromLocalFile(folderPath + QLatin1Char('/')));
-        QVERIFY(TextDocSupport::image(&document, name).isNull());
     }
 
     void storedImageWinsOverFile()

@@ -53,9 +53,17 @@ private slots:
         QVERIFY(ORVTextFormat::defaultCharFormat(nullptr) == QTextCharFormat());
     }
 
-    void storedFormatIsReturned_data()
+    ORV_ROWS(storedFormatIsReturned)
     {
-        const Columns<QTextFormat> add("format");
+        const Rows add([](const QTextFormat& format) {
+            QTextDocument document;
+            ORVTextFormat::setDefaultCharFormat(&document, format.toCharFormat());
+            const QTextDocument& readOnly = document;
+            const QTextCharFormat stored = ORVTextFormat::defaultCharFormat(&readOnly);
+            QCOMPARE(stored.properties(), format.properties());
+            QVERIFY(stored == format);
+            QVERIFY(stored.isCharFormat());
+        });
         add("empty", QTextFormat(QTextCharFormat()));
         QTextCharFormat format;
         compat::setFontFamily(format, "No Such Family"_s);
@@ -66,18 +74,6 @@ private slots:
         format.setForeground(QColor(1, 2, 3));
         format.setProperty(QTextFormat::UserProperty + 10, 3);
         add("colour and property of the application", QTextFormat(format));
-    }
-
-    void storedFormatIsReturned()
-    {
-        FETCH(QTextFormat, format);
-        QTextDocument document;
-        ORVTextFormat::setDefaultCharFormat(&document, format.toCharFormat());
-        const QTextDocument& readOnly = document;
-        const QTextCharFormat stored = ORVTextFormat::defaultCharFormat(&readOnly);
-        QCOMPARE(stored.properties(), format.properties());
-        QVERIFY(stored == format);
-        QVERIFY(stored.isCharFormat());
     }
 
     void laterFormatReplacesEarlier()

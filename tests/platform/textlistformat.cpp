@@ -76,9 +76,14 @@ private slots:
         QVERIFY(level != makeLevel(ORVTextListLevel::UpperRoman, "%0"_s, 10, 21));
     }
 
-    void storedLevelsComeBack_data()
+    ORV_ROWS(storedLevelsComeBack)
     {
-        const Columns<QList<ORVTextListLevel>> add("levels");
+        const Rows add([](const QList<ORVTextListLevel>& levels) {
+            QTextListFormat format;
+            format.setStyle(QTextListFormat::ListUpperAlpha);
+            ORVTextListFormat::setLevels(format, levels);
+            QVERIFY(ORVTextListFormat::levels(format) == levels);
+        });
         add("default level", {ORVTextListLevel()});
         add("two levels", twoLevels());
         QList<ORVTextListLevel> nine;
@@ -89,15 +94,6 @@ private slots:
         add("fractions and negative numbers", {makeLevel(1, "%0"_s, 1.0 / 3, -0.1)});
         const QChar odd[] = {QChar(0xd800), QChar(0), QChar('\n'), QChar(0xf0b7), QChar(' '), QChar(0x2022)};
         add("any characters", {makeLevel(0, QString(odd, 6))});
-    }
-
-    void storedLevelsComeBack()
-    {
-        FETCH(QList<ORVTextListLevel>, levels);
-        QTextListFormat format;
-        format.setStyle(QTextListFormat::ListUpperAlpha);
-        ORVTextListFormat::setLevels(format, levels);
-        QVERIFY(ORVTextListFormat::levels(format) == levels);
     }
 
     void storedLevelsSurviveInDocument()
@@ -191,21 +187,17 @@ private slots:
         QCOMPARE(format.numberSuffix(), suffix);
     }
 
-    void markerIsShownByQt_data()
+    ORV_ROWS(markerIsShownByQt)
     {
-        const Columns<QString, QString> add("text", "shown");
+        const Rows add([](const QString& text, const QString& shown) {
+            const ListDocument lists(formatOf({makeLevel(ORVTextListLevel::LowerRoman, text)}), 2, 2);
+            QCOMPARE(lists.list->itemText(lists.block(1)), shown);
+        });
         add("with point", "%0.", "ii.");
         add("in brackets", "[%0]", "[ii]");
         add("number alone", "%0", "ii");
         add("no number", "Note", "ii.");
         add("empty", "", "ii.");
-    }
-
-    void markerIsShownByQt()
-    {
-        FETCH(QString, text);
-        const ListDocument lists(formatOf({makeLevel(ORVTextListLevel::LowerRoman, text)}), 2, 2);
-        QTEST(lists.list->itemText(lists.block(1)), "shown");
     }
 
     void setLevelsKeepsIndentOfFormat()
@@ -264,21 +256,17 @@ private slots:
         QCOMPARE(levels.first().firstLinePosition(), 90.0);
     }
 
-    void noLevelsWithoutStyle_data()
+    ORV_ROWS(noLevelsWithoutStyle)
     {
-        const Columns<int> add("style");
+        const Rows add([](int style) {
+            QTextListFormat format;
+            QVERIFY(ORVTextListFormat::levels(format).isEmpty());
+            format.setProperty(QTextFormat::ListStyle, style);
+            QVERIFY(ORVTextListFormat::levels(format).isEmpty());
+        });
         add("undefined", 0);
         add("unknown", -9);
         add("positive", 3);
-    }
-
-    void noLevelsWithoutStyle()
-    {
-        FETCH(int, style);
-        QTextListFormat format;
-        QVERIFY(ORVTextListFormat::levels(format).isEmpty());
-        format.setProperty(QTextFormat::ListStyle, style);
-        QVERIFY(ORVTextListFormat::levels(format).isEmpty());
     }
 
     void blockLevelIsStored()
@@ -328,44 +316,36 @@ private slots:
         QVERIFY(lists.format(1).property(QTextFormat::TextIndent) == QVariant(54.25));
     }
 
-    void setBlockLevelKeepsIndentsOfBlock_data()
+    ORV_ROWS(setBlockLevelKeepsIndentsOfBlock)
     {
-        const Columns<int> add("ownIndent");
+        const Rows add([](int ownIndent) {
+            ListDocument lists(formatOf(twoLevels()), 1, 1);
+            QTextBlockFormat own = lists.format(0);
+            own.setProperty(ownIndent, 7.0);
+            QTextCursor(lists.block(0)).setBlockFormat(own);
+            ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), 1);
+            own.setProperty(ORVRtfProperty::ListLevel, 1);
+            QCOMPARE(lists.format(0).properties(), own.properties());
+        });
         add("left indent", int(ORVRtfProperty::LeftIndent));
         add("first line", int(QTextFormat::TextIndent));
     }
 
-    void setBlockLevelKeepsIndentsOfBlock()
+    ORV_ROWS(setBlockLevelWithoutSuchLevel)
     {
-        FETCH(int, ownIndent);
-        ListDocument lists(formatOf(twoLevels()), 1, 1);
-        QTextBlockFormat own = lists.format(0);
-        own.setProperty(ownIndent, 7.0);
-        QTextCursor(lists.block(0)).setBlockFormat(own);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), 1);
-        own.setProperty(ORVRtfProperty::ListLevel, 1);
-        QCOMPARE(lists.format(0).properties(), own.properties());
-    }
-
-    void setBlockLevelWithoutSuchLevel_data()
-    {
-        const Columns<QTextFormat, int> add("format", "level");
+        const Rows add([](const QTextFormat& format, int level) {
+            ListDocument lists(format.toListFormat(), 1, 1);
+            ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), level);
+            QCOMPARE(ORVTextListFormat::blockLevel(lists.list, lists.block(0)), level);
+            QVERIFY(!lists.format(0).hasProperty(ORVRtfProperty::LeftIndent));
+            QVERIFY(!lists.format(0).hasProperty(QTextFormat::TextIndent));
+        });
         add("level beyond the last", QTextFormat(formatOf(twoLevels())), 2);
         add("largest level", QTextFormat(formatOf(twoLevels())), std::numeric_limits<int>::max());
         add("no levels", QTextFormat(QTextListFormat()), 0);
         QTextListFormat stock;
         stock.setStyle(QTextListFormat::ListDisc);
         add("stock style, which Qt indents", QTextFormat(stock), 0);
-    }
-
-    void setBlockLevelWithoutSuchLevel()
-    {
-        FETCH(QTextFormat, format, int, level);
-        ListDocument lists(format.toListFormat(), 1, 1);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), level);
-        QCOMPARE(ORVTextListFormat::blockLevel(lists.list, lists.block(0)), level);
-        QVERIFY(!lists.format(0).hasProperty(ORVRtfProperty::LeftIndent));
-        QVERIFY(!lists.format(0).hasProperty(QTextFormat::TextIndent));
     }
 
     void setBlockLevelKeepsMembershipAndFormat()

@@ -45,9 +45,20 @@ private slots:
         QCOMPARE(leftovers, QStringList());
     }
 
-    void automaticEngineTakesFirstInstalled_data()
+    ORV_ROWS(automaticEngineTakesFirstInstalled)
     {
-        const Columns<QStringList, QString, QByteArray> add("installed", "suffix", "used");
+        const Rows add([this](const QStringList& installed, const QString& suffix, const QByteArray& used) {
+            const QString bin = path("bin");
+            QVERIFY(QDir().mkdir(bin));
+            for (const QString& name : installed)
+                writeScript(bin + QLatin1Char('/') + name, "echo " + name.toLatin1() + " >output/source.rtf");
+            const Environment environment("PATH", QFile::encodeName(bin));
+            const QString source = m_folders->path("in."_s + suffix);
+            writeFile(source, "content");
+            QCOMPARE(toRtf(source, path("target.rtf"), nullptr, ORVImportExport::AutomaticEngine),
+                     TextTransform::NoError);
+            QCOMPARE(readFile(path("target.rtf")), used + '\n');
+        });
         add("all", {"pandoc"_s, "abiword"_s, "libreoffice"_s, "soffice"_s}, "docx", "soffice");
         add("LibreOffice by its other name", {"pandoc"_s, "abiword"_s, "libreoffice"_s}, "docx",
             "libreoffice");
@@ -55,21 +66,6 @@ private slots:
         add("pandoc", {"pandoc"_s}, "docx", "pandoc");
         add("suffix in upper case", {"pandoc"_s}, "DocX", "pandoc");
         add("doc with all", {"pandoc"_s, "abiword"_s}, "doc", "abiword");
-    }
-
-    void automaticEngineTakesFirstInstalled()
-    {
-        FETCH(QStringList, installed, QString, suffix, QByteArray, used);
-        const QString bin = path("bin");
-        QVERIFY(QDir().mkdir(bin));
-        for (const QString& name : installed)
-            writeScript(bin + QLatin1Char('/') + name, "echo " + name.toLatin1() + " >output/source.rtf");
-        const Environment environment("PATH", QFile::encodeName(bin));
-        const QString source = m_folders->path("in."_s + suffix);
-        writeFile(source, "content");
-        QCOMPARE(toRtf(source, path("target.rtf"), nullptr, ORVImportExport::AutomaticEngine),
-                 TextTransform::NoError);
-        QCOMPARE(readFile(path("target.rtf")), used + '\n');
     }
 
     void failureOfFirstInstalledIsFinal()
@@ -81,32 +77,28 @@ private slots:
         QCOMPARE(message, "LibreOffice ended with exit status 1"_s);
     }
 
-    void toolPath_data()
+    ORV_ROWS(toolPath)
     {
-        const Columns<QString, QByteArray> add("toolPath", "used");
+        const Rows add([this](const QString& toolPath, const QByteArray& used) {
+            QVERIFY(QDir().mkdir(path("bin")) && QDir().mkdir(path("near")));
+            writeScript(path("bin/other"), "echo bin >output/source.rtf");
+            writeScript(path("bin/pandoc"), "echo usual >output/source.rtf");
+            writeScript(path("near/other"), "echo near >output/source.rtf");
+            writeScript(path("other"), "echo here >output/source.rtf");
+            const Environment environment("PATH", QFile::encodeName(path("bin")));
+            const QString current = QDir::currentPath();
+            QVERIFY(QDir::setCurrent(m_folders->path(QString())));
+            TextTransform::setToolPath(ORVImportExport::PandocEngine, "/nowhere"_s);
+            TextTransform::setToolPath(ORVImportExport::PandocEngine, toolPath);
+            const Error error = runFake();
+            QVERIFY(QDir::setCurrent(current));
+            QCOMPARE(error, TextTransform::NoError);
+            QCOMPARE(readFile(path("target.rtf")), used + '\n');
+        });
         add("name in PATH", "other", "bin");
         add("relative path", "near/other", "near");
         add("relative path with dot", "./other", "here");
         add("usual name again", "", "usual");
-    }
-
-    void toolPath()
-    {
-        FETCH(QString, toolPath, QByteArray, used);
-        QVERIFY(QDir().mkdir(path("bin")) && QDir().mkdir(path("near")));
-        writeScript(path("bin/other"), "echo bin >output/source.rtf");
-        writeScript(path("bin/pandoc"), "echo usual >output/source.rtf");
-        writeScript(path("near/other"), "echo near >output/source.rtf");
-        writeScript(path("other"), "echo here >output/source.rtf");
-        const Environment environment("PATH", QFile::encodeName(path("bin")));
-        const QString current = QDir::currentPath();
-        QVERIFY(QDir::setCurrent(m_folders->path(QString())));
-        TextTransform::setToolPath(ORVImportExport::PandocEngine, "/nowhere"_s);
-        TextTransform::setToolPath(ORVImportExport::PandocEngine, toolPath);
-        const Error error = runFake();
-        QVERIFY(QDir::setCurrent(current));
-        QCOMPARE(error, TextTransform::NoError);
-        QCOMPARE(readFile(path("target.rtf")), used + '\n');
     }
 
     void toolPathOfAutomaticEngineChangesNothing()
@@ -129,9 +121,21 @@ private slots:
         QCOMPARE(readFile(path("target.rtf")), "content"_b);
     }
 
-    void fileNames_data()
+    ORV_ROWS(fileNames)
     {
-        const Columns<QString> add("name");
+        const Rows add([this](const QString& name) {
+            fake("cp source.docx output/source.rtf");
+            const QString current = QDir::currentPath();
+            QVERIFY(QDir::setCurrent(m_folders->path(QString())));
+            writeFile(name, "content");
+            const Error error = toRtf(name, name + ".rtf"_s);
+            const QByteArray content = readFile(name + ".rtf"_s);
+            const QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
+            QVERIFY(QDir::setCurrent(current));
+            QCOMPARE(error, TextTransform::NoError);
+            QCOMPARE(content, "content"_b);
+            QCOMPARE(names.size(), 3); // the tool as well
+        });
         add("blanks", " a  b .docx");
         add("quotes", "it's \"so\" `so`.docx");
         add("dash", "-o.docx");
@@ -145,22 +149,6 @@ private slots:
         add("nothing but the suffix", ".docx");
         add("more dots", "a.rtf.docx");
         add("upper case", "LETTER.DOCX");
-    }
-
-    void fileNames()
-    {
-        FETCH(QString, name);
-        fake("cp source.docx output/source.rtf");
-        const QString current = QDir::currentPath();
-        QVERIFY(QDir::setCurrent(m_folders->path(QString())));
-        writeFile(name, "content");
-        const Error error = toRtf(name, name + ".rtf"_s);
-        const QByteArray content = readFile(name + ".rtf"_s);
-        const QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
-        QVERIFY(QDir::setCurrent(current));
-        QCOMPARE(error, TextTransform::NoError);
-        QCOMPARE(content, "content"_b);
-        QCOMPARE(names.size(), 3); // the tool as well
     }
 
     void programHasHomeAndTemporaryFilesOfItsOwn()
@@ -182,9 +170,20 @@ private slots:
         QCOMPARE(lines.at(3), QByteArray());
     }
 
-    void failure_data()
+    ORV_ROWS(failure)
     {
-        const Columns<QByteArray, int, QString> add("commands", "error", "message");
+        const Rows add([this](const QByteArray& commands, int error, const QString& message) {
+            fake(commands);
+            if (error == TextTransform::ToolTimedOut)
+                TextTransform::setTimeout(ShortTimeout);
+            QString given;
+            QCOMPARE(int(runFake(&given)), error);
+            QCOMPARE(given, message);
+            QVERIFY(!QFile::exists(path("target.rtf")));
+            writeFile(path("target.rtf"), "old");
+            QCOMPARE(int(runFake()), error);
+            QCOMPARE(readFile(path("target.rtf")), "old"_b);
+        });
         add("exit status", "exit 3", TextTransform::ToolFailed, "pandoc ended with exit status 3");
         add("exit status and words", "echo 'no such thing %1 \xc3\xbc' >&2; echo unheard; exit 64",
             TextTransform::ToolFailed, "pandoc ended with exit status 64\nno such thing %1 \xc3\xbc");
@@ -204,21 +203,6 @@ private slots:
             TextTransform::ToolTimedOut, "pandoc did not end within 0.3 seconds\nwait");
         add("cannot be told to end", "trap '' TERM INT HUP; while :; do sleep 1000; done",
             TextTransform::ToolTimedOut, "pandoc did not end within 0.3 seconds");
-    }
-
-    void failure()
-    {
-        FETCH(QByteArray, commands, int, error, QString, message);
-        fake(commands);
-        if (error == TextTransform::ToolTimedOut)
-            TextTransform::setTimeout(ShortTimeout);
-        QString given;
-        QCOMPARE(int(runFake(&given)), error);
-        QCOMPARE(given, message);
-        QVERIFY(!QFile::exists(path("target.rtf")));
-        writeFile(path("target.rtf"), "old");
-        QCOMPARE(int(runFake()), error);
-        QCOMPARE(readFile(path("target.rtf")), "old"_b);
     }
 
     void programThatCannotBeStarted()
@@ -305,9 +289,18 @@ private slots:
         QCOMPARE(runFake(), TextTransform::NoError);
     }
 
-    void unsupported_data()
+    ORV_ROWS(unsupported)
     {
-        const Columns<QString, int, int, QString> add("name", "format", "engine", "message");
+        const Rows add([this](const QString& name, int format, int engine, const QString& message) {
+            const QString source = m_folders->path(name);
+            writeFile(source, "content");
+            QString given;
+            QCOMPARE(TextTransform::transformFileViaTools(source, path("target"), ORVFormat::Format(format),
+                                                          ORVImportExport::Engine(engine), &given, true),
+                     TextTransform::UnsupportedFormat);
+            QCOMPARE(given, message);
+            QVERIFY(!QFile::exists(path("target")));
+        });
         const QString all = "LibreOffice, AbiWord, pandoc"_s;
         const QString text = "Cannot convert '.%1' files to this format: %2"_s;
         const int automatic = ORVImportExport::AutomaticEngine;
@@ -329,22 +322,20 @@ private slots:
         add("unknown engine", "in.docx", rtf, 17, text.arg("docx"_s, QString()));
     }
 
-    void unsupported()
+    ORV_ROWS(toolNotFound)
     {
-        FETCH(QString, name, int, format, int, engine, QString, message);
-        const QString source = m_folders->path(name);
-        writeFile(source, "content");
-        QString given;
-        QCOMPARE(TextTransform::transformFileViaTools(source, path("target"), ORVFormat::Format(format),
-                                                      ORVImportExport::Engine(engine), &given, true),
-                 TextTransform::UnsupportedFormat);
-        QCOMPARE(given, message);
-        QVERIFY(!QFile::exists(path("target")));
-    }
-
-    void toolNotFound_data()
-    {
-        const Columns<QString, int, QString, QString> add("name", "engine", "toolPath", "message");
+        const Rows add(
+            [this](const QString& name, int engine, const QString& toolPath, const QString& message) {
+                const Environment environment("PATH", QByteArray());
+                TextTransform::setToolPath(ORVImportExport::PandocEngine, toolPath);
+                const QString source = m_folders->path(name);
+                writeFile(source, "content");
+                QString given;
+                QCOMPARE(toRtf(source, path("target.rtf"), &given, ORVImportExport::Engine(engine)),
+                         TextTransform::ToolNotFound);
+                QCOMPARE(given, message);
+                QVERIFY(!QFile::exists(path("target.rtf")));
+            });
         const int automatic = ORVImportExport::AutomaticEngine;
         const int libreOffice = ORVImportExport::LibreOfficeEngine;
         const int abiword = ORVImportExport::AbiWordEngine;
@@ -363,41 +354,23 @@ private slots:
             "Looked for: pandoc (/etc/passwd)");
     }
 
-    void toolNotFound()
+    ORV_ROWS(sourceNotReadable)
     {
-        FETCH(QString, name, int, engine, QString, toolPath, QString, message);
-        const Environment environment("PATH", QByteArray());
-        TextTransform::setToolPath(ORVImportExport::PandocEngine, toolPath);
-        const QString source = m_folders->path(name);
-        writeFile(source, "content");
-        QString given;
-        QCOMPARE(toRtf(source, path("target.rtf"), &given, ORVImportExport::Engine(engine)),
-                 TextTransform::ToolNotFound);
-        QCOMPARE(given, message);
-        QVERIFY(!QFile::exists(path("target.rtf")));
-    }
-
-    void sourceNotReadable_data()
-    {
-        const Columns<QString, QString> add("name", "reason");
+        const Rows add([this](const QString& name, const QString& reason) {
+            fake("echo >output/source.rtf");
+            writeFile(path("file"), "content");
+            QVERIFY(QDir().mkdir(path("folder.docx")));
+            QCOMPARE(mkfifo(QFile::encodeName(path("pipe.docx")).constData(), 0600), 0);
+            const QString source = m_folders->path(name);
+            QString message;
+            QCOMPARE(toRtf(source, path("target.rtf"), &message), TextTransform::SourceNotReadable);
+            QCOMPARE(message, "Could not read '%1': %2"_s.arg(source, reason));
+            QVERIFY(!QFile::exists(path("target.rtf")));
+        });
         add("missing", "missing.docx", "No such file or directory");
         add("below a file", "file/in.docx", "Not a directory");
         add("folder", "folder.docx", "not a file");
         add("named pipe", "pipe.docx", "not a file");
-    }
-
-    void sourceNotReadable()
-    {
-        FETCH(QString, name, QString, reason);
-        fake("echo >output/source.rtf");
-        writeFile(path("file"), "content");
-        QVERIFY(QDir().mkdir(path("folder.docx")));
-        QCOMPARE(mkfifo(QFile::encodeName(path("pipe.docx")).constData(), 0600), 0);
-        const QString source = m_folders->path(name);
-        QString message;
-        QCOMPARE(toRtf(source, path("target.rtf"), &message), TextTransform::SourceNotReadable);
-        QCOMPARE(message, "Could not read '%1': %2"_s.arg(source, reason));
-        QVERIFY(!QFile::exists(path("target.rtf")));
     }
 
     void sourceIsReadBeforeToolsAreLookedFor()
@@ -456,9 +429,11 @@ private slots:
         QCOMPARE(readFile(path("in.rtf")), "CONTENT"_b);
     }
 
-    void errorDescriptions_data()
+    ORV_ROWS(errorDescriptions)
     {
-        const Columns<int, QString> add("error", "description");
+        const Rows add([](int error, const QString& description) {
+            QCOMPARE(TextTransform::errorDescription(Error(error)), description);
+        });
         add("none", 0, QString());
         add("UnsupportedFormat", 1, "No program for this conversion is known");
         add("SourceNotReadable", 2, "The file could not be read");
@@ -467,12 +442,6 @@ private slots:
         add("ToolTimedOut", 5, "The conversion program took too long");
         add("NoOutput", 6, "The converted file was not written");
         add("unknown", 7, QString());
-    }
-
-    void errorDescriptions()
-    {
-        FETCH(int, error, QString, description);
-        QCOMPARE(TextTransform::errorDescription(Error(error)), description);
     }
 
     void messagesAreTranslated()

@@ -150,27 +150,23 @@ private slots:
         QVERIFY2(missingWord(text).isEmpty(), qPrintable(text));
     }
 
-    void nothingIsFetched_data()
+    ORV_ROWS(nothingIsFetched)
     {
-        const Columns<int> add("engine");
+        const Rows add([this](int engine) {
+            const SilentServer server;
+            addLinkedPicture(m_documents->path("odt"_s), path("in.odt"),
+                             "http://127.0.0.1:%1/picture.png"_s.arg(server.port()));
+            QString message;
+            const Error error =
+                toRtf(path("in.odt"), path("target.rtf"), &message, ORVImportExport::Engine(engine));
+            QCOMPARE(message, QString());
+            QCOMPARE(error, TextTransform::NoError);
+            QCOMPARE(missingWord(textOfRtf(path("target.rtf"))), QString());
+            QVERIFY(!server.wasCalled());
+        });
         add("LibreOffice", int(ORVImportExport::LibreOfficeEngine));
         add("AbiWord", int(ORVImportExport::AbiWordEngine));
         add("pandoc", int(ORVImportExport::PandocEngine));
-    }
-
-    void nothingIsFetched()
-    {
-        FETCH(int, engine);
-        const SilentServer server;
-        addLinkedPicture(m_documents->path("odt"_s), path("in.odt"),
-                         "http://127.0.0.1:%1/picture.png"_s.arg(server.port()));
-        QString message;
-        const Error error =
-            toRtf(path("in.odt"), path("target.rtf"), &message, ORVImportExport::Engine(engine));
-        QCOMPARE(message, QString());
-        QCOMPARE(error, TextTransform::NoError);
-        QCOMPARE(missingWord(textOfRtf(path("target.rtf"))), QString());
-        QVERIFY(!server.wasCalled());
     }
 
     void runningLibreOfficeIsNotDisturbed()
@@ -218,19 +214,21 @@ private slots:
         QVERIFY(!QFileInfo::exists(socket));
     }
 
-    void realProgramsTakeAnyFileName_data() { nothingIsFetched_data(); }
-
-    void realProgramsTakeAnyFileName()
+    ORV_ROWS(realProgramsTakeAnyFileName)
     {
-        FETCH(int, engine);
-        const QString name = "--x 'q' \"\n;\xc3\xbc.docx"_s;
-        QVERIFY(QFile::copy(m_documents->path("docx"_s), m_folders->path(name)));
-        const QString current = QDir::currentPath();
-        QVERIFY(QDir::setCurrent(m_folders->path(QString())));
-        const Error error = toRtf(name, "-t.rtf"_s, nullptr, ORVImportExport::Engine(engine));
-        QVERIFY(QDir::setCurrent(current));
-        QCOMPARE(error, TextTransform::NoError);
-        QCOMPARE(missingWord(textOfRtf(path("-t.rtf"))), QString());
+        const Rows add([this](int engine) {
+            const QString name = "--x 'q' \"\n;\xc3\xbc.docx"_s;
+            QVERIFY(QFile::copy(m_documents->path("docx"_s), m_folders->path(name)));
+            const QString current = QDir::currentPath();
+            QVERIFY(QDir::setCurrent(m_folders->path(QString())));
+            const Error error = toRtf(name, "-t.rtf"_s, nullptr, ORVImportExport::Engine(engine));
+            QVERIFY(QDir::setCurrent(current));
+            QCOMPARE(error, TextTransform::NoError);
+            QCOMPARE(missingWord(textOfRtf(path("-t.rtf"))), QString());
+        });
+        add("LibreOffice", int(ORVImportExport::LibreOfficeEngine));
+        add("AbiWord", int(ORVImportExport::AbiWordEngine));
+        add("pandoc", int(ORVImportExport::PandocEngine));
     }
 
     void temporaryFolderBeyondAscii()

@@ -73,9 +73,13 @@ private slots:
             QVERIFY2(addFont(file), file);
     }
 
-    void bestFontFamily_data()
+    ORV_ROWS(bestFontFamily)
     {
-        const Columns<QString, QString> add("name", "family");
+        const Rows add([](const QString& name, const QString& family) {
+            QCOMPARE(ORVTextUtil::findBestFontFamily(name), family);
+            // From the second time on the answer may come from a cache.
+            QCOMPARE(ORVTextUtil::findBestFontFamily(name), family);
+        });
         add("installed", "Liberation Sans", "Liberation Sans");
         add("installed, in other letters", "LIBERATION sans", "Liberation Sans");
         add("sans serif of equal metrics", "Arial", "Liberation Sans");
@@ -87,14 +91,6 @@ private slots:
         add("unknown", "Quibble Sans", "");
         add("empty", "", "");
         add("not ASCII", QString(QChar(0xff2d)) + QChar(0xd800), "");
-    }
-
-    void bestFontFamily()
-    {
-        FETCH(QString, name);
-        QTEST(ORVTextUtil::findBestFontFamily(name), "family");
-        // From the second time on the answer may come from a cache.
-        QTEST(ORVTextUtil::findBestFontFamily(name), "family");
     }
 
     void bestFontFamilyTakesFirstInstalledSubstitute()
@@ -171,9 +167,12 @@ private slots:
         QCOMPARE(ORVTextUtil::findBestFontFamily("Arial"_s), "Liberation Sans"_s);
     }
 
-    void fontWeight_data()
+    ORV_ROWS(fontWeight)
     {
-        const Columns<QString, int, int> add("family", "fallback", "weight");
+        const Rows add([](const QString& family, int fallback, int weight) {
+            QCOMPARE(ORVTextUtil::defaultFontWeight(family, fallback), weight);
+            QCOMPARE(ORVTextUtil::defaultFontWeight(family, fallback), weight);
+        });
         const int light = QFont::Light;
         const int normal = QFont::Normal;
         const int demiBold = QFont::DemiBold;
@@ -192,16 +191,16 @@ private slots:
         add("no family", "", bold, bold);
     }
 
-    void fontWeight()
+    ORV_ROWS(trimRemovesWhiteSpaceAtBothEnds)
     {
-        FETCH(QString, family, int, fallback);
-        QTEST(ORVTextUtil::defaultFontWeight(family, fallback), "weight");
-        QTEST(ORVTextUtil::defaultFontWeight(family, fallback), "weight");
-    }
-
-    void trimRemovesWhiteSpaceAtBothEnds_data()
-    {
-        const Columns<QString, QString> add("text", "trimmed");
+        const Rows add([](const QString& text, const QString& trimmed) {
+            QTextDocument document;
+            QTextCursor writer(&document);
+            insertParagraphs(&writer, text);
+            const QTextCursor cursor = ::trimmed(&document);
+            QCOMPARE(paragraphs(document), trimmed);
+            QCOMPARE(cursor.selectedText(), QString(trimmed).replace(QLatin1Char('|'), QChar(0x2029)));
+        });
         add("nothing to remove", "a b", "a b");
         add("leading blanks", "   a b", "a b");
         add("trailing blanks", "a b   ", "a b");
@@ -216,40 +215,25 @@ private slots:
         add("empty document", "", "");
     }
 
-    void trimRemovesWhiteSpaceAtBothEnds()
+    ORV_ROWS(trimChangesOnlyTheSelection)
     {
-        FETCH(QString, text, QString, trimmed);
-        QTextDocument document;
-        QTextCursor writer(&document);
-        insertParagraphs(&writer, text);
-        const QTextCursor cursor = ::trimmed(&document);
-        QCOMPARE(paragraphs(document), trimmed);
-        QCOMPARE(cursor.selectedText(), QString(trimmed).replace(QLatin1Char('|'), QChar(0x2029)));
-    }
-
-    void trimChangesOnlyTheSelection_data()
-    {
-        const Columns<QString, int, int, QString, QString> add("text", "anchor", "position", "trimmed",
-                                                               "selected");
+        const Rows add([](const QString& text, int anchor, int position, const QString& trimmed,
+                          const QString& selected) {
+            QTextDocument document;
+            QTextCursor writer(&document);
+            insertParagraphs(&writer, text);
+            QTextCursor cursor(&document);
+            cursor.setPosition(anchor);
+            cursor.setPosition(position, QTextCursor::KeepAnchor);
+            ORVTextUtil::trim(cursor);
+            QCOMPARE(paragraphs(document), trimmed);
+            QCOMPARE(cursor.selectedText(), selected);
+        });
         add("inside blanks", "  x  y  ", 4, 7, "  x y ", "y");
         add("backwards", "  x  y  ", 7, 4, "  x y ", "y");
         add("blanks only", "a    b", 2, 4, "a  b", "");
         add("paragraph end in front", "a|b|c", 1, 3, "ab|c", "b");
         add("paragraph end behind", "a|b|c", 2, 4, "a|bc", "b");
-    }
-
-    void trimChangesOnlyTheSelection()
-    {
-        FETCH(QString, text, int, anchor, int, position);
-        QTextDocument document;
-        QTextCursor writer(&document);
-        insertParagraphs(&writer, text);
-        QTextCursor cursor(&document);
-        cursor.setPosition(anchor);
-        cursor.setPosition(position, QTextCursor::KeepAnchor);
-        ORVTextUtil::trim(cursor);
-        QTEST(paragraphs(document), "trimmed");
-        QTEST(cursor.selectedText(), "selected");
     }
 
     void trimWithoutSelectionDoesNothing()
@@ -374,20 +358,16 @@ private slots:
         QCOMPARE(paragraphs(document), "  |a|  "_s);
     }
 
-    void leadingSpaces_data()
+    ORV_ROWS(leadingSpaces)
     {
-        const Columns<QString, QString> add("text", "trimmed");
+        const Rows add([](const QString& text, const QString& trimmed) {
+            QCOMPARE(ORVTextUtil::trimLeadingSpaces(text), trimmed);
+        });
         add("none", "a b ", "a b ");
         add("blanks", "   a b ", "a b ");
         add("other white space", "\t\n"_s + QChar(0xa0) + "a"_s, "a");
         add("white space only", " \t ", "");
         add("empty", "", "");
-    }
-
-    void leadingSpaces()
-    {
-        FETCH(QString, text);
-        QTEST(ORVTextUtil::trimLeadingSpaces(text), "trimmed");
     }
 };
 

@@ -21,25 +21,24 @@ private slots:
         QCOMPARE(ORVUnit::screenResolution(), 144);
     }
 
-    void invalidResolutionIsIgnored_data()
+    ORV_ROWS(invalidResolutionIsIgnored)
     {
-        const Columns<int> add("dpi");
+        const Rows add([](int dpi) {
+            ORVUnit::setScreenResolution(120);
+            ORVUnit::setScreenResolution(dpi);
+            QCOMPARE(ORVUnit::screenResolution(), 120);
+        });
         add("zero", 0);
         add("negative", -96);
         add("smallest int", intMin);
     }
 
-    void invalidResolutionIsIgnored()
+    ORV_ROWS(twipsToPixels)
     {
-        FETCH(int, dpi);
-        ORVUnit::setScreenResolution(120);
-        ORVUnit::setScreenResolution(dpi);
-        QCOMPARE(ORVUnit::screenResolution(), 120);
-    }
-
-    void twipsToPixels_data()
-    {
-        const Columns<int, int, int> add("dpi", "twips", "pixels");
+        const Rows add([](int dpi, int twips, int pixels) {
+            ORVUnit::setScreenResolution(dpi);
+            QCOMPARE(ORVUnit::rtfTwipsToPixels(twips), pixels);
+        });
         add("zero", 96, 0, 0);
         add("an inch", 96, 1440, 96);
         add("one pixel", 96, 15, 1);
@@ -58,16 +57,12 @@ private slots:
         add("beyond the smallest int", intMax, intMin, intMin);
     }
 
-    void twipsToPixels()
+    ORV_ROWS(pixelsToTwips)
     {
-        FETCH(int, dpi, int, twips);
-        ORVUnit::setScreenResolution(dpi);
-        QTEST(ORVUnit::rtfTwipsToPixels(twips), "pixels");
-    }
-
-    void pixelsToTwips_data()
-    {
-        const Columns<int, int, int> add("dpi", "pixels", "twips");
+        const Rows add([](int dpi, int pixels, int twips) {
+            ORVUnit::setScreenResolution(dpi);
+            QCOMPARE(ORVUnit::rtfPixelsToTwips(pixels), twips);
+        });
         add("zero", 96, 0, 0);
         add("an inch", 96, 96, 1440);
         add("one pixel", 96, 1, 15);
@@ -82,13 +77,6 @@ private slots:
         add("resolution that no int product holds", intMax, intMax, 1440);
         add("beyond the largest int", 96, intMax, intMax);
         add("beyond the smallest int", 96, intMin, intMin);
-    }
-
-    void pixelsToTwips()
-    {
-        FETCH(int, dpi, int, pixels);
-        ORVUnit::setScreenResolution(dpi);
-        QTEST(ORVUnit::rtfPixelsToTwips(pixels), "twips");
     }
 };
 

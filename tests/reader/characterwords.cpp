@@ -193,9 +193,16 @@ private slots:
         }
     }
 
-    void outline_data()
+    ORV_ROWS(outline)
     {
-        const Columns<QByteArray, QString, QString> add("words", "outline", "foreground");
+        const Rows add([](const QByteArray& words, const QString& outline, const QString& foreground) {
+            const QTextCharFormat format = formatAfter(words);
+            const auto value = [&format](int id) {
+                return format.hasProperty(id) ? describe(format.property(id)) : QString();
+            };
+            QCOMPARE(value(QTextFormat::TextOutline), outline);
+            QCOMPARE(value(QTextFormat::ForegroundBrush), foreground);
+        });
         const QString none;
         const QString clear = describe(solid(Qt::transparent));
         const auto pen = [](const QColor& color) { return describe(QPen(color)); };
@@ -213,17 +220,6 @@ private slots:
         add("plain", "\\cf1\\outl\\plain", none, none);
     }
 
-    void outline()
-    {
-        FETCH(QByteArray, words, QString, outline, QString, foreground);
-        const QTextCharFormat format = formatAfter(words);
-        const auto value = [&format](int id) {
-            return format.hasProperty(id) ? describe(format.property(id)) : QString();
-        };
-        QCOMPARE(value(QTextFormat::TextOutline), outline);
-        QCOMPARE(value(QTextFormat::ForegroundBrush), foreground);
-    }
-
     // A family without a normal face: switching bold off leaves the face it has.
     void boldOffAsksTheFamily()
     {
@@ -238,25 +234,21 @@ private slots:
         QCOMPARE(weight("\\b0\\f1"), int(QFont::Normal));
     }
 
-    void plainResetsEverything_data()
+    ORV_ROWS(plainResetsEverything)
     {
-        const Columns<QByteArray> add("words");
+        const Rows add([](const QByteArray& words) {
+            Properties properties = propertiesOf(formatAfter(words + "\\plain"));
+            QVERIFY(!properties.take(QTextFormat::FontStrikeOut).toBool());
+            QVERIFY(!properties.take(QTextFormat::FontOverline).toBool());
+            QCOMPARE(dump(properties),
+                     dump(Properties{{Family, QLatin1String(DefaultFamily)},
+                                     {QTextFormat::FontPointSize, DefaultPointSize}}));
+        });
         for (const Toggle& toggle : toggles())
             add(toggle.word, "\\" + QByteArray(toggle.word));
         for (const char* words :
              {"\\outl", "\\cf1", "\\cb2", "\\ulc1", "\\f2", "\\fs80", "\\up4", "\\fprq1", "\\orvrevlvl2"})
             add(words, QByteArray(words));
-    }
-
-    void plainResetsEverything()
-    {
-        FETCH(QByteArray, words);
-        Properties properties = propertiesOf(formatAfter(words + "\\plain"));
-        QVERIFY(!properties.take(QTextFormat::FontStrikeOut).toBool());
-        QVERIFY(!properties.take(QTextFormat::FontOverline).toBool());
-        QCOMPARE(dump(properties),
-                 dump(Properties{{Family, QLatin1String(DefaultFamily)},
-                                 {QTextFormat::FontPointSize, DefaultPointSize}}));
     }
 
     // The default format of the document gives family, size and everything else, but no emphasis and no
@@ -291,27 +283,32 @@ private slots:
                                  {QTextFormat::FontCapitalization, 3}}));
     }
 
-    void plainKeepsNoteFlags_data()
+    ORV_ROWS(plainKeepsNoteFlags)
     {
-        const Columns<bool, bool> add("inFootnote", "inAnnotation");
+        const Rows add([](bool inFootnote, bool inAnnotation) {
+            const QTextCharFormat format = formatAfter(QTest::currentDataTag());
+            QCOMPARE(format.property(ORVRtfProperty::InFootnote), inFootnote ? QVariant(true) : QVariant());
+            QCOMPARE(format.property(ORVRtfProperty::InAnnotation),
+                     inAnnotation ? QVariant(true) : QVariant());
+            QVERIFY(!format.hasProperty(QTextFormat::FontWeight));
+        });
         add("\\footnote\\b\\plain", true, false);
         add("\\annotation\\b\\plain", false, true);
         add("\\annotation\\footnote\\plain", true, true);
         add("\\plain", false, false);
     }
 
-    void plainKeepsNoteFlags()
+    ORV_ROWS(specialCharacters)
     {
-        FETCH(bool, inFootnote, bool, inAnnotation);
-        const QTextCharFormat format = formatAfter(QTest::currentDataTag());
-        QCOMPARE(format.property(ORVRtfProperty::InFootnote), inFootnote ? QVariant(true) : QVariant());
-        QCOMPARE(format.property(ORVRtfProperty::InAnnotation), inAnnotation ? QVariant(true) : QVariant());
-        QVERIFY(!format.hasProperty(QTextFormat::FontWeight));
-    }
-
-    void specialCharacters_data()
-    {
-        const Columns<QByteArray, int> add("word", "unit");
+        const Rows add([](const QByteArray& word, int unit) {
+            const QString character{QChar(ushort(unit))};
+            const Reading reading = readBody("a" + word + "b{\\b " + word + "}");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.blockCount(), 1);
+            QCOMPARE(reading.text(), "a" + character + "b" + character);
+            QCOMPARE(fragmentsOf(*reading.document).size(), 2);
+            QCOMPARE(fragmentsOf(*reading.document).last().text(), character);
+        });
         add("tab", "\\tab ", 0x0009);
         add("line", "\\line ", 0x2028);
         add("non-breaking space", "\\~", 0x00A0);
@@ -329,21 +326,13 @@ private slots:
         add("rdblquote", "\\rdblquote ", 0x201D);
     }
 
-    void specialCharacters()
+    ORV_ROWS(codePages)
     {
-        FETCH(QByteArray, word, int, unit);
-        const QString character{QChar(ushort(unit))};
-        const Reading reading = readBody("a" + word + "b{\\b " + word + "}");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.blockCount(), 1);
-        QCOMPARE(reading.text(), "a" + character + "b" + character);
-        QCOMPARE(fragmentsOf(*reading.document).size(), 2);
-        QCOMPARE(fragmentsOf(*reading.document).last().text(), character);
-    }
-
-    void codePages_data()
-    {
-        const Columns<QByteArray, QString> add("rtf", "text");
+        const Rows add([](const QByteArray& rtf, const QString& text) {
+            const Reading reading = read(rtf);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), text);
+        });
         add("1252 by default", "{\\'e4\\'80}", "ä€");
         add("upper case digits", "{\\'E4\\'eF}", "äï");
         add("ASCII", "{\\'41\\'7b\\'5c}", "A{\\");
@@ -372,17 +361,14 @@ private slots:
         add("code page outside the font table", "{" + fonts + "\\f0\\cpg1251\\'e4\\f0\\'e4}", "ää");
     }
 
-    void codePages()
+    ORV_ROWS(badEscapes)
     {
-        FETCH(QByteArray, rtf, QString, text);
-        const Reading reading = read(rtf);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), text);
-    }
-
-    void badEscapes_data()
-    {
-        const Columns<QByteArray> add("escape");
+        const Rows add([](const QByteArray& escape) {
+            const Reading reading = readBody("a" + escape + "{\\b b}");
+            QCOMPARE(reading.status, 9);
+            QVERIFY(reading.text().startsWith(QLatin1Char('a')));
+            QVERIFY(reading.text().endsWith(QLatin1Char('b')));
+        });
         add("no digits", "\\'zz");
         add("second no digit", "\\'4z");
         add("first no digit", "\\'z4");
@@ -391,15 +377,6 @@ private slots:
         add("sign", "\\'+4");
         add("brace", "\\'4{}");
         add("other code page", "\\ansicpg1251\\'zz");
-    }
-
-    void badEscapes()
-    {
-        FETCH(QByteArray, escape);
-        const Reading reading = readBody("a" + escape + "{\\b b}");
-        QCOMPARE(reading.status, 9);
-        QVERIFY(reading.text().startsWith(QLatin1Char('a')));
-        QVERIFY(reading.text().endsWith(QLatin1Char('b')));
     }
 
     void allBytesAsEscapes()

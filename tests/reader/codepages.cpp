@@ -77,20 +77,16 @@ private slots:
         }
     }
 
-    void codePageLength_data()
+    ORV_ROWS(codePageLength)
     {
-        const Columns<int, int> add("codePage", "length");
+        const Rows add([](int codePage, int length) {
+            QCOMPARE(ORVTextRtfCommon::codePageLen(codePage), length);
+            QCOMPARE(ORVTextRtfCommon::codePageDefaultChar(codePage), QChar('?'));
+        });
         add("1252", 1252, 1);
         for (int codePage :
              {-1, 0, 42, 437, 850, 874, 932, 936, 949, 950, 1250, 1251, 1253, 1361, 10000, 65001})
-            QTest::addRow("%d", codePage) << codePage << 0;
-    }
-
-    void codePageLength()
-    {
-        FETCH(int, codePage, int, length);
-        QCOMPARE(ORVTextRtfCommon::codePageLen(codePage), length);
-        QCOMPARE(ORVTextRtfCommon::codePageDefaultChar(codePage), QChar('?'));
+            add(QByteArray::number(codePage), codePage, 0);
     }
 
     void everyFontIsWrittenAs1252()
@@ -101,10 +97,13 @@ private slots:
         QCOMPARE(ORVTextRtfCommon::fontCharset(font), 1252);
     }
 
-    void unicodeFromAnsi_data()
+    ORV_ROWS(unicodeFromAnsi)
     {
-        const Columns<QByteArray, int, int, int, int> add("bytes", "codePage", "length", "defaultUnit",
-                                                          "expected");
+        const Rows add([](const QByteArray& bytes, int codePage, int length, int defaultUnit, int expected) {
+            const QChar character = ORVTextRtfCommon::unicodeFromAnsi(bytes.constData(), uint(codePage),
+                                                                      length, QChar(ushort(defaultUnit)));
+            QCOMPARE(int(character.unicode()), expected);
+        });
         add("ASCII", "A", 1252, 1, 0, 0x41);
         add("euro sign", "\x80", 1252, 1, 0, 0x20AC);
         add("e acute", "\xE9", 1252, 1, 0, 0xE9);
@@ -119,30 +118,18 @@ private slots:
         add("code page 0", "A", 0, 1, 0, int('?'));
     }
 
-    void unicodeFromAnsi()
+    ORV_ROWS(multiByteIsNeverWritten)
     {
-        FETCH(QByteArray, bytes, int, codePage, int, length, int, defaultUnit, int, expected);
-        const QChar character = ORVTextRtfCommon::unicodeFromAnsi(bytes.constData(), uint(codePage), length,
-                                                                  QChar(ushort(defaultUnit)));
-        QCOMPARE(int(character.unicode()), expected);
-    }
-
-    void multiByteIsNeverWritten_data()
-    {
-        const Columns<int, int, int, int> add("unit", "codePage", "defaultUnit", "expected");
+        const Rows add([](int unit, int codePage, int defaultUnit, int expected) {
+            const auto halves = ORVTextRtfCommon::unicodeToMultiByte(QChar(ushort(unit)), uint(codePage), 2,
+                                                                     QChar(ushort(defaultUnit)));
+            QCOMPARE(int(halves.first), expected);
+            QCOMPARE(int(halves.second), expected);
+        });
         add("1252", 0xE9, 1252, 0, int('?'));
         add("ASCII", int('A'), 1252, 0, int('?'));
         add("932", 0x3042, 932, 0, int('?'));
         add("default character", 0x3042, 932, 0x2022, 0x2022);
-    }
-
-    void multiByteIsNeverWritten()
-    {
-        FETCH(int, unit, int, codePage, int, defaultUnit, int, expected);
-        const auto halves = ORVTextRtfCommon::unicodeToMultiByte(QChar(ushort(unit)), uint(codePage), 2,
-                                                                 QChar(ushort(defaultUnit)));
-        QCOMPARE(int(halves.first), expected);
-        QCOMPARE(int(halves.second), expected);
     }
 };
 

@@ -50,10 +50,18 @@ class TestDestinations : public QObject {
     Q_OBJECT
 
 private slots:
-    void links_data()
+    ORV_ROWS(links)
     {
         // Without a target there is no link.
-        const Columns<QByteArray, QString> add("instruction", "target");
+        const Rows add([](const QByteArray& instruction, const QString& target) {
+            const Reading reading = readBody("before " + field(instruction) + " after");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), "before link after"_s);
+            const Properties link{{QTextFormat::IsAnchor, true}, {QTextFormat::AnchorHref, target}};
+            QCOMPARE(dump(reading.format("link"_s)), target.isNull() ? QString() : dump(link));
+            QCOMPARE(dump(reading.format("before"_s)), QString());
+            QCOMPARE(dump(reading.format("after"_s)), QString());
+        });
         add("simple", "HYPERLINK \"notes/target\"", "notes/target");
         add("spaces around", "  HYPERLINK \"u\"  ", "u");
         add("tab before the target", "HYPERLINK\\tab \"u\"", "u");
@@ -87,18 +95,6 @@ private slots:
         add("text after", "HYPERLINK \"u\" x", QString());
         add("switch after", "HYPERLINK \"u\" \\\\o", QString());
         add("typographic quotes", "HYPERLINK \\ldblquote u\\rdblquote ", QString());
-    }
-
-    void links()
-    {
-        FETCH(QByteArray, instruction, QString, target);
-        const Reading reading = readBody("before " + field(instruction) + " after");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "before link after"_s);
-        const Properties link{{QTextFormat::IsAnchor, true}, {QTextFormat::AnchorHref, target}};
-        QCOMPARE(dump(reading.format("link"_s)), target.isNull() ? QString() : dump(link));
-        QCOMPARE(dump(reading.format("before"_s)), QString());
-        QCOMPARE(dump(reading.format("after"_s)), QString());
     }
 
     void linkReachesTheWholeResultOnly()
@@ -148,9 +144,23 @@ private slots:
         QCOMPARE(read(rtf, false).format("link"_s).anchorHref(), "a\uFFFDb"_s);
     }
 
-    void pictureIsInserted_data()
+    ORV_ROWS(pictureIsInserted)
     {
-        const Columns<QByteArray, QByteArray, QString> add("typeWord", "data", "type");
+        const Rows add([](const QByteArray& typeWord, const QByteArray& data, const QString& type) {
+            const Reading reading = readBody("a" + picture(QByteArray(), typeWord, data) + "b");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), QString("a" + QString(QChar::ObjectReplacementCharacter) + "b"));
+            QCOMPARE(reading.images().size(), 1);
+            const QTextImageFormat format = reading.images().first();
+            const QImage expected = QImage::fromData(data);
+            QCOMPARE(format.name(), ORVGuiUtil::resourceId(expected));
+            QCOMPARE(reading.picture(format), expected);
+            QCOMPARE(format.width(), 5.0);
+            QCOMPARE(format.height(), 3.0);
+            QCOMPARE(format.stringProperty(ORVRtfProperty::ImageType), type);
+            QCOMPARE(format.stringProperty(ORVRtfProperty::ImageFileName), "Image1"_s);
+            QVERIFY(!format.hasProperty(ORVRtfProperty::MathML));
+        });
         add("PNG", "\\pngblip", png(5, 3), "PNG");
         add("JPEG", "\\jpegblip", jpeg(5, 3), "JPEG");
         add("metafile", "\\wmetafile8", png(5, 3), "WMF");
@@ -163,24 +173,6 @@ private slots:
         add("group behind the type", "\\pngblip{\\*\\blipuid 00112233445566778899aabbccddeeff}", png(5, 3),
             "PNG");
         add("group before the type", "{\\*\\picprop{\\sp{\\sn a}{\\sv 1}}}\\pngblip", png(5, 3), "PNG");
-    }
-
-    void pictureIsInserted()
-    {
-        FETCH(QByteArray, typeWord, QByteArray, data, QString, type);
-        const Reading reading = readBody("a" + picture(QByteArray(), typeWord, data) + "b");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), QString("a" + QString(QChar::ObjectReplacementCharacter) + "b"));
-        QCOMPARE(reading.images().size(), 1);
-        const QTextImageFormat format = reading.images().first();
-        const QImage expected = QImage::fromData(data);
-        QCOMPARE(format.name(), ORVGuiUtil::resourceId(expected));
-        QCOMPARE(reading.picture(format), expected);
-        QCOMPARE(format.width(), 5.0);
-        QCOMPARE(format.height(), 3.0);
-        QCOMPARE(format.stringProperty(ORVRtfProperty::ImageType), type);
-        QCOMPARE(format.stringProperty(ORVRtfProperty::ImageFileName), "Image1"_s);
-        QVERIFY(!format.hasProperty(ORVRtfProperty::MathML));
     }
 
     void pictureHasTheFormatAroundIt()
@@ -309,9 +301,14 @@ private slots:
         QCOMPARE(reading.picture(reading.images().at(2)).pixelColor(0, 0), QColor(Qt::blue));
     }
 
-    void brokenPictures_data()
+    ORV_ROWS(brokenPictures)
     {
-        const Columns<QByteArray> add("group");
+        const Rows add([](const QByteArray& group) {
+            const Reading reading = readBody("a" + group + "b");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), "ab"_s);
+            QCOMPARE(fragmentsOf(*reading.document).size(), 1);
+        });
         add("no picture data", picture("", "\\pngblip", "this is no picture"));
         add("cut off in the header", picture("", "\\pngblip", png(5, 5).left(20)));
         add("one byte", picture("", "\\jpegblip", "x"));
@@ -319,15 +316,6 @@ private slots:
         add("no hexadecimal digits", "{\\pict\\pngblip xyz ???}");
         add("nothing", "{\\pict}");
         add("text in front of the type", "{\\pict\\picw5 text\\pngblip}");
-    }
-
-    void brokenPictures()
-    {
-        FETCH(QByteArray, group);
-        const Reading reading = readBody("a" + group + "b");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "ab"_s);
-        QCOMPARE(fragmentsOf(*reading.document).size(), 1);
     }
 
     void brokenPictureCommitsTheParagraph()
@@ -400,26 +388,22 @@ private slots:
         QCOMPARE(reading.images().first().stringProperty(ORVRtfProperty::ImageFileName), "Image1"_s);
     }
 
-    void notes_data()
+    ORV_ROWS(notes)
     {
-        const Columns<QByteArray, int> add("word", "flag");
+        const Rows add([](const QByteArray& word, int flag) {
+            const Reading reading =
+                readBody("one{\\super\\chftn}{" + word + "\\pard\\plain two{\\b three}\\par four}five");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), "onetwothree\nfourfive"_s);
+            for (const char* text : {"two", "three", "four"})
+                QVERIFY2(reading.format(QString::fromLatin1(text)).boolProperty(flag), text);
+            QCOMPARE(dump(reading.format("one"_s)), QString());
+            QCOMPARE(dump(reading.format("five"_s)), QString());
+        });
         add("footnote", "\\footnote", int(ORVRtfProperty::InFootnote));
         add("endnote", "\\footnote\\ftnalt", int(ORVRtfProperty::InFootnote));
         add("annotation", "\\annotation", int(ORVRtfProperty::InAnnotation));
         add("marked annotation", "\\*\\annotation", int(ORVRtfProperty::InAnnotation));
-    }
-
-    void notes()
-    {
-        FETCH(QByteArray, word, int, flag);
-        const Reading reading =
-            readBody("one{\\super\\chftn}{" + word + "\\pard\\plain two{\\b three}\\par four}five");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "onetwothree\nfourfive"_s);
-        for (const char* text : {"two", "three", "four"})
-            QVERIFY2(reading.format(QString::fromLatin1(text)).boolProperty(flag), text);
-        QCOMPARE(dump(reading.format("one"_s)), QString());
-        QCOMPARE(dump(reading.format("five"_s)), QString());
     }
 
     void noteReferencesAreDropped()
@@ -432,9 +416,10 @@ private slots:
         QVERIFY(reading.format("e"_s).boolProperty(ORVRtfProperty::InAnnotation));
     }
 
-    void texts_data()
+    ORV_ROWS(texts)
     {
-        const Columns<QByteArray, QString> add("rtf", "text");
+        const Rows add(
+            [](const QByteArray& rtf, const QString& text) { QCOMPARE(readBody(rtf).text(), text); });
         add("text of a field outside its result", "a{\\field b{\\*\\fldinst c}d{\\fldrslt e}f}g", "aeg");
         add("field without a result", "a{\\field{\\*\\fldinst c}}g", "ag");
         add("headers and footers",
@@ -443,12 +428,6 @@ private slots:
             "aeg");
         add("groups restore the destination",
             "a{\\fonttbl{\\f0 b;}}c{\\colortbl d;}e{\\field f{\\fldrslt g}h}i", "acegi");
-    }
-
-    void texts()
-    {
-        FETCH(QByteArray, rtf, QString, text);
-        QCOMPARE(readBody(rtf).text(), text);
     }
 };
 

@@ -156,24 +156,20 @@ private slots:
         }
     }
 
-    void messages_data()
+    ORV_ROWS(messages)
     {
-        const Columns<QByteArray, int, QString> add("rtf", "status", "message");
+        const Rows add([](const QByteArray& rtf, int status, const QString& message) {
+            const Reading reading = read(rtf);
+            QCOMPARE(reading.status, status);
+            QCOMPARE(reading.message, message);
+            QCOMPARE(reading.ok, status == 0);
+        });
         add("none", "{a}", 0, QString());
         add("closing brace too many", "{a}}", 1, "Unmatched '{' in Rich Text file");
         add("closing brace missing", "{a", 2, "Unmatched '}' in Rich Text file");
         add("input ends in a word", "{a\\", 7, "Unexpected end of file");
         add("long word", "{\\" + QByteArray(70, 'q') + " }", 8, "Invalid control word encountered");
         add("escape", "{\\'zz}", 9, "Invalid control word parameter encountered");
-    }
-
-    void messages()
-    {
-        FETCH(QByteArray, rtf, int, status, QString, message);
-        const Reading reading = read(rtf);
-        QCOMPARE(reading.status, status);
-        QCOMPARE(reading.message, message);
-        QCOMPARE(reading.ok, status == 0);
     }
 
     void messagesAreTranslated()
@@ -273,9 +269,15 @@ private slots:
         QCOMPARE(reading.blockCount(), 1);
     }
 
-    void position_data()
+    ORV_ROWS(position)
     {
-        const Columns<QByteArray, int> add("rtf", "expected");
+        const Rows add([](const QByteArray& rtf, int expected) {
+            BufferReader source(rtf);
+            source.buffer.open(QIODevice::ReadOnly);
+            QCOMPARE(source.reader.pos(), qint64(0));
+            QVERIFY(source.read());
+            QCOMPARE(source.reader.pos(), qint64(expected));
+        });
         // The position of the device, which is the size, plus the bytes passed in the buffer; the buffer is
         // shortened by 1024 bytes whenever more than 1024 have been passed.
         add("empty", QByteArray(), 0);
@@ -283,16 +285,6 @@ private slots:
         add("1024 bytes", "{" + QByteArray(1022, 'a') + "}", 1024 + 1024);
         add("1025 bytes", "{" + QByteArray(1023, 'a') + "}", 1025 + 1);
         add("3000 bytes", "{" + QByteArray(2998, 'a') + "}", 3000 + 952);
-    }
-
-    void position()
-    {
-        FETCH(QByteArray, rtf, int, expected);
-        BufferReader source(rtf);
-        source.buffer.open(QIODevice::ReadOnly);
-        QCOMPARE(source.reader.pos(), qint64(0));
-        QVERIFY(source.read());
-        QCOMPARE(source.reader.pos(), qint64(expected));
     }
 
     void contentIsReplaced()
@@ -315,23 +307,19 @@ private slots:
         QCOMPARE(reading.format("two"_s).property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
     }
 
-    void undoSettingIsRestored_data()
+    ORV_ROWS(undoSettingIsRestored)
     {
-        const Columns<bool, QByteArray> add("enabled", "rtf");
+        const Rows add([](bool enabled, const QByteArray& rtf) {
+            const QSharedPointer<QTextDocument> document = newDocument();
+            document->setUndoRedoEnabled(enabled);
+            readInto(document, rtf);
+            QCOMPARE(document->isUndoRedoEnabled(), enabled);
+            QVERIFY(!document->isUndoAvailable());
+        });
         add("on", true, "{\\rtf1 abc}");
         add("off", false, "{\\rtf1 abc}");
         add("on, after an error", true, "{\\rtf1 abc");
         add("off, after an error", false, "{\\rtf1 abc");
-    }
-
-    void undoSettingIsRestored()
-    {
-        FETCH(bool, enabled, QByteArray, rtf);
-        const QSharedPointer<QTextDocument> document = newDocument();
-        document->setUndoRedoEnabled(enabled);
-        readInto(document, rtf);
-        QCOMPARE(document->isUndoRedoEnabled(), enabled);
-        QVERIFY(!document->isUndoAvailable());
     }
 
     // One edit block around the whole read: the number of signals does not depend on the content.
@@ -350,24 +338,20 @@ private slots:
         QVERIFY(counts[0] > 0);
     }
 
-    void documentReportsChangesAfterwards_data()
+    ORV_ROWS(documentReportsChangesAfterwards)
     {
-        const Columns<QByteArray> add("rtf");
+        const Rows add([](const QByteArray& rtf) {
+            const QSharedPointer<QTextDocument> document = newDocument();
+            readInto(document, rtf);
+            const QSignalSpy spy(document.data(), &QTextDocument::contentsChanged);
+            QTextCursor(document.data()).insertText("x"_s);
+            QCOMPARE(int(spy.count()), 1);
+        });
         add("text", "{\\rtf1 abc}");
         add("error", "{\\rtf1 abc");
         add("open table cell", "{\\rtf1\\trowd\\cellx1000\\intbl abc}");
         add("open nested table cell", "{\\rtf1\\itap2 abc\\nestcell}");
         add("nothing", QByteArray());
-    }
-
-    void documentReportsChangesAfterwards()
-    {
-        FETCH(QByteArray, rtf);
-        const QSharedPointer<QTextDocument> document = newDocument();
-        readInto(document, rtf);
-        const QSignalSpy spy(document.data(), &QTextDocument::contentsChanged);
-        QTextCursor(document.data()).insertText("x"_s);
-        QCOMPARE(int(spy.count()), 1);
     }
 
     void textOptionFlagsAreCleared()
@@ -382,48 +366,41 @@ private slots:
         QVERIFY(!(document->defaultTextOption().flags() & shown));
     }
 
-    void removalOfInvalidCharacters_data()
+    ORV_ROWS(removalOfInvalidCharacters)
     {
-        const Columns<bool, QString> add("byDefault", "text");
+        const Rows add([](bool byDefault, const QString& text) {
+            const StaticDefaults restore;
+            ORVTextRtfReader::DefaultRemoveInvalidRtfChars = byDefault;
+            BufferReader source("{\\rtf1 a\\u133?b}");
+            QVERIFY(source.read());
+            QCOMPARE(source.text(), text);
+
+            // The two other forms of read() are told what to do.
+            const bool given = !byDefault;
+            const QString other = given ? "ab"_s : "a\uFFFDb"_s;
+            QCOMPARE(read(source.buffer.data(), given).text(), other);
+            source.buffer.close();
+            QVERIFY(source.read(QTextCharFormat(), given));
+            QCOMPARE(source.text(), other);
+        });
         add("removed", true, "ab");
         add("replaced", false, "a\uFFFDb");
     }
 
-    void removalOfInvalidCharacters()
+    ORV_ROWS(hinting)
     {
-        FETCH(bool, byDefault, QString, text);
-        const StaticDefaults restore;
-        ORVTextRtfReader::DefaultRemoveInvalidRtfChars = byDefault;
-        BufferReader source("{\\rtf1 a\\u133?b}");
-        QVERIFY(source.read());
-        QCOMPARE(source.text(), text);
-
-        // The two other forms of read() are told what to do.
-        const bool given = !byDefault;
-        const QString other = given ? "ab"_s : "a\uFFFDb"_s;
-        QCOMPARE(read(source.buffer.data(), given).text(), other);
-        source.buffer.close();
-        QVERIFY(source.read(QTextCharFormat(), given));
-        QCOMPARE(source.text(), other);
-    }
-
-    void hinting_data()
-    {
-        const Columns<bool, int> add("byDefault", "preference");
+        const Rows add([](bool byDefault, int preference) {
+            const StaticDefaults restore;
+            ORVTextRtfReader::DefaultFontHinting = byDefault;
+            BufferReader source("{\\rtf1\\plain abc}");
+            QVERIFY(source.read());
+            const int hinting = QTextFormat::FontHintingPreference;
+            QCOMPARE(ORVTextFormat::defaultCharFormat(source.document.data()).intProperty(hinting),
+                     preference);
+            QCOMPARE(formatOf(*source.document, "abc"_s).intProperty(hinting), preference);
+        });
         add("full", true, int(QFont::PreferFullHinting));
         add("none", false, int(QFont::PreferNoHinting));
-    }
-
-    void hinting()
-    {
-        FETCH(bool, byDefault, int, preference);
-        const StaticDefaults restore;
-        ORVTextRtfReader::DefaultFontHinting = byDefault;
-        BufferReader source("{\\rtf1\\plain abc}");
-        QVERIFY(source.read());
-        const int hinting = QTextFormat::FontHintingPreference;
-        QCOMPARE(ORVTextFormat::defaultCharFormat(source.document.data()).intProperty(hinting), preference);
-        QCOMPARE(formatOf(*source.document, "abc"_s).intProperty(hinting), preference);
     }
 
     void defaultFormat()
@@ -455,9 +432,13 @@ private slots:
         QCOMPARE(dump(formatOf(*document, "abc"_s)), QString());
     }
 
-    void page_data()
+    ORV_ROWS(page)
     {
-        const Columns<QByteArray, Page> add("rtf", "page");
+        const Rows add([](const QByteArray& rtf, const Page& page) {
+            BufferReader source(rtf);
+            source.read();
+            QCOMPARE(pageOf(source.reader), page);
+        });
         add("not stated", "{\\rtf1 text}", letter);
         add("no RTF", QByteArray(), letter);
         add("stated", "{\\rtf1\\paperw11906\\paperh16838\\margl1\\margr2\\margt3\\margb4 text}",
@@ -465,14 +446,6 @@ private slots:
         add("one of them", "{\\rtf1\\margr500 text}", Page{12240, 15840, 1800, 500, 1440, 1440});
         add("as it stands", "{\\rtf1\\paperw0\\margt-20 text}", Page{0, 15840, 1800, 1800, -20, 1440});
         add("in a damaged file", "{\\rtf1\\paperw300 text", Page{300, 15840, 1800, 1800, 1440, 1440});
-    }
-
-    void page()
-    {
-        FETCH(QByteArray, rtf);
-        BufferReader source(rtf);
-        source.read();
-        QTEST(pageOf(source.reader), "page");
     }
 
     void pageOfTheNextReadBeginsAnew()

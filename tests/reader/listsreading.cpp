@@ -60,9 +60,11 @@ class TestListsReading : public QObject {
     Q_OBJECT
 
 private slots:
-    void levels_data()
+    ORV_ROWS(levels)
     {
-        const Columns<QByteArray, QString> add("rtf", "expected");
+        const Rows add([](const QByteArray& rtf, const QString& expected) {
+            QCOMPARE(describe(levelsOf(rtf)), expected);
+        });
         const auto text = [&add](const char* name, const QByteArray& words, const Text& expected) {
             add(name, level(words), describe({listLevel(expected, ORVTextListLevel::Decimal)}));
         };
@@ -122,12 +124,6 @@ private slots:
         indent("\\li720\\ri500\\rin500", 36, 36);
         indent("\\li5", 0.25, 0.25);
         indent("\\li", 0, 0);
-    }
-
-    void levels()
-    {
-        FETCH(QByteArray, rtf, QString, expected);
-        QCOMPARE(describe(levelsOf(rtf)), expected);
     }
 
     // Templates count upwards: "%0" is the number of the level itself, "%1" of the one above, and so on.
@@ -214,9 +210,15 @@ private slots:
         QCOMPARE(itemLines(*reading.document), "0 0 a\n0 1 b\n0 1 c\n0 0 d\n0 0 e"_s);
     }
 
-    void listsWithoutDefinition_data()
+    ORV_ROWS(listsWithoutDefinition)
     {
-        const Columns<QByteArray> add("tables");
+        const Rows add([](const QByteArray& tables) {
+            const Reading reading = readBody(tables + "\\pard\\ls1\\ilvl3 a\\par b");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(itemLines(*reading.document), "0 3 a\n0 3 b"_s);
+            QCOMPARE(levelsOf(reading).size(), 0);
+            QCOMPARE(dump(reading.block(0).textList()->format()), dump(QTextListFormat()));
+        });
         add("no tables", QByteArray());
         add("other override", listTables(level("\\'02\\'00.;"), 2));
         add("unknown list",
@@ -224,16 +226,6 @@ private slots:
                 + "{\\*\\listoverridetable{\\listoverride\\listid8\\ls1}}");
         add("no overrides", "{\\*\\listtable{\\list" + level("\\'02\\'00.;") + "\\listid7}}");
         add("list without levels", listTables(QByteArray()));
-    }
-
-    void listsWithoutDefinition()
-    {
-        FETCH(QByteArray, tables);
-        const Reading reading = readBody(tables + "\\pard\\ls1\\ilvl3 a\\par b");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(itemLines(*reading.document), "0 3 a\n0 3 b"_s);
-        QCOMPARE(levelsOf(reading).size(), 0);
-        QCOMPARE(dump(reading.block(0).textList()->format()), dump(QTextListFormat()));
     }
 
     void firstMatchCounts()

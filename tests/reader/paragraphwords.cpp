@@ -113,9 +113,12 @@ private slots:
         QCOMPARE(dump(reading.blockFormat(1)), expected);
     }
 
-    void pageGeometry_data()
+    ORV_ROWS(pageGeometry)
     {
-        const Columns<QByteArray, double> add("words", "edge");
+        const Rows add([](const QByteArray& words, double edge) {
+            const Reading reading = readBody(words + " x");
+            QCOMPARE(dump(reading.blockFormat(0)), dump(Properties{{rightIndent, edge}}));
+        });
         add("defaults", "\\ri0", 432.0);
         add("paper", "\\paperw10000\\ri0", 320.0);
         add("left margin", "\\margl800\\ri0", 482.0);
@@ -126,13 +129,6 @@ private slots:
         add("no number", "\\margl\\ri0", 522.0);
         add("narrower than its margins", "\\paperw0\\ri0", -180.0);
         add("in a group before", "{\\paperw10000}\\ri0", 320.0);
-    }
-
-    void pageGeometry()
-    {
-        FETCH(QByteArray, words, double, edge);
-        const Reading reading = readBody(words + " x");
-        QCOMPARE(dump(reading.blockFormat(0)), dump(Properties{{rightIndent, edge}}));
     }
 
     // The direction that counts is the one of the characters, which only a default format can give.
@@ -155,9 +151,13 @@ private slots:
         QCOMPARE(after(Qt::LeftToRight, "\\rin360"), right);
     }
 
-    void texts_data()
+    ORV_ROWS(texts)
     {
-        const Columns<QByteArray, QString> add("body", "text");
+        const Rows add([](const QByteArray& body, const QString& text) {
+            const Reading reading = readBody(body);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), text);
+        });
         add("one paragraph end", "a\\par b", "a\nb");
         add("paragraph end as a symbol", "a\\\nb", "a\nb");
         add("last paragraph end", "a\\par", "a\n");
@@ -179,17 +179,17 @@ private slots:
         add("alternative text: line ends between", "a{\\upr\n{b}\n{\\*\\ud\n{c}}\n}d", "acd");
     }
 
-    void texts()
+    ORV_ROWS(pageBreaks)
     {
-        FETCH(QByteArray, body, QString, text);
-        const Reading reading = readBody(body);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), text);
-    }
-
-    void pageBreaks_data()
-    {
-        const Columns<QByteArray, QString, QList<int>> add("body", "text", "breaks");
+        const Rows add([](const QByteArray& body, const QString& text, const QList<int>& breaks) {
+            const Reading reading = readBody(body);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), text);
+            QList<int> actual;
+            for (int i = 0; i < reading.blockCount(); ++i)
+                actual << pageBreaksOf(reading.blockFormat(i));
+            QCOMPARE(actual, breaks);
+        });
         // All breaks end up as breaks before a paragraph.
         add("none", "a\\par b", "a\nb", QList<int>{0, 0});
         add("between", "a\\page b\\par c", "a\nb\nc", QList<int>{0, 1, 0});
@@ -201,18 +201,6 @@ private slots:
         add("before holds on", "a\\par\\pagebb b\\par c", "a\nb\nc", QList<int>{0, 1, 1});
         add("reset in between", "\\pard a\\page\\pard b\\par\\pard c", "a\nb\nc", QList<int>{0, 1, 0});
         add("in a group", "{\\b a\\page}b\\par c", "a\nb\nc", QList<int>{0, 1, 0});
-    }
-
-    void pageBreaks()
-    {
-        FETCH(QByteArray, body, QString, text, QList<int>, breaks);
-        const Reading reading = readBody(body);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), text);
-        QList<int> actual;
-        for (int i = 0; i < reading.blockCount(); ++i)
-            actual << pageBreaksOf(reading.blockFormat(i));
-        QCOMPARE(actual, breaks);
     }
 
     // Nothing comes that would give the last paragraph its format.
@@ -234,9 +222,13 @@ private slots:
         QCOMPARE(reading.blockFormat(1).intProperty(QTextFormat::BlockAlignment), 4);
     }
 
-    void tabs_data()
+    ORV_ROWS(tabs)
     {
-        const Columns<QString> add("expected");
+        const Rows add([](const QString& expected) {
+            const Reading reading = readBody(QTest::currentDataTag() + " one\\par two"_b);
+            QCOMPARE(tabsOf(reading.blockFormat(0)), expected);
+            QCOMPARE(tabsOf(reading.blockFormat(1)), expected);
+        });
         add("\\tx720", "36 0");
         add("\\tx720\\tx1440\\tx2165", "36 0, 72 0, 108.25 0");
         add("\\tx1440\\tx720", "72 0, 36 0");
@@ -253,14 +245,6 @@ private slots:
         add("\\tx720\\pard", "");
         add("\\tx720\\pard\\tx1440", "72 0");
         add("{\\tx720}", "36 0");
-    }
-
-    void tabs()
-    {
-        FETCH(QString, expected);
-        const Reading reading = readBody(QTest::currentDataTag() + " one\\par two"_b);
-        QCOMPARE(tabsOf(reading.blockFormat(0)), expected);
-        QCOMPARE(tabsOf(reading.blockFormat(1)), expected);
     }
 
     void tabLimit()

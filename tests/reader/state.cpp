@@ -84,9 +84,14 @@ private slots:
         QCOMPARE(compat::fontFamily(reading.format("b"_s)), "Quibble Serif"_s);
     }
 
-    void indents_data()
+    ORV_ROWS(indents)
     {
-        const Columns<QByteArray, Properties> add("words", "expected");
+        const Rows add([](const QByteArray& words, const Properties& expected) {
+            const Reading reading = readBody(words + " text");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), "text"_s);
+            QCOMPARE(dump(reading.blockFormat(0)), dump(expected));
+        });
         const int left = ORVRtfProperty::LeftIndent;
         const int right = ORVRtfProperty::RightIndent;
         const int first = QTextFormat::TextIndent;
@@ -109,15 +114,6 @@ private slots:
         add("left after a reset", "\\li720\\fi-360\\pard\\li1440", {{left, 72.0}, {first, 72.0}});
         add("in a footnote", "\\footnote\\li720\\fi-360\\ri360", {});
         add("in an annotation", "\\annotation\\li720\\fi-360\\ri360", {});
-    }
-
-    void indents()
-    {
-        FETCH(QByteArray, words, Properties, expected);
-        const Reading reading = readBody(words + " text");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "text"_s);
-        QCOMPARE(dump(reading.blockFormat(0)), dump(expected));
     }
 
     void invalidCharacters()
@@ -153,9 +149,12 @@ private slots:
         }
     }
 
-    void invalidCharactersEverywhere_data()
+    ORV_ROWS(invalidCharactersEverywhere)
     {
-        const Columns<QByteArray, QString, QString> add("rtf", "removed", "replaced");
+        const Rows add([](const QByteArray& rtf, const QString& removed, const QString& replaced) {
+            QCOMPARE(read(rtf, true).text(), removed);
+            QCOMPARE(read(rtf, false).text(), replaced);
+        });
         const QString replacement(QChar(0xFFFD));
         add("raw byte",
             "{a\x85"
@@ -168,13 +167,6 @@ private slots:
             replacement + replacement + " " + replacement + replacement);
         add("nothing else", "{\\u133?}", "", replacement);
         add("in a level of groups", "{{{\x90}}}", "", replacement);
-    }
-
-    void invalidCharactersEverywhere()
-    {
-        FETCH(QByteArray, rtf, QString, removed, QString, replaced);
-        QCOMPARE(read(rtf, true).text(), removed);
-        QCOMPARE(read(rtf, false).text(), replaced);
     }
 
     void emptyParagraphsKeepTheirFormats()
@@ -198,9 +190,14 @@ private slots:
     }
 
     // An empty paragraph takes the formats in force at each brace and control word of the body.
-    void lastEmptyParagraph_data()
+    ORV_ROWS(lastEmptyParagraph)
     {
-        const Columns<QByteArray, QString, QString> add("rtf", "charFormat", "blockFormat");
+        const Rows add([](const QByteArray& rtf, const QString& charFormat, const QString& blockFormat) {
+            const Reading reading = read(rtf);
+            QCOMPARE(reading.text(), "a\n"_s);
+            QCOMPARE(dump(reading.block(1).charFormat()), charFormat);
+            QCOMPARE(dump(reading.blockFormat(1)), blockFormat);
+        });
         const QString none;
         const QString right = dump(rightAligned);
         add("at the last brace", "{a\\par\\qr\\b}", dump(onlyBold), right);
@@ -220,18 +217,11 @@ private slots:
         add("dropped picture", "{a\\par{\\pict\\qr\\pngblip 00}", none, right);
     }
 
-    void lastEmptyParagraph()
+    ORV_ROWS(colorTables)
     {
-        FETCH(QByteArray, rtf, QString, charFormat, QString, blockFormat);
-        const Reading reading = read(rtf);
-        QCOMPARE(reading.text(), "a\n"_s);
-        QCOMPARE(dump(reading.block(1).charFormat()), charFormat);
-        QCOMPARE(dump(reading.blockFormat(1)), blockFormat);
-    }
-
-    void colorTables_data()
-    {
-        const Columns<QByteArray, QStringList> add("definition", "colors");
+        const Rows add([](const QByteArray& definition, const QStringList& colors) {
+            QCOMPARE(colorsOf(definition), colors);
+        });
         const QString black = "#000000"_s;
         const QString red = "#ff0000"_s;
         const QString green = "#00ff00"_s;
@@ -254,12 +244,6 @@ private slots:
         add("line ends", ";\r\n\\red255\r\n;\r\n", QStringList{black, red});
         add("unknown words", ";\\red255\\ctint255\\cshade12;", QStringList{black, red});
         add("skipped group", ";{\\*\\unknown ;}\\red255;", QStringList{black, red});
-    }
-
-    void colorTables()
-    {
-        FETCH(QByteArray, definition, QStringList, colors);
-        QCOMPARE(colorsOf(definition), colors);
     }
 
     void colorTableStartsFromTheDefaultColor()
@@ -289,9 +273,11 @@ private slots:
                      .hasProperty(QTextFormat::ForegroundBrush));
     }
 
-    void fontTables_data()
+    ORV_ROWS(fontTables)
     {
-        const Columns<QByteArray, int, QString> add("entries", "number", "family");
+        const Rows add([](const QByteArray& entries, int number, const QString& family) {
+            QCOMPARE(familyOf(number, entries), family);
+        });
         const QString serif = "Quibble Serif"_s;
         const QString mono = "Quibble Mono"_s;
         const QByteArray groups = "{\\f0 Quibble Serif;}{\\f1 Quibble Mono;}";
@@ -327,15 +313,14 @@ private slots:
         add("two tables", "{\\f1 Quibble Serif;}}{\\fonttbl{\\f2 Quibble Mono;}", 1, serif);
     }
 
-    void fontTables()
+    ORV_ROWS(fontTableSetsTheDefaultFont)
     {
-        FETCH(QByteArray, entries, int, number, QString, family);
-        QCOMPARE(familyOf(number, entries), family);
-    }
-
-    void fontTableSetsTheDefaultFont_data()
-    {
-        const Columns<QByteArray, QString> add("rtf", "expected");
+        const Rows add([](const QByteArray& rtf, const QString& expected) {
+            const Reading reading = read(rtf);
+            QCOMPARE(dump(ORVTextFormat::defaultCharFormat(reading.document.data())), expected);
+            // Text that says nothing of its font has none of its own.
+            QCOMPARE(dump(reading.format("x"_s)), QString());
+        });
         const Properties unchanged{{Family, QLatin1String(DefaultFamily)},
                                    {QTextFormat::FontPointSize, DefaultPointSize}};
         // The weight 0 stands for normal.
@@ -356,15 +341,6 @@ private slots:
         add("named too late", "{\\rtf1\\deff7" + fonts + "\\deff1 x}", dump(unchanged));
         add("no table", "{\\rtf1\\deff0 x}", dump(unchanged));
         add("flat", "{\\rtf1\\deff1{\\fonttbl\\f0 Quibble Mono;\\f1 Quibble Serif;}x}", dump(serif));
-    }
-
-    void fontTableSetsTheDefaultFont()
-    {
-        FETCH(QByteArray, rtf, QString, expected);
-        const Reading reading = read(rtf);
-        QCOMPARE(dump(ORVTextFormat::defaultCharFormat(reading.document.data())), expected);
-        // Text that says nothing of its font has none of its own.
-        QCOMPARE(dump(reading.format("x"_s)), QString());
     }
 
     void boldFontMakesABoldDefault()
@@ -422,20 +398,16 @@ private slots:
         QCOMPARE(dump(reading.format("ab"_s)), dump(onlyBold));
     }
 
-    void groupLimit_data()
+    ORV_ROWS(groupLimit)
     {
-        const Columns<QByteArray, QByteArray, QString> add("inside", "behind", "text");
+        const Rows add([](const QByteArray& inside, const QByteArray& behind, const QString& text) {
+            const int limit = 1000000;
+            const Reading reading = read(QByteArray(limit, '{') + inside + QByteArray(limit, '}') + behind);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), text);
+        });
         add("up to the limit", "a", "", "a");
         add("beyond the limit", "a{b{c}\\par d}e", "{f}", "aef");
-    }
-
-    void groupLimit()
-    {
-        FETCH(QByteArray, inside, QByteArray, behind, QString, text);
-        const int limit = 1000000;
-        const Reading reading = read(QByteArray(limit, '{') + inside + QByteArray(limit, '}') + behind);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), text);
     }
 };
 

@@ -191,23 +191,19 @@ private slots:
         QCOMPARE(m_document.toPlainText(), "\n\nc"_s);
     }
 
-    void textThatEndsParagraphs_data()
+    /*! What follows such a character is a new paragraph, and empty. */
+    ORV_ROWS(textThatEndsParagraphs)
     {
-        const Columns<int> add("unit");
+        const Rows add([this](int unit) {
+            Inserter cursor(m_document);
+            cursor.setBlockFormats(indented(5), sized(9));
+            cursor.insertText(QLatin1Char('a') + QString(QChar(ushort(unit))), sized(9));
+            cursor.setBlockFormats(indented(6), sized(7));
+            cursor.complete();
+            QCOMPARE(paragraphs(m_document), QStringList({"a|5|9"_s, "|6|7"_s}));
+        });
         for (const int unit : {int('\n'), int('\r'), 0x2029, 0xFDD0, 0xFDD1})
             add(qPrintable(QString::number(unit, 16)), unit);
-    }
-
-    /*! What follows such a character is a new paragraph, and empty. */
-    void textThatEndsParagraphs()
-    {
-        FETCH(int, unit);
-        Inserter cursor(m_document);
-        cursor.setBlockFormats(indented(5), sized(9));
-        cursor.insertText(QLatin1Char('a') + QString(QChar(ushort(unit))), sized(9));
-        cursor.setBlockFormats(indented(6), sized(7));
-        cursor.complete();
-        QCOMPARE(paragraphs(m_document), QStringList({"a|5|9"_s, "|6|7"_s}));
     }
 
     void movingCompletesTheOldPlace()
@@ -266,28 +262,24 @@ private slots:
         QCOMPARE(m_document.begin().next().begin().fragment().charFormat(), sized(9));
     }
 
-    void otherFormatsEndTheWaiting_data()
+    ORV_ROWS(otherFormatsEndTheWaiting)
     {
-        const Columns<double, double, double> add("margin", "blockSize", "size");
+        const Rows add([this](double margin, double blockSize, double size) {
+            Inserter cursor(m_document);
+            cursor.setBlockFormats(indented(5), sized(9));
+            cursor.insertText("a"_s, sized(9));
+            cursor.endBlock();
+            cursor.setBlockFormats(indented(margin), sized(blockSize));
+            cursor.insertText("b"_s, sized(size));
+            QCOMPARE(paragraphs(m_document).first(), "a|5|9"_s);
+            cursor.complete();
+            QCOMPARE(paragraphs(m_document).last(), "b|%1|%2"_s.arg(margin).arg(blockSize));
+            QCOMPARE(m_document.lastBlock().begin().fragment().charFormat(), sized(size));
+        });
         add("paragraph", 6.0, 9.0, 9.0);
         add("characters of the paragraph", 5.0, 8.0, 9.0);
         add("characters", 5.0, 9.0, 8.0);
         add("both alike", 5.0, 8.0, 8.0);
-    }
-
-    void otherFormatsEndTheWaiting()
-    {
-        FETCH(double, margin, double, blockSize, double, size);
-        Inserter cursor(m_document);
-        cursor.setBlockFormats(indented(5), sized(9));
-        cursor.insertText("a"_s, sized(9));
-        cursor.endBlock();
-        cursor.setBlockFormats(indented(margin), sized(blockSize));
-        cursor.insertText("b"_s, sized(size));
-        QCOMPARE(paragraphs(m_document).first(), "a|5|9"_s);
-        cursor.complete();
-        QCOMPARE(paragraphs(m_document).last(), "b|%1|%2"_s.arg(margin).arg(blockSize));
-        QCOMPARE(m_document.lastBlock().begin().fragment().charFormat(), sized(size));
     }
 
     /*! What waits takes memory in addition to the document's. */

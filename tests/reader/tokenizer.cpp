@@ -25,9 +25,14 @@ class TestTokenizer : public QObject {
     Q_OBJECT
 
 private slots:
-    void statuses_data()
+    ORV_ROWS(statuses)
     {
-        const Columns<QByteArray, int, QString> add("rtf", "status", "text");
+        const Rows add([](const QByteArray& rtf, int status, const QString& text) {
+            const Reading reading = read(rtf);
+            QCOMPARE(reading.status, status);
+            QCOMPARE(reading.ok, status == 0);
+            QCOMPARE(reading.text(), text);
+        });
         add("empty", QByteArray(), 0, QString());
         add("text without a group is never flushed", "abc", 0, QString());
         add("no header needed", "{abc}", 0, "abc");
@@ -56,125 +61,8 @@ private slots:
         add("first error is kept, 9 before 2", "{a{\\bin9 ", 9, "a");
         add("first error is kept, 1 before 7", "}\\", 1, QString());
         add("NUL bytes are text", QByteArray("{a\0b}", 5), 0, fromUtf16({'a', 0, 'b'}));
-    }
 
-    void statuses()
-    {
-        FETCH(QByteArray, rtf, int, status, QString, text);
-        const Reading reading = read(rtf);
-        QCOMPARE(reading.status, status);
-        QCOMPARE(reading.ok, status == 0);
-        QCOMPARE(reading.text(), text);
-    }
-
-    void controlWords_data()
-    {
-        const Columns<QByteArray, int, QString> add("body", "status", "text");
-        add("space ends a word and vanishes", "a\\b b", 0, "ab");
-        add("only one space vanishes", "a\\b  b", 0, "a b");
-        add("space after a parameter vanishes", "a\\b0 b", 0, "ab");
-        add("other bytes end a word and stay", "a\\b;b", 0, "a;b");
-        add("a symbol takes no space", "a\\{ b", 0, "a{ b");
-        add("a symbol takes no digits", "a\\{1", 0, "a{1");
-        add("an escape takes no space", "a\\'e9 b", 0, "aé b");
-        add("unknown word", "a\\unknown b", 0, "ab");
-        add("unknown word with a parameter", "a\\unknown-12 b", 0, "ab");
-        add("unknown word opens nothing", "a{\\unknown b}c", 0, "abc");
-        add("unknown symbol", "a\\|b", 0, "ab");
-        add("a digit makes a symbol", "a\\1b", 0, "ab");
-        add("a byte above 0x7F makes a symbol", "a\\\xE9\xE9", 0, "aé");
-        add("a byte above 0x7F ends a word", "a\\b\xE9", 0, "aé");
-        add("upper case is another word", "a\\PAR b", 0, "ab");
-        add("62 letters", "a" + unknownWord(62) + " b", 0, "ab");
-        add("63 letters", "a" + unknownWord(63) + " b", 8, "a" + QString(63, QLatin1Char('q')) + " b");
-        add("64 letters", "a" + unknownWord(64) + " b", 8, "a" + QString(64, QLatin1Char('q')) + " b");
-        add("300 letters", "a" + unknownWord(300) + " b", 8, "a" + QString(300, QLatin1Char('q')) + " b");
-    }
-
-    void controlWords()
-    {
-        FETCH(QByteArray, body, int, status, QString, text);
-        const Reading reading = readBody(body);
-        QCOMPARE(reading.status, status);
-        QCOMPARE(reading.text(), text);
-    }
-
-    void parameters_data()
-    {
-        const Columns<QByteArray, double, QString> add("body", "pointSize", "text");
-        // \fs N is N / 2 points, and 10 points up to 2.
-        const QByteArray zeros(60, '0');
-        add("plain", "\\fs24 x", 12.0, "x");
-        add("none", "\\fs x", 10.0, "x");
-        add("a letter follows", "\\fs24x", 12.0, "x");
-        add("leading zeros", "\\fs0024 x", 12.0, "x");
-        add("a plus sign is text", "\\fs+24 x", 10.0, "+24 x");
-        add("a space ends the word", "\\fs 24 x", 10.0, "24 x");
-        add("negative", "\\fs-24 x", 10.0, "x");
-        add("sign without digits", "\\fs-x", 10.0, "x");
-        add("sign and space", "\\fs- x", 10.0, "x");
-        add("two signs", "\\fs--24 x", 10.0, "-24 x");
-        add("wraps at 32 bits", "\\fs4294967320 x", 12.0, "x");
-        add("negative wraps to positive", "\\fs-4294967272 x", 12.0, "x");
-        add("digits end at 64 bytes", "\\fs" + zeros + "24 x", 10.0, "4 x");
-        add("digits up to 64 bytes", "\\fs" + zeros.mid(1) + "24 x", 12.0, "x");
-        add("sign as byte 64", "\\fs24" + unknownWord(62) + "-5 x", 12.0, "5 x");
-        add("space after a sign as byte 64", "\\fs24" + unknownWord(62) + "- x", 12.0, "x");
-        add("digits after byte 64 are text", "\\fs24" + unknownWord(60) + "123456 x", 12.0, "456 x");
-    }
-
-    void parameters()
-    {
-        FETCH(QByteArray, body, double, pointSize, QString, text);
-        const Reading reading = readBody(body);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), text);
-        QCOMPARE(reading.format(text).doubleProperty(QTextFormat::FontPointSize), pointSize);
-    }
-
-    void lineEnds_data()
-    {
-        const Columns<QByteArray, int, QString> add("body", "status", "text");
-        add("line feed", "a\nb", 0, "ab");
-        add("carriage return", "a\rb", 0, "ab");
-        add("both", "a\r\n\r\nb", 0, "ab");
-        add("ends a word", "a\\b\nb", 0, "ab");
-        add("ends a parameter", "a\\b0\r\nb", 0, "ab");
-        add("the space on the next line is text", "a\\b\n b", 0, "a b");
-        add("a word is not continued", "a\\pa\nrb", 0, "arb");
-        add("escaped line feed is a paragraph end", "a\\\nb", 0, "a\nb");
-        add("escaped carriage return is nothing", "a\\\rb", 0, "ab");
-        add("escaped CR LF is nothing", "a\\\r\nb", 0, "ab");
-        add("not even inside a skipped group", "a{\\*\\unknown\n b\r\n\\\n}c", 0, "ac");
-    }
-
-    void lineEnds() { controlWords(); }
-
-    void ignorableDestinations_data()
-    {
-        const Columns<QByteArray, int, QString> add("body", "status", "text");
-        add("unknown", "a{\\*\\unknown b}c", 0, "ac");
-        add("nested groups", "a{\\*\\unknown {b}c{d{e}}f}g", 0, "ag");
-        add("known word", "a{\\*\\b b}c", 0, "abc");
-        add("known word clears the mark", "a{\\*\\b\\unknown b}c", 0, "abc");
-        add("mark twice", "a{\\*\\*\\unknown b}c", 0, "ac");
-        add("text between", "a{\\*b\\unknown c}d", 0, "abd");
-        add("group between: the inner one is skipped", "a{\\*{\\unknown b}c}d", 0, "acd");
-        add("unknown symbol", "a{\\*\\|b}c", 0, "ac");
-        add("words have no effect", "a{\\*\\unknown\\par\\tab}b", 0, "ab");
-        add("escaped braces do not count", "a{\\*\\unknown \\{b\\}}c", 0, "ac");
-        add("bad escapes are not looked at", "a{\\*\\unknown \\'zz}b", 0, "ab");
-        // These braces close more groups than are open.
-        add("binary data is not looked at", "a{\\*\\unknown \\bin3 }}}b", 1, "ab");
-        add("text before the mark stays", "a{b\\*\\unknown c}d", 0, "abd");
-        add("one after the other", "a{\\*\\unknown b}{\\*\\unknown c}d", 0, "ad");
-    }
-
-    void ignorableDestinations() { controlWords(); }
-
-    void unicodeFallback_data()
-    {
-        const Columns<QByteArray, int, QString> add("rtf", "status", "text");
+        // Unicode fallback.
         const QString dash(QChar(0x2014));
         add("question mark", "{\\u8212?x}", 0, dash + "x");
         add("delimiter and question mark", "{\\u8212 ?x}", 0, dash + "x");
@@ -210,35 +98,8 @@ private slots:
         add("the count is restored with the group", "{{\\uc0\\u8212 a}\\u8212 ax}", 0,
             dash + "a" + dash + "x");
         add("the count is handed down to groups", "{\\uc0{\\u8212 a}x}", 0, dash + "ax");
-    }
 
-    void unicodeFallback() { statuses(); }
-
-    void unicodeUnits_data()
-    {
-        const Columns<QByteArray, QString> add("words", "text");
-        add("ASCII", "\\u65?", "A");
-        add("euro sign", "\\u8364?", fromUtf16({0x20AC}));
-        add("negative", "\\u-4064?", fromUtf16({0xF020}));
-        add("-1", "\\u-1?", fromUtf16({0xFFFF}));
-        add("above 32767", "\\u61472?", fromUtf16({0xF020}));
-        add("65536 wraps", "\\u65601?", "A");
-        add("surrogates", "\\u55357?\\u56832?", fromUtf16({0xD83D, 0xDE00}));
-        add("negative surrogates", "\\u-10179?\\u-8704?", fromUtf16({0xD83D, 0xDE00}));
-        add("0", "\\u0?", fromUtf16({0}));
-    }
-
-    void unicodeUnits()
-    {
-        FETCH(QByteArray, words, QString, text);
-        const Reading reading = readBody("a" + words + "b");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "a" + text + "b");
-    }
-
-    void binaryData_data()
-    {
-        const Columns<QByteArray, int, QString> add("rtf", "status", "text");
+        // Binary data.
         add("taken", "{a\\bin3 bcdx}", 0, "ax");
         add("braces and backslashes", "{a\\bin5 {\\}}\\x}", 0, "ax");
         add("NUL bytes", QByteArray("{a\\bin3 \0\0\0x}", 13), 0, "ax");
@@ -250,13 +111,8 @@ private slots:
         add("more than is left", "{a\\bin4 bx}", 9, "abx");
         add("far more than is left", "{a\\bin2147483647 bx}", 9, "abx");
         add("nothing left", "{a\\bin1", 9, "a");
-    }
 
-    void binaryData() { statuses(); }
-
-    void binaryDataWithinTheLookAhead_data()
-    {
-        const Columns<QByteArray, int, QString> add("rtf", "status", "text");
+        // Binary data within the look ahead.
         // The first refill holds 255 bytes and the one for the data at most 1023 more; ten of these bytes are
         // the brace and the word, and one byte has to follow the data.
         add("largest", "{\\bin1267 " + QByteArray(1267, 'a') + "}", 0, QString());
@@ -267,12 +123,124 @@ private slots:
         add("four lines", "{\\bin6 a\nb\nc\ndx}", 9, "abcdx");
     }
 
-    void binaryDataWithinTheLookAhead() { statuses(); }
+    ORV_ROWS(controlWords)
+    {
+        const Rows add([](const QByteArray& body, int status, const QString& text) {
+            const Reading reading = readBody(body);
+            QCOMPARE(reading.status, status);
+            QCOMPARE(reading.text(), text);
+        });
+        add("space ends a word and vanishes", "a\\b b", 0, "ab");
+        add("only one space vanishes", "a\\b  b", 0, "a b");
+        add("space after a parameter vanishes", "a\\b0 b", 0, "ab");
+        add("other bytes end a word and stay", "a\\b;b", 0, "a;b");
+        add("a symbol takes no space", "a\\{ b", 0, "a{ b");
+        add("a symbol takes no digits", "a\\{1", 0, "a{1");
+        add("an escape takes no space", "a\\'e9 b", 0, "aé b");
+        add("unknown word", "a\\unknown b", 0, "ab");
+        add("unknown word with a parameter", "a\\unknown-12 b", 0, "ab");
+        add("unknown word opens nothing", "a{\\unknown b}c", 0, "abc");
+        add("unknown symbol", "a\\|b", 0, "ab");
+        add("a digit makes a symbol", "a\\1b", 0, "ab");
+        add("a byte above 0x7F makes a symbol", "a\\\xE9\xE9", 0, "aé");
+        add("a byte above 0x7F ends a word", "a\\b\xE9", 0, "aé");
+        add("upper case is another word", "a\\PAR b", 0, "ab");
+        add("62 letters", "a" + unknownWord(62) + " b", 0, "ab");
+        add("63 letters", "a" + unknownWord(63) + " b", 8, "a" + QString(63, QLatin1Char('q')) + " b");
+        add("64 letters", "a" + unknownWord(64) + " b", 8, "a" + QString(64, QLatin1Char('q')) + " b");
+        add("300 letters", "a" + unknownWord(300) + " b", 8, "a" + QString(300, QLatin1Char('q')) + " b");
+
+        // Line ends.
+        add("line feed", "a\nb", 0, "ab");
+        add("carriage return", "a\rb", 0, "ab");
+        add("both", "a\r\n\r\nb", 0, "ab");
+        add("ends a word", "a\\b\nb", 0, "ab");
+        add("ends a parameter", "a\\b0\r\nb", 0, "ab");
+        add("the space on the next line is text", "a\\b\n b", 0, "a b");
+        add("a word is not continued", "a\\pa\nrb", 0, "arb");
+        add("escaped line feed is a paragraph end", "a\\\nb", 0, "a\nb");
+        add("escaped carriage return is nothing", "a\\\rb", 0, "ab");
+        add("escaped CR LF is nothing", "a\\\r\nb", 0, "ab");
+        add("not even inside a skipped group", "a{\\*\\unknown\n b\r\n\\\n}c", 0, "ac");
+
+        // Ignorable destinations.
+        add("unknown", "a{\\*\\unknown b}c", 0, "ac");
+        add("nested groups", "a{\\*\\unknown {b}c{d{e}}f}g", 0, "ag");
+        add("known word", "a{\\*\\b b}c", 0, "abc");
+        add("known word clears the mark", "a{\\*\\b\\unknown b}c", 0, "abc");
+        add("mark twice", "a{\\*\\*\\unknown b}c", 0, "ac");
+        add("text between", "a{\\*b\\unknown c}d", 0, "abd");
+        add("group between: the inner one is skipped", "a{\\*{\\unknown b}c}d", 0, "acd");
+        add("unknown symbol", "a{\\*\\|b}c", 0, "ac");
+        add("words have no effect", "a{\\*\\unknown\\par\\tab}b", 0, "ab");
+        add("escaped braces do not count", "a{\\*\\unknown \\{b\\}}c", 0, "ac");
+        add("bad escapes are not looked at", "a{\\*\\unknown \\'zz}b", 0, "ab");
+        // These braces close more groups than are open.
+        add("binary data is not looked at", "a{\\*\\unknown \\bin3 }}}b", 1, "ab");
+        add("text before the mark stays", "a{b\\*\\unknown c}d", 0, "abd");
+        add("one after the other", "a{\\*\\unknown b}{\\*\\unknown c}d", 0, "ad");
+    }
+
+    ORV_ROWS(parameters)
+    {
+        const Rows add([](const QByteArray& body, double pointSize, const QString& text) {
+            const Reading reading = readBody(body);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), text);
+            QCOMPARE(reading.format(text).doubleProperty(QTextFormat::FontPointSize), pointSize);
+        });
+        // \fs N is N / 2 points, and 10 points up to 2.
+        const QByteArray zeros(60, '0');
+        add("plain", "\\fs24 x", 12.0, "x");
+        add("none", "\\fs x", 10.0, "x");
+        add("a letter follows", "\\fs24x", 12.0, "x");
+        add("leading zeros", "\\fs0024 x", 12.0, "x");
+        add("a plus sign is text", "\\fs+24 x", 10.0, "+24 x");
+        add("a space ends the word", "\\fs 24 x", 10.0, "24 x");
+        add("negative", "\\fs-24 x", 10.0, "x");
+        add("sign without digits", "\\fs-x", 10.0, "x");
+        add("sign and space", "\\fs- x", 10.0, "x");
+        add("two signs", "\\fs--24 x", 10.0, "-24 x");
+        add("wraps at 32 bits", "\\fs4294967320 x", 12.0, "x");
+        add("negative wraps to positive", "\\fs-4294967272 x", 12.0, "x");
+        add("digits end at 64 bytes", "\\fs" + zeros + "24 x", 10.0, "4 x");
+        add("digits up to 64 bytes", "\\fs" + zeros.mid(1) + "24 x", 12.0, "x");
+        add("sign as byte 64", "\\fs24" + unknownWord(62) + "-5 x", 12.0, "5 x");
+        add("space after a sign as byte 64", "\\fs24" + unknownWord(62) + "- x", 12.0, "x");
+        add("digits after byte 64 are text", "\\fs24" + unknownWord(60) + "123456 x", 12.0, "456 x");
+    }
+
+    ORV_ROWS(unicodeUnits)
+    {
+        const Rows add([](const QByteArray& words, const QString& text) {
+            const Reading reading = readBody("a" + words + "b");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), "a" + text + "b");
+        });
+        add("ASCII", "\\u65?", "A");
+        add("euro sign", "\\u8364?", fromUtf16({0x20AC}));
+        add("negative", "\\u-4064?", fromUtf16({0xF020}));
+        add("-1", "\\u-1?", fromUtf16({0xFFFF}));
+        add("above 32767", "\\u61472?", fromUtf16({0xF020}));
+        add("65536 wraps", "\\u65601?", "A");
+        add("surrogates", "\\u55357?\\u56832?", fromUtf16({0xD83D, 0xDE00}));
+        add("negative surrogates", "\\u-10179?\\u-8704?", fromUtf16({0xD83D, 0xDE00}));
+        add("0", "\\u0?", fromUtf16({0}));
+    }
 
     // Grey-scale pictures in their plain binary form: a header that is text, then one byte a pixel.
-    void hexadecimalData_data()
+    ORV_ROWS(hexadecimalData)
     {
-        const Columns<int, QByteArray, QByteArray> add("width", "digits", "pixels");
+        const Rows add([](int width, const QByteArray& digits, const QByteArray& pixels) {
+            const QByteArray header = "P5 " + QByteArray::number(width) + " 1 255 ";
+            const Reading reading = readBody("{\\pict\\wmetafile8 " + header.toHex() + digits + "}");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.images().size(), 1);
+            const QImage image = reading.picture(reading.images().first());
+            QCOMPARE(image.size(), QSize(width, 1));
+            for (int x = 0; x < width; ++x)
+                QCOMPARE(qGray(image.pixel(x, 0)), int(uchar(pixels.at(x))));
+        });
         add("one run", 2, "0a41", "\x0a\x41");
         add("upper case", 2, "0AfF", "\x0a\xff");
         add("spaces between bytes", 2, "0a 41", "\x0a\x41");
@@ -281,19 +249,6 @@ private slots:
         add("an odd run is padded in front", 2, " abc", "\x0a\xbc");
         add("a line end ends a run", 2, " a\nb", "\x0a\x0b");
         add("a space ends a run", 3, " a b 1c", "\x0a\x0b\x1c");
-    }
-
-    void hexadecimalData()
-    {
-        FETCH(int, width, QByteArray, digits, QByteArray, pixels);
-        const QByteArray header = "P5 " + QByteArray::number(width) + " 1 255 ";
-        const Reading reading = readBody("{\\pict\\wmetafile8 " + header.toHex() + digits + "}");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.images().size(), 1);
-        const QImage image = reading.picture(reading.images().first());
-        QCOMPARE(image.size(), QSize(width, 1));
-        for (int x = 0; x < width; ++x)
-            QCOMPARE(qGray(image.pixel(x, 0)), int(uchar(pixels.at(x))));
     }
 
     void hexadecimalRunsEndAfter1024Digits()
@@ -310,9 +265,9 @@ private slots:
     }
 
     // Text is drawn by what follows it: what stands behind the last control word or brace never is.
-    void textWithoutEnd_data()
+    ORV_ROWS(textWithoutEnd)
     {
-        const Columns<QByteArray, QString> add("rtf", "text");
+        const Rows add([](const QByteArray& rtf, const QString& text) { QCOMPARE(read(rtf).text(), text); });
         add("text only", "abc", QString());
         add("Unicode character", "ab\\u233?cd", "ab");
         add("two Unicode characters", "ab\\u233?c\\u234?d", "ab\u00e9c");
@@ -324,12 +279,6 @@ private slots:
         add("unknown word", "ab\\'e9cd\\zzz ef", "ab\u00e9cd");
         add("brace", "ab\\'e9cd{", "ab\u00e9cd");
         add("skipped group", "ab\\'e9{\\*\\zzz cd}ef", "ab\u00e9");
-    }
-
-    void textWithoutEnd()
-    {
-        FETCH(QByteArray, rtf, QString, text);
-        QCOMPARE(read(rtf).text(), text);
     }
 
     void textOnManyLines()

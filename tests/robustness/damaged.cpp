@@ -70,9 +70,13 @@ private slots:
         }
     }
 
-    void manyOfAKind_data()
+    ORV_ROWS(manyOfAKind)
     {
-        const Columns<QByteArray, int> add("piece", "status");
+        const Rows add([](const QByteArray& piece, int status) {
+            const Reading reading = read(piece.repeated(2000));
+            QCOMPARE(complaint(reading), QString());
+            QCOMPARE(reading.status, status);
+        });
         add("opening braces", "{", 2);
         add("closing braces", "}", 1);
         add("backslashes and letters", "\\x", 8);
@@ -85,14 +89,6 @@ private slots:
         add("bad escapes", "\\'zz", 9);
         add("bad binary data", "\\bin2147483647 ", 9);
         add("NUL bytes", QByteArray("\0", 1), 0);
-    }
-
-    void manyOfAKind()
-    {
-        FETCH(QByteArray, piece, int, status);
-        const Reading reading = read(piece.repeated(2000));
-        QCOMPARE(complaint(reading), QString());
-        QCOMPARE(reading.status, status);
     }
 };
 

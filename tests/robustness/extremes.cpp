@@ -71,9 +71,14 @@ class TestExtremes : public QObject {
     Q_OBJECT
 
 private slots:
-    void namedInputs_data()
+    ORV_ROWS(namedInputs)
     {
-        const Columns<QByteArray, int, QString> add("rtf", "status", "text");
+        const Rows add([](const QByteArray& rtf, int status, const QString& text) {
+            const Reading reading = read(rtf);
+            QCOMPARE(reading.status, status);
+            QCOMPARE(reading.text(), text);
+            QVERIFY(tablesOf(*reading.document).isEmpty());
+        });
         add("level below 0", "{\\rtf1\\itap-1 x\\par}", 0, "x\n");
         add("skipped destination without a group", "\\stylesheet}", 1, QString());
         add("unknown destination without a group", "\\*\\zzz}", 1, QString());
@@ -92,30 +97,16 @@ private slots:
         add("backslash at the end", "a\\", 7, "a");
     }
 
-    void namedInputs()
+    ORV_ROWS(strippedInputs)
     {
-        FETCH(QByteArray, rtf, int, status, QString, text);
-        const Reading reading = read(rtf);
-        QCOMPARE(reading.status, status);
-        QCOMPARE(reading.text(), text);
-        QVERIFY(tablesOf(*reading.document).isEmpty());
-    }
-
-    void strippedInputs_data()
-    {
-        const Columns<QByteArray, QByteArray> add("rtf", "output");
+        const Rows add(
+            [](const QByteArray& rtf, const QByteArray& output) { QCOMPARE(stripped(rtf), output); });
         add("lone backslash", "\\", QByteArray());
         add("backslash at the end", "a\\", "a");
         add("two gigabytes of data", "\\bin2147483647 abcde", "\\bin2147483647abcde");
         add("-5 bytes of data", "\\bin-5 abcde", "\\bin-5abcde");
         add("0 bytes of data", "\\bin0 abcde", "\\bin0abcde");
         add("5 bytes of data, with 5 left", "\\bin5 abcde", "\\bin5abcde");
-    }
-
-    void strippedInputs()
-    {
-        FETCH(QByteArray, rtf);
-        QTEST(stripped(rtf), "output");
     }
 
     /*! A byte that is no letter is a symbol; an unknown one is nothing. */
@@ -176,39 +167,35 @@ private slots:
         }
     }
 
-    void extremeNumbers_data()
+    /*! Each word with the number in every place where it may mean something else. */
+    ORV_ROWS(extremeNumbers)
     {
-        const Columns<QByteArray> add("number");
+        const Rows add([](const QByteArray& number) {
+            static const char* const frames[] = {
+                "{\\rtf1 @ x\\par @ y}",
+                "{\\rtf1{\\fonttbl{\\f1@ Quibble;}@}\\f1 x}",
+                "{\\rtf1{\\colortbl;@;}@ x}",
+                ("{\\rtf1{\\*\\listtable{\\list{\\listlevel@{\\leveltext\\'01@a;}}@\\listid1}}"
+                 "{\\*\\listoverridetable{\\listoverride\\listid1@\\ls1}}\\ls1 x@\\par}"),
+                "{\\rtf1\\trowd@\\cellx900@\\cellx2000\\pard\\intbl a@\\cell b\\cell\\row\\pard x}",
+                "{\\rtf1{\\pict\\pngblip@ 50352031203120323535200A41}x}"};
+            for (const QByteArray& word : allWords()) {
+                // Data and fallbacks take the rest of the document with them.
+                if (word == "\\bin" || word == "\\uc" || word == "\\u"
+                    || !QChar::isLetter(uint(uchar(word.at(1)))))
+                    continue;
+                for (const char* frame : frames) {
+                    const QByteArray rtf = QByteArray(frame).replace('@', word + number + ' ');
+                    const Reading reading = read(rtf);
+                    QVERIFY2(reading.status == 0 || reading.status == 2, rtf.constData());
+                    const QString complaint = complaintAboutWriting(*reading.document);
+                    QVERIFY2(complaint.isEmpty(), qPrintable(QString::fromLatin1(rtf) + complaint));
+                }
+            }
+        });
         for (const char* number : {"-2147483648", "-2147483647", "-32769", "-1", "0", "1", "255", "65536",
                                    "2147483647", "2147483648", "4294967295", "99999999999999999999"})
             add(number, QByteArray(number));
-    }
-
-    /*! Each word with the number in every place where it may mean something else. */
-    void extremeNumbers()
-    {
-        FETCH(QByteArray, number);
-        static const char* const frames[] = {
-            "{\\rtf1 @ x\\par @ y}",
-            "{\\rtf1{\\fonttbl{\\f1@ Quibble;}@}\\f1 x}",
-            "{\\rtf1{\\colortbl;@;}@ x}",
-            ("{\\rtf1{\\*\\listtable{\\list{\\listlevel@{\\leveltext\\'01@a;}}@\\listid1}}"
-             "{\\*\\listoverridetable{\\listoverride\\listid1@\\ls1}}\\ls1 x@\\par}"),
-            "{\\rtf1\\trowd@\\cellx900@\\cellx2000\\pard\\intbl a@\\cell b\\cell\\row\\pard x}",
-            "{\\rtf1{\\pict\\pngblip@ 50352031203120323535200A41}x}"};
-        for (const QByteArray& word : allWords()) {
-            // Data and fallbacks take the rest of the document with them.
-            if (word == "\\bin" || word == "\\uc" || word == "\\u"
-                || !QChar::isLetter(uint(uchar(word.at(1)))))
-                continue;
-            for (const char* frame : frames) {
-                const QByteArray rtf = QByteArray(frame).replace('@', word + number + ' ');
-                const Reading reading = read(rtf);
-                QVERIFY2(reading.status == 0 || reading.status == 2, rtf.constData());
-                const QString complaint = complaintAboutWriting(*reading.document);
-                QVERIFY2(complaint.isEmpty(), qPrintable(QString::fromLatin1(rtf) + complaint));
-            }
-        }
     }
 
     void namesOfFontsAndLinks_data() { nameRows(); }
@@ -260,9 +247,34 @@ private slots:
         QCOMPARE(reading.text(), "x"_s);
     }
 
-    void wrongTypes_data()
+    /*! Each property that Qt or the application has, in all kinds of formats, with a value of that type. */
+    ORV_ROWS(wrongTypes)
     {
-        const Columns<QVariant> add("value");
+        const Rows add([](const QVariant& value) {
+            const int own = QTextFormat::UserProperty;
+            const QList<QPair<int, int>> ranges = {
+                {0x0800, 0x0803},    {0x1000, 0x1080},       {0x1FE0, 0x2040},      {0x2100, 0x2102},
+                {0x3000, 0x3002},    {0x4000, 0x4006},       {0x5000, 0x5012},      {0x7000, 0x7001},
+                {own + 1, own + 16}, {own + 100, own + 104}, {own + 200, own + 225}};
+            for (const QPair<int, int>& range : ranges) {
+                for (int id = range.first; id < range.second; ++id) {
+                    QTextCharFormat format;
+                    format.setProperty(id, value);
+                    QTextBlockFormat blockFormat;
+                    blockFormat.setProperty(id, value);
+                    QTextTableFormat tableFormat;
+                    tableFormat.setProperty(id, value);
+                    const QSharedPointer<QTextDocument> document = newDocument();
+                    QTextCursor cursor(document.data());
+                    cursor.insertBlock(blockFormat, format);
+                    cursor.insertText("x"_s, format);
+                    cursor.insertTable(1, 2, tableFormat);
+                    cursor.insertText("y"_s, format);
+                    const QString complaint = complaintAboutWriting(*document);
+                    QVERIFY2(complaint.isEmpty(), qPrintable("%1: "_s.arg(id, 0, 16) + complaint));
+                }
+            }
+        });
         add("text", QVariant("}{\\"_s));
         add("bytes", QVariant(QByteArray("}{\\\0\xFF", 5)));
         add("list", QVariant(QVariantList() << 1 << "x"_s));
@@ -278,38 +290,45 @@ private slots:
         add("nothing", QVariant());
     }
 
-    /*! Each property that Qt or the application has, in all kinds of formats, with a value of that type. */
-    void wrongTypes()
+    ORV_ROWS(senselessNumbers)
     {
-        FETCH(QVariant, value);
-        const int own = QTextFormat::UserProperty;
-        const QList<QPair<int, int>> ranges = {
-            {0x0800, 0x0803},    {0x1000, 0x1080},       {0x1FE0, 0x2040},      {0x2100, 0x2102},
-            {0x3000, 0x3002},    {0x4000, 0x4006},       {0x5000, 0x5012},      {0x7000, 0x7001},
-            {own + 1, own + 16}, {own + 100, own + 104}, {own + 200, own + 225}};
-        for (const QPair<int, int>& range : ranges) {
-            for (int id = range.first; id < range.second; ++id) {
-                QTextCharFormat format;
-                format.setProperty(id, value);
-                QTextBlockFormat blockFormat;
+        const Rows add([](double value) {
+            const QSharedPointer<QTextDocument> document = newDocument();
+            for (const char* name : {"topMargin", "leftMargin", "rightMargin", "bottomMargin"})
+                document->setProperty(name, value);
+            document->setProperty("paperSize", QSizeF(value, value));
+            QTextBlockFormat blockFormat;
+            blockFormat.setTopMargin(value);
+            blockFormat.setBottomMargin(value);
+            blockFormat.setTextIndent(value);
+            for (int id : {ORVRtfProperty::LeftIndent, ORVRtfProperty::RightIndent,
+                           ORVRtfProperty::LineSpacing, ORVRtfProperty::LineMultiple})
                 blockFormat.setProperty(id, value);
-                QTextTableFormat tableFormat;
-                tableFormat.setProperty(id, value);
-                const QSharedPointer<QTextDocument> document = newDocument();
-                QTextCursor cursor(document.data());
-                cursor.insertBlock(blockFormat, format);
-                cursor.insertText("x"_s, format);
-                cursor.insertTable(1, 2, tableFormat);
-                cursor.insertText("y"_s, format);
-                const QString complaint = complaintAboutWriting(*document);
-                QVERIFY2(complaint.isEmpty(), qPrintable("%1: "_s.arg(id, 0, 16) + complaint));
-            }
-        }
-    }
+            blockFormat.setTabPositions(QList<QTextOption::Tab>()
+                                        << QTextOption::Tab(value, QTextOption::RightTab));
+            QTextCharFormat format;
+            format.setFontPointSize(12);
+            QTextCursor cursor(document.data());
+            cursor.insertBlock(blockFormat, format);
+            cursor.insertText("x"_s, format);
 
-    void senselessNumbers_data()
-    {
-        const Columns<double> add("value");
+            QImage image(2, 2, QImage::Format_RGB32);
+            image.fill(Qt::red);
+            document->addResource(QTextDocument::ImageResource, QUrl("a"_s), image);
+            QTextImageFormat picture;
+            picture.setName("a"_s);
+            picture.setWidth(value);
+            picture.setHeight(value);
+            cursor.insertImage(picture);
+
+            ORVTextListLevel level;
+            level.setIndent(value);
+            level.setFirstLinePosition(value);
+            QTextListFormat listFormat;
+            ORVTextListFormat::setLevels(listFormat, {level});
+            cursor.createList(listFormat);
+            QCOMPARE(complaintAboutWriting(*document), QString());
+        });
         add("not a number", std::numeric_limits<double>::quiet_NaN());
         add("infinite", std::numeric_limits<double>::infinity());
         add("negatively infinite", -std::numeric_limits<double>::infinity());
@@ -318,46 +337,6 @@ private slots:
         add("smallest", std::numeric_limits<double>::denorm_min());
         add("beyond an integer", 1e10);
         add("negative", -5000000.0);
-    }
-
-    void senselessNumbers()
-    {
-        FETCH(double, value);
-        const QSharedPointer<QTextDocument> document = newDocument();
-        for (const char* name : {"topMargin", "leftMargin", "rightMargin", "bottomMargin"})
-            document->setProperty(name, value);
-        document->setProperty("paperSize", QSizeF(value, value));
-        QTextBlockFormat blockFormat;
-        blockFormat.setTopMargin(value);
-        blockFormat.setBottomMargin(value);
-        blockFormat.setTextIndent(value);
-        for (int id : {ORVRtfProperty::LeftIndent, ORVRtfProperty::RightIndent, ORVRtfProperty::LineSpacing,
-                       ORVRtfProperty::LineMultiple})
-            blockFormat.setProperty(id, value);
-        blockFormat.setTabPositions(QList<QTextOption::Tab>()
-                                    << QTextOption::Tab(value, QTextOption::RightTab));
-        QTextCharFormat format;
-        format.setFontPointSize(12);
-        QTextCursor cursor(document.data());
-        cursor.insertBlock(blockFormat, format);
-        cursor.insertText("x"_s, format);
-
-        QImage image(2, 2, QImage::Format_RGB32);
-        image.fill(Qt::red);
-        document->addResource(QTextDocument::ImageResource, QUrl("a"_s), image);
-        QTextImageFormat picture;
-        picture.setName("a"_s);
-        picture.setWidth(value);
-        picture.setHeight(value);
-        cursor.insertImage(picture);
-
-        ORVTextListLevel level;
-        level.setIndent(value);
-        level.setFirstLinePosition(value);
-        QTextListFormat listFormat;
-        ORVTextListFormat::setLevels(listFormat, {level});
-        cursor.createList(listFormat);
-        QCOMPARE(complaintAboutWriting(*document), QString());
     }
 
     void senselessTables()
@@ -378,43 +357,39 @@ private slots:
         }
     }
 
-    void unknownKinds_data()
+    /*! Properties that are to say one of a few kinds, with a number that stands for none. */
+    ORV_ROWS(unknownKinds)
     {
-        const Columns<int> add("kind");
+        const Rows add([](int kind) {
+            QTextBlockFormat blockFormat;
+            for (const int id : {QTextFormat::LayoutDirection, QTextFormat::BlockAlignment,
+                                 QTextFormat::LineHeightType, QTextFormat::PageBreakPolicy})
+                blockFormat.setProperty(id, kind);
+            QTextCharFormat charFormat;
+            for (const int id : {QTextFormat::LayoutDirection, QTextFormat::TextVerticalAlignment,
+                                 QTextFormat::TextUnderlineStyle, QTextFormat::FontCapitalization,
+                                 QTextFormat::FontHintingPreference, QTextFormat::FontStyleHint})
+                charFormat.setProperty(id, kind);
+            QTextListFormat listFormat;
+            listFormat.setProperty(QTextFormat::ListStyle, kind);
+            QTextTableFormat tableFormat;
+            for (const int id :
+                 {QTextFormat::FrameBorderStyle, QTextFormat::CssFloat, QTextFormat::BlockAlignment,
+                  QTextFormat::LayoutDirection, QTextFormat::PageBreakPolicy})
+                tableFormat.setProperty(id, kind);
+
+            const QSharedPointer<QTextDocument> document = newDocument();
+            QTextCursor cursor(document.data());
+            cursor.setBlockFormat(blockFormat);
+            cursor.insertText("x"_s, charFormat);
+            cursor.createList(listFormat);
+            QTextTable* const table = cursor.insertTable(1, 1, tableFormat);
+            table->cellAt(0, 0).setFormat(charFormat);
+            QCOMPARE(complaintAboutWriting(*document), QString());
+        });
         for (const int kind :
              {32, 77, -1, -100, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})
             add(qPrintable(QString::number(kind)), kind);
-    }
-
-    /*! Properties that are to say one of a few kinds, with a number that stands for none. */
-    void unknownKinds()
-    {
-        FETCH(int, kind);
-        QTextBlockFormat blockFormat;
-        for (const int id : {QTextFormat::LayoutDirection, QTextFormat::BlockAlignment,
-                             QTextFormat::LineHeightType, QTextFormat::PageBreakPolicy})
-            blockFormat.setProperty(id, kind);
-        QTextCharFormat charFormat;
-        for (const int id : {QTextFormat::LayoutDirection, QTextFormat::TextVerticalAlignment,
-                             QTextFormat::TextUnderlineStyle, QTextFormat::FontCapitalization,
-                             QTextFormat::FontHintingPreference, QTextFormat::FontStyleHint})
-            charFormat.setProperty(id, kind);
-        QTextListFormat listFormat;
-        listFormat.setProperty(QTextFormat::ListStyle, kind);
-        QTextTableFormat tableFormat;
-        for (const int id :
-             {QTextFormat::FrameBorderStyle, QTextFormat::CssFloat, QTextFormat::BlockAlignment,
-              QTextFormat::LayoutDirection, QTextFormat::PageBreakPolicy})
-            tableFormat.setProperty(id, kind);
-
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCursor cursor(document.data());
-        cursor.setBlockFormat(blockFormat);
-        cursor.insertText("x"_s, charFormat);
-        cursor.createList(listFormat);
-        QTextTable* const table = cursor.insertTable(1, 1, tableFormat);
-        table->cellAt(0, 0).setFormat(charFormat);
-        QCOMPARE(complaintAboutWriting(*document), QString());
     }
 
     void unusualBrushes()

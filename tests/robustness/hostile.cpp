@@ -156,37 +156,34 @@ private slots:
         }
     }
 
-    void conversions_data()
-    {
-        const Columns<int> add("number");
-        int number = 0;
-        const QList<hostile::Input> inputs = hostile::inputs();
-        for (const hostile::Input& input : inputs)
-            add(input.name, number++);
-    }
-
     /*!
         Reading, writing again, and stripping. Other programs make a measured time longer and never shorter,
         so that the shortest of several is taken. Where the larger input no longer fits the processor's cache,
         one step is longer than the others: then the times grow little enough over two steps.
     */
-    void conversions()
+    ORV_ROWS(conversions)
     {
-        FETCH(int, number);
-        QVector<double> half = measured(number, megabyte / 2);
-        QVector<double> whole = measured(number, megabyte);
-        QCOMPARE(half.size(), 3);
-        QCOMPARE(whole.size(), 3);
-        for (int attempt = 1; attempt < mostAttempts && growsTooMuch(half, whole, mostGrowth); ++attempt) {
-            takeMinima(half, measured(number, megabyte / 2));
-            takeMinima(whole, measured(number, megabyte));
-        }
-        if (!growsTooMuch(half, whole, mostGrowth))
-            return;
-        const QVector<double> quarter = measured(number, megabyte / 4);
-        QCOMPARE(quarter.size(), 3);
-        QVERIFY2(!growsTooMuch(quarter, whole, mostGrowth * mostGrowth),
-                 qPrintable("%1 -> %2 -> %3"_s.arg(listOf(quarter), listOf(half), listOf(whole))));
+        const Rows add([](int number) {
+            QVector<double> half = measured(number, megabyte / 2);
+            QVector<double> whole = measured(number, megabyte);
+            QCOMPARE(half.size(), 3);
+            QCOMPARE(whole.size(), 3);
+            for (int attempt = 1; attempt < mostAttempts && growsTooMuch(half, whole, mostGrowth);
+                 ++attempt) {
+                takeMinima(half, measured(number, megabyte / 2));
+                takeMinima(whole, measured(number, megabyte));
+            }
+            if (!growsTooMuch(half, whole, mostGrowth))
+                return;
+            const QVector<double> quarter = measured(number, megabyte / 4);
+            QCOMPARE(quarter.size(), 3);
+            QVERIFY2(!growsTooMuch(quarter, whole, mostGrowth * mostGrowth),
+                     qPrintable("%1 -> %2 -> %3"_s.arg(listOf(quarter), listOf(half), listOf(whole))));
+        });
+        int number = 0;
+        const QList<hostile::Input> inputs = hostile::inputs();
+        for (const hostile::Input& input : inputs)
+            add(input.name, number++);
     }
 
     /*! A picture that would take 450 megabytes, and several gigabytes in colours. */

@@ -24,81 +24,65 @@ class TestLimits : public QObject {
     Q_OBJECT
 
 private slots:
-    void tabStops_data()
+    ORV_ROWS(tabStops)
     {
-        const Columns<int, int> add("count", "kept");
+        const Rows add([](int count, int kept) {
+            QByteArray words;
+            for (int i = 1; i <= count; ++i)
+                words += "\\tx" + QByteArray::number(20 * i);
+            const QList<QTextOption::Tab> tabs = readBody(words + " x").blockFormat(0).tabPositions();
+            QCOMPARE(int(tabs.size()), kept);
+            QCOMPARE(tabs.last().position, double(kept));
+        });
         add("below", 255, 255);
         add("at", 256, 256);
         add("above", 257, 256);
     }
 
-    void tabStops()
+    /*! Only the first thousand are looked for among the installed fonts; the others keep their names too. */
+    ORV_ROWS(fonts)
     {
-        FETCH(int, count, int, kept);
-        QByteArray words;
-        for (int i = 1; i <= count; ++i)
-            words += "\\tx" + QByteArray::number(20 * i);
-        const QList<QTextOption::Tab> tabs = readBody(words + " x").blockFormat(0).tabPositions();
-        QCOMPARE(int(tabs.size()), kept);
-        QCOMPARE(tabs.last().position, double(kept));
-    }
-
-    void fonts_data()
-    {
-        const Columns<int, bool> add("number", "known");
+        const Rows add([](int number, bool known) {
+            QByteArray table = "{\\fonttbl";
+            for (int i = 1; i <= number; ++i)
+                table += "{\\f" + QByteArray::number(i) + " Quibble " + QByteArray::number(i) + ";}";
+            const Reading reading = readBody(table + "}\\f" + QByteArray::number(number) + " x");
+            QCOMPARE(reading.status, 0);
+            const QString family = propertiesOf(reading.format("x"_s)).value(Family).toString();
+            QCOMPARE(family == "Quibble %1"_s.arg(number), known);
+        });
         add("below", 9999, true);
         add("at", 10000, true);
         add("above", 10001, false);
     }
 
-    /*! Only the first thousand are looked for among the installed fonts; the others keep their names too. */
-    void fonts()
+    ORV_ROWS(listLevels)
     {
-        FETCH(int, number, bool, known);
-        QByteArray table = "{\\fonttbl";
-        for (int i = 1; i <= number; ++i)
-            table += "{\\f" + QByteArray::number(i) + " Quibble " + QByteArray::number(i) + ";}";
-        const Reading reading = readBody(table + "}\\f" + QByteArray::number(number) + " x");
-        QCOMPARE(reading.status, 0);
-        const QString family = propertiesOf(reading.format("x"_s)).value(Family).toString();
-        QCOMPARE(family == "Quibble %1"_s.arg(number), known);
-    }
-
-    void listLevels_data()
-    {
-        const Columns<int, int> add("count", "kept");
+        const Rows add([](int count, int kept) {
+            QByteArray levels;
+            for (int i = 0; i < count; ++i)
+                levels += "{\\listlevel\\levelnfc0{\\leveltext\\'01" + QByteArray(1, char('a' + i)) + ";}}";
+            const QList<ORVTextListLevel> read = levelsOf(readBody(listWith(levels)));
+            QCOMPARE(int(read.size()), kept);
+            QCOMPARE(read.last().text(), QString(QLatin1Char(char('a' + kept - 1))));
+        });
         add("below", 8, 8);
         add("at", 9, 9);
         add("above", 10, 9);
     }
 
-    void listLevels()
+    /*! The length of a level's text is one byte; a Unicode character as the length can say more. */
+    ORV_ROWS(levelText)
     {
-        FETCH(int, count, int, kept);
-        QByteArray levels;
-        for (int i = 0; i < count; ++i)
-            levels += "{\\listlevel\\levelnfc0{\\leveltext\\'01" + QByteArray(1, char('a' + i)) + ";}}";
-        const QList<ORVTextListLevel> read = levelsOf(readBody(listWith(levels)));
-        QCOMPARE(int(read.size()), kept);
-        QCOMPARE(read.last().text(), QString(QLatin1Char(char('a' + kept - 1))));
-    }
-
-    void levelText_data()
-    {
-        const Columns<int, int> add("length", "kept");
+        const Rows add([](int length, int kept) {
+            const QByteArray text = "\\u" + QByteArray::number(length) + "?" + QByteArray(length, 'a');
+            const Reading reading = readBody(listWith("{\\listlevel{\\leveltext" + text + ";}}"));
+            QCOMPARE(levelsOf(reading).value(0).text(), QString(kept, QLatin1Char('a')));
+        });
         add("below", 254, 254);
         add("at", 255, 255);
         add("above", 256, 255);
         add("far above", 5000, 255);
-    }
-
-    /*! The length of a level's text is one byte; a Unicode character as the length can say more. */
-    void levelText()
-    {
-        FETCH(int, length, int, kept);
-        const QByteArray text = "\\u" + QByteArray::number(length) + "?" + QByteArray(length, 'a');
-        const Reading reading = readBody(listWith("{\\listlevel{\\leveltext" + text + ";}}"));
-        QCOMPARE(levelsOf(reading).value(0).text(), QString(kept, QLatin1Char('a')));
     }
 
     /*! The limit is that of the text as the file has it; each placeholder becomes two characters. */
@@ -109,58 +93,51 @@ private slots:
         QCOMPARE(levelsOf(reading).value(0).text(), "%0"_s.repeated(255));
     }
 
-    void fieldInstruction_data()
+    ORV_ROWS(fieldInstruction)
     {
-        const Columns<int, bool> add("length", "isLink");
+        const Rows add([](int length, bool isLink) {
+            const QByteArray target(length - int(qstrlen("HYPERLINK \"\"")), 'a');
+            const Reading reading =
+                readBody("{\\field{\\*\\fldinst HYPERLINK \"" + target + "\"}{\\fldrslt x}}");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), "x"_s);
+            const QString href = reading.format("x"_s).anchorHref();
+            QCOMPARE(href, isLink ? QString::fromLatin1(target) : QString());
+        });
         add("below", 8191, true);
         add("at", 8192, true);
         add("above", 8193, false);
         add("far above", 20000, false);
     }
 
-    void fieldInstruction()
-    {
-        FETCH(int, length, bool, isLink);
-        const QByteArray target(length - int(qstrlen("HYPERLINK \"\"")), 'a');
-        const Reading reading = readBody("{\\field{\\*\\fldinst HYPERLINK \"" + target + "\"}{\\fldrslt x}}");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "x"_s);
-        const QString href = reading.format("x"_s).anchorHref();
-        QCOMPARE(href, isLink ? QString::fromLatin1(target) : QString());
-    }
-
-    void tableCells_data()
-    {
-        const Columns<int, int> add("shortRows", "tables");
-        // 256 cells a row; the file has 256 and one for each short row. Room is kept for one more boundary.
-        add("below", 300, 1);
-        add("above", 500, 2);
-    }
-
     /*!
         Rows below a much wider one stay one table up to 100,000 cells that the file does not have; no text is
         lost.
     */
-    void tableCells()
+    ORV_ROWS(tableCells)
     {
-        FETCH(int, shortRows, int, tables);
-        QByteArray rtf = "\\trowd";
-        for (int i = 1; i <= 256; ++i)
-            rtf += "\\cellx" + QByteArray::number(10 * i);
-        rtf += "\\pard\\intbl" + "\\cell"_b.repeated(256) + "\\row\n"
-            + "\\trowd\\cellx2560\\pard\\intbl x\\cell\\row\n"_b.repeated(shortRows) + "\\pard after";
-        const Reading reading = readBody(rtf);
-        QCOMPARE(reading.status, 0);
-        const QList<QTextTable*> found = tablesOf(*reading.document);
-        QCOMPARE(int(found.size()), tables);
-        int rows = 0;
-        for (const QTextTable* table : found)
-            rows += table->rows();
-        QCOMPARE(rows, shortRows + 1);
-        QCOMPARE(found.first()->columns(), 256);
-        QCOMPARE(found.last()->columns(), tables == 1 ? 256 : 1);
-        QCOMPARE(int(reading.text().count(QLatin1Char('x'))), shortRows);
-        QVERIFY(reading.text().endsWith("after"_s));
+        const Rows add([](int shortRows, int tables) {
+            QByteArray rtf = "\\trowd";
+            for (int i = 1; i <= 256; ++i)
+                rtf += "\\cellx" + QByteArray::number(10 * i);
+            rtf += "\\pard\\intbl" + "\\cell"_b.repeated(256) + "\\row\n"
+                + "\\trowd\\cellx2560\\pard\\intbl x\\cell\\row\n"_b.repeated(shortRows) + "\\pard after";
+            const Reading reading = readBody(rtf);
+            QCOMPARE(reading.status, 0);
+            const QList<QTextTable*> found = tablesOf(*reading.document);
+            QCOMPARE(int(found.size()), tables);
+            int rows = 0;
+            for (const QTextTable* table : found)
+                rows += table->rows();
+            QCOMPARE(rows, shortRows + 1);
+            QCOMPARE(found.first()->columns(), 256);
+            QCOMPARE(found.last()->columns(), tables == 1 ? 256 : 1);
+            QCOMPARE(int(reading.text().count(QLatin1Char('x'))), shortRows);
+            QVERIFY(reading.text().endsWith("after"_s));
+        });
+        // 256 cells a row; the file has 256 and one for each short row. Room is kept for one more boundary.
+        add("below", 300, 1);
+        add("above", 500, 2);
     }
 
     /*!

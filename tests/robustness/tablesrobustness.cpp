@@ -254,9 +254,28 @@ private slots:
         cursor.endEditBlock();
     }
 
-    void threeWords_data()
+    /*! Words that end cells and rows, in every order, without a row definition. */
+    ORV_ROWS(threeWords)
     {
-        const Columns<QByteArray> add("start");
+        const Rows add([](const QByteArray& start) {
+            const QList<QByteArray> words = {"\\cell",    "\\row",   "\\nestcell", "\\nestrow",
+                                             "\\lastrow", "\\clmrg", "\\clvmrg",   "\\cellx5000"};
+            for (const QByteArray& first : words) {
+                for (const QByteArray& second : words) {
+                    for (const QByteArray& third : words) {
+                        for (const QByteArray& text : {QByteArray(), " x"_b}) {
+                            const QByteArray rtf =
+                                start + first + text + second + text + third + text + "\\intbl y\\cell\\row";
+                            const Reading reading = readBody(rtf);
+                            QVERIFY2(reading.status == 0, rtf.constData());
+                            const QString complaint = complaintAbout(reading);
+                            QVERIFY2(complaint.isEmpty(),
+                                     qPrintable(complaint + ' ' + QString::fromLatin1(rtf)));
+                        }
+                    }
+                }
+            }
+        });
         add("nothing", QByteArray());
         add("text", "text");
         add("in a paragraph of a table", "\\intbl");
@@ -264,28 +283,6 @@ private slots:
         add("in a cell with text", "\\intbl text");
         add("behind a row", row("4320 8640", "A B"));
         add("behind a nested row", "\\intbl\\itap2 N\\nestcell{\\*\\nesttableprops\\cellx900\\nestrow}");
-    }
-
-    /*! Words that end cells and rows, in every order, without a row definition. */
-    void threeWords()
-    {
-        FETCH(QByteArray, start);
-        const QList<QByteArray> words = {"\\cell",    "\\row",   "\\nestcell", "\\nestrow",
-                                         "\\lastrow", "\\clmrg", "\\clvmrg",   "\\cellx5000"};
-        for (const QByteArray& first : words) {
-            for (const QByteArray& second : words) {
-                for (const QByteArray& third : words) {
-                    for (const QByteArray& text : {QByteArray(), " x"_b}) {
-                        const QByteArray rtf =
-                            start + first + text + second + text + third + text + "\\intbl y\\cell\\row";
-                        const Reading reading = readBody(rtf);
-                        QVERIFY2(reading.status == 0, rtf.constData());
-                        const QString complaint = complaintAbout(reading);
-                        QVERIFY2(complaint.isEmpty(), qPrintable(complaint + ' ' + QString::fromLatin1(rtf)));
-                    }
-                }
-            }
-        }
     }
 
     /*! The sequences are worth trying: many make tables, some of them nested, some with pictures. */
@@ -304,29 +301,30 @@ private slots:
         QVERIFY(withPictures > 5);
     }
 
-    void randomSequences_data()
+    ORV_ROWS(randomSequences)
     {
-        const Columns<int> add("firstSeed");
+        const Rows add([](int firstSeed) {
+            for (int seed = firstSeed; seed < firstSeed + 100; ++seed) {
+                const Sequence sequence{unsigned(seed)};
+                const Reading reading = read(sequence.rtf);
+                QVERIFY2(reading.status == sequence.status(), sequence.rtf.constData());
+                QVERIFY2(reading.ok == (reading.status == 0), sequence.rtf.constData());
+                const QString complaint = complaintAbout(reading);
+                QVERIFY2(complaint.isEmpty(),
+                         qPrintable(complaint + ' ' + QString::fromLatin1(sequence.rtf)));
+            }
+        });
         for (int seed = 0; seed < 5000; seed += 100)
             add(qPrintable(QString::number(seed)), seed);
     }
 
-    void randomSequences()
+    ORV_ROWS(largeInputs)
     {
-        FETCH(int, firstSeed);
-        for (int seed = firstSeed; seed < firstSeed + 100; ++seed) {
-            const Sequence sequence{unsigned(seed)};
-            const Reading reading = read(sequence.rtf);
-            QVERIFY2(reading.status == sequence.status(), sequence.rtf.constData());
-            QVERIFY2(reading.ok == (reading.status == 0), sequence.rtf.constData());
-            const QString complaint = complaintAbout(reading);
-            QVERIFY2(complaint.isEmpty(), qPrintable(complaint + ' ' + QString::fromLatin1(sequence.rtf)));
-        }
-    }
-
-    void largeInputs_data()
-    {
-        const Columns<QByteArray> add("rtf");
+        const Rows add([](const QByteArray& rtf) {
+            const Reading reading = readBody(rtf);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(complaintAbout(reading), QString());
+        });
         add("cells without rows", "\\intbl " + "x\\cell "_b.repeated(50000));
         add("empty cells without rows", "\\intbl" + "\\cell"_b.repeated(100000));
         add("definitions without rows", "\\intbl" + "\\cellx100"_b.repeated(100000));
@@ -350,14 +348,6 @@ private slots:
         add("never closed", "\\intbl\\itap12 " + "x\\nestcell\\nestrow\\itap12 "_b.repeated(3000));
     }
 
-    void largeInputs()
-    {
-        FETCH(QByteArray, rtf);
-        const Reading reading = readBody(rtf);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(complaintAbout(reading), QString());
-    }
-
     /*! Beyond the last column text goes on in the last cell, however much it is. */
     void rowOfManyCells()
     {
@@ -369,24 +359,20 @@ private slots:
         QCOMPARE(int(contentOf(table->cellAt(0, 255)).count(QLatin1Char('x'))), 20000 - 255);
     }
 
-    void verticalMergeOverManyRows_data()
+    ORV_ROWS(verticalMergeOverManyRows)
     {
-        const Columns<int> add("rows");
+        const Rows add([](int rows) {
+            const Reading reading = readBody(row("4320 8640", "A B")
+                                             + row("4320v 8640", "- C").repeated(rows - 1) + "\\pard after");
+            const QTextTable* table = tablesOf(*reading.document).value(0);
+            QVERIFY(table);
+            QCOMPARE(table->rows(), rows);
+            QCOMPARE(table->columns(), 2);
+            QCOMPARE(cellShape(table->cellAt(rows - 1, 0)), "A(r%1)"_s.arg(rows));
+            QCOMPARE(cellShape(table->cellAt(rows - 1, 1)), "C"_s);
+        });
         add("2000", 2000);
         add("4000", 4000);
-    }
-
-    void verticalMergeOverManyRows()
-    {
-        FETCH(int, rows);
-        const Reading reading =
-            readBody(row("4320 8640", "A B") + row("4320v 8640", "- C").repeated(rows - 1) + "\\pard after");
-        const QTextTable* table = tablesOf(*reading.document).value(0);
-        QVERIFY(table);
-        QCOMPARE(table->rows(), rows);
-        QCOMPARE(table->columns(), 2);
-        QCOMPARE(cellShape(table->cellAt(rows - 1, 0)), "A(r%1)"_s.arg(rows));
-        QCOMPARE(cellShape(table->cellAt(rows - 1, 1)), "C"_s);
     }
 
     void manyNestedTables()

@@ -147,25 +147,21 @@ private slots:
         ORVTextRtf::setRtfMimeData(nullptr, nullptr);
     }
 
-    void ownFlavourIsToTheLetter_data()
+    ORV_ROWS(ownFlavourIsToTheLetter)
     {
         typedef QSharedPointer<QTextDocument> Document;
-        const Columns<Document, bool, QByteArray> add("document", "inPlace", "rtf");
+        const Rows add([](const Document& document, bool inPlace, const QByteArray& rtf) {
+            QMimeData mime;
+            ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), inPlace);
+            QCOMPARE(mime.formats(), QStringList(ownType()));
+            QCOMPARE(wellFormed(mime.data(ownType())), rtf);
+        });
         const QByteArray text = documentHead() + firstParagraph() + run("Hello") + "}";
         add("text", textDocument("Hello"_s), false, text);
         add("text, in place", textDocument("Hello"_s), true, text);
         add("table", tableDocument(), false, tableRtf(""));
         add("table, in place", tableDocument(), true, tableRtf(""));
         add("no export", unexportedDocument(), false, unexportedRtf());
-    }
-
-    void ownFlavourIsToTheLetter()
-    {
-        FETCH(QSharedPointer<QTextDocument>, document, bool, inPlace, QByteArray, rtf);
-        QMimeData mime;
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), inPlace);
-        QCOMPARE(mime.formats(), QStringList(ownType()));
-        QCOMPARE(wellFormed(mime.data(ownType())), rtf);
     }
 
     void ownFlavourInPlace()
@@ -193,35 +189,36 @@ private slots:
         QVERIFY(document->isUndoAvailable());
     }
 
-    void tableReadsBack_data()
+    ORV_ROWS(tableReadsBack)
     {
-        const Columns<bool, QString> add("own", "text");
+        const Rows add([](bool own, const QString& text) {
+            QMimeData mime;
+            const QSharedPointer<QTextDocument> back = newDocument();
+            if (own) {
+                ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableDocument().data(), false);
+                QVERIFY(ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, back.data()));
+            } else {
+                ORVTextRtf::setRtfMimeData(&mime, tableDocument().data());
+                QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, back.data()));
+            }
+            QCOMPARE(textOf(*back), text);
+            QCOMPARE(back->rootFrame()->childFrames().size(), 1);
+            QVERIFY(qobject_cast<QTextTable*>(back->rootFrame()->childFrames().first()));
+        });
         // Behind a table that is read there are two paragraphs: the one that Qt needs there, and a new one.
         add("own flavour", true, "before\ncell\n\n");
         // Where the paragraph in front of it is ended, Qt needs another one there, too.
         add("plain flavour", false, "before\n\ncell\n\n");
     }
 
-    void tableReadsBack()
+    ORV_ROWS(hasRtf)
     {
-        FETCH(bool, own, QString, text);
-        QMimeData mime;
-        const QSharedPointer<QTextDocument> back = newDocument();
-        if (own) {
-            ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableDocument().data(), false);
-            QVERIFY(ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, back.data()));
-        } else {
-            ORVTextRtf::setRtfMimeData(&mime, tableDocument().data());
-            QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, back.data()));
-        }
-        QCOMPARE(textOf(*back), text);
-        QCOMPARE(back->rootFrame()->childFrames().size(), 1);
-        QVERIFY(qobject_cast<QTextTable*>(back->rootFrame()->childFrames().first()));
-    }
-
-    void hasRtf_data()
-    {
-        const Columns<QString, QByteArray, bool> add("type", "data", "expected");
+        const Rows add([](const QString& type, const QByteArray& data, bool expected) {
+            QMimeData mime;
+            QVERIFY(!ORVTextRtf::hasRtfMimeData(&mime));
+            mime.setData(type, data);
+            QCOMPARE(ORVTextRtf::hasRtfMimeData(&mime), expected);
+        });
         for (const QString& type : ORV::rtfMimeTypes()) {
             add(qPrintable(type), type, Sample, true);
             add(qPrintable(type + ", empty"_s), type, QByteArray(), true);
@@ -230,15 +227,6 @@ private slots:
         add("own flavour", ownType(), Sample, false);
         add("text", "text/plain", Sample, false);
         add("like RTF", "text/rtfd", Sample, false);
-    }
-
-    void hasRtf()
-    {
-        FETCH(QString, type, QByteArray, data, bool, expected);
-        QMimeData mime;
-        QVERIFY(!ORVTextRtf::hasRtfMimeData(&mime));
-        mime.setData(type, data);
-        QCOMPARE(ORVTextRtf::hasRtfMimeData(&mime), expected);
     }
 
     void hasRtfAsksInOrderUpToTheFirst()
@@ -258,12 +246,22 @@ private slots:
         What is under the first three types of RTF (null: nothing at all), whether it is read, and the
         document's text then, which was "old".
     */
-    void reading_data()
+    ORV_ROWS(reading)
     {
         const QByteArray absent;
         const QByteArray empty("");
-        const Columns<QByteArray, QByteArray, QByteArray, bool, QString> add("first", "second", "third", "ok",
-                                                                             "text");
+        const Rows add([](const QByteArray& first, const QByteArray& second, const QByteArray& third, bool ok,
+                          const QString& text) {
+            QMimeData mime;
+            const QByteArray contents[] = {first, second, third};
+            for (int i = 0; i < 3; ++i) {
+                if (!contents[i].isNull())
+                    mime.setData(ORV::rtfMimeTypes().at(i), contents[i]);
+            }
+            const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+            QCOMPARE(ORVTextRtf::fromRtfMimeData(&mime, document.data()), ok);
+            QCOMPARE(textOf(*document), text);
+        });
         add("nothing", absent, absent, absent, false, "old");
         add("first", Sample, absent, absent, true, "One two");
         add("second", absent, Sample, absent, true, "One two");
@@ -280,20 +278,6 @@ private slots:
         add("damaged", Damaged, absent, absent, false, "Half a text\nand more");
         add("damaged, then empty", Damaged, empty, absent, false, "Half a text\nand more");
         add("garbage, then damaged", Garbage, Damaged, absent, false, "Half a text\nand more");
-    }
-
-    void reading()
-    {
-        FETCH(QByteArray, first, QByteArray, second, QByteArray, third, bool, ok, QString, text);
-        QMimeData mime;
-        const QByteArray contents[] = {first, second, third};
-        for (int i = 0; i < 3; ++i) {
-            if (!contents[i].isNull())
-                mime.setData(ORV::rtfMimeTypes().at(i), contents[i]);
-        }
-        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
-        QCOMPARE(ORVTextRtf::fromRtfMimeData(&mime, document.data()), ok);
-        QCOMPARE(textOf(*document), text);
     }
 
     void readingAsksInOrderUpToTheFirstSuccess()
@@ -338,24 +322,20 @@ private slots:
         QCOMPARE(textOf(*document), "old"_s);
     }
 
-    void readingOneType_data()
+    ORV_ROWS(readingOneType)
     {
-        const Columns<QString, QByteArray, bool, QString> add("type", "data", "ok", "text");
+        const Rows add([](const QString& type, const QByteArray& data, bool ok, const QString& text) {
+            QMimeData mime;
+            mime.setData(type, data);
+            const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+            QCOMPARE(ORVTextRtf::parseRtfMimeData("application/x-some-rtf"_s, &mime, document.data()), ok);
+            QCOMPARE(textOf(*document), text);
+        });
         const QString asked = "application/x-some-rtf"_s;
         add("valid", asked, Sample, true, "One two");
         add("empty", asked, QByteArray(), false, "old");
         add("damaged", asked, Damaged, false, "Half a text\nand more");
         add("another type", ORV::rtfMimeTypes().first(), Sample, false, "old");
-    }
-
-    void readingOneType()
-    {
-        FETCH(QString, type, QByteArray, data, bool, ok, QString, text);
-        QMimeData mime;
-        mime.setData(type, data);
-        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
-        QCOMPARE(ORVTextRtf::parseRtfMimeData("application/x-some-rtf"_s, &mime, document.data()), ok);
-        QCOMPARE(textOf(*document), text);
     }
 
     void readingTheOwnFlavour()

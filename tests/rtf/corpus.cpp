@@ -26,9 +26,51 @@ class TestCorpus : public QObject {
     Q_OBJECT
 
 private slots:
-    void reads_data()
+    ORV_ROWS(reads)
     {
-        const Columns<QString> add("path");
+        const Rows add([](const QString& path) {
+            QFile file(path);
+            QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
+            QTextDocument document;
+            ORVTextRtfReader reader(&file);
+            const bool ok = reader.read(&document);
+            QVERIFY2(reader.error() >= 0 && reader.error() <= 10,
+                     qPrintable(QString::number(reader.error())));
+            QCOMPARE(ok, reader.error() == 0);
+            QCOMPARE(reader.errorString().isEmpty(), ok);
+            QVERIFY(file.atEnd());
+        });
+        addFiles(add);
+    }
+
+    ORV_ROWS(keepsTablesAndLists)
+    {
+        const Rows add([](const QString& path) {
+            QFile file(path);
+            QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
+            const char* const reason = reasonOfListDifference(QDir(corpusDir()).relativeFilePath(path));
+            const rtftest::Reading original = rtftest::read(file.readAll());
+            for (const bool exportingMode : {false, true}) {
+                rtftest::WriteSettings settings;
+                settings.exportingMode = exportingMode;
+                const rtftest::Reading again = rtftest::read(rtftest::write(*original.document, settings));
+                QCOMPARE(again.status, 0);
+                QCOMPARE(rtftest::tableLines(*again.document), rtftest::tableLines(*original.document));
+                QCOMPARE(rtftest::itemLines(*again.document), rtftest::itemLines(*original.document));
+                if (reason)
+                    QVERIFY2(rtftest::listLines(*again.document) != rtftest::listLines(*original.document),
+                             reason);
+                else
+                    QCOMPARE(rtftest::listLines(*again.document), rtftest::listLines(*original.document));
+            }
+        });
+        addFiles(add);
+    }
+
+private:
+    template <typename AddRow>
+    static void addFiles(const AddRow& add)
+    {
         QStringList paths;
         QDirIterator it(corpusDir(), {"*.rtf"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (it.hasNext())
@@ -37,44 +79,6 @@ private slots:
         QVERIFY(!paths.isEmpty());
         for (const QString& path : paths)
             add(qPrintable(QDir(corpusDir()).relativeFilePath(path)), path);
-    }
-
-    void reads()
-    {
-        FETCH(QString, path);
-        QFile file(path);
-        QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
-        QTextDocument document;
-        ORVTextRtfReader reader(&file);
-        const bool ok = reader.read(&document);
-        QVERIFY2(reader.error() >= 0 && reader.error() <= 10, qPrintable(QString::number(reader.error())));
-        QCOMPARE(ok, reader.error() == 0);
-        QCOMPARE(reader.errorString().isEmpty(), ok);
-        QVERIFY(file.atEnd());
-    }
-
-    void keepsTablesAndLists_data() { reads_data(); }
-
-    void keepsTablesAndLists()
-    {
-        FETCH(QString, path);
-        QFile file(path);
-        QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
-        const char* const reason = reasonOfListDifference(QDir(corpusDir()).relativeFilePath(path));
-        const rtftest::Reading original = rtftest::read(file.readAll());
-        for (const bool exportingMode : {false, true}) {
-            rtftest::WriteSettings settings;
-            settings.exportingMode = exportingMode;
-            const rtftest::Reading again = rtftest::read(rtftest::write(*original.document, settings));
-            QCOMPARE(again.status, 0);
-            QCOMPARE(rtftest::tableLines(*again.document), rtftest::tableLines(*original.document));
-            QCOMPARE(rtftest::itemLines(*again.document), rtftest::itemLines(*original.document));
-            if (reason)
-                QVERIFY2(rtftest::listLines(*again.document) != rtftest::listLines(*original.document),
-                         reason);
-            else
-                QCOMPARE(rtftest::listLines(*again.document), rtftest::listLines(*original.document));
-        }
     }
 };
 

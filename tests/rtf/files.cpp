@@ -152,55 +152,48 @@ private slots:
         QCOMPARE(message, untouched());
     }
 
-    void writesAFile_data()
+    ORV_ROWS(writesAFile)
     {
-        const Columns<bool> add("exportingMode");
+        const Rows add([this](bool exportingMode) {
+            const QSharedPointer<QTextDocument> document = shortDocument();
+            QString message = untouched();
+            MessageLog log;
+            QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), document.data(), &message, false, exportingMode));
+            QCOMPARE(message, untouched());
+            const QByteArray text = exportingMode ? "{\\chpgn} Hello" : "<$p> Hello";
+            QCOMPARE(wellFormed(contents("a.rtf")),
+                     documentHead() + firstParagraph() + "{\\f0\\fs24 " + text + "}}");
+            QVERIFY(ORVTextRtf::toRtfFile(path("b.rtf"), document.data(), nullptr, false, exportingMode));
+            QCOMPARE(contents("b.rtf"), contents("a.rtf"));
+            QCOMPARE(log.texts(), QStringList());
+        });
         add("storing", false);
         add("exporting", true);
     }
 
-    void writesAFile()
+    ORV_ROWS(writingReplacesTheFile)
     {
-        FETCH(bool, exportingMode);
-        const QSharedPointer<QTextDocument> document = shortDocument();
-        QString message = untouched();
-        MessageLog log;
-        QVERIFY(ORVTextRtf::toRtfFile(path("a.rtf"), document.data(), &message, false, exportingMode));
-        QCOMPARE(message, untouched());
-        const QByteArray text = exportingMode ? "{\\chpgn} Hello" : "<$p> Hello";
-        QCOMPARE(wellFormed(contents("a.rtf")),
-                 documentHead() + firstParagraph() + "{\\f0\\fs24 " + text + "}}");
-        QVERIFY(ORVTextRtf::toRtfFile(path("b.rtf"), document.data(), nullptr, false, exportingMode));
-        QCOMPARE(contents("b.rtf"), contents("a.rtf"));
-        QCOMPARE(log.texts(), QStringList());
-    }
-
-    void writingReplacesTheFile_data()
-    {
-        const Columns<bool> add("direct");
+        const Rows add([this](bool direct) {
+            store("a.rtf", QByteArray(100000, 'x'));
+            QVERIFY(writeFile(direct, "a.rtf", shortDocument().data()));
+            QCOMPARE(contents("a.rtf"), write(*shortDocument()));
+        });
         add("with a check", false);
         add("directly", true);
     }
 
-    void writingReplacesTheFile()
+    ORV_ROWS(writingInPlace)
     {
-        FETCH(bool, direct);
-        store("a.rtf", QByteArray(100000, 'x'));
-        QVERIFY(writeFile(direct, "a.rtf", shortDocument().data()));
-        QCOMPARE(contents("a.rtf"), write(*shortDocument()));
-    }
-
-    void writingInPlace_data() { writingReplacesTheFile_data(); }
-
-    void writingInPlace()
-    {
-        FETCH(bool, direct);
-        const QSharedPointer<QTextDocument> document = shortDocument();
-        QVERIFY(writeFile(direct, "a.rtf", document.data()));
-        QVERIFY(document->isUndoRedoEnabled());
-        QVERIFY(writeFile(direct, "b.rtf", document.data(), true));
-        QVERIFY(!document->isUndoRedoEnabled());
-        QCOMPARE(contents("b.rtf"), contents("a.rtf"));
+        const Rows add([this](bool direct) {
+            const QSharedPointer<QTextDocument> document = shortDocument();
+            QVERIFY(writeFile(direct, "a.rtf", document.data()));
+            QVERIFY(document->isUndoRedoEnabled());
+            QVERIFY(writeFile(direct, "b.rtf", document.data(), true));
+            QVERIFY(!document->isUndoRedoEnabled());
+            QCOMPARE(contents("b.rtf"), contents("a.rtf"));
+        });
+        add("with a check", false);
+        add("directly", true);
     }
 
     void writingNoDocument()

@@ -32,23 +32,19 @@ private slots:
         QCOMPARE(message, "untouched"_s);
     }
 
-    void fromRtfDataMessages_data()
+    ORV_ROWS(fromRtfDataMessages)
     {
-        const Columns<QByteArray, QString, QString> add("rtf", "message", "text");
+        const Rows add([](const QByteArray& rtf, const QString& message, const QString& text) {
+            QTextDocument document;
+            QString actual = "old message"_s;
+            QVERIFY(!ORVTextRtf::fromRtfData(rtf, &document, &actual));
+            QCOMPARE(actual, message);
+            QCOMPARE(textOf(document), text);
+        });
         add("brace missing", damaged, "Unmatched '}' in Rich Text file", "One two");
         add("brace too many", sample + "}", "Unmatched '{' in Rich Text file", "One two\nthé three");
         add("cut off", "{a\\", "Unexpected end of file", "a");
         add("bad escape", "{a\\'", "Invalid control word parameter encountered", "a");
-    }
-
-    void fromRtfDataMessages()
-    {
-        FETCH(QByteArray, rtf, QString, message, QString, text);
-        QTextDocument document;
-        QString actual = "old message"_s;
-        QVERIFY(!ORVTextRtf::fromRtfData(rtf, &document, &actual));
-        QCOMPARE(actual, message);
-        QCOMPARE(textOf(document), text);
     }
 
     void fromRtfDataWithoutAMessage()
@@ -107,9 +103,13 @@ private slots:
         QCOMPARE(textOf(document), "One two"_s);
     }
 
-    void rtfCDataText_data()
+    ORV_ROWS(rtfCDataText)
     {
-        const Columns<QByteArray, QString, bool> add("rtf", "text", "null");
+        const Rows add([](const QByteArray& rtf, const QString& text, bool null) {
+            QCOMPARE(ORVTextRtf::rtfCDataText(rtf), text);
+            QCOMPARE(ORVTextRtf::rtfCDataText(rtf).isNull(), null);
+            QCOMPARE(ORVTextRtf::rtfCDataText(QByteArray()), QString());
+        });
         add("text", sample, "One two\nthé three", false);
         // As plain text, not as stored: spaces and line ends are ordinary ones.
         add("plain characters", "{a\\~b\\line c}", "a b\nc", false);
@@ -117,35 +117,23 @@ private slots:
         add("damaged behind the text", sample + "}", QString(), true);
     }
 
-    void rtfCDataText()
+    ORV_ROWS(rtfPropertyAsText)
     {
-        FETCH(QByteArray, rtf, QString, text, bool, null);
-        QCOMPARE(ORVTextRtf::rtfCDataText(rtf), text);
-        QCOMPARE(ORVTextRtf::rtfCDataText(rtf).isNull(), null);
-        QCOMPARE(ORVTextRtf::rtfCDataText(QByteArray()), QString());
-    }
-
-    void rtfPropertyAsText_data()
-    {
-        const Columns<QVariant, QString, bool> add("value", "text", "null");
+        const Rows add([](const QVariant& value, const QString& text, bool null) {
+            QTextCharFormat format;
+            format.setProperty(ORVRtfProperty::NoteContent, value);
+            QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, false), text);
+            QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, false).isNull(), null);
+            QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, true).isNull(), null);
+            // Another property is another text.
+            QVERIFY(ORVTextRtf::rtfProperty(ORVRtfProperty::PdfData, format, false).isNull());
+        });
         add("bytes", QVariant(sample), "One two\nthé three", false);
         add("string", QVariant("{\\rtf1 abc}"_s), "abc", false);
         add("missing", QVariant(), QString(), true);
         add("empty", QVariant(""_b), QString(), true);
         add("no bytes", QVariant(QSize(1, 2)), QString(), true);
         add("damaged", QVariant(damaged), QString(), true);
-    }
-
-    void rtfPropertyAsText()
-    {
-        FETCH(QVariant, value, QString, text, bool, null);
-        QTextCharFormat format;
-        format.setProperty(ORVRtfProperty::NoteContent, value);
-        QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, false), text);
-        QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, false).isNull(), null);
-        QCOMPARE(ORVTextRtf::rtfProperty(ORVRtfProperty::NoteContent, format, true).isNull(), null);
-        // Another property is another text.
-        QVERIFY(ORVTextRtf::rtfProperty(ORVRtfProperty::PdfData, format, false).isNull());
     }
 
     void rtfPropertyAsHtml()

@@ -114,22 +114,18 @@ private slots:
         QCOMPARE(ORVTextRtf::rtfCDataText(stored), text);
     }
 
-    void textToRtf_data()
+    ORV_ROWS(textToRtf)
     {
-        const Columns<QString, QByteArray> add("text", "body");
+        const Rows add([](const QString& text, const QByteArray& body) {
+            QCOMPARE(wellFormed(ORVTextRtf::textToRtf(text, nullptr)),
+                     documentHead() + firstParagraph() + body + '}');
+        });
         add("nothing", QString(), "\\f0\\fs24");
         add("one line", "a {b}", "{\\f0\\fs24 a \\{b\\}}");
         add("two lines", "a\nb", "{\\f0\\fs24 a}\n\\par\\plain {\\f0\\fs24 b}");
         add("ends with a line feed", "a\n", "{\\f0\\fs24 a}\n\\par\\plain \\f0\\fs24");
         add("looks like HTML", "<b>a</b>", "{\\f0\\fs24 <b>a</b>}");
         add("no export", "<$p>", "{\\f0\\fs24 <$p>}");
-    }
-
-    void textToRtf()
-    {
-        FETCH(QString, text, QByteArray, body);
-        QCOMPARE(wellFormed(ORVTextRtf::textToRtf(text, nullptr)),
-                 documentHead() + firstParagraph() + body + '}');
     }
 
     void textToRtfInAFont()

@@ -34,9 +34,15 @@ private slots:
         QCOMPARE(leftovers, QStringList());
     }
 
-    void suffixDecides_data()
+    ORV_ROWS(suffixDecides)
     {
-        const Columns<QString, QString> add("name", "text");
+        const Rows add([this](const QString& name, const QString& text) {
+            fake(ORVImportExport::LibreOfficeEngine, "printf '{\\\\rtf1 converted}' >output/source.rtf");
+            writeFile(path(name), "{\\rtf1 <b>bold</b>}");
+            QVERIFY(load(name, ORVImportExport::LibreOfficeEngine));
+            QCOMPARE(m_errors, QStringList());
+            QCOMPARE(m_document->toPlainText(), text);
+        });
         const QString asText = "{\\rtf1 <b>bold</b>}"_s;
         const QString asHtml = "{\\rtf1 bold}"_s;
         const QString asRtf = "<b>bold</b>"_s;
@@ -57,19 +63,15 @@ private slots:
         add("suffix only", ".odt", asConverted);
     }
 
-    void suffixDecides()
+    ORV_ROWS(otherSuffixGivesFalseAndNoMessage)
     {
-        FETCH(QString, name, QString, text);
-        fake(ORVImportExport::LibreOfficeEngine, "printf '{\\\\rtf1 converted}' >output/source.rtf");
-        writeFile(path(name), "{\\rtf1 <b>bold</b>}");
-        QVERIFY(load(name, ORVImportExport::LibreOfficeEngine));
-        QCOMPARE(m_errors, QStringList());
-        QCOMPARE(m_document->toPlainText(), text);
-    }
-
-    void otherSuffixGivesFalseAndNoMessage_data()
-    {
-        const Columns<QString> add("name");
+        const Rows add([this](const QString& name) {
+            fake(ORVImportExport::PandocEngine, "printf '{\\\\rtf1 converted}' >output/source.rtf");
+            writeFile(path(name), "{\\rtf1 text}");
+            QVERIFY(!load(name));
+            QCOMPARE(m_errors, QStringList("old message"_s));
+            QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
+        });
         add("htm", "page.htm");
         add("none", "letter");
         add("no dot", "txt");
@@ -79,31 +81,17 @@ private slots:
         add("dot at the end", "letter.rtf.");
     }
 
-    void otherSuffixGivesFalseAndNoMessage()
+    ORV_ROWS(contents)
     {
-        FETCH(QString, name);
-        fake(ORVImportExport::PandocEngine, "printf '{\\\\rtf1 converted}' >output/source.rtf");
-        writeFile(path(name), "{\\rtf1 text}");
-        QVERIFY(!load(name));
-        QCOMPARE(m_errors, QStringList("old message"_s));
-        QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
-    }
-
-    void contents_data()
-    {
-        const Columns<QString, QByteArray, QString> add("name", "bytes", "text");
+        const Rows add([this](const QString& name, const QByteArray& bytes, const QString& text) {
+            writeFile(path(name), bytes);
+            QVERIFY(load(name));
+            QCOMPARE(m_document->toPlainText(), text);
+        });
         add("plainTextIsLatin1WithLineFeeds", "a.txt", "caf\xe9 \xc3\xa9 <b>\r\nnext\nlast",
             "caf\xc3\xa9 \xc3\x83\xc2\xa9 <b>\nnext\nlast");
         add("zeroBytesEndNoText", "text.txt", "a\0b"_b, "a\0b"_s);
         add("htmlIsUtf8", "a.html", "<p>caf\xc3\xa9 <b>bold</b></p><p>next</p>", "caf\xc3\xa9 bold\nnext");
-    }
-
-    void contents()
-    {
-        FETCH(QString, name, QByteArray, bytes, QString, text);
-        writeFile(path(name), bytes);
-        QVERIFY(load(name));
-        QCOMPARE(m_document->toPlainText(), text);
     }
 
     void missingTextOrHtmlGivesTrue()
@@ -127,22 +115,18 @@ private slots:
         }
     }
 
-    void rtfFailure_data()
+    ORV_ROWS(rtfFailure)
     {
-        const Columns<QString> add("name");
+        const Rows add([this](const QString& name) {
+            writeFile(path("damaged.rtf"_s), DamagedRtf);
+            QVERIFY(QDir().mkdir(path("folder.rtf"_s)));
+            QVERIFY(!load(name));
+            QCOMPARE(m_errors, QStringList("Failed loading RTF file '"_s + path(name) + QLatin1Char('\'')));
+        });
         add("missing", "missing.rtf");
         add("damaged", "damaged.rtf");
         add("folder", "folder.rtf");
         add("name with a placeholder", "%1 missing.RTF");
-    }
-
-    void rtfFailure()
-    {
-        FETCH(QString, name);
-        writeFile(path("damaged.rtf"_s), DamagedRtf);
-        QVERIFY(QDir().mkdir(path("folder.rtf"_s)));
-        QVERIFY(!load(name));
-        QCOMPARE(m_errors, QStringList("Failed loading RTF file '"_s + path(name) + QLatin1Char('\'')));
     }
 
     void damagedRtfKeepsWhatCouldBeRead()
@@ -162,9 +146,17 @@ private slots:
                  QStringList("[ORVTextRtf] Failed loading RTF file '%1'"_s.arg(path("missing.rtf"_s))));
     }
 
-    void realDocuments_data()
+    ORV_ROWS(realDocuments)
     {
-        const Columns<QString, int> add("suffix", "engine");
+        const Rows add([this](const QString& suffix, int engine) {
+            QVERIFY(ORVTextRtf::loadFileIntoDocument(m_documents->path(suffix), m_document.data(),
+                                                     ORVImportExport::Engine(engine), &m_errors));
+            const QString text = m_document->toPlainText();
+            QVERIFY2(missingWord(text).isEmpty(), qPrintable(text));
+            QVERIFY(!text.contains(QString::fromLatin1(OldText)));
+            const QTextCursor strong = m_document->find("strong"_s);
+            QVERIFY(strong.charFormat().fontWeight() >= QFont::Bold);
+        });
         const int libreOffice = ORVImportExport::LibreOfficeEngine;
         const int abiWord = ORVImportExport::AbiWordEngine;
         const int pandoc = ORVImportExport::PandocEngine;
@@ -179,42 +171,34 @@ private slots:
         add("odt, pandoc", "odt", pandoc);
     }
 
-    void realDocuments()
+    ORV_ROWS(engineIsPassedOn)
     {
-        FETCH(QString, suffix, int, engine);
-        QVERIFY(ORVTextRtf::loadFileIntoDocument(m_documents->path(suffix), m_document.data(),
-                                                 ORVImportExport::Engine(engine), &m_errors));
-        const QString text = m_document->toPlainText();
-        QVERIFY2(missingWord(text).isEmpty(), qPrintable(text));
-        QVERIFY(!text.contains(QString::fromLatin1(OldText)));
-        const QTextCursor strong = m_document->find("strong"_s);
-        QVERIFY(strong.charFormat().fontWeight() >= QFont::Bold);
-    }
-
-    void engineIsPassedOn_data()
-    {
-        const Columns<int, QString> add("engine", "text");
+        const Rows add([this](int engine, const QString& text) {
+            fake(ORVImportExport::LibreOfficeEngine, "printf '{\\\\rtf1 LibreOffice}' >output/source.rtf");
+            fake(ORVImportExport::AbiWordEngine, "printf '{\\\\rtf1 AbiWord}' >output/source.rtf");
+            fake(ORVImportExport::PandocEngine, "printf '{\\\\rtf1 pandoc}' >output/source.rtf");
+            writeFile(path("a.docx"_s), "content");
+            QVERIFY(load("a.docx"_s, ORVImportExport::Engine(engine)));
+            QCOMPARE(m_document->toPlainText(), text);
+        });
         add("automatic", int(ORVImportExport::AutomaticEngine), "LibreOffice");
         add("LibreOffice", int(ORVImportExport::LibreOfficeEngine), "LibreOffice");
         add("AbiWord", int(ORVImportExport::AbiWordEngine), "AbiWord");
         add("pandoc", int(ORVImportExport::PandocEngine), "pandoc");
     }
 
-    void engineIsPassedOn()
+    ORV_ROWS(failedConversion)
     {
-        FETCH(int, engine, QString, text);
-        fake(ORVImportExport::LibreOfficeEngine, "printf '{\\\\rtf1 LibreOffice}' >output/source.rtf");
-        fake(ORVImportExport::AbiWordEngine, "printf '{\\\\rtf1 AbiWord}' >output/source.rtf");
-        fake(ORVImportExport::PandocEngine, "printf '{\\\\rtf1 pandoc}' >output/source.rtf");
-        writeFile(path("a.docx"_s), "content");
-        QVERIFY(load("a.docx"_s, ORVImportExport::Engine(engine)));
-        QCOMPARE(m_document->toPlainText(), text);
-    }
-
-    void failedConversion_data()
-    {
-        const Columns<QString, QByteArray, QString, int, QString> add("name", "commands", "kind", "error",
-                                                                      "detail");
+        const Rows add([this](const QString& name, const QByteArray& commands, const QString& kind, int error,
+                              const QString& detail) {
+            fake(ORVImportExport::PandocEngine, commands);
+            writeFile(path(name), "content");
+            QVERIFY(!load(name));
+            const QString first = "Failed loading "_s + kind + " file '"_s + path(name) + "'\nError: "_s
+                + TextTransform::errorDescription(TextTransform::Error(error));
+            QCOMPARE(m_errors, QStringList({first, detail}));
+            QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
+        });
         add("docx", "a.docx", "echo bad >&2; exit 2", "DOCX", int(TextTransform::ToolFailed),
             "pandoc ended with exit status 2\nbad");
         add("odt", "a.odt", "true", "ODT", int(TextTransform::NoOutput), "pandoc wrote nothing");
@@ -227,18 +211,6 @@ private slots:
         add("placeholders in the name", "%3 %2 %1.docx", "exit 1", "DOCX", int(TextTransform::ToolFailed),
             "pandoc ended with exit status 1");
         add("crash", "a.docx", "kill -KILL $$", "DOCX", int(TextTransform::ToolFailed), "pandoc crashed");
-    }
-
-    void failedConversion()
-    {
-        FETCH(QString, name, QByteArray, commands, QString, kind, int, error, QString, detail);
-        fake(ORVImportExport::PandocEngine, commands);
-        writeFile(path(name), "content");
-        QVERIFY(!load(name));
-        const QString first = "Failed loading "_s + kind + " file '"_s + path(name) + "'\nError: "_s
-            + TextTransform::errorDescription(TextTransform::Error(error));
-        QCOMPARE(m_errors, QStringList({first, detail}));
-        QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
     }
 
     void damagedConversion()
@@ -255,25 +227,21 @@ private slots:
         QVERIFY2(m_errors.first().endsWith(end), qPrintable(m_errors.first()));
     }
 
-    void readerKnowsThePage_data()
+    ORV_ROWS(readerKnowsThePage)
     {
-        const Columns<QString, int> add("name", "paperWidth");
+        const Rows add([this](const QString& name, int paperWidth) {
+            fake(ORVImportExport::PandocEngine, "printf '{\\\\rtf1\\\\paperw8400 text}' >output/source.rtf");
+            writeFile(path(name), "{\\rtf1\\paperw8400 text}");
+            ORVTextRtfReader reader;
+            QVERIFY(ORVTextRtf::loadFileIntoDocument(path(name), m_document.data(),
+                                                     ORVImportExport::PandocEngine, &m_errors, reader));
+            QVERIFY(m_document->toPlainText().contains("text"_s));
+            QCOMPARE(reader.paperWidth(), paperWidth);
+            QVERIFY(!reader.device());
+        });
         add("converted", "a.docx", 8400);
         add("rtf", "a.rtf", 8400);
         add("other format", "a.html", 12240);
-    }
-
-    void readerKnowsThePage()
-    {
-        FETCH(QString, name, int, paperWidth);
-        fake(ORVImportExport::PandocEngine, "printf '{\\\\rtf1\\\\paperw8400 text}' >output/source.rtf");
-        writeFile(path(name), "{\\rtf1\\paperw8400 text}");
-        ORVTextRtfReader reader;
-        QVERIFY(ORVTextRtf::loadFileIntoDocument(path(name), m_document.data(), ORVImportExport::PandocEngine,
-                                                 &m_errors, reader));
-        QVERIFY(m_document->toPlainText().contains("text"_s));
-        QCOMPARE(reader.paperWidth(), paperWidth);
-        QVERIFY(!reader.device());
     }
 
     void conversionMessagesHaveContextOfDocumentSupport()

@@ -188,9 +188,14 @@ class TestRoundTrip : public QObject {
     Q_OBJECT
 
 private slots:
-    void characters_data()
+    ORV_ROWS(characters)
     {
-        const Columns<QString> add("text");
+        const Rows add([](const QString& text) {
+            const Document document = textDocument(text, textFormat());
+            const RoundTrip trip(*document);
+            QCOMPARE(trip.reading.text(), text);
+            checkThatAllComesBack(trip, *document);
+        });
         add("ascii", "The quick brown fox 0123456789 !\"#$%&'()*+,-./:;<=>?@[]^_`|~");
         add("special", "a{b}c\\d");
         add("words", "\\par {\\b x} \\'e9");
@@ -212,18 +217,13 @@ private slots:
         add("lastCharacters", QString(QChar(0xfffd)));
     }
 
-    void characters()
+    ORV_ROWS(characterFormats)
     {
-        FETCH(QString, text);
-        const Document document = textDocument(text, textFormat());
-        const RoundTrip trip(*document);
-        QCOMPARE(trip.reading.text(), text);
-        checkThatAllComesBack(trip, *document);
-    }
-
-    void characterFormats_data()
-    {
-        const Columns<QTextCharFormat> add("format");
+        const Rows add([](const QTextCharFormat& format) {
+            Story story;
+            story.add("before ", textFormat()).add("run", format).add(" after", textFormat());
+            checkThatAllComesBack(RoundTrip(*story.document()), *story.document(), false);
+        });
         add("plain", textFormat());
         add("bold", textWith(QTextFormat::FontWeight, int(QFont::Bold)));
         add("normalWeight", textWith(QTextFormat::FontWeight, int(QFont::Normal)));
@@ -253,18 +253,21 @@ private slots:
         add("revisionBeyondTheColours", textWith(ORVRtfProperty::RevisionLevel, 17));
     }
 
-    void characterFormats()
-    {
-        FETCH(QTextCharFormat, format);
-        Story story;
-        story.add("before ", textFormat()).add("run", format).add(" after", textFormat());
-        checkThatAllComesBack(RoundTrip(*story.document()), *story.document(), false);
-    }
-
-    void paragraphFormats_data()
+    ORV_ROWS(paragraphFormats)
     {
         using namespace ORVRtfProperty;
-        const Columns<QTextBlockFormat> add("format");
+        const Rows add([](const QTextBlockFormat& format) {
+            const Document document = newDocument();
+            QTextCursor cursor(document.data());
+            cursor.insertText("before", textFormat());
+            cursor.insertBlock(format);
+            cursor.insertText("one", textFormat());
+            cursor.insertBlock(format);
+            cursor.insertText("two", textFormat());
+            cursor.insertBlock(QTextBlockFormat());
+            cursor.insertText("after", textFormat());
+            checkThatAllComesBack(RoundTrip(*document), *document);
+        });
         add("plain", QTextBlockFormat());
         add("left", paragraphWith(QTextFormat::BlockAlignment, 1));
         add("right", paragraphWith(QTextFormat::BlockAlignment, 2));
@@ -285,21 +288,6 @@ private slots:
         add("pageBreak", paragraphWith(QTextFormat::PageBreakPolicy, 0x1));
         add("keep", paragraphWith(QTextFormat::PageBreakPolicy, 0x220));
         add("rightToLeft", paragraphWith(QTextFormat::LayoutDirection, int(Qt::RightToLeft)));
-    }
-
-    void paragraphFormats()
-    {
-        FETCH(QTextBlockFormat, format);
-        const Document document = newDocument();
-        QTextCursor cursor(document.data());
-        cursor.insertText("before", textFormat());
-        cursor.insertBlock(format);
-        cursor.insertText("one", textFormat());
-        cursor.insertBlock(format);
-        cursor.insertText("two", textFormat());
-        cursor.insertBlock(QTextBlockFormat());
-        cursor.insertText("after", textFormat());
-        checkThatAllComesBack(RoundTrip(*document), *document);
     }
 
     void tabStops()
@@ -535,38 +523,34 @@ private slots:
         checkThatAllComesBack(RoundTrip(*story.document()), *story.document());
     }
 
-    void samples_data()
+    ORV_ROWS(samples)
     {
-        const Columns<QString> add("sample");
+        const Rows add([](const QString& sample) {
+            QFile file(QStringLiteral(TEST_DATA_DIR "/") + sample);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const Reading original = rtftest::read(file.readAll());
+            QCOMPARE(original.status, 0);
+
+            const RoundTrip trip(*original.document);
+            QCOMPARE(trip.reading.status, 0);
+            QCOMPARE(trip.reading.text(), original.text());
+            QCOMPARE(tableLines(*trip.reading.document), tableLines(*original.document));
+            QCOMPARE(listLines(*trip.reading.document), listLines(*original.document));
+            const RoundTrip again(*trip.reading.document);
+            QCOMPARE(formattedContentOf(*again.reading.document), formattedContentOf(*trip.reading.document));
+            QCOMPARE(again.second, again.first);
+
+            const char* reason = reasonOfDifference(sample);
+            if (reason)
+                QVERIFY2(trip.second != trip.first, "written the same now: no longer an exception");
+            else
+                QCOMPARE(trip.second, trip.first);
+        });
         const QStringList samples =
             QDir(QStringLiteral(TEST_DATA_DIR)).entryList({"*.rtf"_s}, QDir::Files, QDir::Name);
         QVERIFY(!samples.isEmpty());
         for (const QString& sample : samples)
             add(qPrintable(sample), sample);
-    }
-
-    void samples()
-    {
-        FETCH(QString, sample);
-        QFile file(QStringLiteral(TEST_DATA_DIR "/") + sample);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const Reading original = rtftest::read(file.readAll());
-        QCOMPARE(original.status, 0);
-
-        const RoundTrip trip(*original.document);
-        QCOMPARE(trip.reading.status, 0);
-        QCOMPARE(trip.reading.text(), original.text());
-        QCOMPARE(tableLines(*trip.reading.document), tableLines(*original.document));
-        QCOMPARE(listLines(*trip.reading.document), listLines(*original.document));
-        const RoundTrip again(*trip.reading.document);
-        QCOMPARE(formattedContentOf(*again.reading.document), formattedContentOf(*trip.reading.document));
-        QCOMPARE(again.second, again.first);
-
-        const char* reason = reasonOfDifference(sample);
-        if (reason)
-            QVERIFY2(trip.second != trip.first, "written the same now: no longer an exception");
-        else
-            QCOMPARE(trip.second, trip.first);
     }
 };
 

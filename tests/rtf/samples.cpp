@@ -44,23 +44,19 @@ class TestSamples : public QObject {
     Q_OBJECT
 
 private slots:
-    void everySampleIsSound_data()
+    ORV_ROWS(everySampleIsSound)
     {
-        const Columns<QString> add("name");
+        const Rows add([this](const QString& name) {
+            QCOMPARE(sample(name).message, QString());
+            QCOMPARE(sample(name).status, 0);
+            QVERIFY(sample(name).ok);
+        });
         const QStringList files = QDir(dataDir()).entryList({"*.rtf"_s});
         QVERIFY(files.size() >= 20);
         for (const QString& file : files) {
             const QString name = file.left(file.size() - 4);
             add(qPrintable(name), name);
         }
-    }
-
-    void everySampleIsSound()
-    {
-        FETCH(QString, name);
-        QCOMPARE(sample(name).message, QString());
-        QCOMPARE(sample(name).status, 0);
-        QVERIFY(sample(name).ok);
     }
 
     void paragraphs_data()
@@ -141,9 +137,19 @@ private slots:
         QVERIFY2(block.isValid(), qPrintable(rtftest::textOf(document)));
     }
 
-    void characterFormats_data()
+    ORV_ROWS(characterFormats)
     {
-        const Columns<QString, QString, int, QVariant> add("name", "text", "property", "value");
+        const Rows add([this](const QString& name, const QString& text, int property, const QVariant& value) {
+            const QTextCursor found =
+                sample(name).document->find(text, 0, QTextDocument::FindCaseSensitively);
+            QVERIFY(!found.isNull());
+            // From the first to the last character of the text.
+            QTextCursor cursor(found);
+            for (int position = found.selectionStart() + 1; position <= found.selectionEnd(); ++position) {
+                cursor.setPosition(position);
+                QCOMPARE(cursor.charFormat().property(property), value);
+            }
+        });
         const auto row = [&add](const char* name, const char* text, int property, const QVariant& value) {
             add(qPrintable("%1: %2 #%3"_s.arg(QLatin1String(name), QString::fromUtf8(text)).arg(property)),
                 name, text, property, value);
@@ -195,19 +201,6 @@ private slots:
         row(pandoc, "Character formats", QTextFormat::FontPointSize, 18.0);
         row(pandoc, "Character formats", QTextFormat::FontWeight, int(QFont::Bold));
         row(abiWord, "Character formats", QTextFormat::FontPointSize, 17.0);
-    }
-
-    void characterFormats()
-    {
-        FETCH(QString, name, QString, text, int, property);
-        const QTextCursor found = sample(name).document->find(text, 0, QTextDocument::FindCaseSensitively);
-        QVERIFY(!found.isNull());
-        // From the first to the last character of the text.
-        QTextCursor cursor(found);
-        for (int position = found.selectionStart() + 1; position <= found.selectionEnd(); ++position) {
-            cursor.setPosition(position);
-            QTEST(cursor.charFormat().property(property), "value");
-        }
     }
 
     void fontFamilies_data()
@@ -358,23 +351,19 @@ private slots:
         QTEST(note, "text");
     }
 
-    void pictureSizes_data()
+    ORV_ROWS(pictureSizes)
     {
-        const Columns<QString, Sizes> add("name", "sizes");
+        const Rows add([this](const QString& name, const Sizes& sizes) {
+            Sizes found;
+            for (const QTextImageFormat& image : sample(name).images())
+                found << QSize(int(image.width()), int(image.height()));
+            QCOMPARE(found, sizes);
+        });
         // Goals are twips, at 15 a pixel; the scale of the second picture is 200 %.
         add("LibreOffice", "libreoffice-pictures", Sizes({{24, 16}, {48, 32}, {48, 32}}));
         // pandoc states the sizes after the kind of the picture, and only what directly follows the kind is
         // data.
         add("pandoc", "pandoc-pictures", Sizes());
-    }
-
-    void pictureSizes()
-    {
-        FETCH(QString, name, Sizes, sizes);
-        Sizes found;
-        for (const QTextImageFormat& image : sample(name).images())
-            found << QSize(int(image.width()), int(image.height()));
-        QCOMPARE(found, sizes);
     }
 
     void jpegBytesAreKept()
@@ -389,9 +378,11 @@ private slots:
         QCOMPARE(image.property(ORVRtfProperty::SourceImageData).toByteArray(), jpeg);
     }
 
-    void tables_data()
+    ORV_ROWS(tables)
     {
-        const Columns<QString, QString> add("name", "shapes");
+        const Rows add([this](const QString& name, const QString& shapes) {
+            QCOMPARE(rtftest::tableLines(*sample(name).document), shapes);
+        });
         const QString grids =
             "3: apple, bridge(c2) / candle(r2), dapple, ember / falcon, garden(r2) / hollow(c2)\n"
             "3: island, jacket(c2) / kettle(c2), lantern"_s;
@@ -400,12 +391,6 @@ private slots:
         // An empty paragraph surrounds a table in a cell on either side.
         add("table within a cell", "libreoffice-nested",
             "2: marble, before||{2: inner one, inner two / inner wide(c2)}||after / needle, -");
-    }
-
-    void tables()
-    {
-        FETCH(QString, name);
-        QTEST(rtftest::tableLines(*sample(name).document), "shapes");
     }
 
     void listLevels()

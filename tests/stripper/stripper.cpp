@@ -39,9 +39,10 @@ class TestStripper : public QObject {
     Q_OBJECT
 
 private slots:
-    void copies_data()
+    ORV_ROWS(copies)
     {
-        const Columns<QByteArray, QByteArray> add("rtf", "expected");
+        const Rows add(
+            [](const QByteArray& rtf, const QByteArray& expected) { QCOMPARE(stripped(rtf), expected); });
         add("nothing", QByteArray(), QByteArray());
         add("text outside groups", "plain text", "plain text");
 
@@ -115,12 +116,6 @@ private slots:
         add("word too long", "a\\" + QByteArray(63, 'q') + " b", "a" + QByteArray(63, 'q') + " b");
     }
 
-    void copies()
-    {
-        FETCH(QByteArray, rtf, QByteArray, expected);
-        QCOMPARE(stripped(rtf), expected);
-    }
-
     void everyByteOutsideWordsIsCopied()
     {
         QByteArray bytes;
@@ -144,19 +139,15 @@ private slots:
         QCOMPARE(stripped(rtf), expected);
     }
 
-    void wordsAcrossTheBuffer_data()
+    ORV_ROWS(wordsAcrossTheBuffer)
     {
-        const Columns<int> add("length");
+        const Rows add([](int length) {
+            const QByteArray text(length, 'a');
+            QCOMPARE(stripped(text + "\\fs024 " + text + "\\'e9" + text),
+                     text + "\\fs24 " + text + "\\'e9" + text);
+        });
         for (int length = 1000; length < 1060; ++length)
             add(QByteArray::number(length).constData(), length);
-    }
-
-    void wordsAcrossTheBuffer()
-    {
-        FETCH(int, length);
-        const QByteArray text(length, 'a');
-        QCOMPARE(stripped(text + "\\fs024 " + text + "\\'e9" + text),
-                 text + "\\fs24 " + text + "\\'e9" + text);
     }
 
     void binaryDataBeyondTheLookAheadIsLeft()
@@ -189,28 +180,24 @@ private slots:
         QCOMPARE(withoutInput.output.data(), QByteArray());
     }
 
-    void closedDevices_data()
+    ORV_ROWS(closedDevices)
     {
-        const Columns<bool, bool> add("inputOpen", "outputOpen");
+        const Rows add([](bool inputOpen, bool outputOpen) {
+            Copying copying("{x}");
+            if (!inputOpen)
+                copying.input.close();
+            if (!outputOpen)
+                copying.output.close();
+            if (inputOpen)
+                QTest::ignoreMessage(QtWarningMsg, "QIODevice::write (QBuffer): device not open");
+            copying.stripper.process();
+            QCOMPARE(copying.output.data(), QByteArray());
+            QCOMPARE(copying.input.isOpen(), inputOpen);
+            QCOMPARE(copying.output.isOpen(), outputOpen);
+        });
         add("both closed", false, false);
         add("input closed", false, true);
         add("output closed", true, false);
-    }
-
-    void closedDevices()
-    {
-        FETCH(bool, inputOpen, bool, outputOpen);
-        Copying copying("{x}");
-        if (!inputOpen)
-            copying.input.close();
-        if (!outputOpen)
-            copying.output.close();
-        if (inputOpen)
-            QTest::ignoreMessage(QtWarningMsg, "QIODevice::write (QBuffer): device not open");
-        copying.stripper.process();
-        QCOMPARE(copying.output.data(), QByteArray());
-        QCOMPARE(copying.input.isOpen(), inputOpen);
-        QCOMPARE(copying.output.isOpen(), outputOpen);
     }
 
     void devicesAreNeitherOpenedNorClosed()
@@ -258,9 +245,20 @@ private slots:
         QCOMPARE(copying.output.data(), "\n{\\pictxb y"_b);
     }
 
-    void readsWithoutOutput_data()
+    /*! The inherited read() has nowhere to write what it copies: it reads all the same, and fails. */
+    ORV_ROWS(readsWithoutOutput)
     {
-        const Columns<QByteArray, QString> add("rtf", "text");
+        const Rows add([](const QByteArray& rtf, const QString& text) {
+            Copying copying(rtf);
+            ORVTextRtfStripper& stripper = copying.stripper;
+            stripper.setOutput(nullptr);
+            QTextDocument document;
+            QVERIFY(!stripper.read(&document));
+            QCOMPARE(stripper.error(), couldNotOpenDevice);
+            QCOMPARE(stripper.errorString(), "Could not open device"_s);
+            QVERIFY(copying.input.atEnd());
+            QCOMPARE(document.toPlainText(), text);
+        });
         add("nothing", QByteArray(), QString());
         add("text without words", "{text}", "text");
         add("words and text", "{\\rtf1 one\\par two}", "onetwo");
@@ -274,21 +272,6 @@ private slots:
         add("much binary data",
             QByteArray("\\bin200 " + QByteArray(200, 'x')).repeated(count / 200) + "{text}", "text");
         add("damage", "}{\\rtf1 text{", "text");
-    }
-
-    /*! The inherited read() has nowhere to write what it copies: it reads all the same, and fails. */
-    void readsWithoutOutput()
-    {
-        FETCH(QByteArray, rtf, QString, text);
-        Copying copying(rtf);
-        ORVTextRtfStripper& stripper = copying.stripper;
-        stripper.setOutput(nullptr);
-        QTextDocument document;
-        QVERIFY(!stripper.read(&document));
-        QCOMPARE(stripper.error(), couldNotOpenDevice);
-        QCOMPARE(stripper.errorString(), "Could not open device"_s);
-        QVERIFY(copying.input.atEnd());
-        QCOMPARE(document.toPlainText(), text);
     }
 
     void readsWithoutDevicesOrDocument()

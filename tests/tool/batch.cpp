@@ -48,9 +48,28 @@ class TestToolBatch : public ToolTest {
     Q_OBJECT
 
 private slots:
-    void convertsAllFiles_data()
+    ORV_ROWS(convertsAllFiles)
     {
-        const Columns<QString> add("jobs");
+        const Rows add([this](const QString& jobs) {
+            QStringList arguments = words("convert --output-dir out --to txt");
+            if (!jobs.isEmpty())
+                arguments += words(jobs);
+            QStringList expected;
+            for (int i = 10; i < 20; ++i) {
+                const QByteArray number = QByteArray::number(i);
+                arguments << write(("in" + number + ".rtf").constData(), rtf("Text " + number));
+                expected << QString::fromLatin1("in" + number + ".txt");
+            }
+            const ToolRun result = run(arguments);
+            QCOMPARE(result.err, "orvrtf: 10 converted\n"_b);
+            QCOMPARE(result.exitCode, 0);
+            QCOMPARE(result.out, QByteArray());
+            QCOMPARE(files("out"), expected);
+            for (int i = 10; i < 20; ++i) {
+                const QByteArray number = QByteArray::number(i);
+                QCOMPARE(read(path(("out/in" + number + ".txt").constData())), "Text " + number + "\n");
+            }
+        });
         add("one after the other", "");
         add("one job", "--jobs 1");
         add("four jobs", "--jobs 4");
@@ -60,59 +79,32 @@ private slots:
         add("no time limit", "--timeout 0");
     }
 
-    void convertsAllFiles()
+    /*! As many conversions as were asked for are under way at the same time, and no more. */
+    ORV_ROWS(conversionsAtTheSameTime)
     {
-        FETCH(QString, jobs);
-        QStringList arguments = words("convert --output-dir out --to txt");
-        if (!jobs.isEmpty())
-            arguments += words(jobs);
-        QStringList expected;
-        for (int i = 10; i < 20; ++i) {
-            const QByteArray number = QByteArray::number(i);
-            arguments << write(("in" + number + ".rtf").constData(), rtf("Text " + number));
-            expected << QString::fromLatin1("in" + number + ".txt");
-        }
-        const ToolRun result = run(arguments);
-        QCOMPARE(result.err, "orvrtf: 10 converted\n"_b);
-        QCOMPARE(result.exitCode, 0);
-        QCOMPARE(result.out, QByteArray());
-        QCOMPARE(files("out"), expected);
-        for (int i = 10; i < 20; ++i) {
-            const QByteArray number = QByteArray::number(i);
-            QCOMPARE(read(path(("out/in" + number + ".txt").constData())), "Text " + number + "\n");
-        }
-    }
-
-    void conversionsAtTheSameTime_data()
-    {
-        const Columns<QString, int> add("jobs", "running");
+        const Rows add([this](const QString& jobs, int running) {
+            const char* const pipes[] = {"1.rtf", "2.rtf", "3.rtf", "4.rtf"};
+            for (const char* name : pipes)
+                makePipe(name);
+            QProcess process;
+            start(process, batch("1.rtf 2.rtf 3.rtf 4.rtf") + words(jobs));
+            QList<int> writers;
+            for (int i = 0; i < running; ++i) {
+                int writer = -1;
+                QTRY_VERIFY_WITH_TIMEOUT(openWriter(pipes[i], &writer), patience);
+                writers << writer;
+            }
+            for (int i = running; i < 4; ++i)
+                QVERIFY(!isRead(pipes[i]));
+            ::kill(pid_t(process.processId()), SIGTERM);
+            finish(process);
+            for (const int writer : writers)
+                ::close(writer);
+        });
         add("usual", "--keep-going", 1);
         add("three", "--jobs 3", 3);
         add("auto", "--jobs auto", qMin(4, QThread::idealThreadCount()));
         add("0", "--jobs 0", qMin(4, QThread::idealThreadCount()));
-    }
-
-    /*! As many conversions as were asked for are under way at the same time, and no more. */
-    void conversionsAtTheSameTime()
-    {
-        FETCH(QString, jobs, int, running);
-        const char* const pipes[] = {"1.rtf", "2.rtf", "3.rtf", "4.rtf"};
-        for (const char* name : pipes)
-            makePipe(name);
-        QProcess process;
-        start(process, batch("1.rtf 2.rtf 3.rtf 4.rtf") + words(jobs));
-        QList<int> writers;
-        for (int i = 0; i < running; ++i) {
-            int writer = -1;
-            QTRY_VERIFY_WITH_TIMEOUT(openWriter(pipes[i], &writer), patience);
-            writers << writer;
-        }
-        for (int i = running; i < 4; ++i)
-            QVERIFY(!isRead(pipes[i]));
-        ::kill(pid_t(process.processId()), SIGTERM);
-        finish(process);
-        for (const int writer : writers)
-            ::close(writer);
     }
 
     void makesDirectories()
@@ -123,9 +115,15 @@ private slots:
         QCOMPARE(files("new/below/it"), words("in.html"));
     }
 
-    void outputNames_data()
+    ORV_ROWS(outputNames)
     {
-        const Columns<QString, QString, QString> add("input", "to", "output");
+        const Rows add([this](const QString& input, const QString& to, const QString& output) {
+            write(input.toUtf8().constData(), rtf("Text"));
+            const ToolRun result = run({"convert"_s, "--output-dir=out"_s, "--to"_s, to, "--"_s, input});
+            QCOMPARE(result.err, "orvrtf: 1 converted\n"_b);
+            QCOMPARE(files("out"), QStringList(output));
+            QVERIFY(read(path("out") + QLatin1Char('/') + output).contains("Text"));
+        });
         add("suffix", "in.rtf", "txt", "in.txt");
         add("other spelling of the format", "in.rtf", "HTM", "in.htm");
         add("same suffix", "in.rtf", "rtf", "in.rtf");
@@ -139,16 +137,6 @@ private slots:
         add("leading dash", "-o.rtf", "txt", "-o.txt");
         add("like an option", "--to=html", "txt", "--to=html.txt");
         add("beyond ASCII", "\xc3\xa4 \xe2\x82\xac.rtf", "txt", "\xc3\xa4 \xe2\x82\xac.txt");
-    }
-
-    void outputNames()
-    {
-        FETCH(QString, input, QString, to, QString, output);
-        write(input.toUtf8().constData(), rtf("Text"));
-        const ToolRun result = run({"convert"_s, "--output-dir=out"_s, "--to"_s, to, "--"_s, input});
-        QCOMPARE(result.err, "orvrtf: 1 converted\n"_b);
-        QCOMPARE(files("out"), QStringList(output));
-        QVERIFY(read(path("out") + QLatin1Char('/') + output).contains("Text"));
     }
 
     void passesOptionsOn()
@@ -180,9 +168,21 @@ private slots:
         QVERIFY2(unknown.err.contains("\"abacus\""), unknown.err.constData());
     }
 
-    void usageErrors_data()
+    ORV_ROWS(usageErrors)
     {
-        const Columns<QString, QByteArray> add("arguments", "about");
+        const Rows add([this](const QString& arguments, const QByteArray& about) {
+            write("in.rtf", rtf("Text"));
+            write("in.html", "Text");
+            QVERIFY(QDir(m_dir->path()).mkdir("a"_s));
+            write("a/in.rtf", rtf("Text"));
+            QVERIFY(QFile::link(path("a/in.html"), path("a/link.rtf")));
+            write("a/in.html", "Text");
+            const QStringList before = files();
+            verifyRefusal(run(words("convert") + words(arguments)), about);
+            QCOMPARE(files(), before);
+            QCOMPARE(files("a"), words("in.html in.rtf link.rtf"));
+            QCOMPARE(read(path("in.rtf")), rtf("Text"));
+        });
         add("no input", "--output-dir out --to txt", "input files");
         add("no format", "in.rtf --output-dir out", "--to");
         add("unknown format", "in.rtf --output-dir out --to gif", "\"gif\"");
@@ -210,25 +210,17 @@ private slots:
         add("time limit for one file", "in.rtf out.txt --timeout 2", "--timeout goes with");
     }
 
-    void usageErrors()
+    /*! PNG is a file for each page: "a.png", "a-2.png" and so on, which no other input may become. */
+    ORV_ROWS(picturesOfPages)
     {
-        FETCH(QString, arguments, QByteArray, about);
-        write("in.rtf", rtf("Text"));
-        write("in.html", "Text");
-        QVERIFY(QDir(m_dir->path()).mkdir("a"_s));
-        write("a/in.rtf", rtf("Text"));
-        QVERIFY(QFile::link(path("a/in.html"), path("a/link.rtf")));
-        write("a/in.html", "Text");
-        const QStringList before = files();
-        verifyRefusal(run(words("convert") + words(arguments)), about);
-        QCOMPARE(files(), before);
-        QCOMPARE(files("a"), words("in.html in.rtf link.rtf"));
-        QCOMPARE(read(path("in.rtf")), rtf("Text"));
-    }
-
-    void picturesOfPages_data()
-    {
-        const Columns<QString, bool> add("output", "isConflict");
+        const Rows add([](const QString& output, bool isConflict) {
+            const BatchFile pages{"a.rtf"_s, "a.png"_s, QStringList()};
+            const BatchFile other{"other.rtf"_s, output, QStringList()};
+            const QString expected =
+                isConflict ? "\"a.rtf\" and \"other.rtf\" would both become \"%1\""_s.arg(output) : QString();
+            QCOMPARE(batchConflict({pages, other}), expected);
+            QCOMPARE(batchConflict({other, pages}), expected);
+        });
         add("second page", "a-2.png", true);
         add("twelfth page", "a-12.png", true);
         add("no first page", "a-1.png", false);
@@ -240,35 +232,19 @@ private slots:
         add("other format", "a-2.txt", false);
     }
 
-    /*! PNG is a file for each page: "a.png", "a-2.png" and so on, which no other input may become. */
-    void picturesOfPages()
+    ORV_ROWS(failureAmongOthers)
     {
-        FETCH(QString, output, bool, isConflict);
-        const BatchFile pages{"a.rtf"_s, "a.png"_s, QStringList()};
-        const BatchFile other{"other.rtf"_s, output, QStringList()};
-        const QString expected =
-            isConflict ? "\"a.rtf\" and \"other.rtf\" would both become \"%1\""_s.arg(output) : QString();
-        QCOMPARE(batchConflict({pages, other}), expected);
-        QCOMPARE(batchConflict({other, pages}), expected);
-    }
-
-    void failureAmongOthers_data()
-    {
-        const Columns<QString, QByteArray, QString> add("options", "result", "outputs");
+        const Rows add([this](const QString& options, const QByteArray& result, const QString& outputs) {
+            writeFiles("acd");
+            QCOMPARE(run(batch("a.rtf missing.rtf c.rtf d.rtf") + words(options)),
+                     failure("orvrtf: cannot read missing.rtf: No such file or directory\norvrtf: " + result
+                             + "\n"));
+            QCOMPARE(files("out"), words(outputs));
+        });
         add("stops at the first failure", "--timeout 300", "1 converted, 1 failed, 2 not tried", "a.txt");
         add("keeps going", "--keep-going --jobs 1", "3 converted, 1 failed", "a.txt c.txt d.txt");
         add("keeps going with four jobs", "--keep-going --jobs 4", "3 converted, 1 failed",
             "a.txt c.txt d.txt");
-    }
-
-    void failureAmongOthers()
-    {
-        FETCH(QString, options, QByteArray, result, QString, outputs);
-        writeFiles("acd");
-        QCOMPARE(
-            run(batch("a.rtf missing.rtf c.rtf d.rtf") + words(options)),
-            failure("orvrtf: cannot read missing.rtf: No such file or directory\norvrtf: " + result + "\n"));
-        QCOMPARE(files("out"), words(outputs));
     }
 
     /*! A new output is told from an old one of the same name that a failure has left as it was. */
@@ -328,31 +304,27 @@ private slots:
         QCOMPARE(files("out"), words("b.txt"));
     }
 
-    void interruptionLeavesWholeFilesOnly_data()
+    ORV_ROWS(interruptionLeavesWholeFilesOnly)
     {
-        const Columns<int> add("signal");
+        const Rows add([this](int signal) {
+            write("a.rtf", rtf("a"));
+            makePipe("b.rtf");
+            write("c.rtf", rtf("c"));
+            QProcess process;
+            const int writer = startReading(process, batch("a.rtf b.rtf c.rtf --keep-going"), "b.rtf");
+            QCOMPARE(::kill(pid_t(process.processId()), signal), 0);
+            const ToolRun result = finish(process);
+            ::close(writer);
+            QCOMPARE(result.err, "orvrtf: 1 converted, 1 interrupted, 1 not tried\n"_b);
+            QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+            QCOMPARE(files("out"), words("a.txt"));
+            QCOMPARE(read(path("out/a.txt")), "a\n"_b);
+            // The conversion has ended with the program.
+            QTRY_VERIFY_WITH_TIMEOUT(!isRead("b.rtf"), patience);
+        });
         add("SIGHUP", SIGHUP);
         add("SIGINT", SIGINT);
         add("SIGTERM", SIGTERM);
-    }
-
-    void interruptionLeavesWholeFilesOnly()
-    {
-        FETCH(int, signal);
-        write("a.rtf", rtf("a"));
-        makePipe("b.rtf");
-        write("c.rtf", rtf("c"));
-        QProcess process;
-        const int writer = startReading(process, batch("a.rtf b.rtf c.rtf --keep-going"), "b.rtf");
-        QCOMPARE(::kill(pid_t(process.processId()), signal), 0);
-        const ToolRun result = finish(process);
-        ::close(writer);
-        QCOMPARE(result.err, "orvrtf: 1 converted, 1 interrupted, 1 not tried\n"_b);
-        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
-        QCOMPARE(files("out"), words("a.txt"));
-        QCOMPARE(read(path("out/a.txt")), "a\n"_b);
-        // The conversion has ended with the program.
-        QTRY_VERIFY_WITH_TIMEOUT(!isRead("b.rtf"), patience);
     }
 
     /*! As in a terminal, where the signal reaches the conversions as well. */
@@ -376,34 +348,30 @@ private slots:
         QCOMPARE(files("out"), QStringList());
     }
 
-    void interruptedSingleConversion_data()
+    /*! What was being written is removed, and what was there before stays. */
+    ORV_ROWS(interruptedSingleConversion)
     {
-        const Columns<int, bool> add("signal", "isNamed");
+        const Rows add([this](int signal, bool isNamed) {
+            makePipe("in.rtf");
+            write("out.rtf", "old");
+            if (isNamed)
+                m_environment.insert("LD_PRELOAD"_s, QString::fromUtf8(NAMED_TEMP_FILES));
+            QProcess process;
+            const int writer = startReading(process, words("strip in.rtf out.rtf"), "in.rtf");
+            QVERIFY(feed(writer));
+            QTRY_COMPARE_WITH_TIMEOUT(unread(writer), 0, patience);
+            QVERIFY(!isNamed || files().size() == 3);
+            QCOMPARE(::kill(pid_t(process.processId()), signal), 0);
+            finish(process);
+            ::close(writer);
+            QCOMPARE(process.exitStatus(), QProcess::CrashExit);
+            QCOMPARE(files(), words("in.rtf out.rtf"));
+            QCOMPARE(read(path("out.rtf")), "old"_b);
+        });
         add("SIGHUP", SIGHUP, true);
         add("SIGINT", SIGINT, true);
         add("SIGTERM", SIGTERM, true);
         add("file without a name", SIGINT, false);
-    }
-
-    /*! What was being written is removed, and what was there before stays. */
-    void interruptedSingleConversion()
-    {
-        FETCH(int, signal, bool, isNamed);
-        makePipe("in.rtf");
-        write("out.rtf", "old");
-        if (isNamed)
-            m_environment.insert("LD_PRELOAD"_s, QString::fromUtf8(NAMED_TEMP_FILES));
-        QProcess process;
-        const int writer = startReading(process, words("strip in.rtf out.rtf"), "in.rtf");
-        QVERIFY(feed(writer));
-        QTRY_COMPARE_WITH_TIMEOUT(unread(writer), 0, patience);
-        QVERIFY(!isNamed || files().size() == 3);
-        QCOMPARE(::kill(pid_t(process.processId()), signal), 0);
-        finish(process);
-        ::close(writer);
-        QCOMPARE(process.exitStatus(), QProcess::CrashExit);
-        QCOMPARE(files(), words("in.rtf out.rtf"));
-        QCOMPARE(read(path("out.rtf")), "old"_b);
     }
 
     /*! Programs in the background of a shell are started so. */
@@ -464,23 +432,19 @@ private slots:
                      + "] 2/2\x1b[K" + "\r\x1b[K" + "orvrtf: 1 converted, 1 failed\r\n");
     }
 
-    void barFitsTerminal_data()
+    ORV_ROWS(barFitsTerminal)
     {
-        const Columns<ushort, QByteArray> add("columns", "full");
+        const Rows add([this](const ushort& columns, const QByteArray& full) {
+            m_environment.insert("TERM"_s, "xterm"_s);
+            write("a.rtf", rtf("a"));
+            const QByteArray text = onTerminal(batch("a.rtf"), columns);
+            const QByteArray end = "\r" + full + "\x1b[K\r\x1b[Korvrtf: 1 converted\r\n";
+            QCOMPARE(text.right(end.size()), end);
+        });
         add("no room for a bar", ushort(9), "1/1");
         add("smallest bar", ushort(10), "[###] 1/1");
         add("wide terminal", ushort(500), '[' + QByteArray(48, '#') + "] 1/1");
         add("unknown width", ushort(0), '[' + QByteArray(48, '#') + "] 1/1");
-    }
-
-    void barFitsTerminal()
-    {
-        FETCH(ushort, columns, QByteArray, full);
-        m_environment.insert("TERM"_s, "xterm"_s);
-        write("a.rtf", rtf("a"));
-        const QByteArray text = onTerminal(batch("a.rtf"), columns);
-        const QByteArray end = "\r" + full + "\x1b[K\r\x1b[Korvrtf: 1 converted\r\n";
-        QCOMPARE(text.right(end.size()), end);
     }
 
     void noBarOnDumbTerminal()

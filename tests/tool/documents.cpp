@@ -54,25 +54,21 @@ private slots:
         QCOMPARE(documentToPlainText(document), QByteArray());
     }
 
-    void words_data()
+    ORV_ROWS(words)
     {
-        const Columns<QString, int, int> add("content", "words", "characters");
+        const Rows add([](const QString& content, int words, int characters) {
+            QTextDocument document;
+            document.setPlainText(content);
+            const DocumentInfo info(document);
+            QCOMPARE(info.words, words);
+            QCOMPARE(info.characters, characters);
+        });
         add("one word", "word", 1, 4);
         add("several spaces", "  two   words ", 2, 14);
         add("tabs and no-break spaces", "a\tb\u00a0c", 3, 5);
         add("paragraphs", "a\nb", 2, 2);
         add("hyphens and apostrophes", "it's half-asleep", 2, 16);
         add("beyond U+FFFF", "\U0001f600\U0001f601 x", 2, 4);
-    }
-
-    void words()
-    {
-        FETCH(QString, content);
-        QTextDocument document;
-        document.setPlainText(content);
-        const DocumentInfo info(document);
-        QTEST(info.words, "words");
-        QTEST(info.characters, "characters");
     }
 
     void noteRunsAreNotes()
@@ -117,9 +113,26 @@ private slots:
         QCOMPARE(info.annotations, 1);
     }
 
-    void links_data()
+    ORV_ROWS(links)
     {
-        const Columns<QStringList, QStringList> add("targets", "linkTexts");
+        const Rows add([](const QStringList& targets, const QStringList& linkTexts) {
+            QTextDocument document;
+            QTextCursor cursor(&document);
+            for (int i = 0; i < targets.size(); ++i) {
+                if (targets.at(i) == "\n"_s) {
+                    cursor.insertBlock();
+                    continue;
+                }
+                QTextCharFormat format = targets.at(i).isEmpty() ? QTextCharFormat() : linkTo(targets.at(i));
+                format.setFontPointSize(10 + i);
+                cursor.insertText("%1."_s.arg(i), format);
+            }
+            const DocumentInfo info(document);
+            QStringList found;
+            for (const DocumentInfo::Link& link : info.links)
+                found << link.text;
+            QCOMPARE(found, linkTexts);
+        });
         add("none", {QString(), QString()}, {});
         add("one of two formats", {"x"_s, "x"_s}, {"0.1."_s});
         add("side by side", {"x"_s, "y"_s}, {"0."_s, "1."_s});
@@ -128,27 +141,6 @@ private slots:
     }
 
     // Each target has its number as text, in a format of its own; a line feed is a paragraph end.
-    void links()
-    {
-        FETCH(QStringList, targets, QStringList, linkTexts);
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        for (int i = 0; i < targets.size(); ++i) {
-            if (targets.at(i) == "\n"_s) {
-                cursor.insertBlock();
-                continue;
-            }
-            QTextCharFormat format = targets.at(i).isEmpty() ? QTextCharFormat() : linkTo(targets.at(i));
-            format.setFontPointSize(10 + i);
-            cursor.insertText("%1."_s.arg(i), format);
-        }
-        const DocumentInfo info(document);
-        QStringList found;
-        for (const DocumentInfo::Link& link : info.links)
-            found << link.text;
-        QCOMPARE(found, linkTexts);
-    }
-
     void tablesWithinTablesCount()
     {
         QTextDocument document;
@@ -249,9 +241,19 @@ private slots:
         QCOMPARE(html.count("px; -qt-line-height-type"), 1);
     }
 
-    void titleOfHtml_data()
+    /*! The file states its encoding, whatever its title is. */
+    ORV_ROWS(titleOfHtml)
     {
-        const Columns<QString, QByteArray> add("title", "element");
+        const Rows add([](const QString& title, const QByteArray& element) {
+            QTextDocument document;
+            document.setPlainText("text"_s);
+            document.setMetaInformation(QTextDocument::DocumentTitle, title);
+            const QByteArray html = documentToHtml(document);
+            const QByteArray head = html.left(html.indexOf("</head>"));
+            QVERIFY2(head.contains(element), html.constData());
+            QCOMPARE(html.count("<title>"), 1);
+            QCOMPARE(head.count("<meta charset=\"utf-8\" />"), 1);
+        });
         add("plain", "A title", "<title>A title</title>");
         add("about encodings", "Of charset=utf-8", "<title>Of charset=utf-8</title>");
         add("like HTML", "<head></head></title><b>&",
@@ -259,37 +261,19 @@ private slots:
         add("like an encoding", "<meta charset=x>", "<title>&lt;meta charset=x&gt;</title>");
     }
 
-    /*! The file states its encoding, whatever its title is. */
-    void titleOfHtml()
+    ORV_ROWS(underlinesInHtml)
     {
-        FETCH(QString, title, QByteArray, element);
-        QTextDocument document;
-        document.setPlainText("text"_s);
-        document.setMetaInformation(QTextDocument::DocumentTitle, title);
-        const QByteArray html = documentToHtml(document);
-        const QByteArray head = html.left(html.indexOf("</head>"));
-        QVERIFY2(head.contains(element), html.constData());
-        QCOMPARE(html.count("<title>"), 1);
-        QCOMPARE(head.count("<meta charset=\"utf-8\" />"), 1);
-    }
-
-    void underlinesInHtml_data()
-    {
-        const Columns<int, int> add("style", "underlines");
+        const Rows add([](int style, int underlines) {
+            QTextCharFormat format;
+            format.setProperty(QTextFormat::TextUnderlineStyle, style);
+            QTextDocument document;
+            QTextCursor(&document).insertText("underlined"_s, format);
+            QCOMPARE(int(documentToHtml(document).count("text-decoration: underline")), underlines);
+        });
         add("none", int(QTextCharFormat::NoUnderline), 0);
         add("single", int(QTextCharFormat::SingleUnderline), 1);
         add("dashes", int(QTextCharFormat::DashUnderline), 1);
         add("wave", int(QTextCharFormat::WaveUnderline), 1);
-    }
-
-    void underlinesInHtml()
-    {
-        FETCH(int, style);
-        QTextCharFormat format;
-        format.setProperty(QTextFormat::TextUnderlineStyle, style);
-        QTextDocument document;
-        QTextCursor(&document).insertText("underlined"_s, format);
-        QTEST(int(documentToHtml(document).count("text-decoration: underline")), "underlines");
     }
 
     // Headings are often items of a list that shows no number.

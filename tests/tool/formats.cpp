@@ -27,9 +27,17 @@ private slots:
         QCOMPARE(leftovers, QStringList());
     }
 
-    void realDocumentToText_data()
+    ORV_ROWS(realDocumentToText)
     {
-        const Columns<QString, QString> add("suffix", "engine");
+        const Rows add([this](const QString& suffix, const QString& engine) {
+            QStringList arguments = {"convert"_s, m_documents->path(suffix), "-"_s, "--to"_s, "txt"_s};
+            if (!engine.isEmpty())
+                arguments << "--engine"_s << engine;
+            const ToolRun result = run(arguments);
+            QCOMPARE(result.err, QByteArray());
+            QCOMPARE(result.exitCode, 0);
+            QVERIFY2(missingWord(QString::fromUtf8(result.out)).isEmpty(), result.out.constData());
+        });
         add("doc", "doc", QString());
         add("docx", "docx", QString());
         add("odt", "odt", QString());
@@ -37,18 +45,6 @@ private slots:
         add("docx, LibreOffice", "docx", "libreoffice");
         add("doc, AbiWord", "doc", "abiword");
         add("docx, pandoc", "docx", "pandoc");
-    }
-
-    void realDocumentToText()
-    {
-        FETCH(QString, suffix, QString, engine);
-        QStringList arguments = {"convert"_s, m_documents->path(suffix), "-"_s, "--to"_s, "txt"_s};
-        if (!engine.isEmpty())
-            arguments << "--engine"_s << engine;
-        const ToolRun result = run(arguments);
-        QCOMPARE(result.err, QByteArray());
-        QCOMPARE(result.exitCode, 0);
-        QVERIFY2(missingWord(QString::fromUtf8(result.out)).isEmpty(), result.out.constData());
     }
 
     void rtfOpensInLibreOfficeWithSameWords()
@@ -70,23 +66,19 @@ private slots:
         QVERIFY(readFile(path("out.html")).contains(">strong</span>"));
     }
 
-    void engineOption_data()
+    ORV_ROWS(engineOption)
     {
-        const Columns<QString, QByteArray> add("arguments", "out");
+        const Rows add([this](const QString& arguments, const QByteArray& out) {
+            for (const QString& name : words("soffice abiword pandoc"))
+                fake(name, "printf '{\\\\rtf1 by " + name.toUtf8() + "}' >output/source.rtf");
+            writeFile(path("in.docx"), "content");
+            QCOMPARE(run(("convert in.docx - --to txt"_s + arguments).split(QLatin1Char(' '))), success(out));
+        });
         add("none", "", "by soffice\n");
         add("auto", " --engine auto", "by soffice\n");
         add("libreoffice", " --engine libreoffice", "by soffice\n");
         add("abiword", " --engine abiword", "by abiword\n");
         add("pandoc", " --engine=pandoc", "by pandoc\n");
-    }
-
-    void engineOption()
-    {
-        FETCH(QString, arguments, QByteArray, out);
-        for (const QString& name : words("soffice abiword pandoc"))
-            fake(name, "printf '{\\\\rtf1 by " + name.toUtf8() + "}' >output/source.rtf");
-        writeFile(path("in.docx"), "content");
-        QCOMPARE(run(("convert in.docx - --to txt"_s + arguments).split(QLatin1Char(' '))), success(out));
     }
 
     void suffixInUpperCase()
@@ -127,9 +119,13 @@ private slots:
                          "orvrtf: pandoc ended with exit status 5 first line second\n"));
     }
 
-    void missingInput_data()
+    ORV_ROWS(missingInput)
     {
-        const Columns<QString, QByteArray> add("name", "error");
+        const Rows add([this](const QString& name, const QByteArray& error) {
+            QVERIFY(QDir().mkdir(path("folder.odt")));
+            QCOMPARE(run({"convert"_s, name, "out.rtf"_s}), failure(error));
+            QVERIFY(!QFile::exists(path("out.rtf")));
+        });
         add("docx", "missing.docx",
             "orvrtf: Failed loading DOCX file 'missing.docx' Error: The file "
             "could not be read\n"
@@ -140,14 +136,6 @@ private slots:
             "orvrtf: Could not read 'folder.odt': not a file\n");
         add("txt", "missing.txt", "orvrtf: cannot read missing.txt: No such file or directory\n");
         add("html", "missing.html", "orvrtf: cannot read missing.html: No such file or directory\n");
-    }
-
-    void missingInput()
-    {
-        FETCH(QString, name, QByteArray, error);
-        QVERIFY(QDir().mkdir(path("folder.odt")));
-        QCOMPARE(run({"convert"_s, name, "out.rtf"_s}), failure(error));
-        QVERIFY(!QFile::exists(path("out.rtf")));
     }
 
     void failureKeepsOldOutput()
@@ -170,9 +158,12 @@ private slots:
         QCOMPARE(run(words("convert in.doc - --from rtf --to txt")), success("text\n"));
     }
 
-    void usageErrors_data()
+    ORV_ROWS(usageErrors)
     {
-        const Columns<QString, QByteArray> add("arguments", "error");
+        const Rows add([this](const QString& arguments, const QByteArray& error) {
+            writeFile(path("in.docx"), "content");
+            QCOMPARE(run(words(arguments)), refusal(error));
+        });
         const QByteArray inputOnly = "--engine goes with .doc, .docx and .odt input only";
         add("unknown engine", "convert in.docx out.rtf --engine word",
             "unknown engine \"word\", known are auto, libreoffice, abiword and pandoc");
@@ -186,13 +177,6 @@ private slots:
             "are .rtf, .html, .htm, .txt, .odt, .pdf and .png");
         add("docx for --from", "convert in out.rtf --from docx",
             "unknown input format \"docx\", known are rtf, html and txt");
-    }
-
-    void usageErrors()
-    {
-        FETCH(QString, arguments, QByteArray, error);
-        writeFile(path("in.docx"), "content");
-        QCOMPARE(run(words(arguments)), refusal(error));
     }
 
     void helpNamesEngines()

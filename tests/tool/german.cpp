@@ -124,28 +124,24 @@ private slots:
         QCOMPARE(finish(process), refusal("unknown command \"read\""));
     }
 
-    void messagesOfReader_data()
+    ORV_ROWS(messagesOfReader)
     {
-        const Columns<QByteArray, QString> add("rtf", "german");
+        const Rows add([](QByteArray rtf, const QString& german) {
+            QTranslator translator;
+            QVERIFY(translator.load("orvrtf_de"_s, QLatin1String(TRANSLATIONS_FOLDER)));
+            QVERIFY(QCoreApplication::installTranslator(&translator));
+            QBuffer buffer(&rtf);
+            QVERIFY(buffer.open(QIODevice::ReadOnly));
+            QTextDocument document;
+            ORVTextRtfReader reader(&buffer);
+            reader.read(&document);
+            QCOMPARE(reader.errorString(), german);
+            QVERIFY(QCoreApplication::removeTranslator(&translator));
+        });
         add("sound", "{\\rtf1 a}", QString());
         add("brace too many", "{\\rtf1 a}}", "„{“ ohne Gegenstück in der RTF-Datei");
         add("brace missing", "{\\rtf1 a", "„}“ ohne Gegenstück in der RTF-Datei");
         add("no number of bytes", "{\\rtf1 {\\pict\\bin99 a}", "Ungültiger Parameter eines Steuerworts");
-    }
-
-    void messagesOfReader()
-    {
-        FETCH(QByteArray, rtf, QString, german);
-        QTranslator translator;
-        QVERIFY(translator.load("orvrtf_de"_s, QLatin1String(TRANSLATIONS_FOLDER)));
-        QVERIFY(QCoreApplication::installTranslator(&translator));
-        QBuffer buffer(&rtf);
-        QVERIFY(buffer.open(QIODevice::ReadOnly));
-        QTextDocument document;
-        ORVTextRtfReader reader(&buffer);
-        reader.read(&document);
-        QCOMPARE(reader.errorString(), german);
-        QVERIFY(QCoreApplication::removeTranslator(&translator));
     }
 
 private:

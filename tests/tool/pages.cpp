@@ -49,9 +49,30 @@ class TestToolPages : public ToolTest {
     Q_OBJECT
 
 private slots:
-    void samples_data()
+    ORV_ROWS(samples)
     {
-        const Columns<QString, QSize> add("pageSize", "pixels");
+        const Rows add([this](const QString& pageSize, const QSize& pixels) {
+            const QString in = sample(QString::fromLatin1(QTest::currentDataTag()));
+            convert({in, path("out.pdf")});
+            convert({in, path("out.png")});
+            convert({in, path("out.txt")});
+
+            const QString info = QString::fromLatin1(program("pdfinfo", {path("out.pdf")}));
+            QVERIFY2(
+                info.contains(QRegularExpression("Page size:\\s+"_s + QRegularExpression::escape(pageSize))),
+                qPrintable(info));
+            const int pages = QRegularExpression("Pages:\\s+(\\d+)"_s).match(info).captured(1).toInt();
+            QVERIFY(pages >= 1);
+            QCOMPARE(QDir(m_dir->path()).entryList({"out*.png"_s}).size(), pages);
+            QCOMPARE(missingWords(QString::fromUtf8(read(path("out.txt"))), pdfText(path("out.pdf"))),
+                     QString());
+            for (int page = 1; page <= pages; ++page) {
+                const QImage image(page == 1 ? path("out.png")
+                                             : path("out-%1.png"_s.arg(page).toLatin1().constData()));
+                QCOMPARE(image.size(), pixels);
+                QVERIFY(leftmostInk(image) > 0);
+            }
+        });
         const QString letter = "612 x 792 pts (letter)"_s;
         const QString a4 = "595 x 842 pts (A4)"_s;
         for (const char* name :
@@ -63,47 +84,21 @@ private slots:
     }
 
     // The page, all the words, and as many pictures as there are pages.
-    void samples()
+    ORV_ROWS(odtSamples)
     {
-        FETCH(QString, pageSize, QSize, pixels);
-        const QString in = sample(QString::fromLatin1(QTest::currentDataTag()));
-        convert({in, path("out.pdf")});
-        convert({in, path("out.png")});
-        convert({in, path("out.txt")});
-
-        const QString info = QString::fromLatin1(program("pdfinfo", {path("out.pdf")}));
-        QVERIFY2(info.contains(QRegularExpression("Page size:\\s+"_s + QRegularExpression::escape(pageSize))),
-                 qPrintable(info));
-        const int pages = QRegularExpression("Pages:\\s+(\\d+)"_s).match(info).captured(1).toInt();
-        QVERIFY(pages >= 1);
-        QCOMPARE(QDir(m_dir->path()).entryList({"out*.png"_s}).size(), pages);
-        QCOMPARE(missingWords(QString::fromUtf8(read(path("out.txt"))), pdfText(path("out.pdf"))), QString());
-        for (int page = 1; page <= pages; ++page) {
-            const QImage image(page == 1 ? path("out.png")
-                                         : path("out-%1.png"_s.arg(page).toLatin1().constData()));
-            QCOMPARE(image.size(), pixels);
-            QVERIFY(leftmostInk(image) > 0);
-        }
-    }
-
-    void odtSamples_data()
-    {
-        const Columns<QString> add("name");
+        const Rows add([this](const QString& name) {
+            const QString in = sample(name);
+            convert({in, path("out.odt")});
+            convert({in, path("expected.txt")});
+            conversiontest::convertWithLibreOffice(path("out.odt"), "txt:Text (encoded):UTF8"_s,
+                                                   m_dir->path());
+            QCOMPARE(missingWords(QString::fromUtf8(read(path("expected.txt"))),
+                                  QString::fromUtf8(read(path("out.txt")))),
+                     QString());
+        });
         for (const char* name : {"abiword-grids", "libreoffice-essay", "libreoffice-nested",
                                  "libreoffice-outline", "pandoc-lists"})
             add(name, QString::fromLatin1(name));
-    }
-
-    void odtSamples()
-    {
-        FETCH(QString, name);
-        const QString in = sample(name);
-        convert({in, path("out.odt")});
-        convert({in, path("expected.txt")});
-        conversiontest::convertWithLibreOffice(path("out.odt"), "txt:Text (encoded):UTF8"_s, m_dir->path());
-        QCOMPARE(missingWords(QString::fromUtf8(read(path("expected.txt"))),
-                              QString::fromUtf8(read(path("out.txt")))),
-                 QString());
     }
 
     void pageOfRtfIsKept()
@@ -131,22 +126,18 @@ private slots:
         QVERIFY2(rtf.contains("\\ri0\\"), rtf.constData());
     }
 
-    void a4UnlessStated_data()
+    ORV_ROWS(a4UnlessStated)
     {
-        const Columns<QString, QByteArray, QByteArray> add("name", "content", "pageSize");
+        const Rows add([this](const QString& name, const QByteArray& content, const QByteArray& pageSize) {
+            write(name.toLatin1().constData(), content);
+            convert({name, path("out.pdf")});
+            const QByteArray info = program("pdfinfo", {path("out.pdf")});
+            QVERIFY2(info.contains(pageSize), info.constData());
+        });
         add("html", "in.html", "text", "595 x 842 pts (A4)");
         add("txt", "in.txt", "text", "595 x 842 pts (A4)");
         // What RTF has where it says nothing.
         add("rtf", "in.rtf", "{\\rtf1 text}", "612 x 792 pts (letter)");
-    }
-
-    void a4UnlessStated()
-    {
-        FETCH(QString, name, QByteArray, content, QByteArray, pageSize);
-        write(name.toLatin1().constData(), content);
-        convert({name, path("out.pdf")});
-        const QByteArray info = program("pdfinfo", {path("out.pdf")});
-        QVERIFY2(info.contains(pageSize), info.constData());
     }
 
     void unusablePage()
@@ -157,22 +148,18 @@ private slots:
         QVERIFY(pdfText(path("out.pdf")).contains(QLatin1Char('i')));
     }
 
-    void lengthsOfMilesShowTheText_data()
+    ORV_ROWS(lengthsOfMilesShowTheText)
     {
-        const Columns<QByteArray> add("body");
+        const Rows add([this](const QByteArray& body) {
+            write("in.rtf", "{\\rtf1" + body + '}');
+            convert(words("in.rtf out.pdf"));
+            QCOMPARE(pdfText(path("out.pdf")).simplified(), "i i i"_s);
+        });
         for (const char* words :
              {"\\sb100000000", "\\sb2000000000", "\\sa300000000", "\\sl300000000", "\\sl-300000000",
               "\\sl2000000000\\slmult1", "\\fi-2000000000", "\\li300000000", "\\ri-300000000"})
             add(words + 1, QByteArray(words) + " i\\par i\\par i");
         add("trgaph", "\\trowd\\trgaph300000000\\cellx3000\\intbl i\\par i\\par i\\cell\\row");
-    }
-
-    void lengthsOfMilesShowTheText()
-    {
-        FETCH(QByteArray, body);
-        write("in.rtf", "{\\rtf1" + body + '}');
-        convert(words("in.rtf out.pdf"));
-        QCOMPARE(pdfText(path("out.pdf")).simplified(), "i i i"_s);
     }
 
     void fontsAreEmbedded()
@@ -234,50 +221,42 @@ private slots:
         QCOMPARE(pdfText(path("out.pdf")).simplified(), "1. a 2. b 2.1 c 2.2 d 3. e"_s);
     }
 
-    void noPictureFromDisk_data()
+    ORV_ROWS(noPictureFromDisk)
     {
-        const Columns<QString> add("format");
+        const Rows add([this](const QString& format) {
+            QImage picture(400, 400, QImage::Format_RGB32);
+            picture.fill(Qt::black);
+            QVERIFY(picture.save(path("black.png")));
+            write("with.html", "<img src=\"" + path("black.png").toUtf8() + "\"><img src=\"black.png\">");
+            write("without.html", "<img src=\"none.png\"><img src=\"none.png\">");
+            convert({"with.html"_s, "with."_s + format});
+            convert({"without.html"_s, "without."_s + format});
+            if (format == "png"_s)
+                QCOMPARE(leftmostInk(QImage(path("with.png"))), -1);
+            // Names and dates differ a little.
+            const auto sizeOf = [&](const char* name) {
+                return read(m_dir->filePath(QLatin1String(name) + format)).size();
+            };
+            QVERIFY(qAbs(sizeOf("with.") - sizeOf("without.")) < 300);
+        });
         add("png", "png");
         add("pdf", "pdf");
         add("odt", "odt");
     }
 
     // A document of a stranger must not show, and so give away, what lies on the disk.
-    void noPictureFromDisk()
+    ORV_ROWS(standardOutput)
     {
-        FETCH(QString, format);
-        QImage picture(400, 400, QImage::Format_RGB32);
-        picture.fill(Qt::black);
-        QVERIFY(picture.save(path("black.png")));
-        write("with.html", "<img src=\"" + path("black.png").toUtf8() + "\"><img src=\"black.png\">");
-        write("without.html", "<img src=\"none.png\"><img src=\"none.png\">");
-        convert({"with.html"_s, "with."_s + format});
-        convert({"without.html"_s, "without."_s + format});
-        if (format == "png"_s)
-            QCOMPARE(leftmostInk(QImage(path("with.png"))), -1);
-        // Names and dates differ a little.
-        const auto sizeOf = [&](const char* name) {
-            return read(m_dir->filePath(QLatin1String(name) + format)).size();
-        };
-        QVERIFY(qAbs(sizeOf("with.") - sizeOf("without.")) < 300);
-    }
-
-    void standardOutput_data()
-    {
-        const Columns<QByteArray> add("signature");
+        const Rows add([this](const QByteArray& signature) {
+            const ToolRun result =
+                run(words("convert - - --to") + QStringList(QString::fromLatin1(QTest::currentDataTag())),
+                    "{\\rtf1 text}");
+            QCOMPARE(result.exitCode, 0);
+            QCOMPARE(result.err, QByteArray());
+            QVERIFY(result.out.startsWith(signature));
+        });
         add("pdf", "%PDF-");
         add("odt", "PK");
-    }
-
-    void standardOutput()
-    {
-        FETCH(QByteArray, signature);
-        const ToolRun result =
-            run(words("convert - - --to") + QStringList(QString::fromLatin1(QTest::currentDataTag())),
-                "{\\rtf1 text}");
-        QCOMPARE(result.exitCode, 0);
-        QCOMPARE(result.err, QByteArray());
-        QVERIFY(result.out.startsWith(signature));
     }
 
     void picturesNeedFiles()
@@ -297,24 +276,20 @@ private slots:
         QCOMPARE(QDir(m_dir->path()).entryList({"out*"_s}), QStringList("out-2.png"_s));
     }
 
-    void pictureOverTheInputIsRefused_data()
+    ORV_ROWS(pictureOverTheInputIsRefused)
     {
-        const Columns<QString> add("command");
+        const Rows add([this](const QString& command) {
+            const QByteArray rtf = "{\\rtf1 one\\page two}";
+            write("in-2.png", rtf);
+            QVERIFY(QFile::link(path("in-2.png"), path("link.rtf")));
+            QCOMPARE(run(words(command.toLatin1().constData())),
+                     failure("orvrtf: cannot write in-2.png: it is the input\n"));
+            QCOMPARE(read(path("in-2.png")), rtf);
+            QVERIFY(!QFile::exists(path("in.png")));
+        });
         add("same name", "convert --from rtf in-2.png in.png");
         add("another path", "convert --from rtf ./in-2.png in.png");
         add("link", "convert link.rtf in.png");
-    }
-
-    void pictureOverTheInputIsRefused()
-    {
-        FETCH(QString, command);
-        const QByteArray rtf = "{\\rtf1 one\\page two}";
-        write("in-2.png", rtf);
-        QVERIFY(QFile::link(path("in-2.png"), path("link.rtf")));
-        QCOMPARE(run(words(command.toLatin1().constData())),
-                 failure("orvrtf: cannot write in-2.png: it is the input\n"));
-        QCOMPARE(read(path("in-2.png")), rtf);
-        QVERIFY(!QFile::exists(path("in.png")));
     }
 
     void picturesOfOtherPagesStay()
@@ -340,21 +315,17 @@ private slots:
         QCOMPARE(QDir(m_dir->path()).entryList({"out*"_s}, QDir::Files | QDir::Hidden), QStringList());
     }
 
-    void nothingIsLeftBehind_data()
+    ORV_ROWS(nothingIsLeftBehind)
     {
-        const Columns<QString> add("output");
+        const Rows add([this](const QString& output) {
+            const ToolRun result = run({"convert"_s, "-"_s, output}, "{\\rtf1 text}");
+            QCOMPARE(result.exitCode, 1);
+            QVERIFY2(result.err.startsWith("orvrtf: cannot write missing/out."), result.err.constData());
+            QCOMPARE(files(), QStringList());
+        });
         add("pdf", "missing/out.pdf");
         add("png", "missing/out.png");
         add("odt", "missing/out.odt");
-    }
-
-    void nothingIsLeftBehind()
-    {
-        FETCH(QString, output);
-        const ToolRun result = run({"convert"_s, "-"_s, output}, "{\\rtf1 text}");
-        QCOMPARE(result.exitCode, 1);
-        QVERIFY2(result.err.startsWith("orvrtf: cannot write missing/out."), result.err.constData());
-        QCOMPARE(files(), QStringList());
     }
 
 private:

@@ -94,9 +94,13 @@ private slots:
         QVERIFY2(html.contains("src=\"data:image/jpeg;base64," + jpeg.toBase64() + "\""), html.constData());
     }
 
-    void plainText_data()
+    ORV_ROWS(plainText)
     {
-        const Columns<QByteArray, QByteArray> add("rtf", "text");
+        const Rows add([this](const QByteArray& rtf, const QByteArray& text) {
+            write("in.rtf", rtf);
+            QCOMPARE(run(words("convert in.rtf out.txt")), success());
+            QCOMPARE(read(path("out.txt")), text);
+        });
         add("paragraphs", "{\\rtf1 One\\par Two}", "One\nTwo\n");
         add("last paragraph ended", "{\\rtf1 One\\par}", "One\n");
         add("line break", "{\\rtf1 One\\line Two}", "One\nTwo\n");
@@ -108,17 +112,13 @@ private slots:
         add("empty file", "", "");
     }
 
-    void plainText()
+    ORV_ROWS(outputFormat)
     {
-        FETCH(QByteArray, rtf);
-        write("in.rtf", rtf);
-        QCOMPARE(run(words("convert in.rtf out.txt")), success());
-        QTEST(read(path("out.txt")), "text");
-    }
-
-    void outputFormat_data()
-    {
-        const Columns<QString, QString, bool> add("arguments", "output", "isHtml");
+        const Rows add([this](const QString& arguments, const QString& output, bool isHtml) {
+            write("in.rtf", "{\\rtf1 Text}");
+            QCOMPARE(run(words(arguments)).exitCode, 0);
+            QCOMPARE(read(path(output.toUtf8().constData())).startsWith("<!DOCTYPE HTML"), isHtml);
+        });
         add("html suffix", "convert in.rtf out.html", "out.html", true);
         add("htm suffix", "convert in.rtf out.htm", "out.htm", true);
         add("capital suffix", "convert in.rtf OUT.HTML", "OUT.HTML", true);
@@ -129,45 +129,33 @@ private slots:
         add("option first", "--to=html convert in.rtf out.txt", "out.txt", true);
     }
 
-    void outputFormat()
-    {
-        FETCH(QString, arguments, QString, output);
-        write("in.rtf", "{\\rtf1 Text}");
-        QCOMPARE(run(words(arguments)).exitCode, 0);
-        QTEST(read(path(output.toUtf8().constData())).startsWith("<!DOCTYPE HTML"), "isHtml");
-    }
-
     void convertsStandardInputToStandardOutput()
     {
         QCOMPARE(run(words("convert - - --to txt"), "{\\rtf1 From a pipe\\par}"), success("From a pipe\n"));
     }
 
     // A writer that pauses must not look like the end of the input.
-    void waitsForSlowPipe_data()
+    ORV_ROWS(waitsForSlowPipe)
     {
-        const Columns<QString, QByteArray> add("arguments", "out");
+        const Rows add([this](const QString& arguments, const QByteArray& out) {
+            const QByteArray pipeName = QFile::encodeName(path("pipe"));
+            QCOMPARE(mkfifo(pipeName.constData(), 0600), 0);
+            const int fd = open(pipeName.constData(), O_RDWR | O_CLOEXEC);
+            QVERIFY(fd >= 0);
+            QProcess process;
+            start(process, words(arguments));
+            const QByteArray halves[] = {"{\\rtf1 first half\\par ", "second half\\par}"};
+            for (const QByteArray& half : halves) {
+                QCOMPARE(::write(fd, half.constData(), size_t(half.size())), ssize_t(half.size()));
+                int unread = half.size();
+                QTRY_VERIFY(ioctl(fd, FIONREAD, &unread) == 0 && unread == 0);
+            }
+            close(fd);
+            QCOMPARE(finish(process), success(out));
+        });
         add("convert", "convert pipe - --to txt", "first half\nsecond half\n");
         // The stripper does not wait for the whole input, but for its end.
         add("strip", "strip pipe -", "\n{\\rtf1 first half\\par second half\\par}\n");
-    }
-
-    void waitsForSlowPipe()
-    {
-        FETCH(QString, arguments, QByteArray, out);
-        const QByteArray pipeName = QFile::encodeName(path("pipe"));
-        QCOMPARE(mkfifo(pipeName.constData(), 0600), 0);
-        const int fd = open(pipeName.constData(), O_RDWR | O_CLOEXEC);
-        QVERIFY(fd >= 0);
-        QProcess process;
-        start(process, words(arguments));
-        const QByteArray halves[] = {"{\\rtf1 first half\\par ", "second half\\par}"};
-        for (const QByteArray& half : halves) {
-            QCOMPARE(::write(fd, half.constData(), size_t(half.size())), ssize_t(half.size()));
-            int unread = half.size();
-            QTRY_VERIFY(ioctl(fd, FIONREAD, &unread) == 0 && unread == 0);
-        }
-        close(fd);
-        QCOMPARE(finish(process), success(out));
     }
 
     void stripsFiles()
@@ -247,22 +235,18 @@ private slots:
         QCOMPARE(run(words("check in.rtf")), success());
     }
 
-    void checkReportsDamage_data()
+    ORV_ROWS(checkReportsDamage)
     {
-        const Columns<QByteArray, QByteArray> add("rtf", "message");
+        const Rows add([this](const QByteArray& rtf, const QByteArray& message) {
+            write("in.rtf", rtf);
+            QCOMPARE(run(words("check in.rtf")), failure("orvrtf: in.rtf: " + message + "\n"));
+        });
         add("group too many ended", "{\\rtf1 abc}}", "Unmatched '{' in Rich Text file");
         add("group not ended", "{\\rtf1 abc", "Unmatched '}' in Rich Text file");
         add("backslash at the end", "{\\rtf1}\\", "Unexpected end of file");
         add("endless control word", QByteArray("{\\rtf1\\" + QByteArray(100, 'a') + "}"),
             "Invalid control word encountered");
         add("no hexadecimal digits", "{\\rtf1 \\'zz}", "Invalid control word parameter encountered");
-    }
-
-    void checkReportsDamage()
-    {
-        FETCH(QByteArray, rtf, QByteArray, message);
-        write("in.rtf", rtf);
-        QCOMPARE(run(words("check in.rtf")), failure("orvrtf: in.rtf: " + message + "\n"));
     }
 
     void damagedFileIsConvertedAllTheSame()
@@ -273,9 +257,14 @@ private slots:
         QCOMPARE(read(path("out.txt")), "kept\n"_b);
     }
 
-    void usageErrors_data()
+    ORV_ROWS(usageErrors)
     {
-        const Columns<QString, QByteArray> add("arguments", "about");
+        const Rows add([this](const QString& arguments, const QByteArray& about) {
+            write("in.rtf", "{\\rtf1 Text}");
+            verifyRefusal(run(arguments.isEmpty() ? QStringList() : words(arguments)), about);
+            QCOMPARE(files(), words("in.rtf"));
+            QCOMPARE(read(path("in.rtf")), "{\\rtf1 Text}"_b);
+        });
         add("nothing", "", "no command given");
         add("unknown command", "turn in.rtf out.html", "\"turn\"");
         add("unknown option", "--fast convert in.rtf out.html", "'fast'");
@@ -299,18 +288,17 @@ private slots:
         add("JSON for convert", "convert in.rtf out.html --json", "--json");
     }
 
-    void usageErrors()
+    ORV_ROWS(unreadableInput)
     {
-        FETCH(QString, arguments, QByteArray, about);
-        write("in.rtf", "{\\rtf1 Text}");
-        verifyRefusal(run(arguments.isEmpty() ? QStringList() : words(arguments)), about);
-        QCOMPARE(files(), words("in.rtf"));
-        QCOMPARE(read(path("in.rtf")), "{\\rtf1 Text}"_b);
-    }
-
-    void unreadableInput_data()
-    {
-        const Columns<QString, QByteArray> add("arguments", "name");
+        const Rows add([this](const QString& arguments, const QByteArray& name) {
+            write("in.rtf", "{\\rtf1 Text}");
+            write("old.rtf", "old");
+            write("old.txt", "old");
+            verifyFailure(run(words(arguments)), name);
+            QCOMPARE(files(), words("in.rtf old.rtf old.txt"));
+            QCOMPARE(read(path("old.rtf")), "old"_b);
+            QCOMPARE(read(path("old.txt")), "old"_b);
+        });
         add("convert missing", "convert missing.rtf out.html", "missing.rtf");
         add("info missing", "info missing.rtf", "missing.rtf");
         add("check missing", "check missing.rtf", "missing.rtf");
@@ -327,18 +315,6 @@ private slots:
             "orvrtf: cannot read in.rtf/missing.txt: ");
         add("old output, directory", "convert . old.rtf", "orvrtf: cannot read .: ");
         add("old text", "convert missing.rtf old.txt", "missing.rtf");
-    }
-
-    void unreadableInput()
-    {
-        FETCH(QString, arguments, QByteArray, name);
-        write("in.rtf", "{\\rtf1 Text}");
-        write("old.rtf", "old");
-        write("old.txt", "old");
-        verifyFailure(run(words(arguments)), name);
-        QCOMPARE(files(), words("in.rtf old.rtf old.txt"));
-        QCOMPARE(read(path("old.rtf")), "old"_b);
-        QCOMPARE(read(path("old.txt")), "old"_b);
     }
 
     void standardInputIsDirectory()
@@ -358,9 +334,16 @@ private slots:
         verifyFailure(run(words("check -"), "{\\rtf1 Text}"), "no temporary file");
     }
 
-    void unwritableOutput_data()
+    ORV_ROWS(unwritableOutput)
     {
-        const Columns<QString, QString> add("output", "format");
+        const Rows add([this](const QString& output, const QString& format) {
+            write("in.rtf", "{\\rtf1 Text}");
+            QVERIFY(QDir(m_dir->path()).mkdir("directory"_s));
+            verifyFailure(run({"convert"_s, "in.rtf"_s, output, "--to"_s, format}),
+                          "orvrtf: cannot write " + output.toUtf8() + ": ");
+            QCOMPARE(files(), words("directory in.rtf"));
+            QCOMPARE(files("directory"), QStringList());
+        });
         // Not by permissions: whoever runs the tests may be allowed everything.
         for (const char* format : {"html", "rtf"}) {
             const auto row = [&](const char* name, const char* output) {
@@ -374,42 +357,33 @@ private slots:
         }
     }
 
-    void unwritableOutput()
+    ORV_ROWS(interruptedWritingLeavesNoFile)
     {
-        FETCH(QString, output, QString, format);
-        write("in.rtf", "{\\rtf1 Text}");
-        QVERIFY(QDir(m_dir->path()).mkdir("directory"_s));
-        verifyFailure(run({"convert"_s, "in.rtf"_s, output, "--to"_s, format}),
-                      "orvrtf: cannot write " + output.toUtf8() + ": ");
-        QCOMPARE(files(), words("directory in.rtf"));
-        QCOMPARE(files("directory"), QStringList());
-    }
-
-    void interruptedWritingLeavesNoFile_data()
-    {
-        const Columns<QString> add("command");
+        const Rows add([this](const QString& command) {
+            write("in.rtf", "{\\rtf1 " + QByteArray(100000, 'a') + "\\par}");
+            QProcess process;
+            process.setProcessEnvironment(m_environment);
+            process.setWorkingDirectory(m_dir->path());
+            // Files may grow to a few blocks only, and the signal for it is ignored, so that writing fails.
+            process.start("/bin/sh"_s,
+                          {"-c"_s, "ulimit -f 8; trap '' XFSZ; exec \"$0\" $1 in.rtf out.txt"_s,
+                           QString::fromUtf8(ORVRTF_TOOL), command});
+            verifyFailure(finish(process), "cannot write out.txt");
+            QCOMPARE(files(), words("in.rtf"));
+        });
         add("convert", "convert");
         add("strip", "strip");
     }
 
-    void interruptedWritingLeavesNoFile()
+    ORV_ROWS(fullStandardOutput)
     {
-        FETCH(QString, command);
-        write("in.rtf", "{\\rtf1 " + QByteArray(100000, 'a') + "\\par}");
-        QProcess process;
-        process.setProcessEnvironment(m_environment);
-        process.setWorkingDirectory(m_dir->path());
-        // Files may grow to a few blocks only, and the signal for it is ignored, so that writing fails.
-        process.start("/bin/sh"_s,
-                      {"-c"_s, "ulimit -f 8; trap '' XFSZ; exec \"$0\" $1 in.rtf out.txt"_s,
-                       QString::fromUtf8(ORVRTF_TOOL), command});
-        verifyFailure(finish(process), "cannot write out.txt");
-        QCOMPARE(files(), words("in.rtf"));
-    }
-
-    void fullStandardOutput_data()
-    {
-        const Columns<QString> add("arguments");
+        const Rows add([this](const QString& arguments) {
+            write("in.rtf", "{\\rtf1 Text}");
+            QProcess process;
+            process.setStandardOutputFile("/dev/full"_s);
+            start(process, words(arguments));
+            verifyFailure(finish(process), "orvrtf: cannot write standard output: ");
+        });
         add("convert to html", "convert in.rtf - --to html");
         add("convert to txt", "convert in.rtf - --to txt");
         add("convert to rtf", "convert in.rtf - --to rtf");
@@ -418,16 +392,6 @@ private slots:
         add("info", "info in.rtf");
         add("help", "--help");
         add("version", "--version");
-    }
-
-    void fullStandardOutput()
-    {
-        FETCH(QString, arguments);
-        write("in.rtf", "{\\rtf1 Text}");
-        QProcess process;
-        process.setStandardOutputFile("/dev/full"_s);
-        start(process, words(arguments));
-        verifyFailure(finish(process), "orvrtf: cannot write standard output: ");
     }
 
     void version()
@@ -461,26 +425,22 @@ private slots:
         QCOMPARE(run(words("convert - - --to txt"), "{\\rtf1 Text}"), success("Text\n"));
     }
 
-    void fileNamesInCLocale_data()
+    ORV_ROWS(fileNamesInCLocale)
     {
-        const Columns<QString, QString> add("variable", "locale");
+        const Rows add([this](const QString& variable, const QString& locale) {
+            const QString name = "\xc3\xa4 \xe2\x82\xac"_s;
+            write("\xc3\xa4 \xe2\x82\xac.rtf", "{\\rtf1 Text}");
+            for (const char* other : {"LC_ALL", "LC_CTYPE", "LANG"})
+                m_environment.remove(QLatin1String(other));
+            m_environment.insert(variable, locale);
+            QCOMPARE(run({"convert"_s, name + ".rtf"_s, name + ".txt"_s}), success());
+            QCOMPARE(read(path("\xc3\xa4 \xe2\x82\xac.txt")), "Text\n"_b);
+        });
         add("all categories", "LC_ALL", "C");
         add("default", "LANG", "C");
         add("characters", "LC_CTYPE", "POSIX");
         add("no locale", "LANG", QString());
         add("unknown locale", "LC_ALL", "xx_XX.UTF-8");
-    }
-
-    void fileNamesInCLocale()
-    {
-        FETCH(QString, variable, QString, locale);
-        const QString name = "\xc3\xa4 \xe2\x82\xac"_s;
-        write("\xc3\xa4 \xe2\x82\xac.rtf", "{\\rtf1 Text}");
-        for (const char* other : {"LC_ALL", "LC_CTYPE", "LANG"})
-            m_environment.remove(QLatin1String(other));
-        m_environment.insert(variable, locale);
-        QCOMPARE(run({"convert"_s, name + ".rtf"_s, name + ".txt"_s}), success());
-        QCOMPARE(read(path("\xc3\xa4 \xe2\x82\xac.txt")), "Text\n"_b);
     }
 
     void fileNamesThatLookLikeOptions()

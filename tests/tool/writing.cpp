@@ -64,9 +64,17 @@ class TestToolWriting : public ToolTest {
     Q_OBJECT
 
 private slots:
-    void noteStyles_data()
+    ORV_ROWS(noteStyles)
     {
-        const Columns<QString, QByteArray, QByteArray> add("options", "footnoteText", "annotationText");
+        const Rows add(
+            [](const QString& options, const QByteArray& footnoteText, const QByteArray& annotationText) {
+                const QByteArray rtf = converted(
+                    rtfFile("One{\\footnote\\pard\\plain  note} two{\\*\\annotation\\pard\\plain  remark}."),
+                    options);
+                QCOMPARE(rtf,
+                         documentHead() + firstParagraph() + text("One") + footnoteText + text(" two")
+                             + annotationText + text(".") + "}");
+            });
         add("as they are", "", footnote("note"), annotation("remark"));
         add("footnotes as footnotes", "--footnotes footnote", footnote("note"), annotation("remark"));
         add("footnotes as annotations", "--footnotes annotation", annotation("note"), annotation("remark"));
@@ -81,57 +89,42 @@ private slots:
             annotation("remark"));
     }
 
-    void noteStyles()
+    ORV_ROWS(linkDecoration)
     {
-        FETCH(QString, options, QByteArray, footnoteText, QByteArray, annotationText);
-        const QByteArray rtf = converted(
-            rtfFile("One{\\footnote\\pard\\plain  note} two{\\*\\annotation\\pard\\plain  remark}."),
-            options);
-        QCOMPARE(rtf,
-                 documentHead() + firstParagraph() + text("One") + footnoteText + text(" two")
-                     + annotationText + text(".") + "}");
-    }
-
-    void linkDecoration_data()
-    {
-        const Columns<QString, QByteArray, QByteArray> add("options", "colours", "format");
+        const Rows add([this](const QString& options, const QByteArray& colours, const QByteArray& format) {
+            const QByteArray rtf = converted(
+                rtfFile("See {\\field{\\*\\fldinst HYPERLINK \"http://localhost/a\"}{\\fldrslt here}}."),
+                options);
+            QCOMPARE(rtf,
+                     documentHead(defaultFontEntry(), colours) + firstParagraph() + text("See ")
+                         + link("http://localhost/a", format, "here") + text(".") + "}");
+        });
         add("plain", "", QByteArray(), "\\f0\\fs24");
         // Blue follows black and white, which begin each table that is not empty.
         add("decorated", "--decorate-links", QByteArray(blackAndWhite() + "\\red0\\green0\\blue255;"),
             "\\f0\\fs24\\ul\\ulc3\\cf3");
     }
 
-    void linkDecoration()
+    ORV_ROWS(highlighting)
     {
-        FETCH(QString, options, QByteArray, colours, QByteArray, format);
-        const QByteArray rtf = converted(
-            rtfFile("See {\\field{\\*\\fldinst HYPERLINK \"http://localhost/a\"}{\\fldrslt here}}."),
-            options);
-        QCOMPARE(rtf,
-                 documentHead(defaultFontEntry(), colours) + firstParagraph() + text("See ")
-                     + link("http://localhost/a", format, "here") + text(".") + "}");
-    }
-
-    void highlighting_data()
-    {
-        const Columns<QString, QByteArray> add("options", "background");
+        const Rows add([this](const QString& options, const QByteArray& background) {
+            const QByteArray rtf = converted(rtfFile("One {\\highlight1 two}"), options);
+            const QByteArray yellow = blackAndWhite() + "\\red255\\green255\\blue0;";
+            QCOMPARE(rtf,
+                     documentHead(defaultFontEntry(), yellow) + firstParagraph() + text("One ")
+                         + "{\\f0\\fs24" + background + " two}}");
+        });
         add("usual", "", "\\cb3\\highlight3");
         add("MS Word", "--ms-word-highlight", "\\cb3\\chshdng0\\chcbpat3");
     }
 
-    void highlighting()
+    ORV_ROWS(storage)
     {
-        FETCH(QString, options, QByteArray, background);
-        const QByteArray rtf = converted(rtfFile("One {\\highlight1 two}"), options);
-        const QByteArray yellow = blackAndWhite() + "\\red255\\green255\\blue0;";
-        QCOMPARE(rtf,
-                 documentHead(defaultFontEntry(), yellow) + firstParagraph() + text("One ") + "{\\f0\\fs24"
-                     + background + " two}}");
-    }
-
-    void storage_data()
-    {
-        const Columns<QByteArray, QByteArray, QByteArray> add("content", "exported", "stored");
+        const Rows add(
+            [this](const QByteArray& content, const QByteArray& exported, const QByteArray& stored) {
+                QCOMPARE(bodyOf(converted(rtfFile(content), QString())), exported);
+                QCOMPARE(bodyOf(converted(rtfFile(content), "--storage"_s)), stored);
+            });
         add("page number", "Page <$p>.", firstParagraph() + text("Page {\\chpgn}."),
             firstParagraph() + text("Page <$p>."));
         add("number of pages", "<$pagecount> pages",
@@ -151,13 +144,6 @@ private slots:
         const QByteArray item = "\\ltrch\\loch \\ls1\\ilvl0{\\listtext\\f0\\fs24 .\\tab }";
         add("list item", "\\ls1 One", "\n\\pard\\plain \\fi-360" + item + text("One"),
             "\n\\pard\\plain " + item + text("One"));
-    }
-
-    void storage()
-    {
-        FETCH(QByteArray, content, QByteArray, exported, QByteArray, stored);
-        QCOMPARE(bodyOf(converted(rtfFile(content), QString())), exported);
-        QCOMPARE(bodyOf(converted(rtfFile(content), "--storage"_s)), stored);
     }
 
     /*! Other programs would take that paragraph into the first cell. */
@@ -186,9 +172,16 @@ private slots:
                      + link("a", "\\f0\\fs24\\ul\\ulc4\\cf4", "two") + text("<$p>") + "}");
     }
 
-    void inputFormat_data()
+    ORV_ROWS(inputFormat)
     {
-        const Columns<QString, QByteArray> add("arguments", "expected");
+        const Rows add([this](const QString& arguments, const QByteArray& expected) {
+            const QByteArray content = "{\\rtf1 <b>One</b>}";
+            const QStringList files = words(arguments);
+            if (files.first() != "-"_s)
+                write(files.first().toUtf8().constData(), content);
+            QCOMPARE(run(words("convert") + files, content), success());
+            QCOMPARE(read(path("out.txt")), QByteArray(expected + "\n"));
+        });
         // What the same bytes are as RTF, HTML and plain text.
         const QByteArray asRtf = "<b>One</b>";
         const QByteArray asHtml = "{\\rtf1 One}";
@@ -208,38 +201,27 @@ private slots:
         add("standard input from html", "- out.txt --from html", asHtml);
     }
 
-    void inputFormat()
+    ORV_ROWS(outputFormat)
     {
-        FETCH(QString, arguments, QByteArray, expected);
-        const QByteArray content = "{\\rtf1 <b>One</b>}";
-        const QStringList files = words(arguments);
-        if (files.first() != "-"_s)
-            write(files.first().toUtf8().constData(), content);
-        QCOMPARE(run(words("convert") + files, content), success());
-        QCOMPARE(read(path("out.txt")), QByteArray(expected + "\n"));
-    }
-
-    void outputFormat_data()
-    {
-        const Columns<QString, QString> add("arguments", "output");
+        const Rows add([this](const QString& arguments, const QString& output) {
+            write("in.rtf", rtfFile("One"));
+            QCOMPARE(run(words("convert") + words(arguments)), success());
+            QCOMPARE(read(path(output.toUtf8().constData())),
+                     QByteArray(documentHead() + firstParagraph() + text("One") + "}"));
+        });
         add("rtf suffix", "in.rtf out.rtf", "out.rtf");
         add("capital suffix", "in.rtf OUT.RTF", "OUT.RTF");
         add("to rtf without suffix", "in.rtf out --to rtf", "out");
         add("to rtf beats suffix", "in.rtf out.html --to=RTF", "out.html");
     }
 
-    void outputFormat()
+    ORV_ROWS(html)
     {
-        FETCH(QString, arguments, QString, output);
-        write("in.rtf", rtfFile("One"));
-        QCOMPARE(run(words("convert") + words(arguments)), success());
-        QCOMPARE(read(path(output.toUtf8().constData())),
-                 QByteArray(documentHead() + firstParagraph() + text("One") + "}"));
-    }
-
-    void html_data()
-    {
-        const Columns<QByteArray, QByteArray> add("content", "body");
+        const Rows add([this](const QByteArray& content, const QByteArray& body) {
+            const QByteArray rtf = converted(htmlFile(content), "--from html"_s);
+            QVERIFY2(rtf.contains("{\\f1\\fnil\\fcharset1252\\fprq2 Quibble Sans;}}\n"), rtf.constData());
+            QCOMPARE(bodyOf(rtf), body);
+        });
         add("character formats", "One <b>two</b> <i>three</i> <u>four</u>",
             firstParagraph() + "{\\f1\\fs24 One }{\\f1\\fs24\\b1 two}{\\f1\\fs24  }{\\f1\\fs24\\i1 three}"
                 + "{\\f1\\fs24  }{\\f1\\fs24\\ul\\ulc0 four}");
@@ -255,17 +237,12 @@ private slots:
         add("line break", "One<br>two", firstParagraph() + "{\\f1\\fs24 One\\line two}");
     }
 
-    void html()
+    ORV_ROWS(plainText)
     {
-        FETCH(QByteArray, content);
-        const QByteArray rtf = converted(htmlFile(content), "--from html"_s);
-        QVERIFY2(rtf.contains("{\\f1\\fnil\\fcharset1252\\fprq2 Quibble Sans;}}\n"), rtf.constData());
-        QTEST(bodyOf(rtf), "body");
-    }
-
-    void plainText_data()
-    {
-        const Columns<QByteArray, QByteArray> add("content", "body");
+        const Rows add([this](const QByteArray& content, const QByteArray& body) {
+            const QByteArray rtf = converted(content, "--from txt"_s);
+            QCOMPARE(withoutSize(bodyOf(rtf)), body);
+        });
         const QByteArray one = firstParagraph() + "{\\f0\\fs0 One}";
         const QByteArray two = newParagraph() + "{\\f0\\fs0 two}";
         add("one line", "One", one);
@@ -278,16 +255,14 @@ private slots:
         add("nothing", QByteArray(), firstParagraph() + "\\f0\\fs0");
     }
 
-    void plainText()
+    ORV_ROWS(encodingOfText)
     {
-        FETCH(QByteArray, content);
-        const QByteArray rtf = converted(content, "--from txt"_s);
-        QTEST(withoutSize(bodyOf(rtf)), "body");
-    }
-
-    void encodingOfText_data()
-    {
-        const Columns<QByteArray> add("content");
+        const Rows add([this](const QByteArray& content) {
+            for (const char* format : {"txt", "html"}) {
+                const ToolRun result = run(words("convert - - --to txt --from") + words(format), content);
+                QCOMPARE(result.out, "caf\xc3\xa9\n"_b);
+            }
+        });
         add("UTF-8", "caf\xc3\xa9");
         add("UTF-8 with byte order mark",
             "\xef\xbb\xbf"
@@ -300,18 +275,11 @@ private slots:
                        10));
     }
 
-    void encodingOfText()
+    ORV_ROWS(zeroBytesAndHalfUnits)
     {
-        FETCH(QByteArray, content);
-        for (const char* format : {"txt", "html"}) {
-            const ToolRun result = run(words("convert - - --to txt --from") + words(format), content);
-            QCOMPARE(result.out, "caf\xc3\xa9\n"_b);
-        }
-    }
-
-    void zeroBytesAndHalfUnits_data()
-    {
-        const Columns<QByteArray, QByteArray> add("content", "text");
+        const Rows add([this](const QByteArray& content, const QByteArray& text) {
+            QCOMPARE(run(words("convert - - --from txt --to txt"), content).out, text);
+        });
         add("ASCII", "a\0b"_b, "a\0b\n"_b);
         add("UTF-8", "\xc3\xa9\0b"_b, "\xc3\xa9\0b\n"_b);
         add("Latin-1", "\xe9\0b"_b, "\xc3\xa9\0b\n"_b);
@@ -320,21 +288,21 @@ private slots:
         add("half a unit of UTF-16 is shown", "\xff\xfe\x61\0b"_b, "a\xef\xbf\xbd\n"_b);
     }
 
-    void zeroBytesAndHalfUnits()
-    {
-        FETCH(QByteArray, content, QByteArray, text);
-        QCOMPARE(run(words("convert - - --from txt --to txt"), content).out, text);
-    }
-
     void zeroBytesEndNoHtml()
     {
         const QByteArray text = run(words("convert - - --from html --to txt"), "<p>a</p>\0<p>b</p>"_b).out;
         QVERIFY2(text.endsWith("b\n"), text.constData());
     }
 
-    void usageErrors_data()
+    ORV_ROWS(usageErrors)
     {
-        const Columns<QString, QByteArray> add("arguments", "message");
+        const Rows add([this](const QString& arguments, const QByteArray& message) {
+            const QByteArray content = rtfFile("One");
+            write("in.rtf", content);
+            QCOMPARE(run(words(arguments)), refusal(message));
+            QCOMPARE(files(), words("in.rtf"));
+            QCOMPARE(read(path("in.rtf")), content);
+        });
         const struct {
             const char* option;
             const char* name;
@@ -373,16 +341,6 @@ private slots:
         add("standard output without format", "convert in.rtf -",
             "the standard output needs --to rtf, html, txt, odt or pdf");
         add("output is input", "convert in.rtf ./in.rtf --storage", "\"in.rtf\" is both input and output");
-    }
-
-    void usageErrors()
-    {
-        FETCH(QString, arguments, QByteArray, message);
-        const QByteArray content = rtfFile("One");
-        write("in.rtf", content);
-        QCOMPARE(run(words(arguments)), refusal(message));
-        QCOMPARE(files(), words("in.rtf"));
-        QCOMPARE(read(path("in.rtf")), content);
     }
 
     /*! What could be read is written all the same. */

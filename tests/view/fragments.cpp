@@ -36,9 +36,13 @@ class TestFragments : public QObject {
     Q_OBJECT
 
 private slots:
-    void formatsBetweenPositions_data()
+    ORV_ROWS(formatsBetweenPositions)
     {
-        const Columns<int, int, QString> add("from", "to", "result");
+        const Rows add([](int from, int to, const QString& result) {
+            QTextDocument document("abc\ndef"_s);
+            ORVFragments::changeFormats(&document, from, to, embolden);
+            QCOMPARE(runs(document), result);
+        });
         add("all", 0, 8, "abc! |def! |");
         add("nothing", 2, 2, "abc |def |");
         add("negative", 3, 1, "abc |def |");
@@ -47,14 +51,6 @@ private slots:
         add("a paragraph's end only", 3, 4, "abc |def |");
         add("beyond the end", 6, 100, "abc |de f! |");
         add("behind the end", 100, 200, "abc |def |");
-    }
-
-    void formatsBetweenPositions()
-    {
-        FETCH(int, from, int, to, QString, result);
-        QTextDocument document("abc\ndef"_s);
-        ORVFragments::changeFormats(&document, from, to, embolden);
-        QCOMPARE(runs(document), result);
     }
 
     void eachFormatIsItsOwn()

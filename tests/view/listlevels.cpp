@@ -44,9 +44,19 @@ class TestListLevels : public QObject {
 private slots:
     void nullDocumentIsLeftAlone() { ORVListLevels::separate(nullptr); }
 
-    void markers_data()
+    ORV_ROWS(markers)
     {
-        const Columns<QStringList, Levels, QString> add("templates", "levels", "markers");
+        const Rows add([](const QStringList& templates, const Levels& levels, const QString& markers) {
+            const ORVTextListLevel::Kind kinds[] = {ORVTextListLevel::Decimal, ORVTextListLevel::LowerLetter,
+                                                    ORVTextListLevel::LowerRoman};
+            QList<ORVTextListLevel> listLevels;
+            for (int i = 0; i < templates.size(); ++i)
+                listLevels << level(kinds[i], templates.at(i).toLatin1().constData());
+            QTextDocument document;
+            fill(&document, listLevels, levels);
+            ORVListLevels::separate(&document);
+            QCOMPARE(markersOf(document).join(QLatin1Char(' ')), markers);
+        });
         const QStringList plain{"%0."_s, "%0)"_s, "(%0)"_s};
         const QStringList legal{"%0"_s, "%1.%0"_s, "%2.%1.%0"_s};
         add("counted anew", plain, Levels{0, 1, 1, 0, 1}, "1. a) b) 2. a)");
@@ -54,20 +64,6 @@ private slots:
         add("numbers of the levels above", legal, Levels{0, 0, 1, 1, 2, 0, 1}, "1 2 2.a 2.b 2.b.i 3 3.a");
         add("begins deep", legal, Levels{1, 1}, "1.a 1.b");
         add("beyond the last level", plain, Levels{0, 2, 7}, "1. (i) (ii)");
-    }
-
-    void markers()
-    {
-        FETCH(QStringList, templates, Levels, levels);
-        const ORVTextListLevel::Kind kinds[] = {ORVTextListLevel::Decimal, ORVTextListLevel::LowerLetter,
-                                                ORVTextListLevel::LowerRoman};
-        QList<ORVTextListLevel> listLevels;
-        for (int i = 0; i < templates.size(); ++i)
-            listLevels << level(kinds[i], templates.at(i).toLatin1().constData());
-        QTextDocument document;
-        fill(&document, listLevels, levels);
-        ORVListLevels::separate(&document);
-        QTEST(markersOf(document).join(QLatin1Char(' ')), "markers");
     }
 
     // Qt writes what is around the number the other way round: ".1" for the template "%0.".

@@ -107,29 +107,25 @@ private slots:
         QCOMPARE(darkArea(painted(pages, setup, 72, -1)), QRect());
     }
 
-    void textStandsBetweenTheMargins_data()
+    ORV_ROWS(textStandsBetweenTheMargins)
     {
-        const Columns<int> add("resolution");
+        const Rows add([](int resolution) {
+            QTextDocument document;
+            insertSquare(QTextCursor(&document), 30);
+            const ORVPageSetup setup = smallPage();
+            const ORVPagePainter pages(&document, setup, resolution);
+            QCOMPARE(pages.pageCount(), 1);
+            const int factor = resolution / 96;
+            const QRect dark = darkArea(painted(pages, setup, resolution, 0));
+            QCOMPARE(dark.topLeft(), QPoint(24, 72) * factor);
+            QCOMPARE(dark.size(), QSize(30, 30) * factor);
+        });
         add("96", 96);
         add("192", 192);
         add("288", 288);
     }
 
     // The margins are 18 and 54 points, so 24 and 72 pixels at 96 to the inch.
-    void textStandsBetweenTheMargins()
-    {
-        FETCH(int, resolution);
-        QTextDocument document;
-        insertSquare(QTextCursor(&document), 30);
-        const ORVPageSetup setup = smallPage();
-        const ORVPagePainter pages(&document, setup, resolution);
-        QCOMPARE(pages.pageCount(), 1);
-        const int factor = resolution / 96;
-        const QRect dark = darkArea(painted(pages, setup, resolution, 0));
-        QCOMPARE(dark.topLeft(), QPoint(24, 72) * factor);
-        QCOMPARE(dark.size(), QSize(30, 30) * factor);
-    }
-
     void pageBreaks()
     {
         QTextDocument document("one\ntwo\nthree"_s);
@@ -179,9 +175,27 @@ private slots:
         QCOMPARE(darkArea(painted(pages, setup, 96, 200)), QRect(24, 72, 10, 10));
     }
 
-    void lengthsOfMilesAreLimited_data()
+    ORV_ROWS(lengthsOfMilesAreLimited)
     {
-        const Columns<int, double> add("property", "pixels");
+        const Rows add([](int property, double pixels) {
+            const double lengths[] = {1e7, pixels};
+            QTextDocument documents[2];
+            for (int i = 0; i < 2; ++i) {
+                documents[i].setPlainText("x\n"_s.repeated(20));
+                QTextBlockFormat format;
+                if (property == QTextFormat::LineHeight)
+                    format.setProperty(QTextFormat::LineHeightType, int(QTextBlockFormat::MinimumHeight));
+                format.setProperty(property, lengths[i]);
+                QTextCursor cursor(&documents[i]);
+                cursor.select(QTextCursor::Document);
+                cursor.mergeBlockFormat(format);
+            }
+            const ORVPagePainter pages(&documents[0], smallPage(), 96);
+            const int count = ORVPagePainter(&documents[1], smallPage(), 96).pageCount();
+            // 156 pixels a page; the space in front of the first paragraph or behind the last does not count.
+            QVERIFY(count >= 19 * 2112 / 156);
+            QCOMPARE(pages.pageCount(), count);
+        });
         // 22 inches are 2112 pixels, and 132 lines of 12 points.
         add("space before", int(QTextFormat::BlockTopMargin), 2112.0);
         add("space after", int(QTextFormat::BlockBottomMargin), 2112.0);
@@ -189,31 +203,26 @@ private slots:
     }
 
     // Qt would never be done with these pages.
-    void lengthsOfMilesAreLimited()
+    /*!
+        Qt's layout counts to 2^25 pixels. 45,000 pages or paragraphs that are as high would be more, and the
+        layout would never end, or end with one page. They fill some 2^24 pixels, and what follows is close.
+    */
+    ORV_ROWS(emptySpaceIsLimited)
     {
-        FETCH(int, property, double, pixels);
-        const double lengths[] = {1e7, pixels};
-        QTextDocument documents[2];
-        for (int i = 0; i < 2; ++i) {
-            documents[i].setPlainText("x\n"_s.repeated(20));
-            QTextBlockFormat format;
-            if (property == QTextFormat::LineHeight)
-                format.setProperty(QTextFormat::LineHeightType, int(QTextBlockFormat::MinimumHeight));
-            format.setProperty(property, lengths[i]);
-            QTextCursor cursor(&documents[i]);
-            cursor.select(QTextCursor::Document);
-            cursor.mergeBlockFormat(format);
-        }
-        const ORVPagePainter pages(&documents[0], smallPage(), 96);
-        const int count = ORVPagePainter(&documents[1], smallPage(), 96).pageCount();
-        // 156 pixels a page; the space in front of the first paragraph or behind the last does not count.
-        QVERIFY(count >= 19 * 2112 / 156);
-        QCOMPARE(pages.pageCount(), count);
-    }
-
-    void emptySpaceIsLimited_data()
-    {
-        const Columns<QTextBlockFormat> add("format");
+        const Rows add([](const QTextBlockFormat& format) {
+            QTextDocument document;
+            QTextCursor cursor(&document);
+            cursor.beginEditBlock();
+            for (int i = 0; i < 45000; ++i)
+                cursor.insertBlock(format);
+            cursor.endEditBlock();
+            const ORVPageSetup setup;
+            const ORVPagePainter pages(&document, setup, 96);
+            const double pageHeight = 864; // nine inches
+            const int most = int((1 << 24) / pageHeight);
+            QVERIFY2(pages.pageCount() > most / 2, qPrintable(QString::number(pages.pageCount())));
+            QVERIFY2(pages.pageCount() < 2 * most, qPrintable(QString::number(pages.pageCount())));
+        });
         add("page breaks", pageBreak());
         QTextBlockFormat format;
         format.setTopMargin(2000);
@@ -223,48 +232,23 @@ private slots:
         add("high lines", format);
     }
 
-    /*!
-        Qt's layout counts to 2^25 pixels. 45,000 pages or paragraphs that are as high would be more, and the
-        layout would never end, or end with one page. They fill some 2^24 pixels, and what follows is close.
-    */
-    void emptySpaceIsLimited()
+    ORV_ROWS(textStaysOnThePaper)
     {
-        FETCH(QTextBlockFormat, format);
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        cursor.beginEditBlock();
-        for (int i = 0; i < 45000; ++i)
-            cursor.insertBlock(format);
-        cursor.endEditBlock();
-        const ORVPageSetup setup;
-        const ORVPagePainter pages(&document, setup, 96);
-        const double pageHeight = 864; // nine inches
-        const int most = int((1 << 24) / pageHeight);
-        QVERIFY2(pages.pageCount() > most / 2, qPrintable(QString::number(pages.pageCount())));
-        QVERIFY2(pages.pageCount() < 2 * most, qPrintable(QString::number(pages.pageCount())));
-    }
-
-    void textStaysOnThePaper_data()
-    {
-        const Columns<int, double, int> add("property", "pixels", "left");
+        const Rows add([](int property, double pixels, int left) {
+            QTextDocument document;
+            insertSquare(QTextCursor(&document), 10);
+            QTextBlockFormat format;
+            format.setProperty(property, pixels);
+            QTextCursor(&document).mergeBlockFormat(format);
+            const ORVPageSetup setup = smallPage();
+            QCOMPARE(darkArea(painted(document, setup)).left(), left);
+        });
         // The text is 120 pixels wide, begins 24 pixels from the edge, and keeps 24.
         add("left margin", int(QTextFormat::BlockLeftMargin), 1e8, 24 + 120 - 24);
         add("first line", int(QTextFormat::TextIndent), 1e8, 24 + 120 - 24);
         add("first line to the left", int(QTextFormat::TextIndent), -1e8, 0);
         add("what fits", int(QTextFormat::BlockLeftMargin), 96.0, 24 + 96);
         add("what fits to the left", int(QTextFormat::TextIndent), -20.0, 4);
-    }
-
-    void textStaysOnThePaper()
-    {
-        FETCH(int, property, double, pixels);
-        QTextDocument document;
-        insertSquare(QTextCursor(&document), 10);
-        QTextBlockFormat format;
-        format.setProperty(property, pixels);
-        QTextCursor(&document).mergeBlockFormat(format);
-        const ORVPageSetup setup = smallPage();
-        QTEST(darkArea(painted(document, setup)).left(), "left");
     }
 
     // (120 - 24) / 2 pixels on each side.
@@ -281,33 +265,29 @@ private slots:
         QCOMPARE(darkArea(painted(document, setup)).left(), 24 + 48);
     }
 
-    void largestFont_data()
+    ORV_ROWS(largestFont)
     {
-        const Columns<int, double, double> add("property", "size", "largest");
+        const Rows add([](int property, double size, double largest) {
+            ORVPageSetup setup;
+            setup.page = {QSizeF(1584, 3168), 0, 0, 0, 0};
+            QImage images[2];
+            const double sizes[] = {size, largest};
+            for (int i = 0; i < 2; ++i) {
+                QTextCharFormat format;
+                if (property == QTextFormat::FontPixelSize)
+                    format.setProperty(property, int(sizes[i]));
+                else
+                    format.setProperty(property, sizes[i]);
+                QTextDocument document;
+                QTextCursor(&document).insertText("H"_s, format);
+                images[i] = painted(ORVPagePainter(&document, setup, 72), setup, 72, 0);
+            }
+            QVERIFY(!darkArea(images[1]).isNull());
+            QVERIFY(images[0] == images[1]);
+        });
         // 1638 points are 2184 pixels.
         add("points", int(QTextFormat::FontPointSize), 1e6, 1638.0);
         add("pixels", int(QTextFormat::FontPixelSize), 1e7, 2184.0);
-    }
-
-    void largestFont()
-    {
-        FETCH(int, property, double, size, double, largest);
-        ORVPageSetup setup;
-        setup.page = {QSizeF(1584, 3168), 0, 0, 0, 0};
-        QImage images[2];
-        const double sizes[] = {size, largest};
-        for (int i = 0; i < 2; ++i) {
-            QTextCharFormat format;
-            if (property == QTextFormat::FontPixelSize)
-                format.setProperty(property, int(sizes[i]));
-            else
-                format.setProperty(property, sizes[i]);
-            QTextDocument document;
-            QTextCursor(&document).insertText("H"_s, format);
-            images[i] = painted(ORVPagePainter(&document, setup, 72), setup, 72, 0);
-        }
-        QVERIFY(!darkArea(images[1]).isNull());
-        QVERIFY(images[0] == images[1]);
     }
 
     void documentStaysAsItIs()
@@ -332,9 +312,34 @@ private slots:
         QCOMPARE(darkArea(painted(document, setup)).left(), 24 + 48);
     }
 
-    void marginTexts_data()
+    ORV_ROWS(marginTexts)
     {
-        const Columns<bool, int, bool, int> add("isHeader", "alignment", "onFirstPage", "page");
+        const Rows add([](bool isHeader, int alignment, bool onFirstPage, int page) {
+            ORVPageSetup setup = smallPage();
+            ORVPageSetup::MarginText& text = isHeader ? setup.header : setup.footer;
+            text.text = "Mark"_s;
+            text.font.setPointSize(6);
+            text.alignment = Qt::Alignment(alignment);
+            setup.firstPageHasMarginTexts = onFirstPage;
+            QTextDocument document(" \n "_s);
+            breakParagraphs(&document);
+            const ORVPagePainter pages(&document, setup, 96);
+            QCOMPARE(pages.pageCount(), 2);
+
+            // 144 × 216 points are 192 × 288 pixels, with 24 and 48 at the sides, 72 above and 60 below.
+            const QRect dark = darkArea(painted(pages, setup, 96, page));
+            QCOMPARE(dark.isNull(), page == 0 && !onFirstPage);
+            if (dark.isNull())
+                return;
+            const QRect area = isHeader ? QRect(24, 36, 120, 36) : QRect(24, 228, 120, 30);
+            QVERIFY(area.contains(dark));
+            if (alignment == Qt::AlignLeft)
+                QVERIFY(dark.right() < area.center().x());
+            else if (alignment == Qt::AlignRight)
+                QVERIFY(dark.left() > area.center().x());
+            else
+                QVERIFY(qAbs(dark.center().x() - area.center().x()) <= 2);
+        });
         add("header, left", true, int(Qt::AlignLeft), true, 0);
         add("header, right", true, int(Qt::AlignRight), true, 1);
         add("footer, centre", false, int(Qt::AlignHCenter), true, 0);
@@ -344,35 +349,6 @@ private slots:
 
     // Between the edge of the paper and the text; half the margin away from the edge, where that is less than
     // 36 points.
-    void marginTexts()
-    {
-        FETCH(bool, isHeader, int, alignment, bool, onFirstPage, int, page);
-        ORVPageSetup setup = smallPage();
-        ORVPageSetup::MarginText& text = isHeader ? setup.header : setup.footer;
-        text.text = "Mark"_s;
-        text.font.setPointSize(6);
-        text.alignment = Qt::Alignment(alignment);
-        setup.firstPageHasMarginTexts = onFirstPage;
-        QTextDocument document(" \n "_s);
-        breakParagraphs(&document);
-        const ORVPagePainter pages(&document, setup, 96);
-        QCOMPARE(pages.pageCount(), 2);
-
-        // 144 × 216 points are 192 × 288 pixels, with 24 and 48 at the sides, 72 above and 60 below.
-        const QRect dark = darkArea(painted(pages, setup, 96, page));
-        QCOMPARE(dark.isNull(), page == 0 && !onFirstPage);
-        if (dark.isNull())
-            return;
-        const QRect area = isHeader ? QRect(24, 36, 120, 36) : QRect(24, 228, 120, 30);
-        QVERIFY(area.contains(dark));
-        if (alignment == Qt::AlignLeft)
-            QVERIFY(dark.right() < area.center().x());
-        else if (alignment == Qt::AlignRight)
-            QVERIFY(dark.left() > area.center().x());
-        else
-            QVERIFY(qAbs(dark.center().x() - area.center().x()) <= 2);
-    }
-
     // What the placeholders give looks as if it had been written so.
     void placeholders()
     {
@@ -388,9 +364,15 @@ private slots:
         QVERIFY(image != painted(document, expected, 2));
     }
 
-    void unusablePaper_data()
+    ORV_ROWS(unusablePaper)
     {
-        const Columns<QSizeF, double, QRectF> add("paper", "margin", "textArea");
+        const Rows add([](const QSizeF& paper, double margin, const QRectF& textArea) {
+            ORVPageSetup setup;
+            setup.page = {paper, margin, margin, margin, margin};
+            QCOMPARE(setup.page.textArea(), textArea);
+            QTextDocument document("text"_s);
+            QVERIFY(ORVPagePainter(&document, setup, 96).pageCount() >= 1);
+        });
         add("no paper", QSizeF(0, 0), 72.0, QRectF(72, 72, 468, 648));
         add("negative", QSizeF(-600, 800), 72.0, QRectF(72, 72, 468, 648));
         add("a mile", QSizeF(4561920, 800), 72.0, QRectF(72, 72, 468, 648));
@@ -398,16 +380,6 @@ private slots:
         add("infinite margins", QSizeF(200, 300), qInf(), QRectF(0, 0, 200, 300));
         add("margins that are no number", QSizeF(200, 300), qQNaN(), QRectF(0, 0, 200, 300));
         add("negative margins", QSizeF(200, 300), -10.0, QRectF(0, 0, 200, 300));
-    }
-
-    void unusablePaper()
-    {
-        FETCH(QSizeF, paper, double, margin);
-        ORVPageSetup setup;
-        setup.page = {paper, margin, margin, margin, margin};
-        QTEST(setup.page.textArea(), "textArea");
-        QTextDocument document("text"_s);
-        QVERIFY(ORVPagePainter(&document, setup, 96).pageCount() >= 1);
     }
 
     void pdfHasAllPages()

@@ -146,9 +146,14 @@ private slots:
         QCOMPARE(page.bottomMargin, -0.5);
     }
 
-    void paragraphs_data()
+    ORV_ROWS(paragraphs)
     {
-        const Columns<Properties, Properties> add("application", "stock");
+        const Rows add([](const Properties& application, const Properties& stock) {
+            Paragraph paragraph(formatWith(application));
+            const QTextBlockFormat format = paragraph.stockFormat();
+            for (Properties::const_iterator it = stock.begin(); it != stock.end(); ++it)
+                QCOMPARE(format.property(it.key()), it.value());
+        });
         // A point is 4/3 pixels.
         add("left indent", {{LeftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}},
             {{QTextFormat::BlockLeftMargin, 48.0}, {QTextFormat::TextIndent, 0.0}});
@@ -191,15 +196,6 @@ private slots:
         add("heading level", {{LineSpacing, 2}}, {{QTextFormat::LineHeight, QVariant()}});
     }
 
-    void paragraphs()
-    {
-        FETCH(Properties, application, Properties, stock);
-        Paragraph paragraph(formatWith(application));
-        const QTextBlockFormat format = paragraph.stockFormat();
-        for (Properties::const_iterator it = stock.begin(); it != stock.end(); ++it)
-            QCOMPARE(format.property(it.key()), it.value());
-    }
-
     // What Qt calls lines that cannot be broken are lines that are never wrapped.
     void keepBitsAreNotLineWrapping()
     {
@@ -220,10 +216,22 @@ private slots:
         QCOMPARE(paragraph.stockFormat().rightMargin(), (450.0 - 400.0) * 4 / 3);
     }
 
-    void tabStops_data()
+    ORV_ROWS(tabStops)
     {
-        const Columns<double, double, QList<double>, QList<double>> add("left", "firstLine", "points",
-                                                                        "pixels");
+        const Rows add(
+            [](double left, double firstLine, const QList<double>& points, const QList<double>& pixels) {
+                QTextBlockFormat format = indented(left, firstLine);
+                QList<QTextOption::Tab> tabs;
+                for (const double position : points)
+                    tabs << QTextOption::Tab(position, QTextOption::RightTab);
+                if (!tabs.isEmpty())
+                    format.setTabPositions(tabs);
+                Paragraph paragraph(format);
+                QList<double> found;
+                for (const QTextOption::Tab& tab : paragraph.stockFormat().tabPositions())
+                    found << tab.position;
+                QCOMPARE(found, pixels);
+            });
         add("no indent", 0.0, 0.0, {36, 72}, {48, 96});
         add("counted from the left indent", 18.0, 18.0, {9, 36}, {-12, 24});
         add("hanging first line", 36.0, 18.0, {27, 72}, {-12, 0, 48});
@@ -232,42 +240,22 @@ private slots:
         add("hanging without tab stops", 36.0, 18.0, {}, {0});
     }
 
-    void tabStops()
+    ORV_ROWS(baselines)
     {
-        FETCH(double, left, double, firstLine, QList<double>, points, QList<double>, pixels);
-        QTextBlockFormat format = indented(left, firstLine);
-        QList<QTextOption::Tab> tabs;
-        for (const double position : points)
-            tabs << QTextOption::Tab(position, QTextOption::RightTab);
-        if (!tabs.isEmpty())
-            format.setTabPositions(tabs);
-        Paragraph paragraph(format);
-        QList<double> found;
-        for (const QTextOption::Tab& tab : paragraph.stockFormat().tabPositions())
-            found << tab.position;
-        QCOMPARE(found, pixels);
-    }
-
-    void baselines_data()
-    {
-        const Columns<int, int, int> add("alignment", "shift", "shown");
+        const Rows add([](int alignment, int shift, int shown) {
+            QTextCharFormat format;
+            format.setProperty(QTextFormat::TextVerticalAlignment, alignment);
+            format.setProperty(BaselineShift, shift);
+            QTextDocument document;
+            QTextCursor(&document).insertText("text"_s, format);
+            ORVStockFormats::toStock(&document);
+            QCOMPARE(int(document.begin().begin().fragment().charFormat().verticalAlignment()), shown);
+        });
         add("up", int(QTextCharFormat::AlignMiddle), 6, int(QTextCharFormat::AlignSuperScript));
         add("down", int(QTextCharFormat::AlignMiddle), -6, int(QTextCharFormat::AlignSubScript));
         add("back to the baseline", int(QTextCharFormat::AlignMiddle), 0, int(QTextCharFormat::AlignMiddle));
         add("subscript after all", int(QTextCharFormat::AlignSubScript), 6,
             int(QTextCharFormat::AlignSubScript));
-    }
-
-    void baselines()
-    {
-        FETCH(int, alignment, int, shift, int, shown);
-        QTextCharFormat format;
-        format.setProperty(QTextFormat::TextVerticalAlignment, alignment);
-        format.setProperty(BaselineShift, shift);
-        QTextDocument document;
-        QTextCursor(&document).insertText("text"_s, format);
-        ORVStockFormats::toStock(&document);
-        QCOMPARE(int(document.begin().begin().fragment().charFormat().verticalAlignment()), shown);
     }
 
     // Qt adds 40 pixels for the list, and puts the marker in front of the first line.
@@ -372,9 +360,20 @@ private slots:
         QCOMPARE(nested->format().columnWidthConstraints().at(1).rawValue(), 5.0);
     }
 
-    void thereAndBack_data()
+    ORV_ROWS(thereAndBack)
     {
-        const Columns<QByteArray> add("rtf");
+        const Rows add([](const QByteArray& rtf) {
+            const rtftest::Reading reading = rtftest::readBody(rtf);
+            QTextDocument* const document = reading.document.data();
+            document->setProperty("paperSize", QSizeF(595.3, 841.9));
+            const QStringList formats = formatsOf(*document);
+            const QByteArray written = ORVTextRtf::toRtfCData(document, false);
+            ORVStockFormats::toStock(document);
+            QVERIFY(formatsOf(*document) != formats);
+            ORVStockFormats::fromStock(document);
+            QCOMPARE(formatsOf(*document), formats);
+            QCOMPARE(ORVTextRtf::toRtfCData(document, false), written);
+        });
         add("paragraphs",
             "\\li720\\fi-360\\ri333\\sb77\\sa13 a\\par\\pard\\sl360\\slmult1 b"
             "\\par\\pard\\sl-301\\keep\\keepn c\\par\\pard\\li1\\fi7 d");
@@ -399,21 +398,6 @@ private slots:
     }
 
     // The formats, property by property, and the bytes that are written.
-    void thereAndBack()
-    {
-        FETCH(QByteArray, rtf);
-        const rtftest::Reading reading = rtftest::readBody(rtf);
-        QTextDocument* const document = reading.document.data();
-        document->setProperty("paperSize", QSizeF(595.3, 841.9));
-        const QStringList formats = formatsOf(*document);
-        const QByteArray written = ORVTextRtf::toRtfCData(document, false);
-        ORVStockFormats::toStock(document);
-        QVERIFY(formatsOf(*document) != formats);
-        ORVStockFormats::fromStock(document);
-        QCOMPARE(formatsOf(*document), formats);
-        QCOMPARE(ORVTextRtf::toRtfCData(document, false), written);
-    }
-
     // Formats are equal only when their properties were set in the same order; the writer states those that
     // differ.
     void equalFormatsInAnotherOrderStayDifferent()
@@ -455,9 +439,20 @@ private slots:
         QCOMPARE(dump(paragraph.formatFromStock()), dump(format));
     }
 
-    void changesInStockFormCount_data()
+    ORV_ROWS(changesInStockFormCount)
     {
-        const Columns<Properties, Properties> add("change", "application");
+        const Rows add([](const Properties& change, const Properties& application) {
+            QTextBlockFormat format = indented(36, 54);
+            format.setProperty(RightIndent, 414.0);
+            format.setProperty(LineSpacing, -20.0);
+            Paragraph paragraph(format);
+            ORVStockFormats::toStock(&paragraph.document);
+            paragraph.merge(formatWith(change));
+            const QTextBlockFormat result = paragraph.formatFromStock();
+            for (Properties::const_iterator it = application.begin(); it != application.end(); ++it)
+                QCOMPARE(result.property(it.key()), it.value());
+            QVERIFY(!result.hasProperty(QTextFormat::BlockLeftMargin));
+        });
         // Before the change: left indent 36, first line at 54, right edge at 414 points.
         add("left margin", {{QTextFormat::BlockLeftMargin, 96.0}},
             {{LeftIndent, 72.0}, {QTextFormat::TextIndent, 90.0}, {RightIndent, 414.0}});
@@ -476,21 +471,6 @@ private slots:
             {{QTextFormat::LineHeight, 0.0},
              {QTextFormat::LineHeightType, int(QTextBlockFormat::SingleHeight)}},
             {{LineSpacing, QVariant()}});
-    }
-
-    void changesInStockFormCount()
-    {
-        FETCH(Properties, change, Properties, application);
-        QTextBlockFormat format = indented(36, 54);
-        format.setProperty(RightIndent, 414.0);
-        format.setProperty(LineSpacing, -20.0);
-        Paragraph paragraph(format);
-        ORVStockFormats::toStock(&paragraph.document);
-        paragraph.merge(formatWith(change));
-        const QTextBlockFormat result = paragraph.formatFromStock();
-        for (Properties::const_iterator it = application.begin(); it != application.end(); ++it)
-            QCOMPARE(result.property(it.key()), it.value());
-        QVERIFY(!result.hasProperty(QTextFormat::BlockLeftMargin));
     }
 
     // Tab stops are equal also when the unused bytes between their members are not.
@@ -580,9 +560,17 @@ private slots:
         QCOMPARE(document.begin().blockFormat().property(LeftIndent), QVariant(6.0));
     }
 
-    void htmlToRtf_data()
+    ORV_ROWS(htmlToRtf)
     {
-        const Columns<QString, QByteArray> add("html", "paragraph");
+        const Rows add([](const QString& html, const QByteArray& paragraph) {
+            QTextDocument document;
+            document.setHtml(html);
+            ORVStockFormats::fromStock(&document);
+            const QByteArray body = bodyOf(ORVTextRtf::toRtfData(&document, false, true));
+            const QByteArray begin("\\pard\\plain ");
+            const int start = body.indexOf(begin) + begin.size();
+            QCOMPARE(body.mid(start, paragraph.size()), paragraph);
+        });
         const QString paragraph = "<p style=\"margin-top:0;margin-bottom:0;%1\">text</p>"_s;
         // A pixel is 15 twips.
         add("left margin", paragraph.arg("margin-left:40px"_s), "\\li600\\lt");
@@ -593,18 +581,6 @@ private slots:
         add("line height", paragraph.arg("line-height:150%"_s), "\\sl360\\slmult1\\lt");
         add("nothing", paragraph.arg(QString()), "\\lt");
         add("list", "<ul style=\"margin:0\"><li style=\"margin:0\">text</li></ul>", "\\li600\\fi-360\\lt");
-    }
-
-    void htmlToRtf()
-    {
-        FETCH(QString, html, QByteArray, paragraph);
-        QTextDocument document;
-        document.setHtml(html);
-        ORVStockFormats::fromStock(&document);
-        const QByteArray body = bodyOf(ORVTextRtf::toRtfData(&document, false, true));
-        const QByteArray begin("\\pard\\plain ");
-        const int start = body.indexOf(begin) + begin.size();
-        QCOMPARE(body.mid(start, paragraph.size()), paragraph);
     }
 
     void fromStockTwiceIsOnce()

@@ -82,25 +82,21 @@ private slots:
         QCOMPARE(Tables::hashes(), 237);
     }
 
-    void spellings_data()
+    ORV_ROWS(spellings)
     {
-        const Columns<int> add("index");
+        const Rows add([](int index) {
+            const Row& row = rows()[size_t(index)];
+            const uint length = uint(row.spelling.size());
+
+            QCOMPARE(QByteArray(row.constant), row.spelling);
+            QCOMPARE(ORVTextRtfCommon::fromLatin1(row.spelling.constData(), length), row.keyWord);
+            const QLatin1String spelling = ORVTextRtfCommon::toLatin1(row.keyWord);
+            QCOMPARE(QByteArray(spelling.latin1(), int(spelling.size())), row.spelling);
+            QVERIFY2(spelling.latin1() == row.constant, "the table points at the exported constant");
+            QVERIFY(Tables::holds(row.keyWord, ORVTextRtfCommon::hash(row.spelling.constData(), length)));
+        });
         for (size_t i = 0; i < rows().size(); ++i)
             add(rows()[i].name, int(i));
-    }
-
-    void spellings()
-    {
-        FETCH(int, index);
-        const Row& row = rows()[size_t(index)];
-        const uint length = uint(row.spelling.size());
-
-        QCOMPARE(QByteArray(row.constant), row.spelling);
-        QCOMPARE(ORVTextRtfCommon::fromLatin1(row.spelling.constData(), length), row.keyWord);
-        const QLatin1String spelling = ORVTextRtfCommon::toLatin1(row.keyWord);
-        QCOMPARE(QByteArray(spelling.latin1(), int(spelling.size())), row.spelling);
-        QVERIFY2(spelling.latin1() == row.constant, "the table points at the exported constant");
-        QVERIFY(Tables::holds(row.keyWord, ORVTextRtfCommon::hash(row.spelling.constData(), length)));
     }
 
     void membersAreDistinct()
@@ -122,9 +118,11 @@ private slots:
         QVERIFY(plain);
     }
 
-    void hash_data()
+    ORV_ROWS(hash)
     {
-        const Columns<QByteArray, uint> add("bytes", "expected");
+        const Rows add([](const QByteArray& bytes, uint expected) {
+            QCOMPARE(ORVTextRtfCommon::hash(bytes.constData(), uint(bytes.size())), expected);
+        });
         // Length in the upper half, sum of the signed bytes in the lower.
         add("empty", QByteArray(), 0u);
         add("backslash", "\\", 65536u + 92u);
@@ -139,15 +137,11 @@ private slots:
         add("NUL counts 0", QByteArray("\0", 1), 65536u);
     }
 
-    void hash()
+    ORV_ROWS(lookup)
     {
-        FETCH(QByteArray, bytes, uint, expected);
-        QCOMPARE(ORVTextRtfCommon::hash(bytes.constData(), uint(bytes.size())), expected);
-    }
-
-    void lookup_data()
-    {
-        const Columns<QByteArray, int> add("bytes", "expected");
+        const Rows add([](const QByteArray& bytes, int expected) {
+            QCOMPARE(int(ORVTextRtfCommon::fromLatin1(bytes.constData(), uint(bytes.size()))), expected);
+        });
         add("par", "\\par", int(ORVTextRtfCommon::NewParagraph));
         add("pard", "\\pard", int(ORVTextRtfCommon::ResetParagraph));
         add("f", "\\f", int(ORVTextRtfCommon::Font));
@@ -166,12 +160,6 @@ private slots:
         add("unknown symbol", "\\|", 0);
         add("bytes above 0x7F", "\\\xE9\xE9", 0);
         add("64 bytes", "\\" + QByteArray(63, 'z'), 0);
-    }
-
-    void lookup()
-    {
-        FETCH(QByteArray, bytes, int, expected);
-        QCOMPARE(int(ORVTextRtfCommon::fromLatin1(bytes.constData(), uint(bytes.size()))), expected);
     }
 
     void lookupNeedsNoTerminator()

@@ -6,9 +6,9 @@ class TestProperties : public QObject {
     Q_OBJECT
 
 private slots:
-    void propertyIds_data()
+    ORV_ROWS(propertyIds)
     {
-        const Columns<int, int> add("id", "expected");
+        const Rows add([](int id, int expected) { QCOMPARE(id, expected); });
         add("list override", int(ORVRtfProperty::ListOverride), 0x100001);
         add("list level", int(ORVRtfProperty::ListLevel), 0x100002);
         add("MathML", int(ORVRtfProperty::MathML), 0x100004);
@@ -31,12 +31,6 @@ private slots:
         add("right indent", int(ORVRtfProperty::RightIndent), 0x1037);
         add("line spacing", int(ORVRtfProperty::LineSpacing), 0x1070);
         add("line multiple", int(ORVRtfProperty::LineMultiple), 0x1071);
-    }
-
-    void propertyIds()
-    {
-        FETCH(int, id, int, expected);
-        QCOMPARE(id, expected);
     }
 
     void pageBreakBits()
@@ -65,22 +59,18 @@ private slots:
         QCOMPARE(ORVTextRtfCommon::defaultDoubleQuotes.second, QChar(0x201D));
     }
 
-    void revisionColors_data()
+    ORV_ROWS(revisionColors)
     {
-        const Columns<int, QColor> add("level", "expected");
+        const Rows add([](int level, const QColor& expected) {
+            QCOMPARE(ORVTextRtfCommon::revisionColor(level), expected);
+        });
         add("1 red", 1, QColor(255, 0, 0));
         add("2 blue", 2, QColor(0, 0, 255));
         add("3 green", 3, QColor(0, 255, 0));
         add("4 orange", 4, QColor(255, 165, 0));
         add("5 purple", 5, QColor(128, 0, 128));
         for (int level : {0, 6, 7, 100, -1, -5, 0x7FFFFFFF, -0x7FFFFFFF})
-            QTest::addRow("%d black", level) << level << QColor(0, 0, 0);
-    }
-
-    void revisionColors()
-    {
-        FETCH(int, level, QColor, expected);
-        QCOMPARE(ORVTextRtfCommon::revisionColor(level), expected);
+            add(QByteArray::number(level) + " black", level, QColor(0, 0, 0));
     }
 
     void revisionColorMembers()

@@ -85,9 +85,18 @@ class TestWriterCharFormats : public QObject {
     Q_OBJECT
 
 private slots:
-    void sizes_data()
+    ORV_ROWS(sizes)
     {
-        const Columns<double, QByteArray> add("points", "word");
+        const Rows add([](double points, const QByteArray& word) {
+            const QTextCharFormat format = with(QTextFormat::FontPointSize, points);
+            QCOMPARE(writeBody(*textDocument("x"_s, format)), firstParagraph() + "{\\f0" + word + " x}");
+            // The same size as that of the document's default font.
+            const QSharedPointer<QTextDocument> document = textDocument("x"_s);
+            QFont font = document->defaultFont();
+            font.setPointSizeF(points);
+            document->setDefaultFont(font);
+            QCOMPARE(writeBody(*document), firstParagraph() + "{\\f0" + word + " x}");
+        });
         add("1", 1.0, "\\fs2");
         add("9", 9.0, "\\fs18");
         add("10.4 is 10", 10.4, "\\fs20");
@@ -95,19 +104,6 @@ private slots:
         add("11.5 is 12", 11.5, "\\fs24");
         add("10.49 is 10", 10.49, "\\fs20");
         add("1638", 1638.0, "\\fs3276");
-    }
-
-    void sizes()
-    {
-        FETCH(double, points, QByteArray, word);
-        const QTextCharFormat format = with(QTextFormat::FontPointSize, points);
-        QCOMPARE(writeBody(*textDocument("x"_s, format)), firstParagraph() + "{\\f0" + word + " x}");
-        // The same size as that of the document's default font.
-        const QSharedPointer<QTextDocument> document = textDocument("x"_s);
-        QFont font = document->defaultFont();
-        font.setPointSizeF(points);
-        document->setDefaultFont(font);
-        QCOMPARE(writeBody(*document), firstParagraph() + "{\\f0" + word + " x}");
     }
 
     void pixelSizes()
@@ -123,9 +119,12 @@ private slots:
         }
     }
 
-    void words_data()
+    ORV_ROWS(words)
     {
-        const Columns<QTextCharFormat, QByteArray> add("format", "words");
+        const Rows add([](const QTextCharFormat& format, const QByteArray& words) {
+            const QByteArray rtf = write(*textDocument("x"_s, format));
+            QCOMPARE(rtf, documentHead() + firstParagraph() + "{\\f0\\fs24" + words + " x}}");
+        });
         const QByteArray nothing;
 
         add("no property", QTextCharFormat(), nothing);
@@ -191,17 +190,14 @@ private slots:
         add("anchor that is not decorated", anchor(), nothing);
     }
 
-    void words()
+    ORV_ROWS(colours)
     {
-        FETCH(QTextCharFormat, format, QByteArray, words);
-        const QByteArray rtf = write(*textDocument("x"_s, format));
-        QCOMPARE(rtf, documentHead() + firstParagraph() + "{\\f0\\fs24" + words + " x}}");
-    }
-
-    void colours_data()
-    {
-        const Columns<QTextCharFormat, WriteSettings, QByteArray, QByteArray> add("format", "settings",
-                                                                                  "entries", "words");
+        const Rows add([](const QTextCharFormat& format, const WriteSettings& settings,
+                          const QByteArray& entries, const QByteArray& words) {
+            const QByteArray rtf = write(*textDocument("x"_s, format), settings);
+            QCOMPARE(colorTableOf(rtf), blackAndWhite() + entries);
+            QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24" + words + " x}");
+        });
         const WriteSettings plain;
         const QByteArray none;
         const QBrush noBrush;
@@ -248,17 +244,13 @@ private slots:
             "\\*\\orvrevlvl1\\cf3");
     }
 
-    void colours()
+    ORV_ROWS(revisionColours)
     {
-        FETCH(QTextCharFormat, format, WriteSettings, settings, QByteArray, entries, QByteArray, words);
-        const QByteArray rtf = write(*textDocument("x"_s, format), settings);
-        QCOMPARE(colorTableOf(rtf), blackAndWhite() + entries);
-        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24" + words + " x}");
-    }
-
-    void revisionColours_data()
-    {
-        const Columns<int, QByteArray, QByteArray> add("level", "entries", "words");
+        const Rows add([](int level, const QByteArray& entries, const QByteArray& words) {
+            const QByteArray rtf = write(*textDocument("x"_s, revision(level)), exporting());
+            QCOMPARE(colorTableOf(rtf), entries);
+            QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24" + words + " x}");
+        });
         const QByteArray own = "\\cf3";
         add("1", 1, blackAndWhite() + RedEntry, own);
         add("2", 2, blackAndWhite() + BlueEntry, own);
@@ -268,14 +260,6 @@ private slots:
         add("6 is black", 6, blackAndWhite(), "\\cf1");
         add("0 is none", 0, QByteArray(), QByteArray());
         add("-1 is none", -1, QByteArray(), QByteArray());
-    }
-
-    void revisionColours()
-    {
-        FETCH(int, level, QByteArray, entries, QByteArray, words);
-        const QByteArray rtf = write(*textDocument("x"_s, revision(level)), exporting());
-        QCOMPARE(colorTableOf(rtf), entries);
-        QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24" + words + " x}");
     }
 
     void everyStepInOrder()

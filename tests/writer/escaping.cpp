@@ -168,9 +168,11 @@ private slots:
         ORVTextRtfCommon::initHash();
     }
 
-    void text_data()
+    ORV_ROWS(text)
     {
-        const Columns<QString, Escaping, QByteArray> add("text", "escaping", "rtf");
+        const Rows add([](const QString& text, const Escaping& escaping, const QByteArray& rtf) {
+            QCOMPARE(escape(text, escaping), rtf);
+        });
         const Escaping plain;
 
         add("nothing", QString(), plain, QByteArray());
@@ -228,12 +230,6 @@ private slots:
         add("verbatim exported tag", "<$p>", verbatimExport, preamble() + "\\u57344\\'3F");
     }
 
-    void text()
-    {
-        FETCH(QString, text, Escaping, escaping, QByteArray, rtf);
-        QCOMPARE(escape(text, escaping), rtf);
-    }
-
     void everyUnit()
     {
         for (int code = 0; code < UnitCount; ++code)
@@ -246,9 +242,20 @@ private slots:
             QCOMPARE(escape(unit(code), verbatim()), generalForm(code));
     }
 
-    void leadingSpace_data()
+    ORV_ROWS(leadingSpace)
     {
-        const Columns<QString, bool, bool, QByteArray> add("text", "pending", "asked", "rtf");
+        const Rows add([](const QString& text, bool pending, bool asked, const QByteArray& rtf) {
+            BufferedOutput output;
+            output.openGroup();
+            if (pending)
+                output.write("\\b");
+            QCOMPARE(output.isKeywordPending(), pending);
+            Escaping escaping;
+            escaping.leadingSpace = asked;
+            QVERIFY(writeText(output, text, escaping));
+            QVERIFY(!output.isKeywordPending());
+            QCOMPARE(output.bytes(), rtf);
+        });
         const QString x = "x"_s;
         add("owed and asked for", x, true, true, "{\\b x");
         add("owed, not asked for", x, true, false, "{\\bx");
@@ -260,21 +267,6 @@ private slots:
         add("before a control word", "\tx", true, true, "{\\b \\tab x");
         add("before an escape", "\xc3\xa9"_s, true, true, "{\\b " + preamble() + "\\u233\\'E9");
         add("before a field", unit(0xe000), true, true, "{\\b {\\chpgn}");
-    }
-
-    void leadingSpace()
-    {
-        FETCH(QString, text, bool, pending, bool, asked, QByteArray, rtf);
-        BufferedOutput output;
-        output.openGroup();
-        if (pending)
-            output.write("\\b");
-        QCOMPARE(output.isKeywordPending(), pending);
-        Escaping escaping;
-        escaping.leadingSpace = asked;
-        QVERIFY(writeText(output, text, escaping));
-        QVERIFY(!output.isKeywordPending());
-        QCOMPARE(output.bytes(), rtf);
     }
 
     void preambleOncePerCall()
@@ -308,22 +300,18 @@ private slots:
         QCOMPARE(whole.bytes(), digits.repeated(100));
     }
 
-    void documentText_data()
+    ORV_ROWS(documentText)
     {
-        const Columns<QString, bool, QByteArray> add("text", "exportingMode", "rtf");
+        const Rows add([](const QString& text, bool exportingMode, const QByteArray& rtf) {
+            WriteSettings settings;
+            settings.exportingMode = exportingMode;
+            QCOMPARE(writeBody(*textDocument(text), settings), firstParagraph() + "{\\f0\\fs24 " + rtf + '}');
+        });
         add("example", "Caf\xc3\xa9 {x}"_s, false, "Caf" + preamble() + "\\u233\\'E9 \\{x\\}");
         add("begins with a blank", " x", false, " x");
         add("digits", "12", false, "12");
         add("tags", "<$p> of <$pagecount>", false, "<$p> of <$pagecount>");
         add("exported tags", "<$p> of <$pagecount>", true, QByteArray(PageNumber) + " of " + PageCount);
-    }
-
-    void documentText()
-    {
-        FETCH(QString, text, bool, exportingMode, QByteArray, rtf);
-        WriteSettings settings;
-        settings.exportingMode = exportingMode;
-        QCOMPARE(writeBody(*textDocument(text), settings), firstParagraph() + "{\\f0\\fs24 " + rtf + '}');
     }
 
     void textHasTheNumberOfItsFont()
@@ -371,32 +359,28 @@ private slots:
         QCOMPARE(writeBody(*document), header + firstParagraph() + "\\f0\\fs24");
     }
 
-    void everyUnitReadsBack_data()
+    ORV_ROWS(everyUnitReadsBack)
     {
-        const Columns<int> add("first");
+        const Rows add([](int first) {
+            const QSharedPointer<QTextDocument> document = newDocument();
+            QTextCursor cursor(document.data());
+            cursor.beginEditBlock();
+            QStringList expected;
+            for (int code = first; code < first + UnitsPerDocument; ++code) {
+                if (code > first)
+                    cursor.insertBlock();
+                cursor.insertText(QLatin1Char('A') + unit(code) + QLatin1Char('B'));
+                expected += paragraphsReadBack(code);
+            }
+            cursor.endEditBlock();
+            const Reading reading = read(write(*document));
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.blockCount(), expected.size());
+            for (int i = 0; i < expected.size(); ++i)
+                QCOMPARE(reading.block(i).text(), expected.at(i));
+        });
         for (int first = 0; first < UnitCount; first += UnitsPerDocument)
             add(qPrintable("from U+%1"_s.arg(first, 4, 16, QLatin1Char('0'))), first);
-    }
-
-    void everyUnitReadsBack()
-    {
-        FETCH(int, first);
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCursor cursor(document.data());
-        cursor.beginEditBlock();
-        QStringList expected;
-        for (int code = first; code < first + UnitsPerDocument; ++code) {
-            if (code > first)
-                cursor.insertBlock();
-            cursor.insertText(QLatin1Char('A') + unit(code) + QLatin1Char('B'));
-            expected += paragraphsReadBack(code);
-        }
-        cursor.endEditBlock();
-        const Reading reading = read(write(*document));
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.blockCount(), expected.size());
-        for (int i = 0; i < expected.size(); ++i)
-            QCOMPARE(reading.block(i).text(), expected.at(i));
     }
 };
 

@@ -83,9 +83,11 @@ class TestWriterFragments : public QObject {
     Q_OBJECT
 
 private slots:
-    void bodies_data()
+    ORV_ROWS(bodies)
     {
-        const Columns<Story, QByteArray> add("story", "written");
+        const Rows add([](const Story& story, const QByteArray& written) {
+            QCOMPARE(story.body(), firstParagraph() + written);
+        });
         const QByteArray two = "{\\f0\\fs24\\b1 two}";
         add("runsStandInGroupsOfTheirOwn", Story().add("one").add("two", bold()).add("three"),
             run("one") + two + run("three"));
@@ -120,12 +122,6 @@ private slots:
             field("HYPERLINK \"u\"", "\\f0\\fs24 word") + run("after") + start);
     }
 
-    void bodies()
-    {
-        FETCH(Story, story, QByteArray, written);
-        QCOMPARE(story.body(), firstParagraph() + written);
-    }
-
     void runsInCells()
     {
         Story story;
@@ -135,10 +131,12 @@ private slots:
         QVERIFY2(body.contains("\n\\pard\\plain \\intbl\\itap1{\\f0\\fs24\\b1 a}\\cell"), body.constData());
     }
 
-    void picturePosition_data()
+    ORV_ROWS(picturePosition)
     {
         using namespace ORVRtfProperty;
-        const Columns<QTextImageFormat, QByteArray> add("format", "position");
+        const Rows add([](const QTextImageFormat& format, const QByteArray& position) {
+            QCOMPARE(pictureStory(format).body(), firstParagraph() + position + pictureGroup("picture"));
+        });
         static const char* const words[] = {"",           "\\super ",   "\\sub ",    "\\vertalc ",
                                             "\\vertalt ", "\\vertalb ", "\\vertalj "};
         for (int i = 0; i < 7; ++i) {
@@ -158,15 +156,15 @@ private slots:
             with(with(picture(), BaselineShift, 6), QTextFormat::TextVerticalAlignment, 3), "\\vertalc ");
     }
 
-    void picturePosition()
+    ORV_ROWS(pictureWithPdfIsWrittenAsPdf)
     {
-        FETCH(QTextImageFormat, format, QByteArray, position);
-        QCOMPARE(pictureStory(format).body(), firstParagraph() + position + pictureGroup("picture"));
-    }
-
-    void pictureWithPdfIsWrittenAsPdf_data()
-    {
-        const Columns<QVariant, QByteArray> add("name", "written");
+        const Rows add([](const QVariant& name, const QByteArray& written) {
+            QTextImageFormat format = with(picture(), ORVRtfProperty::PdfData, "%PDF"_b);
+            if (name.isValid())
+                format.setProperty(ORVRtfProperty::PdfFileName, name);
+            QCOMPARE(pictureStory(format).body(),
+                     firstParagraph() + "{\\*\\orvellinepdf {{\\*\\pdffilename " + written + "}25504446}}");
+        });
         add("bare", QVariant("foo"_b), "MathTypeEdEqfoo");
         add("prefixed", QVariant("MathTypeEdEqfoo"_b), "MathTypeEdEqfoo");
         add("prefixedTwice", QVariant("MathTypeEdEqMathTypeEdEqfoo"_b), "MathTypeEdEqMathTypeEdEqfoo");
@@ -176,16 +174,6 @@ private slots:
         add("latin1", QVariant("\xe9"_b), "MathTypeEdEq\\loch\\af0\\hich\\af0\\dbch\\af0\\uc1\\u233\\'E9");
         add("utf8", QVariant("\xc3\xa9"_b), "MathTypeEdEq\\loch\\af0\\hich\\af0\\dbch\\af0\\uc1\\u233\\'E9");
         add("zero byte", QVariant(QByteArray("a\0b", 3)), "MathTypeEdEqa\\'00b");
-    }
-
-    void pictureWithPdfIsWrittenAsPdf()
-    {
-        FETCH(QVariant, name, QByteArray, written);
-        QTextImageFormat format = with(picture(), ORVRtfProperty::PdfData, "%PDF"_b);
-        if (name.isValid())
-            format.setProperty(ORVRtfProperty::PdfFileName, name);
-        QCOMPARE(pictureStory(format).body(),
-                 firstParagraph() + "{\\*\\orvellinepdf {{\\*\\pdffilename " + written + "}25504446}}");
     }
 
     void pictureInALink()
@@ -200,9 +188,19 @@ private slots:
                  firstParagraph() + run("a") + field("HYPERLINK \"u\"", pictureGroup("picture")) + run("b"));
     }
 
-    void linkTargets_data()
+    ORV_ROWS(linkTargets)
     {
-        const Columns<QString, QByteArray> add("target", "written");
+        const Rows add([](const QString& target, const QByteArray& written) {
+            Story story;
+            story.add("word", link(target)).add(" after");
+            QCOMPARE(story.body(),
+                     firstParagraph() + field("HYPERLINK \"" + written + "\"", "\\f0\\fs24 word")
+                         + run(" after"));
+            const Reading reading = rtftest::read(write(*story.document()));
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.format("word").anchorHref(), target);
+            QCOMPARE(reading.format("after").anchorHref(), QString());
+        });
         add("braces", "a{b}c", "a\\{b\\}c");
         add("backslash", "c:\\a", "c:\\\\a");
         add("openBrace", "{", "\\{");
@@ -210,20 +208,6 @@ private slots:
         add("percentSigns", "a%20%1", "a%20%1");
         add("fragment", "#part", "#part");
         add("quotes", "a\"b", "a\"b");
-    }
-
-    void linkTargets()
-    {
-        FETCH(QString, target, QByteArray, written);
-        Story story;
-        story.add("word", link(target)).add(" after");
-        QCOMPARE(story.body(),
-                 firstParagraph() + field("HYPERLINK \"" + written + "\"", "\\f0\\fs24 word")
-                     + run(" after"));
-        const Reading reading = rtftest::read(write(*story.document()));
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.format("word").anchorHref(), target);
-        QCOMPARE(reading.format("after").anchorHref(), QString());
     }
 
     void neighbouringLinksWithOneTargetAreOneField()
@@ -285,7 +269,8 @@ private slots:
     }
 
 private:
-    static void addPictures(const Columns<Story, QByteArray>& add)
+    template <typename AddRow>
+    static void addPictures(const AddRow& add)
     {
         const QByteArray group = pictureGroup("picture");
         add("pictureIsWrittenAsPng", pictureStory(picture()), group);
@@ -329,7 +314,8 @@ private:
         add("pictureOfOtherDataIsEncodedAnew: noBytes", pictureOf("", "JPEG"_s), group);
     }
 
-    static void addLinks(const Columns<Story, QByteArray>& add)
+    template <typename AddRow>
+    static void addLinks(const AddRow& add)
     {
         const auto pageLink = [](const QString& page) {
             QTextCharFormat format = link("u");

@@ -153,9 +153,10 @@ class TestWriterFrame : public QObject {
     Q_OBJECT
 
 private slots:
-    void documents_data()
+    ORV_ROWS(documents)
     {
-        const Columns<Document, QByteArray> add("document", "rtf");
+        const Rows add(
+            [](const Document& document, const QByteArray& rtf) { QCOMPARE(write(*document), rtf); });
         add("emptyDocument", newDocument(), documentHead() + firstParagraph() + "\\f0\\fs24}");
         add("oneParagraph", textDocument("Hello"_s), documentHead() + firstParagraph() + run("Hello") + '}');
         add("colouredText", runs({foreground(Qt::red), QTextCharFormat(), foreground(QColor(1, 20, 255))}),
@@ -171,12 +172,6 @@ private slots:
         // Nothing is registered, so there is no colour to refer to.
         add("brushWithoutColour", runs({foreground(redGradient())}),
             documentHead() + firstParagraph() + "{\\f0\\fs24 a}}");
-    }
-
-    void documents()
-    {
-        FETCH(Document, document, QByteArray, rtf);
-        QCOMPARE(write(*document), rtf);
     }
 
     void paragraphsRestateOnlyChangedFormats()
@@ -217,9 +212,23 @@ private slots:
                        "\n\\pard\\plain \\ltrch\\loch {\\f3\\fs24 a}}");
     }
 
-    void margins_data()
+    ORV_ROWS(margins)
     {
-        const Columns<QVariant, QByteArray> add("value", "twips");
+        const Rows add([](const QVariant& value, const QByteArray& twips) {
+            const char* const names[] = {"leftMargin", "rightMargin", "topMargin", "bottomMargin"};
+            const QList<QByteArray> words = {"\\margl", "\\margr", "\\margt", "\\margb"};
+            const QList<QByteArray> defaults = {"1800", "1800", "1440", "1440"};
+            for (int changed = 0; changed < 4; ++changed) {
+                const Document document = newDocument();
+                document->setProperty(names[changed], value);
+                QByteArray expected = "\\paperw12240\\paperh15840";
+                for (int i = 0; i < 4; ++i)
+                    expected += words.at(i) + (i == changed ? twips : defaults.at(i));
+                expected += "\\fet2\\ftnbj\\aenddoc\n";
+                const QByteArray rtf = write(*document);
+                QVERIFY2(rtf.contains(expected), rtf.constData());
+            }
+        });
         add("one inch", QVariant(72.0), "1440");
         add("zero", QVariant(0.0), "0");
         add("half a twip", QVariant(0.025), "1");
@@ -234,27 +243,16 @@ private slots:
         add("below every integer", QVariant(-1e300), "-2147483648");
     }
 
-    void margins()
+    ORV_ROWS(pageNumbering)
     {
-        FETCH(QVariant, value, QByteArray, twips);
-        const char* const names[] = {"leftMargin", "rightMargin", "topMargin", "bottomMargin"};
-        const QList<QByteArray> words = {"\\margl", "\\margr", "\\margt", "\\margb"};
-        const QList<QByteArray> defaults = {"1800", "1800", "1440", "1440"};
-        for (int changed = 0; changed < 4; ++changed) {
-            const Document document = newDocument();
-            document->setProperty(names[changed], value);
-            QByteArray expected = "\\paperw12240\\paperh15840";
-            for (int i = 0; i < 4; ++i)
-                expected += words.at(i) + (i == changed ? twips : defaults.at(i));
-            expected += "\\fet2\\ftnbj\\aenddoc\n";
-            const QByteArray rtf = write(*document);
-            QVERIFY2(rtf.contains(expected), rtf.constData());
-        }
-    }
-
-    void pageNumbering_data()
-    {
-        const Columns<QVariant, QVariant, QByteArray> add("notOnFirstPage", "countFirstPage", "words");
+        const Rows add(
+            [](const QVariant& notOnFirstPage, const QVariant& countFirstPage, const QByteArray& words) {
+                const Document document = newDocument();
+                document->setProperty("notOnFirstPage", notOnFirstPage);
+                document->setProperty("countFirstPage", countFirstPage);
+                const QByteArray rtf = write(*document);
+                QVERIFY2(rtf.contains(words), rtf.constData());
+            });
         const QByteArray everyPage = "\\aenddoc\n\\pgnrestart\\pgnstarts";
         const QByteArray notOnFirst = "\\aenddoc\n\\titlepg\\pgnrestart\\pgnstarts";
         add("nothing said", QVariant(), QVariant(), everyPage + "0\n");
@@ -263,16 +261,6 @@ private slots:
         add("not on first page", QVariant(true), QVariant(), notOnFirst + "0\n");
         add("both", QVariant(true), QVariant(true), notOnFirst + "1\n");
         add("integers", QVariant(1), QVariant(1), notOnFirst + "1\n");
-    }
-
-    void pageNumbering()
-    {
-        FETCH(QVariant, notOnFirstPage, QVariant, countFirstPage, QByteArray, words);
-        const Document document = newDocument();
-        document->setProperty("notOnFirstPage", notOnFirstPage);
-        document->setProperty("countFirstPage", countFirstPage);
-        const QByteArray rtf = write(*document);
-        QVERIFY2(rtf.contains(words), rtf.constData());
     }
 
     void pageSetupComesFromTheGivenDocument()
@@ -479,35 +467,39 @@ private slots:
         QCOMPARE(buffer.data(), QByteArray());
     }
 
-    void fullDevice_data()
+    ORV_ROWS(fullDevice)
     {
-        const Columns<int> add("refusal");
+        const Rows add([](int refusal) {
+            const Document document = runs({foreground(Qt::red), family("Quibble Serif"), QTextCharFormat()});
+            const QByteArray whole = write(*document);
+            const int beginning = int(qstrlen("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\n"));
+            for (int limit = 0; limit <= whole.size(); ++limit) {
+                LimitedDevice device(limit, LimitedDevice::Refusal(refusal));
+                const bool written = ORVTextRtfWriter(&device).write(document.data(), false);
+                // Only the beginning counts; what is refused later is to be seen on the device.
+                QVERIFY2(written == (limit >= beginning), qPrintable(QString::number(limit)));
+                QVERIFY2(whole.startsWith(device.taken()), device.taken().constData());
+                if (refusal == LimitedDevice::TakesWhatFits && limit >= beginning)
+                    QCOMPARE(device.taken().size(), limit);
+                if (limit < beginning)
+                    QVERIFY(device.taken().size() <= limit);
+            }
+        });
         add("takes what fits", int(LimitedDevice::TakesWhatFits));
         add("takes nothing of the piece that does not fit", int(LimitedDevice::TakesNothingOfAPiece));
     }
 
-    void fullDevice()
+    ORV_ROWS(familyWord)
     {
-        FETCH(int, refusal);
-        const Document document = runs({foreground(Qt::red), family("Quibble Serif"), QTextCharFormat()});
-        const QByteArray whole = write(*document);
-        const int beginning = int(qstrlen("{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\n"));
-        for (int limit = 0; limit <= whole.size(); ++limit) {
-            LimitedDevice device(limit, LimitedDevice::Refusal(refusal));
-            const bool written = ORVTextRtfWriter(&device).write(document.data(), false);
-            // Only the beginning counts; what is refused later is to be seen on the device.
-            QVERIFY2(written == (limit >= beginning), qPrintable(QString::number(limit)));
-            QVERIFY2(whole.startsWith(device.taken()), device.taken().constData());
-            if (refusal == LimitedDevice::TakesWhatFits && limit >= beginning)
-                QCOMPARE(device.taken().size(), limit);
-            if (limit < beginning)
-                QVERIFY(device.taken().size() <= limit);
-        }
-    }
-
-    void familyWord_data()
-    {
-        const Columns<QString, int, QByteArray> add("name", "hint", "word");
+        const Rows add([](const QString& name, int hint, const QByteArray& word) {
+            const Document document = newDocument();
+            QTextCharFormat format;
+            compat::setFontFamily(format, name);
+            format.setFontPointSize(12);
+            format.setFontStyleHint(QFont::StyleHint(hint));
+            ORVTextFormat::setDefaultCharFormat(document.data(), format);
+            QCOMPARE(fontTableOf(write(*document)), fontEntry(0, name.toLatin1(), 2, word));
+        });
         const QString plain = "Quibble"_s;
         add("any style", plain, int(QFont::AnyStyle), "\\fnil");
         add("serif", plain, int(QFont::Serif), "\\froman");
@@ -528,22 +520,15 @@ private slots:
         add("symbol before script", "Script Symbol", int(QFont::AnyStyle), tech);
     }
 
-    void familyWord()
+    ORV_ROWS(fontsAndColours)
     {
-        FETCH(QString, name, int, hint, QByteArray, word);
-        const Document document = newDocument();
-        QTextCharFormat format;
-        compat::setFontFamily(format, name);
-        format.setFontPointSize(12);
-        format.setFontStyleHint(QFont::StyleHint(hint));
-        ORVTextFormat::setDefaultCharFormat(document.data(), format);
-        QCOMPARE(fontTableOf(write(*document)), fontEntry(0, name.toLatin1(), 2, word));
-    }
-
-    void fontsAndColours_data()
-    {
-        const Columns<Document, QByteArray, QByteArray, QByteArray> add("document", "fonts", "colors",
-                                                                        "body");
+        const Rows add([](const Document& document, const QByteArray& fonts, const QByteArray& colors,
+                          const QByteArray& body) {
+            const QByteArray rtf = write(*document);
+            QCOMPARE(fontTableOf(rtf), fonts);
+            QCOMPARE(colorTableOf(rtf), colors);
+            QCOMPARE(bodyOf(rtf), firstParagraph() + body);
+        });
         const QByteArray red = "\\red255\\green0\\blue0;";
         const QTextCharFormat mono = family("Quibble Mono");
         add("familyWordOfARun",
@@ -587,15 +572,6 @@ private slots:
         // A brush without a colour is black in a document with colours.
         add("brushWithoutColour", runs({foreground(redGradient()), foreground(Qt::red)}), defaultFontEntry(),
             blackAndWhite() + red, "{\\f0\\fs24\\cf1 a}{\\f0\\fs24\\cf3 b}");
-    }
-
-    void fontsAndColours()
-    {
-        FETCH(Document, document, QByteArray, fonts, QByteArray, colors, QByteArray, body);
-        const QByteArray rtf = write(*document);
-        QCOMPARE(fontTableOf(rtf), fonts);
-        QCOMPARE(colorTableOf(rtf), colors);
-        QCOMPARE(bodyOf(rtf), firstParagraph() + body);
     }
 
     void defaultFormatIsFontZero()

@@ -6,9 +6,13 @@ class TestListItemText : public QObject {
     Q_OBJECT
 
 private slots:
-    void textOfNumber_data()
+    ORV_ROWS(textOfNumber)
     {
-        const Columns<int, int, QString> add("style", "number", "text");
+        const Rows add([](int style, int number, const QString& text) {
+            QTextListFormat format;
+            format.setStyle(QTextListFormat::Style(style));
+            QCOMPARE(ORVRtfListItemText::itemText(format, number, false), text);
+        });
         add("decimal 1", int(QTextListFormat::ListDecimal), 1, "1.");
         add("decimal 20000", int(QTextListFormat::ListDecimal), 20000, "20000.");
         add("letter 26", int(QTextListFormat::ListLowerAlpha), 26, "z.");
@@ -23,14 +27,6 @@ private slots:
         add("roman 5000", int(QTextListFormat::ListLowerRoman), 5000, "?.");
         add("disc", int(QTextListFormat::ListDisc), 3, ".");
         add("no style", int(QTextListFormat::ListStyleUndefined), 3, ".");
-    }
-
-    void textOfNumber()
-    {
-        FETCH(int, style, int, number);
-        QTextListFormat format;
-        format.setStyle(QTextListFormat::Style(style));
-        QTEST(ORVRtfListItemText::itemText(format, number, false), "text");
     }
 
     void agreesWithQtForEveryStyle_data()

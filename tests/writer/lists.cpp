@@ -87,9 +87,12 @@ private slots:
         QVERIFY(!rtf.contains("\\list"));
     }
 
-    void levelTexts_data()
+    ORV_ROWS(levelTexts)
     {
-        const Columns<QString, QByteArray, QByteArray> add("text", "written", "numbers");
+        const Rows add([](const QString& text, const QByteArray& written, const QByteArray& numbers) {
+            QCOMPARE(listTablesOf({level(text, ORVTextListLevel::Decimal)}),
+                     tables(listGroup(1, levelGroup(0, written, numbers))));
+        });
         add("number", "%0", "\\'01\\'00", "\\'01");
         add("numberPoint", "%0.", "\\'02\\'00.", "\\'01");
         add("inBrackets", "(%0)", "\\'03(\\'00)", "\\'02");
@@ -117,16 +120,11 @@ private slots:
             "\\{");
     }
 
-    void levelTexts()
+    ORV_ROWS(levels)
     {
-        FETCH(QString, text, QByteArray, written, QByteArray, numbers);
-        QCOMPARE(listTablesOf({level(text, ORVTextListLevel::Decimal)}),
-                 tables(listGroup(1, levelGroup(0, written, numbers))));
-    }
-
-    void levels_data()
-    {
-        const Columns<Levels, QByteArray> add("levels", "groups");
+        const Rows add([](const Levels& levels, const QByteArray& groups) {
+            QCOMPARE(listTablesOf(levels), tables(listGroup(1, groups)));
+        });
         const unsigned decimal = ORVTextListLevel::Decimal;
         add("bulletedList", {level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 36, 18)},
             levelGroup(23, "\\'01" + Wide + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"));
@@ -172,12 +170,6 @@ private slots:
                 eight += levelGroup(0, "\\'01" + code, "\\'01", "\\fi0\\li" + twips + "\\lin" + twips);
         }
         add("listOfNineLevelsHasEight", nine, eight);
-    }
-
-    void levels()
-    {
-        FETCH(Levels, levels, QByteArray, groups);
-        QCOMPARE(listTablesOf(levels), tables(listGroup(1, groups)));
     }
 
     void listWithoutLevelsHasAnEmptyOne()

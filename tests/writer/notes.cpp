@@ -141,9 +141,18 @@ class TestWriterNotes : public QObject {
     Q_OBJECT
 
 private slots:
-    void destinationsOfNotes_data()
+    ORV_ROWS(destinationsOfNotes)
     {
-        const Columns<QTextCharFormat, int, QByteArray> add("format", "destination", "written");
+        const Rows add([](const QTextCharFormat& format, int destination, const QByteArray& written) {
+            const bool isFootnote = format.boolProperty(ORVRtfProperty::InFootnote)
+                || format.boolProperty(ORVRtfProperty::FootnoteAnchor);
+            QCOMPARE(Story()
+                         .add("a")
+                         .add("word", format)
+                         .add("b")
+                         .body(isFootnote ? destinations(destination, 0) : destinations(1, destination)),
+                     firstParagraph() + run("a") + written + run("b"));
+        });
         const QByteArray text = "\\f0\\fs24 word";
         add("inline annotationToAnnotation", inAnnotation(), 0, annotation(text));
         add("inline annotationToFootnote", inAnnotation(), 1, footnote(text));
@@ -159,22 +168,11 @@ private slots:
         add("anchored footnoteToAlternate", footnoteAnchor(), 2, text + alternateFootnote(noteText()));
     }
 
-    void destinationsOfNotes()
+    ORV_ROWS(bodies)
     {
-        FETCH(QTextCharFormat, format, int, destination, QByteArray, written);
-        const bool isFootnote = format.boolProperty(ORVRtfProperty::InFootnote)
-            || format.boolProperty(ORVRtfProperty::FootnoteAnchor);
-        QCOMPARE(Story()
-                     .add("a")
-                     .add("word", format)
-                     .add("b")
-                     .body(isFootnote ? destinations(destination, 0) : destinations(1, destination)),
-                 firstParagraph() + run("a") + written + run("b"));
-    }
-
-    void bodies_data()
-    {
-        const Columns<Story, WriteSettings, QByteArray> add("story", "settings", "body");
+        const Rows add([](const Story& story, const WriteSettings& settings, const QByteArray& body) {
+            QCOMPARE(story.body(settings), body);
+        });
         const WriteSettings settings;
         const QByteArray two = "{\\f0\\fs24\\b1 two}";
         const QByteArray other = "{\\rtf1\\ansi Other}";
@@ -261,26 +259,16 @@ private slots:
         addLeadingSpaces(add);
     }
 
-    void bodies()
+    ORV_ROWS(anchorFormatEndsWithTheAnchor)
     {
-        FETCH(Story, story, WriteSettings, settings, QByteArray, body);
-        QCOMPARE(story.body(settings), body);
-    }
-
-    void anchorFormatEndsWithTheAnchor_data()
-    {
-        const Columns<QTextCharFormat> add("format");
+        const Rows add([](const QTextCharFormat& format) {
+            const Story story = Story().add("word", bold(format)).add("after");
+            const Reading reading = rtftest::read(write(*story.document(), destinations(1, 0)));
+            QCOMPARE(reading.format("word").fontWeight(), int(QFont::Bold));
+            QVERIFY(!reading.format("after").hasProperty(QTextFormat::FontWeight));
+        });
         add("annotationToAnnotation", annotationAnchor());
         add("footnoteToFootnote", footnoteAnchor());
-    }
-
-    void anchorFormatEndsWithTheAnchor()
-    {
-        FETCH(QTextCharFormat, format);
-        const Story story = Story().add("word", bold(format)).add("after");
-        const Reading reading = rtftest::read(write(*story.document(), destinations(1, 0)));
-        QCOMPARE(reading.format("word").fontWeight(), int(QFont::Bold));
-        QVERIFY(!reading.format("after").hasProperty(QTextFormat::FontWeight));
     }
 
     void inlineNoteOverTwoParagraphs()
@@ -397,32 +385,28 @@ private slots:
                  body.constData());
     }
 
-    void everyPairOfStatesBalances_data()
+    ORV_ROWS(everyPairOfStatesBalances)
     {
-        const Columns<int, int> add("footnotes", "annotations");
+        const Rows add([](int footnotes, int annotations) {
+            const WriteSettings settings = destinations(footnotes, annotations);
+            // A third of the states for each setting: all of them meet all others in three settings.
+            for (int first = (footnotes + annotations) % 3; first < 64; first += 3) {
+                Story story;
+                for (int second = 0; second < 64; ++second) {
+                    story.add("<a", stateFormat(first)).add("b", bold(stateFormat(second)));
+                    if (second % 2)
+                        story.paragraph();
+                    story.add("c", stateFormat(second)).add("d>");
+                }
+                const Reading reading = rtftest::read(write(*story.document(), settings));
+                QCOMPARE(reading.status, 0);
+                const QString text = reading.text().remove("Note").remove('\n');
+                QCOMPARE(text, "<abcd>"_s.repeated(64));
+            }
+        });
         for (int footnotes = 0; footnotes < 3; ++footnotes) {
             for (int annotations = 0; annotations < 3; ++annotations)
                 add(qPrintable("%1-%2"_s.arg(footnotes).arg(annotations)), footnotes, annotations);
-        }
-    }
-
-    void everyPairOfStatesBalances()
-    {
-        FETCH(int, footnotes, int, annotations);
-        const WriteSettings settings = destinations(footnotes, annotations);
-        // A third of the states for each setting: all of them meet all others in three settings.
-        for (int first = (footnotes + annotations) % 3; first < 64; first += 3) {
-            Story story;
-            for (int second = 0; second < 64; ++second) {
-                story.add("<a", stateFormat(first)).add("b", bold(stateFormat(second)));
-                if (second % 2)
-                    story.paragraph();
-                story.add("c", stateFormat(second)).add("d>");
-            }
-            const Reading reading = rtftest::read(write(*story.document(), settings));
-            QCOMPARE(reading.status, 0);
-            const QString text = reading.text().remove("Note").remove('\n');
-            QCOMPARE(text, "<abcd>"_s.repeated(64));
         }
     }
 
@@ -443,9 +427,8 @@ private slots:
     }
 
 private:
-    typedef Columns<Story, WriteSettings, QByteArray> Bodies;
-
-    static void addEmptyNotes(const Bodies& add)
+    template <typename AddRow>
+    static void addEmptyNotes(const AddRow& add)
     {
         const QByteArray body = firstParagraph() + run("one") + footnote("")
             + annotatedRange("1", "\\f0\\fs24 two", "") + run("after");
@@ -470,7 +453,8 @@ private:
         }
     }
 
-    static void addLeadingSpaces(const Bodies& add)
+    template <typename AddRow>
+    static void addLeadingSpaces(const AddRow& add)
     {
         const Story spaces = Story().add(" note", inFootnote()).add("  note ", inAnnotation()).add(" after");
         // The first blank behind \annotation ends the word, the second is the note's.

@@ -85,9 +85,16 @@ private slots:
         QCOMPARE(ORVTextRtfWriter::defaultPaperSize(true), QSize(8640, 12960));
     }
 
-    void paperSizeOfADocument_data()
+    ORV_ROWS(paperSizeOfADocument)
     {
-        const Columns<QVariant, QSize> add("value", "twips");
+        const Rows add([](const QVariant& value, const QSize& twips) {
+            const Document document = documentWith("paperSize", value);
+            QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(document.data()), twips);
+            const QByteArray words = "}\n\\paperw" + QByteArray::number(twips.width()) + "\\paperh"
+                + QByteArray::number(twips.height()) + "\\margl1800";
+            const QByteArray rtf = write(*document);
+            QVERIFY2(rtf.contains(words), rtf.constData());
+        });
         const QSize letter(12240, 15840);
         add("none", QVariant(), letter);
         add("A4", QVariant(QSizeF(595.3, 841.9)), QSize(11906, 16838));
@@ -98,17 +105,6 @@ private slots:
         add("beyond every integer", QVariant(QSizeF(1e300, qQNaN())), QSize(2147483647, 0));
         add("text", QVariant("A4"_s), letter);
         add("number", QVariant(595.3), letter);
-    }
-
-    void paperSizeOfADocument()
-    {
-        FETCH(QVariant, value, QSize, twips);
-        const Document document = documentWith("paperSize", value);
-        QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(document.data()), twips);
-        const QByteArray words = "}\n\\paperw" + QByteArray::number(twips.width()) + "\\paperh"
-            + QByteArray::number(twips.height()) + "\\margl1800";
-        const QByteArray rtf = write(*document);
-        QVERIFY2(rtf.contains(words), rtf.constData());
     }
 
     void paperSizeOfNoDocument()
@@ -124,9 +120,14 @@ private slots:
         QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(document.data()), QSize(2000, 4000));
     }
 
-    void alignment_data()
+    ORV_ROWS(alignment)
     {
-        const Columns<Qt::Alignment, QByteArray> add("alignment", "word");
+        const Rows add([](Qt::Alignment alignment, const QByteArray& word) {
+            ORVTextPage page = textPage("x"_s);
+            page.option.setAlignment(alignment);
+            QCOMPARE(writeBody(*documentWith("header", page)),
+                     "{\\header{\\pard" + word + "{\\f1\\fs20 x\\par}}}\n" + emptyBody());
+        });
         add("left", Qt::Alignment(Qt::AlignLeft), "\\ql");
         add("right", Qt::Alignment(Qt::AlignRight), "\\qr");
         add("centre", Qt::Alignment(Qt::AlignHCenter), "\\qc");
@@ -138,18 +139,11 @@ private slots:
         add("left and right", Qt::Alignment(Qt::AlignLeft | Qt::AlignRight), QByteArray());
     }
 
-    void alignment()
+    ORV_ROWS(headersAndFooters)
     {
-        FETCH(Qt::Alignment, alignment, QByteArray, word);
-        ORVTextPage page = textPage("x"_s);
-        page.option.setAlignment(alignment);
-        QCOMPARE(writeBody(*documentWith("header", page)),
-                 "{\\header{\\pard" + word + "{\\f1\\fs20 x\\par}}}\n" + emptyBody());
-    }
-
-    void headersAndFooters_data()
-    {
-        const Columns<Document, QByteArray, QByteArray> add("document", "fonts", "groups");
+        const Rows add([](const Document& document, const QByteArray& fonts, const QByteArray& groups) {
+            QCOMPARE(write(*document), documentHead(defaultFontEntry() + fonts) + groups + emptyBody() + '}');
+        });
         // The escapes name the default font, whatever the font of the text is.
         const ORVTextPage special = textPage("a {b}\t\xc3\xa9"_s);
         const QByteArray escaped = "{\\pard\\ql{\\f1\\fs20 a \\{b\\}\\tab "
@@ -189,15 +183,14 @@ private slots:
         addOther("otherTypesWriteNothing: list", QVariantList({QVariant::fromValue(textPage("x"_s))}));
     }
 
-    void headersAndFooters()
+    ORV_ROWS(placeholders)
     {
-        FETCH(Document, document, QByteArray, fonts, QByteArray, groups);
-        QCOMPARE(write(*document), documentHead(defaultFontEntry() + fonts) + groups + emptyBody() + '}');
-    }
-
-    void placeholders_data()
-    {
-        const Columns<QString, bool, QByteArray> add("text", "exportingMode", "rtf");
+        const Rows add([](const QString& text, bool exportingMode, const QByteArray& rtf) {
+            WriteSettings settings;
+            settings.exportingMode = exportingMode;
+            QCOMPARE(writeBody(*documentWith("footer", textPage(text)), settings),
+                     "{\\footer{\\pard\\ql{\\f1\\fs20 " + rtf + "\\par}}}\n" + emptyBody());
+        });
         const QString tags = "<$p>/<$pagecount>"_s;
         const QByteArray fields = "{\\chpgn}/{\\field{\\*\\fldinst{NUMPAGES}}{\\fldrslt 1}}";
         const QString characters = QString(QChar(0xe000)) + QLatin1Char('/') + QChar(0xe001);
@@ -205,15 +198,6 @@ private slots:
         add("exported", tags, true, fields);
         add("characters, stored", characters, false, fields);
         add("characters, exported", characters, true, fields);
-    }
-
-    void placeholders()
-    {
-        FETCH(QString, text, bool, exportingMode, QByteArray, rtf);
-        WriteSettings settings;
-        settings.exportingMode = exportingMode;
-        QCOMPARE(writeBody(*documentWith("footer", textPage(text)), settings),
-                 "{\\footer{\\pard\\ql{\\f1\\fs20 " + rtf + "\\par}}}\n" + emptyBody());
     }
 
     void exportedExample()

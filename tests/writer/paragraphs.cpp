@@ -177,9 +177,20 @@ private slots:
         QCOMPARE(writeBody(*document, exporting()), expected);
     }
 
-    void lengthsAreTruncated_data()
+    ORV_ROWS(lengthsAreTruncated)
     {
-        const Columns<double, QByteArray> add("points", "twips");
+        const Rows add([](double points, const QByteArray& twips) {
+            QTextBlockFormat format =
+                with(ORVRtfProperty::LeftIndent, points, QTextFormat::TextIndent, points);
+            format.setBottomMargin(points);
+            format.setTopMargin(points);
+            format.setProperty(ORVRtfProperty::LineSpacing, points);
+            format.setTabPositions({tab(points, QTextOption::LeftTab)});
+            QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
+                     start("\\tx" + twips + "\\li" + twips + "\\sa" + twips + "\\sb" + twips + "\\sl" + twips
+                           + "\\slmult0")
+                         + run("x"));
+        });
         add("fractionIsCut", 36.04, "720");
         add("negativeFractionIsCut", -36.04, "-720");
         add("largeFractionIsCut", 35.9999, "719");
@@ -190,38 +201,20 @@ private slots:
         add("threeTwips", 0.15, "3");
     }
 
-    void lengthsAreTruncated()
+    ORV_ROWS(lengthsOutOfRangeAreClamped)
     {
-        FETCH(double, points, QByteArray, twips);
-        QTextBlockFormat format = with(ORVRtfProperty::LeftIndent, points, QTextFormat::TextIndent, points);
-        format.setBottomMargin(points);
-        format.setTopMargin(points);
-        format.setProperty(ORVRtfProperty::LineSpacing, points);
-        format.setTabPositions({tab(points, QTextOption::LeftTab)});
-        QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
-                 start("\\tx" + twips + "\\li" + twips + "\\sa" + twips + "\\sb" + twips + "\\sl" + twips
-                       + "\\slmult0")
-                     + run("x"));
-    }
-
-    void lengthsOutOfRangeAreClamped_data()
-    {
-        const Columns<double, QByteArray> add("points", "twips");
+        const Rows add([](double points, const QByteArray& twips) {
+            QTextBlockFormat format;
+            format.setBottomMargin(points);
+            format.setTopMargin(points);
+            format.setProperty(ORVRtfProperty::LineSpacing, points);
+            QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
+                     start("\\sa" + twips + "\\sb" + twips + "\\sl" + twips + "\\slmult0") + run("x"));
+        });
         add("infinite", Infinity, "2147483647");
         add("negativeInfinite", -Infinity, "-2147483648");
         add("beyondInt", 1e12, "2147483647");
         add("belowInt", -1e12, "-2147483648");
-    }
-
-    void lengthsOutOfRangeAreClamped()
-    {
-        FETCH(double, points, QByteArray, twips);
-        QTextBlockFormat format;
-        format.setBottomMargin(points);
-        format.setTopMargin(points);
-        format.setProperty(ORVRtfProperty::LineSpacing, points);
-        QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
-                 start("\\sa" + twips + "\\sb" + twips + "\\sl" + twips + "\\slmult0") + run("x"));
     }
 
     void lengthThatIsNoNumberIsHarmless()
@@ -265,10 +258,11 @@ private slots:
                             + run("x")));
     }
 
-    void bodies_data()
+    ORV_ROWS(bodies)
     {
         using namespace ORVRtfProperty;
-        const Columns<Document, QByteArray> add("document", "body");
+        const Rows add(
+            [](const Document& document, const QByteArray& body) { QCOMPARE(writeBody(*document), body); });
         add("emptyDocumentIsOneEmptyParagraph", newDocument(), firstParagraph() + emptyRun());
         add("rightToLeftParagraphSaysSoTwice",
             paragraphs({"x", "y"}, {with(QTextFormat::LayoutDirection, int(Qt::RightToLeft))}),
@@ -301,12 +295,6 @@ private slots:
         add("tabStopsOfListItemsAreLeftOut",
             asList(paragraphs({"One"}, {withTabs({tab(36, QTextOption::LeftTab)})})),
             firstParagraph() + FirstItem + run("One"));
-    }
-
-    void bodies()
-    {
-        FETCH(Document, document, QByteArray, body);
-        QCOMPARE(writeBody(*document), body);
     }
 
     void emptyParagraphKeepsItsCharacterFormat()
@@ -346,9 +334,13 @@ private slots:
                  body.constData());
     }
 
-    void firstLineOfListItems_data()
+    ORV_ROWS(firstLineOfListItems)
     {
-        const Columns<QTextBlockFormat, bool, QByteArray> add("format", "exportingMode", "words");
+        const Rows add([](const QTextBlockFormat& format, bool exportingMode, const QByteArray& words) {
+            const Document document = asList(paragraphs({"One"}, {format}));
+            QCOMPARE(writeBody(*document, exportingMode ? exporting() : WriteSettings()),
+                     start(words) + FirstItem + run("One"));
+        });
         const QTextBlockFormat hanging =
             with(ORVRtfProperty::LeftIndent, 36.0, QTextFormat::TextIndent, 27.0);
         const QTextBlockFormat flush = with(ORVRtfProperty::LeftIndent, 36.0, QTextFormat::TextIndent, 36.0);
@@ -360,35 +352,23 @@ private slots:
         add("flushExported", flush, true, "\\li720\\fi-360");
     }
 
-    void firstLineOfListItems()
+    ORV_ROWS(emptyParagraphsAfterTables)
     {
-        FETCH(QTextBlockFormat, format, bool, exportingMode, QByteArray, words);
-        const Document document = asList(paragraphs({"One"}, {format}));
-        QCOMPARE(writeBody(*document, exportingMode ? exporting() : WriteSettings()),
-                 start(words) + FirstItem + run("One"));
-    }
-
-    void emptyParagraphsAfterTables_data()
-    {
-        const Columns<QString, QByteArray> add("textAfter", "end");
+        const Rows add([](const QString& textAfter, const QByteArray& end) {
+            const Document document = newDocument();
+            QTextCursor cursor(document.data());
+            cursor.insertTable(1, 1);
+            cursor.movePosition(QTextCursor::End);
+            cursor.insertText(textAfter);
+            const QByteArray body = writeBody(*document);
+            QVERIFY2(body.endsWith(end), body.constData());
+        });
         const QByteArray behind = "\\row}\\pard";
         add("emptyParagraphAfterTableIsDropped", "", behind);
         add("onlyTheFirstEmptyParagraphAfterTableIsDropped", "\n\nx",
             behind + firstParagraph() + emptyRun() + newParagraph() + run("x"));
         add("emptyParagraphAfterTextAfterTableStays", "x\n",
             behind + firstParagraph() + run("x") + newParagraph() + emptyRun());
-    }
-
-    void emptyParagraphsAfterTables()
-    {
-        FETCH(QString, textAfter, QByteArray, end);
-        const Document document = newDocument();
-        QTextCursor cursor(document.data());
-        cursor.insertTable(1, 1);
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertText(textAfter);
-        const QByteArray body = writeBody(*document);
-        QVERIFY2(body.endsWith(end), body.constData());
     }
 
     void paragraphAfterTableStatesItsFormat()

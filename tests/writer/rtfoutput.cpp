@@ -47,9 +47,16 @@ class TestRtfOutput : public QObject {
 private slots:
     void initTestCase() { ORVTextRtfCommon::initHash(); }
 
-    void numbers_data()
+    ORV_ROWS(numbers)
     {
-        const Columns<int, QByteArray> add("number", "rtf");
+        const Rows add([](int number, const QByteArray& rtf) {
+            BufferedOutput output;
+            QVERIFY(output.write("\\fs", number));
+            QVERIFY(output.isKeywordPending());
+            QVERIFY(output.write(ORVTextRtfCommon::FontSize, number));
+            QVERIFY(output.isKeywordPending());
+            QCOMPARE(output.bytes(), rtf + rtf);
+        });
         add("24", 24, "\\fs24");
         add("0", 0, "\\fs0");
         add("-1", -1, "\\fs-1");
@@ -57,17 +64,6 @@ private slots:
         add("10", 10, "\\fs10");
         add("greatest", std::numeric_limits<int>::max(), "\\fs2147483647");
         add("least", std::numeric_limits<int>::min(), "\\fs-2147483648");
-    }
-
-    void numbers()
-    {
-        FETCH(int, number, QByteArray, rtf);
-        BufferedOutput output;
-        QVERIFY(output.write("\\fs", number));
-        QVERIFY(output.isKeywordPending());
-        QVERIFY(output.write(ORVTextRtfCommon::FontSize, number));
-        QVERIFY(output.isKeywordPending());
-        QCOMPARE(output.bytes(), rtf + rtf);
     }
 
     void keyWords()
@@ -81,24 +77,20 @@ private slots:
         QCOMPARE(output.bytes(), "\\ftnbj\\plain"_b);
     }
 
-    void structureEndsAWord_data()
+    ORV_ROWS(structureEndsAWord)
     {
-        const Columns<char> add("character");
+        const Rows add([](char character) {
+            BufferedOutput output;
+            output.write("\\b");
+            output.writeStructure(character);
+            QVERIFY(!output.isKeywordPending());
+            output.writePrintableCharacters("x"_s, 0, true, false, QString());
+            QCOMPARE(output.bytes(), "\\b" + QByteArray(1, character) + 'x');
+        });
         add("opening brace", '{');
         add("closing brace", '}');
         add("semicolon", ';');
         add("line feed", '\n');
-    }
-
-    void structureEndsAWord()
-    {
-        FETCH(char, character);
-        BufferedOutput output;
-        output.write("\\b");
-        output.writeStructure(character);
-        QVERIFY(!output.isKeywordPending());
-        output.writePrintableCharacters("x"_s, 0, true, false, QString());
-        QCOMPARE(output.bytes(), "\\b" + QByteArray(1, character) + 'x');
     }
 
     void owedBlankIsWrittenOnce()
@@ -228,9 +220,10 @@ private slots:
         QCOMPARE(colors.colors(), QList<QRgb>() << qRgb(0, 0, 0) << qRgb(255, 255, 255));
     }
 
-    void checkSeesWhatIsWrong_data()
+    ORV_ROWS(checkSeesWhatIsWrong)
     {
-        const Columns<QByteArray, QString> add("rtf", "problem");
+        const Rows add(
+            [](const QByteArray& rtf, const QString& problem) { QCOMPARE(checkWellFormed(rtf), problem); });
         add("empty", QByteArray(), "does not begin as RTF");
         add("no RTF", "{\\ansi}", "does not begin as RTF");
         add("open group", document("{x"), "1 groups are not closed");
@@ -250,12 +243,6 @@ private slots:
         add("word with text glued to it", document("\\plainx"), "unknown word \\plainx");
         add("symbol", document("\\?"), "unknown symbol \\?");
         add("byte", document("\\'4x"), "an escaped byte without two hexadecimal digits");
-    }
-
-    void checkSeesWhatIsWrong()
-    {
-        FETCH(QByteArray, rtf, QString, problem);
-        QCOMPARE(checkWellFormed(rtf), problem);
     }
 
     void checkTakesWhatIsRight()

@@ -201,9 +201,10 @@ class TestWriterTables : public QObject {
     Q_OBJECT
 
 private slots:
-    void bodies_data()
+    ORV_ROWS(bodies)
     {
-        const Columns<Document, QByteArray> add("document", "body");
+        const Rows add(
+            [](const Document& document, const QByteArray& body) { QCOMPARE(writeBody(*document), body); });
         const QByteArray first = rowStart(true, false);
         const QByteArray last = rowStart(false, true);
         add("tableOfTwoRowsAndColumns", TableStory(2, 2).document,
@@ -231,17 +232,8 @@ private slots:
                            letterCells("a") + "\\cell")
                 + wholeRow(last + column(4000, "\\clvmrg \\clmgf ") + column(8000, "\\clvmrg \\clmrg "),
                            "\\cell\\cell"));
-    }
 
-    void bodies()
-    {
-        FETCH(Document, document, QByteArray, body);
-        QCOMPARE(writeBody(*document), body);
-    }
-
-    void formats_data()
-    {
-        const Columns<Document, QByteArray> add("document", "body");
+        // Formats.
         const auto addBorder = [&add](const char* name, const QTextTableFormat& format,
                                       const QByteArray& lines) {
             add(name, TableStory(1, 1, format).document,
@@ -289,37 +281,58 @@ private slots:
         addPadding("cellPadding points", 5.4, 108);
         addPadding("cellPadding twipsAreCut", 1.99, 39);
         addPadding("cellPadding binaryFraction", 1.99999999, 40);
-    }
 
-    void formats() { bodies(); }
-
-    void columnWidths_data()
-    {
-        const Columns<Document, QByteArray> columns("document", "body");
-        const auto add = [&columns](const char* name, const QVector<QTextLength>& widths, int first,
-                                    int second) {
+        // Column widths.
+        const auto addWidths = [&add](const char* name, const QVector<QTextLength>& widths, int first,
+                                      int second) {
             TableStory story(1, 2);
             QTextTableFormat format = withWidths(widths);
             format.setColumns(2);
             if (!widths.isEmpty())
                 story.table->setFormat(format);
-            columns(name, story.document, oneRow(column(first) + column(second), letterCells("ab")));
+            add(name, story.document, oneRow(column(first) + column(second), letterCells("ab")));
         };
         const QTextLength variable(QTextLength::VariableLength, 0);
         // The text is 432 points wide: 8.5 inches less two margins of 1.25.
-        add("none", {}, 4000, 8000);
-        add("halves", {percent(50), percent(50)}, 4320, 8640);
-        add("thirds", {percent(100 / 3.0), percent(200 / 3.0)}, 2880, 8640);
-        add("pointsAreCut", {percent(10), fixed(100)}, 43 * 20, 143 * 20);
-        add("fixed", {fixed(100.7), fixed(50)}, 2000, 3000);
-        add("variable", {variable, variable}, 8640, 17280);
-        add("mixed", {fixed(72), percent(25)}, 1440, 3600);
-        add("tooFew", {fixed(72)}, 1440, 5440);
-        add("binaryFraction", {fixed(71.99999999), fixed(72)}, 1440, 2880);
-        add("zero", {fixed(0), fixed(72)}, 0, 1440);
-    }
+        addWidths("none", {}, 4000, 8000);
+        addWidths("halves", {percent(50), percent(50)}, 4320, 8640);
+        addWidths("thirds", {percent(100 / 3.0), percent(200 / 3.0)}, 2880, 8640);
+        addWidths("pointsAreCut", {percent(10), fixed(100)}, 43 * 20, 143 * 20);
+        addWidths("fixed", {fixed(100.7), fixed(50)}, 2000, 3000);
+        addWidths("variable", {variable, variable}, 8640, 17280);
+        addWidths("mixed", {fixed(72), percent(25)}, 1440, 3600);
+        addWidths("tooFew", {fixed(72)}, 1440, 5440);
+        addWidths("binaryFraction", {fixed(71.99999999), fixed(72)}, 1440, 2880);
+        addWidths("zero", {fixed(0), fixed(72)}, 0, 1440);
 
-    void columnWidths() { bodies(); }
+        // Frames.
+        const QByteArray before = firstParagraph() + run("before");
+        const QByteArray next = "\n\\par\\plain ";
+        FrameStory text;
+        text.cursor.insertText("inside");
+        add("textOfAFrameIsLeftOut", text.document, before + next + emptyRun());
+
+        FrameStory inner;
+        inner.cursor.insertText("inside");
+        inner.cursor.insertFrame(QTextFrameFormat());
+        inner.cursor.insertText("innermost");
+        add("frameWithinAFrameIsWritten", inner.document,
+            before + firstParagraph() + run("innermost") + next + emptyRun());
+
+        // What stands in a frame within a frame is written paragraph by paragraph, a table too.
+        FrameStory withTable;
+        QTextTable* table = withTable.cursor.insertTable(1, 2, plainTable());
+        table->cellAt(0, 0).firstCursorPosition().insertText("a");
+        table->cellAt(0, 1).firstCursorPosition().insertText("b");
+        add("tableWithinAFrameLosesItsCells", withTable.document,
+            before + firstParagraph() + run("a") + next + run("b") + next + emptyRun());
+
+        FrameStory after;
+        after.cursor.insertText("inside");
+        after.cursor.movePosition(QTextCursor::End);
+        after.cursor.insertText("after");
+        add("paragraphAfterAFrameGoesOn", after.document, before + next + run("after"));
+    }
 
     void columnWidthsFollowThePage()
     {
@@ -435,24 +448,20 @@ private slots:
         QCOMPARE(body.count("\\cell") - body.count("\\cellx"), 9);
     }
 
-    void paragraphBeforeATable_data()
+    ORV_ROWS(paragraphBeforeATable)
     {
-        const Columns<bool, bool, QByteArray> add("exportingMode", "setting", "end");
+        const Rows add([](bool exportingMode, bool setting, const QByteArray& end) {
+            TableStory story(1, 1);
+            QTextCursor(story.document.data()).insertText("before");
+            WriteSettings settings = setting ? endingParagraphs() : WriteSettings();
+            settings.exportingMode = exportingMode;
+            QCOMPARE(story.body(settings),
+                     firstParagraph() + run("before") + end + "\n"
+                         + wholeRow(rowStart(true, true) + OneColumn, letterCells("a")));
+        });
         add("stored", false, false, QByteArray());
         add("exported", true, false, "\n\\par");
         add("set", false, true, "\n\\par");
-    }
-
-    void paragraphBeforeATable()
-    {
-        FETCH(bool, exportingMode, bool, setting, QByteArray, end);
-        TableStory story(1, 1);
-        QTextCursor(story.document.data()).insertText("before");
-        WriteSettings settings = setting ? endingParagraphs() : WriteSettings();
-        settings.exportingMode = exportingMode;
-        QCOMPARE(story.body(settings),
-                 firstParagraph() + run("before") + end + "\n"
-                     + wholeRow(rowStart(true, true) + OneColumn, letterCells("a")));
     }
 
     void emptyParagraphBeforeATableIsNotEnded()
@@ -469,39 +478,6 @@ private slots:
         QCOMPARE(story.body(exporting()), oneRow(OneColumn, begin + "\n\\par" + innerTable() + "\\cell"));
         QCOMPARE(story.body(), oneRow(OneColumn, begin + innerTable() + "\\cell"));
     }
-
-    void frames_data()
-    {
-        const Columns<Document, QByteArray> add("document", "body");
-        const QByteArray before = firstParagraph() + run("before");
-        const QByteArray next = "\n\\par\\plain ";
-        FrameStory text;
-        text.cursor.insertText("inside");
-        add("textOfAFrameIsLeftOut", text.document, before + next + emptyRun());
-
-        FrameStory inner;
-        inner.cursor.insertText("inside");
-        inner.cursor.insertFrame(QTextFrameFormat());
-        inner.cursor.insertText("innermost");
-        add("frameWithinAFrameIsWritten", inner.document,
-            before + firstParagraph() + run("innermost") + next + emptyRun());
-
-        // What stands in a frame within a frame is written paragraph by paragraph, a table too.
-        FrameStory withTable;
-        QTextTable* table = withTable.cursor.insertTable(1, 2, plainTable());
-        table->cellAt(0, 0).firstCursorPosition().insertText("a");
-        table->cellAt(0, 1).firstCursorPosition().insertText("b");
-        add("tableWithinAFrameLosesItsCells", withTable.document,
-            before + firstParagraph() + run("a") + next + run("b") + next + emptyRun());
-
-        FrameStory after;
-        after.cursor.insertText("inside");
-        after.cursor.movePosition(QTextCursor::End);
-        after.cursor.insertText("after");
-        add("paragraphAfterAFrameGoesOn", after.document, before + next + run("after"));
-    }
-
-    void frames() { bodies(); }
 
     void tablesAreReadBack()
     {

@@ -74,9 +74,14 @@ class TestTablesCells : public QObject {
     Q_OBJECT
 
 private slots:
-    void paragraphs_data()
+    ORV_ROWS(paragraphs)
     {
-        const Columns<QByteArray, QString> add("cell", "content");
+        const Rows add([](const QByteArray& cell, const QString& content) {
+            const Reading reading =
+                readBody(rawRow(cellx("4320 8640"), cell + "\\cell Z\\cell") + "\\pard after");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(contentOf(*reading.document), "|{2: %1, Z}||after"_s.arg(content));
+        });
         add("one", "A", "A");
         add("two", "A\\par B", "A|B");
         add("empty last", "A\\par", "A|");
@@ -88,15 +93,6 @@ private slots:
         add("blanks", " A  B ", " A  B ");
         add("other scripts", "\\u1078?\\'e4", QString(QChar(1078)) + QChar(0xe4));
         add("line feed written as a character", "A\\u10?B", "A|B");
-    }
-
-    void paragraphs()
-    {
-        FETCH(QByteArray, cell, QString, content);
-        const Reading reading =
-            readBody(rawRow(cellx("4320 8640"), cell + "\\cell Z\\cell") + "\\pard after");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), "|{2: %1, Z}||after"_s.arg(content));
     }
 
     void paragraphFormats()
@@ -167,9 +163,13 @@ private slots:
                  (QStringList{aligned(Qt::AlignRight), none, none, aligned(Qt::AlignHCenter), none}));
     }
 
-    void runs_data()
+    ORV_ROWS(runs)
     {
-        const Columns<QByteArray, QByteArray, QStringList> add("definition", "cell", "expected");
+        const Rows add([](const QByteArray& definition, const QByteArray& cell, const QStringList& expected) {
+            const Reading reading =
+                readBody(colorTable() + rawRow(definition + "\\cellx8640", cell + "\\cell") + "\\pard after");
+            QCOMPARE(runsOf(reading), expected);
+        });
         const int italic = QTextFormat::FontItalic;
         const Properties plain;
         add("bold and italic", "", "\\b A\\b0\\i B{\\b C}D\\par\\i0 E\\b F",
@@ -182,14 +182,6 @@ private slots:
             {run("A", plain),
              run("link", {{QTextFormat::IsAnchor, true}, {QTextFormat::AnchorHref, "notes/target"_s}}),
              run("B", plain)});
-    }
-
-    void runs()
-    {
-        FETCH(QByteArray, definition, QByteArray, cell, QStringList, expected);
-        const Reading reading =
-            readBody(colorTable() + rawRow(definition + "\\cellx8640", cell + "\\cell") + "\\pard after");
-        QCOMPARE(runsOf(reading), expected);
     }
 
     void characterFormatLastsAcrossCellsAndRows()
@@ -240,51 +232,55 @@ private slots:
         QCOMPARE(itemLines(*reading.document), "0 0 before\n0 1 A\n0 1 B\n0 0 N\n1 0 after"_s);
     }
 
-    void pageBreaks_data()
+    ORV_ROWS(pageBreaks)
     {
-        const Columns<QByteArray, QString, QList<int>> add("cell", "content", "policies");
+        const Rows add([](const QByteArray& cell, const QString& content, const QList<int>& policies) {
+            const Reading reading =
+                readBody(rawRow(cellx("4320 8640"), cell + "\\cell D\\cell") + "\\pard after");
+            QCOMPARE(contentOf(*reading.document), "|{2: %1, D}||after"_s.arg(content));
+            QList<int> actual;
+            for (const QTextBlock& block : blocksAt(reading, 0, 0) + blocksAt(reading, 0, 1))
+                actual << int(block.blockFormat().pageBreakPolicy());
+            QCOMPARE(actual, policies);
+        });
         const int before = QTextFormat::PageBreak_AlwaysBefore;
         add("between", "A\\page B\\par C", "A|B|C", {0, before, 0, 0});
         add("at the end of a cell", "A\\page", "A|", {0, before, 0});
     }
 
-    void pageBreaks()
-    {
-        FETCH(QByteArray, cell, QString, content, QList<int>, policies);
-        const Reading reading =
-            readBody(rawRow(cellx("4320 8640"), cell + "\\cell D\\cell") + "\\pard after");
-        QCOMPARE(contentOf(*reading.document), "|{2: %1, D}||after"_s.arg(content));
-        QList<int> actual;
-        for (const QTextBlock& block : blocksAt(reading, 0, 0) + blocksAt(reading, 0, 1))
-            actual << int(block.blockFormat().pageBreakPolicy());
-        QCOMPARE(actual, policies);
-    }
-
     /*! The words of a note's paragraphs neither close the table nor format the cell. */
-    void notes_data()
+    ORV_ROWS(notes)
     {
-        const Columns<QByteArray, int> add("note", "flag");
+        const Rows add([](const QByteArray& note, int flag) {
+            const Reading reading =
+                readBody(rawRow(cellx("4320 8640"), "A" + note + "B\\cell C\\cell") + "\\pard after");
+            QCOMPARE(contentOf(*reading.document), "|{2: AFB, C}||after"_s);
+            const QList<QTextFragment> fragments = fragmentsOf(blocksAt(reading, 0, 0)[0]);
+            QCOMPARE(fragments.size(), 3);
+            QVERIFY(!fragments[0].charFormat().hasProperty(flag));
+            QCOMPARE(fragments[1].charFormat().property(flag), QVariant(true));
+            QVERIFY(!fragments[2].charFormat().hasProperty(flag));
+            QCOMPARE(formatAt(reading, 0, 0), QString());
+        });
         add("footnote", "{\\footnote\\pard\\plain\\qc\\li720 F}", int(ORVRtfProperty::InFootnote));
         add("annotation", "{\\*\\annotation\\pard\\plain\\qc\\li720 F}", int(ORVRtfProperty::InAnnotation));
     }
 
-    void notes()
+    ORV_ROWS(pictures)
     {
-        FETCH(QByteArray, note, int, flag);
-        const Reading reading =
-            readBody(rawRow(cellx("4320 8640"), "A" + note + "B\\cell C\\cell") + "\\pard after");
-        QCOMPARE(contentOf(*reading.document), "|{2: AFB, C}||after"_s);
-        const QList<QTextFragment> fragments = fragmentsOf(blocksAt(reading, 0, 0)[0]);
-        QCOMPARE(fragments.size(), 3);
-        QVERIFY(!fragments[0].charFormat().hasProperty(flag));
-        QCOMPARE(fragments[1].charFormat().property(flag), QVariant(true));
-        QVERIFY(!fragments[2].charFormat().hasProperty(flag));
-        QCOMPARE(formatAt(reading, 0, 0), QString());
-    }
-
-    void pictures_data()
-    {
-        const Columns<QByteArray, QString, QList<QImage>> add("rtf", "content", "images");
+        const Rows add([](const QByteArray& rtf, QString content, const QList<QImage>& images) {
+            const Reading reading = readBody(rtf);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(contentOf(*reading.document), content.replace("%1"_s, object));
+            const QList<QTextImageFormat> formats = reading.images();
+            QCOMPARE(formats.size(), images.size());
+            for (int i = 0; i < formats.size(); ++i) {
+                QCOMPARE(reading.picture(formats.at(i)).convertToFormat(QImage::Format_RGB32), images.at(i));
+                QCOMPARE(formats.at(i).width(), double(images.at(i).width()));
+                QCOMPARE(formats.at(i).stringProperty(ORVRtfProperty::ImageType), "PNG"_s);
+                QCOMPARE(formats.at(i).stringProperty(ORVRtfProperty::ImageFileName), "Image%1"_s.arg(i + 1));
+            }
+        });
         const QImage red = picture(Qt::red), blue = picture(Qt::blue, 4), green = picture(Qt::green);
         const QByteArray after = "\\pard after";
         add("in cells", rawRow(cellx("4320 8640"), pict(red) + "\\cell " + pict(blue) + "\\cell") + after,
@@ -302,22 +298,6 @@ private slots:
         add("behind a row", row("8640", "A") + pict(red), "|{1: A}||%1", {red});
         add("broken, behind a row", row("8640", "A") + "{\\pict\\pngblip 0011223344}", "|{1: A}||", {});
         add("without data, behind a row", row("8640", "A") + "{\\pict\\pngblip}", "|{1: A}|", {});
-    }
-
-    void pictures()
-    {
-        FETCH(QByteArray, rtf, QString, content, QList<QImage>, images);
-        const Reading reading = readBody(rtf);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), content.replace("%1"_s, object));
-        const QList<QTextImageFormat> formats = reading.images();
-        QCOMPARE(formats.size(), images.size());
-        for (int i = 0; i < formats.size(); ++i) {
-            QCOMPARE(reading.picture(formats.at(i)).convertToFormat(QImage::Format_RGB32), images.at(i));
-            QCOMPARE(formats.at(i).width(), double(images.at(i).width()));
-            QCOMPARE(formats.at(i).stringProperty(ORVRtfProperty::ImageType), "PNG"_s);
-            QCOMPARE(formats.at(i).stringProperty(ORVRtfProperty::ImageFileName), "Image%1"_s.arg(i + 1));
-        }
     }
 
     /*! A split that swallows its neighbour keeps the formatting of both. */

@@ -321,27 +321,22 @@ private slots:
         }
     }
 
-    void splits_data()
-    {
-        const Columns<int> add("seed");
-        for (int seed = 1; seed <= 500; ++seed)
-            add(qPrintable(QString::number(seed)), seed);
-    }
-
     /*! Columns that are split, joined and appended. */
-    void splits()
+    ORV_ROWS(splits)
     {
-        FETCH(int, seed);
-        compare(Generator(unsigned(seed)).splitTable(), seed % 4 != 0, EveryCell);
+        const Rows add(
+            [](int seed) { compare(Generator(unsigned(seed)).splitTable(), seed % 4 != 0, EveryCell); });
+        for (int seed = 1; seed <= 500; ++seed)
+            add(QByteArray::number(seed), seed);
     }
-
-    void merges_data() { splits_data(); }
 
     /*! Cells merged with the cell above or to the left, in tables whose columns stay. */
-    void merges()
+    ORV_ROWS(merges)
     {
-        FETCH(int, seed);
-        compare(Generator(unsigned(seed)).mergedTable(), seed % 4 != 0, UnjoinedCells);
+        const Rows add(
+            [](int seed) { compare(Generator(unsigned(seed)).mergedTable(), seed % 4 != 0, UnjoinedCells); });
+        for (int seed = 1; seed <= 500; ++seed)
+            add(QByteArray::number(seed), seed);
     }
 
 private:

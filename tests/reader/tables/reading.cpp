@@ -43,9 +43,17 @@ class TestTablesReading : public QObject {
     Q_OBJECT
 
 private slots:
-    void shapes_data()
+    ORV_ROWS(shapes)
     {
-        const Columns<QByteArray, QString> add("rows", "shape");
+        const Rows add([](const QByteArray& rows, const QString& shape) {
+            const Reading open = readBody(rows);
+            QCOMPARE(open.status, 0);
+            QCOMPARE(contentOf(*open.document), "|{%1}|"_s.arg(shape));
+
+            const Reading closed = readBody(rows + "\\pard after\\par");
+            QCOMPARE(closed.status, 0);
+            QCOMPARE(contentOf(*closed.document), "|{%1}||after|"_s.arg(shape));
+        });
         const QByteArray ab = row("4320 8640", "A B");
         const QByteArray abc = row("2000 4000 6000", "A B C");
 
@@ -125,22 +133,15 @@ private slots:
             "256: %1 / %1"_s.arg(texts));
     }
 
-    void shapes()
-    {
-        FETCH(QByteArray, rows, QString, shape);
-        const Reading open = readBody(rows);
-        QCOMPARE(open.status, 0);
-        QCOMPARE(contentOf(*open.document), "|{%1}|"_s.arg(shape));
-
-        const Reading closed = readBody(rows + "\\pard after\\par");
-        QCOMPARE(closed.status, 0);
-        QCOMPARE(contentOf(*closed.document), "|{%1}||after|"_s.arg(shape));
-    }
-
     /*! Rows whose cells and definitions do not match, which programs write and people edit. */
-    void shapesOfOddRows_data()
+    ORV_ROWS(shapesOfOddRows)
     {
-        const Columns<QByteArray, QString, QString> add("rows", "shape", "columnWidths");
+        const Rows add([](const QByteArray& rows, const QString& shape, const QString& columnWidths) {
+            const Reading reading = readBody(rows + "\\pard after");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(contentOf(*reading.document), "|{%1}||after"_s.arg(shape));
+            QCOMPARE(widthsOf(firstTable(reading)), columnWidths);
+        });
         const QByteArray ab = row("4320 8640", "A B");
         const QByteArray abc = row("4320 8640", "A B C");
         const char* const thirds = "33.33333333% 33.33333333% 33.33333333%";
@@ -190,20 +191,45 @@ private slots:
         add("first and last words only mark", rawRow("\\clmgf\\cellx4320\\clvmgf\\cellx8640", cells("A B")),
             "2: A, B", "50% 50%");
         add("decreasing boundaries", row("4320 2160", "A B"), "2: A, B", "50% -25%");
+
+        // Definitions stated twice.
+        // Word processors state a row's definitions before its cells and again before its end.
+        auto twice = [](const QByteArray& boundaries, const QByteArray& texts) {
+            const QByteArray definitions = "\\trowd" + cellx(boundaries);
+            return definitions + "\\pard\\intbl " + cells(texts) + definitions + "\\row\n";
+        };
+
+        const QByteArray twiceAb = twice("4320 8640", "A B");
+
+        add("one column", twice("2160", "A"), "1: A", "25%");
+        add("two columns", twiceAb, "2: A, B", "50% 50%");
+        add("every row", twiceAb + twice("4320 8640", "C D"), "2: A, B / C, D", "50% 50%");
+        add("only the first row", twiceAb + row("4320 8640", "C D"), "2: A, B / C, D", "50% 50%");
+        add("only a later row", row("4320 8640", "A B") + twice("4320 8640", "C D"), "2: A, B / C, D",
+            "50% 50%");
+        add("later row with more cells", twiceAb + twice("4320 6480 8640", "C D E"), "3: A, B(c2) / C, D, E",
+            "50% 25% 25%");
+        add("later row with a wider table", twiceAb + twice("4320 8640 10800", "C D E"),
+            "3: A, B, - / C, D, E", "50% 50% 25%");
+        add("later row with fewer cells", twiceAb + twice("8640", "C"), "2: A, B / C(c2)", "50% 50%");
+        add("merges", twiceAb + twice("4320v 8640", "- C"), "2: A(r2), B / C", "50% 50%");
+        add("merged cells beside each other", twice("2160 4320h 8640", "A - B"), "3: A(c2), B",
+            "25% 25% 50%");
+        add("the second statement goes on", rawRow(cellx("2160 4320 2160 4320 8640"), cells("A B C D E")),
+            "5: A, B, C, D, E", "25% 25% -25% 25% 50%");
+        add("no repetition but the first boundary", rawRow(cellx("2160 4320 2160"), cells("A B C")),
+            "3: A, B, C", "25% 25% -25%");
     }
 
-    void shapesOfOddRows()
+    ORV_ROWS(widths)
     {
-        FETCH(QByteArray, rows, QString, shape, QString, columnWidths);
-        const Reading reading = readBody(rows + "\\pard after");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), "|{%1}||after"_s.arg(shape));
-        QCOMPARE(widthsOf(firstTable(reading)), columnWidths);
-    }
-
-    void widths_data()
-    {
-        const Columns<QByteArray, QString> add("rtf", "expected");
+        const Rows add([](const QByteArray& rtf, const QString& expected) {
+            const Reading closed = readBody(rtf + "\\pard after");
+            QCOMPARE(closed.status, 0);
+            const QList<QTextTable*> tables = tablesOf(*closed.document);
+            QCOMPARE(tables.size(), 1);
+            QCOMPARE(widthsOf(tables.first()), expected);
+        });
         const QByteArray halves = row("4320 8640", "A B");
 
         add("halves", halves, "50% 50%");
@@ -231,16 +257,6 @@ private slots:
         add("negative paper", "\\paperw-12240 " + row("1000 4000", "A B"), "50% 50%");
     }
 
-    void widths()
-    {
-        FETCH(QByteArray, rtf, QString, expected);
-        const Reading closed = readBody(rtf + "\\pard after");
-        QCOMPARE(closed.status, 0);
-        const QList<QTextTable*> tables = tablesOf(*closed.document);
-        QCOMPARE(tables.size(), 1);
-        QCOMPARE(widthsOf(tables.first()), expected);
-    }
-
     void widthsOfHugeBoundaries()
     {
         const Reading reading = readBody(row("-2147483648 2147483647", "A B") + "\\pard after");
@@ -263,9 +279,14 @@ private slots:
     }
 
     /*! Where tables begin and end within the text. */
-    void surroundings_data()
+    ORV_ROWS(surroundings)
     {
-        const Columns<QByteArray, QString> add("rtf", "content");
+        const Rows add([](const QByteArray& rtf, const QString& content) {
+            // The closing brace flushes text, so every case is a complete document.
+            const Reading reading = readBody(rtf);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(contentOf(*reading.document), content);
+        });
         const QByteArray a = row("2000", "A");
         const QByteArray b = row("2000", "B");
         const QByteArray last = rawRow(cellx("2000") + "\\lastrow", "A\\cell ");
@@ -319,21 +340,9 @@ private slots:
             "|{1: A}|");
         add("table paragraph that never becomes a row", "\\intbl lost\\pard after", "|after");
         add("cell words without a table", "x\\cell y\\row z\\nestcell\\nestrow\\lastrow", "xyz");
-    }
 
-    void surroundings()
-    {
-        FETCH(QByteArray, rtf, QString, content);
-        // The closing brace flushes text, so every case is a complete document.
-        const Reading reading = readBody(rtf);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), content);
-    }
-
-    /*! Some programs leave \intbl out in the empty cell that continues the one above. */
-    void mergedCellWithoutIntblKeepsTheTableOpen_data()
-    {
-        const Columns<QByteArray, QString> add("rtf", "content");
+        // Merged cell without intbl keeps the table open.
+        // Some programs leave \intbl out in the empty cell that continues the one above.
         const QByteArray ab = row("4320 8640", "A B");
         add("first cell is merged", ab + "\\trowd\\clvmrg\\cellx4320\\cellx8640\\cell C\\cell\\row",
             "|{2: A(r2), B / C}|");
@@ -344,46 +353,8 @@ private slots:
         add("second cell is merged", ab + "\\trowd\\cellx4320\\clvmrg\\cellx8640\\cell C\\cell\\row",
             "|{2: A, B}||C");
         add("no cell is merged", ab + "\\trowd\\cellx4320\\cellx8640\\cell C\\cell\\row", "|{2: A, B}||C");
-    }
 
-    void mergedCellWithoutIntblKeepsTheTableOpen() { surroundings(); }
-
-    /*! Word processors state a row's definitions before its cells and again before its end. */
-    void definitionsStatedTwice_data()
-    {
-        const Columns<QByteArray, QString, QString> add("rows", "shape", "columnWidths");
-        auto twice = [](const QByteArray& boundaries, const QByteArray& texts) {
-            const QByteArray definitions = "\\trowd" + cellx(boundaries);
-            return definitions + "\\pard\\intbl " + cells(texts) + definitions + "\\row\n";
-        };
-
-        const QByteArray ab = twice("4320 8640", "A B");
-
-        add("one column", twice("2160", "A"), "1: A", "25%");
-        add("two columns", ab, "2: A, B", "50% 50%");
-        add("every row", ab + twice("4320 8640", "C D"), "2: A, B / C, D", "50% 50%");
-        add("only the first row", ab + row("4320 8640", "C D"), "2: A, B / C, D", "50% 50%");
-        add("only a later row", row("4320 8640", "A B") + twice("4320 8640", "C D"), "2: A, B / C, D",
-            "50% 50%");
-        add("later row with more cells", ab + twice("4320 6480 8640", "C D E"), "3: A, B(c2) / C, D, E",
-            "50% 25% 25%");
-        add("later row with a wider table", ab + twice("4320 8640 10800", "C D E"), "3: A, B, - / C, D, E",
-            "50% 50% 25%");
-        add("later row with fewer cells", ab + twice("8640", "C"), "2: A, B / C(c2)", "50% 50%");
-        add("merges", ab + twice("4320v 8640", "- C"), "2: A(r2), B / C", "50% 50%");
-        add("merged cells beside each other", twice("2160 4320h 8640", "A - B"), "3: A(c2), B",
-            "25% 25% 50%");
-        add("the second statement goes on", rawRow(cellx("2160 4320 2160 4320 8640"), cells("A B C D E")),
-            "5: A, B, C, D, E", "25% 25% -25% 25% 50%");
-        add("no repetition but the first boundary", rawRow(cellx("2160 4320 2160"), cells("A B C")),
-            "3: A, B, C", "25% 25% -25%");
-    }
-
-    void definitionsStatedTwice() { shapesOfOddRows(); }
-
-    void nesting_data()
-    {
-        const Columns<QByteArray, QString> add("rtf", "content");
+        // Nesting.
         const QByteArray outer = "\\trowd\\cellx8640 ";
         const QByteArray props =
             "{\\*\\nesttableprops\\trowd\\cellx2000\\cellx4000\\nestrow}{\\nonesttables fallback\\par}";
@@ -449,8 +420,6 @@ private slots:
         add("nested rows when the input ends", row("8640", "A") + outer + inner, "|{1: A}|");
     }
 
-    void nesting() { surroundings(); }
-
     void nestedWidths()
     {
         const Reading reading = readBody("\\trowd\\cellx8640\\pard\\intbl\\itap2 N1\\nestcell N2\\nestcell"
@@ -464,20 +433,16 @@ private slots:
         QCOMPARE(widthsOf(inner.first()), "25% 25%"_s);
     }
 
-    void nestingDepth_data()
+    ORV_ROWS(nestingDepth)
     {
-        const Columns<int> add("depth");
+        const Rows add([](int depth) {
+            const QByteArray rtf = depth > 1 ? nestedTables(depth) : row("8640", "X") + "\\pard after\\par";
+            const Reading reading = readBody(rtf);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(contentOf(*reading.document), depth > 1 ? nestedContent(depth) : "|{1: X}||after|"_s);
+        });
         for (int depth = 1; depth <= 12; ++depth)
             add(qPrintable(QString::number(depth)), depth);
-    }
-
-    void nestingDepth()
-    {
-        FETCH(int, depth);
-        const QByteArray rtf = depth > 1 ? nestedTables(depth) : row("8640", "X") + "\\pard after\\par";
-        const Reading reading = readBody(rtf);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), depth > 1 ? nestedContent(depth) : "|{1: X}||after|"_s);
     }
 
     /*! A deeper level counts as the deepest: its rows become rows of that table. */

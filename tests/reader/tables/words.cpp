@@ -73,9 +73,16 @@ class TestTablesWords : public QObject {
 
 private slots:
     /*! Text behind a word that opens a table goes into a cell, and is lost with the row that never ends. */
-    void wordsThatOpenATable_data()
+    ORV_ROWS(wordsThatOpenATable)
     {
-        const Columns<bool> add("opens");
+        const Rows add([](bool opens) {
+            // The text before the word commits its paragraph, so that the text behind it closes nothing by
+            // itself.
+            const Reading reading =
+                readBody(colorTable() + "before" + QTest::currentDataTag() + " behind\\pard\\plain after");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(contentOf(*reading.document), opens ? "before|after"_s : "beforebehindafter"_s);
+        });
         for (const char* word :
              {"\\intbl", "\\itap1", "\\itap2", "\\cellx2000", "\\cellx", "\\clmrg", "\\clvmrg", "\\clcbpat1",
               "\\clcbpat99", "\\clcbpat-1", "\\clshdrawnil", "\\trgaph108"})
@@ -88,17 +95,6 @@ private slots:
             "\\nestcell \\row \\nestrow \\itap0 \\itap-1 \\itap";
         for (const QByteArray& word : others.split(' '))
             add(word.constData(), false);
-    }
-
-    void wordsThatOpenATable()
-    {
-        FETCH(bool, opens);
-        // The text before the word commits its paragraph, so that the text behind it closes nothing by
-        // itself.
-        const Reading reading =
-            readBody(colorTable() + "before" + QTest::currentDataTag() + " behind\\pard\\plain after");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), opens ? "before|after"_s : "beforebehindafter"_s);
     }
 
     void acceptedWords_data()
@@ -126,9 +122,16 @@ private slots:
     }
 
     /*! One cell: its definition, its text, and the format of the cell that comes out. */
-    void cellFormats_data()
+    ORV_ROWS(cellFormats)
     {
-        const Columns<QByteArray, QByteArray, Properties> add("definition", "text", "expected");
+        const Rows add([](const QByteArray& definition, const QByteArray& text, const Properties& expected) {
+            const Reading reading = readBody(
+                colorTable() + rawRow(definition + "\\cellx4320", text + "\\cell") + "\\pard\\plain after");
+            QCOMPARE(reading.status, 0);
+            const QTextTable* table = firstTable(reading);
+            QVERIFY(table);
+            QCOMPARE(cellFormat(table, 0, 0), dump(expected));
+        });
         const QByteArray o = open;
 
         add("nothing said", "", "A", plainCell());
@@ -169,20 +172,17 @@ private slots:
         add("position of the text replaces the alignment", o + "\\clvertalb", "\\super A", raised);
     }
 
-    void cellFormats()
+    ORV_ROWS(cellFormatsOfRows)
     {
-        FETCH(QByteArray, definition, QByteArray, text, Properties, expected);
-        const Reading reading = readBody(colorTable() + rawRow(definition + "\\cellx4320", text + "\\cell")
-                                         + "\\pard\\plain after");
-        QCOMPARE(reading.status, 0);
-        const QTextTable* table = firstTable(reading);
-        QVERIFY(table);
-        QCOMPARE(cellFormat(table, 0, 0), dump(expected));
-    }
-
-    void cellFormatsOfRows_data()
-    {
-        const Columns<QByteArray, QString, int, QList<Properties>> add("rtf", "shape", "row", "formats");
+        const Rows add(
+            [](const QByteArray& rtf, const QString& shape, int row, const QList<Properties>& formats) {
+                const Reading reading = readBody(rtf);
+                const QTextTable* table = firstTable(reading);
+                QVERIFY(table);
+                QCOMPARE(shapeOf(table), shape);
+                for (int c = 0; c < formats.size(); ++c)
+                    QCOMPARE(cellFormat(table, row, c), dump(formats.at(c)));
+            });
         add("shading and alignment of each cell",
             colorTable()
                 + rawRow("\\clcbpat1\\clvertalc\\cellx1000\\clvertalb\\cellx2000\\clcbpat3\\cellx3000"
@@ -208,17 +208,6 @@ private slots:
             "2: A(r2c2) / ", 0, {shaded(Qt::red)});
     }
 
-    void cellFormatsOfRows()
-    {
-        FETCH(QByteArray, rtf, QString, shape, int, row, QList<Properties>, formats);
-        const Reading reading = readBody(rtf);
-        const QTextTable* table = firstTable(reading);
-        QVERIFY(table);
-        QCOMPARE(shapeOf(table), shape);
-        for (int c = 0; c < formats.size(); ++c)
-            QCOMPARE(cellFormat(table, row, c), dump(formats.at(c)));
-    }
-
     void cellsOfNestedTables()
     {
         const Reading reading =
@@ -236,9 +225,16 @@ private slots:
     }
 
     /*! Words of a row's definition, and the format of the table that comes out. */
-    void tableFormats_data()
+    ORV_ROWS(tableFormats)
     {
-        const Columns<QByteArray, Properties> add("words", "expected");
+        const Rows add([](const QByteArray& words, const Properties& expected) {
+            const Reading reading =
+                readBody(colorTable() + rawRow(words + "\\cellx8640", cells("A")) + "\\pard after");
+            QCOMPARE(reading.status, 0);
+            const QTextTable* table = firstTable(reading);
+            QVERIFY(table);
+            QCOMPARE(tableFormat(table), dump(expected));
+        });
         const QByteArray o = open;
 
         add("nothing said", "", plainTable());
@@ -291,20 +287,15 @@ private slots:
             withPadding(1.0, withoutBorder()));
     }
 
-    void tableFormats()
+    ORV_ROWS(tableFormatOfTheLastRowWins)
     {
-        FETCH(QByteArray, words, Properties, expected);
-        const Reading reading =
-            readBody(colorTable() + rawRow(words + "\\cellx8640", cells("A")) + "\\pard after");
-        QCOMPARE(reading.status, 0);
-        const QTextTable* table = firstTable(reading);
-        QVERIFY(table);
-        QCOMPARE(tableFormat(table), dump(expected));
-    }
-
-    void tableFormatOfTheLastRowWins_data()
-    {
-        const Columns<QByteArray, QByteArray, Properties> add("first", "last", "expected");
+        const Rows add([](const QByteArray& first, const QByteArray& last, const Properties& expected) {
+            const Reading reading = readBody(rawRow(first + "\\cellx8640", cells("A"))
+                                             + rawRow(last + "\\cellx8640", cells("B")) + "\\pard after");
+            const QTextTable* table = firstTable(reading);
+            QCOMPARE(shapeOf(table), "1: A / B"_s);
+            QCOMPARE(tableFormat(table), dump(expected));
+        });
         const QByteArray solid = "\\trgaph0\\clbrdrb\\brdrw30";
         add("only the first row pads", "\\trgaph108", QByteArray(), plainTable());
         add("only the last row pads", QByteArray(), "\\trgaph108", withPadding(5.4));
@@ -313,20 +304,16 @@ private slots:
         add("only the last row has a border", QByteArray(), solid, withBorder(1.5));
     }
 
-    void tableFormatOfTheLastRowWins()
-    {
-        FETCH(QByteArray, first, QByteArray, last, Properties, expected);
-        const Reading reading = readBody(rawRow(first + "\\cellx8640", cells("A"))
-                                         + rawRow(last + "\\cellx8640", cells("B")) + "\\pard after");
-        const QTextTable* table = firstTable(reading);
-        QCOMPARE(shapeOf(table), "1: A / B"_s);
-        QCOMPARE(tableFormat(table), dump(expected));
-    }
-
     /*! Whether border words speak of cells is remembered until a word says otherwise. */
-    void borderTargetStays_data()
+    ORV_ROWS(borderTargetStays)
     {
-        const Columns<QByteArray, bool> add("between", "stays");
+        const Rows add([](const QByteArray& between, bool stays) {
+            const Reading reading = readBody(
+                "\\clbrdrb" + between + rawRow("\\trgaph0\\brdrw30\\cellx8640", cells("B")) + "\\pard after");
+            const QList<QTextTable*> tables = tablesOf(*reading.document);
+            QVERIFY(!tables.isEmpty());
+            QCOMPARE(tableFormat(tables.last()), dump(stays ? withBorder(1.5) : plainTable()));
+        });
         add("next row", row("8640", "A"), true);
         add("next table", row("8640", "A") + "\\pard text\\par", true);
         add("paragraph and default format", row("8640", "A") + "\\pard\\plain text\\par", true);
@@ -336,16 +323,6 @@ private slots:
             "\\pard\\intbl\\cell\\row\\pard text\\par",
             true);
         add("row border", row("8640", "A") + "\\trbrdrl\\pard text\\par", false);
-    }
-
-    void borderTargetStays()
-    {
-        FETCH(QByteArray, between, bool, stays);
-        const Reading reading = readBody(
-            "\\clbrdrb" + between + rawRow("\\trgaph0\\brdrw30\\cellx8640", cells("B")) + "\\pard after");
-        const QList<QTextTable*> tables = tablesOf(*reading.document);
-        QVERIFY(!tables.isEmpty());
-        QCOMPARE(tableFormat(tables.last()), dump(stays ? withBorder(1.5) : plainTable()));
     }
 
     void borderColorWithoutAColorTable()
