@@ -47,6 +47,7 @@ private slots:
         add("closing brace only", "}", 1, QString());
         add("text after a closing brace too many", "{a}}b{}", 1, "ab");
         add("skipping ends without a group", "\\*\\unknown abc}def{}", 1, "def");
+        add("a known destination ends without a group, too", "\\stylesheet a}{b}", 1, "b");
         add("closing before opening", "}{", 1, QString());
         add("backslash last", "{\\rtf1 abc\\", 7, "abc");
         add("backslash alone", "\\", 7, QString());
@@ -92,6 +93,7 @@ private slots:
         add("most, any byte", "{a\\uc2147483647\\u8212 bcx}", 2, "a");
         add("most, escape", "{a\\uc2147483647\\u8212\\'97bcx}", 2, "a");
         add("four times wraps no more", "{a\\uc1073741825\\u8212\\'97bcx}", 2, "a");
+        add("most, without a group", "\\uc2000000000\\u65 tail", 0, QString());
         add("end of the input", "{a\\u8212", 2, "a");
         add("backslash at the end", "{a\\uc0\\u8212\\", 7, "a" + dash);
         add("without a number", "{\\u axy}", 0, "?xy");

@@ -76,28 +76,20 @@ private:
     QByteArray m_bytes;
 };
 
-QString textRead(QIODevice& device, int* status)
+/*! The status and the text that one device gives when it is read, and what another one gives when stripped. */
+QStringList outcomeOf(QIODevice& toRead, QIODevice& toStrip)
 {
     QTextDocument document;
-    ORVTextRtfReader reader(&device);
+    ORVTextRtfReader reader(&toRead);
     reader.read(&document);
-    *status = reader.error();
-    return textOf(document);
+    return {QString::number(reader.error()), textOf(document), QString::fromLatin1(stripped(toStrip))};
 }
 
-void inputRows()
+QStringList outcomeOf(QByteArray rtf)
 {
-    const Columns<bool, bool> add("sequential", "buffered");
-    add("random access", false, true);
-    add("random access, not buffered by Qt", false, false);
-    add("sequential", true, true);
-    add("sequential, not buffered by Qt", true, false);
-}
-
-QIODevice::OpenMode modeOf(bool buffered)
-{
-    return buffered ? QIODevice::OpenMode(QIODevice::ReadOnly)
-                    : QIODevice::OpenMode(QIODevice::ReadOnly | QIODevice::Unbuffered);
+    QBuffer toRead(&rtf), toStrip(&rtf);
+    toStrip.open(QIODevice::ReadOnly);
+    return outcomeOf(toRead, toStrip);
 }
 
 } // namespace
@@ -107,47 +99,34 @@ class TestDevices : public QObject {
     Q_OBJECT
 
 private slots:
-    void shortReads_data() { inputRows(); }
-
-    void shortReads()
+    /*! What came before a failure is read as if it were all; for every place where it can happen. */
+    ORV_ROWS(inputs)
     {
-        FETCH(bool, sequential, bool, buffered);
-        const QByteArray rtf = sampleRtf();
-        const QByteArray expected = stripped(rtf);
-        for (int pieceSize : {1, 2, 7, 1000}) {
-            UnreliableInput input(rtf, pieceSize, sequential);
-            input.open(modeOf(buffered));
-            int status = -1;
-            QCOMPARE(textRead(input, &status), read(rtf).text());
-            QCOMPARE(status, 0);
-            QVERIFY(input.calls() <= rtf.size() + 10);
-            UnreliableInput toStrip(rtf, pieceSize, sequential);
-            toStrip.open(modeOf(buffered));
-            QCOMPARE(stripped(toStrip), expected);
-        }
-    }
-
-    void failingInput_data() { inputRows(); }
-
-    /*! What came before the failure is read as if it were all; for every place where it can happen. */
-    void failingInput()
-    {
-        FETCH(bool, sequential, bool, buffered);
-        const QByteArray rtf = sampleRtf();
-        for (UnreliableInput::End end : {UnreliableInput::Fails, UnreliableInput::Closes}) {
-            for (int endAt = 0; endAt < rtf.size(); ++endAt) {
-                UnreliableInput input(rtf, 1, sequential, end, endAt);
-                input.open(modeOf(buffered));
-                int status = -1;
-                const Reading expected = read(rtf.left(endAt));
-                QCOMPARE(textRead(input, &status), expected.text());
-                QCOMPARE(status, expected.status);
-                QVERIFY(input.calls() <= 3 * rtf.size());
-                UnreliableInput toStrip(rtf, 1, sequential, end, endAt);
-                toStrip.open(modeOf(buffered));
-                QCOMPARE(stripped(toStrip), stripped(rtf.left(endAt)));
+        const Rows add([](bool sequential, QIODevice::OpenMode mode) {
+            const QByteArray rtf = sampleRtf();
+            for (const int pieceSize : {1, 2, 7, 1000}) {
+                UnreliableInput toRead(rtf, pieceSize, sequential), toStrip(rtf, pieceSize, sequential);
+                toRead.open(mode);
+                toStrip.open(mode);
+                QCOMPARE(outcomeOf(toRead, toStrip), outcomeOf(rtf));
+                QVERIFY(toRead.calls() <= rtf.size() + 10);
             }
-        }
+            for (int i = 0; i < 2 * rtf.size(); ++i) {
+                const UnreliableInput::End end = i % 2 ? UnreliableInput::Fails : UnreliableInput::Closes;
+                UnreliableInput toRead(rtf, 1, sequential, end, i / 2),
+                    toStrip(rtf, 1, sequential, end, i / 2);
+                toRead.open(mode);
+                toStrip.open(mode);
+                QCOMPARE(outcomeOf(toRead, toStrip), outcomeOf(rtf.left(i / 2)));
+                QVERIFY(toRead.calls() <= 3 * rtf.size());
+            }
+        });
+        const QIODevice::OpenMode buffered = QIODevice::ReadOnly;
+        const QIODevice::OpenMode unbuffered = QIODevice::ReadOnly | QIODevice::Unbuffered;
+        add("random access", false, buffered);
+        add("random access, not buffered by Qt", false, unbuffered);
+        add("sequential", true, buffered);
+        add("sequential, not buffered by Qt", true, unbuffered);
     }
 
     void fullOutputOfTheWriter()

@@ -45,25 +45,6 @@ QList<QByteArray> allWords()
     return words;
 }
 
-/*! Names that would end a construct or open one, were they written as they are. */
-void nameRows()
-{
-    const Columns<QString> add("name");
-    add("braces", "a{b}c");
-    add("opening brace", "a{");
-    add("closing brace", "}b");
-    add("backslash", "a\\b");
-    add("backslash at the end", "a\\");
-    add("control word", "\\par}{\\b x");
-    add("quotes", "a\"b'c");
-    add("semicolon", "a;b");
-    add("line feed", "a\nb");
-    add("carriage return", "a\r\nb");
-    add("tab", "a\tb");
-    add("beyond ASCII", "ä€\U0001F600");
-    add("half a surrogate", QString(QChar(0xD83D)));
-}
-
 } // namespace
 
 /*! Words, numbers, names and formats that nobody expects have a defined result. */
@@ -71,44 +52,6 @@ class TestExtremes : public QObject {
     Q_OBJECT
 
 private slots:
-    ORV_ROWS(namedInputs)
-    {
-        const Rows add([](const QByteArray& rtf, int status, const QString& text) {
-            const Reading reading = read(rtf);
-            QCOMPARE(reading.status, status);
-            QCOMPARE(reading.text(), text);
-            QVERIFY(tablesOf(*reading.document).isEmpty());
-        });
-        add("level below 0", "{\\rtf1\\itap-1 x\\par}", 0, "x\n");
-        add("skipped destination without a group", "\\stylesheet}", 1, QString());
-        add("unknown destination without a group", "\\*\\zzz}", 1, QString());
-        add("text behind a destination without a group", "\\stylesheet a}{b}", 1, "b");
-        add("fallback of -12 bytes", "{\\uc-12\\u65 x}", 0, "Ax");
-        // What no brace and no word ends is not inserted.
-        add("fallback of -12 bytes at the end", "\\uc-12\\u65 x", 0, QString());
-        add("fallback of two billion bytes", "{a\\uc2000000000\\u65 tail}", 2, "a");
-        add("fallback of two billion bytes without a group", "\\uc2000000000\\u65 tail", 0, QString());
-        add("-5 bytes of data", "{\\bin-5 abcde}", 0, "abcde");
-        add("0 bytes of data", "{\\bin0 abcde}", 0, "abcde");
-        add("5 bytes of data, with 5 left", "{\\bin5 abcd}", 9, "abcd");
-        add("5 bytes of data, with 6 left", "{\\bin5 abcde}", 0, QString());
-        add("two gigabytes of data", "{\\bin2147483647 abcde}", 9, "abcde");
-        add("lone backslash", "\\", 7, QString());
-        add("backslash at the end", "a\\", 7, "a");
-    }
-
-    ORV_ROWS(strippedInputs)
-    {
-        const Rows add(
-            [](const QByteArray& rtf, const QByteArray& output) { QCOMPARE(stripped(rtf), output); });
-        add("lone backslash", "\\", QByteArray());
-        add("backslash at the end", "a\\", "a");
-        add("two gigabytes of data", "\\bin2147483647 abcde", "\\bin2147483647abcde");
-        add("-5 bytes of data", "\\bin-5 abcde", "\\bin-5abcde");
-        add("0 bytes of data", "\\bin0 abcde", "\\bin0abcde");
-        add("5 bytes of data, with 5 left", "\\bin5 abcde", "\\bin5abcde");
-    }
-
     /*! A byte that is no letter is a symbol; an unknown one is nothing. */
     void bytesAfterABackslash()
     {
@@ -126,15 +69,6 @@ private slots:
         }
     }
 
-    void documentReportsChangesAfterAnOpenCell()
-    {
-        const Reading reading = read("{\\rtf1\\intbl x");
-        QCOMPARE(reading.status, 2);
-        QSignalSpy changes(reading.document.data(), SIGNAL(contentsChanged()));
-        QTextCursor(reading.document.data()).insertText("y"_s);
-        QCOMPARE(int(changes.count()), 1);
-    }
-
     void destinationsInDestinations()
     {
         for (const QByteArray& outer : destinations()) {
@@ -148,21 +82,6 @@ private slots:
                 QVERIFY2(reading.text().endsWith(QLatin1Char('z')), rtf.constData());
                 const QString complaint = complaintAboutWriting(*reading.document);
                 QVERIFY2(complaint.isEmpty(), qPrintable(complaint));
-            }
-        }
-    }
-
-    void paperOfNoWidth()
-    {
-        for (const QByteArray& paper : {"0"_b, "-1"_b, "-2147483648"_b}) {
-            const Reading reading = readBody("\\paperw" + paper + row("1000 3000", "A B") + "\\pard after");
-            const QTextTable* const table = tablesOf(*reading.document).value(0);
-            QVERIFY(table);
-            const QVector<QTextLength> widths = table->format().columnWidthConstraints();
-            QCOMPARE(int(widths.size()), 2);
-            for (const QTextLength& width : widths) {
-                QCOMPARE(int(width.type()), int(QTextLength::PercentageLength));
-                QCOMPARE(width.rawValue(), 50.0);
             }
         }
     }
@@ -198,53 +117,42 @@ private slots:
             add(number, QByteArray(number));
     }
 
-    void namesOfFontsAndLinks_data() { nameRows(); }
-
-    void namesOfFontsAndLinks()
+    /*! Names that would end a construct or open one, were they written as they are. */
+    ORV_ROWS(names)
     {
-        FETCH(QString, name);
-        QTextCharFormat font;
-        compat::setFontFamily(font, name);
-        QTextCharFormat link;
-        link.setAnchor(true);
-        link.setAnchorHref(name);
-        for (const QTextCharFormat& format : {font, link}) {
-            const Reading reading = read(write(*textDocument("x"_s, format)));
+        const Rows add([](const QString& name) {
+            QTextCharFormat font, link, bookmark, reference;
+            compat::setFontFamily(font, name);
+            link.setAnchor(true);
+            link.setAnchorHref(name);
+            bookmark.setProperty(ORVRtfProperty::BookmarkName, name);
+            reference.setProperty(ORVRtfProperty::PageReference, name);
+            ORVTextListLevel level;
+            level.setText(name + "%0"_s);
+            QTextListFormat list;
+            ORVTextListFormat::setLevels(list, {level});
+
+            Story story;
+            story.add("x"_s, font).add("y"_s, link).add("z"_s, bookmark).add("<$p>"_s, reference);
+            story.cursor().createList(list);
+            const Reading reading = read(write(*story.document()));
             QCOMPARE(reading.status, 0);
-            QCOMPARE(reading.text(), "x"_s);
-        }
-    }
-
-    void namesOfBookmarks_data() { nameRows(); }
-
-    void namesOfBookmarks()
-    {
-        FETCH(QString, name);
-        QTextCharFormat format;
-        format.setProperty(ORVRtfProperty::BookmarkName, name);
-        QSharedPointer<QTextDocument> document = textDocument("x"_s, format);
-        format.setProperty(ORVRtfProperty::PageReference, name);
-        QTextCursor end(document.data());
-        end.movePosition(QTextCursor::End);
-        end.insertText("<$p>"_s, format);
-        QCOMPARE(read(write(*document)).text(), "x<$p>"_s);
-        QCOMPARE(read(write(*document, exporting())).status, 0);
-    }
-
-    void textsOfLevels_data() { nameRows(); }
-
-    void textsOfLevels()
-    {
-        FETCH(QString, name);
-        ORVTextListLevel level;
-        level.setText(name + "%0"_s);
-        QTextListFormat format;
-        ORVTextListFormat::setLevels(format, {level});
-        QSharedPointer<QTextDocument> document = textDocument("x"_s);
-        QTextCursor(document.data()).createList(format);
-        const Reading reading = read(write(*document));
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "x"_s);
+            QCOMPARE(reading.text(), "xyz<$p>"_s);
+            QCOMPARE(read(write(*story.document(), exporting())).status, 0);
+        });
+        add("braces", "a{b}c");
+        add("opening brace", "a{");
+        add("closing brace", "}b");
+        add("backslash", "a\\b");
+        add("backslash at the end", "a\\");
+        add("control word", "\\par}{\\b x");
+        add("quotes", "a\"b'c");
+        add("semicolon", "a;b");
+        add("line feed", "a\nb");
+        add("carriage return", "a\r\nb");
+        add("tab", "a\tb");
+        add("beyond ASCII", "ä€\U0001F600");
+        add("half a surrogate", QString(QChar(0xD83D)));
     }
 
     /*! Each property that Qt or the application has, in all kinds of formats, with a value of that type. */

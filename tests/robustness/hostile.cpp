@@ -98,19 +98,67 @@ int measure(int number, int bytes)
     std::_Exit(0);
 }
 
-/*! The times that measure() prints in another process, empty when it did not end well. */
-QVector<double> measured(int number, int bytes)
+/*! A table of 20,000 rows and 5 columns, without any conversion. */
+void buildBigTable(QTextDocument& document)
+{
+    document.setUndoRedoEnabled(false);
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    QTextTable* const table = cursor.insertTable(20000, 5);
+    QTextCharFormat format;
+    format.setVerticalAlignment(QTextCharFormat::AlignTop);
+    for (int i = 0; i < 20000 * 5; ++i) {
+        QTextTableCell cell = table->cellAt(i / 5, i % 5);
+        cell.setFormat(format);
+        cell.firstCursorPosition().insertText("content"_s);
+    }
+    cursor.endEditBlock();
+}
+
+/*! The highest memory use of this process so far, in KB. */
+qint64 peakMemory()
+{
+    QFile status("/proc/self/status"_s);
+    status.open(QIODevice::ReadOnly);
+    const QByteArray text = status.readAll();
+    return text.mid(text.indexOf("VmHWM:") + 6).simplified().split(' ').first().toLongLong();
+}
+
+/*! Runs in a process of its own: prints how much memory that table takes at its highest, in KB. */
+int measureBigTable(bool build)
+{
+    const QByteArray row =
+        rtftest::row("1000 2000 3000 4000 5000", "content content content content content");
+    const QByteArray rtf = "{\\rtf1 " + row.repeated(20000) + "\\pard after}";
+    const qint64 before = peakMemory();
+    QTextDocument document;
+    if (build)
+        buildBigTable(document);
+    else
+        timeToRead(rtf, &document);
+    std::printf("%lld\n", static_cast<long long>(peakMemory() - before));
+    const QTextTable* const table = rtftest::tablesOf(document).value(0);
+    return table && table->rows() == 20000 && table->columns() == 5 ? 0 : 1;
+}
+
+/*! The numbers that this program prints in another process, empty when it did not end well. */
+QVector<double> measured(const QStringList& arguments)
 {
     QProcess process;
-    process.start(QCoreApplication::applicationFilePath(),
-                  {"hostile"_s, "--measure"_s, QString::number(number), QString::number(bytes)});
-    QVector<double> times;
-    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit)
-        return times;
-    const QList<QByteArray> numbers = process.readAllStandardOutput().trimmed().split(' ');
-    for (const QByteArray& time : numbers)
-        times.append(time.toDouble());
-    return times;
+    process.start(QCoreApplication::applicationFilePath(), QStringList("hostile"_s) + arguments);
+    QVector<double> numbers;
+    if (!process.waitForFinished(120000) || process.exitStatus() != QProcess::NormalExit
+        || process.exitCode() != 0)
+        return numbers;
+    for (const QByteArray& number : process.readAllStandardOutput().trimmed().split(' '))
+        numbers.append(number.toDouble());
+    return numbers;
+}
+
+/*! The times that measure() prints. */
+QVector<double> measured(int number, int bytes)
+{
+    return measured({"--measure"_s, QString::number(number), QString::number(bytes)});
 }
 
 /*! Lowers each of \a times to that of \a others. */
@@ -193,6 +241,18 @@ private slots:
         QCOMPARE(times.size(), 3);
         QVERIFY2(times.at(0) < 1000, qPrintable(listOf(times)));
     }
+
+    /*!
+        Reading may take a multiple of the memory of the finished document, since the cells wait for the
+        table's end, but no document for each of the 100,000 cells.
+    */
+    void memoryOfABigTable()
+    {
+        const double build = measured({"--build-table"_s}).value(0);
+        const double read = measured({"--read-table"_s}).value(0);
+        QVERIFY(build > 0);
+        QVERIFY2(read > 0 && read < 6 * build, qPrintable("%1 KB, built %2 KB"_s.arg(read).arg(build)));
+    }
 };
 
 static int runTestHostile(int argc, char** argv)
@@ -204,6 +264,8 @@ static int runTestHostile(int argc, char** argv)
         limitMemory();
         return QByteArray(int(memoryLimit), 'x').isEmpty();
     }
+    if (argc == 2 && (qstrcmp(argv[1], "--build-table") == 0 || qstrcmp(argv[1], "--read-table") == 0))
+        return measureBigTable(qstrcmp(argv[1], "--build-table") == 0);
     if (argc == 2 && qstrcmp(argv[1], "--use-time") == 0) {
         limitTime();
         while (cpuMilliseconds() < 60000) { }

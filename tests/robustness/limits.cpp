@@ -61,10 +61,12 @@ private slots:
         const Rows add([](int count, int kept) {
             QByteArray levels;
             for (int i = 0; i < count; ++i)
-                levels += "{\\listlevel\\levelnfc0{\\leveltext\\'01" + QByteArray(1, char('a' + i)) + ";}}";
+                levels += "{\\listlevel\\levelnfc0{\\leveltext\\'01" + QByteArray(1, char('a' + i)) + ";}\\li"
+                    + QByteArray::number(20 * i) + "}";
             const QList<ORVTextListLevel> read = levelsOf(readBody(listWith(levels)));
             QCOMPARE(int(read.size()), kept);
             QCOMPARE(read.last().text(), QString(QLatin1Char(char('a' + kept - 1))));
+            QCOMPARE(read.last().indent(), kept - 1.0);
         });
         add("below", 8, 8);
         add("at", 9, 9);
@@ -138,6 +140,31 @@ private slots:
         // 256 cells a row; the file has 256 and one for each short row. Room is kept for one more boundary.
         add("below", 300, 1);
         add("above", 500, 2);
+    }
+
+    /*! Beyond the last column text goes on in the last cell, and columns stay however many rows there are. */
+    ORV_ROWS(bigTables)
+    {
+        const Rows add(
+            [](const QByteArray& rtf, const QSize& size, const QString& first, const QString& last) {
+                const Reading reading = readBody(rtf);
+                QCOMPARE(reading.status, 0);
+                const QTextTable* const table = firstTable(reading);
+                QVERIFY(table);
+                QCOMPARE(QSize(table->columns(), table->rows()), size);
+                QCOMPARE(cellShape(table->cellAt(size.height() - 1, 0)), first);
+                QCOMPARE(cellShape(table->cellAt(size.height() - 1, size.width() - 1)), last);
+            });
+        add("row of many cells", "\\intbl " + "x\\cell "_b.repeated(20000) + "\\row", QSize(256, 1), "x",
+            "x "_s.repeated(20000 - 255).trimmed());
+        for (const int rows : {2000, 4000})
+            add("vertical merge of " + QByteArray::number(rows),
+                row("4320 8640", "A B") + row("4320v 8640", "- C").repeated(rows - 1) + "\\pard after",
+                QSize(2, rows), "A(r%1)"_s.arg(rows), "C");
+        const QByteArray outer = "\\trowd\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
+                                 "{\\*\\nesttableprops\\cellx900\\nestrow}\\pard\\intbl o\\cell\\row\n";
+        add("many nested tables", outer.repeated(2000) + "\\pard after", QSize(1, 2000), "|{1: N}||o",
+            "|{1: N}||o");
     }
 
     /*!

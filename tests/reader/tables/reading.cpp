@@ -255,6 +255,7 @@ private slots:
         add("page size after the rows, when the table closes",
             halves + "\\paperw20880 \\pard after\\paperw0 ", "25% 25%");
         add("negative paper", "\\paperw-12240 " + row("1000 4000", "A B"), "50% 50%");
+        add("smallest paper", "\\paperw-2147483648 " + row("1000 3000", "A B"), "50% 50%");
     }
 
     void widthsOfHugeBoundaries()
