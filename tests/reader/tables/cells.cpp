@@ -27,12 +27,6 @@ QList<QTextBlock> blocksAt(const Reading& reading, int row, int column)
     return blocksOf(firstTable(reading)->cellAt(row, column));
 }
 
-/*! The format of a paragraph in such a cell. */
-QString formatAt(const Reading& reading, int row, int column, int paragraph = 0)
-{
-    return dump(ownProperties(blocksAt(reading, row, column).at(paragraph).blockFormat()));
-}
-
 /*! Text and format of each run of the first cell, "|" between paragraphs. */
 QStringList runsOf(const Reading& reading)
 {
@@ -95,72 +89,56 @@ private slots:
         add("line feed written as a character", "A\\u10?B", "A|B");
     }
 
-    void paragraphFormats()
+    /*! The formats of all paragraphs, those around the table as well. */
+    ORV_ROWS(paragraphFormats)
     {
-        const Reading reading = readBody(
-            rawRow("\\cellx8640", "\\qc\\sb120 A\\par\\li720\\fi-360 B\\par\\pard\\intbl\\qr C\\cell")
-            + "\\pard after");
-        QCOMPARE(blocksAt(reading, 0, 0).size(), 3);
-        Properties expected{{QTextFormat::BlockAlignment, int(Qt::AlignHCenter)},
-                            {QTextFormat::BlockTopMargin, 6.0}};
-        QCOMPARE(formatAt(reading, 0, 0, 0), dump(expected));
-        expected.insert(ORVRtfProperty::LeftIndent, 36.0);
-        expected.insert(QTextFormat::TextIndent, 18.0);
-        QCOMPARE(formatAt(reading, 0, 0, 1), dump(expected));
-        QCOMPARE(formatAt(reading, 0, 0, 2), aligned(Qt::AlignRight));
-    }
-
-    void paragraphFormatLastsAcrossCells()
-    {
-        const Reading reading =
-            readBody(rawRow(cellx("4320 8640"), "\\qc A\\cell B\\cell")
-                     + "\\trowd\\cellx4320\\cellx8640\\intbl C\\cell\\pard\\intbl D\\cell\\row");
-        QCOMPARE(shapeOf(firstTable(reading)), "2: A, B / C, D"_s);
-        QCOMPARE(formatAt(reading, 0, 0), aligned(Qt::AlignHCenter));
-        QCOMPARE(formatAt(reading, 0, 1), aligned(Qt::AlignHCenter));
-        QCOMPARE(formatAt(reading, 1, 0), aligned(Qt::AlignHCenter));
-        QCOMPARE(formatAt(reading, 1, 1), QString());
-    }
-
-    void paragraphFormatOfAnEmptyCell()
-    {
-        const Reading reading =
-            readBody(rawRow(cellx("4320 8640"), "\\qr\\cell\\pard\\intbl\\qc\\par\\pard\\intbl\\qj\\cell"));
-        QCOMPARE(shapeOf(firstTable(reading)), "2: -, |"_s);
-        QCOMPARE(formatAt(reading, 0, 0), aligned(Qt::AlignRight));
-        QCOMPARE(formatAt(reading, 0, 1, 0), aligned(Qt::AlignHCenter));
-        QCOMPARE(formatAt(reading, 0, 1, 1), aligned(Qt::AlignJustify));
+        const Rows add([](const QByteArray& rtf, const QString& content, const QStringList& formats) {
+            const Reading reading = readBody(rtf);
+            QCOMPARE(contentOf(*reading.document), content);
+            QStringList actual;
+            for (int i = 0; i < reading.blockCount(); ++i)
+                actual << dump(ownProperties(reading.blockFormat(i)));
+            QCOMPARE(actual, formats);
+        });
+        const QString none, right = aligned(Qt::AlignRight), centred = aligned(Qt::AlignHCenter),
+                            justified = aligned(Qt::AlignJustify);
+        const QByteArray halves = cellx("4320 8640");
+        Properties spaced{{QTextFormat::BlockAlignment, int(Qt::AlignHCenter)},
+                          {QTextFormat::BlockTopMargin, 6.0}};
+        Properties indented = with(ORVRtfProperty::LeftIndent, 36.0, spaced);
+        indented.insert(QTextFormat::TextIndent, 18.0);
+        add("several in a cell",
+            rawRow("\\cellx8640", "\\qc\\sb120 A\\par\\li720\\fi-360 B\\par\\pard\\intbl\\qr C\\cell"),
+            "|{1: A|B|C}|", {none, dump(spaced), dump(indented), right, none});
+        add("lasts across cells and rows",
+            rawRow(halves, "\\qc A\\cell B\\cell")
+                + "\\trowd\\cellx4320\\cellx8640\\intbl C\\cell\\pard\\intbl D\\cell\\row",
+            "|{2: A, B / C, D}|", {none, centred, centred, centred, none, none});
+        add("empty cells", rawRow(halves, "\\qr\\cell\\pard\\intbl\\qc\\par\\pard\\intbl\\qj\\cell"),
+            "|{2: -, |}|", {none, right, centred, justified, none});
+        add("around the table",
+            "\\pard\\qr before\\par\\pard" + rawRow("\\cellx8640", "\\qj A\\cell")
+                + "\\pard\\qc after\\par\\pard last",
+            "before||{1: A}||after|last", {right, none, justified, none, centred, none});
+        // The words of a note's paragraphs neither close the table nor format the cell.
+        for (const QByteArray& note : {"footnote"_b, "*\\annotation"_b})
+            add("in a note: " + note,
+                rawRow(halves, "A{\\" + note + "\\pard\\plain\\qc\\li720 F}B\\cell C\\cell"), "|{2: AFB, C}|",
+                {none, none, none, none});
     }
 
     /*! The text of the cell that joins brings its paragraph format along, and its cell format wins. */
-    void paragraphFormatOfTheCellBelowHalfOfAMergedCell()
+    void formatsOfTheCellBelowHalfOfAMergedCell()
     {
         const Reading reading = readBody(
             colorTable() + rawRow("\\clcbpat1" + cellx("2000 4000h 6000"), "\\ql A\\cell\\cell C\\cell")
             + rawRow("\\clvmrg\\cellx2000\\clcbpat2\\clvertalb\\cellx4000\\cellx6000",
                      "\\cell\\qr E\\cell F\\cell"));
         QCOMPARE(shapeOf(firstTable(reading)), "3: AE(r2c2), C / F"_s);
-        QCOMPARE(formatAt(reading, 0, 0), aligned(Qt::AlignRight));
+        QCOMPARE(dump(ownProperties(blocksAt(reading, 0, 0).first().blockFormat())), aligned(Qt::AlignRight));
         const Properties expected = with(QTextFormat::BackgroundBrush, solidBrush(Qt::green),
                                          plainCell(QTextCharFormat::AlignBottom));
         QCOMPARE(dump(ownProperties(firstTable(reading)->cellAt(0, 0).format())), dump(expected));
-    }
-
-    void paragraphsAroundTheTable()
-    {
-        const Reading reading =
-            readBody("\\pard\\qr before\\par\\pard" + rawRow("\\cellx8640", "\\qj A\\cell")
-                     + "\\pard\\qc after\\par\\pard last");
-        QCOMPARE(contentOf(*reading.document), "before||{1: A}||after|last"_s);
-        QStringList formats;
-        const QTextFrame* root = reading.document->rootFrame();
-        for (QTextFrame::iterator it = root->begin(); it != root->end(); ++it) {
-            if (it.currentBlock().isValid())
-                formats << dump(ownProperties(it.currentBlock().blockFormat()));
-        }
-        const QString none;
-        QCOMPARE(formats,
-                 (QStringList{aligned(Qt::AlignRight), none, none, aligned(Qt::AlignHCenter), none}));
     }
 
     ORV_ROWS(runs)
@@ -178,6 +156,10 @@ private slots:
              run("E", with(italic, false, normalRun)), run("F", with(italic, false, boldRun))});
         add("without the cell's format", "\\clcbpat1\\clvertalb", "A{\\b B}\\par C",
             {run("A", plain), run("B", boldRun), "|", run("C", plain)});
+        add("footnote", "", "A{\\footnote F}B",
+            {run("A", plain), run("F", with(ORVRtfProperty::InFootnote, true)), run("B", plain)});
+        add("annotation", "", "A{\\*\\annotation F}B",
+            {run("A", plain), run("F", with(ORVRtfProperty::InAnnotation, true)), run("B", plain)});
         add("link", "", "A{\\field{\\*\\fldinst HYPERLINK \"notes/target\"}{\\fldrslt link}}B",
             {run("A", plain),
              run("link", {{QTextFormat::IsAnchor, true}, {QTextFormat::AnchorHref, "notes/target"_s}}),
@@ -246,24 +228,6 @@ private slots:
         const int before = QTextFormat::PageBreak_AlwaysBefore;
         add("between", "A\\page B\\par C", "A|B|C", {0, before, 0, 0});
         add("at the end of a cell", "A\\page", "A|", {0, before, 0});
-    }
-
-    /*! The words of a note's paragraphs neither close the table nor format the cell. */
-    ORV_ROWS(notes)
-    {
-        const Rows add([](const QByteArray& note, int flag) {
-            const Reading reading =
-                readBody(rawRow(cellx("4320 8640"), "A" + note + "B\\cell C\\cell") + "\\pard after");
-            QCOMPARE(contentOf(*reading.document), "|{2: AFB, C}||after"_s);
-            const QList<QTextFragment> fragments = fragmentsOf(blocksAt(reading, 0, 0)[0]);
-            QCOMPARE(fragments.size(), 3);
-            QVERIFY(!fragments[0].charFormat().hasProperty(flag));
-            QCOMPARE(fragments[1].charFormat().property(flag), QVariant(true));
-            QVERIFY(!fragments[2].charFormat().hasProperty(flag));
-            QCOMPARE(formatAt(reading, 0, 0), QString());
-        });
-        add("footnote", "{\\footnote\\pard\\plain\\qc\\li720 F}", int(ORVRtfProperty::InFootnote));
-        add("annotation", "{\\*\\annotation\\pard\\plain\\qc\\li720 F}", int(ORVRtfProperty::InAnnotation));
     }
 
     ORV_ROWS(pictures)

@@ -97,28 +97,26 @@ private slots:
             add(word.constData(), false);
     }
 
-    void acceptedWords_data()
-    {
-        QTest::addColumn<QByteArray>("word");
-        for (const QByteArray& word : "\\trowd \\nesttableprops \\trleft-108 \\trautofit1 \\clmgf \\clvmgf "
-                                      "\\clpadt50 \\clpadl50 \\clpadr50 \\clpadb50 \\trbrdrt \\trbrdrl "
-                                      "\\trbrdrr \\trbrdrb"_b.split(' '))
-            QTest::newRow(word.constData()) << word;
-    }
-
     /*! Words without effect change neither cells nor the table. */
-    void acceptedWords()
+    ORV_ROWS(acceptedWords)
     {
-        FETCH(QByteArray, word);
-        const Reading reading = readBody(
-            rawRow(open + word + "\\cellx4320" + word + "\\cellx8640", cells("A B")) + "\\pard after");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(contentOf(*reading.document), "|{2: A, B}||after"_s);
-        const QTextTable* table = firstTable(reading);
-        QCOMPARE(widthsOf(table), "50% 50%"_s);
-        QCOMPARE(tableFormat(table), dump(plainTable()));
-        for (int c = 0; c < 2; ++c)
-            QCOMPARE(cellFormat(table, 0, c), dump(plainCell()));
+        const Rows add([] {
+            const QByteArray word = QTest::currentDataTag();
+            const Reading reading = readBody(
+                rawRow(open + word + "\\cellx4320" + word + "\\cellx8640", cells("A B")) + "\\pard after");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(contentOf(*reading.document), "|{2: A, B}||after"_s);
+            const QTextTable* table = firstTable(reading);
+            QCOMPARE(widthsOf(table), "50% 50%"_s);
+            QCOMPARE(tableFormat(table), dump(plainTable()));
+            for (int c = 0; c < 2; ++c)
+                QCOMPARE(cellFormat(table, 0, c), dump(plainCell()));
+        });
+        const QByteArray words =
+            "\\trowd \\nesttableprops \\trleft-108 \\trautofit1 \\clmgf \\clvmgf \\clpadt50 "
+            "\\clpadl50 \\clpadr50 \\clpadb50 \\trbrdrt \\trbrdrl \\trbrdrr \\trbrdrb";
+        for (const QByteArray& word : words.split(' '))
+            add(word);
     }
 
     /*! One cell: its definition, its text, and the format of the cell that comes out. */
@@ -208,22 +206,6 @@ private slots:
             "2: A(r2c2) / ", 0, {shaded(Qt::red)});
     }
 
-    void cellsOfNestedTables()
-    {
-        const Reading reading =
-            readBody(colorTable()
-                     + "\\trowd\\clcbpat1\\cellx8640\\pard\\intbl\\itap2 N1\\nestcell N2\\nestcell"
-                       "{\\*\\nesttableprops\\clcbpat2\\clvertalb\\cellx900\\cellx1800\\nestrow}"
-                       "\\pard\\intbl\\cell\\row");
-        const QTextTable* outer = firstTable(reading);
-        QVERIFY(outer);
-        QCOMPARE(cellFormat(outer, 0, 0), dump(shaded(Qt::red)));
-        const QTextTable* inner = tablesOf(outer->cellAt(0, 0)).value(0);
-        QVERIFY(inner);
-        QCOMPARE(cellFormat(inner, 0, 0), dump(shaded(Qt::green, QTextCharFormat::AlignBottom)));
-        QCOMPARE(cellFormat(inner, 0, 1), dump(plainCell()));
-    }
-
     /*! Words of a row's definition, and the format of the table that comes out. */
     ORV_ROWS(tableFormats)
     {
@@ -287,83 +269,79 @@ private slots:
             withPadding(1.0, withoutBorder()));
     }
 
-    ORV_ROWS(tableFormatOfTheLastRowWins)
+    /*! Rows, and the format of the last table that comes out. */
+    ORV_ROWS(tableFormatsOfRows)
     {
-        const Rows add([](const QByteArray& first, const QByteArray& last, const Properties& expected) {
-            const Reading reading = readBody(rawRow(first + "\\cellx8640", cells("A"))
-                                             + rawRow(last + "\\cellx8640", cells("B")) + "\\pard after");
-            const QTextTable* table = firstTable(reading);
-            QCOMPARE(shapeOf(table), "1: A / B"_s);
-            QCOMPARE(tableFormat(table), dump(expected));
+        const Rows add([](const QByteArray& rows, const QString& content, const Properties& expected) {
+            const Reading reading = readBody(rows + "\\pard after");
+            QCOMPARE(contentOf(*reading.document), content);
+            QCOMPARE(tableFormat(tablesOf(*reading.document).last()), dump(expected));
         });
+        // The format of the last row counts.
+        const auto two = [&add](const char* name, const QByteArray& first, const QByteArray& last,
+                                const Properties& expected) {
+            add(name, rawRow(first + "\\cellx8640", cells("A")) + rawRow(last + "\\cellx8640", cells("B")),
+                "|{1: A / B}||after", expected);
+        };
         const QByteArray solid = "\\trgaph0\\clbrdrb\\brdrw30";
-        add("only the first row pads", "\\trgaph108", QByteArray(), plainTable());
-        add("only the last row pads", QByteArray(), "\\trgaph108", withPadding(5.4));
-        add("both pad", "\\trgaph20", "\\trgaph40", withPadding(2.0));
-        add("only the first row has a border", solid, QByteArray(), plainTable());
-        add("only the last row has a border", QByteArray(), solid, withBorder(1.5));
+        two("only the first row pads", "\\trgaph108", "", plainTable());
+        two("only the last row pads", "", "\\trgaph108", withPadding(5.4));
+        two("both pad", "\\trgaph20", "\\trgaph40", withPadding(2.0));
+        two("only the first row has a border", solid, "", plainTable());
+        two("only the last row has a border", "", solid, withBorder(1.5));
+
+        // Whether border words speak of cells is remembered until a word says otherwise.
+        const auto later = [&add](const char* name, const QByteArray& between, const Text& content,
+                                  bool stays) {
+            add(name, "\\clbrdrb" + between + rawRow("\\trgaph0\\brdrw30\\cellx8640", cells("B")), content,
+                stays ? withBorder(1.5) : plainTable());
+        };
+        const QByteArray a = row("8640", "A");
+        later("next row", a, "|{1: A / B}||after", true);
+        later("next table", a + "\\pard text\\par", "|{1: A}||text||{1: B}||after", true);
+        later("paragraph and default format", a + "\\pard\\plain text\\par", "|{1: A}||text||{1: B}||after",
+              true);
+        later("nested row",
+              "\\trowd\\cellx8640\\pard\\intbl\\itap2 "
+              "N\\nestcell{\\*\\nesttableprops\\trowd\\cellx900\\nestrow}"
+              "\\pard\\intbl\\cell\\row\\pard text\\par",
+              "|{1: |{1: N}||}||text||{1: B}||after", true);
+        later("row border", a + "\\trbrdrl\\pard text\\par", "|{1: A}||text||{1: B}||after", false);
+
+        const QByteArray bordered = rawRow("\\trgaph0\\clbrdrb\\brdrcf0\\cellx8640", cells("A"));
+        add("border colour without a colour table", bordered, "|{1: A}||after", withBorderColor(Qt::black));
+        add("border colour of another first colour", "{\\colortbl\\red255\\green0\\blue0;}" + bordered,
+            "|{1: A}||after", withBorderColor(Qt::red));
     }
 
-    /*! Whether border words speak of cells is remembered until a word says otherwise. */
-    ORV_ROWS(borderTargetStays)
-    {
-        const Rows add([](const QByteArray& between, bool stays) {
-            const Reading reading = readBody(
-                "\\clbrdrb" + between + rawRow("\\trgaph0\\brdrw30\\cellx8640", cells("B")) + "\\pard after");
-            const QList<QTextTable*> tables = tablesOf(*reading.document);
-            QVERIFY(!tables.isEmpty());
-            QCOMPARE(tableFormat(tables.last()), dump(stays ? withBorder(1.5) : plainTable()));
-        });
-        add("next row", row("8640", "A"), true);
-        add("next table", row("8640", "A") + "\\pard text\\par", true);
-        add("paragraph and default format", row("8640", "A") + "\\pard\\plain text\\par", true);
-        add("nested row",
-            "\\trowd\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
-            "{\\*\\nesttableprops\\trowd\\cellx900\\nestrow}"
-            "\\pard\\intbl\\cell\\row\\pard text\\par",
-            true);
-        add("row border", row("8640", "A") + "\\trbrdrl\\pard text\\par", false);
-    }
-
-    void borderColorWithoutAColorTable()
-    {
-        const Reading reading = readBody(rawRow("\\trgaph0\\clbrdrb\\brdrcf0\\cellx8640", cells("A")));
-        const QTextTableFormat format = firstTable(reading)->format();
-        QCOMPARE(format.borderStyle(), QTextFrameFormat::BorderStyle_Solid);
-        QCOMPARE(format.border(), 1.0);
-        QCOMPARE(int(format.borderBrush().style()), int(Qt::SolidPattern));
-        QCOMPARE(format.borderBrush().color().rgb(), QColor(Qt::black).rgb());
-    }
-
-    /*!
-        The default colour is the document's default text colour, which a colour table replaces by its first.
-    */
     void borderColorOfTheDefaultFormat()
     {
-        const QByteArray rtf = rawRow("\\trgaph0\\clbrdrb\\brdrcf\\cellx8640", cells("A"));
         const QSharedPointer<QTextDocument> document = newDocument();
         QTextCharFormat format = ORVTextFormat::defaultCharFormat(document.data());
         format.setForeground(QColor(Qt::darkGreen));
         ORVTextFormat::setDefaultCharFormat(document.data(), format);
-        const Reading stored = readInto(document, "{\\rtf1 " + rtf + "}");
-        QCOMPARE(tableFormat(firstTable(stored)), dump(withBorderColor(Qt::darkGreen)));
-
-        const Reading redFirst = readBody("{\\colortbl\\red255\\green0\\blue0;}" + rtf);
-        QCOMPARE(tableFormat(firstTable(redFirst)), dump(withBorderColor(Qt::red)));
+        const QByteArray row = rawRow("\\trgaph0\\clbrdrb\\brdrcf\\cellx8640", cells("A"));
+        const Reading reading = readInto(document, "{\\rtf1 " + row + "}");
+        QCOMPARE(tableFormat(firstTable(reading)), dump(withBorderColor(Qt::darkGreen)));
     }
 
-    void nestedTableHasItsOwnFormat()
+    void nestedTableHasItsOwnFormats()
     {
-        const Reading reading =
-            readBody("\\trowd\\trgaph108\\clbrdrb\\brdrw30\\cellx8640\\pard\\intbl\\itap2 N\\nestcell"
-                     "{\\*\\nesttableprops\\trowd\\trgaph40\\brdrw60\\cellx900\\nestrow}"
-                     "\\pard\\intbl\\cell\\row\\pard after");
+        const Reading reading = readBody(
+            colorTable()
+            + "\\trowd\\trgaph108\\clbrdrb\\brdrw30\\clcbpat1\\cellx8640\\pard\\intbl\\itap2 N1\\nestcell "
+              "N2\\nestcell{\\*\\nesttableprops\\trowd\\trgaph40\\brdrw60\\clcbpat2\\clvertalb\\cellx2160"
+              "\\cellx4320\\nestrow}\\pard\\intbl\\cell\\row\\pard after");
+        QCOMPARE(contentOf(*reading.document), "|{1: |{2: N1, N2}||}||after"_s);
         const QTextTable* outer = firstTable(reading);
-        QVERIFY(outer);
         QCOMPARE(tableFormat(outer), dump(withPadding(5.4, withBorder(1.5))));
+        QCOMPARE(cellFormat(outer, 0, 0), dump(shaded(Qt::red)));
+        QCOMPARE(widthsOf(outer), "100%"_s);
         const QTextTable* inner = tablesOf(outer->cellAt(0, 0)).value(0);
-        QVERIFY(inner);
         QCOMPARE(tableFormat(inner), dump(withPadding(2.0, withBorder(3.0))));
+        QCOMPARE(cellFormat(inner, 0, 0), dump(shaded(Qt::green, QTextCharFormat::AlignBottom)));
+        QCOMPARE(cellFormat(inner, 0, 1), dump(plainCell()));
+        QCOMPARE(widthsOf(inner), "25% 25%"_s);
     }
 
     /*! A table that is still open at the end has everything but its widths. */
@@ -371,11 +349,10 @@ private slots:
     {
         const Reading reading =
             readBody(colorTable() + rawRow("\\trgaph108\\clcbpat1\\cellx8640\\clbrdrb\\brdrw30", cells("A")));
+        QCOMPARE(contentOf(*reading.document), "|{1: A}|"_s);
         const QTextTable* table = firstTable(reading);
-        QVERIFY(table);
         QCOMPARE(tableFormat(table), dump(withPadding(5.4, withBorder(1.5))));
         QCOMPARE(cellFormat(table, 0, 0), dump(shaded(Qt::red)));
-        QVERIFY(!table->format().hasProperty(QTextFormat::TableColumnWidthConstraints));
     }
 };
 
