@@ -60,120 +60,112 @@ private slots:
                 >= 0);
     }
 
-    void characterWords_data()
+    ORV_ROWS(characterWords)
     {
-        Columns<QByteArray, QString>("words", "expected");
-        const auto row = [](const QByteArray& words, const Properties& expected) {
-            QTest::newRow(words.constData()) << words << dump(expected);
-        };
-
+        const Rows add([](const Properties& expected) {
+            QCOMPARE(dump(formatAfter(QTest::currentDataTag())), dump(expected));
+        });
         for (const Toggle& toggle : toggles()) {
             const QByteArray word = "\\" + QByteArray(toggle.word);
             for (const char* on : {"", "1", "2", "-1"})
-                row(word + on, {{toggle.property, toggle.on}});
-            row(word + "0" + word, {{toggle.property, toggle.on}});
+                add(word + on, {{toggle.property, toggle.on}});
+            add(word + "0" + word, {{toggle.property, toggle.on}});
             for (const QByteArray& off : {"0"_b, "-0"_b, word + "0"})
-                row(word + off, {{toggle.property, toggle.off}});
+                add(word + off, {{toggle.property, toggle.off}});
         }
 
         const int underline = QTextFormat::TextUnderlineStyle;
-        row("\\uld", {{underline, 3}});
-        row("\\uldash", {{underline, 2}});
-        row("\\uldashd", {{underline, 4}});
-        row("\\uldashdd", {{underline, 5}});
-        row("\\ulwave", {{underline, 6}});
+        add("\\uld", {{underline, 3}});
+        add("\\uldash", {{underline, 2}});
+        add("\\uldashd", {{underline, 4}});
+        add("\\uldashdd", {{underline, 5}});
+        add("\\ulwave", {{underline, 6}});
         // Only the plain underline words can be switched off by a number.
-        row("\\uld0", {{underline, 3}});
-        row("\\ulwave0", {{underline, 6}});
-        row("\\ul\\ulwave", {{underline, 6}});
-        row("\\ulwave\\ul0", {{underline, 0}});
-        row("\\ul\\ulc1\\ulnone", {});
-        row("\\ulnone", {});
+        add("\\uld0", {{underline, 3}});
+        add("\\ulwave0", {{underline, 6}});
+        add("\\ul\\ulwave", {{underline, 6}});
+        add("\\ulwave\\ul0", {{underline, 0}});
+        add("\\ul\\ulc1\\ulnone", {});
+        add("\\ulnone", {});
 
         const int align = QTextFormat::TextVerticalAlignment;
-        row("\\super\\nosupersub", {});
-        row("\\sub\\nosupersub", {});
-        row("\\super\\sub", {{align, 2}});
-        row("\\up6", {{align, 3}, {ORVRtfProperty::BaselineShift, 6}});
-        row("\\dn6", {{align, 3}, {ORVRtfProperty::BaselineShift, -6}});
-        row("\\up", {{align, 3}, {ORVRtfProperty::BaselineShift, 0}});
-        row("\\up0", {{align, 3}, {ORVRtfProperty::BaselineShift, 0}});
-        row("\\up-6", {{align, 3}, {ORVRtfProperty::BaselineShift, -6}});
-        row("\\dn-6", {{align, 3}, {ORVRtfProperty::BaselineShift, 6}});
-        row("\\up6\\nosupersub", {{ORVRtfProperty::BaselineShift, 6}});
+        add("\\super\\nosupersub", {});
+        add("\\sub\\nosupersub", {});
+        add("\\super\\sub", {{align, 2}});
+        add("\\up6", {{align, 3}, {ORVRtfProperty::BaselineShift, 6}});
+        add("\\dn6", {{align, 3}, {ORVRtfProperty::BaselineShift, -6}});
+        add("\\up", {{align, 3}, {ORVRtfProperty::BaselineShift, 0}});
+        add("\\up0", {{align, 3}, {ORVRtfProperty::BaselineShift, 0}});
+        add("\\up-6", {{align, 3}, {ORVRtfProperty::BaselineShift, -6}});
+        add("\\dn-6", {{align, 3}, {ORVRtfProperty::BaselineShift, 6}});
+        add("\\up6\\nosupersub", {{ORVRtfProperty::BaselineShift, 6}});
 
         const int size = QTextFormat::FontPointSize;
-        row("\\fs", {{size, 10.0}});
-        row("\\fs-1", {{size, 10.0}});
-        row("\\fs0", {{size, 10.0}});
-        row("\\fs1", {{size, 10.0}});
-        row("\\fs2", {{size, 10.0}});
-        row("\\fs3", {{size, 1.5}});
-        row("\\fs21", {{size, 10.5}});
-        row("\\fs24", {{size, 12.0}});
-        row("\\fs3276", {{size, 1638.0}});
+        add("\\fs", {{size, 10.0}});
+        add("\\fs-1", {{size, 10.0}});
+        add("\\fs0", {{size, 10.0}});
+        add("\\fs1", {{size, 10.0}});
+        add("\\fs2", {{size, 10.0}});
+        add("\\fs3", {{size, 1.5}});
+        add("\\fs21", {{size, 10.5}});
+        add("\\fs24", {{size, 12.0}});
+        add("\\fs3276", {{size, 1638.0}});
 
         const int pitch = QTextFormat::FontFixedPitch;
-        row("\\fprq1", {{pitch, true}});
-        row("\\fprq2", {{pitch, false}});
-        row("\\fprq1\\fprq0", {});
-        row("\\fprq1\\fprq3", {});
-        row("\\fprq1\\fprq", {});
-        row("\\fprq1\\fprq-1", {});
+        add("\\fprq1", {{pitch, true}});
+        add("\\fprq2", {{pitch, false}});
+        add("\\fprq1\\fprq0", {});
+        add("\\fprq1\\fprq3", {});
+        add("\\fprq1\\fprq", {});
+        add("\\fprq1\\fprq-1", {});
 
-        row("\\orvrevlvl3", {{ORVRtfProperty::RevisionLevel, 3}});
-        row("\\orvrevlvl0", {{ORVRtfProperty::RevisionLevel, 0}});
-        row("\\orvrevlvl-7", {{ORVRtfProperty::RevisionLevel, -7}});
-        row("\\orvrevlvl", {{ORVRtfProperty::RevisionLevel, 0}});
-        row("\\annotation", {{ORVRtfProperty::InAnnotation, true}});
-        row("\\footnote", {{ORVRtfProperty::InFootnote, true}});
-        row("\\b\\i\\fs24",
+        add("\\orvrevlvl3", {{ORVRtfProperty::RevisionLevel, 3}});
+        add("\\orvrevlvl0", {{ORVRtfProperty::RevisionLevel, 0}});
+        add("\\orvrevlvl-7", {{ORVRtfProperty::RevisionLevel, -7}});
+        add("\\orvrevlvl", {{ORVRtfProperty::RevisionLevel, 0}});
+        add("\\annotation", {{ORVRtfProperty::InAnnotation, true}});
+        add("\\footnote", {{ORVRtfProperty::InFootnote, true}});
+        add("\\b\\i\\fs24",
             {{QTextFormat::FontWeight, int(QFont::Bold)}, {QTextFormat::FontItalic, true}, {size, 12.0}});
 
         // Colour 0 is the default colour; 1 to 4 are red, green, blue and white.
         const int foreground = QTextFormat::ForegroundBrush;
         const int background = QTextFormat::BackgroundBrush;
         const int lineColor = QTextFormat::TextUnderlineColor;
-        row("\\cf0", {{foreground, solid(Qt::black)}});
-        row("\\cf", {{foreground, solid(Qt::black)}});
-        row("\\cf1", {{foreground, solid(Qt::red)}});
-        row("\\cf4", {{foreground, solid(Qt::white)}});
-        row("\\cf5", {});
-        row("\\cf-1", {});
-        row("\\cf2147483647", {});
-        row("\\cf1\\cf5", {{foreground, solid(Qt::red)}});
-        row("\\cb2", {{background, solid(Qt::green)}});
-        row("\\cb4", {{background, solid(Qt::white)}});
-        row("\\cb5", {});
-        row("\\cb-1", {});
-        row("\\cb1", {{background, solid(Qt::red)}});
-        row("\\highlight3", {{background, solid(Qt::blue)}});
-        row("\\highlight0", {{background, solid(Qt::black)}});
-        row("\\highlight5", {});
-        row("\\highlight-1", {});
-        row("\\ulc2", {{lineColor, QColor(Qt::green)}});
-        row("\\ulc5", {});
-        row("\\ulc-1", {});
-        row("\\ulc2\\ulc5", {{lineColor, QColor(Qt::green)}});
-        row("\\cf1\\cb2\\ulc3",
+        add("\\cf0", {{foreground, solid(Qt::black)}});
+        add("\\cf", {{foreground, solid(Qt::black)}});
+        add("\\cf1", {{foreground, solid(Qt::red)}});
+        add("\\cf4", {{foreground, solid(Qt::white)}});
+        add("\\cf5", {});
+        add("\\cf-1", {});
+        add("\\cf2147483647", {});
+        add("\\cf1\\cf5", {{foreground, solid(Qt::red)}});
+        add("\\cb2", {{background, solid(Qt::green)}});
+        add("\\cb4", {{background, solid(Qt::white)}});
+        add("\\cb5", {});
+        add("\\cb-1", {});
+        add("\\cb1", {{background, solid(Qt::red)}});
+        add("\\highlight3", {{background, solid(Qt::blue)}});
+        add("\\highlight0", {{background, solid(Qt::black)}});
+        add("\\highlight5", {});
+        add("\\highlight-1", {});
+        add("\\ulc2", {{lineColor, QColor(Qt::green)}});
+        add("\\ulc5", {});
+        add("\\ulc-1", {});
+        add("\\ulc2\\ulc5", {{lineColor, QColor(Qt::green)}});
+        add("\\cf1\\cb2\\ulc3",
             {{foreground, solid(Qt::red)}, {background, solid(Qt::green)}, {lineColor, QColor(Qt::blue)}});
 
         const Properties serif{{Family, "Quibble Serif"_s}, {QTextFormat::FontFixedPitch, false}};
         const Properties mono{{Family, "Quibble Mono"_s}, {QTextFormat::FontFixedPitch, true}};
-        row("\\f1", serif);
-        row("\\f2", mono);
-        row("\\f2\\f1", serif);
-        row("\\f9", {});
-        row("\\f", {});
-        row("\\f-1", {});
-        row("\\f2\\f9", mono);
-        row("\\f2\\fprq2\\f2", mono);
-    }
-
-    void characterWords()
-    {
-        FETCH(QByteArray, words, QString, expected);
-        QCOMPARE(dump(formatAfter(words)), expected);
+        add("\\f1", serif);
+        add("\\f2", mono);
+        add("\\f2\\f1", serif);
+        add("\\f9", {});
+        add("\\f", {});
+        add("\\f-1", {});
+        add("\\f2\\f9", mono);
+        add("\\f2\\fprq2\\f2", mono);
     }
 
     // Colour 1 is what word processors write for "no background" when it is white.
@@ -354,6 +346,7 @@ private slots:
         add("font before document", "{\\ansicpg1251" + fonts + "\\f3\\'e4}", "ä");
         add("document where the font says nothing", "{\\ansicpg1251" + fonts + "\\f3\\'e4\\f0\\'e4}", "ä?");
         add("unknown font changes nothing", "{" + fonts + "\\f1\\f9\\'e4}", "?");
+        add("font table resets the code page", "{\\f7" + fonts + "\\'e9}", "é");
         add("plain resets the code page", "{" + fonts + "\\f1\\'e9\\plain\\'e9}", "?é");
         add("groups restore the code page", "{" + fonts + "\\'e9{\\f1\\'e9}\\'e9}", "é?é");
         add("groups restore that of another font", "{" + fonts + "\\f1\\'e9{\\f0\\'e9}\\'e9}", "?é?");
@@ -368,6 +361,7 @@ private slots:
             QCOMPARE(reading.status, 9);
             QVERIFY(reading.text().startsWith(QLatin1Char('a')));
             QVERIFY(reading.text().endsWith(QLatin1Char('b')));
+            QCOMPARE(reading.format("b"_s).fontWeight(), int(QFont::Bold));
         });
         add("no digits", "\\'zz");
         add("second no digit", "\\'4z");
@@ -396,13 +390,6 @@ private slots:
             else
                 QCOMPARE(lower.text().size(), 3);
         }
-    }
-
-    void equalFormattingGivesOneFragment()
-    {
-        const Reading reading = readBody("{\\b one}{\\b  two}\\b  three");
-        QCOMPARE(fragmentsOf(*reading.document).size(), 1);
-        QCOMPARE(reading.text(), "one two three"_s);
     }
 };
 

@@ -1,3 +1,4 @@
+#include "runhelpers.h"
 #include "testsupport.h"
 
 using namespace rtftest;
@@ -20,18 +21,6 @@ QString tabsOf(const QTextBlockFormat& format)
     return tabs.join(", "_s);
 }
 
-/*! A row for each of \a words, which blanks separate. */
-void addWords(const QByteArray& words)
-{
-    for (const QByteArray& word : words.split(' '))
-        QTest::newRow(word.constData()) << word;
-}
-
-void addRow(const QByteArray& words, const Properties& expected)
-{
-    QTest::newRow(words.constData()) << words << dump(expected);
-}
-
 int pageBreaksOf(const QTextBlockFormat& format)
 {
     return format.intProperty(QTextFormat::PageBreakPolicy) & 0x11;
@@ -44,73 +33,89 @@ class TestParagraphWords : public QObject {
     Q_OBJECT
 
 private slots:
-    void paragraphWords_data()
+    ORV_ROWS(paragraphWords)
     {
-        Columns<QByteArray, QString>("words", "expected");
+        const Rows add([](const Properties& expected) {
+            const Reading reading = readBody(QTest::currentDataTag() + " one\\par two"_b);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), "one\ntwo"_s);
+            // Paragraph formatting holds until it is reset.
+            for (int i = 0; i < 2; ++i)
+                QCOMPARE(dump(reading.blockFormat(i)), dump(expected));
+        });
         const int align = QTextFormat::BlockAlignment;
-        addRow("\\ql", {{align, 1}});
-        addRow("\\qr", {{align, 2}});
-        addRow("\\qc", {{align, 4}});
-        addRow("\\qj", {{align, 8}});
-        addRow("\\qc0", {{align, 4}});
-        addRow("\\qc\\ql", {{align, 1}});
+        add("\\ql", {{align, 1}});
+        add("\\qr", {{align, 2}});
+        add("\\qc", {{align, 4}});
+        add("\\qj", {{align, 8}});
+        add("\\qc0", {{align, 4}});
+        add("\\qc\\ql", {{align, 1}});
 
         const int direction = QTextFormat::LayoutDirection;
-        addRow("\\ltrpar", {{direction, 0}});
-        addRow("\\rtlpar", {{direction, 1}});
-        addRow("\\rtlpar\\ltrpar", {{direction, 0}});
+        add("\\ltrpar", {{direction, 0}});
+        add("\\rtlpar", {{direction, 1}});
+        add("\\rtlpar\\ltrpar", {{direction, 0}});
 
         const int above = QTextFormat::BlockTopMargin;
         const int below = QTextFormat::BlockBottomMargin;
-        addRow("\\sb240", {{above, 12.0}});
-        addRow("\\sa120", {{below, 6.0}});
-        addRow("\\sb1", {{above, 0.05}});
-        addRow("\\sb", {{above, 0.0}});
-        addRow("\\sa-20", {{below, -1.0}});
-        addRow("\\sb240\\sa120\\sb0", {{above, 0.0}, {below, 6.0}});
+        add("\\sb240", {{above, 12.0}});
+        add("\\sa120", {{below, 6.0}});
+        add("\\sb1", {{above, 0.05}});
+        add("\\sb", {{above, 0.0}});
+        add("\\sa-20", {{below, -1.0}});
+        add("\\sb240\\sa120\\sb0", {{above, 0.0}, {below, 6.0}});
 
         const int spacing = ORVRtfProperty::LineSpacing;
         const int multiple = ORVRtfProperty::LineMultiple;
-        addRow("\\sl360", {{spacing, 18.0}});
-        addRow("\\sl-360", {{spacing, -18.0}});
-        addRow("\\sl0", {{spacing, 0.0}});
-        addRow("\\slmult1", {{multiple, 12.0}});
-        addRow("\\sl360\\slmult1", {{spacing, 18.0}, {multiple, 12.0}});
-        addRow("\\slmult1\\sl360", {{spacing, 18.0}, {multiple, 12.0}});
-        addRow("\\slmult1\\slmult0", {});
-        addRow("\\slmult1\\slmult", {});
-        addRow("\\slmult1\\slmult2", {});
-        addRow("\\slmult0", {});
+        add("\\sl360", {{spacing, 18.0}});
+        add("\\sl-360", {{spacing, -18.0}});
+        add("\\sl0", {{spacing, 0.0}});
+        add("\\slmult1", {{multiple, 12.0}});
+        add("\\sl360\\slmult1", {{spacing, 18.0}, {multiple, 12.0}});
+        add("\\slmult1\\sl360", {{spacing, 18.0}, {multiple, 12.0}});
+        add("\\slmult1\\slmult0", {});
+        add("\\slmult1\\slmult", {});
+        add("\\slmult1\\slmult2", {});
+        add("\\slmult0", {});
 
         // The right indent is where the right edge of the text is, measured from the left margin.
-        addRow("\\lin720", {{leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
-        addRow("\\rin360", {{rightIndent, 414.0}});
-        addRow("\\li720\\lin720", {{leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
-        addRow("\\li720\\ri360", {{leftIndent, 36.0}, {rightIndent, 414.0}, {QTextFormat::TextIndent, 36.0}});
-        addRow("\\rtlpar\\lin720", {{direction, 1}, {leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
-        addRow("\\rtlpar\\rin360", {{direction, 1}, {rightIndent, 414.0}});
+        add("\\lin720", {{leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
+        add("\\rin360", {{rightIndent, 414.0}});
+        add("\\li720\\lin720", {{leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
+        add("\\li720\\ri360", {{leftIndent, 36.0}, {rightIndent, 414.0}, {QTextFormat::TextIndent, 36.0}});
+        add("\\rtlpar\\lin720", {{direction, 1}, {leftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
+        add("\\rtlpar\\rin360", {{direction, 1}, {rightIndent, 414.0}});
 
-        addRow("\\keep", {{pageBreak, 0x200}});
-        addRow("\\keepn", {{pageBreak, 0x20}});
-        addRow("\\pagebb", {{pageBreak, 0x01}});
-        addRow("\\keep\\keepn\\pagebb", {{pageBreak, 0x221}});
-        addRow("\\keep\\keep", {{pageBreak, 0x200}});
+        add("\\keep", {{pageBreak, 0x200}});
+        add("\\keepn", {{pageBreak, 0x20}});
+        add("\\pagebb", {{pageBreak, 0x01}});
+        add("\\keep\\keepn\\pagebb", {{pageBreak, 0x221}});
+        add("\\keep\\keep", {{pageBreak, 0x200}});
 
-        addRow(
-            "\\qc\\rtlpar\\sb240\\sa120\\sl360\\slmult1\\li720\\fi360\\ri360\\keep\\keepn\\pagebb\\tx720\\par"
+        add("\\qc\\rtlpar\\sb240\\sa120\\sl360\\slmult1\\li720\\fi360\\ri360\\keep\\keepn\\pagebb\\tx720\\par"
             "d",
             {});
-    }
 
-    void paragraphWords()
-    {
-        FETCH(QByteArray, words, QString, expected);
-        const Reading reading = readBody(words + " one\\par two");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "one\ntwo"_s);
-        QCOMPARE(dump(reading.blockFormat(0)), expected);
-        // Paragraph formatting holds until it is reset.
-        QCOMPARE(dump(reading.blockFormat(1)), expected);
+        const int first = QTextFormat::TextIndent;
+        add("\\li720", {{leftIndent, 36.0}, {first, 36.0}});
+        add("\\fi360", {{first, 18.0}});
+        add("\\fi-360", {{first, -18.0}});
+        add("\\li720\\fi-360", {{leftIndent, 36.0}, {first, 18.0}});
+        add("\\fi-360\\li720", {{leftIndent, 36.0}, {first, 18.0}});
+        add("\\li720\\fi-360\\li1440", {{leftIndent, 72.0}, {first, 54.0}});
+        add("\\li720\\li0", {{leftIndent, 0.0}, {first, 0.0}});
+        add("\\li720\\fi-360\\fi200", {{leftIndent, 36.0}, {first, 46.0}});
+        add("\\li-720", {{leftIndent, -36.0}, {first, -36.0}});
+        add("\\li5", {{leftIndent, 0.25}, {first, 0.25}});
+        add("\\li\\fi", {{leftIndent, 0.0}, {first, 0.0}});
+        // 12240 wide, two margins of 1800.
+        add("\\ri360", {{rightIndent, 414.0}});
+        add("\\ri0", {{rightIndent, 432.0}});
+        add("\\ri-360", {{rightIndent, 450.0}});
+        add("\\li720\\fi-360\\ri360\\pard", {});
+        add("\\li720\\fi-360\\pard\\li1440", {{leftIndent, 72.0}, {first, 72.0}});
+        add("\\footnote\\li720\\fi-360\\ri360", {});
+        add("\\annotation\\li720\\fi-360\\ri360", {});
     }
 
     ORV_ROWS(pageGeometry)
@@ -247,54 +252,36 @@ private slots:
         add("{\\tx720}", "36 0");
     }
 
-    void tabLimit()
+    ORV_ROWS(wordsInNotes)
     {
-        QByteArray words;
-        for (int i = 1; i <= 300; ++i)
-            words += "\\tx" + QByteArray::number(20 * i);
-        const Reading reading = readBody("\\pard" + words + " one\\par\\pard\\tx20 two");
-        const QList<QTextOption::Tab> stops = reading.blockFormat(0).tabPositions();
-        QCOMPARE(int(stops.size()), 256);
-        QCOMPARE(stops.first().position, 1.0);
-        QCOMPARE(stops.last().position, 256.0);
-        QCOMPARE(tabsOf(reading.blockFormat(1)), "1 0"_s);
-    }
-
-    // A paragraph's format is what is in force when its first text comes.
-    void resetInTheMiddle()
-    {
-        const Reading reading = readBody("\\qc one\\pard two\\par three");
-        QCOMPARE(dump(reading.blockFormat(0)), dump(Properties{{QTextFormat::BlockAlignment, 4}}));
-        QCOMPARE(dump(reading.blockFormat(1)), QString());
-    }
-
-    void wordsInNotes_data()
-    {
-        Columns<QByteArray, QString>("words", "expected");
+        const Rows add([](const Properties& expected) {
+            const Properties centred{{QTextFormat::BlockAlignment, 4}};
+            for (const QByteArray& note : {"\\footnote"_b, "\\annotation"_b}) {
+                const Reading reading =
+                    readBody("\\qc one{" + note + QTest::currentDataTag() + " two}\\par three");
+                QCOMPARE(reading.text(), "onetwo\nthree"_s);
+                QCOMPARE(dump(reading.blockFormat(0)), dump(centred));
+                QCOMPARE(dump(reading.blockFormat(1)), dump(expected));
+            }
+        });
         const int align = QTextFormat::BlockAlignment;
-        for (const char* ignored :
-             {"\\pard", "\\ql", "\\qr", "\\qj", "\\ltrpar", "\\rtlpar", "\\sb240", "\\sa240", "\\sl240",
-              "\\slmult1", "\\li720", "\\fi360", "\\ri360", "\\lin720", "\\rin360"})
-            addRow(ignored, {{align, 4}});
-        addRow("\\keep", {{align, 4}, {pageBreak, 0x200}});
-        addRow("\\keepn", {{align, 4}, {pageBreak, 0x20}});
-        addRow("\\pagebb", {{align, 4}, {pageBreak, 0x01}});
-        addRow("\\ilvl2", {{align, 4}, {ORVRtfProperty::ListLevel, 2}});
+        const QByteArray ignored =
+            "\\pard \\ql \\qr \\qj \\ltrpar \\rtlpar \\sb240 \\sa240 \\sl240 \\slmult1 "
+            "\\li720 \\fi360 \\ri360 \\lin720 \\rin360";
+        for (const QByteArray& word : ignored.split(' '))
+            add(word, {{align, 4}});
+        add("\\keep", {{align, 4}, {pageBreak, 0x200}});
+        add("\\keepn", {{align, 4}, {pageBreak, 0x20}});
+        add("\\pagebb", {{align, 4}, {pageBreak, 0x01}});
+        add("\\ilvl2", {{align, 4}, {ORVRtfProperty::ListLevel, 2}});
     }
 
-    void wordsInNotes()
+    void tabsAndListsInNotes()
     {
-        FETCH(QByteArray, words, QString, expected);
-        for (const QByteArray& note : {"\\footnote"_b, "\\annotation"_b}) {
-            const Reading reading = readBody("\\qc one{" + note + words + " two}\\par three");
-            QCOMPARE(reading.text(), "onetwo\nthree"_s);
-            QCOMPARE(dump(reading.blockFormat(0)), dump(Properties{{QTextFormat::BlockAlignment, 4}}));
-            QCOMPARE(dump(reading.blockFormat(1)), expected);
-        }
-        const Reading tabbed = readBody("one{\\footnote\\tx720\\ls3 two}\\par three");
-        QCOMPARE(tabsOf(tabbed.blockFormat(1)), "36 0"_s);
-        QVERIFY(!tabbed.block(0).textList());
-        QVERIFY(tabbed.block(1).textList());
+        const Reading reading = readBody("one{\\footnote\\tx720\\ls3 two}\\par three");
+        QCOMPARE(tabsOf(reading.blockFormat(1)), "36 0"_s);
+        QVERIFY(!reading.block(0).textList());
+        QVERIFY(reading.block(1).textList());
     }
 
     // A note's content may be read with the note's own format as the default: \\plain makes it a note's then.
@@ -315,61 +302,54 @@ private slots:
         }
     }
 
-    void wordsWithoutEffect_data()
+    ORV_ROWS(wordsWithoutEffect)
     {
-        QTest::addColumn<QByteArray>("word");
-        addWords(
+        const Rows add([] {
+            for (const char* parameter : {"", "1", "0", "-5"}) {
+                const QByteArray words = QTest::currentDataTag() + QByteArray(parameter);
+                const Reading reading =
+                    readBody("a" + words + " b{" + words + " c}{\\*" + words + " d}\\par e");
+                QCOMPARE(reading.status, 0);
+                QCOMPARE(runsOf(reading), QStringList({run("abcd", plainRun), "|"_s, run("e", plainRun)}));
+                QCOMPARE(dump(reading.blockFormat(0)), QString());
+                QCOMPARE(dump(reading.blockFormat(1)), QString());
+                QVERIFY(!reading.block(1).textList());
+            }
+        });
+        // The last ones mean nothing outside their tables.
+        const QByteArray all =
             "\\ud \\absw \\absh \\nowrap \\posxl \\posxc \\posxr \\strokewidth \\strokec \\strikec \\fet "
             "\\ftnbj \\aenddoc \\chatn \\chftn \\ftnalt \\ltrch \\rtlch \\loch \\hich \\dbch \\af "
             "\\shppict \\cs \\header \\headerf \\headerl \\headerr \\footer \\footerf \\footerl \\footerr "
             "\\titlepg \\pgnrestart \\pgnstarts \\chpgn \\listsimple \\leveltemplateid \\levelnumbers "
             "\\leveljc \\leveljcn \\levelfollow \\levelstartat \\levelspace \\levelindent "
             "\\listoverridecount \\trowd \\nesttableprops \\trautofit \\trleft \\clmgf \\clvmgf \\clpadt "
-            "\\clpadl \\clpadr \\clpadb \\rtf \\ansi");
-        // Outside their tables these words mean nothing either.
-        addWords("\\froman \\fnil \\fswiss \\fmodern \\fscript \\fdecor \\ftech \\fbidi \\red \\green \\blue "
-                 "\\list \\listid \\listtemplateid \\listhybrid \\listlevel \\levelnfc \\levelnfcn "
-                 "\\listoverride");
+            "\\clpadl \\clpadr \\clpadb \\rtf \\ansi "
+            "\\froman \\fnil \\fswiss \\fmodern \\fscript \\fdecor \\ftech \\fbidi \\red \\green \\blue "
+            "\\list \\listid \\listtemplateid \\listhybrid \\listlevel \\levelnfc \\levelnfcn \\listoverride";
+        for (const QByteArray& word : all.split(' '))
+            add(word);
     }
 
-    void wordsWithoutEffect()
+    ORV_ROWS(ignoredGroups)
     {
-        FETCH(QByteArray, word);
-        for (const QByteArray& parameter : {QByteArray(), "1"_b, "0"_b, "-5"_b}) {
-            const QByteArray words = word + parameter;
-            const Reading reading = readBody("a" + words + " b{" + words + " c}{\\*" + words + " d}\\par e");
-            QCOMPARE(reading.status, 0);
-            QCOMPARE(reading.text(), "abcd\ne"_s);
-            QCOMPARE(fragmentsOf(*reading.document).size(), 2);
-            QCOMPARE(dump(reading.format("abcd"_s)), QString());
-            QCOMPARE(dump(reading.blockFormat(0)), QString());
-            QCOMPARE(dump(reading.blockFormat(1)), QString());
-            QVERIFY(!reading.block(1).textList());
-        }
-    }
-
-    void ignoredGroups_data()
-    {
-        QTest::addColumn<QByteArray>("word");
-        addWords(
+        const Rows add([] {
+            const QByteArray word = QTest::currentDataTag();
+            for (const QByteArray& opening : {"{" + word, "{\\*" + word, "{" + word + "1"}) {
+                const Reading reading =
+                    readBody("\\b a" + opening + " b\\par{c{\\i d}}\\'zz\\pard\\qc e}f\\par g");
+                QCOMPARE(reading.status, 0);
+                QCOMPARE(runsOf(reading), QStringList({run("af", boldRun), "|"_s, run("g", boldRun)}));
+                QCOMPARE(dump(reading.blockFormat(1)), QString());
+            }
+            // Text before the word belongs to the group around it.
+            QCOMPARE(readBody("a{b" + word + " c}d").text(), "abd"_s);
+        });
+        const QByteArray all =
             "\\atnid \\atnauthor \\bkmkstart \\bkmkend \\nonesttables \\nonshppict \\listname \\listtext "
-            "\\levelmarker \\pntext \\lfolevel \\stylesheet \\info");
-    }
-
-    void ignoredGroups()
-    {
-        FETCH(QByteArray, word);
-        for (const QByteArray& opening : {"{" + word, "{\\*" + word, "{" + word + "1"}) {
-            const Reading reading =
-                readBody("\\b a" + opening + " b\\par{c{\\i d}}\\'zz\\pard\\qc e}f\\par g");
-            QCOMPARE(reading.status, 0);
-            QCOMPARE(reading.text(), "af\ng"_s);
-            QCOMPARE(dump(reading.format("af"_s)),
-                     dump(Properties{{QTextFormat::FontWeight, int(QFont::Bold)}}));
-            QCOMPARE(dump(reading.blockFormat(1)), QString());
-        }
-        // Text before the word belongs to the group around it.
-        QCOMPARE(readBody("a{b" + word + " c}d").text(), "abd"_s);
+            "\\levelmarker \\pntext \\lfolevel \\stylesheet \\info";
+        for (const QByteArray& word : all.split(' '))
+            add(word);
     }
 };
 

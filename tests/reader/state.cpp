@@ -1,3 +1,4 @@
+#include "runhelpers.h"
 #include "testpaths.h"
 #include "testsupport.h"
 
@@ -5,17 +6,13 @@ using namespace rtftest;
 
 namespace {
 
-const Properties onlyBold{{QTextFormat::FontWeight, int(QFont::Bold)}};
-
 const Properties centred{{QTextFormat::BlockAlignment, int(Qt::AlignHCenter)}};
 const Properties rightAligned{{QTextFormat::BlockAlignment, int(Qt::AlignRight)}};
 
-/*! The family that font \a number of a font table with \a entries has, null when there is no such font. */
-QString familyOf(int number, const QByteArray& entries)
+/*! The formats of a paragraph and of the characters typed there. */
+QString paragraph(const Properties& format, const Properties& characters = plainRun)
 {
-    const Reading reading =
-        read("{\\rtf1\\deff99{\\fonttbl " + entries + "}\\f" + QByteArray::number(number) + " x}");
-    return compat::fontFamily(reading.format("x"_s));
+    return dump(format) + " / "_s + dump(characters);
 }
 
 /*! The colours of the table that \a definition makes, as far as it has any. */
@@ -48,72 +45,19 @@ private slots:
         QVERIFY(!QFontDatabase().families().contains("Quibble Serif"_s));
     }
 
-    void groupsRestoreTheCharacterFormat()
+    ORV_ROWS(runs)
     {
-        const Reading reading = readBody("{\\b bold{\\i both}again} plain");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "boldbothagain plain"_s);
-        Properties boldItalic = onlyBold;
-        boldItalic.insert(QTextFormat::FontItalic, true);
-        QCOMPARE(dump(reading.format("bold"_s)), dump(onlyBold));
-        QCOMPARE(dump(reading.format("both"_s)), dump(boldItalic));
-        QCOMPARE(dump(reading.format("again"_s)), dump(onlyBold));
-        QCOMPARE(dump(reading.format("plain"_s)), QString());
-    }
-
-    void paragraphFormatOutlivesItsGroup()
-    {
-        const Reading reading = readBody("{\\qc\\li720 one\\par}two\\par three");
-        for (int i = 0; i < 3; ++i) {
-            QCOMPARE(reading.blockFormat(i).intProperty(QTextFormat::BlockAlignment), int(Qt::AlignHCenter));
-            QCOMPARE(reading.blockFormat(i).doubleProperty(ORVRtfProperty::LeftIndent), 36.0);
-        }
-    }
-
-    // A font table names its only font without a number: the entry goes to the current font number.
-    void fontNumberOutlivesItsGroup()
-    {
-        const Reading reading = readBody("{\\f5 a}{\\fonttbl Quibble Serif;}\\f5 b");
-        QCOMPARE(compat::fontFamily(reading.format("b"_s)), "Quibble Serif"_s);
-    }
-
-    void fontNumberAfterPlainIsTheDefaultFont()
-    {
-        const Reading reading = readBody("\\deff3\\f5\\plain{\\fonttbl Quibble Serif;}{\\f5 a}{\\f3 b}");
-        QCOMPARE(compat::fontFamily(reading.format("a"_s)), QLatin1String(DefaultFamily));
-        QCOMPARE(compat::fontFamily(reading.format("b"_s)), "Quibble Serif"_s);
-    }
-
-    ORV_ROWS(indents)
-    {
-        const Rows add([](const QByteArray& words, const Properties& expected) {
-            const Reading reading = readBody(words + " text");
+        const Rows add([](const QByteArray& body, const QStringList& runs) {
+            const Reading reading = readBody(body);
             QCOMPARE(reading.status, 0);
-            QCOMPARE(reading.text(), "text"_s);
-            QCOMPARE(dump(reading.blockFormat(0)), dump(expected));
+            QCOMPARE(runsOf(reading), runs);
         });
-        const int left = ORVRtfProperty::LeftIndent;
-        const int right = ORVRtfProperty::RightIndent;
-        const int first = QTextFormat::TextIndent;
-        add("left", "\\li720", {{left, 36.0}, {first, 36.0}});
-        add("first line", "\\fi360", {{first, 18.0}});
-        add("negative first line", "\\fi-360", {{first, -18.0}});
-        add("hanging", "\\li720\\fi-360", {{left, 36.0}, {first, 18.0}});
-        add("hanging, other order", "\\fi-360\\li720", {{left, 36.0}, {first, 18.0}});
-        add("left twice", "\\li720\\fi-360\\li1440", {{left, 72.0}, {first, 54.0}});
-        add("left and back", "\\li720\\li0", {{left, 0.0}, {first, 0.0}});
-        add("first line twice", "\\li720\\fi-360\\fi200", {{left, 36.0}, {first, 46.0}});
-        add("negative left", "\\li-720", {{left, -36.0}, {first, -36.0}});
-        add("fraction of a point", "\\li5", {{left, 0.25}, {first, 0.25}});
-        add("without numbers", "\\li\\fi", {{left, 0.0}, {first, 0.0}});
-        // 12240 wide, two margins of 1800.
-        add("right", "\\ri360", {{right, 414.0}});
-        add("right 0", "\\ri0", {{right, 432.0}});
-        add("negative right", "\\ri-360", {{right, 450.0}});
-        add("reset", "\\li720\\fi-360\\ri360\\pard", {});
-        add("left after a reset", "\\li720\\fi-360\\pard\\li1440", {{left, 72.0}, {first, 72.0}});
-        add("in a footnote", "\\footnote\\li720\\fi-360\\ri360", {});
-        add("in an annotation", "\\annotation\\li720\\fi-360\\ri360", {});
+        add("groups restore the format", "{\\b bold{\\i both}again} plain",
+            {run("bold", boldRun), run("both", with(QTextFormat::FontItalic, true, boldRun)),
+             run("again", boldRun), run(" plain", plainRun)});
+        add("skipped groups only count braces", "\\b a{\\i\\*\\unknown\\b0 {\\plain x{y}\\par}{}z}b",
+            {run("ab", boldRun)});
+        add("equal formats are one run", "{\\b one}{\\b  two}\\b  three", {run("one two three", boldRun)});
     }
 
     void invalidCharacters()
@@ -169,24 +113,24 @@ private slots:
         add("in a level of groups", "{{{\x90}}}", "", replacement);
     }
 
-    void emptyParagraphsKeepTheirFormats()
+    ORV_ROWS(paragraphs)
     {
-        const Reading reading = readBody("{\\b\\qc\\par}\\i\\qr\\par\\pard x");
-        QCOMPARE(reading.blockCount(), 3);
-        QCOMPARE(dump(reading.block(0).charFormat()), dump(onlyBold));
-        QCOMPARE(dump(reading.blockFormat(0)), dump(centred));
-        QCOMPARE(dump(reading.block(1).charFormat()), dump(Properties{{QTextFormat::FontItalic, true}}));
-        QCOMPARE(dump(reading.blockFormat(1)), dump(rightAligned));
-        QCOMPARE(dump(reading.block(2).charFormat()), dump(Properties{{QTextFormat::FontItalic, true}}));
-        QCOMPARE(dump(reading.blockFormat(2)), QString());
-    }
-
-    void paragraphFormatIsFixedByTheFirstText()
-    {
-        const Reading reading = readBody("\\b one\\qc\\b0\\i two\\par three");
-        QCOMPARE(dump(reading.block(0).charFormat()), dump(onlyBold));
-        QCOMPARE(dump(reading.blockFormat(0)), QString());
-        QCOMPARE(dump(reading.blockFormat(1)), dump(centred));
+        const Rows add([](const QByteArray& body, const QStringList& paragraphs) {
+            const Reading reading = readBody(body);
+            QStringList actual;
+            for (int i = 0; i < reading.blockCount(); ++i)
+                actual << dump(reading.blockFormat(i)) + " / "_s + dump(reading.block(i).charFormat());
+            QCOMPARE(actual, paragraphs);
+        });
+        const Properties none, italic = with(QTextFormat::FontItalic, true);
+        add("empty ones keep their formats", "{\\b\\qc\\par}\\i\\qr\\par\\pard x",
+            {paragraph(centred, boldRun), paragraph(rightAligned, italic), paragraph(none, italic)});
+        add("the first text fixes the format", "\\b one\\qc\\b0\\i two\\par three",
+            {paragraph(none, boldRun),
+             paragraph(centred, with(QTextFormat::FontWeight, int(QFont::Normal), italic))});
+        add("reset in the middle", "\\qc one\\pard two\\par three", {paragraph(centred), paragraph(none)});
+        add("the format outlives its group", "{\\qc one\\par}two\\par three",
+            {paragraph(centred), paragraph(centred), paragraph(centred)});
     }
 
     // An empty paragraph takes the formats in force at each brace and control word of the body.
@@ -200,20 +144,20 @@ private slots:
         });
         const QString none;
         const QString right = dump(rightAligned);
-        add("at the last brace", "{a\\par\\qr\\b}", dump(onlyBold), right);
+        add("at the last brace", "{a\\par\\qr\\b}", dump(boldRun), right);
         add("in a group before", "{a\\par{\\qr\\b}}", none, right);
-        add("in the last group", "{a\\par{\\qr\\b}", dump(onlyBold), right);
-        add("before the end of the input", "{a\\par\\b\\qr ", dump(onlyBold), none);
-        add("before text that nothing follows", "{a\\par\\b\\qr " + QByteArray(2000, 'x'), dump(onlyBold),
+        add("in the last group", "{a\\par{\\qr\\b}", dump(boldRun), right);
+        add("before the end of the input", "{a\\par\\b\\qr ", dump(boldRun), none);
+        add("before text that nothing follows", "{a\\par\\b\\qr " + QByteArray(2000, 'x'), dump(boldRun),
             none);
         add("before many lines that nothing follows", "{a\\par\\b\\qr " + "text\n"_b.repeated(4000),
-            dump(onlyBold), none);
-        add("before a tab stop", "{a\\par\\b\\tx720", dump(onlyBold), none);
+            dump(boldRun), none);
+        add("before a tab stop", "{a\\par\\b\\tx720", dump(boldRun), none);
         add("in a field", "{a\\par{\\field\\qr\\b}", none, none);
         add("in a field, then text's end", "{a\\par{\\field\\qr\\b}}", none, right);
-        add("in a field's result", "{a\\par{\\field{\\fldrslt\\qr\\b}", dump(onlyBold), right);
+        add("in a field's result", "{a\\par{\\field{\\fldrslt\\qr\\b}", dump(boldRun), right);
         add("in a skipped group", "{a\\par{\\*\\unknown\\qr\\b}", none, none);
-        add("removed text", "{a\\par\\qr\\b\x85{}", dump(onlyBold), right);
+        add("removed text", "{a\\par\\qr\\b\x85{}", dump(boldRun), right);
         add("dropped picture", "{a\\par{\\pict\\qr\\pngblip 00}", none, right);
     }
 
@@ -273,44 +217,59 @@ private slots:
                      .hasProperty(QTextFormat::ForegroundBrush));
     }
 
-    ORV_ROWS(fontTables)
+    ORV_ROWS(fonts)
     {
-        const Rows add([](const QByteArray& entries, int number, const QString& family) {
-            QCOMPARE(familyOf(number, entries), family);
+        const Rows add([](const QByteArray& body, const QString& family) {
+            QCOMPARE(compat::fontFamily(readBody(body).format("x"_s)), family);
         });
+        const auto table = [&add](const char* name, const QByteArray& entries, int number,
+                                  const Text& family) {
+            add(name, "\\deff99{\\fonttbl " + entries + "}\\f" + QByteArray::number(number) + " x", family);
+        };
         const QString serif = "Quibble Serif"_s;
         const QString mono = "Quibble Mono"_s;
         const QByteArray groups = "{\\f0 Quibble Serif;}{\\f1 Quibble Mono;}";
-        add("groups, first", groups, 0, serif);
-        add("groups, second", groups, 1, mono);
-        add("groups, none", groups, 2, QString());
+        table("groups, first", groups, 0, serif);
+        table("groups, second", groups, 1, mono);
+        table("groups, none", groups, 2, QString());
         const QByteArray flat = "\\f0 Quibble Serif;\\f1 Quibble Mono;";
-        add("flat, first", flat, 0, serif);
-        add("flat, last", flat, 1, mono);
-        add("flat, words before the names",
-            "\\f3\\froman\\fcharset0 Quibble Serif;\\f4\\fmodern Quibble Mono;", 3, serif);
-        add("flat, a number without a name", "\\f0\\f1 Quibble Serif;\\f2 Quibble Mono;", 1, serif);
-        add("no number", "Quibble Serif;", 0, serif);
-        add("negative number", "{\\f-4 Quibble Serif;}", -4, serif);
-        add("without a semicolon", "{\\f1 Quibble Serif}", 1, serif);
-        add("two semicolons, one dropped", "{\\f1 Quibble Serif;;}", 1, serif + ";");
-        add("white space around", "{\\f1  \t Quibble Serif; \\tab}", 1, serif);
-        add("name in pieces", "{\\f1 Qui\\'62ble \\u83?erif;}", 1, serif);
-        add("name over lines", "{\\f1 Quibble\r\n Serif;}", 1, serif);
-        add("words after the name", "{\\f1 Quibble Serif\\froman;}", 1, serif);
-        add("panose before", "{\\f1{\\*\\panose 02020603}Quibble Serif;}", 1, serif);
-        add("panose after", "{\\f1 Quibble Serif{\\*\\panose 02020603};}", 1, serif);
-        add("alternative name", "{\\f1 Quibble Serif{\\*\\falt Quibble Mono};}", 1, serif);
-        add("alternative name, then another font",
-            "{\\f1 Quibble Serif{\\*\\falt Quibble Tall};}{\\f2 Quibble Mono;}", 2, mono);
-        add("alternative name, flat", "\\f1 Quibble Serif{\\*\\falt Quibble Tall};\\f2 Quibble Mono;", 1,
-            serif);
-        add("replaced", "{\\f1 Quibble Serif;}{\\f1 Quibble Mono;}", 1, mono);
-        add("not replaced by nothing", "{\\f1 Quibble Serif;}{\\f1;}", 1, serif);
-        add("not replaced by spaces", "{\\f1 Quibble Serif;}{\\f1   ; }", 1, serif);
-        add("flat, a number that has its font: names run together",
-            "\\f0 Quibble Serif;\\f1 Quibble Mono;\\f0 Tall;\\f2 Wide;", 2, "Tall;Wide");
-        add("two tables", "{\\f1 Quibble Serif;}}{\\fonttbl{\\f2 Quibble Mono;}", 1, serif);
+        table("flat, first", flat, 0, serif);
+        table("flat, last", flat, 1, mono);
+        table("flat, words before the names",
+              "\\f3\\froman\\fcharset0 Quibble Serif;\\f4\\fmodern Quibble Mono;", 3, serif);
+        table("flat, a number without a name", "\\f0\\f1 Quibble Serif;\\f2 Quibble Mono;", 1, serif);
+        table("no number", "Quibble Serif;", 0, serif);
+        table("negative number", "{\\f-4 Quibble Serif;}", -4, serif);
+        table("without a semicolon", "{\\f1 Quibble Serif}", 1, serif);
+        table("two semicolons, one dropped", "{\\f1 Quibble Serif;;}", 1, serif + ";");
+        table("white space around", "{\\f1  \t Quibble Serif; \\tab}", 1, serif);
+        table("name in pieces", "{\\f1 Qui\\'62ble \\u83?erif;}", 1, serif);
+        table("name over lines", "{\\f1 Quibble\r\n Serif;}", 1, serif);
+        table("words after the name", "{\\f1 Quibble Serif\\froman;}", 1, serif);
+        table("panose before", "{\\f1{\\*\\panose 02020603}Quibble Serif;}", 1, serif);
+        table("panose after", "{\\f1 Quibble Serif{\\*\\panose 02020603};}", 1, serif);
+        table("alternative name", "{\\f1 Quibble Serif{\\*\\falt Quibble Mono};}", 1, serif);
+        table("alternative name, then another font",
+              "{\\f1 Quibble Serif{\\*\\falt Quibble Tall};}{\\f2 Quibble Mono;}", 2, mono);
+        table("alternative name, flat", "\\f1 Quibble Serif{\\*\\falt Quibble Tall};\\f2 Quibble Mono;", 1,
+              serif);
+        table("replaced", "{\\f1 Quibble Serif;}{\\f1 Quibble Mono;}", 1, mono);
+        table("not replaced by nothing", "{\\f1 Quibble Serif;}{\\f1;}", 1, serif);
+        table("not replaced by spaces", "{\\f1 Quibble Serif;}{\\f1   ; }", 1, serif);
+        table("flat, a number that has its font: names run together",
+              "\\f0 Quibble Serif;\\f1 Quibble Mono;\\f0 Tall;\\f2 Wide;", 2, "Tall;Wide");
+        table("two tables", "{\\f1 Quibble Serif;}}{\\fonttbl{\\f2 Quibble Mono;}", 1, serif);
+        table("installed, in any case", "{\\f1 QUIBBLE brick;}", 1, "Quibble Brick");
+        table("not installed", "{\\f1 QUIBBLE serif;}", 1, "QUIBBLE serif");
+
+        // A font table that names its only font without a number: the entry goes to the current number.
+        add("number outlives its group", "{\\f5 a}{\\fonttbl Quibble Serif;}\\f5 x", serif);
+        add("number after the default format", "\\deff3\\f5\\plain{\\fonttbl Quibble Serif;}\\f3 x", serif);
+        add("number before the default format", "\\deff3\\f5\\plain{\\fonttbl Quibble Serif;}{\\f5 x}",
+            QLatin1String(DefaultFamily));
+        const QByteArray reset = "\\f7{\\fonttbl{\\f2 Quibble Mono;}}{\\fonttbl Quibble Tall;}";
+        add("number before a font table", reset + "{\\f7 x}", QString());
+        add("number after a font table", reset + "{\\f0 x}", "Quibble Tall");
     }
 
     ORV_ROWS(fontTableSetsTheDefaultFont)
@@ -328,9 +287,8 @@ private slots:
                                {QTextFormat::FontPointSize, DefaultPointSize},
                                {QTextFormat::FontWeight, 0},
                                {QTextFormat::FontFixedPitch, false}};
-        Properties mono = serif;
-        mono.insert(Family, "Quibble Mono"_s);
-        mono.insert(QTextFormat::FontFixedPitch, true);
+        const Properties mono =
+            with(Family, "Quibble Mono"_s, with(QTextFormat::FontFixedPitch, true, serif));
 
         const QByteArray fonts = "{\\fonttbl{\\f0 Quibble Serif;}{\\f1\\fprq1 Quibble Mono;}}";
         add("none named", "{\\rtf1" + fonts + "x}", dump(serif));
@@ -341,61 +299,9 @@ private slots:
         add("named too late", "{\\rtf1\\deff7" + fonts + "\\deff1 x}", dump(unchanged));
         add("no table", "{\\rtf1\\deff0 x}", dump(unchanged));
         add("flat", "{\\rtf1\\deff1{\\fonttbl\\f0 Quibble Mono;\\f1 Quibble Serif;}x}", dump(serif));
-    }
-
-    void boldFontMakesABoldDefault()
-    {
-        const Reading reading = readBody("{\\fonttbl{\\f0 Quibble Brick;}}x");
-        const QTextCharFormat format = ORVTextFormat::defaultCharFormat(reading.document.data());
-        QCOMPARE(format.property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
-        QCOMPARE(compat::fontFamily(format), "Quibble Brick"_s);
-    }
-
-    void installedFontIsFoundInAnyCase()
-    {
-        QCOMPARE(familyOf(1, "{\\f1 QUIBBLE brick;}"), "Quibble Brick"_s);
-        QCOMPARE(familyOf(1, "{\\f1 QUIBBLE serif;}"), "QUIBBLE serif"_s);
-    }
-
-    void fontTableResetsFontAndCodePage()
-    {
-        const QByteArray fonts = "\\f7{\\fonttbl{\\f1\\fcharset204 Quibble Serif;}{\\f2 Quibble Mono;}}";
-        QCOMPARE(readBody(fonts + "\\'e9").text(), "é"_s);
-        const Reading reading = readBody(fonts + "{\\fonttbl Quibble Tall;}{\\f7 a}{\\f0 b}");
-        QCOMPARE(compat::fontFamily(reading.format("a"_s)), QString());
-        QCOMPARE(compat::fontFamily(reading.format("b"_s)), "Quibble Tall"_s);
-    }
-
-    void pitchOfAFontIsItsOwn()
-    {
-        const Reading reading = readBody(fontTable() + "{\\f1 a}{\\f2 b}");
-        QCOMPARE(dump(reading.format("a"_s)),
-                 dump(Properties{{Family, "Quibble Serif"_s}, {QTextFormat::FontFixedPitch, false}}));
-        QCOMPARE(dump(reading.format("b"_s)),
-                 dump(Properties{{Family, "Quibble Mono"_s}, {QTextFormat::FontFixedPitch, true}}));
-    }
-
-    void fontLimit()
-    {
-        QByteArray entries;
-        for (int i = 1; i <= 10002; ++i)
-            entries += "{\\f" + QByteArray::number(i) + " Quibble Serif;}";
-        const Reading reading =
-            readBody("{\\fonttbl" + entries + "}{\\f1 a}{\\f10000 b}{\\f10001 c}{\\f10002 d}");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(compat::fontFamily(reading.format("a"_s)), "Quibble Serif"_s);
-        QCOMPARE(compat::fontFamily(reading.format("b"_s)), "Quibble Serif"_s);
-        QCOMPARE(compat::fontFamily(reading.format("c"_s)), QString());
-        QCOMPARE(compat::fontFamily(reading.format("d"_s)), QString());
-    }
-
-    void skippedGroupsOnlyCountBraces()
-    {
-        const Reading reading = readBody("\\b a{\\i\\*\\unknown\\b0 {\\plain x{y}\\par}{}z}b");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "ab"_s);
-        QCOMPARE(fragmentsOf(*reading.document).size(), 1);
-        QCOMPARE(dump(reading.format("ab"_s)), dump(onlyBold));
+        Properties brick = with(Family, "Quibble Brick"_s, serif);
+        brick.insert(QTextFormat::FontWeight, int(QFont::Bold));
+        add("bold", "{\\rtf1{\\fonttbl{\\f0 Quibble Brick;}}x}", dump(brick));
     }
 
     ORV_ROWS(groupLimit)

@@ -110,6 +110,7 @@ private slots:
                 toStrip.open(mode);
                 QCOMPARE(outcomeOf(toRead, toStrip), outcomeOf(rtf));
                 QVERIFY(toRead.calls() <= rtf.size() + 10);
+                QCOMPARE(toRead.bytesAvailable(), qint64(0));
             }
             for (int i = 0; i < 2 * rtf.size(); ++i) {
                 const UnreliableInput::End end = i % 2 ? UnreliableInput::Fails : UnreliableInput::Closes;

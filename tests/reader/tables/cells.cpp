@@ -1,3 +1,4 @@
+#include "runhelpers.h"
 #include "testsupport.h"
 
 using namespace rtftest;
@@ -14,11 +15,7 @@ QImage picture(const QColor& color, int width = 3)
 /*! \a image as an RTF picture. */
 QByteArray pict(const QImage& image)
 {
-    QByteArray png;
-    QBuffer buffer(&png);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return "{\\pict\\pngblip " + png.toHex() + "}";
+    return "{\\pict\\pngblip " + encoded(image).toHex() + "}";
 }
 
 /*! The paragraphs of a cell of the document's first table. */
@@ -27,37 +24,12 @@ QList<QTextBlock> blocksAt(const Reading& reading, int row, int column)
     return blocksOf(firstTable(reading)->cellAt(row, column));
 }
 
-/*! Text and format of each run of the first cell, "|" between paragraphs. */
-QStringList runsOf(const Reading& reading)
-{
-    QStringList runs;
-    for (const QTextBlock& block : blocksAt(reading, 0, 0)) {
-        if (!runs.isEmpty())
-            runs << "|"_s;
-        for (const QTextFragment& fragment : fragmentsOf(block))
-            runs << fragment.text() + " ["_s + dump(fragment.charFormat()) + QLatin1Char(']');
-    }
-    return runs;
-}
-
-QString run(const char* text, const Properties& properties)
-{
-    return QString::fromLatin1(text) + " ["_s + dump(properties) + QLatin1Char(']');
-}
-
-Properties with(int id, const QVariant& value, Properties properties = Properties())
-{
-    properties.insert(id, value);
-    return properties;
-}
-
 /*! The format of a paragraph of which only the alignment is stated. */
 QString aligned(Qt::AlignmentFlag alignment)
 {
     return dump(with(QTextFormat::BlockAlignment, int(alignment)));
 }
 
-const Properties boldRun = with(QTextFormat::FontWeight, int(QFont::Bold));
 const Properties normalRun = with(QTextFormat::FontWeight, int(QFont::Normal));
 const QChar object = QChar(QChar::ObjectReplacementCharacter);
 
@@ -146,24 +118,23 @@ private slots:
         const Rows add([](const QByteArray& definition, const QByteArray& cell, const QStringList& expected) {
             const Reading reading =
                 readBody(colorTable() + rawRow(definition + "\\cellx8640", cell + "\\cell") + "\\pard after");
-            QCOMPARE(runsOf(reading), expected);
+            QCOMPARE(runsOf(blocksAt(reading, 0, 0)), expected);
         });
         const int italic = QTextFormat::FontItalic;
-        const Properties plain;
         add("bold and italic", "", "\\b A\\b0\\i B{\\b C}D\\par\\i0 E\\b F",
             {run("A", boldRun), run("B", with(italic, true, normalRun)),
              run("C", with(italic, true, boldRun)), run("D", with(italic, true, normalRun)), "|",
              run("E", with(italic, false, normalRun)), run("F", with(italic, false, boldRun))});
         add("without the cell's format", "\\clcbpat1\\clvertalb", "A{\\b B}\\par C",
-            {run("A", plain), run("B", boldRun), "|", run("C", plain)});
+            {run("A", plainRun), run("B", boldRun), "|", run("C", plainRun)});
         add("footnote", "", "A{\\footnote F}B",
-            {run("A", plain), run("F", with(ORVRtfProperty::InFootnote, true)), run("B", plain)});
+            {run("A", plainRun), run("F", with(ORVRtfProperty::InFootnote, true)), run("B", plainRun)});
         add("annotation", "", "A{\\*\\annotation F}B",
-            {run("A", plain), run("F", with(ORVRtfProperty::InAnnotation, true)), run("B", plain)});
+            {run("A", plainRun), run("F", with(ORVRtfProperty::InAnnotation, true)), run("B", plainRun)});
         add("link", "", "A{\\field{\\*\\fldinst HYPERLINK \"notes/target\"}{\\fldrslt link}}B",
-            {run("A", plain),
+            {run("A", plainRun),
              run("link", {{QTextFormat::IsAnchor, true}, {QTextFormat::AnchorHref, "notes/target"_s}}),
-             run("B", plain)});
+             run("B", plainRun)});
     }
 
     void characterFormatLastsAcrossCellsAndRows()
@@ -278,7 +249,8 @@ private slots:
         QCOMPARE(blocks[1].blockFormat().alignment(), Qt::AlignRight);
         const Properties italic = with(QTextFormat::FontItalic, true, normalRun);
         // The blank between them belongs to the text before it.
-        QCOMPARE(runsOf(reading), (QStringList{run("A ", boldRun), run("B", italic), "|", run("C", italic)}));
+        QCOMPARE(runsOf(blocksAt(reading, 0, 0)),
+                 (QStringList{run("A ", boldRun), run("B", italic), "|", run("C", italic)}));
     }
 };
 

@@ -1,0 +1,57 @@
+#ifndef RUNHELPERS_H
+#define RUNHELPERS_H
+
+#include "rtftesthelpers.h"
+
+/*! What the tests of reading compare formats by: the runs of a document, a line each. */
+namespace rtftest {
+
+/*! \a properties with one more of them. */
+inline Properties with(int id, const QVariant& value, Properties properties = Properties())
+{
+    properties.insert(id, value);
+    return properties;
+}
+
+inline const Properties plainRun;
+inline const Properties boldRun = with(QTextFormat::FontWeight, int(QFont::Bold));
+
+inline QString run(const QString& text, const Properties& format)
+{
+    return text + " [" + dump(format) + ']';
+}
+
+/*! Text and format of each run, "|" between paragraphs. */
+inline QStringList runsOf(const QList<QTextBlock>& blocks)
+{
+    QStringList runs;
+    for (const QTextBlock& block : blocks) {
+        if (block != blocks.first())
+            runs << QStringLiteral("|");
+        for (const QTextFragment& fragment : fragmentsOf(block))
+            runs << run(fragment.text(), propertiesOf(fragment.charFormat()));
+    }
+    return runs;
+}
+
+inline QStringList runsOf(const Reading& reading)
+{
+    QList<QTextBlock> blocks;
+    for (int i = 0; i < reading.blockCount(); ++i)
+        blocks << reading.block(i);
+    return runsOf(blocks);
+}
+
+/*! \a image as a file of the given format. */
+inline QByteArray encoded(const QImage& image, const char* format = "PNG")
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, format);
+    return bytes;
+}
+
+} // namespace rtftest
+
+#endif
