@@ -23,9 +23,11 @@ class TestCodePages : public QObject {
     Q_OBJECT
 
 private slots:
-    void charSetToCodePage_data()
+    ORV_ROWS(charSetToCodePage)
     {
-        Columns<int, int>("charset", "codePage");
+        const Rows add([](int charset, int codePage) {
+            QCOMPARE(ORVTextRtfCommon::charSetToCodePage(charset), codePage);
+        });
         const int table[][2] = {{0, 1252},   {1, 0},      {2, 42},     {77, 10000}, {78, 10001}, {79, 10003},
                                 {80, 10008}, {81, 10002}, {83, 10005}, {84, 10004}, {85, 10006}, {86, 10081},
                                 {87, 10021}, {88, 10029}, {89, 10007}, {128, 932},  {129, 949},  {130, 1361},
@@ -33,15 +35,9 @@ private slots:
                                 {178, 1256}, {186, 1257}, {204, 1251}, {222, 874},  {238, 1250}, {254, 437},
                                 {255, 850}};
         for (const auto& row : table)
-            QTest::addRow("fcharset%d", row[0]) << row[0] << row[1];
+            add(QByteArray::number(row[0]), row[0], row[1]);
         for (int charset : {3, 76, 82, 90, 127, 131, 135, 1252, -1, 256, 1251, 0x7FFFFFFF, -0x7FFFFFFF})
-            QTest::addRow("fcharset%d", charset) << charset << 1252;
-    }
-
-    void charSetToCodePage()
-    {
-        FETCH(int, charset, int, codePage);
-        QCOMPARE(ORVTextRtfCommon::charSetToCodePage(charset), codePage);
+            add(QByteArray::number(charset), charset, 1252);
     }
 
     void otherCharSetsAre1252()

@@ -77,6 +77,14 @@ private slots:
                 describe({listLevel("%0."_s, ORVTextListLevel::Decimal, indent, firstLine)}));
         };
 
+        // Templates count upwards: "%0" is the number of the level itself, "%1" of the one above, and so on.
+        add("several levels",
+            level("\\'02\\'00.;") + level("\\'03\\'00.\\'01;") + level("\\'06\\'00.\\'01.\\'02.;")
+                + level("\\'02\\'03);") + level("\\'03\\'00-\\'04;"),
+            "'%0.' 1 0 0, '%1.%0' 1 0 0, '%2.%1.%0.' 1 0 0, '%0)' 1 0 0, '%4-%0' 1 0 0");
+        // Without a level there is nothing these words could describe.
+        add("words without a level", "\\levelnfc23\\li720\\fi360\\lin720{\\leveltext\\'01x;}", "");
+
         // The first character is the length of the template, \'00 the number of the level itself.
         text("number and dot", "\\'02\\'00.;", "%0.");
         text("number in brackets", "\\'03(\\'00);", "(%0)");
@@ -126,15 +134,6 @@ private slots:
         indent("\\li", 0, 0);
     }
 
-    // Templates count upwards: "%0" is the number of the level itself, "%1" of the one above, and so on.
-    void levelTextsOfLowerLevels()
-    {
-        const QByteArray levels = level("\\'02\\'00.;") + level("\\'03\\'00.\\'01;")
-            + level("\\'06\\'00.\\'01.\\'02.;") + level("\\'02\\'03);") + level("\\'03\\'00-\\'04;");
-        QCOMPARE(describe(levelsOf(levels)),
-                 "'%0.' 1 0 0, '%1.%0' 1 0 0, '%2.%1.%0.' 1 0 0, '%0)' 1 0 0, '%4-%0' 1 0 0"_s);
-    }
-
     void listTablesLeaveNoText()
     {
         const Reading reading = readBody(
@@ -148,41 +147,33 @@ private slots:
         }
     }
 
-    void levelLimit()
+    /*! Of a whole document, the levels of the list that the first paragraph is in. */
+    ORV_ROWS(levelsOfDocuments)
     {
-        QByteArray words;
-        QList<ORVTextListLevel> expected;
-        for (int i = 0; i < 12; ++i) {
-            const int left = 100 * (i + 1);
-            words +=
-                level("\\'02\\'0" + QByteArray::number(qMin(i, 9)) + ".;", "\\li" + QByteArray::number(left));
-            if (i < 9)
-                expected << listLevel("%0."_s, ORVTextListLevel::Decimal, left / 20.0, left / 20.0);
-        }
-        QCOMPARE(describe(levelsOf(words)), describe(expected));
-    }
-
-    void levelLimitIsPerList()
-    {
-        const QByteArray many = level("\\'02\\'00.;").repeated(11);
-        const Reading reading =
-            readBody("{\\*\\listtable{\\list" + many + "\\listid7}{\\list" + level("\\'01x;", "\\li720", 23)
-                     + "\\listid8}}" + "{\\*\\listoverridetable{\\listoverride\\listid8\\ls1}}\\pard\\ls1 a");
-        QCOMPARE(describe(levelsOf(reading)), "'x' 0 36 36"_s);
-    }
-
-    // Without a level, or without a list, there is nothing these words could describe.
-    void wordsWithoutALevel()
-    {
-        const QByteArray words = "\\levelnfc23\\li720\\fi360\\lin720{\\leveltext\\'01x;}";
-        QCOMPARE(levelsOf(words).size(), 0);
-        const QByteArray noList = "{\\*\\listtable\\listid7\\listtemplateid1\\listhybrid{\\listlevel" + words
-            + "}}"
-              "{\\*\\listoverridetable\\ls5{\\listoverride\\listid7\\ls1}}";
-        const Reading reading = readBody(noList + "\\pard\\ls1 a");
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), "a"_s);
-        QCOMPARE(levelsOf(reading).size(), 0);
+        const Rows add([](const QByteArray& body, const QString& expected) {
+            const Reading reading = readBody(body + "\\pard\\ls1 a");
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), "a"_s);
+            QCOMPARE(describe(levelsOf(reading)), expected);
+        });
+        const QByteArray list = "{\\*\\listtable{\\list" + level("\\'01a;") + "\\listid7}{\\list"
+            + level("\\'01b;") + "\\listid7}{\\list" + level("\\'01c;") + "\\listid8}}";
+        add("limit of levels is per list",
+            "{\\*\\listtable{\\list" + level("\\'02\\'00.;").repeated(11) + "\\listid7}{\\list"
+                + level("\\'01x;", "\\li720", 23)
+                + "\\listid8}}{\\*\\listoverridetable{\\listoverride\\listid8\\ls1}}",
+            "'x' 0 36 36");
+        add("words without a list",
+            "{\\*\\listtable\\listid7\\listtemplateid1\\listhybrid{\\listlevel\\levelnfc23\\li720{"
+            "\\leveltext\\'01x;}}}"
+            "{\\*\\listoverridetable\\ls5{\\listoverride\\listid7\\ls1}}",
+            "");
+        add("the first match counts",
+            list + "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}{\\listoverride\\listid8\\ls1}}",
+            "'a' 1 0 0");
+        add("override before its list", list + "{\\*\\listoverridetable{\\listoverride\\ls1\\listid8}}",
+            "'c' 1 0 0");
+        add("override outside its table", list + "{\\listoverride\\listid7\\ls1}", "");
     }
 
     // All paragraphs of one override are one list, wherever they are.
@@ -200,14 +191,6 @@ private slots:
         QCOMPARE(describe(levelsOf(reading, 0)), "'%0.' 1 0 0"_s);
         QCOMPARE(describe(levelsOf(reading, 2)), "'%0.' 1 0 0"_s);
         QCOMPARE(describe(levelsOf(reading, 3)), "'%0)' 2 0 0"_s);
-    }
-
-    void paragraphLevels()
-    {
-        const Reading reading =
-            readBody(listTables(level("\\'02\\'00.;") + level("\\'02\\'01.;"))
-                     + "\\pard\\ls1\\ilvl0 a\\par\\ilvl1 b\\par c\\par\\pard\\ls1 d\\par\\ilvl0 e");
-        QCOMPARE(itemLines(*reading.document), "0 0 a\n0 1 b\n0 1 c\n0 0 d\n0 0 e"_s);
     }
 
     ORV_ROWS(listsWithoutDefinition)
@@ -228,49 +211,28 @@ private slots:
         add("list without levels", listTables(QByteArray()));
     }
 
-    void firstMatchCounts()
+    /*! The items: list, level and text of each. Other paragraphs are in none. */
+    ORV_ROWS(items)
     {
-        const Reading reading =
-            readBody("{\\*\\listtable{\\list" + level("\\'01a;") + "\\listid7}{\\list" + level("\\'01b;")
-                     + "\\listid7}{\\list" + level("\\'01c;") + "\\listid8}}"
-                     + "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}"
-                       "{\\listoverride\\listid8\\ls1}{\\listoverride\\ls3\\listid8}}"
-                       "\\pard\\ls1 x\\par\\ls3 y");
-        QCOMPARE(levelsOf(reading, 0).value(0).text(), "a"_s);
-        QCOMPARE(levelsOf(reading, 1).value(0).text(), "c"_s);
-    }
-
-    // Outside the override table an override is none; inside it the word of paragraphs marks no paragraph.
-    void overrideWordsOutsideTheirTables()
-    {
-        const QByteArray list = "{\\*\\listtable{\\list" + level("\\'01a;") + "\\listid7}}";
-        const Reading outside = readBody(list + "{\\listoverride\\listid7\\ls1}\\pard\\ls1 x");
-        QCOMPARE(levelsOf(outside).size(), 0);
-        QVERIFY(!readBody(list + "{\\*\\listoverridetable\\ls1}x").block(0).textList());
-        QVERIFY(!readBody("{\\*\\listtable\\ls1}x").block(0).textList());
-    }
-
-    void listTextIsNotInserted()
-    {
-        const Reading reading = readBody(listTables(level("\\'02\\'00.;"))
-                                         + "{\\listtext\\pard\\plain 1.\\tab}\\pard\\ls1 a\\par"
-                                           "{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pntxtb x}b");
-        QCOMPARE(reading.text(), "a\nb"_s);
-    }
-
-    void listNumberInAFieldResult()
-    {
-        const Reading reading = readBody(listTables(level("\\'02\\'00.;")) + "{\\field{\\fldrslt\\ls1 a}}");
-        QCOMPARE(reading.text(), "a"_s);
-        QVERIFY(!reading.block(0).textList());
-    }
-
-    void listsInTheMiddleOfADocument()
-    {
-        const Reading reading =
-            readBody(listTables(level("\\'02\\'00.;")) + "\\pard a\\par\\pard\\ls1 b\\par c\\par\\pard d");
-        QCOMPARE(itemLines(*reading.document), "0 0 b\n0 0 c"_s);
-        QCOMPARE(reading.blockFormat(3).hasProperty(ORVRtfProperty::ListOverride), false);
+        const Rows add([](const QByteArray& body, const QString& text, const QString& items) {
+            const Reading reading =
+                readBody(listTables(level("\\'02\\'00.;") + level("\\'02\\'01.;")) + body);
+            QCOMPARE(reading.text(), text);
+            QCOMPARE(itemLines(*reading.document), items);
+            for (int i = 0; i < reading.blockCount(); ++i)
+                QCOMPARE(reading.blockFormat(i).hasProperty(ORVRtfProperty::ListOverride),
+                         reading.block(i).textList() != nullptr);
+        });
+        add("levels", "\\pard\\ls1\\ilvl0 a\\par\\ilvl1 b\\par c\\par\\pard\\ls1 d\\par\\ilvl0 e",
+            "a\nb\nc\nd\ne", "0 0 a\n0 1 b\n0 1 c\n0 0 d\n0 0 e");
+        add("in the middle", "\\pard a\\par\\pard\\ls1 b\\par c\\par\\pard d", "a\nb\nc\nd", "0 0 b\n0 0 c");
+        add("text of the number is not inserted",
+            "{\\listtext\\pard\\plain 1.\\tab}\\pard\\ls1 a\\par"
+            "{\\pntext\\f1\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pntxtb x}b",
+            "a\nb", "0 0 a\n0 0 b");
+        add("word in the result of a field", "{\\field{\\fldrslt\\ls1 a}}", "a", "");
+        add("word in the table of overrides", "{\\*\\listoverridetable\\ls1}x", "x", "");
+        add("word in the table of lists", "{\\*\\listtable\\ls1}x", "x", "");
     }
 };
 

@@ -3,19 +3,7 @@
 
 namespace {
 
-/*! An inserter at the begin of a document. */
-struct Inserter : ORVRtfTextInserter {
-    explicit Inserter(QTextDocument& document) { moveTo(QTextCursor(&document)); }
-};
-
-ORVRtfParagraph indented(double margin)
-{
-    ORVRtfParagraph paragraph;
-    paragraph.setProperty(QTextFormat::BlockLeftMargin, margin);
-    return paragraph;
-}
-
-QTextBlockFormat indentedFormat(double margin)
+QTextBlockFormat indented(double margin)
 {
     QTextBlockFormat format;
     format.setLeftMargin(margin);
@@ -28,6 +16,33 @@ QTextCharFormat sized(double points)
     format.setFontPointSize(points);
     return format;
 }
+
+/*! An inserter at the begin of a document. */
+struct Inserter : ORVRtfTextInserter {
+    explicit Inserter(QTextDocument& document) { moveTo(QTextCursor(&document)); }
+    Inserter& formats(double margin, double points)
+    {
+        ORVRtfParagraph paragraph;
+        paragraph.setProperty(QTextFormat::BlockLeftMargin, margin);
+        setBlockFormats(paragraph, sized(points));
+        return *this;
+    }
+    Inserter& text(const QString& text, double points)
+    {
+        insertText(text, sized(points));
+        return *this;
+    }
+    Inserter& end()
+    {
+        endBlock();
+        return *this;
+    }
+    Inserter& completed()
+    {
+        complete();
+        return *this;
+    }
+};
 
 /*! The texts of the paragraphs with their margins and the sizes of their own character formats. */
 QStringList paragraphs(const QTextDocument& document)
@@ -58,240 +73,153 @@ class TestTextInserter : public QObject {
 private slots:
     void init() { m_document.clear(); }
 
+    /*! What is done at the begin of a document, and what it has then. */
+    ORV_ROWS(results)
+    {
+        const Rows add([this](const std::function<void(Inserter&)>& work, const QStringList& expected) {
+            Inserter inserter(m_document);
+            work(inserter);
+            inserter.complete();
+            QCOMPARE(pieces(m_document), expected);
+        });
+        add("the paragraph comes with its formats",
+            [](Inserter& i) { i.text("a"_s, 8).end().formats(5, 9).text("b"_s, 10); },
+            {"a|0|0", "b|5|9", "a|8", "b|10"});
+        add("the last formats count", [](Inserter& i) { i.end().formats(5, 9).formats(6, 7); },
+            {"|0|0", "|6|7"});
+        add("without formats it is like the one before",
+            [](Inserter& i) { i.formats(5, 9).text("a"_s, 9).end().formats(6, 7).end(); },
+            {"a|5|9", "|6|7", "|6|7", "a|9"});
+        add("formats of text are left alone",
+            [](Inserter& i) { i.formats(5, 9).text("a"_s, 9).formats(6, 7).completed().formats(6, 7); },
+            {"a|5|9", "a|9"});
+        add("formats of empty paragraphs are replaced",
+            [](Inserter& i) { i.formats(5, 9).completed().formats(6, 7); }, {"|6|7"});
+        add("empty paragraphs are kept", [](Inserter& i) { i.end().end().text("c"_s, 9); },
+            {"|0|0", "|0|0", "c|0|0", "c|9"});
+        add("what the cursor does is seen",
+            [](Inserter& i) {
+                i.text("a"_s, 9).end().place().insertText("b"_s);
+                i.place().insertBlock();
+                i.formats(6, 7);
+            },
+            {"a|0|0", "b|0|9", "|6|7", "a|9", "b|9"});
+        // What follows such a character is a new paragraph, and empty.
+        for (const int unit : {int('\n'), int('\r'), 0x2029, 0xFDD0, 0xFDD1})
+            add("paragraph ended by " + QByteArray::number(unit, 16),
+                [unit](Inserter& i) {
+                    i.formats(5, 9).text(QLatin1Char('a') + QString(QChar(ushort(unit))), 9).formats(6, 7);
+                },
+                {"a|5|9", "|6|7", "a|9"});
+        // Other formats end the waiting of the text before.
+        const auto second = [&add, this](const char* name, double margin, double blockSize, double size) {
+            add(name,
+                [=](Inserter& i) {
+                    i.formats(5, 9).text("a"_s, 9).end().formats(margin, blockSize).text("b"_s, size);
+                    QCOMPARE(paragraphs(m_document).first(), "a|5|9"_s);
+                },
+                {"a|5|9", "b|%1|%2"_s.arg(margin).arg(blockSize), "a|9", "b|%1"_s.arg(size)});
+        };
+        second("other paragraph", 6, 9, 9);
+        second("other characters of the paragraph", 5, 8, 9);
+        second("other characters", 5, 9, 8);
+        second("both kinds of characters", 5, 8, 8);
+    }
+
     void nowhere()
     {
-        ORVRtfTextInserter cursor;
-        cursor.setBlockFormats(indented(1), sized(8));
-        cursor.insertText("x"_s, sized(8));
-        cursor.endBlock();
-        cursor.complete();
-        QVERIFY(cursor.place().isNull());
+        ORVRtfTextInserter inserter;
+        inserter.setBlockFormats(ORVRtfParagraph(), sized(8));
+        inserter.insertText("x"_s, sized(8));
+        inserter.endBlock();
+        inserter.complete();
+        QVERIFY(inserter.place().isNull());
     }
 
-    void paragraphWaitsUntilItMatters()
+    void paragraphsWaitUntilTheyMatter()
     {
-        Inserter cursor(m_document);
-        cursor.insertText("a"_s, sized(8));
-        cursor.endBlock();
+        Inserter inserter(m_document);
+        inserter.text("a"_s, 8).end();
         QCOMPARE(m_document.blockCount(), 1);
-        cursor.setBlockFormats(indented(5), sized(9));
+        inserter.formats(5, 9);
         QCOMPARE(m_document.blockCount(), 1);
-        cursor.complete();
+        inserter.complete();
         QCOMPARE(m_document.blockCount(), 2);
-        cursor.complete();
+        inserter.complete();
         QCOMPARE(m_document.blockCount(), 2);
-    }
-
-    void paragraphComesWithItsFormats()
-    {
-        Inserter cursor(m_document);
-        cursor.insertText("a"_s, sized(8));
-        cursor.endBlock();
-        cursor.setBlockFormats(indented(5), sized(9));
-        cursor.insertText("b"_s, sized(10));
-        cursor.complete();
-        QCOMPARE(paragraphs(m_document).last(), "b|5|9"_s);
-        QCOMPARE(m_document.lastBlock().begin().fragment().charFormat(), sized(10));
-    }
-
-    void lastFormatsCount()
-    {
-        Inserter cursor(m_document);
-        cursor.endBlock();
-        cursor.setBlockFormats(indented(5), sized(9));
-        cursor.setBlockFormats(indented(6), sized(7));
-        cursor.complete();
-        QCOMPARE(paragraphs(m_document).last(), "|6|7"_s);
-    }
-
-    void withoutFormatsItIsLikeTheOneBefore()
-    {
-        Inserter cursor(m_document);
-        cursor.setBlockFormats(indented(5), sized(9));
-        cursor.insertText("a"_s, sized(9));
-        cursor.endBlock();
-        cursor.setBlockFormats(indented(6), sized(7));
-        cursor.endBlock();
-        cursor.complete();
-        QCOMPARE(paragraphs(m_document), QStringList({"a|5|9"_s, "|6|7"_s, "|6|7"_s}));
-    }
-
-    void formatsOfTextAreLeftAlone()
-    {
-        Inserter cursor(m_document);
-        cursor.setBlockFormats(indented(5), sized(9));
-        cursor.insertText("a"_s, sized(9));
-        cursor.setBlockFormats(indented(6), sized(7));
-        cursor.complete();
-        cursor.setBlockFormats(indented(6), sized(7));
-        QCOMPARE(paragraphs(m_document), QStringList("a|5|9"_s));
-    }
-
-    void formatsOfEmptyParagraphsAreReplaced()
-    {
-        Inserter cursor(m_document);
-        cursor.setBlockFormats(indented(5), sized(9));
-        cursor.complete();
-        cursor.setBlockFormats(indented(6), sized(7));
-        cursor.complete();
-        QCOMPARE(paragraphs(m_document), QStringList("|6|7"_s));
     }
 
     /*! Setting them costs as much as the paragraph, and usually others follow before its text. */
     void formatsOfEmptyParagraphsWait()
     {
-        Inserter cursor(m_document);
-        cursor.setBlockFormats(indented(5), sized(9));
+        Inserter inserter(m_document);
+        inserter.formats(5, 9);
         QCOMPARE(paragraphs(m_document), QStringList("|0|0"_s));
-        cursor.setBlockFormats(indented(6), sized(7));
-        cursor.endBlock();
+        inserter.formats(6, 7).end();
         QCOMPARE(paragraphs(m_document), QStringList("|6|7"_s));
-        cursor.setBlockFormats(indented(4), sized(3));
-        cursor.place();
+        inserter.formats(4, 3).place();
         QCOMPARE(paragraphs(m_document), QStringList({"|6|7"_s, "|4|3"_s}));
-    }
-
-    /*! They are those of the paragraph at the place where they were set. */
-    void waitingFormatsStayBehind()
-    {
-        QTextDocument other;
-        Inserter cursor(m_document);
-        cursor.setBlockFormats(indented(5), sized(9));
-        cursor.moveTo(QTextCursor(&other));
-        cursor.complete();
-        QCOMPARE(paragraphs(m_document), QStringList("|5|9"_s));
-        QCOMPARE(paragraphs(other), QStringList("|0|0"_s));
     }
 
     /*! The document of a cell ends with its table while the place is in it. */
     void placesMayVanish()
     {
-        ORVRtfTextInserter cursor;
-        {
-            QTextDocument cell;
-            cursor.moveTo(QTextCursor(&cell));
-            cursor.setBlockFormats(indented(5), sized(9));
-            cursor.insertText("lost"_s, sized(9));
-            cursor.endBlock();
-            cursor.setBlockFormats(indented(6), sized(9));
-        }
-        cursor.moveTo(QTextCursor(&m_document));
-        cursor.insertText("kept"_s, sized(9));
-        cursor.complete();
+        auto cell = std::make_unique<QTextDocument>();
+        Inserter inserter(*cell);
+        inserter.formats(5, 9).text("lost"_s, 9).end().formats(6, 9);
+        cell.reset();
+        inserter.moveTo(QTextCursor(&m_document));
+        inserter.text("kept"_s, 9).complete();
         QCOMPARE(paragraphs(m_document), QStringList("kept|0|0"_s));
     }
 
-    void emptyParagraphsAreKept()
-    {
-        Inserter cursor(m_document);
-        cursor.endBlock();
-        cursor.endBlock();
-        cursor.insertText("c"_s, sized(9));
-        cursor.complete();
-        QCOMPARE(m_document.toPlainText(), "\n\nc"_s);
-    }
-
-    /*! What follows such a character is a new paragraph, and empty. */
-    ORV_ROWS(textThatEndsParagraphs)
-    {
-        const Rows add([this](int unit) {
-            Inserter cursor(m_document);
-            cursor.setBlockFormats(indented(5), sized(9));
-            cursor.insertText(QLatin1Char('a') + QString(QChar(ushort(unit))), sized(9));
-            cursor.setBlockFormats(indented(6), sized(7));
-            cursor.complete();
-            QCOMPARE(paragraphs(m_document), QStringList({"a|5|9"_s, "|6|7"_s}));
-        });
-        for (const int unit : {int('\n'), int('\r'), 0x2029, 0xFDD0, 0xFDD1})
-            add(qPrintable(QString::number(unit, 16)), unit);
-    }
-
+    /*! Waiting formats are those of the paragraph at the place where they were set. */
     void movingCompletesTheOldPlace()
     {
-        QTextDocument other;
-        Inserter cursor(m_document);
-        cursor.insertText("a"_s, sized(9));
-        cursor.endBlock();
-        cursor.setBlockFormats(indented(6), sized(7));
-        cursor.moveTo(QTextCursor(&other));
+        QTextDocument other, last;
+        Inserter inserter(m_document);
+        inserter.text("a"_s, 9).end().formats(6, 7).moveTo(QTextCursor(&other));
         QCOMPARE(paragraphs(m_document).last(), "|6|7"_s);
         // The text at the old place does not keep the empty paragraph here from getting its formats.
-        cursor.setBlockFormats(indented(4), sized(3));
-        cursor.complete();
+        inserter.formats(4, 3).moveTo(QTextCursor(&last));
+        inserter.complete();
         QCOMPARE(paragraphs(other), QStringList("|4|3"_s));
-    }
-
-    void whatTheCursorDoesIsSeen()
-    {
-        Inserter cursor(m_document);
-        cursor.insertText("a"_s, sized(9));
-        cursor.endBlock();
-        cursor.place().insertText("b"_s);
-        cursor.place().insertBlock();
-        cursor.setBlockFormats(indented(6), sized(7));
-        cursor.complete();
-        QCOMPARE(m_document.toPlainText(), "a\nb\n"_s);
-        QCOMPARE(paragraphs(m_document).last(), "|6|7"_s);
+        QCOMPARE(paragraphs(last), QStringList("|0|0"_s));
     }
 
     void textWaitsForMoreOfItsFormat()
     {
-        Inserter cursor(m_document);
-        cursor.insertText("a"_s, sized(9));
-        cursor.insertText("b"_s, sized(9));
+        Inserter inserter(m_document);
+        inserter.text("a"_s, 9).text("b"_s, 9);
         QCOMPARE(m_document.toPlainText(), QString());
-        cursor.insertText("c"_s, sized(10));
+        inserter.text("c"_s, 10);
         QCOMPARE(m_document.toPlainText(), "ab"_s);
-        QVERIFY(cursor.place().atEnd());
+        QVERIFY(inserter.place().atEnd());
         QCOMPARE(m_document.toPlainText(), "abc"_s);
-        QCOMPARE(cursor.place().charFormat().fontPointSize(), 10.0);
+        QCOMPARE(inserter.place().charFormat().fontPointSize(), 10.0);
     }
 
     void textWaitsAcrossEqualParagraphs()
     {
-        Inserter cursor(m_document);
-        for (const QChar c : {QLatin1Char('a'), QLatin1Char('b'), QLatin1Char('c')}) {
-            cursor.setBlockFormats(indented(5), sized(9));
-            cursor.insertText(c, sized(9));
-            cursor.endBlock();
-        }
+        Inserter inserter(m_document);
+        for (const char* text : {"a", "b", "c"})
+            inserter.formats(5, 9).text(QLatin1String(text), 9).end();
         QCOMPARE(m_document.blockCount(), 1);
-        cursor.setBlockFormats(indented(6), sized(9));
-        cursor.complete();
-        QCOMPARE(paragraphs(m_document), QStringList({"a|5|9"_s, "b|5|9"_s, "c|5|9"_s, "|6|9"_s}));
-        QCOMPARE(m_document.begin().next().begin().fragment().charFormat(), sized(9));
-    }
-
-    ORV_ROWS(otherFormatsEndTheWaiting)
-    {
-        const Rows add([this](double margin, double blockSize, double size) {
-            Inserter cursor(m_document);
-            cursor.setBlockFormats(indented(5), sized(9));
-            cursor.insertText("a"_s, sized(9));
-            cursor.endBlock();
-            cursor.setBlockFormats(indented(margin), sized(blockSize));
-            cursor.insertText("b"_s, sized(size));
-            QCOMPARE(paragraphs(m_document).first(), "a|5|9"_s);
-            cursor.complete();
-            QCOMPARE(paragraphs(m_document).last(), "b|%1|%2"_s.arg(margin).arg(blockSize));
-            QCOMPARE(m_document.lastBlock().begin().fragment().charFormat(), sized(size));
-        });
-        add("paragraph", 6.0, 9.0, 9.0);
-        add("characters of the paragraph", 5.0, 8.0, 9.0);
-        add("characters", 5.0, 9.0, 8.0);
-        add("both alike", 5.0, 8.0, 8.0);
+        inserter.formats(6, 9).complete();
+        QCOMPARE(pieces(m_document),
+                 QStringList({"a|5|9"_s, "b|5|9"_s, "c|5|9"_s, "|6|9"_s, "a|9"_s, "b|9"_s, "c|9"_s}));
     }
 
     /*! What waits takes memory in addition to the document's. */
     void littleTextWaits()
     {
         const QString text(100, QLatin1Char('a'));
-        Inserter cursor(m_document);
+        Inserter inserter(m_document);
         for (int count = 1; count <= 1000; ++count) {
-            cursor.insertText(text, sized(9));
+            inserter.text(text, 9);
             QVERIFY(m_document.characterCount() + 10000 > count * text.size());
         }
-        cursor.complete();
+        inserter.complete();
         QCOMPARE(m_document.toPlainText(), text.repeated(1000));
     }
 
@@ -303,42 +231,30 @@ private slots:
         for (int round = 0; round < 400; ++round) {
             m_document.clear();
             QTextDocument expected;
-            ORVRtfTextInserter cursor;
-            cursor.moveTo(QTextCursor(&m_document));
+            Inserter inserter(m_document);
             QTextCursor plain(&expected);
             for (int step = 0; step < 60; ++step) {
-                const int margin = upTo(2);
-                const QTextBlockFormat blockFormat = indentedFormat(margin);
-                const QTextCharFormat charFormat = sized(9 + upTo(2));
-                switch (upTo(8)) {
-                case 0:
-                case 1:
-                    cursor.endBlock();
+                const int margin = upTo(2), points = 9 + upTo(2), choice = upTo(8);
+                if (choice < 2) {
+                    inserter.end();
                     plain.insertBlock();
-                    break;
-                case 2:
-                case 3:
-                    cursor.setBlockFormats(indented(margin), charFormat);
+                } else if (choice < 4) {
+                    inserter.formats(margin, points);
                     if (plain.block().length() == 1) {
-                        plain.setBlockCharFormat(charFormat);
-                        plain.setBlockFormat(blockFormat);
+                        plain.setBlockCharFormat(sized(points));
+                        plain.setBlockFormat(indented(margin));
                     }
-                    break;
-                case 4:
-                    if (upTo(4) == 0) {
-                        cursor.place().insertBlock(blockFormat);
-                        plain.insertBlock(blockFormat);
-                    }
-                    break;
-                default: {
+                } else if (choice == 4 && upTo(4) == 0) {
+                    inserter.place().insertBlock(indented(margin));
+                    plain.insertBlock(indented(margin));
+                } else if (choice > 4) {
                     const QString text = QString(upTo(20) == 0 ? 5000 : 1, QLatin1Char(char('a' + step % 26)))
                         + (upTo(10) == 0 ? "\n"_s : QString());
-                    cursor.insertText(text, charFormat);
-                    plain.insertText(text, charFormat);
-                }
+                    inserter.text(text, points);
+                    plain.insertText(text, sized(points));
                 }
             }
-            cursor.complete();
+            inserter.complete();
             QCOMPARE(pieces(m_document), pieces(expected));
         }
     }

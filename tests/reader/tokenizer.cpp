@@ -63,6 +63,18 @@ private slots:
         add("first error is kept, 1 before 7", "}\\", 1, QString());
         add("NUL bytes are text", QByteArray("{a\0b}", 5), 0, fromUtf16({'a', 0, 'b'}));
 
+        // Text is drawn by what follows it: what stands behind the last control word or brace never is.
+        add("Unicode character", "ab\\u233?cd", 0, "ab");
+        add("two Unicode characters", "ab\\u233?c\\u234?d", 0, "ab\u00e9c");
+        add("byte", "ab\\'e9cd", 0, "ab");
+        add("byte at the end", "ab\\'e9c\\'e9", 0, "ab\u00e9c");
+        add("damaged byte", "ab\\'zzcd", 9, "ab");
+        add("character first", "\\'e9cd", 0, QString());
+        add("no-break space", "ab\\~cd", 0, "ab");
+        add("unknown word", "ab\\'e9cd\\zzz ef", 0, "ab\u00e9cd");
+        add("brace", "ab\\'e9cd{", 2, "ab\u00e9cd");
+        add("skipped group", "ab\\'e9{\\*\\zzz cd}ef", 0, "ab\u00e9");
+
         // Unicode fallback.
         const QString dash(QChar(0x2014));
         add("question mark", "{\\u8212?x}", 0, dash + "x");
@@ -152,6 +164,17 @@ private slots:
         add("64 letters", "a" + unknownWord(64) + " b", 8, "a" + QString(64, QLatin1Char('q')) + " b");
         add("300 letters", "a" + unknownWord(300) + " b", 8, "a" + QString(300, QLatin1Char('q')) + " b");
 
+        // Units of UTF-16.
+        add("unit ASCII", "a\\u65?b", 0, "aAb");
+        add("unit euro sign", "a\\u8364?b", 0, "a" + fromUtf16({0x20AC}) + "b");
+        add("unit negative", "a\\u-4064?b", 0, "a" + fromUtf16({0xF020}) + "b");
+        add("unit -1", "a\\u-1?b", 0, "a" + fromUtf16({0xFFFF}) + "b");
+        add("unit above 32767", "a\\u61472?b", 0, "a" + fromUtf16({0xF020}) + "b");
+        add("unit 65536 wraps", "a\\u65601?b", 0, "aAb");
+        add("unit surrogates", "a\\u55357?\\u56832?b", 0, "a" + fromUtf16({0xD83D, 0xDE00}) + "b");
+        add("unit negative surrogates", "a\\u-10179?\\u-8704?b", 0, "a" + fromUtf16({0xD83D, 0xDE00}) + "b");
+        add("unit 0", "a\\u0?b", 0, "a" + fromUtf16({0}) + "b");
+
         // Line ends.
         add("line feed", "a\nb", 0, "ab");
         add("carriage return", "a\rb", 0, "ab");
@@ -164,6 +187,18 @@ private slots:
         add("escaped carriage return is nothing", "a\\\rb", 0, "ab");
         add("escaped CR LF is nothing", "a\\\r\nb", 0, "ab");
         add("not even inside a skipped group", "a{\\*\\unknown\n b\r\n\\\n}c", 0, "ac");
+
+        QByteArray lines, pieces;
+        QString lineTexts, pieceTexts;
+        for (int i = 0; i < 1500; ++i) {
+            lines += "line " + QByteArray::number(i) + "\\par\n";
+            lineTexts += "line %1\n"_s.arg(i);
+            pieces += QByteArray(i % 7, 'x') + "\\u8212?{\\b0 y}\\'e9";
+            pieceTexts += QString(i % 7, QLatin1Char('x')) + QChar(0x2014) + "y" + QChar(0xE9);
+        }
+        add("many lines", lines, 0, lineTexts);
+        // Words at every position relative to the limits of the buffer.
+        add("one long line", pieces, 0, pieceTexts);
 
         // Ignorable destinations.
         add("unknown", "a{\\*\\unknown b}c", 0, "ac");
@@ -212,24 +247,6 @@ private slots:
         add("digits after byte 64 are text", "\\fs24" + unknownWord(60) + "123456 x", 12.0, "456 x");
     }
 
-    ORV_ROWS(unicodeUnits)
-    {
-        const Rows add([](const QByteArray& words, const QString& text) {
-            const Reading reading = readBody("a" + words + "b");
-            QCOMPARE(reading.status, 0);
-            QCOMPARE(reading.text(), "a" + text + "b");
-        });
-        add("ASCII", "\\u65?", "A");
-        add("euro sign", "\\u8364?", fromUtf16({0x20AC}));
-        add("negative", "\\u-4064?", fromUtf16({0xF020}));
-        add("-1", "\\u-1?", fromUtf16({0xFFFF}));
-        add("above 32767", "\\u61472?", fromUtf16({0xF020}));
-        add("65536 wraps", "\\u65601?", "A");
-        add("surrogates", "\\u55357?\\u56832?", fromUtf16({0xD83D, 0xDE00}));
-        add("negative surrogates", "\\u-10179?\\u-8704?", fromUtf16({0xD83D, 0xDE00}));
-        add("0", "\\u0?", fromUtf16({0}));
-    }
-
     // Grey-scale pictures in their plain binary form: a header that is text, then one byte a pixel.
     ORV_ROWS(hexadecimalData)
     {
@@ -250,64 +267,9 @@ private slots:
         add("other bytes between bytes", 2, "0a,xyz-41;", "\x0a\x41");
         add("an odd run is padded in front", 2, " abc", "\x0a\xbc");
         add("a line end ends a run", 2, " a\nb", "\x0a\x0b");
+        add("a run ends after 1024 digits", 513, " " + "5a"_b.repeated(512) + "d",
+            QByteArray(512, 0x5A) + "\x0d");
         add("a space ends a run", 3, " a b 1c", "\x0a\x0b\x1c");
-    }
-
-    void hexadecimalRunsEndAfter1024Digits()
-    {
-        const QByteArray header = "P5 513 1 255 "_b.toHex();
-        const QByteArray digits = "5a"_b.repeated(512) + "d";
-        const Reading reading = readBody("{\\pict\\wmetafile8 " + header + " " + digits + "}");
-        QCOMPARE(reading.images().size(), 1);
-        const QImage image = reading.picture(reading.images().first());
-        QCOMPARE(image.width(), 513);
-        QCOMPARE(qGray(image.pixel(0, 0)), 0x5A);
-        QCOMPARE(qGray(image.pixel(511, 0)), 0x5A);
-        QCOMPARE(qGray(image.pixel(512, 0)), 0x0D);
-    }
-
-    // Text is drawn by what follows it: what stands behind the last control word or brace never is.
-    ORV_ROWS(textWithoutEnd)
-    {
-        const Rows add([](const QByteArray& rtf, const QString& text) { QCOMPARE(read(rtf).text(), text); });
-        add("text only", "abc", QString());
-        add("Unicode character", "ab\\u233?cd", "ab");
-        add("two Unicode characters", "ab\\u233?c\\u234?d", "ab\u00e9c");
-        add("byte", "ab\\'e9cd", "ab");
-        add("byte at the end", "ab\\'e9c\\'e9", "ab\u00e9c");
-        add("damaged byte", "ab\\'zzcd", "ab");
-        add("character first", "\\'e9cd", QString());
-        add("no-break space", "ab\\~cd", "ab");
-        add("unknown word", "ab\\'e9cd\\zzz ef", "ab\u00e9cd");
-        add("brace", "ab\\'e9cd{", "ab\u00e9cd");
-        add("skipped group", "ab\\'e9{\\*\\zzz cd}ef", "ab\u00e9");
-    }
-
-    void textOnManyLines()
-    {
-        QByteArray body;
-        QString expected;
-        for (int i = 0; i < 1000; ++i) {
-            body += "line " + QByteArray::number(i) + "\\par\n";
-            expected += "line %1\n"_s.arg(i);
-        }
-        const Reading reading = readBody(body);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), expected);
-    }
-
-    // Words at every position relative to the limits of the buffer, on one line.
-    void longInput()
-    {
-        QByteArray body;
-        QString expected;
-        for (int i = 0; i < 1500; ++i) {
-            body += QByteArray(i % 7, 'x') + "\\u8212?{\\b0 y}\\'e9";
-            expected += QString(i % 7, QLatin1Char('x')) + QChar(0x2014) + "y" + QChar(0xE9);
-        }
-        const Reading reading = readBody(body);
-        QCOMPARE(reading.status, 0);
-        QCOMPARE(reading.text(), expected);
     }
 };
 
