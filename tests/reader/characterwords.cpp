@@ -1,3 +1,4 @@
+#include "runhelpers.h"
 #include "testpaths.h"
 #include "testsupport.h"
 
@@ -226,21 +227,25 @@ private slots:
         QCOMPARE(weight("\\b0\\f1"), int(QFont::Normal));
     }
 
-    ORV_ROWS(plainResetsEverything)
+    /*! The default format resets everything but the flags of notes. */
+    ORV_ROWS(plain)
     {
-        const Rows add([](const QByteArray& words) {
-            Properties properties = propertiesOf(formatAfter(words + "\\plain"));
+        const Rows add([](const Properties& flags) {
+            Properties properties = propertiesOf(formatAfter(QTest::currentDataTag() + "\\plain"_b));
             QVERIFY(!properties.take(QTextFormat::FontStrikeOut).toBool());
             QVERIFY(!properties.take(QTextFormat::FontOverline).toBool());
-            QCOMPARE(dump(properties),
-                     dump(Properties{{Family, QLatin1String(DefaultFamily)},
-                                     {QTextFormat::FontPointSize, DefaultPointSize}}));
+            const Properties font = with(Family, QLatin1String(DefaultFamily), flags);
+            QCOMPARE(dump(properties), dump(with(QTextFormat::FontPointSize, DefaultPointSize, font)));
         });
         for (const Toggle& toggle : toggles())
-            add(toggle.word, "\\" + QByteArray(toggle.word));
+            add("\\" + QByteArray(toggle.word), {});
         for (const char* words :
-             {"\\outl", "\\cf1", "\\cb2", "\\ulc1", "\\f2", "\\fs80", "\\up4", "\\fprq1", "\\orvrevlvl2"})
-            add(words, QByteArray(words));
+             {"", "\\outl", "\\cf1", "\\cb2", "\\ulc1", "\\f2", "\\fs80", "\\up4", "\\fprq1", "\\orvrevlvl2"})
+            add(words, {});
+        const Properties footnote = with(ORVRtfProperty::InFootnote, true);
+        add("\\footnote\\b", footnote);
+        add("\\annotation\\b", with(ORVRtfProperty::InAnnotation, true));
+        add("\\annotation\\footnote", with(ORVRtfProperty::InAnnotation, true, footnote));
     }
 
     // The default format of the document gives family, size and everything else, but no emphasis and no
@@ -275,21 +280,6 @@ private slots:
                                  {QTextFormat::FontCapitalization, 3}}));
     }
 
-    ORV_ROWS(plainKeepsNoteFlags)
-    {
-        const Rows add([](bool inFootnote, bool inAnnotation) {
-            const QTextCharFormat format = formatAfter(QTest::currentDataTag());
-            QCOMPARE(format.property(ORVRtfProperty::InFootnote), inFootnote ? QVariant(true) : QVariant());
-            QCOMPARE(format.property(ORVRtfProperty::InAnnotation),
-                     inAnnotation ? QVariant(true) : QVariant());
-            QVERIFY(!format.hasProperty(QTextFormat::FontWeight));
-        });
-        add("\\footnote\\b\\plain", true, false);
-        add("\\annotation\\b\\plain", false, true);
-        add("\\annotation\\footnote\\plain", true, true);
-        add("\\plain", false, false);
-    }
-
     ORV_ROWS(specialCharacters)
     {
         const Rows add([](const QByteArray& word, int unit) {
@@ -316,61 +306,6 @@ private slots:
         add("rquote", "\\rquote ", 0x2019);
         add("ldblquote", "\\ldblquote ", 0x201C);
         add("rdblquote", "\\rdblquote ", 0x201D);
-    }
-
-    ORV_ROWS(codePages)
-    {
-        const Rows add([](const QByteArray& rtf, const QString& text) {
-            const Reading reading = read(rtf);
-            QCOMPARE(reading.status, 0);
-            QCOMPARE(reading.text(), text);
-        });
-        add("1252 by default", "{\\'e4\\'80}", "ä€");
-        add("upper case digits", "{\\'E4\\'eF}", "äï");
-        add("ASCII", "{\\'41\\'7b\\'5c}", "A{\\");
-        add("0x98", "{\\'98}", QString(QChar(0x20DC)));
-        add("a byte without a character", "{a\\'81b}", "a" + QString(QChar(0)) + "b");
-        add("1252 named", "{\\ansicpg1252\\'e4}", "ä");
-        add("1251 named", "{\\ansicpg1251\\'e4\\'e5 x}", "?? x");
-        add("932 named", "{\\ansicpg932\\'82\\'a0 x}", "?? x");
-        add("no number is 1252", "{\\ansicpg1251\\ansicpg\\'e4}", "ä");
-        add("0 is 1252", "{\\ansicpg1251\\ansicpg0\\'e4}", "ä");
-        add("negative is 1252", "{\\ansicpg1251\\ansicpg-1\\'e4}", "ä");
-        add("1 is another code page", "{\\ansicpg1\\'e4}", "?");
-        add("raw bytes are not of the code page", "{\\ansicpg1251\xE4}", "ä");
-
-        const QByteArray fonts = "{\\fonttbl{\\f0 Quibble Sans;}{\\f1\\fcharset204 Quibble Serif;}"
-                                 "{\\f2\\cpg1251 Quibble Mono;}{\\f3\\fcharset0 Quibble Tall;}}";
-        add("charset of the font", "{" + fonts + "\\f1\\'e4}", "?");
-        add("code page of the font", "{" + fonts + "\\f2\\'e4}", "?");
-        add("font before document", "{\\ansicpg1251" + fonts + "\\f3\\'e4}", "ä");
-        add("document where the font says nothing", "{\\ansicpg1251" + fonts + "\\f3\\'e4\\f0\\'e4}", "ä?");
-        add("unknown font changes nothing", "{" + fonts + "\\f1\\f9\\'e4}", "?");
-        add("font table resets the code page", "{\\f7" + fonts + "\\'e9}", "é");
-        add("plain resets the code page", "{" + fonts + "\\f1\\'e9\\plain\\'e9}", "?é");
-        add("groups restore the code page", "{" + fonts + "\\'e9{\\f1\\'e9}\\'e9}", "é?é");
-        add("groups restore that of another font", "{" + fonts + "\\f1\\'e9{\\f0\\'e9}\\'e9}", "?é?");
-        add("charset outside the font table", "{" + fonts + "\\f0\\fcharset204\\'e4\\f0\\'e4}", "ää");
-        add("code page outside the font table", "{" + fonts + "\\f0\\cpg1251\\'e4\\f0\\'e4}", "ää");
-    }
-
-    ORV_ROWS(badEscapes)
-    {
-        const Rows add([](const QByteArray& escape) {
-            const Reading reading = readBody("a" + escape + "{\\b b}");
-            QCOMPARE(reading.status, 9);
-            QVERIFY(reading.text().startsWith(QLatin1Char('a')));
-            QVERIFY(reading.text().endsWith(QLatin1Char('b')));
-            QCOMPARE(reading.format("b"_s).fontWeight(), int(QFont::Bold));
-        });
-        add("no digits", "\\'zz");
-        add("second no digit", "\\'4z");
-        add("first no digit", "\\'z4");
-        add("space", "\\' 41");
-        add("line end", "\\'4\n1");
-        add("sign", "\\'+4");
-        add("brace", "\\'4{}");
-        add("other code page", "\\ansicpg1251\\'zz");
     }
 
     void allBytesAsEscapes()

@@ -185,7 +185,7 @@ private slots:
         const Reading reading = readBody(colorTable() + "{\\b\\cf1\\footnote a" + pngPicture(2, 2) + "}b");
         QCOMPARE(reading.images().size(), 1);
         const QTextImageFormat format = reading.images().first();
-        QCOMPARE(format.property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
+        QCOMPARE(format.fontWeight(), int(QFont::Bold));
         QCOMPARE(format.foreground().color(), QColor(Qt::red));
         QVERIFY(format.boolProperty(ORVRtfProperty::InFootnote));
         QVERIFY(!reading.format("a"_s).isImageFormat());
@@ -246,19 +246,19 @@ private slots:
         }
     }
 
-    void pictureSourceIsKeptForJpegOnly()
+    ORV_ROWS(pictureSourceIsKeptForJpegOnly)
     {
-        const QByteArray jpegBytes = jpeg(4, 4);
-        const QByteArray pngBytes = png(4, 4);
-        const auto source = [](const QByteArray& group) {
-            return readBody(group).images().value(0).property(ORVRtfProperty::SourceImageData);
-        };
-        QCOMPARE(source(picture("", "\\jpegblip", jpegBytes)).toByteArray(), jpegBytes);
-        QCOMPARE(source(picture("", "\\jpegblip", pngBytes)).toByteArray(), pngBytes);
-        QVERIFY(!source(picture("", "\\pngblip", pngBytes)).isValid());
-        QVERIFY(!source(picture("", "\\pngblip", jpegBytes)).isValid());
-        QVERIFY(!source(picture("", "\\wmetafile", pngBytes)).isValid());
-        QVERIFY(!source(picture("", "", jpegBytes)).isValid());
+        const Rows add([](const QByteArray& type, const QByteArray& data, const QByteArray& source) {
+            const QTextImageFormat format = readBody(picture("", type, data)).images().value(0);
+            QCOMPARE(format.property(ORVRtfProperty::SourceImageData).toByteArray(), source);
+            QCOMPARE(format.hasProperty(ORVRtfProperty::SourceImageData), !source.isEmpty());
+        });
+        add("JPEG", "\\jpegblip", jpeg(4, 4), jpeg(4, 4));
+        add("PNG as JPEG", "\\jpegblip", png(4, 4), png(4, 4));
+        add("PNG", "\\pngblip", png(4, 4), "");
+        add("JPEG as PNG", "\\pngblip", jpeg(4, 4), "");
+        add("PNG as metafile", "\\wmetafile", png(4, 4), "");
+        add("JPEG of no type", "", jpeg(4, 4), "");
     }
 
     void pictureFormula()
@@ -362,8 +362,11 @@ private slots:
 
     ORV_ROWS(texts)
     {
-        const Rows add(
-            [](const QByteArray& rtf, const QString& text) { QCOMPARE(readBody(rtf).text(), text); });
+        const Rows add([](const QByteArray& body, const QString& text) {
+            const Reading reading = readBody(body);
+            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.text(), text);
+        });
         add("text of a field outside its result", "a{\\field b{\\*\\fldinst c}d{\\fldrslt e}f}g", "aeg");
         add("field without a result", "a{\\field{\\*\\fldinst c}}g", "ag");
         add("headers and footers",
@@ -372,6 +375,13 @@ private slots:
             "aeg");
         add("groups restore the destination",
             "a{\\fonttbl{\\f0 b;}}c{\\colortbl d;}e{\\field f{\\fldrslt g}h}i", "acegi");
+        add("alternative text: Unicode half is read", "a{\\upr{b}{\\*\\ud{c}}}d", "acd");
+        add("alternative text: without inner groups", "a{\\upr{b}{\\*\\ud c}}d", "acd");
+        add("alternative text: groups in the ANSI half", "a{\\upr{b{\\i x}y}{\\*\\ud{c}}}d", "acd");
+        add("alternative text: marked", "a{\\*\\upr{b}{\\*\\ud{c}}}d", "acd");
+        add("alternative text: bookmarks", "a{\\upr{\\*\\bkmkstart b}{\\*\\ud{\\*\\bkmkstart c}}}d", "ad");
+        add("alternative text: twice", "{\\upr{a}{\\*\\ud b}}{\\upr{c}{\\*\\ud d}}", "bd");
+        add("alternative text: line ends between", "a{\\upr\n{b}\n{\\*\\ud\n{c}}\n}d", "acd");
     }
 };
 

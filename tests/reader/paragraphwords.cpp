@@ -156,34 +156,6 @@ private slots:
         QCOMPARE(after(Qt::LeftToRight, "\\rin360"), right);
     }
 
-    ORV_ROWS(texts)
-    {
-        const Rows add([](const QByteArray& body, const QString& text) {
-            const Reading reading = readBody(body);
-            QCOMPARE(reading.status, 0);
-            QCOMPARE(reading.text(), text);
-        });
-        add("one paragraph end", "a\\par b", "a\nb");
-        add("paragraph end as a symbol", "a\\\nb", "a\nb");
-        add("last paragraph end", "a\\par", "a\n");
-        add("first paragraph end", "\\par a", "\na");
-        add("only a paragraph end", "\\par", "\n");
-        add("several paragraph ends", "a\\par\\par\\par b", "a\n\n\nb");
-        add("parameters of a paragraph end do not count", "a\\par0 b", "a\nb");
-        add("paragraph end in groups", "{a{\\par}b}", "a\nb");
-        add("paragraph end in a note", "a{\\footnote b\\par c}d", "ab\ncd");
-        add("reset is no end", "a\\pard b", "ab");
-        add("encoded line feed", "a\\'0ab", "a\nb");
-
-        add("alternative text: Unicode half is read", "a{\\upr{b}{\\*\\ud{c}}}d", "acd");
-        add("alternative text: without inner groups", "a{\\upr{b}{\\*\\ud c}}d", "acd");
-        add("alternative text: groups in the ANSI half", "a{\\upr{b{\\i x}y}{\\*\\ud{c}}}d", "acd");
-        add("alternative text: marked", "a{\\*\\upr{b}{\\*\\ud{c}}}d", "acd");
-        add("alternative text: bookmarks", "a{\\upr{\\*\\bkmkstart b}{\\*\\ud{\\*\\bkmkstart c}}}d", "ad");
-        add("alternative text: twice", "{\\upr{a}{\\*\\ud b}}{\\upr{c}{\\*\\ud d}}", "bd");
-        add("alternative text: line ends between", "a{\\upr\n{b}\n{\\*\\ud\n{c}}\n}d", "acd");
-    }
-
     ORV_ROWS(pageBreaks)
     {
         const Rows add([](const QByteArray& body, const QString& text, const QList<int>& breaks) {

@@ -47,17 +47,19 @@ private slots:
 
     ORV_ROWS(runs)
     {
-        const Rows add([](const QByteArray& body, const QStringList& runs) {
+        const Rows add([](const QByteArray& body, int status, const QStringList& runs) {
             const Reading reading = readBody(body);
-            QCOMPARE(reading.status, 0);
+            QCOMPARE(reading.status, status);
             QCOMPARE(runsOf(reading), runs);
         });
-        add("groups restore the format", "{\\b bold{\\i both}again} plain",
+        add("groups restore the format", "{\\b bold{\\i both}again} plain", 0,
             {run("bold", boldRun), run("both", with(QTextFormat::FontItalic, true, boldRun)),
              run("again", boldRun), run(" plain", plainRun)});
-        add("skipped groups only count braces", "\\b a{\\i\\*\\unknown\\b0 {\\plain x{y}\\par}{}z}b",
+        add("skipped groups only count braces", "\\b a{\\i\\*\\unknown\\b0 {\\plain x{y}\\par}{}z}b", 0,
             {run("ab", boldRun)});
-        add("equal formats are one run", "{\\b one}{\\b  two}\\b  three", {run("one two three", boldRun)});
+        add("equal formats are one run", "{\\b one}{\\b  two}\\b  three", 0, {run("one two three", boldRun)});
+        add("formats after an error", "one\\'zz{\\b two}}{three}", 9,
+            {run("onezz", plainRun), run("two", boldRun), run("three", plainRun)});
     }
 
     void invalidCharacters()

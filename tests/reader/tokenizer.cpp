@@ -113,6 +113,46 @@ private slots:
             dash + "a" + dash + "x");
         add("the count is handed down to groups", "{\\uc0{\\u8212 a}x}", 0, dash + "ax");
 
+        // Bytes of code pages.
+        add("1252 by default", "{\\'e4\\'80}", 0, "ä€");
+        add("upper case digits", "{\\'E4\\'eF}", 0, "äï");
+        add("ASCII", "{\\'41\\'7b\\'5c}", 0, "A{\\");
+        add("0x98", "{\\'98}", 0, QString(QChar(0x20DC)));
+        add("a byte without a character", "{a\\'81b}", 0, "a" + QString(QChar(0)) + "b");
+        add("1252 named", "{\\ansicpg1252\\'e4}", 0, "ä");
+        add("1251 named", "{\\ansicpg1251\\'e4\\'e5 x}", 0, "?? x");
+        add("932 named", "{\\ansicpg932\\'82\\'a0 x}", 0, "?? x");
+        add("no number is 1252", "{\\ansicpg1251\\ansicpg\\'e4}", 0, "ä");
+        add("0 is 1252", "{\\ansicpg1251\\ansicpg0\\'e4}", 0, "ä");
+        add("negative is 1252", "{\\ansicpg1251\\ansicpg-1\\'e4}", 0, "ä");
+        add("1 is another code page", "{\\ansicpg1\\'e4}", 0, "?");
+        add("raw bytes are not of the code page", "{\\ansicpg1251\xE4}", 0, "ä");
+
+        const QByteArray fonts = "{\\fonttbl{\\f0 Quibble Sans;}{\\f1\\fcharset204 Quibble Serif;}"
+                                 "{\\f2\\cpg1251 Quibble Mono;}{\\f3\\fcharset0 Quibble Tall;}}";
+        add("charset of the font", "{" + fonts + "\\f1\\'e4}", 0, "?");
+        add("code page of the font", "{" + fonts + "\\f2\\'e4}", 0, "?");
+        add("font before document", "{\\ansicpg1251" + fonts + "\\f3\\'e4}", 0, "ä");
+        add("document where the font says nothing", "{\\ansicpg1251" + fonts + "\\f3\\'e4\\f0\\'e4}", 0,
+            "ä?");
+        add("unknown font changes nothing", "{" + fonts + "\\f1\\f9\\'e4}", 0, "?");
+        add("font table resets the code page", "{\\f7" + fonts + "\\'e9}", 0, "é");
+        add("plain resets the code page", "{" + fonts + "\\f1\\'e9\\plain\\'e9}", 0, "?é");
+        add("groups restore the code page", "{" + fonts + "\\'e9{\\f1\\'e9}\\'e9}", 0, "é?é");
+        add("groups restore that of another font", "{" + fonts + "\\f1\\'e9{\\f0\\'e9}\\'e9}", 0, "?é?");
+        add("charset outside the font table", "{" + fonts + "\\f0\\fcharset204\\'e4\\f0\\'e4}", 0, "ää");
+        add("code page outside the font table", "{" + fonts + "\\f0\\cpg1251\\'e4\\f0\\'e4}", 0, "ää");
+
+        // Escapes that are none.
+        add("bad escape: no digits", "{a\\'zzb}", 9, "azzb");
+        add("bad escape: second no digit", "{a\\'4zb}", 9, "a4zb");
+        add("bad escape: first no digit", "{a\\'z4b}", 9, "az4b");
+        add("bad escape: space", "{a\\' 41b}", 9, "a 41b");
+        add("bad escape: line end", "{a\\'4\n1b}", 9, "a41b");
+        add("bad escape: sign", "{a\\'+4b}", 9, "a+4b");
+        add("bad escape: brace", "{a\\'4{}b}", 9, "a4b");
+        add("bad escape: other code page", "{a\\ansicpg1251\\'zzb}", 9, "azzb");
+
         // Binary data.
         add("taken", "{a\\bin3 bcdx}", 0, "ax");
         add("braces and backslashes", "{a\\bin5 {\\}}\\x}", 0, "ax");
@@ -188,6 +228,19 @@ private slots:
         add("escaped CR LF is nothing", "a\\\r\nb", 0, "ab");
         add("not even inside a skipped group", "a{\\*\\unknown\n b\r\n\\\n}c", 0, "ac");
 
+        // Ends of paragraphs.
+        add("one paragraph end", "a\\par b", 0, "a\nb");
+        add("paragraph end as a symbol", "a\\\nb", 0, "a\nb");
+        add("last paragraph end", "a\\par", 0, "a\n");
+        add("first paragraph end", "\\par a", 0, "\na");
+        add("only a paragraph end", "\\par", 0, "\n");
+        add("several paragraph ends", "a\\par\\par\\par b", 0, "a\n\n\nb");
+        add("parameters of a paragraph end do not count", "a\\par0 b", 0, "a\nb");
+        add("paragraph end in groups", "{a{\\par}b}", 0, "a\nb");
+        add("paragraph end in a note", "a{\\footnote b\\par c}d", 0, "ab\ncd");
+        add("reset is no end", "a\\pard b", 0, "ab");
+        add("encoded line feed", "a\\'0ab", 0, "a\nb");
+
         QByteArray lines, pieces;
         QString lineTexts, pieceTexts;
         for (int i = 0; i < 1500; ++i) {
@@ -208,7 +261,7 @@ private slots:
         add("mark twice", "a{\\*\\*\\unknown b}c", 0, "ac");
         add("text between", "a{\\*b\\unknown c}d", 0, "abd");
         add("group between: the inner one is skipped", "a{\\*{\\unknown b}c}d", 0, "acd");
-        add("unknown symbol", "a{\\*\\|b}c", 0, "ac");
+        add("unknown symbol after the mark", "a{\\*\\|b}c", 0, "ac");
         add("words have no effect", "a{\\*\\unknown\\par\\tab}b", 0, "ab");
         add("escaped braces do not count", "a{\\*\\unknown \\{b\\}}c", 0, "ac");
         add("bad escapes are not looked at", "a{\\*\\unknown \\'zz}b", 0, "ab");
