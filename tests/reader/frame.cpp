@@ -67,24 +67,20 @@ class TestReaderFrame : public QObject {
     Q_OBJECT
 
 private slots:
-    void staticDefaults()
+    void defaults()
     {
         QCOMPARE(ORVTextRtfReader::DefaultFontHinting, false);
         QCOMPARE(ORVTextRtfReader::DefaultRemoveInvalidRtfChars, true);
         QCOMPARE(ORVTextRtfReader::DefaultTextColor, QColor(Qt::black));
-    }
-
-    void freshReader()
-    {
         ORVTextRtfReader reader;
         QVERIFY(!reader.device());
-        QBuffer first;
-        QCOMPARE(ORVTextRtfReader(&first).device(), static_cast<QIODevice*>(&first));
-        reader.setDevice(&first);
-        QCOMPARE(reader.device(), static_cast<QIODevice*>(&first));
         QCOMPARE(reader.error(), 0);
         QCOMPARE(reader.errorString(), QString());
         QCOMPARE(pageOf(reader), letter);
+        QBuffer buffer;
+        QCOMPARE(ORVTextRtfReader(&buffer).device(), static_cast<QIODevice*>(&buffer));
+        reader.setDevice(&buffer);
+        QCOMPARE(reader.device(), static_cast<QIODevice*>(&buffer));
     }
 
     void errorAndPageAreReplacedByTheNextRead()
@@ -184,8 +180,7 @@ private slots:
     void deviceThatCannotBeOpened()
     {
         QFile file(QStringLiteral(TEST_DATA_DIR "/no such folder/no such file.rtf"));
-        QTextDocument document;
-        document.setPlainText("old text"_s);
+        QTextDocument document("old text"_s);
         ORVTextRtfReader reader(&file);
         QVERIFY(!reader.read(&document));
         QCOMPARE(reader.error(), 10);
@@ -221,31 +216,35 @@ private slots:
         add("3000 bytes", "{" + QByteArray(2998, 'a') + "}", 3000 + 952);
     }
 
-    void contentIsReplaced()
+    void contentAndShownSignsAreReplaced()
     {
         const QSharedPointer<QTextDocument> document = newDocument();
         document->setPlainText("old\ntext"_s);
         document->addResource(QTextDocument::ImageResource, QUrl("old"_s),
                               QImage(1, 1, QImage::Format_RGB32));
-        const Reading reading = readInto(document, "{\\rtf1 new}");
-        QCOMPARE(reading.text(), "new"_s);
+        const QTextOption::Flags shown =
+            QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators;
+        QTextOption option = document->defaultTextOption();
+        option.setFlags(shown);
+        document->setDefaultTextOption(option);
+        QCOMPARE(readInto(document, "{\\rtf1 new}").text(), "new"_s);
         QVERIFY(!document->resource(QTextDocument::ImageResource, QUrl("old"_s)).isValid());
+        QVERIFY(!(document->defaultTextOption().flags() & shown));
     }
 
     // One edit block around the whole read: the number of signals does not depend on the content.
     void documentIsToldOfChangesOnce()
     {
-        int counts[2];
-        const int paragraphs[2] = {1, 500};
-        for (int i = 0; i < 2; ++i) {
+        QList<int> counts;
+        for (const int paragraphs : {1, 500}) {
             const QSharedPointer<QTextDocument> document = newDocument();
             const QSignalSpy spy(document.data(), &QTextDocument::contentsChanged);
-            readInto(document, "{\\rtf1 " + "{\\b text}\\par\n"_b.repeated(paragraphs[i]) + "}");
-            QCOMPARE(document->blockCount(), paragraphs[i] + 1);
-            counts[i] = int(spy.count());
+            readInto(document, "{\\rtf1 " + "{\\b text}\\par\n"_b.repeated(paragraphs) + "}");
+            QCOMPARE(document->blockCount(), paragraphs + 1);
+            counts << int(spy.count());
         }
-        QCOMPARE(counts[1], counts[0]);
-        QVERIFY(counts[0] > 0);
+        QCOMPARE(counts.at(1), counts.at(0));
+        QVERIFY(counts.at(0) > 0);
     }
 
     /*! The setting of undo is restored, and changes are reported again. */
@@ -268,18 +267,6 @@ private slots:
         add("open table cell", "{\\rtf1\\trowd\\cellx1000\\intbl abc}");
         add("open nested table cell", "{\\rtf1\\itap2 abc\\nestcell}");
         add("nothing", QByteArray());
-    }
-
-    void textOptionFlagsAreCleared()
-    {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextOption option = document->defaultTextOption();
-        const QTextOption::Flags shown =
-            QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators;
-        option.setFlags(shown);
-        document->setDefaultTextOption(option);
-        readInto(document, "{\\rtf1 abc}");
-        QVERIFY(!(document->defaultTextOption().flags() & shown));
     }
 
     ORV_ROWS(removalOfInvalidCharacters)

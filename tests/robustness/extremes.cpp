@@ -57,15 +57,16 @@ private slots:
     {
         const QByteArray known = "'*-\\_{|}~\n";
         for (int code = 0; code < 256; ++code) {
-            const char byte = char(code);
-            const bool isLetter = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
-            if (isLetter || (code != 0 && known.contains(byte)))
+            const QByteArray byte(1, char(code));
+            if ((code | 32) >= 'a' && (code | 32) <= 'z')
                 continue;
-            const Reading reading = read("{a\\" + QByteArray(1, byte) + "b}");
-            QVERIFY2(reading.status == 0, QByteArray::number(code).constData());
-            QVERIFY2(reading.text() == "ab"_s, QByteArray::number(code).constData());
-            QVERIFY2(stripped("{a\\" + QByteArray(1, byte) + "b}").endsWith("b}\n"),
-                     QByteArray::number(code).constData());
+            if (code != 0 && known.contains(byte))
+                continue;
+            const QByteArray rtf = "{a\\" + byte + "b}";
+            const Reading reading = read(rtf);
+            QVERIFY2(reading.status == 0, rtf.constData());
+            QVERIFY2(reading.text() == "ab"_s, rtf.constData());
+            QVERIFY2(stripped(rtf).endsWith("b}\n"), rtf.constData());
         }
     }
 
@@ -235,6 +236,14 @@ private slots:
             QTextListFormat listFormat;
             ORVTextListFormat::setLevels(listFormat, {level});
             cursor.createList(listFormat);
+
+            QTextTableFormat tableFormat;
+            tableFormat.setCellPadding(value);
+            tableFormat.setBorder(value);
+            tableFormat.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+            tableFormat.setColumnWidthConstraints({QTextLength(QTextLength::PercentageLength, value),
+                                                   QTextLength(QTextLength::FixedLength, value)});
+            cursor.insertTable(2, 3, tableFormat);
             QCOMPARE(complaintAboutWriting(*document), QString());
         });
         add("not a number", std::numeric_limits<double>::quiet_NaN());
@@ -243,26 +252,9 @@ private slots:
         add("largest", std::numeric_limits<double>::max());
         add("lowest", std::numeric_limits<double>::lowest());
         add("smallest", std::numeric_limits<double>::denorm_min());
+        add("zero", 0.0);
         add("beyond an integer", 1e10);
         add("negative", -5000000.0);
-    }
-
-    void senselessTables()
-    {
-        const double infinity = std::numeric_limits<double>::infinity();
-        for (double value : {std::nan(""), infinity, -infinity, 1e300, -1e300, 0.0}) {
-            QTextTableFormat format;
-            format.setCellPadding(value);
-            format.setBorder(value);
-            format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-            QVector<QTextLength> widths;
-            widths << QTextLength(QTextLength::PercentageLength, value)
-                   << QTextLength(QTextLength::FixedLength, value);
-            format.setColumnWidthConstraints(widths);
-            const QSharedPointer<QTextDocument> document = newDocument();
-            QTextCursor(document.data()).insertTable(2, 3, format);
-            QCOMPARE(complaintAboutWriting(*document), QString());
-        }
     }
 
     /*! Properties that are to say one of a few kinds, with a number that stands for none. */
