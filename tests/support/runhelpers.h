@@ -6,6 +6,14 @@
 /*! What the tests of reading compare formats by: the runs of a document, a line each. */
 namespace rtftest {
 
+/*! A row for each of \a words, which blanks separate and which name their rows. */
+template <typename Add, typename... Values>
+void addWords(const Add& add, const QByteArray& words, const Values&... values)
+{
+    for (const QByteArray& word : words.split(' '))
+        add(word, values...);
+}
+
 /*! \a properties with one more of them. */
 inline Properties with(int id, const QVariant& value, Properties properties = Properties())
 {
