@@ -1,3 +1,4 @@
+#include "runhelpers.h"
 #include "testpaths.h"
 #include "testsupport.h"
 
@@ -162,10 +163,7 @@ private slots:
         tables("cells without rows", "\\intbl " + "x\\cell "_b.repeated(50000));
         tables("empty cells without rows", "\\intbl" + "\\cell"_b.repeated(100000));
         tables("definitions without rows", "\\intbl" + "\\cellx100"_b.repeated(100000));
-        QByteArray definitions = "\\intbl";
-        for (int i = 1; i <= 20000; ++i)
-            definitions += "\\cellx" + QByteArray::number(i);
-        tables("growing definitions", definitions + " x\\cell\\row");
+        tables("growing definitions", "\\intbl" + counted("\\cellx#", 20000) + " x\\cell\\row");
         tables("rows without cells", "\\intbl\\row"_b.repeated(20000));
         QByteArray rows;
         for (int i = 0; i < 400; ++i)

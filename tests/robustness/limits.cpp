@@ -1,4 +1,5 @@
 #include "ORVRtfFormatSerials_p.h"
+#include "runhelpers.h"
 #include "testsupport.h"
 
 using namespace rtftest;
@@ -27,10 +28,8 @@ private slots:
     ORV_ROWS(tabStops)
     {
         const Rows add([](int count, int kept) {
-            QByteArray words;
-            for (int i = 1; i <= count; ++i)
-                words += "\\tx" + QByteArray::number(20 * i);
-            const QList<QTextOption::Tab> tabs = readBody(words + " x").blockFormat(0).tabPositions();
+            const Reading reading = readBody(counted("\\tx#", count, 20) + " x");
+            const QList<QTextOption::Tab> tabs = reading.blockFormat(0).tabPositions();
             QCOMPARE(int(tabs.size()), kept);
             QCOMPARE(tabs.last().position, double(kept));
         });
@@ -43,10 +42,8 @@ private slots:
     ORV_ROWS(fonts)
     {
         const Rows add([](int number, bool known) {
-            QByteArray table = "{\\fonttbl";
-            for (int i = 1; i <= number; ++i)
-                table += "{\\f" + QByteArray::number(i) + " Quibble " + QByteArray::number(i) + ";}";
-            const Reading reading = readBody(table + "}\\f" + QByteArray::number(number) + " x");
+            const QByteArray table = "{\\fonttbl" + counted("{\\f# Quibble #;}", number) + "}";
+            const Reading reading = readBody(table + "\\f" + QByteArray::number(number) + " x");
             QCOMPARE(reading.status, 0);
             const QString family = propertiesOf(reading.format("x"_s)).value(Family).toString();
             QCOMPARE(family == "Quibble %1"_s.arg(number), known);
@@ -119,12 +116,8 @@ private slots:
     ORV_ROWS(tableCells)
     {
         const Rows add([](int shortRows, int tables) {
-            QByteArray rtf = "\\trowd";
-            for (int i = 1; i <= 256; ++i)
-                rtf += "\\cellx" + QByteArray::number(10 * i);
-            rtf += "\\pard\\intbl" + "\\cell"_b.repeated(256) + "\\row\n"
-                + "\\trowd\\cellx2560\\pard\\intbl x\\cell\\row\n"_b.repeated(shortRows) + "\\pard after";
-            const Reading reading = readBody(rtf);
+            const Reading reading = readBody(rawRow(counted("\\cellx#", 256, 10), "\\cell"_b.repeated(256))
+                                             + row("2560", "x").repeated(shortRows) + "\\pard after");
             QCOMPARE(reading.status, 0);
             const QList<QTextTable*> found = tablesOf(*reading.document);
             QCOMPARE(int(found.size()), tables);
@@ -173,12 +166,7 @@ private slots:
     */
     void numberedTabLists()
     {
-        QByteArray rtf;
-        for (int round = 0; round < 2; ++round) {
-            for (int i = 1; i <= 258; ++i)
-                rtf += "\\pard\\tx" + QByteArray::number(i) + " x\\par ";
-        }
-        const Reading reading = readBody(rtf + "\\pard x");
+        const Reading reading = readBody(counted("\\pard\\tx# x\\par ", 258).repeated(2) + "\\pard x");
         const int id = ORVRtfFormatSerials::property;
         QVERIFY(!reading.blockFormat(255).hasProperty(id));
         QCOMPARE(reading.blockFormat(256).property(id), QVariant(256));
@@ -190,10 +178,8 @@ private slots:
 
     void numberedColumnWidths()
     {
-        QByteArray rtf;
-        for (int i = 1; i <= 258; ++i)
-            rtf += "\\trowd\\cellx" + QByteArray::number(100 + i) + "\\lastrow\\intbl x\\cell\\row\n";
-        const Reading reading = readBody(rtf + "\\pard x");
+        const Reading reading =
+            readBody(counted("\\trowd\\cellx#\\lastrow\\intbl x\\cell\\row\n", 258) + "\\pard x");
         const QList<QTextTable*> tables = tablesOf(*reading.document);
         QCOMPARE(int(tables.size()), 258);
         const int id = ORVRtfFormatSerials::property;
@@ -204,10 +190,8 @@ private slots:
     /*! A document is the same whatever its reader has read before. */
     void numbersBeginAnewWithEachRead()
     {
-        QByteArray first;
-        for (int i = 1; i <= 300; ++i)
-            first += "\\pard\\tx" + QByteArray::number(i) + " x\\par\\trowd\\cellx" + QByteArray::number(i)
-                + "\\lastrow\\intbl x\\cell\\row\n";
+        const QByteArray first =
+            counted("\\pard\\tx# x\\par\\trowd\\cellx#\\lastrow\\intbl x\\cell\\row\n", 300);
         const QByteArray second = "{\\rtf1\\trowd\\cellx999\\lastrow\\intbl x\\cell\\row\\pard\\tx999 x}";
         QBuffer buffer;
         buffer.setData("{\\rtf1" + first + "\\tqr}");

@@ -6,6 +6,15 @@
 /*! What the tests of reading compare formats by: the runs of a document, a line each. */
 namespace rtftest {
 
+/*! \a piece with the numbers from 1 to \a count, times \a step, in place of "#". */
+inline QByteArray counted(const QByteArray& piece, int count, int step = 1)
+{
+    QByteArray result;
+    for (int i = 1; i <= count; ++i)
+        result += QByteArray(piece).replace('#', QByteArray::number(i * step));
+    return result;
+}
+
 /*! A row for each of \a words, which blanks separate and which name their rows. */
 template <typename Add, typename... Values>
 void addWords(const Add& add, const QByteArray& words, const Values&... values)
