@@ -52,9 +52,8 @@ private slots:
     {
         for (int byte = 0; byte < 256; ++byte) {
             const char c = char(uchar(byte));
-            const QByteArray message = "byte " + QByteArray::number(byte, 16);
             QVERIFY2(ORVTextRtfCommon::unicodeFromAnsi1252(&c) == expectedCharacter(byte),
-                     message.constData());
+                     QByteArray::number(byte, 16).constData());
         }
     }
 
@@ -68,8 +67,8 @@ private slots:
         QCOMPARE(int(bytes.size()), 123);
         for (int unit = 0; unit <= 0xFFFF; ++unit) {
             const int expected = bytes.count(unit) ? bytes[unit] : 63;
-            const QByteArray message = "unit " + QByteArray::number(unit, 16);
-            QVERIFY2(ORVTextRtfCommon::unicodeToAnsi1252(ushort(unit)) == expected, message.constData());
+            QVERIFY2(ORVTextRtfCommon::unicodeToAnsi1252(ushort(unit)) == expected,
+                     QByteArray::number(unit, 16).constData());
         }
     }
 

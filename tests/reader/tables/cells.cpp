@@ -142,6 +142,12 @@ private slots:
             "|{2: A, B / C, D}|", {none, centred, centred, centred, none, none});
         add("empty cells", rawRow(halves, "\\qr\\cell\\pard\\intbl\\qc\\par\\pard\\intbl\\qj\\cell"),
             "|{2: -, |}|", {none, right, centred, justified, none});
+        const QString before =
+            dump(with(QTextFormat::PageBreakPolicy, int(QTextFormat::PageBreak_AlwaysBefore)));
+        add("page break", rawRow(halves, "A\\page B\\par C\\cell D\\cell"), "|{2: A|B|C, D}|",
+            {none, none, before, none, none, none});
+        add("page break at the end of a cell", rawRow(halves, "A\\page\\cell D\\cell"), "|{2: A|, D}|",
+            {none, none, before, none, none});
         add("around the table",
             "\\pard\\qr before\\par\\pard" + rawRow("\\cellx8640", "\\qj A\\cell")
                 + "\\pard\\qc after\\par\\pard last",
@@ -236,22 +242,6 @@ private slots:
                        "N\\nestcell{\\*\\nesttableprops\\cellx900\\nestrow}"
                        "\\pard\\intbl\\cell\\row\\pard\\ls2 after");
         QCOMPARE(itemLines(*reading.document), "0 0 before\n0 1 A\n0 1 B\n0 0 N\n1 0 after"_s);
-    }
-
-    ORV_ROWS(pageBreaks)
-    {
-        const Rows add([](const QByteArray& cell, const QString& content, const QList<int>& policies) {
-            const Reading reading =
-                readBody(rawRow(cellx("4320 8640"), cell + "\\cell D\\cell") + "\\pard after");
-            QCOMPARE(contentOf(*reading.document), "|{2: %1, D}||after"_s.arg(content));
-            QList<int> actual;
-            for (const QTextBlock& block : blocksAt(reading, 0, 0) + blocksAt(reading, 0, 1))
-                actual << int(block.blockFormat().pageBreakPolicy());
-            QCOMPARE(actual, policies);
-        });
-        const int before = QTextFormat::PageBreak_AlwaysBefore;
-        add("between", "A\\page B\\par C", "A|B|C", {0, before, 0, 0});
-        add("at the end of a cell", "A\\page", "A|", {0, before, 0});
     }
 
     ORV_ROWS(pictures)
