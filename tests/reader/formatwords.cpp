@@ -52,18 +52,6 @@ const int leftIndent = ORVRtfProperty::LeftIndent;
 const int rightIndent = ORVRtfProperty::RightIndent;
 const int pageBreak = QTextFormat::PageBreakPolicy;
 
-/*! Tab stops in a comparable form: position, kind and delimiter of each. */
-QString tabsOf(const QTextBlockFormat& format)
-{
-    QStringList tabs;
-    const QList<QTextOption::Tab> stops = format.tabPositions();
-    for (const QTextOption::Tab& stop : stops) {
-        const QString delimiter = stop.delimiter.isNull() ? QString() : QString(stop.delimiter);
-        tabs << "%1 %2%3"_s.arg(stop.position).arg(int(stop.type)).arg(delimiter);
-    }
-    return tabs.join(", "_s);
-}
-
 } // namespace
 
 /*! The control words of characters, paragraphs and pages, and those that are accepted without effect. */

@@ -5,20 +5,6 @@ using namespace rtftest;
 
 namespace {
 
-/*! Puts the static defaults of the reader back at the end of a test. */
-class StaticDefaults {
-public:
-    ~StaticDefaults()
-    {
-        ORVTextRtfReader::DefaultFontHinting = m_hinting;
-        ORVTextRtfReader::DefaultRemoveInvalidRtfChars = m_remove;
-    }
-
-private:
-    const bool m_hinting = ORVTextRtfReader::DefaultFontHinting;
-    const bool m_remove = ORVTextRtfReader::DefaultRemoveInvalidRtfChars;
-};
-
 /*! A default format with colours, which reads may have to leave out. */
 QTextCharFormat colouredFormat()
 {
@@ -272,8 +258,8 @@ private slots:
     ORV_ROWS(removalOfInvalidCharacters)
     {
         const Rows add([](bool byDefault, const QString& text) {
-            const StaticDefaults restore;
-            ORVTextRtfReader::DefaultRemoveInvalidRtfChars = byDefault;
+            const QScopedValueRollback<bool> restore(ORVTextRtfReader::DefaultRemoveInvalidRtfChars,
+                                                     byDefault);
             BufferReader source("{\\rtf1 a\\u133?b}");
             QVERIFY(source.read());
             QCOMPARE(source.text(), text);
@@ -293,8 +279,7 @@ private slots:
     ORV_ROWS(hinting)
     {
         const Rows add([](bool byDefault, int preference) {
-            const StaticDefaults restore;
-            ORVTextRtfReader::DefaultFontHinting = byDefault;
+            const QScopedValueRollback<bool> restore(ORVTextRtfReader::DefaultFontHinting, byDefault);
             BufferReader source("{\\rtf1\\plain abc}");
             QVERIFY(source.read());
             const int hinting = QTextFormat::FontHintingPreference;

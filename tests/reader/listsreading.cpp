@@ -21,16 +21,6 @@ QByteArray level(const QByteArray& text, const QByteArray& words = QByteArray(),
         + "{\\leveltext" + text + "}{\\levelnumbers\\'01;}" + words + "}";
 }
 
-ORVTextListLevel listLevel(const QString& text, unsigned kind, double indent = 0, double firstLine = 0)
-{
-    ORVTextListLevel level;
-    level.setText(text);
-    level.setKind(kind);
-    level.setIndent(indent);
-    level.setFirstLinePosition(firstLine);
-    return level;
-}
-
 QString describe(const QList<ORVTextListLevel>& levels)
 {
     QStringList lines;
@@ -44,8 +34,7 @@ QString describe(const QList<ORVTextListLevel>& levels)
 QList<ORVTextListLevel> levelsOf(const Reading& reading, int block = 0)
 {
     QTextList* list = reading.block(block).textList();
-    return list ? ORVTextListFormat::levels(list->format())
-                : QList<ORVTextListLevel>{listLevel("no list", 99)};
+    return list ? ORVTextListFormat::levels(list->format()) : QList<ORVTextListLevel>{ORVTextListLevel()};
 }
 
 QList<ORVTextListLevel> levelsOf(const QByteArray& levels)
@@ -66,15 +55,15 @@ private slots:
             QCOMPARE(describe(levelsOf(rtf)), expected);
         });
         const auto text = [&add](const char* name, const QByteArray& words, const Text& expected) {
-            add(name, level(words), describe({listLevel(expected, ORVTextListLevel::Decimal)}));
+            add(name, level(words), "'%1' 1 0 0"_s.arg(expected));
         };
         const auto kind = [&add](const QByteArray& words, ORVTextListLevel::Kind expected) {
             add(words.constData(), "{\\listlevel" + words + "{\\leveltext\\'02\\'00.;}}",
-                describe({listLevel("%0."_s, expected)}));
+                "'%0.' "_s + QString::number(int(expected)) + " 0 0"_s);
         };
         const auto indent = [&add](const QByteArray& words, double indent, double firstLine) {
             add(words.constData(), level("\\'02\\'00.;", words),
-                describe({listLevel("%0."_s, ORVTextListLevel::Decimal, indent, firstLine)}));
+                "'%0.' 1 "_s + "%1 %2"_s.arg(indent).arg(firstLine));
         };
 
         // Templates count upwards: "%0" is the number of the level itself, "%1" of the one above, and so on.

@@ -59,6 +59,18 @@ inline QStringList runsOf(const Reading& reading)
     return runsOf(blocks);
 }
 
+/*! Tab stops in a comparable form: position, kind and delimiter of each. */
+inline QString tabsOf(const QTextBlockFormat& format)
+{
+    QStringList tabs;
+    const QList<QTextOption::Tab> stops = format.tabPositions();
+    for (const QTextOption::Tab& stop : stops) {
+        const QString delimiter = stop.delimiter.isNull() ? QString() : QString(stop.delimiter);
+        tabs << QStringLiteral("%1 %2%3").arg(stop.position).arg(int(stop.type)).arg(delimiter);
+    }
+    return tabs.join(QStringLiteral(", "));
+}
+
 /*! \a image as a file of the given format. */
 inline QByteArray encoded(const QImage& image, const char* format = "PNG")
 {
