@@ -1,3 +1,4 @@
+#include "runhelpers.h"
 #include "testsupport.h"
 
 using namespace rtftest;
@@ -28,13 +29,6 @@ QString describe(const QList<ORVTextListLevel>& levels)
         lines << "'" + level.text()
                 + "' %1 %2 %3"_s.arg(level.kind()).arg(level.indent()).arg(level.firstLinePosition());
     return lines.join(", "_s);
-}
-
-/*! The levels of the list that the first paragraph is in. */
-QList<ORVTextListLevel> levelsOf(const Reading& reading, int block = 0)
-{
-    QTextList* list = reading.block(block).textList();
-    return list ? ORVTextListFormat::levels(list->format()) : QList<ORVTextListLevel>{ORVTextListLevel()};
 }
 
 QList<ORVTextListLevel> levelsOf(const QByteArray& levels)

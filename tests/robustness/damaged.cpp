@@ -50,16 +50,13 @@ QString complaintAbout(const QTextTable* table, int depth = 1)
 /*! What is wrong with the formats of \a document, empty when nothing is. */
 QString complaintAboutFormats(const QTextDocument& document)
 {
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        const Properties properties = propertiesOf(block.blockFormat());
-        for (const QVariant& value : properties) {
+    for (const QTextFormat& format : document.allFormats()) {
+        for (const QVariant& value : format.properties()) {
             if (value.userType() == QMetaType::Double && !std::isfinite(value.toDouble()))
                 return "a length is no number"_s;
         }
-    }
-    for (const QTextImageFormat& format : imagesOf(document)) {
-        if (!(format.width() >= 0 && format.width() <= 32767 && format.height() >= 0
-              && format.height() <= 32767))
+        const double width = format.toImageFormat().width(), height = format.toImageFormat().height();
+        if (format.isImageFormat() && !(width >= 0 && width <= 32767 && height >= 0 && height <= 32767))
             return "a picture has no sensible size"_s;
     }
     return QString();

@@ -12,12 +12,6 @@ QByteArray listWith(const QByteArray& levels, const QByteArray& text = "x")
         + "\\listid1}}{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}\\ls1 " + text;
 }
 
-QList<ORVTextListLevel> levelsOf(const Reading& reading)
-{
-    QTextList* const list = reading.block(0).textList();
-    return list ? ORVTextListFormat::levels(list->format()) : QList<ORVTextListLevel>();
-}
-
 } // namespace
 
 /*! Each limit below, at and above its value. */

@@ -1,7 +1,10 @@
 #ifndef RUNHELPERS_H
 #define RUNHELPERS_H
 
+#include "ORVTextListFormat.h"
 #include "rtftesthelpers.h"
+
+#include <QtGui/QTextList>
 
 /*! What the tests of reading compare formats by: the runs of a document, a line each. */
 namespace rtftest {
@@ -59,6 +62,13 @@ inline QStringList runsOf(const Reading& reading)
     return runsOf(blocks);
 }
 
+/*! The levels of the list that a paragraph is in; one level of no kind for a paragraph of no list. */
+inline QList<ORVTextListLevel> levelsOf(const Reading& reading, int block = 0)
+{
+    QTextList* const list = reading.block(block).textList();
+    return list ? ORVTextListFormat::levels(list->format()) : QList<ORVTextListLevel>{ORVTextListLevel()};
+}
+
 /*! Tab stops in a comparable form: position, kind and delimiter of each. */
 inline QString tabsOf(const QTextBlockFormat& format)
 {
@@ -69,6 +79,13 @@ inline QString tabsOf(const QTextBlockFormat& format)
         tabs << QStringLiteral("%1 %2%3").arg(stop.position).arg(int(stop.type)).arg(delimiter);
     }
     return tabs.join(QStringLiteral(", "));
+}
+
+inline QImage solidImage(int width, int height, const QColor& color)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(color);
+    return image;
 }
 
 /*! \a image as a file of the given format. */

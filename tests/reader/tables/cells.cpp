@@ -5,13 +5,6 @@ using namespace rtftest;
 
 namespace {
 
-QImage picture(const QColor& color, int width = 3)
-{
-    QImage image(width, 2, QImage::Format_RGB32);
-    image.fill(color);
-    return image;
-}
-
 /*! \a image as an RTF picture. */
 QByteArray pict(const QImage& image)
 {
@@ -264,7 +257,8 @@ private slots:
                 QCOMPARE(formats.at(i).stringProperty(ORVRtfProperty::ImageFileName), "Image%1"_s.arg(i + 1));
             }
         });
-        const QImage red = picture(Qt::red), blue = picture(Qt::blue, 4), green = picture(Qt::green);
+        const QImage red = solidImage(3, 2, Qt::red), blue = solidImage(4, 2, Qt::blue),
+                     green = solidImage(3, 2, Qt::green);
         const QByteArray after = "\\pard after";
         add("in cells", rawRow(cellx("4320 8640"), pict(red) + "\\cell " + pict(blue) + "\\cell") + after,
             "|{2: %1, %1}||after", {red, blue});

@@ -44,6 +44,7 @@ private slots:
             const Reading open = readBody(rows);
             QCOMPARE(open.status, 0);
             QCOMPARE(contentOf(*open.document), "|{%1}|"_s.arg(shape));
+            QVERIFY(!firstTable(open)->format().hasProperty(QTextFormat::TableColumnWidthConstraints));
 
             const Reading closed = readBody(rows + "\\pard after\\par");
             QCOMPARE(closed.status, 0);
@@ -54,6 +55,7 @@ private slots:
 
         add("one cell", row("2000", "A"), "1: A");
         add("one row", abc, "3: A, B, C");
+        add("last row", "\\lastrow" + ab, "2: A, B");
         add("empty cells", row("2000 4000 6000", "- B -"), "3: -, B, -");
         add("same boundaries", ab + row("4320 8640", "C D"), "2: A, B / C, D");
         add("three rows", ab + row("4320 8640", "C D") + row("4320 8640", "E F"), "2: A, B / C, D / E, F");
@@ -258,15 +260,6 @@ private slots:
         add("columns beyond the limit", row(numbers(300, "", 20), numbers(300, "c")),
             "0.2314814815% "_s.repeated(256).trimmed());
         add("smallest paper", "\\paperw-2147483648 " + row("1000 3000", "A B"), "50% 50%");
-    }
-
-    void tablesAtTheEndHaveNoWidths()
-    {
-        for (const QByteArray& before : {QByteArray(), "\\lastrow"_b}) {
-            const Reading reading = readBody(before + row("4320 8640", "A B"));
-            QCOMPARE(contentOf(*reading.document), "|{2: A, B}|"_s);
-            QVERIFY(!firstTable(reading)->format().hasProperty(QTextFormat::TableColumnWidthConstraints));
-        }
     }
 
     /*! Where tables begin and end within the text. */
