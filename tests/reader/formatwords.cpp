@@ -337,8 +337,8 @@ private slots:
         words("\\li-720", {{leftIndent, -36.0}, {first, -36.0}});
         words("\\li5", {{leftIndent, 0.25}, {first, 0.25}});
         words("\\li720\\li0 \\li\\fi", {{leftIndent, 0.0}, {first, 0.0}});
-        // The right indent is where the right edge of the text is, measured from the left margin: the paper is
-        // 12240 wide, and two margins of 1800.
+        // The right indent is where the right edge of the text is, measured from the left margin. The page
+        // is 12240 wide, its margins 1800 each.
         words("\\ri0", {{rightIndent, 432.0}});
         words("\\ri360 \\rin360", {{rightIndent, 414.0}});
         words("\\ri-360", {{rightIndent, 450.0}});

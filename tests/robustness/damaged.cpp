@@ -62,7 +62,7 @@ QString complaintAboutFormats(const QTextDocument& document)
     return QString();
 }
 
-/*! What is wrong with the outcome of a read, and with what an application does next; empty when nothing is. */
+/*! What is wrong with a read and with what an application does next, empty when nothing is. */
 QString complaintAbout(const Reading& reading)
 {
     const bool good = reading.status == 0;

@@ -76,7 +76,7 @@ private:
     QByteArray m_bytes;
 };
 
-/*! The status and the text that one device gives when it is read, and what another one gives when stripped. */
+/*! The status and the text of reading one device, and the result of stripping another. */
 QStringList outcomeOf(QIODevice& toRead, QIODevice& toStrip)
 {
     QTextDocument document;

@@ -11,8 +11,8 @@
 namespace hostile {
 
 /*!
-    \a piece again and again, \a bytes in all or a little less. Where it has a "#", that is 1, then 2, and so on,
-    until the bytes are full.
+    \a piece again and again, \a bytes in all or a little less. A "#" in it is 1, then 2, and so on, until the
+    bytes are full.
 */
 inline QByteArray filled(const QByteArray& piece, int bytes)
 {

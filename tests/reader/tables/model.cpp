@@ -297,10 +297,10 @@ QString own(const QTextFormat& format)
 }
 
 /*!
-    Everything of a document that tables can change. Of an empty paragraph only its existence: when a column or
-    row is inserted behind an empty cell, Qt gives the paragraph's format to the new cell instead. Cells that
-    span both ways may have been joined from several; which of their paragraph formats are left then depends on
-    the order in which Qt joined them, so that they are left out unless \a ofJoinedCells.
+    Everything of a document that tables can change. Of an empty paragraph only its existence: when a column
+    or row is inserted behind an empty cell, Qt gives the paragraph's format to the new cell instead. Cells
+    that span both ways may have been joined from several; which of their paragraph formats are left then
+    depends on the order in which Qt joined them, so that they are left out unless \a ofJoinedCells.
 */
 QStringList linesOf(const QTextDocument& document, bool ofJoinedCells = true)
 {
