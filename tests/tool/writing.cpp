@@ -67,7 +67,7 @@ private slots:
     ORV_ROWS(noteStyles)
     {
         const Rows add(
-            [](const QString& options, const QByteArray& footnoteText, const QByteArray& annotationText) {
+            [this](const QString& options, const QByteArray& footnoteText, const QByteArray& annotationText) {
                 const QByteArray rtf = converted(
                     rtfFile("One{\\footnote\\pard\\plain  note} two{\\*\\annotation\\pard\\plain  remark}."),
                     options);
