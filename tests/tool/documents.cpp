@@ -4,6 +4,8 @@
 #include "VisibleDocument.h"
 #include "testsupport.h"
 
+using rtftest::Story;
+
 namespace {
 
 QTextCharFormat flagged(int property)
@@ -57,9 +59,7 @@ private slots:
     ORV_ROWS(words)
     {
         const Rows add([](const QString& content, int words, int characters) {
-            QTextDocument document;
-            document.setPlainText(content);
-            const DocumentInfo info(document);
+            const DocumentInfo info(*Story().add(content).document());
             QCOMPARE(info.words, words);
             QCOMPARE(info.characters, characters);
         });
@@ -71,63 +71,50 @@ private slots:
         add("beyond U+FFFF", "\U0001f600\U0001f601 x", 2, 4);
     }
 
-    void noteRunsAreNotes()
+    ORV_ROWS(notes)
     {
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        cursor.insertText("Text"_s, {});
-        cursor.insertText("first "_s, flagged(ORVRtfProperty::InFootnote));
-        QTextCharFormat bold = flagged(ORVRtfProperty::InFootnote);
-        bold.setFontWeight(QFont::Bold);
-        cursor.insertText("still first"_s, bold);
-        cursor.insertText("Text"_s, {});
-        cursor.insertText("second"_s, flagged(ORVRtfProperty::InFootnote));
-        cursor.insertText("remark"_s, flagged(ORVRtfProperty::InAnnotation));
-        const DocumentInfo info(document);
-        QCOMPARE(info.footnotes, 2);
-        QCOMPARE(info.annotations, 1);
+        const Rows add([](const Story& story, int paragraphs, int footnotes, int annotations) {
+            const DocumentInfo info(*story.document());
+            QCOMPARE(info.paragraphs, paragraphs);
+            QCOMPARE(info.footnotes, footnotes);
+            QCOMPARE(info.annotations, annotations);
+        });
+        const QTextCharFormat inFootnote = flagged(ORVRtfProperty::InFootnote);
+        add("runs",
+            Story()
+                .add("Text"_s)
+                .add("first "_s, inFootnote)
+                .add("still first"_s, rtftest::bold(inFootnote))
+                .add("Text"_s)
+                .add("second"_s, inFootnote)
+                .add("remark"_s, flagged(ORVRtfProperty::InAnnotation)),
+            1, 2, 1);
+        add("over paragraphs", Story().add("first paragraph\nsecond paragraph"_s, inFootnote), 2, 1, 0);
+        const QTextCharFormat anchor = anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 One}");
+        add("anchors with content",
+            Story()
+                .add("a"_s, anchor)
+                .add("b"_s, rtftest::bold(anchor))
+                .add("c"_s, anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 Two}"))
+                .add("d"_s, anchorWith(ORVRtfProperty::AnnotationAnchor, "{\\rtf1 Three}"))
+                .add("e"_s, flagged(ORVRtfProperty::AnnotationAnchor)),
+            1, 2, 1);
     }
 
-    void noteOverParagraphsIsOneNote()
-    {
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        cursor.insertText("first paragraph\nsecond paragraph"_s, flagged(ORVRtfProperty::InFootnote));
-        QCOMPARE(DocumentInfo(document).paragraphs, 2);
-        QCOMPARE(DocumentInfo(document).footnotes, 1);
-    }
-
-    void anchorsWithContentAreNotes()
-    {
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        cursor.insertText("a"_s, anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 One}"));
-        QTextCharFormat same = anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 One}");
-        same.setFontItalic(true);
-        cursor.insertText("b"_s, same);
-        cursor.insertText("c"_s, anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 Two}"));
-        cursor.insertText("d"_s, anchorWith(ORVRtfProperty::AnnotationAnchor, "{\\rtf1 Three}"));
-        cursor.insertText("e"_s, flagged(ORVRtfProperty::AnnotationAnchor));
-        const DocumentInfo info(document);
-        QCOMPARE(info.footnotes, 2);
-        QCOMPARE(info.annotations, 1);
-    }
-
+    // Each target has its number as text, in a format of its own; a line feed is a paragraph end.
     ORV_ROWS(links)
     {
         const Rows add([](const QStringList& targets, const QStringList& linkTexts) {
-            QTextDocument document;
-            QTextCursor cursor(&document);
+            Story story;
             for (int i = 0; i < targets.size(); ++i) {
-                if (targets.at(i) == "\n"_s) {
-                    cursor.insertBlock();
-                    continue;
-                }
                 QTextCharFormat format = targets.at(i).isEmpty() ? QTextCharFormat() : linkTo(targets.at(i));
                 format.setFontPointSize(10 + i);
-                cursor.insertText("%1."_s.arg(i), format);
+                if (targets.at(i) == "\n"_s)
+                    story.paragraph();
+                else
+                    story.add("%1."_s.arg(i), format);
             }
-            const DocumentInfo info(document);
+            const DocumentInfo info(*story.document());
             QStringList found;
             for (const DocumentInfo::Link& link : info.links)
                 found << link.text;
@@ -140,7 +127,6 @@ private slots:
         add("ends with its paragraph", {"x"_s, "\n"_s, "x"_s}, {"0."_s, "2."_s});
     }
 
-    // Each target has its number as text, in a format of its own; a line feed is a paragraph end.
     void tablesWithinTablesCount()
     {
         QTextDocument document;
@@ -168,13 +154,10 @@ private slots:
     // Qt makes one fragment of pictures that have the same format.
     void picturesSideBySide()
     {
-        QTextDocument document;
-        document.addResource(QTextDocument::ImageResource, QUrl("name"_s), redSquare());
         QTextImageFormat format;
         format.setName("name"_s);
-        QTextCursor cursor(&document);
-        cursor.insertImage(format);
-        cursor.insertImage(format);
+        const Story story = Story().addResource("name"_s, redSquare()).addPicture(format).addPicture(format);
+        QTextDocument& document = *story.document();
         const DocumentInfo info(document);
         QCOMPARE(info.pictures, 2);
         QCOMPARE(info.characters, 0);
@@ -206,35 +189,38 @@ private slots:
         QVERIFY(redSquare().save(path));
         QTextImageFormat format;
         format.setName(path);
-        QTextDocument document;
-        QTextCursor(&document).insertImage(format);
-        const QByteArray html = documentToHtml(document);
+        const QByteArray html = documentToHtml(*Story().addPicture(format).document());
         QCOMPARE(html.count("<img "), 1);
         QCOMPARE(html.count("data:"), 0);
     }
 
-    void outlinedTextIsVisibleInHtml()
+    ORV_ROWS(characterFormatsInHtml)
     {
-        QTextCharFormat format;
-        format.setForeground(Qt::transparent);
-        format.setTextOutline(QPen(QColor(0, 128, 0)));
-        QTextDocument document;
-        QTextCursor(&document).insertText("outlined"_s, format);
-        const QByteArray html = documentToHtml(document);
-        QVERIFY2(html.contains("color:#008000;\">outlined<"), html.constData());
+        const Rows add([](const QTextCharFormat& format, const QByteArray& html, int count) {
+            QCOMPARE(int(documentToHtml(*Story().add("text"_s, format).document()).count(html)), count);
+        });
+        QTextCharFormat outlined;
+        outlined.setForeground(Qt::transparent);
+        outlined.setTextOutline(QPen(QColor(0, 128, 0)));
+        add("outlined text is visible", outlined, "color:#008000;\">text<", 1);
+        const auto underline = [&](const char* name, QTextCharFormat::UnderlineStyle style, int count) {
+            QTextCharFormat format;
+            format.setProperty(QTextFormat::TextUnderlineStyle, int(style));
+            add(name, format, "text-decoration: underline", count);
+        };
+        underline("not underlined", QTextCharFormat::NoUnderline, 0);
+        underline("single underline", QTextCharFormat::SingleUnderline, 1);
+        underline("dashes", QTextCharFormat::DashUnderline, 1);
+        underline("wave", QTextCharFormat::WaveUnderline, 1);
     }
 
     // A browser takes a number without a unit for a multiple of the line.
     void exactLineHeightsInHtmlArePixels()
     {
         const QString written = "line-height:7; -qt-line-height-type: fixed; style=\""_s;
-        QTextDocument document;
-        QTextCursor cursor(&document);
         QTextBlockFormat format;
         format.setLineHeight(20, QTextBlockFormat::FixedHeight);
-        cursor.setBlockFormat(format);
-        cursor.insertText(written + written);
-        const QByteArray html = documentToHtml(document);
+        const QByteArray html = documentToHtml(*Story().format(format).add(written + written).document());
         const QByteArray shown = "line-height:7; -qt-line-height-type: fixed; style=&quot;";
         QVERIFY2(html.contains(shown + shown), html.constData());
         QCOMPARE(html.count("line-height:20px; -qt-line-height-type: fixed;"), 1);
@@ -259,21 +245,6 @@ private slots:
         add("like HTML", "<head></head></title><b>&",
             "<title>&lt;head&gt;&lt;/head&gt;&lt;/title&gt;&lt;b&gt;&amp;</title>");
         add("like an encoding", "<meta charset=x>", "<title>&lt;meta charset=x&gt;</title>");
-    }
-
-    ORV_ROWS(underlinesInHtml)
-    {
-        const Rows add([](int style, int underlines) {
-            QTextCharFormat format;
-            format.setProperty(QTextFormat::TextUnderlineStyle, style);
-            QTextDocument document;
-            QTextCursor(&document).insertText("underlined"_s, format);
-            QCOMPARE(int(documentToHtml(document).count("text-decoration: underline")), underlines);
-        });
-        add("none", int(QTextCharFormat::NoUnderline), 0);
-        add("single", int(QTextCharFormat::SingleUnderline), 1);
-        add("dashes", int(QTextCharFormat::DashUnderline), 1);
-        add("wave", int(QTextCharFormat::WaveUnderline), 1);
     }
 
     // Headings are often items of a list that shows no number.

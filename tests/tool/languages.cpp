@@ -18,10 +18,17 @@ private slots:
             qunsetenv(variable);
     }
 
-    void wantedLanguages_data()
+    ORV_ROWS(wantedLanguages)
     {
-        const Columns<QByteArray, QByteArray, QByteArray, QByteArray, QString> row(
-            "preferred", "all", "messages", "lang", "languages");
+        const Rows row([](const QByteArray& preferred, const QByteArray& all, const QByteArray& messages,
+                          const QByteArray& lang, const QString& languages) {
+            const QByteArray values[] = {preferred, all, messages, lang};
+            for (int i = 0; i < 4; ++i) {
+                if (!values[i].isEmpty())
+                    qputenv(variables[i], values[i]);
+            }
+            QCOMPARE(Translations::wantedLanguages().join(QLatin1Char(' ')), languages);
+        });
         row("nothing set", "", "", "", "", "");
         row("C", "", "", "", "C", "");
         row("C with an encoding", "", "", "", "C.UTF-8", "");
@@ -43,18 +50,6 @@ private slots:
         row("English ends the list", "fr:en_GB:de", "", "", "de_DE.UTF-8", "fr");
         row("English is preferred", "en:de", "", "", "de_DE.UTF-8", "");
         row("empty names", ":de::", "", "", "fr_FR.UTF-8", "de");
-    }
-
-    void wantedLanguages()
-    {
-        FETCH(QByteArray, preferred, QByteArray, all, QByteArray, messages, QByteArray, lang, QString,
-              languages);
-        const QByteArray values[] = {preferred, all, messages, lang};
-        for (int i = 0; i < 4; ++i) {
-            if (!values[i].isEmpty())
-                qputenv(variables[i], values[i]);
-        }
-        QCOMPARE(Translations::wantedLanguages().join(QLatin1Char(' ')), languages);
     }
 };
 

@@ -1,8 +1,16 @@
 #ifndef TOOLTEST_H
 #define TOOLTEST_H
 
+#include "conversionhelpers.h"
 #include "testsupport.h"
 #include "toolpaths.h"
+
+#include <map>
+
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 /*! What a run of the tool ended with. */
 struct ToolRun {
@@ -42,27 +50,9 @@ inline ToolRun refusal(const QByteArray& message)
     return {2, QByteArray(), "orvrtf: " + message + "; see orvrtf --help\n"};
 }
 
-/*! Waits for the end of the tool. */
-inline ToolRun finished(QProcess& process)
+inline QStringList words(const Text& line)
 {
-    ToolRun result;
-    if (!process.waitForFinished(120000))
-        qFatal("orvrtf does not end");
-    if (process.exitStatus() == QProcess::NormalExit)
-        result.exitCode = process.exitCode();
-    result.out = process.readAllStandardOutput();
-    result.err = process.readAllStandardError();
-    return result;
-}
-
-inline QStringList words(const QString& line)
-{
-    return line.split(QLatin1Char(' '));
-}
-
-inline QStringList words(const char* line)
-{
-    return words(QString::fromUtf8(line));
+    return line.text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
 inline bool isOneLineAboutTool(const QByteArray& text)
@@ -70,36 +60,28 @@ inline bool isOneLineAboutTool(const QByteArray& text)
     return text.startsWith("orvrtf: ") && text.endsWith('\n') && text.count('\n') == 1;
 }
 
-/*! \a run ended with \a exitCode, no output and one line of error that has \a text in it. */
-inline void verifyError(const ToolRun& run, int exitCode, const QByteArray& text)
+/*! \a run failed, with no output and one line of error that has \a text in it. */
+inline void verifyFailure(const ToolRun& run, const QByteArray& text)
 {
-    QCOMPARE(run.exitCode, exitCode);
+    QCOMPARE(run.exitCode, 1);
     QCOMPARE(run.out, QByteArray());
     QVERIFY2(isOneLineAboutTool(run.err), run.err.constData());
     QVERIFY2(run.err.contains(text), run.err.constData());
 }
 
-inline void verifyFailure(const ToolRun& run, const QByteArray& text)
-{
-    verifyError(run, 1, text);
-}
-
-/*! \a run was refused for its command line, with a message that has \a text in it. */
-inline void verifyRefusal(const ToolRun& run, const QByteArray& text)
-{
-    verifyError(run, 2, text);
-    QVERIFY2(run.err.endsWith("see orvrtf --help\n"), run.err.constData());
-}
+/*! The files of a test, by name, and what is in them. */
+typedef std::map<QByteArray, QByteArray> Files;
 
 /*! What the tests of the command line tool share: an empty folder for each, and runs of the tool in it. */
 class ToolTest : public QObject {
     Q_OBJECT
 
-private slots:
+protected slots:
     void init()
     {
         m_dir.reset(new QTemporaryDir);
-        QVERIFY(m_dir->isValid());
+        m_programs.reset(new QTemporaryDir);
+        QVERIFY(m_dir->isValid() && m_programs->isValid());
         m_environment = QProcessEnvironment::systemEnvironment();
         for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
             m_environment.remove(QLatin1String(name));
@@ -107,40 +89,59 @@ private slots:
     }
 
 protected:
-    QString path(const char* name) const { return m_dir->filePath(QString::fromUtf8(name)); }
+    QString path(const Text& name) const { return m_dir->filePath(name); }
 
-    QString write(const char* name, const QByteArray& data) const
+    /*! Writes a file, and makes the folder that it is in. */
+    QString write(const Text& name, const QByteArray& data) const
     {
         QFile file(path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(data) != data.size())
+        if (!QFileInfo(file).dir().mkpath("."_s) || !file.open(QIODevice::WriteOnly)
+            || file.write(data) != data.size())
             qFatal("cannot write %s", qPrintable(file.fileName()));
         return file.fileName();
     }
 
-    QByteArray read(const QString& path) const
+    void makeFolder(const Text& name) const { QVERIFY(QDir().mkpath(path(name))); }
+
+    QByteArray read(const Text& name) const
     {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file ") + path.toUtf8();
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : "no file " + name.text.toUtf8();
     }
 
     /*! Names of all that is in \a folder of the test's own, sorted. */
-    QStringList files(const char* folder = "") const
+    QStringList files(const Text& folder = QString()) const
     {
         return QDir(path(folder))
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
 
-    void start(QProcess& process, const QStringList& arguments) const
+    void start(QProcess& process, const QStringList& arguments,
+               const QString& program = QString::fromUtf8(ORVRTF_TOOL)) const
     {
         process.setProcessEnvironment(m_environment);
         process.setWorkingDirectory(m_dir->path());
-        process.start(QString::fromUtf8(ORVRTF_TOOL), arguments);
+        process.start(program, arguments);
+    }
+
+    /*! Starts the tool after \a preparation by the shell. */
+    void startByShell(QProcess& process, const QString& preparation, const QStringList& arguments) const
+    {
+        const QString script = preparation + "; exec \"$0\" \"$@\""_s;
+        start(process, QStringList{"-c"_s, script, QString::fromUtf8(ORVRTF_TOOL)} + arguments, "/bin/sh"_s);
     }
 
     ToolRun finish(QProcess& process) const
     {
         process.closeWriteChannel();
-        return finished(process);
+        ToolRun result;
+        if (!process.waitForFinished(120000))
+            qFatal("orvrtf does not end");
+        if (process.exitStatus() == QProcess::NormalExit)
+            result.exitCode = process.exitCode();
+        result.out = process.readAllStandardOutput();
+        result.err = process.readAllStandardError();
+        return result;
     }
 
     ToolRun run(const QStringList& arguments, const QByteArray& input = QByteArray()) const
@@ -151,7 +152,90 @@ protected:
         return finish(process);
     }
 
+    ToolRun run(const char* arguments, const QByteArray& input = QByteArray()) const
+    {
+        return run(words(arguments), input);
+    }
+
+    /*! Names of all that is in the folder of the test and below. */
+    QStringList all() const
+    {
+        QStringList names;
+        QDirIterator files(m_dir->path(),
+                           QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext())
+            names << QDir(m_dir->path()).relativeFilePath(files.next());
+        names.sort();
+        return names;
+    }
+
+    /*! Names of \a files, and of the folders that they are in, as all() has them. */
+    static QStringList withFolders(const Files& files)
+    {
+        QSet<QString> names;
+        for (const auto& file : files) {
+            for (QString name = QString::fromUtf8(file.first); name != "."_s; name = QFileInfo(name).path())
+                names << name;
+        }
+        QStringList sorted = names.values();
+        sorted.sort();
+        return sorted;
+    }
+
+    /*! Runs the tool beside \a files; in the end there are these and those of \a outputs, which may be the same. */
+    void verifyRun(const QByteArray& arguments, const Files& files, const QByteArray& input,
+                   const ToolRun& expected, Files outputs) const
+    {
+        for (const auto& file : files)
+            write(file.first.constData(), file.second);
+        QCOMPARE(run(arguments.constData(), input), expected);
+        outputs.insert(files.begin(), files.end());
+        for (const auto& file : outputs)
+            QCOMPARE(read(file.first.constData()), file.second);
+        QCOMPARE(all(), withFolders(outputs));
+    }
+
+    /*! For rows of verifyRun(). */
+    auto commandRows() const
+    {
+        return Rows([this](const QByteArray& arguments, const Files& files, const QByteArray& input,
+                           const ToolRun& expected,
+                           const Files& outputs) { verifyRun(arguments, files, input, expected, outputs); });
+    }
+
+    /*! Lets the tool find programs in a folder of the test only, and makes \a name there of \a commands. */
+    void fake(const Text& name, const QByteArray& commands)
+    {
+        m_environment.insert("PATH"_s, m_programs->path());
+        conversiontest::writeScript(m_programs->filePath(name), "PATH=/usr/bin:/bin\n" + commands);
+    }
+
+    /*! Makes an input that a conversion waits for as long as nobody writes it. */
+    void makePipe(const Text& name) const
+    {
+        if (::mkfifo(QFile::encodeName(path(name)).constData(), 0600) != 0)
+            qFatal("no named pipe");
+    }
+
+    int openPipe(const Text& name, int flags) const
+    {
+        return ::open(QFile::encodeName(path(name)).constData(), flags | O_CLOEXEC);
+    }
+
+    /*! Writes \a data into a pipe, and waits until all is read. */
+    static void feed(int writer, const QByteArray& data)
+    {
+        QCOMPARE(::write(writer, data.constData(), size_t(data.size())), ssize_t(data.size()));
+        int unread = -1;
+        QTRY_VERIFY_WITH_TIMEOUT(::ioctl(writer, FIONREAD, &unread) == 0 && unread == 0, patience);
+    }
+
+    // Milliseconds that a process may need to come as far as it is to, on a busy computer.
+    static const int patience = 30000;
+
     QScopedPointer<QTemporaryDir> m_dir;
+    QScopedPointer<QTemporaryDir> m_programs;
     QProcessEnvironment m_environment;
 };
 
