@@ -79,36 +79,28 @@ private:
 } // namespace
 
 /*! Copy and paste between the editor window and another process, through the clipboard of a real X server. */
-class TestEditorClipboard : public QObject {
+class TestEditorClipboard : public EditorTest {
     Q_OBJECT
 
 private slots:
-    void init() { m_window = shownWindow(); }
-
-    void cleanup()
-    {
-        // Without a question about changes.
-        m_window->textEdit()->document()->setModified(false);
-        m_window.reset();
-    }
-
     void copiedTextIsRtfElsewhere()
     {
-        m_window->textEdit()->textCursor().insertText("plain"_s);
-        m_window->textEdit()->textCursor().insertText("bold"_s, bold());
-        type("AC"_s);
+        edit()->textCursor().insertText("plain"_s);
+        edit()->textCursor().insertText("bold"_s, bold());
+        press("AC");
         QCOMPARE(pastedElsewhere("text/rtf"_s),
                  documentHead() + firstParagraph() + run("plain") + "{\\f0\\fs24\\b1 bold}}");
     }
 
     void copiedTextHasEveryType()
     {
-        m_window->textEdit()->setPlainText("text"_s);
-        type("AC"_s);
+        edit()->setPlainText("text"_s);
+        press("AC");
         const QList<QByteArray> types = pastedElsewhere("TARGETS"_s).split('\n');
+        const QByteArray rtf = documentHead() + firstParagraph() + run("text") + "}";
         for (const QString& type : ORV::rtfMimeTypes()) {
             QVERIFY2(types.contains(type.toLatin1()), qPrintable(type));
-            QCOMPARE(pastedElsewhere(type), documentHead() + firstParagraph() + run("text") + "}");
+            QCOMPARE(pastedElsewhere(type), rtf);
         }
         QVERIFY(types.contains(ORV::OrvellineMarkupRtfMimeType));
         QVERIFY(types.contains("text/html"));
@@ -116,69 +108,51 @@ private slots:
         // The best form stands in front of the others.
         QVERIFY(types.indexOf("text/rtf") < types.indexOf("text/html"));
         QVERIFY(types.indexOf("text/html") < types.indexOf("text/plain"));
+
+        edit()->clear();
+        edit()->setPlainText("cut"_s);
+        press("AX");
+        QCOMPARE(content(), QString());
+        QCOMPARE(pastedElsewhere("text/rtf"_s), documentHead() + firstParagraph() + run("cut") + "}");
     }
 
+    /*! Also in another window of the same program. */
     void copiedRichTextIsWholeElsewhere()
     {
-        QTextDocument* document = m_window->textEdit()->document();
-        QVERIFY(ORVTextRtf::fromRtfData(richRtf(), document, nullptr));
-        type("AC"_s);
+        setBody(richBody());
+        press("AC");
         const Reading reading = rtftest::read(pastedElsewhere("text/rtf"_s));
         QCOMPARE(reading.status, 0);
         QCOMPARE(describe(*reading.document), richContent());
-    }
-
-    void cutTextIsRtfElsewhere()
-    {
-        m_window->textEdit()->setPlainText("text"_s);
-        type("AX"_s);
-        QCOMPARE(contentOf(*m_window), QString());
-        QCOMPARE(pastedElsewhere("text/rtf"_s), documentHead() + firstParagraph() + run("text") + "}");
+        cleanup();
+        init();
+        press("V");
+        QCOMPARE(content(), richContent());
     }
 
     ORV_ROWS(rtfFromElsewhereIsPasted)
     {
-        const Rows add([this](const QString& type) {
-            const CopiedElsewhere copied(type, richRtf());
+        const Rows add([this](const QString& type, const QByteArray& rtf, const QString& pasted) {
+            const CopiedElsewhere copied(type, rtf);
             QVERIFY(copied.isThere());
-            this->type("V"_s);
-            QCOMPARE(contentOf(*m_window), richContent());
+            press("V");
+            QCOMPARE(content(), pasted);
         });
         for (const QString& type : ORV::rtfMimeTypes())
-            add(qPrintable(type), type);
-        add("own flavour", QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType));
-    }
-
-    /*! X hands on what is longer than a few megabytes piece by piece. */
-    void rtfOfManyPiecesIsPasted()
-    {
-        const int megabyte = 1 << 20;
-        const QByteArray skipped = "{\\*\\unknown " + QByteArray(10 * megabyte, 'x') + "}";
-        const CopiedElsewhere copied("text/rtf"_s, "{\\rtf1\\ansi begin" + skipped + " end{}}");
-        QVERIFY(copied.isThere());
-        type("V"_s);
-        QCOMPARE(contentOf(*m_window), "begin end"_s);
-    }
-
-    void copyOfOneWindowIsPastedInAnother()
-    {
-        QVERIFY(ORVTextRtf::fromRtfData(richRtf(), m_window->textEdit()->document(), nullptr));
-        type("AC"_s);
-        cleanup();
-        init();
-        type("V"_s);
-        QCOMPARE(contentOf(*m_window), richContent());
+            add(type.toLatin1(), type, richRtf(), richContent());
+        add("own flavour", QLatin1String(ORV::OrvellineMarkupRtfMimeType), richRtf(), richContent());
+        // X hands on what is longer than a few megabytes piece by piece.
+        const QByteArray skipped = "{\\*\\unknown " + QByteArray(10 << 20, 'x') + "}";
+        add("many pieces", "text/rtf", "{\\rtf1\\ansi begin" + skipped + " end{}}", "begin end");
     }
 
 private:
-    /*! Types \a keys with the control key into the text. */
-    void type(const QString& keys)
+    /*! Presses \a keys together with the control key. */
+    void press(const char* keys)
     {
-        for (QChar key : keys)
-            QTest::keyClick(m_window->textEdit(), key.toLatin1(), Qt::ControlModifier);
+        for (const char* key = keys; *key != '\0'; ++key)
+            QTest::keyClick(edit(), *key, Qt::ControlModifier);
     }
-
-    std::unique_ptr<EditorWindow> m_window;
 };
 
 static int runTestEditorClipboard(int argc, char** argv)

@@ -48,23 +48,6 @@ bool dropFile(const QString& name, QWidget* target)
     return drop(mime, target);
 }
 
-/*! Copies the RTF \a body from one position to another in a window of its own, and pastes it in \a window. */
-void copyAndPaste(const QByteArray& body, int from, int to, EditorWindow& window)
-{
-    EditorWindow source;
-    setBody(source, body);
-    select(source, from, to);
-    source.textEdit()->copy();
-    window.textEdit()->paste();
-}
-
-/*! A list table with the bullet list 1. */
-QByteArray bullets()
-{
-    return "{\\*\\listtable{\\list{\\listlevel\\levelnfc23{\\leveltext\\'01\\u8226 ?;}}\\listid7}}"
-           "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}}";
-}
-
 QString bullet(const char* text)
 {
     return QChar(0x2022) + QLatin1Char(' ') + QLatin1String(text);
@@ -73,29 +56,18 @@ QString bullet(const char* text)
 } // namespace
 
 /*! The editor window, without other programs. */
-class TestEditor : public QObject {
+class TestEditor : public EditorTest {
     Q_OBJECT
 
 private slots:
-    void initTestCase() { QVERIFY(m_folder.isValid()); }
-
-    void init()
-    {
-        m_window.reset(new EditorWindow);
-        m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.data()));
-    }
-
-    void cleanup() { m_window.reset(); }
-
     void rtfIsDroppedIntoTheText()
     {
         for (const QString& type : ORV::rtfMimeTypes()) {
-            m_window->textEdit()->clear();
+            edit()->clear();
             QMimeData mime;
             mime.setData(type, richRtf());
-            QVERIFY(drop(mime, m_window->textEdit()->viewport()));
-            QCOMPARE(contentOf(*m_window), richContent());
+            QVERIFY(drop(mime, edit()->viewport()));
+            QCOMPARE(content(), richContent());
         }
         QVERIFY(m_window->isWindowModified());
     }
@@ -103,67 +75,58 @@ private slots:
     void rtfFileIsDroppedOntoTheText()
     {
         const QString file = makeFile("dropped.rtf", richRtf());
-        QVERIFY(dropFile(file, m_window->textEdit()->viewport()));
-        QCOMPARE(contentOf(*m_window), richContent());
+        QVERIFY(!dropFile(makeFile("other.txt", richRtf()), m_window->menuWidget()));
+        QCOMPARE(m_window->fileName(), QString());
+        QVERIFY(dropFile(file, edit()->viewport()));
+        QCOMPARE(content(), richContent());
         QCOMPARE(m_window->fileName(), file);
         QVERIFY(!m_window->isWindowModified());
+        QVERIFY(m_window->close());
     }
 
     void rtfFileIsDroppedOntoTheWindow()
     {
         const QString file = makeFile("dropped.RTF", richRtf());
-        m_window->textEdit()->insertPlainText("changed"_s);
+        edit()->insertPlainText("changed"_s);
         const BoxAnswer answer(QMessageBox::Cancel);
-        QVERIFY(dropFile(file, m_window.data()));
+        QVERIFY(dropFile(file, m_window.get()));
         QCOMPARE(answer.text(), "Save the changes?"_s);
-        QCOMPARE(contentOf(*m_window), "changed"_s);
+        QCOMPARE(content(), "changed"_s);
         const BoxAnswer secondAnswer(QMessageBox::Discard);
-        QVERIFY(dropFile(file, m_window.data()));
-        QCOMPARE(contentOf(*m_window), richContent());
+        QVERIFY(dropFile(file, m_window.get()));
+        QCOMPARE(content(), richContent());
         QCOMPARE(m_window->fileName(), file);
-    }
-
-    void otherFileIsNotOpened()
-    {
-        QVERIFY(!dropFile(makeFile("other.txt", richRtf()), m_window->menuWidget()));
-        QCOMPARE(m_window->fileName(), QString());
     }
 
     ORV_ROWS(bestFlavourIsPasted)
     {
-        const Rows add([this](const QByteArray& rtf, const QByteArray& own, const QString& html,
-                              const QString& text, const QString& pasted) {
+        typedef std::map<QString, QByteArray> Flavours;
+        const Rows add([this](const Flavours& flavours, const QString& pasted) {
             QMimeData* mime = new QMimeData;
-            if (!rtf.isEmpty())
-                mime->setData("text/rtf"_s, rtf);
-            if (!own.isEmpty())
-                mime->setData(QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType), own);
-            if (!html.isEmpty())
-                mime->setHtml(html);
-            if (!text.isEmpty())
-                mime->setText(text);
+            for (const auto& flavour : flavours)
+                mime->setData(flavour.first, flavour.second);
             QApplication::clipboard()->setMimeData(mime);
-            m_window->textEdit()->paste();
-            QCOMPARE(contentOf(*m_window), pasted);
+            edit()->paste();
+            QCOMPARE(content(), pasted);
         });
-        add("own flavour is preferred", "{\\rtf1 plain{}}", "{\\rtf1 own{}}", QString(), QString(), "own");
-        add("damaged RTF gives way to text", "{\\rtf1 {half} a text", QByteArray(), QString(), "whole text",
-            "whole text");
-        add("HTML where there is no RTF", QByteArray(), QByteArray(), "some <b>bold</b> text", QString(),
-            "some *bold* text");
+        const QString own = QString::fromLatin1(ORV::OrvellineMarkupRtfMimeType);
+        add("own flavour is preferred", {{"text/rtf"_s, "{\\rtf1 plain{}}"}, {own, "{\\rtf1 own{}}"}}, "own");
+        add("damaged RTF gives way to text",
+            {{"text/rtf"_s, "{\\rtf1 {half} a text"}, {"text/plain"_s, "whole text"}}, "whole text");
+        add("HTML where there is no RTF", {{"text/html"_s, "some <b>bold</b> text"}}, "some *bold* text");
     }
 
     ORV_ROWS(pastingReplacesTheSelection)
     {
-        const Rows add([this](const QByteArray& body, int length, const QString& content) {
-            m_window->textEdit()->setPlainText("abcde"_s);
-            select(*m_window, 1, 4);
-            copyAndPaste(body, 0, length, *m_window);
-            QCOMPARE(contentOf(*m_window), content);
-            QCOMPARE(m_window->textEdit()->textCursor().position(), 1 + length);
+        const Rows add([this](const QByteArray& body, int length, const QString& pasted) {
+            edit()->setPlainText("abcde"_s);
+            select(1, 4);
+            copyAndPaste(body, 0, length);
+            QCOMPARE(content(), pasted);
+            QCOMPARE(edit()->textCursor().position(), 1 + length);
             // In one step
-            m_window->textEdit()->undo();
-            QCOMPARE(contentOf(*m_window), "abcde"_s);
+            edit()->undo();
+            QCOMPARE(content(), "abcde"_s);
         });
         add("words", "one {\\b two}", 7, "aone *two*e");
         add("paragraphs", "one\\par two\\par three", 13, "aone\ntwo\nthreee");
@@ -172,125 +135,108 @@ private slots:
     ORV_ROWS(partIsCopied)
     {
         const Rows add(
-            [this](const QByteArray& body, int from, int to, const QString& content, int alignment) {
-                copyAndPaste(body, from, to, *m_window);
-                QCOMPARE(contentOf(*m_window), content);
-                const QTextBlock first = m_window->textEdit()->document()->begin();
+            [this](const QByteArray& body, int from, int to, const QString& pasted, int alignment) {
+                copyAndPaste(body, from, to);
+                QCOMPARE(content(), pasted);
+                const QTextBlock first = document()->begin();
                 QCOMPARE(int(first.blockFormat().alignment() & Qt::AlignHorizontal_Mask), alignment);
                 if (first.textList() && first.next().isValid())
                     QCOMPARE(first.textList(), first.next().textList());
             });
-        const QByteArray list = bullets() + "intro\\par\\pard\\ls1 one\\par two\\par three\\par four";
+        const QByteArray list = bulletTable() + "intro\\par\\pard\\ls1 one\\par two\\par three\\par four";
         const QString items = bullet("two") + QLatin1Char('\n') + bullet("three");
         const int left = Qt::AlignLeft;
         const int right = Qt::AlignRight;
         add("part of a list", list, 10, 19, items, left);
         add("list item", list, 6, 9, bullet("one"), left);
         add("paragraph with its format", "first\\par\\pard\\qr second\\par third", 6, 13, "second\n", right);
+        const auto row = [](const QByteArray& first, const QByteArray& second) {
+            return "\\trowd\\cellx2000\\cellx4000\\pard\\intbl " + first + "\\cell " + second + "\\cell\\row";
+        };
+        add("cells of a table", row("00", "01") + row("10", "11") + row("20", "21") + "\\pard", 7, 18,
+            "\n| 10\n| 11\n| 20\n| 21\n\n", left);
         add("words without that of their paragraph", "first\\par\\pard\\qr second and more\\par third", 6, 12,
             "second", left);
     }
 
     void wordsKeepTheFormatOfAnEmptyParagraph()
     {
-        m_window->textEdit()->setAlignment(Qt::AlignHCenter);
-        copyAndPaste("some words", 0, 4, *m_window);
-        QCOMPARE(contentOf(*m_window), "some"_s);
-        QCOMPARE(int(m_window->textEdit()->alignment() & Qt::AlignHorizontal_Mask), int(Qt::AlignHCenter));
-    }
-
-    void cellsOfATableAreCopied()
-    {
-        EditorWindow source;
-        QTextTable* table = source.textEdit()->textCursor().insertTable(3, 2);
-        for (int row = 0; row < 3; ++row) {
-            for (int column = 0; column < 2; ++column)
-                table->cellAt(row, column)
-                    .firstCursorPosition()
-                    .insertText(QString::number(10 * row + column));
-        }
-        QTextCursor cursor = table->cellAt(1, 0).firstCursorPosition();
-        cursor.setPosition(table->cellAt(2, 1).lastPosition(), QTextCursor::KeepAnchor);
-        source.textEdit()->setTextCursor(cursor);
-        source.textEdit()->copy();
-        m_window->textEdit()->paste();
-        QVERIFY(contentOf(*m_window).contains("\n| 10\n| 11\n| 20\n| 21\n"_s));
-        QCOMPARE(contentOf(*m_window).count(QLatin1Char('|')), 4);
+        edit()->setAlignment(Qt::AlignHCenter);
+        copyAndPaste("some words", 0, 4);
+        QCOMPARE(content(), "some"_s);
+        QCOMPARE(int(edit()->alignment() & Qt::AlignHorizontal_Mask), int(Qt::AlignHCenter));
     }
 
     void titleTellsFileAndChanges()
     {
         QCOMPARE(m_window->windowTitle(), "Unnamed[*]"_s);
         QVERIFY(!m_window->isWindowModified());
-        const QString file = makeFile("title.rtf", richRtf());
-        QVERIFY(m_window->openFile(file));
+        open(richBody(), "title.rtf");
         QCOMPARE(m_window->windowTitle(), "title.rtf[*]"_s);
         QVERIFY(!m_window->isWindowModified());
-        QTest::keyClicks(m_window->textEdit(), "x"_s);
+        type("x");
         QVERIFY(m_window->isWindowModified());
-        m_window->textEdit()->undo();
+        edit()->undo();
         QVERIFY(!m_window->isWindowModified());
     }
 
     void openingAMissingFile()
     {
-        m_window->textEdit()->setPlainText("kept"_s);
+        edit()->setPlainText("kept"_s);
         const BoxAnswer answer(QMessageBox::Ok);
-        QVERIFY(!m_window->openFile(filePath("missing.rtf")));
-        QCOMPARE(
-            answer.text(),
-            "The file cannot be opened.\n\n%1\nNo such file or directory"_s.arg(filePath("missing.rtf")));
-        QCOMPARE(contentOf(*m_window), "kept"_s);
+        QVERIFY(!m_window->openFile(path("missing.rtf")));
+        QCOMPARE(answer.text(),
+                 "The file cannot be opened.\n\n%1\nNo such file or directory"_s.arg(path("missing.rtf")));
+        QCOMPARE(content(), "kept"_s);
         QCOMPARE(m_window->fileName(), QString());
     }
 
     void openingADamagedFile()
     {
         QVERIFY(m_window->openFile(makeFile("damaged.rtf", "{\\rtf1 {half} a text")));
-        QCOMPARE(contentOf(*m_window), "half"_s);
-        QCOMPARE(m_window->statusBar()->currentMessage(),
+        QCOMPARE(content(), "half"_s);
+        QCOMPARE(message(),
                  "This file is damaged; what can be read is shown "
                  "(Unmatched '}' in Rich Text file)"_s);
         QVERIFY(m_window->openFile(makeFile("sound.rtf", "{\\rtf1 {whole text}}")));
-        QCOMPARE(m_window->statusBar()->currentMessage(), QString());
+        QCOMPARE(message(), QString());
     }
 
     void newDocumentAfterChanges()
     {
-        QVERIFY(m_window->openFile(makeFile("changed.rtf", richRtf())));
-        QTest::keyClicks(m_window->textEdit(), "x"_s);
+        open(richBody());
+        type("x");
         const BoxAnswer answer(QMessageBox::Discard);
-        actionOf(*m_window, "New")->trigger();
+        trigger("New");
         QCOMPARE(answer.text(), "Save the changes?"_s);
-        QCOMPARE(contentOf(*m_window), QString());
+        QCOMPARE(content(), QString());
         QCOMPARE(m_window->fileName(), QString());
         QVERIFY(!m_window->isWindowModified());
-        QTest::keyClicks(m_window->textEdit(), "y"_s);
+        type("y");
         QVERIFY(m_window->isWindowModified());
     }
 
     /*! The fonts of one file are not those of the next, which says nothing of fonts, or of a new document. */
     void openedFilesAreIndependent()
     {
-        const QFont font = m_window->textEdit()->document()->defaultFont();
-        const QByteArray fonts = "{\\fonttbl{\\f1 Quibble Serif;}}\\deff1\\fs40 ";
-        QVERIFY(m_window->openFile(makeFile("fonts.rtf", "{\\rtf1" + fonts + "large{}}")));
-        QVERIFY(m_window->textEdit()->document()->defaultFont() != font);
-        QVERIFY(m_window->openFile(makeFile("nofonts.rtf", "{\\rtf1 small{}}")));
-        QCOMPARE(m_window->textEdit()->document()->defaultFont().family(), font.family());
-        QCOMPARE(m_window->textEdit()->document()->defaultFont().pointSizeF(), font.pointSizeF());
-        QVERIFY(m_window->openFile(filePath("fonts.rtf")));
-        actionOf(*m_window, "New")->trigger();
-        QCOMPARE(m_window->textEdit()->document()->defaultFont(), font);
+        const QFont font = EditorWindow().textEdit()->document()->defaultFont();
+        open("{\\fonttbl{\\f1 Quibble Serif;}}\\deff1\\fs40 large", "fonts.rtf");
+        QVERIFY(document()->defaultFont() != font);
+        open("small");
+        QCOMPARE(document()->defaultFont().family(), font.family());
+        QCOMPARE(document()->defaultFont().pointSizeF(), font.pointSizeF());
+        QVERIFY(m_window->openFile(path("fonts.rtf")));
+        trigger("New");
+        QCOMPARE(document()->defaultFont(), font);
         QCOMPARE(m_window->windowTitle(), "Unnamed[*]"_s);
-        QCOMPARE(contentOf(*m_window), QString());
+        QCOMPARE(content(), QString());
     }
 
     void savedFileHasTheDocument()
     {
-        QVERIFY(m_window->openFile(makeFile("opened.rtf", richRtf())));
-        QTest::keyClicks(m_window->textEdit(), "x"_s);
-        const QString file = filePath("saved.rtf");
+        open(richBody());
+        type("x");
+        const QString file = path("saved.rtf");
         QVERIFY(m_window->saveFile(file));
         QCOMPARE(m_window->fileName(), file);
         QCOMPARE(m_window->windowTitle(), "saved.rtf[*]"_s);
@@ -299,14 +245,14 @@ private slots:
         QVERIFY(ORVTextRtf::fromRtfFile(file, &saved, nullptr));
         QCOMPARE(describe(saved), QLatin1Char('x') + richContent());
         QTextDocument opened;
-        QVERIFY(ORVTextRtf::fromRtfFile(filePath("opened.rtf"), &opened, nullptr));
+        QVERIFY(ORVTextRtf::fromRtfFile(path("opened.rtf"), &opened, nullptr));
         QCOMPARE(describe(opened), richContent());
     }
 
     void savingFails()
     {
-        QTest::keyClicks(m_window->textEdit(), "x"_s);
-        const QString file = filePath("no such folder/a.rtf");
+        type("x");
+        const QString file = path("no such folder/a.rtf");
         const BoxAnswer answer(QMessageBox::Ok);
         QVERIFY(!m_window->saveFile(file));
         QCOMPARE(answer.text(), "The document cannot be saved.\n\n%1\nNo such file or directory"_s.arg(file));
@@ -314,24 +260,17 @@ private slots:
         QVERIFY(m_window->isWindowModified());
     }
 
-    void closingWithoutChanges()
-    {
-        QVERIFY(m_window->openFile(makeFile("unchanged.rtf", richRtf())));
-        QVERIFY(m_window->close());
-    }
-
     ORV_ROWS(closingAsks)
     {
         const Rows add([this](int button, bool closed, const QString& saved) {
-            const QString file = makeFile("closing.rtf", "{\\rtf1 {old}}");
-            QVERIFY(m_window->openFile(file));
-            QTest::keyClicks(m_window->textEdit(), "new"_s);
+            open("old", "closing.rtf");
+            type("new");
             const BoxAnswer answer{QMessageBox::StandardButton(button)};
             QCOMPARE(m_window->close(), closed);
             QCOMPARE(answer.text(), "Save the changes?"_s);
             QCOMPARE(m_window->isVisible(), !closed);
             QTextDocument document;
-            QVERIFY(ORVTextRtf::fromRtfFile(file, &document, nullptr));
+            QVERIFY(ORVTextRtf::fromRtfFile(path("closing.rtf"), &document, nullptr));
             QCOMPARE(textOf(document), saved);
         });
         add("save", int(QMessageBox::Save), true, "newold");
@@ -343,17 +282,16 @@ private slots:
     {
         const Rows add(
             [this](const QByteArray& action, int property, const QVariant& on, const QVariant& off) {
-                m_window->textEdit()->setPlainText("some text"_s);
-                select(*m_window, 5, 9);
-                QAction* const toggle = actionOf(*m_window, action.constData());
+                edit()->setPlainText("some text"_s);
+                select(5, 9);
+                QAction* const toggle = this->action(action);
                 toggle->trigger();
                 QVERIFY(toggle->isChecked());
-                const QTextDocument& document = *m_window->textEdit()->document();
-                QCOMPARE(formatOf(document, "text"_s).property(property), on);
-                QVERIFY(!formatOf(document, "some"_s).hasProperty(property));
+                QCOMPARE(formatOf(*document(), "text"_s).property(property), on);
+                QVERIFY(!formatOf(*document(), "some"_s).hasProperty(property));
                 toggle->trigger();
                 QVERIFY(!toggle->isChecked());
-                QCOMPARE(formatOf(document, "text"_s).property(property), off);
+                QCOMPARE(formatOf(*document(), "text"_s).property(property), off);
             });
         add("bold", "Bold", int(QTextFormat::FontWeight), QVariant(int(QFont::Bold)),
             QVariant(int(QFont::Normal)));
@@ -364,7 +302,7 @@ private slots:
 
     void actionsShowTheFormatAtTheCursor()
     {
-        setBody(*m_window, "none {\\b bold }{\\i italic }{\\ul under}\\par\\pard\\qr right");
+        setBody("none {\\b bold }{\\i italic }{\\ul under}\\par\\pard\\qr right");
         struct {
             int position;
             const char* checked;
@@ -374,35 +312,23 @@ private slots:
                             {19, "Underline, Align left"},
                             {24, "Align right"}};
         for (const auto& place : places) {
-            select(*m_window, place.position, place.position);
-            QStringList checked;
-            for (const char* name :
-                 {"Bold", "Italic", "Underline", "Align left", "Centre", "Align right", "Justify"}) {
-                if (actionOf(*m_window, name)->isChecked())
-                    checked << QLatin1String(name);
-            }
-            QCOMPARE(checked.join(", "_s), QLatin1String(place.checked));
+            select(place.position);
+            QCOMPARE(checkedActions(), QLatin1String(place.checked));
         }
-    }
-
-    void actionsShowTheFormatOfAnOpenedFile()
-    {
-        QVERIFY(m_window->openFile(makeFile("format.rtf", "{\\rtf1 \\qc{\\b bold} and plain{}}")));
-        QVERIFY(actionOf(*m_window, "Bold")->isChecked());
-        QVERIFY(actionOf(*m_window, "Centre")->isChecked());
-        QVERIFY(m_window->openFile(makeFile("format.rtf", "{\\rtf1 plain and {\\b bold}{}}")));
-        QVERIFY(!actionOf(*m_window, "Bold")->isChecked());
-        QVERIFY(actionOf(*m_window, "Align left")->isChecked());
+        open("\\qc{\\b bold} and plain");
+        QCOMPARE(checkedActions(), "Bold, Centre"_s);
+        open("plain and {\\b bold}");
+        QCOMPARE(checkedActions(), "Align left"_s);
     }
 
     ORV_ROWS(paragraphsAreAligned)
     {
         const Rows add([this](const QByteArray& action, int alignment) {
-            m_window->textEdit()->setPlainText("one\ntwo\nthree"_s);
-            select(*m_window, 1, 5);
-            m_window->textEdit()->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
-            actionOf(*m_window, action.constData())->trigger();
-            const QTextBlock first = m_window->textEdit()->document()->begin();
+            edit()->setPlainText("one\ntwo\nthree"_s);
+            select(1, 5);
+            edit()->setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
+            trigger(action);
+            const QTextBlock first = document()->begin();
             QCOMPARE(int(first.blockFormat().alignment()), alignment);
             QCOMPARE(int(first.next().blockFormat().alignment()), alignment);
             QVERIFY(!first.next().next().blockFormat().hasProperty(QTextFormat::BlockAlignment));
@@ -416,25 +342,25 @@ private slots:
     ORV_ROWS(paragraphsBecomeLists)
     {
         const Rows add([this](const QByteArray& action, const QByteArray& other, const QString& list) {
-            m_window->textEdit()->setPlainText("one\ntwo\nthree"_s);
-            select(*m_window, 1, 5);
-            QAction* const toggle = actionOf(*m_window, action.constData());
+            edit()->setPlainText("one\ntwo\nthree"_s);
+            select(1, 5);
+            QAction* const toggle = this->action(action);
             toggle->trigger();
-            QCOMPARE(contentOf(*m_window), list);
+            QCOMPARE(content(), list);
             QVERIFY(toggle->isChecked());
-            QVERIFY(!actionOf(*m_window, other.constData())->isChecked());
+            QVERIFY(!this->action(other)->isChecked());
 
             // The other kind instead, and back.
-            actionOf(*m_window, other.constData())->trigger();
-            QVERIFY(contentOf(*m_window) != list);
+            trigger(other);
+            QVERIFY(content() != list);
             QVERIFY(!toggle->isChecked());
             toggle->trigger();
-            QCOMPARE(contentOf(*m_window), list);
+            QCOMPARE(content(), list);
 
             toggle->trigger();
-            QCOMPARE(contentOf(*m_window), "one\ntwo\nthree"_s);
+            QCOMPARE(content(), "one\ntwo\nthree"_s);
             QVERIFY(!toggle->isChecked());
-            QCOMPARE(m_window->textEdit()->textCursor().blockFormat().indent(), 0);
+            QCOMPARE(edit()->textCursor().blockFormat().indent(), 0);
         });
         const QString items = bullet("one") + QLatin1Char('\n') + bullet("two") + "\nthree"_s;
         add("bullets", "Bullet list", "Numbered list", items);
@@ -444,13 +370,13 @@ private slots:
     void insertTable()
     {
         m_window->insertActions()->insertTable(2, 3);
-        const QList<QTextFrame*> frames = m_window->textEdit()->document()->rootFrame()->childFrames();
+        const QList<QTextFrame*> frames = document()->rootFrame()->childFrames();
         QCOMPARE(frames.size(), 1);
         const QTextTable* table = qobject_cast<QTextTable*>(frames.first());
         QVERIFY(table);
         QCOMPARE(table->rows(), 2);
         QCOMPARE(table->columns(), 3);
-        QTest::keyClicks(m_window->textEdit(), "x"_s);
+        type("x");
         QCOMPARE(table->cellAt(0, 0).firstCursorPosition().block().text(), "x"_s);
     }
 
@@ -460,35 +386,43 @@ private slots:
         const QString file = QString::fromUtf8(TEST_DATA_DIR "/dot.png");
         QVERIFY(m_window->insertActions()->insertPicture(file, &message));
         const QImage image(file);
-        QCOMPARE(contentOf(*m_window), "[2x1 %1]"_s.arg(image.pixelColor(0, 0).name()));
-        const QList<QTextImageFormat> images = imagesOf(*m_window->textEdit()->document());
+        QCOMPARE(content(), "[2x1 %1]"_s.arg(image.pixelColor(0, 0).name()));
+        const QList<QTextImageFormat> images = imagesOf(*document());
         QCOMPARE(images.first().width(), 2.0);
         QCOMPARE(images.first().height(), 1.0);
         QCOMPARE(message, QString());
-    }
 
-    void insertNoPicture()
-    {
-        QString message;
-        QVERIFY(!m_window->insertActions()->insertPicture(filePath("missing.png"), &message));
+        edit()->clear();
+        QVERIFY(!m_window->insertActions()->insertPicture(path("missing.png"), &message));
         QCOMPARE(message, "File not found"_s);
-        QCOMPARE(contentOf(*m_window), QString());
+        QCOMPARE(content(), QString());
     }
 
 private:
-    QString filePath(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
-
-    /*! A file with the RTF \a rtf. */
-    QString makeFile(const char* name, const QByteArray& rtf) const
+    QString checkedActions() const
     {
-        QFile file(filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(rtf) != rtf.size())
-            qFatal("cannot write %s", name);
-        return file.fileName();
+        QStringList checked;
+        for (const char* name :
+             {"Bold", "Italic", "Underline", "Align left", "Centre", "Align right", "Justify"}) {
+            if (action(name)->isChecked())
+                checked << QLatin1String(name);
+        }
+        return checked.join(", "_s);
     }
 
-    QTemporaryDir m_folder;
-    QScopedPointer<EditorWindow> m_window;
+    /*! Copies the RTF \a body from one position to another in a window of its own, and pastes it. */
+    void copyAndPaste(const QByteArray& body, int begin, int end)
+    {
+        const EditorWindow source;
+        QTextEdit* const from = source.textEdit();
+        QVERIFY(ORVTextRtf::fromRtfData("{\\rtf1\\ansi " + body + "{}}", from->document(), nullptr));
+        QTextCursor cursor(from->document());
+        cursor.setPosition(begin);
+        cursor.setPosition(end, QTextCursor::KeepAnchor);
+        from->setTextCursor(cursor);
+        from->copy();
+        edit()->paste();
+    }
 };
 
 ORV_TEST("editor", TestEditor, QApplication)

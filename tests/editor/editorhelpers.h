@@ -11,19 +11,29 @@
 /*! What the tests of the editor window share. */
 namespace editortest {
 
-/*! RTF as a word processor might put it on the clipboard: bold text, a list, a picture and a table. */
-inline QByteArray richRtf()
+/*! A list table with the bullet list 1. */
+inline QByteArray bulletTable()
 {
-    return "{\\rtf1\\ansi{\\*\\listtable{\\list{\\listlevel\\levelnfc23{\\leveltext\\'01\\u8226 "
-           "?;}}\\listid7}}"
-           "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}}"
-           "Before {\\b bold}\\par\\pard\\ls1 first\\par second\\par\\pard "
-           "{\\pict\\pngblip 89504e470d0a1a0a0000000d4948445200000002000000010802000000"
-           "7b40e8dd0000000d4944415478da63f8cfc000440008fe01ff19c06be70000000049454e44ae426082}\\par"
-           "\\trowd\\cellx2000\\cellx4000\\pard\\intbl a\\cell b\\cell\\row\\pard after{}}";
+    return "{\\*\\listtable{\\list{\\listlevel\\levelnfc23{\\leveltext\\'01\\u8226 ?;}}\\listid7}}"
+           "{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}}";
 }
 
-/*! What describe() says of richRtf(): in Qt an empty paragraph stands on both sides of a table. */
+/*! RTF as a word processor might put it on the clipboard: bold text, a list, a picture and a table. */
+inline QByteArray richBody()
+{
+    return bulletTable()
+        + "Before {\\b bold}\\par\\pard\\ls1 first\\par second\\par\\pard "
+          "{\\pict\\pngblip 89504e470d0a1a0a0000000d4948445200000002000000010802000000"
+          "7b40e8dd0000000d4944415478da63f8cfc000440008fe01ff19c06be70000000049454e44ae426082}\\par"
+          "\\trowd\\cellx2000\\cellx4000\\pard\\intbl a\\cell b\\cell\\row\\pard after";
+}
+
+inline QByteArray richRtf()
+{
+    return "{\\rtf1\\ansi " + richBody() + "{}}";
+}
+
+/*! What describe() says of richBody(): in Qt an empty paragraph stands on both sides of a table. */
 inline QString richContent()
 {
     return QString::fromUtf8("Before *bold*\n"
@@ -81,35 +91,6 @@ inline QString describe(const QTextDocument& document)
     return lines.join(QLatin1Char('\n'));
 }
 
-inline QString contentOf(const EditorWindow& window)
-{
-    return describe(*window.textEdit()->document());
-}
-
-inline void select(EditorWindow& window, int from, int to)
-{
-    QTextCursor cursor(window.textEdit()->document());
-    cursor.setPosition(from);
-    cursor.setPosition(to, QTextCursor::KeepAnchor);
-    window.textEdit()->setTextCursor(cursor);
-}
-
-/*! Reads the RTF \a body into \a window. */
-inline void setBody(EditorWindow& window, const QByteArray& body)
-{
-    QVERIFY(ORVTextRtf::fromRtfData("{\\rtf1\\ansi " + body + "{}}", window.textEdit()->document(), nullptr));
-}
-
-inline QAction* actionOf(const EditorWindow& window, const char* text)
-{
-    const QList<QAction*> actions = window.findChildren<QAction*>();
-    for (QAction* action : actions) {
-        if (action->text().remove(QLatin1Char('&')) == QString::fromUtf8(text))
-            return action;
-    }
-    qFatal("no action %s", text);
-}
-
 /*! Has \a answer fill in and close the next dialog of the class \a Dialog, as soon as it is there. */
 template <typename Dialog>
 class DialogAnswer {
@@ -133,44 +114,107 @@ private:
     QTimer m_timer;
 };
 
-/*! A window that is shown, with an empty document in the default font of the tests. */
-inline std::unique_ptr<EditorWindow> shownWindow()
-{
-    auto window = std::make_unique<EditorWindow>();
-    QFont font;
-    compat::setFamily(font, QString::fromLatin1(rtftest::DefaultFamily));
-    font.setPointSizeF(rtftest::DefaultPointSize);
-    window->textEdit()->document()->setDefaultFont(font);
-    window->show();
-    if (!QTest::qWaitForWindowExposed(window.get()))
-        qFatal("the window is not shown");
-    return window;
-}
+/*! What the tests of the editor window share: for each a window that is shown, with an empty document. */
+class EditorTest : public QObject {
+    Q_OBJECT
 
-/*! Opens a file with \a rtf in \a window. */
-inline bool openRtf(EditorWindow& window, const QByteArray& rtf)
-{
-    QTemporaryFile file;
-    return file.open() && file.write(rtf) == rtf.size() && file.flush() && window.openFile(file.fileName());
-}
+protected slots:
+    void init()
+    {
+        m_window.reset(new EditorWindow);
+        QFont font;
+        compat::setFamily(font, QString::fromLatin1(rtftest::DefaultFamily));
+        font.setPointSizeF(rtftest::DefaultPointSize);
+        document()->setDefaultFont(font);
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    }
 
-/*! What the file says when \a window saves its document. */
-inline QByteArray savedRtf(EditorWindow& window)
-{
-    QTemporaryDir folder;
-    QFile file(folder.filePath(QStringLiteral("saved.rtf")));
-    if (!window.saveFile(file.fileName()) || !file.open(QIODevice::ReadOnly))
-        qFatal("the document is not saved");
-    return file.readAll();
-}
+    void cleanup() { m_window.reset(); }
 
-/*! Where the character at \a position of the text is shown, in the viewport of the text edit. */
-inline QPoint placeOf(const EditorWindow& window, int position)
-{
-    QTextCursor cursor(window.textEdit()->document());
-    cursor.setPosition(position);
-    return window.textEdit()->cursorRect(cursor).center() + QPoint(3, 0);
-}
+protected:
+    RichTextEdit* edit() const { return m_window->textEdit(); }
+    QTextDocument* document() const { return edit()->document(); }
+    QString text() const { return document()->toPlainText(); }
+    QString content() const { return describe(*document()); }
+    QString message() const { return m_window->statusBar()->currentMessage(); }
+
+    QString path(const char* name) const { return m_folder.filePath(QLatin1String(name)); }
+
+    QString makeFile(const char* name, const QByteArray& rtf) const
+    {
+        QFile file(path(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(rtf) != rtf.size())
+            qFatal("cannot write %s", name);
+        return file.fileName();
+    }
+
+    /*! Opens a file with the RTF \a body. */
+    void open(const QByteArray& body, const char* name = "opened.rtf")
+    {
+        QVERIFY(m_window->openFile(makeFile(name, "{\\rtf1\\ansi " + body + "{}}")));
+    }
+
+    /*! Reads the RTF \a body, without a file. */
+    void setBody(const QByteArray& body)
+    {
+        QVERIFY(ORVTextRtf::fromRtfData("{\\rtf1\\ansi " + body + "{}}", document(), nullptr));
+    }
+
+    /*! What the file says when the window saves its document. */
+    QByteArray saved()
+    {
+        QFile file(path("saved.rtf"));
+        if (!m_window->saveFile(file.fileName()) || !file.open(QIODevice::ReadOnly))
+            qFatal("the document is not saved");
+        return file.readAll();
+    }
+
+    void select(int from, int to)
+    {
+        QTextCursor cursor(document());
+        cursor.setPosition(from);
+        cursor.setPosition(to, QTextCursor::KeepAnchor);
+        edit()->setTextCursor(cursor);
+    }
+
+    void select(int position) { select(position, position); }
+
+    /*! Types \a keys where the cursor is. */
+    void type(const char* keys) { QTest::keyClicks(edit(), QString::fromLatin1(keys)); }
+
+    QAction* action(const QByteArray& text) const
+    {
+        const QList<QAction*> actions = m_window->findChildren<QAction*>();
+        for (QAction* action : actions) {
+            if (action->text().remove(QLatin1Char('&')) == QString::fromUtf8(text))
+                return action;
+        }
+        qFatal("no action %s", text.constData());
+    }
+
+    void trigger(const QByteArray& text) const { action(text)->trigger(); }
+
+    /*! Triggers an action, and has \a answer fill in and close the dialog that it opens. */
+    template <typename Dialog>
+    void trigger(const QByteArray& text, const std::function<void(Dialog*)>& answer) const
+    {
+        const DialogAnswer<Dialog> given(answer);
+        trigger(text);
+        QVERIFY(given.isGiven());
+    }
+
+    /*! Where the character at \a position of the text is shown, in the viewport of the text edit. */
+    QPoint placeOf(int position) const
+    {
+        QTextCursor cursor(document());
+        cursor.setPosition(position);
+        return edit()->cursorRect(cursor).center() + QPoint(3, 0);
+    }
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<EditorWindow> m_window;
+};
 
 } // namespace editortest
 

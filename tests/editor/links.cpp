@@ -8,31 +8,33 @@ using namespace rtftest;
 
 namespace {
 
-DialogAnswer<LinkDialog>* newAnswer(const QString& text, const QString& target)
+/*! Text with a link to \a target from the character 5 to 9. */
+QByteArray linkTo(const QByteArray& target)
 {
-    return new DialogAnswer<LinkDialog>([=](LinkDialog* dialog) {
-        if (!text.isNull())
-            dialog->findChild<QLineEdit*>("text"_s)->setText(text);
-        dialog->findChild<QLineEdit*>("target"_s)->setText(target);
-        dialog->accept();
-    });
+    return "Text {\\field{\\*\\fldinst HYPERLINK \"" + target + "\"}{\\fldrslt link}} end";
 }
 
-QByteArray linkField(const QByteArray& target, const QByteArray& text)
+/*! The text of \a document, its links in brackets before their targets. */
+QString linksOf(const QTextDocument& document)
 {
-    return "{\\field{\\*\\fldinst HYPERLINK \"" + target + "\"}{\\fldrslt\\f0\\fs24 " + text + "}}";
-}
-
-/*! RTF with a link to \a target from the character 5 to 9. */
-QByteArray rtfWithLink(const QByteArray& target)
-{
-    return "{\\rtf1\\ansi Text {\\field{\\*\\fldinst HYPERLINK \"" + target + "\"}{\\fldrslt link}} end{}}";
+    const QString text = document.toPlainText();
+    QString result;
+    for (int position = 0; position < text.size(); ++position) {
+        const Link link = Links::at(document, position);
+        if (link.length == 0) {
+            result += text.at(position);
+        } else {
+            result += "[%1](%2)"_s.arg(text.mid(link.position, link.length), link.target);
+            position = link.position + link.length - 1;
+        }
+    }
+    return result;
 }
 
 } // namespace
 
 /*! Links in the editor window. */
-class TestEditorLinks : public QObject {
+class TestEditorLinks : public EditorTest {
     Q_OBJECT
 
 public slots:
@@ -47,90 +49,65 @@ private slots:
 
     void init()
     {
-        m_window = shownWindow();
+        EditorTest::init();
         m_opened.clear();
     }
 
-    void cleanup() { m_window.reset(); }
-
-    void selectionBecomesALink()
+    /*! What is made of the links of a file by some steps, with a selection to begin with. */
+    ORV_ROWS(links)
     {
-        m_window->textEdit()->setPlainText("some words"_s);
-        select(*m_window, 5, 10);
-        editLink(QString(), "https://example.org/a b"_s);
-        QCOMPARE(savedRtf(*m_window),
-                 documentHead() + firstParagraph() + run("some ")
-                     + linkField("https://example.org/a b", "words") + "}");
-    }
-
-    void linkIsInserted()
-    {
-        m_window->textEdit()->setPlainText("ab"_s);
-        select(*m_window, 1, 1);
-        editLink("new"_s, "x"_s);
-        editLink(QString(), "y"_s);
-        QCOMPARE(document()->toPlainText(), "anewb"_s);
-        QCOMPARE(Links::at(*document(), 2).target, "y"_s);
-        QCOMPARE(Links::at(*document(), 0).length, 0);
-        QCOMPARE(Links::at(*document(), 4).length, 0);
-    }
-
-    void linkIsEditedAsAWhole()
-    {
-        QVERIFY(openRtf(*m_window, rtfWithLink("old")));
-        select(*m_window, 7, 7);
-        editLink("other"_s, "new"_s);
-        QCOMPARE(document()->toPlainText(), "Text other end"_s);
-        const Link link = Links::at(*document(), 5);
-        QCOMPARE(link.target, "new"_s);
-        QCOMPARE(link.position, 5);
-        QCOMPARE(link.length, 5);
-    }
-
-    /*! The dialog has one line for the text. */
-    void selectionOfTwoParagraphsStaysWhatItIs()
-    {
-        m_window->textEdit()->setPlainText("one\ntwo"_s);
-        select(*m_window, 0, 7);
-        editLink(QString(), "x"_s);
-        QCOMPARE(document()->toPlainText(), "one\ntwo"_s);
-        QCOMPARE(Links::at(*document(), 0).length, 3);
-        QCOMPARE(Links::at(*document(), 4).length, 3);
-    }
-
-    ORV_ROWS(linkIsRemoved)
-    {
-        const Rows add([this](bool byDialog) {
-            QVERIFY(openRtf(*m_window, rtfWithLink("x")));
-            select(*m_window, 0, 0);
-            QVERIFY(!actionOf(*m_window, "Remove link")->isEnabled());
-            select(*m_window, 9, 9);
-            if (byDialog)
-                editLink(QString(), QString());
-            else
-                actionOf(*m_window, "Remove link")->trigger();
-            QCOMPARE(document()->toPlainText(), "Text link end"_s);
-            const QTextCharFormat format = formatOf(*document(), "link"_s);
-            QVERIFY(!format.hasProperty(QTextFormat::IsAnchor));
-            QVERIFY(!format.hasProperty(QTextFormat::AnchorHref));
+        const Rows add([this](const QByteArray& body, int from, int to, const std::function<void()>& steps,
+                              const QString& links) {
+            open(body);
+            select(from, to);
+            steps();
+            QCOMPARE(linksOf(*document()), links);
         });
-        add("action", false);
-        add("empty target", true);
+        const auto setTarget = [this] { editLink(QString(), "x"_s); };
+        const auto setBoth = [this] { editLink("other"_s, "new"_s); };
+        const auto setBothAndTarget = [=] {
+            setBoth();
+            setTarget();
+        };
+        add("selection", "some words", 5, 10, setTarget, "some [words](x)");
+        // The dialog has one line for the text.
+        add("two paragraphs", "one\\par two", 0, 7, setTarget, "[one](x)\n[two](x)");
+        add("new text", "ab", 1, 1, setBoth, "a[other](new)b");
+        add("new text, edited again", "ab", 1, 1, setBothAndTarget, "a[other](x)b");
+        add("whole link", linkTo("old"), 7, 7, setBoth, "Text [other](new) end");
+        add(
+            "text behind a link", linkTo("x"), 9, 9, [this] { type("ab"); }, "Text [link](x)ab end");
+        const auto removed = [this](const std::function<void()>& remove) {
+            return [this, remove] {
+                select(0);
+                QVERIFY(!action("Remove link")->isEnabled());
+                select(9);
+                remove();
+                const QTextCharFormat format = formatOf(*document(), "link"_s);
+                QVERIFY(!format.hasProperty(QTextFormat::IsAnchor));
+                QVERIFY(!format.hasProperty(QTextFormat::AnchorHref));
+            };
+        };
+        add("removed", linkTo("x"), 9, 9, removed([this] { trigger("Remove link"); }), "Text link end");
+        add("empty target", linkTo("x"), 9, 9, removed([this] { editLink(QString(), QString()); }),
+            "Text link end");
     }
 
-    void textTypedBehindALinkIsNoPartOfIt()
+    void linkIsSaved()
     {
-        QVERIFY(openRtf(*m_window, rtfWithLink("x")));
-        select(*m_window, 9, 9);
-        QTest::keyClicks(m_window->textEdit(), "ab"_s);
-        QCOMPARE(document()->toPlainText(), "Text linkab end"_s);
-        QCOMPARE(Links::at(*document(), 5).length, 4);
+        edit()->setPlainText("some words"_s);
+        select(5, 10);
+        editLink(QString(), "https://example.org/a b"_s);
+        QCOMPARE(saved(),
+                 documentHead() + firstParagraph() + run("some ")
+                     + "{\\field{\\*\\fldinst HYPERLINK \"https://example.org/a b\"}{\\fldrslt\\f0\\fs24 "
+                       "words}}}");
     }
 
     /*! By the view; the document stays as it is. */
     void linksAreShownAsLinks()
     {
-        QVERIFY(openRtf(*m_window, rtfWithLink("x")));
+        open(linkTo("x"));
         QVERIFY(!formatOf(*document(), "link"_s).hasProperty(QTextFormat::ForegroundBrush));
         const auto shown = [this] { return document()->begin().layout()->formats(); };
         QTRY_COMPARE(shown().size(), 1);
@@ -142,7 +119,7 @@ private slots:
 
     void statusShowsTheTarget()
     {
-        QVERIFY(openRtf(*m_window, rtfWithLink("https://example.org/\\u252 ?")));
+        open(linkTo("https://example.org/\\u252 ?"));
         click(6, Qt::NoModifier);
         QCOMPARE(message(), "https://example.org/%C3%BC"_s);
         click(1, Qt::NoModifier);
@@ -151,33 +128,27 @@ private slots:
 
     ORV_ROWS(controlClickOpens)
     {
-        const Rows add([this](const QByteArray& target, bool opens) {
-            QVERIFY(openRtf(*m_window, rtfWithLink(target)));
+        const Rows add([this](const QString& target, const QString& opened) {
+            open(linkTo(target.toLatin1()));
             click(6, Qt::NoModifier);
             QCOMPARE(m_opened, QStringList());
             click(6, Qt::ControlModifier);
-            QCOMPARE(m_opened,
-                     opens ? QStringList(QUrl(QString::fromLatin1(target)).toString()) : QStringList());
-            if (!opens)
-                QCOMPARE(message(),
-                         "Only web and mail addresses are opened: "_s + QString::fromLatin1(target));
+            QCOMPARE(m_opened.join(QLatin1Char(' ')), opened);
+            if (opened.isEmpty())
+                QCOMPARE(message(), "Only web and mail addresses are opened: "_s + target);
         });
-        add("http", "http://example.org/", true);
-        add("https", "https://example.org/", true);
-        add("upper case", "HTTPS://example.org/", true);
-        add("mail", "mailto:a@example.org", true);
-        add("file", "file:///bin/sh", false);
-        add("ftp", "ftp://example.org/", false);
-        add("script", "javascript:a()", false);
-        add("path", "/bin/sh", false);
+        add("http", "http://example.org/", "http://example.org/");
+        add("https", "https://example.org/", "https://example.org/");
+        add("upper case", "HTTPS://example.org/", "https://example.org/");
+        add("mail", "mailto:a@example.org", "mailto:a@example.org");
+        for (const char* other : {"file:///bin/sh", "ftp://example.org/", "javascript:a()", "/bin/sh"})
+            add(other, other, "");
     }
 
     /*! Nor does one behind the end of a line that ends with a link. */
     void controlClickBesideALinkDoesNotOpen()
     {
-        QVERIFY(openRtf(*m_window,
-                        "{\\rtf1\\ansi Text {\\field{\\*\\fldinst HYPERLINK "
-                        "\"https://example.org/\"}{\\fldrslt link}}{}}"));
+        open(linkTo("https://example.org/").chopped(4));
         click(1, Qt::ControlModifier);
         click(9, Qt::ControlModifier);
         QCOMPARE(m_opened, QStringList());
@@ -186,27 +157,27 @@ private slots:
     }
 
 private:
-    QTextDocument* document() const { return m_window->textEdit()->document(); }
-    QString message() const { return m_window->statusBar()->currentMessage(); }
-
+    /*! Has the user enter \a text, unless it is null, and \a target in the dialog of a link. */
     void editLink(const QString& text, const QString& target)
     {
-        const std::unique_ptr<DialogAnswer<LinkDialog>> answer(newAnswer(text, target));
-        actionOf(*m_window, "Link…")->trigger();
-        QVERIFY(answer->isGiven());
+        trigger<LinkDialog>("Link…", [=](LinkDialog* dialog) {
+            if (!text.isNull())
+                dialog->findChild<QLineEdit*>("text"_s)->setText(text);
+            dialog->findChild<QLineEdit*>("target"_s)->setText(target);
+            dialog->accept();
+        });
     }
 
     /*! Clicks on the character at \a position. */
     void click(int position, Qt::KeyboardModifier modifier)
     {
-        QWidget* const viewport = m_window->textEdit()->viewport();
-        const QPoint place = placeOf(*m_window, position);
+        QWidget* const viewport = edit()->viewport();
+        const QPoint place = placeOf(position);
         QCursor::setPos(viewport->mapToGlobal(place));
         QTest::mouseMove(viewport, place);
         QTest::mouseClick(viewport, Qt::LeftButton, modifier, place);
     }
 
-    std::unique_ptr<EditorWindow> m_window;
     QStringList m_opened;
 };
 

@@ -11,31 +11,15 @@ using namespace rtftest;
 
 namespace {
 
-/*! Has the user type \a text, in place of what is there, in the dialog of a note. */
-DialogAnswer<NoteDialog>* newAnswer(const QString& text)
+/*! Text with a footnote and a comment in it. */
+QByteArray twoNotes()
 {
-    return new DialogAnswer<NoteDialog>([text](NoteDialog* dialog) {
-        dialog->content()->setPlainText(text);
-        dialog->accept();
-    });
+    return "a{\\footnote one}b{\\*\\annotation two}c";
 }
 
-QByteArray footnote(const QByteArray& text)
+/*! The notes of \a document: kind, place and text, a line each. */
+QString notesOf(const QTextDocument& document)
 {
-    return "{\\super\\chftn{\\footnote\\pard\\plain {\\super\\chftn\\f0\\fs24} " + firstParagraph()
-        + run(text) + "}}";
-}
-
-QByteArray comment(const QByteArray& range, const QByteArray& text)
-{
-    return "{{\\*\\atrfstart 1}\\f0\\fs24 " + range
-        + "{\\*\\atrfend 1}}{\\chatn{\\*\\annotation{\\*\\atnref 1} " + firstParagraph() + run(text) + "}}";
-}
-
-/*! The notes of \a window's document: kind, place and text, a line each. */
-QString notesOf(const EditorWindow& window)
-{
-    const QTextDocument& document = *window.textEdit()->document();
     QStringList lines;
     const QVector<Note> notes = Notes::in(document);
     for (const Note& note : notes) {
@@ -49,259 +33,207 @@ QString notesOf(const EditorWindow& window)
     return lines.join(QLatin1Char('\n'));
 }
 
-/*! The tool tip over the character at \a position, as HTML; empty for none. */
-QString tipAt(EditorWindow& window, int position)
-{
-    QWidget* const viewport = window.textEdit()->viewport();
-    const QPoint place = placeOf(window, position);
-    QHelpEvent event(QEvent::ToolTip, place, viewport->mapToGlobal(place));
-    QApplication::sendEvent(viewport, &event);
-    return QToolTip::text();
-}
-
 } // namespace
 
 /*! Footnotes and comments in the editor window. */
-class TestEditorNotes : public QObject {
+class TestEditorNotes : public EditorTest {
     Q_OBJECT
 
 private slots:
-    void init() { m_window = shownWindow(); }
-    void cleanup() { m_window.reset(); }
-
-    void insertedFootnoteIsSaved()
+    ORV_ROWS(insertedNoteIsSaved)
     {
-        m_window->textEdit()->setPlainText("some words"_s);
-        select(*m_window, 5, 10);
-        trigger("Footnote…", "Which?"_s);
-        QCOMPARE(notesOf(*m_window), "attached footnote 5+5 Which?"_s);
-        const QByteArray rtf = savedRtf(*m_window);
-        QCOMPARE(rtf,
-                 documentHead() + firstParagraph() + run("some ") + run("words") + footnote("Which?") + "}");
-        QVERIFY(formatOf(*read(rtf).document, "Which?"_s).boolProperty(ORVRtfProperty::InFootnote));
-    }
-
-    void insertedCommentIsSaved()
-    {
-        m_window->textEdit()->setPlainText("some words"_s);
-        select(*m_window, 0, 4);
-        trigger("Comment…", "How many?"_s);
-        QCOMPARE(notesOf(*m_window), "attached comment 0+4 How many?"_s);
-        QCOMPARE(savedRtf(*m_window),
-                 documentHead() + firstParagraph() + comment("some", "How many?") + run(" words") + "}");
-    }
-
-    ORV_ROWS(placeOfANote)
-    {
-        const Rows add(
-            [this](const QString& text, int from, int to, const QString& note, const QString& notes) {
-                m_window->textEdit()->setPlainText(text);
-                select(*m_window, from, to);
-                trigger("Footnote…", note);
-                QCOMPARE(notesOf(*m_window), notes);
-            });
-        add("first character", "one two.", 0, 0, "x", "attached footnote 0+3 x");
-        add("within a word", "one two.", 5, 5, "x", "attached footnote 4+3 x");
-        add("behind a word, before punctuation", "one two.", 7, 7, "x", "attached footnote 4+3 x");
-        add("behind punctuation", "one two.", 8, 8, "x", "in line footnote 8+1 x");
-        add("two paragraphs: the last", "one\ntwo", 1, 6, "x", "attached footnote 4+2 x");
-        add("no word", "", 0, 0, "one\ntwo", "in line footnote 0+7 one\ntwo");
-        add("empty note: none", "word", 0, 0, "", "");
-    }
-
-    /*! RTF has one of the two only, and the link would be lost. */
-    ORV_ROWS(noteOfALinkIsPutBehindIt)
-    {
-        const Rows add([this](int from, int to) {
-            QVERIFY(openRtf(
-                *m_window, "{\\rtf1\\ansi A {\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt link}} end{}}"));
-            select(*m_window, from, to);
-            trigger("Comment…", "new"_s);
-            QCOMPARE(notesOf(*m_window), "in line comment 6+3 new"_s);
-            QCOMPARE(document()->toPlainText(), "A linknew end"_s);
-            QCOMPARE(Links::at(*document(), 2).length, 4);
+        const Rows add([this](int from, int to, const QByteArray& action, const QString& notes,
+                              const QByteArray& body, int property) {
+            edit()->setPlainText("some words"_s);
+            select(from, to);
+            enter(action, "Which?"_s);
+            QCOMPARE(notesOf(*document()), notes);
+            const QByteArray rtf = saved();
+            QCOMPARE(rtf, documentHead() + firstParagraph() + body + "}");
+            QVERIFY(formatOf(*read(rtf).document, "Which?"_s).boolProperty(property));
         });
-        add("cursor in the link", 4, 4);
-        add("selected link", 2, 6);
-        add("part of it and more", 0, 4);
+        const QByteArray note = " " + firstParagraph() + run("Which?") + "}}";
+        add("footnote", 5, 10, "Footnote…", "attached footnote 5+5 Which?",
+            run("some ") + run("words") + "{\\super\\chftn{\\footnote\\pard\\plain {\\super\\chftn\\f0\\fs24}"
+                + note,
+            int(ORVRtfProperty::InFootnote));
+        add("comment", 0, 4, "Comment…", "attached comment 0+4 Which?",
+            "{{\\*\\atrfstart 1}\\f0\\fs24 some{\\*\\atrfend 1}}{\\chatn{\\*\\annotation{\\*\\atnref 1}"
+                + note + run(" words"),
+            int(ORVRtfProperty::InAnnotation));
+    }
+
+    /*! What is made of the notes and the text of a file by some steps, with a selection to begin with. */
+    ORV_ROWS(notes)
+    {
+        const Rows add([this](const QByteArray& body, int from, int to, const std::function<void()>& steps,
+                              const QString& notes, const QString& text) {
+            open(body);
+            select(from, to);
+            steps();
+            QCOMPARE(notesOf(*document()), notes);
+            QCOMPARE(this->text(), text);
+        });
+        const auto nothing = [] {};
+        add("of a file",
+            "One{\\super\\chftn{\\footnote first {\\b bold}}} two{\\chatn{\\*\\annotation second}}"
+            "{\\footnote third}.",
+            0, 0, nothing,
+            "in line footnote 3+10 first bold\nin line comment 17+6 second\nin line footnote 23+5 third",
+            "Onefirst bold twosecondthird.");
+        add("end with their paragraph", "{\\footnote one\\par two} three", 0, 0, nothing,
+            "in line footnote 0+3 one\nin line footnote 4+3 two", "one\ntwo three");
+
+        const auto footnote = [this] { enter("Footnote…", "x"_s); };
+        add("of the first character", "one two.", 0, 0, footnote, "attached footnote 0+3 x", "one two.");
+        add("within a word", "one two.", 5, 5, footnote, "attached footnote 4+3 x", "one two.");
+        add("behind a word, before punctuation", "one two.", 7, 7, footnote, "attached footnote 4+3 x",
+            "one two.");
+        add("behind punctuation", "one two.", 8, 8, footnote, "in line footnote 8+1 x", "one two.x");
+        add("two paragraphs: the last", "one\\par two", 1, 6, footnote, "attached footnote 4+2 x",
+            "one\ntwo");
+        add(
+            "no word", "", 0, 0, [this] { enter("Footnote…", "one\ntwo"_s); },
+            "in line footnote 0+7 one\ntwo", "one\ntwo");
+        add(
+            "empty note: none", "word", 0, 0, [this] { enter("Footnote…", QString()); }, "", "word");
+        const auto two = [this] {
+            enter("Footnote…", "first"_s);
+            select(2);
+            enter("Footnote…", "second"_s);
+        };
+        add("second note of a word is put behind it", "word.", 2, 2, two,
+            "attached footnote 0+4 first\nin line footnote 5+6 second", "word second.");
+        // RTF has one of the two only, and the link would be lost.
+        const QByteArray link = "A {\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt link}} end";
+        const auto comment = [this] {
+            enter("Comment…", "new"_s);
+            QCOMPARE(Links::at(*document(), 2).length, 4);
+        };
+        add("cursor in a link", link, 4, 4, comment, "in line comment 6+3 new", "A linknew end");
+        add("selected link", link, 2, 6, comment, "in line comment 6+3 new", "A linknew end");
+        add("part of a link and more", link, 0, 4, comment, "in line comment 6+3 new", "A linknew end");
+
+        const auto edit = [this] {
+            trigger<NoteDialog>("Edit note…", [](NoteDialog* dialog) {
+                QCOMPARE(dialog->content()->toPlainText(), "before"_s);
+                dialog->content()->setPlainText("after"_s);
+                dialog->accept();
+            });
+        };
+        const auto insertAndEdit = [this, edit] {
+            enter("Comment…", "before"_s);
+            select(2);
+            edit();
+        };
+        add("edited, attached", "word end", 0, 0, insertAndEdit, "attached comment 0+4 after", "word end");
+        add("edited, in line", "{\\*\\annotation before} end", 2, 2, edit, "in line comment 0+5 after",
+            "after end");
+
+        const QByteArray oneOfEach = "word{\\footnote text} end";
+        const auto forBoth = [this](const std::function<void()>& remove) {
+            return [this, remove] {
+                enter("Comment…", "x"_s);
+                QCOMPARE(notesOf(*document()), "attached comment 0+4 x\nin line footnote 4+4 text"_s);
+                for (int position : {6, 2}) {
+                    select(position);
+                    remove();
+                }
+            };
+        };
+        add("deleted", oneOfEach, 0, 4, forBoth([this] { trigger("Delete note"); }), "", "word end");
+        add("emptied", oneOfEach, 0, 4, forBoth([this] { enter("Edit note…", QString()); }), "", "word end");
+        const auto typing = [this] { type("ab"); };
+        add("text behind a footnote", "{\\footnote text}", 4, 4, typing, "in line footnote 0+4 text",
+            "textab");
+        add("text behind a comment", "{\\*\\annotation text}", 4, 4, typing, "in line comment 0+4 text",
+            "textab");
     }
 
     /*! A font of its own, which the document has nowhere else. */
     void fontOfANoteIsSaved()
     {
-        m_window->textEdit()->setPlainText("word"_s);
-        const DialogAnswer<NoteDialog> answer([](NoteDialog* dialog) {
+        edit()->setPlainText("word"_s);
+        trigger<NoteDialog>("Footnote…", [](NoteDialog* dialog) {
             QTextCharFormat format;
             compat::setFontFamily(format, "Quibble Serif"_s);
             QTextCursor(dialog->content()).insertText("text"_s, format);
             dialog->accept();
         });
-        actionOf(*m_window, "Footnote…")->trigger();
-        const QByteArray rtf = savedRtf(*m_window);
+        const QByteArray rtf = saved();
         QVERIFY2(fontTableOf(rtf).contains("Quibble Serif"), rtf.constData());
         QCOMPARE(compat::fontFamily(formatOf(*read(rtf).document, "text"_s)), "Quibble Serif"_s);
     }
 
-    void secondNoteOfAWordIsPutBehindIt()
-    {
-        m_window->textEdit()->setPlainText("word."_s);
-        select(*m_window, 2, 2);
-        trigger("Footnote…", "first"_s);
-        select(*m_window, 2, 2);
-        trigger("Footnote…", "second"_s);
-        QCOMPARE(notesOf(*m_window), "attached footnote 0+4 first\nin line footnote 5+6 second"_s);
-        QCOMPARE(document()->toPlainText(), "word second."_s);
-    }
-
     void insertingIsOneStepForUndo()
     {
-        m_window->textEdit()->setPlainText("word"_s);
-        trigger("Comment…", "first"_s);
-        trigger("Comment…", "second"_s);
+        edit()->setPlainText("word"_s);
+        enter("Comment…", "first"_s);
+        enter("Comment…", "second"_s);
         document()->undo();
-        QCOMPARE(notesOf(*m_window), "attached comment 0+4 first"_s);
-        QCOMPARE(document()->toPlainText(), "word"_s);
+        QCOMPARE(notesOf(*document()), "attached comment 0+4 first"_s);
+        QCOMPARE(text(), "word"_s);
         document()->undo();
-        QCOMPARE(notesOf(*m_window), QString());
-    }
-
-    ORV_ROWS(notesOfAFile)
-    {
-        const Rows add([this](const QByteArray& rtf, const QString& notes) {
-            QVERIFY(openRtf(*m_window, rtf));
-            QCOMPARE(notesOf(*m_window), notes);
-        });
-        add("are found",
-            "{\\rtf1\\ansi One{\\super\\chftn{\\footnote first {\\b bold}}} two"
-            "{\\chatn{\\*\\annotation second}}{\\footnote third}.{}}",
-            "in line footnote 3+10 first bold\nin line comment 17+6 second\nin line footnote 23+5 third");
-        add("end with their paragraph", "{\\rtf1\\ansi {\\footnote one\\par two} three{}}",
-            "in line footnote 0+3 one\nin line footnote 4+3 two");
-    }
-
-    ORV_ROWS(noteIsEdited)
-    {
-        const Rows add([this](bool isAttached) {
-            if (isAttached) {
-                m_window->textEdit()->setPlainText("word end"_s);
-                trigger("Comment…", "before"_s);
-            } else {
-                QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi {\\*\\annotation before} end{}}"));
-            }
-            select(*m_window, 2, 2);
-            QString shown;
-            const DialogAnswer<NoteDialog> answer([&](NoteDialog* dialog) {
-                shown = dialog->content()->toPlainText();
-                dialog->content()->setPlainText("after"_s);
-                dialog->accept();
-            });
-            actionOf(*m_window, "Edit note…")->trigger();
-            QCOMPARE(shown, "before"_s);
-            QCOMPARE(notesOf(*m_window),
-                     isAttached ? "attached comment 0+4 after"_s : "in line comment 0+5 after"_s);
-            QVERIFY(document()->toPlainText().endsWith(" end"_s));
-        });
-        add("attached", true);
-        add("in line", false);
+        QCOMPARE(notesOf(*document()), QString());
     }
 
     void editingKeepsFormats()
     {
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi {\\footnote one {\\b two}} end{}}"));
-        const DialogAnswer<NoteDialog> answer([](NoteDialog* dialog) {
+        open("{\\footnote one {\\b two}} end");
+        trigger<NoteDialog>("Edit note…", [](NoteDialog* dialog) {
             QTextCursor(dialog->content()).insertText("new "_s, QTextCharFormat());
             dialog->accept();
         });
-        actionOf(*m_window, "Edit note…")->trigger();
-        QCOMPARE(notesOf(*m_window), "in line footnote 0+11 new one two"_s);
-        QCOMPARE(contentOf(*m_window), "new one *two* end"_s);
-    }
-
-    ORV_ROWS(noteIsDeleted)
-    {
-        const Rows add([this](const QByteArray& action, bool isEmptied) {
-            QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi word{\\footnote text} end{}}"));
-            select(*m_window, 0, 4);
-            trigger("Comment…", "x"_s);
-            QCOMPARE(notesOf(*m_window), "attached comment 0+4 x\nin line footnote 4+4 text"_s);
-            for (int position : {6, 2}) {
-                select(*m_window, position, position);
-                if (isEmptied)
-                    trigger(action.constData(), QString());
-                else
-                    actionOf(*m_window, action.constData())->trigger();
-            }
-            QCOMPARE(notesOf(*m_window), QString());
-            QCOMPARE(document()->toPlainText(), "word end"_s);
-        });
-        add("deleted", "Delete note", false);
-        add("emptied", "Edit note…", true);
+        QCOMPARE(notesOf(*document()), "in line footnote 0+11 new one two"_s);
+        QCOMPARE(content(), "new one *two* end"_s);
     }
 
     void actionsNeedANote()
     {
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi word{\\footnote text} end{}}"));
-        for (const char* action : {"Edit note…", "Delete note"}) {
-            select(*m_window, 1, 1);
-            QVERIFY(!actionOf(*m_window, action)->isEnabled());
-            select(*m_window, 6, 6);
-            QVERIFY(actionOf(*m_window, action)->isEnabled());
+        open("word{\\footnote text} end");
+        for (const char* name : {"Edit note…", "Delete note"}) {
+            select(1);
+            QVERIFY(!action(name)->isEnabled());
+            select(6);
+            QVERIFY(action(name)->isEnabled());
         }
-    }
-
-    ORV_ROWS(textTypedBehindANoteIsNoPartOfIt)
-    {
-        const Rows add([this](const QByteArray& rtf) {
-            QVERIFY(openRtf(*m_window, rtf));
-            const QString note = notesOf(*m_window);
-            select(*m_window, 4, 4);
-            QTest::keyClicks(m_window->textEdit(), "ab"_s);
-            QCOMPARE(document()->toPlainText(), "textab"_s);
-            QCOMPARE(notesOf(*m_window), note);
-        });
-        add("footnote", "{\\rtf1\\ansi {\\footnote text}{}}");
-        add("comment", "{\\rtf1\\ansi {\\*\\annotation text}{}}");
     }
 
     void panelListsAllNotes()
     {
-        QVERIFY(
-            openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote  one\\line two}b{\\*\\annotation <b>three}c{}}"));
-        QCOMPARE(m_window->notesPanel()->texts(),
-                 QStringList({"Footnote: one two"_s, "Comment: <b>three"_s}));
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{}}"));
-        QCOMPARE(m_window->notesPanel()->texts(), QStringList());
+        open("a{\\footnote  one\\line two}b{\\*\\annotation <b>three}c");
+        QCOMPARE(panel()->texts(), QStringList({"Footnote: one two"_s, "Comment: <b>three"_s}));
+        open("a");
+        QCOMPARE(panel()->texts(), QStringList());
     }
 
     void panelFollowsTheText()
     {
-        m_window->textEdit()->setPlainText("word"_s);
-        trigger("Footnote…", "new"_s);
-        QTRY_COMPARE(m_window->notesPanel()->texts(), QStringList("Footnote: new"_s));
+        edit()->setPlainText("word"_s);
+        enter("Footnote…", "new"_s);
+        QTRY_COMPARE(panel()->texts(), QStringList("Footnote: new"_s));
         document()->undo();
-        QTRY_COMPARE(m_window->notesPanel()->texts(), QStringList());
+        QTRY_COMPARE(panel()->texts(), QStringList());
     }
 
     /*! Also when the text has changed since the list was made. */
     void panelShowsThePlaceOfANote()
     {
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote one}b{\\*\\annotation two}c{}}"));
-        QTest::keyClicks(m_window->textEdit(), "xx"_s);
-        m_window->notesPanel()->showNote(1);
-        QCOMPARE(m_window->textEdit()->textCursor().selectedText(), "two"_s);
-        m_window->notesPanel()->showNote(2);
-        QCOMPARE(m_window->textEdit()->textCursor().selectedText(), "two"_s);
+        open(twoNotes());
+        type("xx");
+        panel()->showNote(1);
+        QCOMPARE(edit()->textCursor().selectedText(), "two"_s);
+        panel()->showNote(2);
+        QCOMPARE(edit()->textCursor().selectedText(), "two"_s);
     }
 
     ORV_ROWS(clickInThePanelShowsThePlace)
     {
         const Rows add([this](int button) {
-            QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote one}b{\\*\\annotation two}c{}}"));
-            const QListWidget* list = m_window->notesPanel()->findChild<QListWidget*>();
-            const QPoint second = list->visualItemRect(list->item(1)).center();
-            QTest::mousePress(list->viewport(), Qt::MouseButton(button), Qt::NoModifier, second);
-            QCOMPARE(m_window->textEdit()->textCursor().selectedText(), "two"_s);
-            QCOMPARE(list->actions(), m_window->findChild<NoteActions*>()->actions());
+            open(twoNotes());
+            QTest::mousePress(list()->viewport(), Qt::MouseButton(button), Qt::NoModifier, second());
+            QCOMPARE(edit()->textCursor().selectedText(), "two"_s);
+            QCOMPARE(list()->actions(), m_window->findChild<NoteActions*>()->actions());
         });
         add("left", int(Qt::LeftButton));
         add("right", int(Qt::RightButton));
@@ -309,22 +241,22 @@ private slots:
 
     void doubleClickInThePanelEdits()
     {
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi a{\\footnote one}b{\\*\\annotation two}c{}}"));
-        const QListWidget* list = m_window->notesPanel()->findChild<QListWidget*>();
-        const QPoint second = list->visualItemRect(list->item(1)).center();
-        const std::unique_ptr<DialogAnswer<NoteDialog>> answer(newAnswer("new"_s));
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, second);
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, second);
-        QVERIFY(answer->isGiven());
-        QCOMPARE(document()->toPlainText(), "aonebnewc"_s);
+        open(twoNotes());
+        const DialogAnswer<NoteDialog> answer(enterInDialog("new"_s));
+        QTest::mouseClick(list()->viewport(), Qt::LeftButton, Qt::NoModifier, second());
+        QTest::mouseDClick(list()->viewport(), Qt::LeftButton, Qt::NoModifier, second());
+        QVERIFY(answer.isGiven());
+        QCOMPARE(text(), "aonebnewc"_s);
     }
 
     ORV_ROWS(tipSaysWhatTheNoteSays)
     {
         const Rows add([this](int position, const QString& tip) {
-            QVERIFY(
-                openRtf(*m_window, "{\\rtf1\\ansi w{\\footnote a <b>}{\\*\\annotation two\\line lines}{}}"));
-            QCOMPARE(tipAt(*m_window, position), tip);
+            open("w{\\footnote a <b>}{\\*\\annotation two\\line lines}");
+            QWidget* const viewport = edit()->viewport();
+            QHelpEvent event(QEvent::ToolTip, placeOf(position), viewport->mapToGlobal(placeOf(position)));
+            QApplication::sendEvent(viewport, &event);
+            QCOMPARE(QToolTip::text(), tip);
         });
         add("text without a note", 0, QString());
         add("footnote", 2, "<p>Footnote: a &lt;b&gt;</p>");
@@ -333,27 +265,35 @@ private slots:
 
     void printedNotesAreNumbered()
     {
-        QVERIFY(openRtf(*m_window, "{\\rtf1\\ansi One{\\footnote first} two.{}}"));
-        select(*m_window, 9, 12);
-        trigger("Comment…", "second"_s);
+        open("One{\\footnote first} two.");
+        select(9, 12);
+        enter("Comment…", "second"_s);
         const std::unique_ptr<QTextDocument> copy = PrintCopy::of(*document());
         QCOMPARE(textOf(*copy), "One1 two2.\n1 first\n2 second"_s);
         QCOMPARE(formatOf(*copy, "2"_s).verticalAlignment(), QTextCharFormat::AlignSuperScript);
-        QCOMPARE(document()->toPlainText(), "Onefirst two."_s);
+        QCOMPARE(text(), "Onefirst two."_s);
     }
 
 private:
-    QTextDocument* document() const { return m_window->textEdit()->document(); }
+    NotesPanel* panel() const { return m_window->notesPanel(); }
+    QListWidget* list() const { return panel()->findChild<QListWidget*>(); }
+    /*! Where the second note is shown in the list. */
+    QPoint second() const { return list()->visualItemRect(list()->item(1)).center(); }
 
-    /*! Triggers \a action, and has the user say \a text in the dialog that it opens. */
-    void trigger(const char* action, const QString& text)
+    /*! Has the user enter \a text, in place of what is there, in the dialog of a note. */
+    static std::function<void(NoteDialog*)> enterInDialog(const QString& text)
     {
-        const std::unique_ptr<DialogAnswer<NoteDialog>> answer(newAnswer(text));
-        actionOf(*m_window, action)->trigger();
-        QVERIFY(answer->isGiven());
+        return [text](NoteDialog* dialog) {
+            dialog->content()->setPlainText(text);
+            dialog->accept();
+        };
     }
 
-    std::unique_ptr<EditorWindow> m_window;
+    /*! Triggers \a action, and has the user enter \a text in the dialog that it opens. */
+    void enter(const QByteArray& action, const QString& text) const
+    {
+        trigger<NoteDialog>(action, enterInDialog(text));
+    }
 };
 
 ORV_TEST("editor_notes", TestEditorNotes, QApplication)
