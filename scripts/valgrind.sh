@@ -7,7 +7,7 @@
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 
 # Hours under valgrind, or about processes: the sanitizers take care of these.
-left_out="corpus|corpus_.*|damaged|editor.*|extremes|german|hostile|limits|loadfile|tables_model"
+left_out="corpus|corpus_.*|damaged|editor.*|extremes|hostile|languages|limits|loadfile|tables_model"
 left_out+="|texttransform.*|threads|tool.*"
 
 need_packages "${build_packages[@]}" "${test_packages[@]}"

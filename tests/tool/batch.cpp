@@ -190,29 +190,24 @@ private slots:
         QCOMPARE(files("out"), words("a.txt b.txt"));
     }
 
-    void crashHurtsOneFile()
+    ORV_ROWS(hurtsOneFile)
     {
-        makePipe("a.rtf");
-        writeFiles("b");
-        QProcess process;
-        start(process, batch("a.rtf b.rtf --keep-going"));
-        qint64 worker = 0;
-        QTRY_VERIFY_WITH_TIMEOUT((worker = childOf(process.processId())) != 0, patience);
-        QCOMPARE(::kill(pid_t(worker), SIGKILL), 0);
-        QCOMPARE(finish(process),
-                 failure("orvrtf: cannot convert a.rtf: the conversion crashed\n"
-                         "orvrtf: 1 converted, 1 failed\n"));
-        QCOMPARE(files("out"), words("b.txt"));
-    }
-
-    void hangHurtsOneFile()
-    {
-        makePipe("a.rtf");
-        writeFiles("b");
-        QCOMPARE(run(batch("a.rtf b.rtf --keep-going --timeout 5")),
-                 failure("orvrtf: cannot convert a.rtf: not done within 5 seconds\n"
-                         "orvrtf: 1 converted, 1 failed\n"));
-        QCOMPARE(files("out"), words("b.txt"));
+        const Rows add([this](const QString& options, bool isKilled, const QByteArray& reason) {
+            makePipe("a.rtf");
+            writeFiles("b");
+            QProcess process;
+            start(process, batch("a.rtf b.rtf --keep-going") + words(options));
+            qint64 worker = 0;
+            QTRY_VERIFY_WITH_TIMEOUT((worker = childOf(process.processId())) != 0, patience);
+            if (isKilled)
+                QCOMPARE(::kill(pid_t(worker), SIGKILL), 0);
+            QCOMPARE(
+                finish(process),
+                failure("orvrtf: cannot convert a.rtf: " + reason + "\norvrtf: 1 converted, 1 failed\n"));
+            QCOMPARE(files("out"), words("b.txt"));
+        });
+        add("crash", "", true, "the conversion crashed");
+        add("hang", "--timeout 5", false, "not done within 5 seconds");
     }
 
     ORV_ROWS(interruptionLeavesWholeFilesOnly)

@@ -263,18 +263,6 @@ private slots:
         QCOMPARE(files(), words("in.rtf"));
     }
 
-    ORV_ROWS(nothingIsLeftBehind)
-    {
-        const Rows add([this](const QString& output) {
-            verifyFailure(run({"convert"_s, "-"_s, output}, "{\\rtf1 text}"),
-                          "orvrtf: cannot write missing/out.");
-            QCOMPARE(files(), QStringList());
-        });
-        add("pdf", "missing/out.pdf");
-        add("png", "missing/out.png");
-        add("odt", "missing/out.odt");
-    }
-
 private:
     QByteArray program(const char* name, const QStringList& arguments) const
     {

@@ -83,7 +83,8 @@ protected slots:
         m_programs.reset(new QTemporaryDir);
         QVERIFY(m_dir->isValid() && m_programs->isValid());
         m_environment = QProcessEnvironment::systemEnvironment();
-        for (const char* name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        for (const char* name :
+             {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "LANGUAGE", "LC_MESSAGES", "LC_CTYPE", "LANG"})
             m_environment.remove(QLatin1String(name));
         m_environment.insert("LC_ALL"_s, "C.UTF-8"_s);
     }
