@@ -84,34 +84,32 @@ private slots:
         QCOMPARE(message(), QString());
     }
 
-    void actionSetsTheLevelOfTheSelection()
+    ORV_ROWS(actionSetsTheLevel)
+    {
+        const Rows add([this](const QByteArray& body, int from, int to, const QByteArray& action,
+                              const QByteArray& typed, const QString& levels) {
+            open(body);
+            select(from, to);
+            trigger(action);
+            type(typed.constData());
+            QCOMPARE(this->levels("abcd"), levels);
+        });
+        add("selection", "a{\\b b}cd", 1, 3, "Revision 4", "", "0440");
+        add("cells of a column",
+            "\\trowd\\cellx2000\\cellx4000\\pard\\intbl a\\cell b\\cell\\row"
+            "\\trowd\\cellx2000\\cellx4000\\pard\\intbl c\\cell d\\cell\\row\\pard",
+            1, 6, "Revision 1", "", "1010");
+        add("what is typed", "cad", 2, 2, "Revision 3", "b", "0300");
+    }
+
+    void levelIsRemoved()
     {
         open("a{\\b b}cd");
         select(1, 3);
         trigger("Revision 4");
-        QCOMPARE(levels("abcd"), "0440"_s);
         trigger("None");
         QVERIFY(!formatOf(*document(), "b"_s).hasProperty(ORVRtfProperty::RevisionLevel));
         QCOMPARE(content(), "a*b*cd"_s);
-    }
-
-    void actionSetsTheLevelOfCells()
-    {
-        setBody("\\trowd\\cellx2000\\cellx4000\\pard\\intbl a\\cell b\\cell\\row"
-                "\\trowd\\cellx2000\\cellx4000\\pard\\intbl c\\cell d\\cell\\row\\pard");
-        const QTextTable* table = qobject_cast<QTextTable*>(document()->rootFrame()->childFrames().first());
-        select(table->cellAt(0, 0).firstPosition(), table->cellAt(1, 0).lastPosition());
-        trigger("Revision 1");
-        QCOMPARE(levels("abc"), "101"_s);
-    }
-
-    void actionSetsTheLevelOfWhatIsTyped()
-    {
-        edit()->setPlainText("a"_s);
-        select(1);
-        trigger("Revision 3");
-        type("b");
-        QCOMPARE(levels("ab"), "03"_s);
     }
 
     void actionsShowTheLevelAtTheCursor()
