@@ -167,7 +167,7 @@ private slots:
         QCOMPARE(int(edit()->alignment() & Qt::AlignHorizontal_Mask), int(Qt::AlignHCenter));
     }
 
-    void titleTellsFileAndChanges()
+    void documentIsOpenedAndSaved()
     {
         QCOMPARE(m_window->windowTitle(), "Unnamed[*]"_s);
         QVERIFY(!m_window->isWindowModified());
@@ -178,17 +178,36 @@ private slots:
         QVERIFY(m_window->isWindowModified());
         edit()->undo();
         QVERIFY(!m_window->isWindowModified());
+
+        type("x");
+        const QString file = path("saved.rtf");
+        QVERIFY(m_window->saveFile(file));
+        QCOMPARE(m_window->fileName(), file);
+        QCOMPARE(m_window->windowTitle(), "saved.rtf[*]"_s);
+        QVERIFY(!m_window->isWindowModified());
+        QTextDocument saved;
+        QVERIFY(ORVTextRtf::fromRtfFile(file, &saved, nullptr));
+        QCOMPARE(describe(saved), QLatin1Char('x') + richContent());
+        QTextDocument opened;
+        QVERIFY(ORVTextRtf::fromRtfFile(path("title.rtf"), &opened, nullptr));
+        QCOMPARE(describe(opened), richContent());
     }
 
-    void openingAMissingFile()
+    void filesThatCannotBeOpenedOrSaved()
     {
-        edit()->setPlainText("kept"_s);
+        type("kept");
         const BoxAnswer answer(QMessageBox::Ok);
         QVERIFY(!m_window->openFile(path("missing.rtf")));
         QCOMPARE(answer.text(),
                  "The file cannot be opened.\n\n%1\nNo such file or directory"_s.arg(path("missing.rtf")));
+        const QString file = path("no such folder/a.rtf");
+        const BoxAnswer secondAnswer(QMessageBox::Ok);
+        QVERIFY(!m_window->saveFile(file));
+        QCOMPARE(secondAnswer.text(),
+                 "The document cannot be saved.\n\n%1\nNo such file or directory"_s.arg(file));
         QCOMPARE(content(), "kept"_s);
         QCOMPARE(m_window->fileName(), QString());
+        QVERIFY(m_window->isWindowModified());
     }
 
     void openingADamagedFile()
@@ -202,20 +221,6 @@ private slots:
         QCOMPARE(message(), QString());
     }
 
-    void newDocumentAfterChanges()
-    {
-        open(richBody());
-        type("x");
-        const BoxAnswer answer(QMessageBox::Discard);
-        trigger("New");
-        QCOMPARE(answer.text(), "Save the changes?"_s);
-        QCOMPARE(content(), QString());
-        QCOMPARE(m_window->fileName(), QString());
-        QVERIFY(!m_window->isWindowModified());
-        type("y");
-        QVERIFY(m_window->isWindowModified());
-    }
-
     /*! The fonts of one file are not those of the next, which says nothing of fonts, or of a new document. */
     void openedFilesAreIndependent()
     {
@@ -226,37 +231,16 @@ private slots:
         QCOMPARE(document()->defaultFont().family(), font.family());
         QCOMPARE(document()->defaultFont().pointSizeF(), font.pointSizeF());
         QVERIFY(m_window->openFile(path("fonts.rtf")));
+        type("x");
+        const BoxAnswer answer(QMessageBox::Discard);
         trigger("New");
+        QCOMPARE(answer.text(), "Save the changes?"_s);
         QCOMPARE(document()->defaultFont(), font);
         QCOMPARE(m_window->windowTitle(), "Unnamed[*]"_s);
-        QCOMPARE(content(), QString());
-    }
-
-    void savedFileHasTheDocument()
-    {
-        open(richBody());
-        type("x");
-        const QString file = path("saved.rtf");
-        QVERIFY(m_window->saveFile(file));
-        QCOMPARE(m_window->fileName(), file);
-        QCOMPARE(m_window->windowTitle(), "saved.rtf[*]"_s);
-        QVERIFY(!m_window->isWindowModified());
-        QTextDocument saved;
-        QVERIFY(ORVTextRtf::fromRtfFile(file, &saved, nullptr));
-        QCOMPARE(describe(saved), QLatin1Char('x') + richContent());
-        QTextDocument opened;
-        QVERIFY(ORVTextRtf::fromRtfFile(path("opened.rtf"), &opened, nullptr));
-        QCOMPARE(describe(opened), richContent());
-    }
-
-    void savingFails()
-    {
-        type("x");
-        const QString file = path("no such folder/a.rtf");
-        const BoxAnswer answer(QMessageBox::Ok);
-        QVERIFY(!m_window->saveFile(file));
-        QCOMPARE(answer.text(), "The document cannot be saved.\n\n%1\nNo such file or directory"_s.arg(file));
         QCOMPARE(m_window->fileName(), QString());
+        QCOMPARE(content(), QString());
+        QVERIFY(!m_window->isWindowModified());
+        type("y");
         QVERIFY(m_window->isWindowModified());
     }
 

@@ -98,16 +98,6 @@ private slots:
             add(name, QString::fromLatin1(name));
     }
 
-    void pageOfRtfIsKept()
-    {
-        const QByteArray page = "\\paperw10001\\paperh9003\\margl701\\margr307\\margt1009\\margb1111";
-        write("in.rtf", "{\\rtf1" + page + " \\ri500 text}");
-        convert(words("in.rtf out.rtf"));
-        const QByteArray rtf = read("out.rtf");
-        QVERIFY2(rtf.contains(page), rtf.constData());
-        QVERIFY2(rtf.contains("\\ri500\\"), rtf.constData());
-    }
-
     ORV_ROWS(pdf)
     {
         const Rows add([this](const QString& name, const QByteArray& content, const QByteArray& pageSize,
@@ -168,19 +158,6 @@ private slots:
             const int expected = 100 + indent / 15;
             QVERIFY2(ink >= expected && ink <= expected + 3, QByteArray::number(ink).constData());
         }
-    }
-
-    ORV_ROWS(stylesOfHtml)
-    {
-        const Rows add([this](const QByteArray& words, const QByteArray& style) {
-            const QByteArray html = run("convert - - --to html", "{\\rtf1\\pard" + words + " text}").out;
-            QVERIFY2(html.contains(style), html.constData());
-        });
-        add("indents", "\\li720\\fi-360\\sb240\\sl360\\slmult1",
-            "margin-top:16px; margin-bottom:0px; margin-left:48px; margin-right:0px; -qt-block-indent:0; "
-            "text-indent:-24px; line-height:150%;");
-        // With a unit: a browser takes a bare number for lines.
-        add("exact line height", "\\sl-480", "line-height:32px;");
     }
 
     // A document of a stranger must not show, and so give away, what lies on the disk.
@@ -278,9 +255,9 @@ private:
         return QString::fromUtf8(program("pdftotext", {path, "-"_s}));
     }
 
-    void convert(const QStringList& arguments, const QByteArray& input = QByteArray()) const
+    void convert(const QStringList& arguments) const
     {
-        const ToolRun result = run(QStringList("convert"_s) + arguments, input);
+        const ToolRun result = run(QStringList("convert"_s) + arguments);
         if (result.exitCode != 0 || !result.err.isEmpty())
             qFatal("convert ends with %d: %s", result.exitCode, result.err.constData());
     }

@@ -50,17 +50,50 @@ class TestTool : public ToolTest {
     Q_OBJECT
 
 private slots:
-    void htmlHasTextLinksAndEncoding()
+    /*! How often pieces of text occur in a file, or in the standard output, "-". */
+    ORV_ROWS(pieces)
     {
-        write("in.rtf",
-              "{\\rtf1\\ansi caf\\'e9 \\u8364? {\\field{\\*\\fldinst HYPERLINK "
-              "\"https://example.org/?a=1\"}{\\fldrslt here}}\\par}");
-        QCOMPARE(run("convert in.rtf out.html"), success());
-        const QByteArray html = read("out.html");
-        QVERIFY2(html.contains("caf\xc3\xa9 \xe2\x82\xac "), html.constData());
-        QVERIFY2(html.contains("<a href=\"https://example.org/?a=1\">"), html.constData());
-        QCOMPARE(html.count("charset="), 1);
-        QVERIFY2(html.indexOf("charset=\"utf-8\"") < html.indexOf("</head>"), html.constData());
+        const Rows add([this](const QString& arguments, const QByteArray& rtf, const QString& output,
+                              const std::map<QByteArray, int>& pieces) {
+            write("in.rtf", rtf);
+            const ToolRun result = run(words(arguments));
+            QCOMPARE(result.exitCode, 0);
+            QCOMPARE(result.err, QByteArray());
+            const QByteArray text = output == "-"_s ? result.out : read(output);
+            QVERIFY(text.indexOf("<!DOCTYPE") <= 0);
+            for (const auto& piece : pieces)
+                QVERIFY2(text.count(piece.first) == piece.second, (piece.first + " in " + text).constData());
+        });
+        const auto html = [&](const QByteArray& name, const QByteArray& rtf,
+                              const std::map<QByteArray, int>& pieces) {
+            add("HTML: " + name, "convert in.rtf out.html", "{\\rtf1\\ansi" + rtf + "}", "out.html", pieces);
+        };
+        html("encoding", " caf\\'e9 \\u8364? ",
+             {{"charset=", 1}, {"charset=\"utf-8\"", 1}, {"caf\xc3\xa9 \xe2\x82\xac ", 1}});
+        html("link", "{\\field{\\*\\fldinst HYPERLINK \"https://example.org/?a=1\"}{\\fldrslt here}}",
+             {{"<a href=\"https://example.org/?a=1\">", 1}});
+        html("indents", "\\pard\\li720\\fi-360\\sb240\\sl360\\slmult1 text",
+             {{"margin-top:16px; margin-bottom:0px; margin-left:48px; margin-right:0px; -qt-block-indent:0; "
+               "text-indent:-24px; line-height:150%;",
+               1}});
+        // With a unit: a browser takes a bare number for lines.
+        html("exact line height", "\\pard\\sl-480 text", {{"line-height:32px;", 1}});
+        const QByteArray page = "\\paperw10001\\paperh9003\\margl701\\margr307\\margt1009\\margb1111";
+        add("page of RTF", "convert in.rtf out.rtf", "{\\rtf1" + page + " \\ri500 text}", "out.rtf",
+            {{page, 1}, {"\\ri500\\", 1}});
+
+        const auto format = [&](const QByteArray& arguments, const char* output, int isHtml) {
+            add("format: " + arguments, QString::fromUtf8(arguments), "{\\rtf1 Text}", output,
+                {{"<!DOCTYPE HTML", isHtml}, {"Text", 1}});
+        };
+        format("convert in.rtf out.html", "out.html", 1);
+        format("convert in.rtf out.htm", "out.htm", 1);
+        format("convert in.rtf OUT.HTML", "OUT.HTML", 1);
+        format("convert in.rtf out.txt", "out.txt", 0);
+        format("convert in.rtf out.txt.html", "out.txt.html", 1);
+        format("convert in.rtf out --to html", "out", 1);
+        format("convert in.rtf out.html --to txt", "out.html", 0);
+        format("--to=html convert in.rtf out.txt", "out.txt", 1);
     }
 
     /*! PNG is decoded and encoded anew, JPEG keeps its bytes. */
@@ -144,23 +177,6 @@ private slots:
         damage("no hexadecimal digits", "{\\rtf1 \\'zz}", "Invalid control word parameter encountered");
         add("damaged file is converted", "convert in.rtf out.txt", {{"in.rtf", "{\\rtf1 kept}}"}}, "",
             failure("orvrtf: in.rtf: Unmatched '{' in Rich Text file\n"), {{"out.txt", "kept\n"}});
-    }
-
-    ORV_ROWS(outputFormat)
-    {
-        const Rows add([this](const QString& arguments, const QString& output, bool isHtml) {
-            write("in.rtf", "{\\rtf1 Text}");
-            QCOMPARE(run(words(arguments)).exitCode, 0);
-            QCOMPARE(read(output).startsWith("<!DOCTYPE HTML"), isHtml);
-        });
-        add("html suffix", "convert in.rtf out.html", "out.html", true);
-        add("htm suffix", "convert in.rtf out.htm", "out.htm", true);
-        add("capital suffix", "convert in.rtf OUT.HTML", "OUT.HTML", true);
-        add("txt suffix", "convert in.rtf out.txt", "out.txt", false);
-        add("last suffix counts", "convert in.rtf out.txt.html", "out.txt.html", true);
-        add("to html without suffix", "convert in.rtf out --to html", "out", true);
-        add("to txt beats suffix", "convert in.rtf out.html --to txt", "out.html", false);
-        add("option first", "--to=html convert in.rtf out.txt", "out.txt", true);
     }
 
     // A writer that pauses must not look like the end of the input.
@@ -344,7 +360,7 @@ private slots:
         row("convert missing.txt old.rtf", "missing.txt");
     }
 
-    void standardInputIsDirectory()
+    void standardInputCannotBeRead()
     {
         for (const char* command : {"convert - out.html", "strip - out.rtf", "info -", "check -"}) {
             QProcess process;
@@ -353,12 +369,8 @@ private slots:
             verifyFailure(finish(process), "standard input");
         }
         QCOMPARE(files(), QStringList());
-    }
-
-    void noRoomForPipedInput()
-    {
         m_environment.insert("TMPDIR"_s, write("file", QByteArray()));
-        verifyFailure(run(words("check -"), "{\\rtf1 Text}"), "no temporary file");
+        verifyFailure(run("check -", "{\\rtf1 Text}"), "no temporary file");
     }
 
     ORV_ROWS(unwritableOutput)
@@ -408,14 +420,10 @@ private slots:
             start(process, words(arguments));
             verifyFailure(finish(process), "orvrtf: cannot write standard output: ");
         });
-        add("convert to html", "convert in.rtf - --to html");
-        add("convert to txt", "convert in.rtf - --to txt");
-        add("convert to rtf", "convert in.rtf - --to rtf");
-        add("convert to rtf for storage", "convert in.rtf - --to rtf --storage");
-        add("strip", "strip in.rtf -");
-        add("info", "info in.rtf");
-        add("help", "--help");
-        add("version", "--version");
+        for (const char* arguments :
+             {"convert in.rtf - --to html", "convert in.rtf - --to txt", "convert in.rtf - --to rtf",
+              "convert in.rtf - --to rtf --storage", "strip in.rtf -", "info in.rtf", "--help", "--version"})
+            add(arguments, arguments);
     }
 
     void help()
