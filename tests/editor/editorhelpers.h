@@ -149,6 +149,9 @@ protected:
         return file.fileName();
     }
 
+    /*! Formats that the view adds to the first paragraph. */
+    QVector<QTextLayout::FormatRange> shownFormats() const { return document()->begin().layout()->formats(); }
+
     /*! Opens a file with the RTF \a body. */
     void open(const QByteArray& body, const char* name = "opened.rtf")
     {

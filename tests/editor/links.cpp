@@ -109,12 +109,11 @@ private slots:
     {
         open(linkTo("x"));
         QVERIFY(!formatOf(*document(), "link"_s).hasProperty(QTextFormat::ForegroundBrush));
-        const auto shown = [this] { return document()->begin().layout()->formats(); };
-        QTRY_COMPARE(shown().size(), 1);
-        QCOMPARE(shown().first().start, 5);
-        QCOMPARE(shown().first().length, 4);
-        QCOMPARE(shown().first().format.foreground(), QGuiApplication::palette().link());
-        QVERIFY(shown().first().format.fontUnderline());
+        QTRY_COMPARE(shownFormats().size(), 1);
+        QCOMPARE(shownFormats().first().start, 5);
+        QCOMPARE(shownFormats().first().length, 4);
+        QCOMPARE(shownFormats().first().format.foreground(), QGuiApplication::palette().link());
+        QVERIFY(shownFormats().first().format.fontUnderline());
     }
 
     void statusShowsTheTarget()

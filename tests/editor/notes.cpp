@@ -216,27 +216,27 @@ private slots:
         QTRY_COMPARE(panel()->texts(), QStringList());
     }
 
-    /*! Also when the text has changed since the list was made. */
-    void panelShowsThePlaceOfANote()
+    ORV_ROWS(panelShowsThePlaceOfANote)
     {
-        open(twoNotes());
-        type("xx");
-        panel()->showNote(1);
-        QCOMPARE(edit()->textCursor().selectedText(), "two"_s);
-        panel()->showNote(2);
-        QCOMPARE(edit()->textCursor().selectedText(), "two"_s);
-    }
-
-    ORV_ROWS(clickInThePanelShowsThePlace)
-    {
-        const Rows add([this](int button) {
+        const Rows add([this](const std::function<void()>& show) {
             open(twoNotes());
-            QTest::mousePress(list()->viewport(), Qt::MouseButton(button), Qt::NoModifier, second());
+            show();
             QCOMPARE(edit()->textCursor().selectedText(), "two"_s);
             QCOMPARE(list()->actions(), m_window->findChild<NoteActions*>()->actions());
         });
-        add("left", int(Qt::LeftButton));
-        add("right", int(Qt::RightButton));
+        const auto press = [this](Qt::MouseButton button) {
+            return [=] { QTest::mousePress(list()->viewport(), button, Qt::NoModifier, second()); };
+        };
+        add("left button", press(Qt::LeftButton));
+        add("right button", press(Qt::RightButton));
+        add("text that has changed since the list was made", [this] {
+            type("xx");
+            panel()->showNote(1);
+        });
+        add("no such note", [this] {
+            panel()->showNote(1);
+            panel()->showNote(2);
+        });
     }
 
     void doubleClickInThePanelEdits()

@@ -38,11 +38,10 @@ private slots:
     {
         const Rows add([this](int level, const QColor& color) {
             open("Text {\\*\\orvrevlvl" + QByteArray::number(level) + " new}");
-            const auto shown = [this] { return document()->begin().layout()->formats(); };
-            QTRY_COMPARE(shown().size(), 1);
-            QCOMPARE(shown().first().start, 5);
-            QCOMPARE(shown().first().length, 3);
-            QCOMPARE(shown().first().format.foreground().color(), color);
+            QTRY_COMPARE(shownFormats().size(), 1);
+            QCOMPARE(shownFormats().first().start, 5);
+            QCOMPARE(shownFormats().first().length, 3);
+            QCOMPARE(shownFormats().first().format.foreground().color(), color);
         });
         add("1", 1, QColor(Qt::red));
         add("2", 2, QColor(Qt::blue));
@@ -55,7 +54,7 @@ private slots:
     void levelAndColourAreSaved()
     {
         open(GreenSecondRevision);
-        QTRY_COMPARE(document()->begin().layout()->formats().size(), 1);
+        QTRY_COMPARE(shownFormats().size(), 1);
         const QByteArray rtf = saved();
         QVERIFY2(message().startsWith("Saved with revision levels"_s), qPrintable(message()));
         QCOMPARE(colorTableOf(rtf),
