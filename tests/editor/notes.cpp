@@ -104,6 +104,15 @@ private slots:
         };
         add("second note of a word is put behind it", "word.", 2, 2, two,
             "attached footnote 0+4 first\nin line footnote 5+6 second", "word second.");
+        const auto undone = [this] {
+            enter("Comment…", "first"_s);
+            enter("Comment…", "second"_s);
+            document()->undo();
+            QCOMPARE(notesOf(*document()), "attached comment 0+4 first"_s);
+            QCOMPARE(text(), "word"_s);
+            document()->undo();
+        };
+        add("inserting is one step for undo", "word", 0, 0, undone, "", "word");
         // RTF has one of the two only, and the link would be lost.
         const QByteArray link = "A {\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt link}} end";
         const auto comment = [this] {
@@ -165,18 +174,6 @@ private slots:
         QCOMPARE(compat::fontFamily(formatOf(*read(rtf).document, "text"_s)), "Quibble Serif"_s);
     }
 
-    void insertingIsOneStepForUndo()
-    {
-        edit()->setPlainText("word"_s);
-        enter("Comment…", "first"_s);
-        enter("Comment…", "second"_s);
-        document()->undo();
-        QCOMPARE(notesOf(*document()), "attached comment 0+4 first"_s);
-        QCOMPARE(text(), "word"_s);
-        document()->undo();
-        QCOMPARE(notesOf(*document()), QString());
-    }
-
     void editingKeepsFormats()
     {
         open("{\\footnote one {\\b two}} end");
@@ -199,17 +196,12 @@ private slots:
         }
     }
 
-    void panelListsAllNotes()
+    void panelListsAllNotesOfTheText()
     {
         open("a{\\footnote  one\\line two}b{\\*\\annotation <b>three}c");
         QCOMPARE(panel()->texts(), QStringList({"Footnote: one two"_s, "Comment: <b>three"_s}));
         open("a");
         QCOMPARE(panel()->texts(), QStringList());
-    }
-
-    void panelFollowsTheText()
-    {
-        edit()->setPlainText("word"_s);
         enter("Footnote…", "new"_s);
         QTRY_COMPARE(panel()->texts(), QStringList("Footnote: new"_s));
         document()->undo();

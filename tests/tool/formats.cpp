@@ -99,24 +99,16 @@ private slots:
             {});
     }
 
-    void htmlFromDocument()
+    void formatsAndPageAreKept()
     {
-        fake("soffice", "printf '{\\\\rtf1 a {\\\\b strong}}' >output/source.rtf");
-        write("in.odt", "content");
-        QCOMPARE(run("convert in.odt out.html"), success());
+        const QByteArray page = "\\paperw11906\\paperh16838\\margl1134\\margr1134";
+        fake("soffice", "cp source.docx output/source.rtf");
+        write("in.docx", "{\\rtf1" + page + " \\ri0 a {\\b strong}}");
+        QCOMPARE(run("convert in.docx out.html"), success());
         QVERIFY(read("out.html").contains(">strong</span>"));
-    }
-
-    void pageIsKept()
-    {
-        fake("soffice",
-             "printf '{\\\\rtf1\\\\paperw11906\\\\paperh16838\\\\margl1134\\\\margr1134 \\\\ri0 text}' "
-             ">output/source.rtf");
-        write("in.docx", "content");
         QCOMPARE(run("convert in.docx out.rtf"), success());
-        const QByteArray rtf = read("out.rtf");
-        QVERIFY2(rtf.contains("\\paperw11906\\paperh16838\\margl1134\\margr1134"), rtf.constData());
-        QVERIFY2(rtf.contains("\\ri0\\"), rtf.constData());
+        QVERIFY2(read("out.rtf").contains(page), read("out.rtf").constData());
+        QVERIFY2(read("out.rtf").contains("\\ri0\\"), read("out.rtf").constData());
     }
 
     void anyFileName()
