@@ -1,7 +1,7 @@
 #include "Translations.h"
 #include "tooltest.h"
 
-/*! Which languages messages are wanted in, and what users who prefer German are told by the tool and the library. */
+/*! Which languages users want, and what those are told who prefer German, by the tool and by the library. */
 class TestLanguages : public ToolTest {
     Q_OBJECT
 
