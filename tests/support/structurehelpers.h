@@ -21,11 +21,12 @@ inline QString tableLines(const QTextDocument& document)
 
 inline QString levelLine(const ORVTextListLevel& level)
 {
-    return QStringLiteral("'%1' kind %2 indent %3 first line %4")
-        .arg(level.text())
+    // The text comes last, as it may have place markers of its own.
+    return QStringLiteral("kind %1 indent %2 first line %3 '%4'")
         .arg(level.kind())
         .arg(level.indent())
-        .arg(level.firstLinePosition());
+        .arg(level.firstLinePosition())
+        .arg(level.text());
 }
 
 /*! The levels of \a list that can be kept: eight at most. */
