@@ -22,12 +22,9 @@ QTextCharFormat textFormat()
     return format;
 }
 
-template <typename Value>
-QTextCharFormat textWith(int property, const Value& value)
+QTextCharFormat textWith(int property, const QVariant& value)
 {
-    QTextCharFormat format = textFormat();
-    format.setProperty(property, value);
-    return format;
+    return with(textFormat(), {{property, value}});
 }
 
 QTextCharFormat withFamily(const char* family, bool fixedPitch)
@@ -38,20 +35,9 @@ QTextCharFormat withFamily(const char* family, bool fixedPitch)
     return format;
 }
 
-QTextCharFormat link(const char* target)
+QTextCharFormat link(const QString& target)
 {
-    QTextCharFormat format = textFormat();
-    format.setAnchor(true);
-    format.setAnchorHref(QLatin1String(target));
-    return format;
-}
-
-/*! Underlines are written with the automatic colour, which is the first of the table: that of plain text. */
-QTextCharFormat underlined(QTextCharFormat::UnderlineStyle style)
-{
-    QTextCharFormat format = textFormat();
-    format.setProperty(QTextFormat::TextUnderlineStyle, int(style));
-    return format;
+    return with(textFormat(), {{QTextFormat::IsAnchor, true}, {QTextFormat::AnchorHref, target}});
 }
 
 /*! The properties of all paragraphs and runs of \a document, a line each, and their texts. */
@@ -92,26 +78,12 @@ void checkThatAllComesBack(const RoundTrip& trip, const QTextDocument& document,
     QCOMPARE(trip.second, trip.first);
 }
 
-/*! Compares what is written of what was read with what is then written again. */
+/*! What was read is the same when it is written and read again, and is then written the same. */
 void checkThatItSettles(const RoundTrip& trip)
 {
     const RoundTrip again(*trip.reading.document);
+    QCOMPARE(again.reading.text(), trip.reading.text());
     QCOMPARE(again.second, again.first);
-}
-
-QTextBlockFormat paragraphWith(int property, const QVariant& value)
-{
-    QTextBlockFormat format;
-    format.setProperty(property, value);
-    return format;
-}
-
-QTextBlockFormat paragraphWith(int property, const QVariant& value, int secondProperty,
-                               const QVariant& secondValue)
-{
-    QTextBlockFormat format = paragraphWith(property, value);
-    format.setProperty(secondProperty, secondValue);
-    return format;
 }
 
 /*! Why a sample is not written the same after it was read back; null when it is. */
@@ -151,38 +123,21 @@ QTextImageFormat picture(double width, double height)
     return format;
 }
 
-/*! The table that the second paragraph of \a document stands in. */
-QTextTable* tableOf(const QTextDocument& document)
-{
-    return QTextCursor(document.begin().next()).currentTable();
-}
-
-/*! Spans, format and text of each cell of \a table, a line each. */
-QString cellsOf(const QTextTable& table)
+/*! Background and alignment of each cell of \a table, a line each. */
+QString cellFormatsOf(const QTextTable& table)
 {
     QStringList lines;
-    for (int row = 0; row < table.rows(); ++row) {
-        for (int column = 0; column < table.columns(); ++column) {
-            const QTextTableCell cell = table.cellAt(row, column);
-            const QTextCharFormat format = cell.format();
-            // Unless something else is said, cells are aligned to the top.
-            const int alignment = int(format.verticalAlignment());
-            lines << "%1 %2: %3x%4 %5 %6 '%7'"_s.arg(cell.row())
-                         .arg(cell.column())
-                         .arg(cell.rowSpan())
-                         .arg(cell.columnSpan())
-                         .arg(compat::brushColor(format, QTextFormat::BackgroundBrush).name())
-                         .arg(alignment ? alignment : int(QTextCharFormat::AlignTop))
-                         .arg(cell.firstCursorPosition().block().text());
-        }
+    for (int i = 0; i < table.rows() * table.columns(); ++i) {
+        const QTextCharFormat format = table.cellAt(i / table.columns(), i % table.columns()).format();
+        // Unless something else is said, cells are aligned to the top.
+        const int alignment = int(format.verticalAlignment());
+        lines << "%1 %2"_s.arg(compat::brushColor(format, QTextFormat::BackgroundBrush).name())
+                     .arg(alignment ? alignment : int(QTextCharFormat::AlignTop));
     }
     return lines.join(QLatin1Char('\n'));
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(QTextCharFormat)
-Q_DECLARE_METATYPE(QTextBlockFormat)
 
 class TestRoundTrip : public QObject {
     Q_OBJECT
@@ -201,11 +156,6 @@ private slots:
         add("words", "\\par {\\b x} \\'e9");
         add("blanks", "  two  blanks  ");
         add("tabs", "a\tb\t\tc");
-        add("latin", "Café Ærø ß ÿ ¿");
-        add("greek", "Ελληνικά");
-        add("chinese", "汉字");
-        add("hebrew", "שלום");
-        add("quotes", "‘a’ “b”");
         add("dashes", "a–b—c •d");
         add("dashesBeforeBlanks", "a – b — c • d");
         add("noBreakSpace", "a\u00a0b\u00a0 c");
@@ -213,8 +163,6 @@ private slots:
         add("beyondTheBasicPlane", "a\U0001F600b");
         add("digitsAfterWideCharacters", "é1 ü2 ß?");
         add("placeholders", "<$p> of <$pagecount>");
-        add("privateUse", QString(QChar(0xf020)));
-        add("lastCharacters", QString(QChar(0xfffd)));
     }
 
     ORV_ROWS(characterFormats)
@@ -229,12 +177,14 @@ private slots:
         add("normalWeight", textWith(QTextFormat::FontWeight, int(QFont::Normal)));
         add("italic", textWith(QTextFormat::FontItalic, true));
         add("notItalic", textWith(QTextFormat::FontItalic, false));
-        add("single", underlined(QTextCharFormat::SingleUnderline));
-        add("dash", underlined(QTextCharFormat::DashUnderline));
-        add("dot", underlined(QTextCharFormat::DotLine));
-        add("dashDot", underlined(QTextCharFormat::DashDotLine));
-        add("dashDotDot", underlined(QTextCharFormat::DashDotDotLine));
-        add("wave", underlined(QTextCharFormat::WaveUnderline));
+        // Underlines are written with the automatic colour, which is the first of the table: that of plain text.
+        const int underline = QTextFormat::TextUnderlineStyle;
+        add("single", textWith(underline, int(QTextCharFormat::SingleUnderline)));
+        add("dash", textWith(underline, int(QTextCharFormat::DashUnderline)));
+        add("dot", textWith(underline, int(QTextCharFormat::DotLine)));
+        add("dashDot", textWith(underline, int(QTextCharFormat::DashDotLine)));
+        add("dashDotDot", textWith(underline, int(QTextCharFormat::DashDotDotLine)));
+        add("wave", textWith(underline, int(QTextCharFormat::WaveUnderline)));
         add("superscript", textWith(QTextFormat::TextVerticalAlignment, 1));
         add("subscript", textWith(QTextFormat::TextVerticalAlignment, 2));
         add("strikeOut", textWith(QTextFormat::FontStrikeOut, true));
@@ -256,38 +206,34 @@ private slots:
     ORV_ROWS(paragraphFormats)
     {
         using namespace ORVRtfProperty;
-        const Rows add([](const QTextBlockFormat& format) {
-            const Document document = newDocument();
-            QTextCursor cursor(document.data());
-            cursor.insertText("before", textFormat());
-            cursor.insertBlock(format);
-            cursor.insertText("one", textFormat());
-            cursor.insertBlock(format);
-            cursor.insertText("two", textFormat());
-            cursor.insertBlock(QTextBlockFormat());
-            cursor.insertText("after", textFormat());
-            checkThatAllComesBack(RoundTrip(*document), *document);
+        const Rows add([](const Properties& properties) {
+            Story story;
+            story.add("before", textFormat());
+            for (const char* text : {"one", "two"})
+                story.paragraph().format(blockFormat(properties)).add(text, textFormat());
+            story.paragraph().format(QTextBlockFormat()).add("after", textFormat());
+            checkThatAllComesBack(RoundTrip(*story.document()), *story.document());
         });
-        add("plain", QTextBlockFormat());
-        add("left", paragraphWith(QTextFormat::BlockAlignment, 1));
-        add("right", paragraphWith(QTextFormat::BlockAlignment, 2));
-        add("centre", paragraphWith(QTextFormat::BlockAlignment, 4));
-        add("justify", paragraphWith(QTextFormat::BlockAlignment, 8));
-        add("hanging", paragraphWith(LeftIndent, 36.0, QTextFormat::TextIndent, 18.0));
-        add("flush", paragraphWith(LeftIndent, 36.0, QTextFormat::TextIndent, 36.0));
-        add("outdented", paragraphWith(LeftIndent, 36.0, QTextFormat::TextIndent, 0.0));
-        add("firstLine", paragraphWith(QTextFormat::TextIndent, 18.0));
-        add("negative", paragraphWith(LeftIndent, -36.0, QTextFormat::TextIndent, -18.0));
-        add("oddTwips", paragraphWith(LeftIndent, 28.35, QTextFormat::TextIndent, 14.15));
-        add("rightIndent", paragraphWith(RightIndent, 414.0));
-        add("oddRightIndent", paragraphWith(RightIndent, 401.35));
-        add("space", paragraphWith(QTextFormat::BlockTopMargin, 6.05, QTextFormat::BlockBottomMargin, 12.15));
-        add("exactSpacing", paragraphWith(LineSpacing, 14.0));
-        add("doubleSpacing", paragraphWith(LineSpacing, 24.0, LineMultiple, 12.0));
-        add("oddSpacing", paragraphWith(LineSpacing, 13.8, LineMultiple, 12.0));
-        add("pageBreak", paragraphWith(QTextFormat::PageBreakPolicy, 0x1));
-        add("keep", paragraphWith(QTextFormat::PageBreakPolicy, 0x220));
-        add("rightToLeft", paragraphWith(QTextFormat::LayoutDirection, int(Qt::RightToLeft)));
+        add("plain", Properties());
+        add("left", {{QTextFormat::BlockAlignment, 1}});
+        add("right", {{QTextFormat::BlockAlignment, 2}});
+        add("centre", {{QTextFormat::BlockAlignment, 4}});
+        add("justify", {{QTextFormat::BlockAlignment, 8}});
+        add("hanging", {{LeftIndent, 36.0}, {QTextFormat::TextIndent, 18.0}});
+        add("flush", {{LeftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
+        add("outdented", {{LeftIndent, 36.0}, {QTextFormat::TextIndent, 0.0}});
+        add("firstLine", {{QTextFormat::TextIndent, 18.0}});
+        add("negative", {{LeftIndent, -36.0}, {QTextFormat::TextIndent, -18.0}});
+        add("oddTwips", {{LeftIndent, 28.35}, {QTextFormat::TextIndent, 14.15}});
+        add("rightIndent", {{RightIndent, 414.0}});
+        add("oddRightIndent", {{RightIndent, 401.35}});
+        add("space", {{QTextFormat::BlockTopMargin, 6.05}, {QTextFormat::BlockBottomMargin, 12.15}});
+        add("exactSpacing", {{LineSpacing, 14.0}});
+        add("doubleSpacing", {{LineSpacing, 24.0}, {LineMultiple, 12.0}});
+        add("oddSpacing", {{LineSpacing, 13.8}, {LineMultiple, 12.0}});
+        add("pageBreak", {{QTextFormat::PageBreakPolicy, 0x1}});
+        add("keep", {{QTextFormat::PageBreakPolicy, 0x220}});
+        add("rightToLeft", {{QTextFormat::LayoutDirection, int(Qt::RightToLeft)}});
     }
 
     void tabStops()
@@ -320,29 +266,25 @@ private slots:
     {
         const QTextCharFormat page = link("http://localhost/a?b=c&d");
         const QTextCharFormat file = link("c:\\{notes}\\file.txt");
-        QTextCharFormat italic = page;
-        italic.setFontItalic(true);
         Story story;
-        story.add("before", textFormat()).add("one", page).add("two", italic).add("other", file);
+        story.add("before", textFormat())
+            .add("one", page)
+            .add("two", with(page, {{QTextFormat::FontItalic, true}}))
+            .add("other", file);
         story.paragraph().add("next", file).add("after", textFormat());
         checkThatAllComesBack(RoundTrip(*story.document()), *story.document());
     }
 
     void pictures()
     {
-        const Document document = newDocument();
-        document->addResource(QTextDocument::ImageResource, QUrl("picture.png"), gradient());
         QTextImageFormat formula = picture(50, 30);
         formula.setProperty(ORVRtfProperty::MathML, "<math>{a\\b}</math>"_s);
-        QTextCursor cursor(document.data());
-        cursor.insertText("before", textFormat());
-        cursor.insertImage(picture(5, 3));
-        cursor.insertImage(picture(5, 3));
-        cursor.insertText("between", textFormat());
-        cursor.insertImage(formula);
-        const RoundTrip trip(*document);
+        Story story;
+        story.addResource("picture.png", gradient()).add("before", textFormat()).addPicture(picture(5, 3));
+        story.addPicture(picture(5, 3)).add("between", textFormat()).addPicture(formula);
+        const RoundTrip trip(*story.document());
         QCOMPARE(trip.reading.status, 0);
-        QCOMPARE(trip.reading.text(), textOf(*document));
+        QCOMPARE(trip.reading.text(), textOf(*story.document()));
         const QList<QTextImageFormat> images = trip.reading.images();
         QCOMPARE(images.size(), 3);
         for (const QTextImageFormat& image : images) {
@@ -360,13 +302,11 @@ private slots:
     {
         const QByteArray bytes = ORVGuiUtil::toByteArray(gradient(), "JPEG", 90);
         QVERIFY(!bytes.isEmpty());
-        const Document document = newDocument();
-        document->addResource(QTextDocument::ImageResource, QUrl("picture.png"), QImage::fromData(bytes));
         QTextImageFormat format = picture(5, 3);
         format.setProperty(ORVRtfProperty::SourceImageData, bytes);
         format.setProperty(ORVRtfProperty::ImageType, "JPEG"_s);
-        QTextCursor(document.data()).insertImage(format);
-        const RoundTrip trip(*document);
+        const RoundTrip trip(
+            *Story().addResource("picture.png", QImage::fromData(bytes)).addPicture(format).document());
         QCOMPARE(trip.reading.images().size(), 1);
         const QTextImageFormat image = trip.reading.images().first();
         QCOMPARE(image.property(ORVRtfProperty::SourceImageData).toByteArray(), bytes);
@@ -401,15 +341,10 @@ private slots:
         const RoundTrip trip(*document);
         QCOMPARE(trip.reading.status, 0);
         QCOMPARE(trip.reading.text(), textOf(*document));
-        QTextList* read = trip.reading.block(0).textList();
-        QVERIFY(read);
-        QCOMPARE(read->count(), 6);
-        QCOMPARE(ORVTextListFormat::levels(read->format()), levels);
-        for (int i = 0; i < 6; ++i) {
-            const QTextBlock block = trip.reading.block(i);
-            QCOMPARE(ORVTextListFormat::blockLevel(read, block), i % 3);
-            QCOMPARE(block.blockFormat().doubleProperty(ORVRtfProperty::LeftIndent), 36.0 * (i % 3 + 1));
-        }
+        QCOMPARE(listLines(*trip.reading.document), listLines(*document));
+        for (int i = 0; i < 6; ++i)
+            QCOMPARE(trip.reading.blockFormat(i).doubleProperty(ORVRtfProperty::LeftIndent),
+                     36.0 * (i % 3 + 1));
         QCOMPARE(trip.second, trip.first);
     }
 
@@ -445,18 +380,16 @@ private slots:
 
         const RoundTrip trip(*document);
         QCOMPARE(trip.reading.status, 0);
-        QTextTable* read = tableOf(*trip.reading.document);
-        QVERIFY(read);
-        QCOMPARE(cellsOf(*read), cellsOf(*table));
+        QCOMPARE(tableLines(*trip.reading.document), tableLines(*document));
+        const QTextTable* read = firstTable(trip.reading);
+        QCOMPARE(cellFormatsOf(*read), cellFormatsOf(*table));
         QCOMPARE(read->format().border(), 1.5);
         QCOMPARE(read->format().borderStyle(), QTextFrameFormat::BorderStyle_Solid);
         QCOMPARE(read->format().borderBrush(), QBrush(Qt::blue));
         QCOMPARE(read->format().cellPadding(), 5.4);
         QCOMPARE(read->format().columnWidthConstraints(), format.columnWidthConstraints());
-        // Reading begins a paragraph behind each table; from then on nothing changes.
-        const RoundTrip again(*trip.reading.document);
-        QCOMPARE(again.second, again.first);
-        QCOMPARE(again.reading.text(), trip.reading.text());
+        // Reading begins a paragraph behind each table.
+        checkThatItSettles(trip);
     }
 
     void nestedTables()
@@ -473,38 +406,27 @@ private slots:
 
         const RoundTrip trip(*document);
         QCOMPARE(trip.reading.status, 0);
-        QTextTable* read = tableOf(*trip.reading.document);
-        QVERIFY(read);
-        QCOMPARE(read->rows(), 2);
-        QCOMPARE(read->columns(), 2);
-        QCOMPARE(cellsOf(*read), cellsOf(*outer));
-        const QTextTableCell readCell = read->cellAt(0, 1);
-        QTextTable* readInner = QTextCursor(readCell.firstCursorPosition().block().next()).currentTable();
-        QVERIFY(readInner && readInner != read);
-        QCOMPARE(cellsOf(*readInner), cellsOf(*inner));
+        // Reading begins a paragraph behind each table.
+        QCOMPARE(tableLines(*trip.reading.document), "2: left, before|{1: upper / lower}|| / -, right"_s);
         checkThatItSettles(trip);
     }
 
     void paragraphsAroundTables()
     {
-        const Document document = newDocument();
+        const Document document = textDocument("before", textFormat());
         QTextCursor cursor(document.data());
-        cursor.insertText("before", textFormat());
         for (int i = 0; i < 2; ++i) {
-            QTextTable* table = cursor.insertTable(1, 1);
-            table->cellAt(0, 0).firstCursorPosition().insertText("cell %1"_s.arg(i), textFormat());
+            cursor.movePosition(QTextCursor::End);
+            cursor.insertTable(1, 1)->cellAt(0, 0).firstCursorPosition().insertText("cell %1"_s.arg(i),
+                                                                                    textFormat());
             cursor.movePosition(QTextCursor::End);
             cursor.insertText("after %1"_s.arg(i), textFormat());
         }
         const RoundTrip trip(*document);
         QCOMPARE(trip.reading.status, 0);
-        QString text = trip.reading.text();
-        while (text.contains("\n\n"))
-            text.replace("\n\n", "\n");
-        QCOMPARE(text, "before\ncell 0\nafter 0\ncell 1\nafter 1"_s);
-        const RoundTrip again(*trip.reading.document);
-        QCOMPARE(again.reading.text(), trip.reading.text());
-        QCOMPARE(again.second, again.first);
+        QCOMPARE(trip.reading.text().split('\n', Qt::SkipEmptyParts).join(' '),
+                 "before cell 0 after 0 cell 1 after 1"_s);
+        checkThatItSettles(trip);
     }
 
     void mixedDocument()
@@ -513,7 +435,7 @@ private slots:
         for (int i = 0; i < 50; ++i) {
             if (i > 0)
                 story.paragraph();
-            story.format(paragraphWith(QTextFormat::BlockAlignment, 1 << (i % 4)));
+            story.format(blockFormat({{QTextFormat::BlockAlignment, 1 << (i % 4)}}));
             story.add("plain %1 "_s.arg(i), textFormat());
             story.add("bold", textWith(QTextFormat::FontWeight, int(QFont::Bold)));
             story.add(" red ", textWith(QTextFormat::ForegroundBrush, QBrush(Qt::red)));

@@ -36,6 +36,25 @@ inline QTextCharFormat bold(QTextCharFormat format = QTextCharFormat())
     return format;
 }
 
+/*! \a format with more properties. */
+template <typename Format>
+Format with(Format format, const Properties& properties)
+{
+    for (Properties::const_iterator it = properties.begin(); it != properties.end(); ++it)
+        format.setProperty(it.key(), it.value());
+    return format;
+}
+
+inline QTextCharFormat charFormat(const Properties& properties)
+{
+    return with(QTextCharFormat(), properties);
+}
+
+inline QTextBlockFormat blockFormat(const Properties& properties)
+{
+    return with(QTextBlockFormat(), properties);
+}
+
 /*! A document that is written text by text. */
 class Story {
 public:

@@ -1,5 +1,4 @@
-#include "ORVTextPage.h"
-#include "testsupport.h"
+#include "writerhelpers.h"
 
 using namespace rtftest;
 
@@ -34,62 +33,6 @@ private:
     bool m_full = false;
     QByteArray m_taken;
 };
-
-/*! Does not open. */
-class LockedDevice : public QIODevice {
-public:
-    bool open(OpenMode) override { return false; }
-
-protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char*, qint64) override
-    {
-        wasWrittenTo = true;
-        return -1;
-    }
-
-public:
-    bool wasWrittenTo = false;
-};
-
-QTextCharFormat family(const char* name)
-{
-    QTextCharFormat format;
-    compat::setFontFamily(format, QString::fromUtf8(name));
-    return format;
-}
-
-QTextCharFormat fixedPitch(QTextCharFormat format)
-{
-    format.setFontFixedPitch(true);
-    return format;
-}
-
-QTextCharFormat foreground(const QBrush& brush)
-{
-    QTextCharFormat format;
-    format.setForeground(brush);
-    return format;
-}
-
-/*! The font table's entry of an ordinary font. */
-QByteArray fontEntry(int number, const QByteArray& name, int pitch = 2,
-                     const QByteArray& familyWord = "\\fnil")
-{
-    return "{\\f" + QByteArray::number(number) + familyWord + "\\fcharset1252\\fprq"
-        + QByteArray::number(pitch) + ' ' + name + ";}";
-}
-
-/*! A text of one letter in each of \a formats. */
-Document runs(const QList<QTextCharFormat>& formats)
-{
-    const Document document = newDocument();
-    QTextCursor cursor(document.data());
-    char text = 'a';
-    for (const QTextCharFormat& format : formats)
-        cursor.insertText(QString(QLatin1Char(text++)), format);
-    return document;
-}
 
 /*! Two paragraphs with a page break after the first, an undo stack, and visible tabs and spaces. */
 Document documentOfAnEditor()
@@ -126,12 +69,6 @@ QByteArray writeBy(ORVTextRtfWriter& writer, const Document& document)
     return wellFormed(buffer.data());
 }
 
-QTextCharFormat hinted(QTextCharFormat format, QFont::StyleHint hint)
-{
-    format.setFontStyleHint(hint);
-    return format;
-}
-
 /*! A gradient has no colour of its own. */
 QBrush redGradient()
 {
@@ -153,127 +90,6 @@ class TestWriterFrame : public QObject {
     Q_OBJECT
 
 private slots:
-    ORV_ROWS(documents)
-    {
-        const Rows add(
-            [](const Document& document, const QByteArray& rtf) { QCOMPARE(write(*document), rtf); });
-        add("emptyDocument", newDocument(), documentHead() + firstParagraph() + "\\f0\\fs24}");
-        add("oneParagraph", textDocument("Hello"_s), documentHead() + firstParagraph() + run("Hello") + '}');
-        add("colouredText", runs({foreground(Qt::red), QTextCharFormat(), foreground(QColor(1, 20, 255))}),
-            documentHead(defaultFontEntry(),
-                         blackAndWhite() + "\\red255\\green0\\blue0;\\red1\\green20\\blue255;")
-                + firstParagraph() + "{\\f0\\fs24\\cf3 a}{\\f0\\fs24 b}{\\f0\\fs24\\cf4 c}}");
-        add("severalFonts",
-            runs({family("Quibble Serif"), QTextCharFormat(), family("Quibble Mono"), family("Quibble Serif"),
-                  family(DefaultFamily)}),
-            documentHead(defaultFontEntry() + fontEntry(1, "Quibble Serif") + fontEntry(2, "Quibble Mono"))
-                + firstParagraph()
-                + "{\\f1\\fs24 a}{\\f0\\fs24 b}{\\f2\\fs24 c}{\\f1\\fs24 d}{\\f0\\fs24 e}}");
-        // Nothing is registered, so there is no colour to refer to.
-        add("brushWithoutColour", runs({foreground(redGradient())}),
-            documentHead() + firstParagraph() + "{\\f0\\fs24 a}}");
-    }
-
-    void paragraphsRestateOnlyChangedFormats()
-    {
-        const Document document = newDocument();
-        QTextCursor cursor(document.data());
-        cursor.insertText("One\nTwo\n"_s);
-        QTextBlockFormat centred;
-        centred.setAlignment(Qt::AlignHCenter);
-        cursor.setBlockFormat(centred);
-        cursor.insertText("Three\nFour"_s);
-        QCOMPARE(write(*document),
-                 documentHead()
-                     + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 One}"
-                       "\n\\par\\plain {\\f0\\fs24 Two}"
-                       "\n\\par\\pard\\plain \\qc\\ltrch\\loch {\\f0\\fs24 Three}"
-                       "\n\\par\\plain {\\f0\\fs24 Four}}");
-    }
-
-    void headerAndFooter()
-    {
-        const Document document = runs({family("Quibble Serif")});
-        ORVTextPage page;
-        page.text = "Top"_s;
-        page.option.setAlignment(Qt::AlignHCenter);
-        page.font = QFont("Quibble Head"_s, 10);
-        document->setProperty("header", QVariant::fromValue(page));
-        page.text = "Bottom"_s;
-        page.option.setAlignment(Qt::AlignRight);
-        page.font = QFont("Quibble Foot"_s, 8);
-        document->setProperty("footer", QVariant::fromValue(page));
-        // Their fonts come before those of the text.
-        QCOMPARE(write(*document),
-                 documentHead(defaultFontEntry() + fontEntry(1, "Quibble Head") + fontEntry(2, "Quibble Foot")
-                              + fontEntry(3, "Quibble Serif"))
-                     + "{\\header{\\pard\\qc{\\f1\\fs20 Top\\par}}}\n{\\footer{\\pard\\qr{\\f2\\fs16 "
-                       "Bottom\\par}}}\n"
-                       "\n\\pard\\plain \\ltrch\\loch {\\f3\\fs24 a}}");
-    }
-
-    ORV_ROWS(margins)
-    {
-        const Rows add([](const QVariant& value, const QByteArray& twips) {
-            const char* const names[] = {"leftMargin", "rightMargin", "topMargin", "bottomMargin"};
-            const QList<QByteArray> words = {"\\margl", "\\margr", "\\margt", "\\margb"};
-            const QList<QByteArray> defaults = {"1800", "1800", "1440", "1440"};
-            for (int changed = 0; changed < 4; ++changed) {
-                const Document document = newDocument();
-                document->setProperty(names[changed], value);
-                QByteArray expected = "\\paperw12240\\paperh15840";
-                for (int i = 0; i < 4; ++i)
-                    expected += words.at(i) + (i == changed ? twips : defaults.at(i));
-                expected += "\\fet2\\ftnbj\\aenddoc\n";
-                const QByteArray rtf = write(*document);
-                QVERIFY2(rtf.contains(expected), rtf.constData());
-            }
-        });
-        add("one inch", QVariant(72.0), "1440");
-        add("zero", QVariant(0.0), "0");
-        add("half a twip", QVariant(0.025), "1");
-        add("less than half a twip", QVariant(0.02499), "0");
-        add("minus half a twip", QVariant(-0.025), "-1");
-        add("minus one and a half twips", QVariant(-0.075), "-2");
-        add("integer", QVariant(36), "720");
-        add("number as text", QVariant("36.5"_s), "730");
-        add("no number", QVariant("wide"_s), "0");
-        add("not a number", QVariant(qQNaN()), "0");
-        add("infinite", QVariant(qInf()), "2147483647");
-        add("below every integer", QVariant(-1e300), "-2147483648");
-    }
-
-    ORV_ROWS(pageNumbering)
-    {
-        const Rows add(
-            [](const QVariant& notOnFirstPage, const QVariant& countFirstPage, const QByteArray& words) {
-                const Document document = newDocument();
-                document->setProperty("notOnFirstPage", notOnFirstPage);
-                document->setProperty("countFirstPage", countFirstPage);
-                const QByteArray rtf = write(*document);
-                QVERIFY2(rtf.contains(words), rtf.constData());
-            });
-        const QByteArray everyPage = "\\aenddoc\n\\pgnrestart\\pgnstarts";
-        const QByteArray notOnFirst = "\\aenddoc\n\\titlepg\\pgnrestart\\pgnstarts";
-        add("nothing said", QVariant(), QVariant(), everyPage + "0\n");
-        add("both false", QVariant(false), QVariant(false), everyPage + "0\n");
-        add("first page counted", QVariant(), QVariant(true), everyPage + "1\n");
-        add("not on first page", QVariant(true), QVariant(), notOnFirst + "0\n");
-        add("both", QVariant(true), QVariant(true), notOnFirst + "1\n");
-        add("integers", QVariant(1), QVariant(1), notOnFirst + "1\n");
-    }
-
-    void pageSetupComesFromTheGivenDocument()
-    {
-        const Document document = textDocument("a"_s);
-        document->setProperty("topMargin", 10.0);
-        document->setProperty("notOnFirstPage", true);
-        const QByteArray copied = write(*document);
-        QVERIFY2(copied.contains("\\margt200\\margb1440\\fet2\\ftnbj\\aenddoc\n\\titlepg"),
-                 copied.constData());
-        QCOMPARE(write(*document, inPlace()), copied);
-    }
-
     void settersAndGetters()
     {
         ORVTextRtfWriter writer;
@@ -334,7 +150,8 @@ private slots:
     void inPlaceChangesTheDocument()
     {
         const Document document = documentOfAnEditor();
-        QCOMPARE(write(*document, inPlace()), documentOfAnEditorAsRtf());
+        for (int time = 0; time < 2; ++time)
+            QCOMPARE(write(*document, inPlace()), documentOfAnEditorAsRtf());
         QVERIFY(!document->isUndoRedoEnabled());
         QVERIFY(!document->isUndoAvailable());
         QCOMPARE(int(document->defaultTextOption().flags()), 0);
@@ -342,28 +159,6 @@ private slots:
         QCOMPARE(int(document->begin().next().blockFormat().pageBreakPolicy()),
                  int(QTextFormat::PageBreak_AlwaysBefore));
         QCOMPARE(textOf(*document), "One\nTwo"_s);
-    }
-
-    void copyAndInPlaceGiveTheSameBytes()
-    {
-        const Document document =
-            runs({foreground(Qt::green), fixedPitch(family("Quibble Mono")), QTextCharFormat()});
-        const QByteArray copied = write(*document);
-        QCOMPARE(write(*document, inPlace()), copied);
-        QCOMPARE(write(*document, inPlace()), copied);
-    }
-
-    void writerCanWriteSeveralTimes()
-    {
-        const Document first = runs({family("Quibble Serif")});
-        ORVTextRtfWriter writer;
-        QCOMPARE(writeBy(writer, first), write(*first));
-        // The default font comes first again, in front of the fonts of the first document.
-        QCOMPARE(
-            writeBy(writer, runs({foreground(Qt::red)})),
-            documentHead(defaultFontEntry() + fontEntry(1, DefaultFamily) + fontEntry(2, "Quibble Serif"),
-                         blackAndWhite() + "\\red255\\green0\\blue0;")
-                + firstParagraph() + "{\\f0\\fs24\\cf3 a}}");
     }
 
     void tablesOfAWriterGrow()
@@ -375,7 +170,7 @@ private slots:
             const QByteArray rtf = writeBy(writer, document);
             fonts += fontEntry(i, DefaultFamily);
             QCOMPARE(fontTableOf(rtf), fonts + fontEntry(i + 1, "Quibble Serif"));
-            QCOMPARE(colorTableOf(rtf), blackAndWhite() + "\\red255\\green0\\blue0;");
+            QCOMPARE(colorTableOf(rtf), blackAndWhite() + RedEntry);
             QCOMPARE(bodyOf(rtf),
                      firstParagraph() + "{\\f" + QByteArray::number(i + 1) + "\\fs24 a}{\\f0\\fs24\\cf3 b}");
         }
@@ -383,10 +178,8 @@ private slots:
 
     void notesAreCountedForEachWrite()
     {
-        QTextCharFormat format;
-        format.setProperty(ORVRtfProperty::AnnotationAnchor, true);
-        format.setProperty(ORVRtfProperty::NoteContent, "{\\rtf1 Note}"_b);
-        const Document document = runs({format});
+        const Document document = runs({charFormat(
+            {{ORVRtfProperty::AnnotationAnchor, true}, {ORVRtfProperty::NoteContent, "{\\rtf1 Note}"_b}})});
         ORVTextRtfWriter writer;
         for (int i = 0; i < 2; ++i) {
             const QByteArray body = bodyOf(writeBy(writer, document));
@@ -396,21 +189,15 @@ private slots:
         }
     }
 
-    void noDevice()
-    {
-        ORVTextRtfWriter writer;
-        QVERIFY(!writer.write(newDocument().data(), false));
-        QVERIFY(!writer.write(newDocument().data(), true));
-        QVERIFY(!writer.write(nullptr, false));
-    }
-
-    void noDocument()
+    void nothingToWriteOrToWriteTo()
     {
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
-        ORVTextRtfWriter writer(&buffer);
-        QVERIFY(!writer.write(nullptr, false));
-        QVERIFY(!writer.write(nullptr, true));
+        for (const bool inPlace : {false, true}) {
+            QVERIFY(!ORVTextRtfWriter().write(newDocument().data(), inPlace));
+            QVERIFY(!ORVTextRtfWriter(&buffer).write(nullptr, inPlace));
+        }
+        QVERIFY(!ORVTextRtfWriter().write(nullptr, false));
         QCOMPARE(buffer.data(), QByteArray());
     }
 
@@ -441,13 +228,6 @@ private slots:
         QVERIFY(ORVTextRtfWriter(&buffer).write(newDocument().data(), false));
         QVERIFY(buffer.isOpen());
         QCOMPARE(buffer.data(), "before" + write(*newDocument()));
-    }
-
-    void deviceThatDoesNotOpen()
-    {
-        LockedDevice device;
-        QVERIFY(!ORVTextRtfWriter(&device).write(newDocument().data(), false));
-        QVERIFY(!device.wasWrittenTo);
     }
 
     void directoryAsDevice()
@@ -493,31 +273,29 @@ private slots:
     {
         const Rows add([](const QString& name, int hint, const QByteArray& word) {
             const Document document = newDocument();
-            QTextCharFormat format;
-            compat::setFontFamily(format, name);
-            format.setFontPointSize(12);
-            format.setFontStyleHint(QFont::StyleHint(hint));
+            const QTextCharFormat format =
+                with(family(name), {{QTextFormat::FontPointSize, 12.0}, {QTextFormat::FontStyleHint, hint}});
             ORVTextFormat::setDefaultCharFormat(document.data(), format);
             QCOMPARE(fontTableOf(write(*document)), fontEntry(0, name.toLatin1(), 2, word));
         });
         const QString plain = "Quibble"_s;
-        add("any style", plain, int(QFont::AnyStyle), "\\fnil");
-        add("serif", plain, int(QFont::Serif), "\\froman");
-        add("sans serif", plain, int(QFont::SansSerif), "\\fswiss");
-        add("typewriter", plain, int(QFont::TypeWriter), "\\fmodern");
-        add("decorative", plain, int(QFont::Decorative), "\\fdecor");
-        add("system", plain, int(QFont::System), "\\fnil");
-        add("monospace", plain, int(QFont::Monospace), "\\fnil");
-        add("cursive", plain, int(QFont::Cursive), "\\fnil");
-        add("fantasy", plain, int(QFont::Fantasy), "\\fnil");
+        add("any style", plain, QFont::AnyStyle, "\\fnil");
+        add("serif", plain, QFont::Serif, "\\froman");
+        add("sans serif", plain, QFont::SansSerif, "\\fswiss");
+        add("typewriter", plain, QFont::TypeWriter, "\\fmodern");
+        add("decorative", plain, QFont::Decorative, "\\fdecor");
+        add("system", plain, QFont::System, "\\fnil");
+        add("monospace", plain, QFont::Monospace, "\\fnil");
+        add("cursive", plain, QFont::Cursive, "\\fnil");
+        add("fantasy", plain, QFont::Fantasy, "\\fnil");
         const QByteArray tech = "\\ftech";
-        add("symbol", "Quibble SYMBOL", int(QFont::Serif), tech);
-        add("within a word", "Quibblesymbols", int(QFont::AnyStyle), tech);
-        add("dingbat", "QDingBats", int(QFont::Decorative), tech);
+        add("symbol", "Quibble SYMBOL", QFont::Serif, tech);
+        add("within a word", "Quibblesymbols", QFont::AnyStyle, tech);
+        add("dingbat", "QDingBats", QFont::Decorative, tech);
         const QByteArray script = "\\fscript";
-        add("script", "Quibble Script", int(QFont::SansSerif), script);
-        add("script, any case", "qSCRIPTq", int(QFont::AnyStyle), script);
-        add("symbol before script", "Script Symbol", int(QFont::AnyStyle), tech);
+        add("script", "Quibble Script", QFont::SansSerif, script);
+        add("script, any case", "qSCRIPTq", QFont::AnyStyle, script);
+        add("symbol before script", "Script Symbol", QFont::AnyStyle, tech);
     }
 
     ORV_ROWS(fontsAndColours)
@@ -529,11 +307,15 @@ private slots:
             QCOMPARE(colorTableOf(rtf), colors);
             QCOMPARE(bodyOf(rtf), firstParagraph() + body);
         });
-        const QByteArray red = "\\red255\\green0\\blue0;";
         const QTextCharFormat mono = family("Quibble Mono");
+        add("severalFonts",
+            runs({family("Quibble Serif"), QTextCharFormat(), mono, family("Quibble Serif"),
+                  family(DefaultFamily)}),
+            defaultFontEntry() + fontEntry(1, "Quibble Serif") + fontEntry(2, "Quibble Mono"), "",
+            "{\\f1\\fs24 a}{\\f0\\fs24 b}{\\f2\\fs24 c}{\\f1\\fs24 d}{\\f0\\fs24 e}");
         add("familyWordOfARun",
-            runs(
-                {hinted(family("Quibble Serif"), QFont::Serif), hinted(fixedPitch(mono), QFont::TypeWriter)}),
+            runs({with(family("Quibble Serif"), {{QTextFormat::FontStyleHint, QFont::Serif}}),
+                  with(fixedPitch(mono), {{QTextFormat::FontStyleHint, QFont::TypeWriter}})}),
             defaultFontEntry() + fontEntry(1, "Quibble Serif", 2, "\\froman")
                 + fontEntry(2, "Quibble Mono", 1, "\\fmodern"),
             "", "{\\f1\\fs24 a}{\\f2\\fs24 b}");
@@ -545,41 +327,40 @@ private slots:
             "", "{\\f1\\fs24 a}{\\f2\\fs24 b}{\\f3\\fs24 c}{\\f4\\fs24 d}{\\f0\\fs24 e}");
         add("formatWithoutFamilyAddsNoFont", runs({fixedPitch(QTextCharFormat()), foreground(Qt::black)}),
             defaultFontEntry(), blackAndWhite(), "{\\f0\\fs24 a}{\\f0\\fs24\\cf1 b}");
-        QTextCharFormat families;
-        families.setProperty(QTextFormat::FontFamilies, QStringList({"Quibble Serif"_s, "Quibble Mono"_s}));
-        QTextCharFormat italic(families);
-        italic.setFontItalic(true);
-        add("firstOfSeveralFamiliesCounts", runs({families, italic}),
+        const QTextCharFormat families =
+            charFormat({{QTextFormat::FontFamilies, QStringList({"Quibble Serif"_s, "Quibble Mono"_s})}});
+        add("firstOfSeveralFamiliesCounts",
+            runs({families, with(families, {{QTextFormat::FontItalic, true}})}),
             defaultFontEntry() + fontEntry(1, "Quibble Serif"), "", "{\\f1\\fs24 a}{\\f1\\fs24\\i1 b}");
         add("fontNameIsEscaped", runs({family("Qu\xc3\xa9 {1}")}),
-            defaultFontEntry() + fontEntry(1, "Qu\\loch\\af1\\hich\\af1\\dbch\\af1\\uc1\\u233\\'E9 \\{1\\}"),
-            "", "{\\f1\\fs24 a}");
+            defaultFontEntry() + fontEntry(1, "Qu" + preamble(1) + "\\u233\\'E9 \\{1\\}"), "",
+            "{\\f1\\fs24 a}");
 
         add("colorsAreListedOnce",
             runs({foreground(Qt::red), foreground(Qt::blue), foreground(QColor(255, 0, 0))}),
-            defaultFontEntry(), blackAndWhite() + red + "\\red0\\green0\\blue255;",
+            defaultFontEntry(), blackAndWhite() + RedEntry + BlueEntry,
             "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf4 b}{\\f0\\fs24\\cf3 c}");
         add("blackAndWhiteAreNotRepeated", runs({foreground(Qt::white), foreground(Qt::black)}),
             defaultFontEntry(), blackAndWhite(), "{\\f0\\fs24\\cf2 a}{\\f0\\fs24\\cf1 b}");
         add("transparencyIsIgnored",
             runs({foreground(QColor(255, 0, 0, 1)), foreground(Qt::red), foreground(QColor(0, 0, 0, 0))}),
-            defaultFontEntry(), blackAndWhite() + red,
+            defaultFontEntry(), blackAndWhite() + RedEntry,
             "{\\f0\\fs24\\cf3 a}{\\f0\\fs24\\cf3 b}{\\f0\\fs24\\cf1 c}");
-        QTextCharFormat onYellow = foreground(Qt::red);
-        onYellow.setBackground(Qt::yellow);
-        add("foregroundBeforeBackground", runs({onYellow}), defaultFontEntry(),
-            blackAndWhite() + red + "\\red255\\green255\\blue0;", "{\\f0\\fs24\\cf3\\cb4\\highlight4 a}");
-        // A brush without a colour is black in a document with colours.
+        add("foregroundBeforeBackground",
+            runs({with(foreground(Qt::red), {{QTextFormat::BackgroundBrush, QBrush(Qt::yellow)}})}),
+            defaultFontEntry(), blackAndWhite() + RedEntry + YellowEntry,
+            "{\\f0\\fs24\\cf3\\cb4\\highlight4 a}");
+        // Nothing is registered for a brush without a colour, which is black in a document with colours.
+        add("noColour", runs({foreground(redGradient())}), defaultFontEntry(), "", "{\\f0\\fs24 a}");
         add("brushWithoutColour", runs({foreground(redGradient()), foreground(Qt::red)}), defaultFontEntry(),
-            blackAndWhite() + red, "{\\f0\\fs24\\cf1 a}{\\f0\\fs24\\cf3 b}");
+            blackAndWhite() + RedEntry, "{\\f0\\fs24\\cf1 a}{\\f0\\fs24\\cf3 b}");
     }
 
     void defaultFormatIsFontZero()
     {
         const Document document = runs({QTextCharFormat(), family(DefaultFamily)});
-        QTextCharFormat format = family("Quibble Stored");
-        format.setFontPointSize(12);
-        ORVTextFormat::setDefaultCharFormat(document.data(), format);
+        ORVTextFormat::setDefaultCharFormat(
+            document.data(), with(family("Quibble Stored"), {{QTextFormat::FontPointSize, 12.0}}));
         const QByteArray rtf = write(*document);
         QCOMPARE(fontTableOf(rtf), fontEntry(0, "Quibble Stored") + fontEntry(1, DefaultFamily));
         QCOMPARE(bodyOf(rtf), firstParagraph() + "{\\f0\\fs24 a}{\\f1\\fs24 b}");

@@ -1,17 +1,17 @@
 #include "ORVTextPage.h"
-#include "testsupport.h"
+#include "writerhelpers.h"
 
 using namespace rtftest;
-
-Q_DECLARE_METATYPE(Qt::Alignment)
 
 namespace {
 
 typedef QSharedPointer<QTextDocument> Document;
 
-ORVTextPage textPage(const QString& text, const QFont& font = QFont("Quibble Head"_s, 10))
+ORVTextPage textPage(const QString& text, const QFont& font = QFont("Quibble Head"_s, 10),
+                     Qt::Alignment alignment = Qt::AlignLeft)
 {
     ORVTextPage page;
+    page.option.setAlignment(alignment);
     page.text = text;
     page.font = font;
     return page;
@@ -32,12 +32,12 @@ Document documentWith(const char* property, const ORVTextPage& page)
 
 QByteArray emptyBody()
 {
-    return firstParagraph() + "\\f0\\fs24";
+    return firstParagraph() + emptyRun();
 }
 
 QByteArray headFont()
 {
-    return "{\\f1\\fnil\\fcharset1252\\fprq2 Quibble Head;}";
+    return fontEntry(1, "Quibble Head");
 }
 
 } // namespace
@@ -52,8 +52,7 @@ private slots:
         QVERIFY(page.text.isEmpty());
         QCOMPARE(page.option.alignment(), QTextOption().alignment());
         QCOMPARE(page.font, QFont());
-        ORVTextPage copy = textPage("x"_s);
-        copy.option.setAlignment(Qt::AlignRight);
+        ORVTextPage copy = textPage("x"_s, QFont("Quibble Head"_s, 10), Qt::AlignRight);
         const ORVTextPage other(copy);
         copy = page;
         QVERIFY(copy.text.isEmpty());
@@ -73,16 +72,11 @@ private slots:
         QVERIFY(qvariant_cast<ORVTextPage>(QVariant("x"_s)).text.isEmpty());
     }
 
-    void pageAsDocumentProperty()
-    {
-        const Document document = documentWith("header", textPage("x"_s));
-        QCOMPARE(document->property("header").value<ORVTextPage>().text, "x"_s);
-    }
-
     void defaultPaperSize()
     {
         QCOMPARE(ORVTextRtfWriter::defaultPaperSize(false), QSize(12240, 15840));
         QCOMPARE(ORVTextRtfWriter::defaultPaperSize(true), QSize(8640, 12960));
+        QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(nullptr), QSize(12240, 15840));
     }
 
     ORV_ROWS(paperSizeOfADocument)
@@ -90,51 +84,94 @@ private slots:
         const Rows add([](const QVariant& value, const QSize& twips) {
             const Document document = documentWith("paperSize", value);
             QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(document.data()), twips);
-            const QByteArray words = "}\n\\paperw" + QByteArray::number(twips.width()) + "\\paperh"
-                + QByteArray::number(twips.height()) + "\\margl1800";
-            const QByteArray rtf = write(*document);
-            QVERIFY2(rtf.contains(words), rtf.constData());
+            ORV_CONTAINS(write(*document),
+                         "}\n\\paperw" + QByteArray::number(twips.width()) + "\\paperh"
+                             + QByteArray::number(twips.height()) + "\\margl1800");
+            document->setProperty("leftMargin", 10.0);
+            document->setProperty("topMargin", 20.0);
+            QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(document.data()), twips);
         });
         const QSize letter(12240, 15840);
         add("none", QVariant(), letter);
-        add("A4", QVariant(QSizeF(595.3, 841.9)), QSize(11906, 16838));
-        add("half twips go away from zero", QVariant(QSizeF(0.025, -0.025)), QSize(1, -1));
-        add("more halves", QVariant(QSizeF(0.125, -0.075)), QSize(3, -2));
-        add("less than half", QVariant(QSizeF(0.0249, 0.0749)), QSize(0, 1));
-        add("zero", QVariant(QSizeF(0, 0)), QSize(0, 0));
-        add("beyond every integer", QVariant(QSizeF(1e300, qQNaN())), QSize(2147483647, 0));
-        add("text", QVariant("A4"_s), letter);
-        add("number", QVariant(595.3), letter);
+        add("A4", QSizeF(595.3, 841.9), QSize(11906, 16838));
+        add("half twips go away from zero", QSizeF(0.025, -0.025), QSize(1, -1));
+        add("more halves", QSizeF(0.125, -0.075), QSize(3, -2));
+        add("less than half", QSizeF(0.0249, 0.0749), QSize(0, 1));
+        add("zero", QSizeF(0, 0), QSize(0, 0));
+        add("beyond every integer", QSizeF(1e300, qQNaN()), QSize(2147483647, 0));
+        add("text", "A4"_s, letter);
+        add("number", 595.3, letter);
     }
 
-    void paperSizeOfNoDocument()
+    ORV_ROWS(margins)
     {
-        QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(nullptr), QSize(12240, 15840));
+        const Rows add([](const QVariant& value, const QByteArray& twips) {
+            const char* const names[] = {"leftMargin", "rightMargin", "topMargin", "bottomMargin"};
+            const QList<QByteArray> words = {"\\margl", "\\margr", "\\margt", "\\margb"};
+            const QList<QByteArray> defaults = {"1800", "1800", "1440", "1440"};
+            for (int changed = 0; changed < 4; ++changed) {
+                QByteArray expected = "\\paperw12240\\paperh15840";
+                for (int i = 0; i < 4; ++i)
+                    expected += words.at(i) + (i == changed ? twips : defaults.at(i));
+                ORV_CONTAINS(write(*documentWith(names[changed], value)),
+                             expected + "\\fet2\\ftnbj\\aenddoc\n");
+            }
+        });
+        add("one inch", 72.0, "1440");
+        add("zero", 0.0, "0");
+        add("half a twip", 0.025, "1");
+        add("less than half a twip", 0.02499, "0");
+        add("minus half a twip", -0.025, "-1");
+        add("minus one and a half twips", -0.075, "-2");
+        add("integer", 36, "720");
+        add("number as text", "36.5"_s, "730");
+        add("no number", "wide"_s, "0");
+        add("not a number", qQNaN(), "0");
+        add("infinite", qInf(), "2147483647");
+        add("below every integer", -1e300, "-2147483648");
     }
 
-    void marginsDoNotChangeThePaperSize()
+    ORV_ROWS(pageNumbering)
     {
-        const Document document = documentWith("paperSize", QSizeF(100, 200));
-        document->setProperty("leftMargin", 10.0);
-        document->setProperty("topMargin", 20.0);
-        QCOMPARE(ORVTextRtfWriter::paperSizeForDocument(document.data()), QSize(2000, 4000));
+        const Rows add(
+            [](const QVariant& notOnFirstPage, const QVariant& countFirstPage, const QByteArray& words) {
+                const Document document = documentWith("notOnFirstPage", notOnFirstPage);
+                document->setProperty("countFirstPage", countFirstPage);
+                ORV_CONTAINS(write(*document), "\\aenddoc\n" + words + '\n');
+            });
+        add("nothing said", QVariant(), QVariant(), "\\pgnrestart\\pgnstarts0");
+        add("both false", false, false, "\\pgnrestart\\pgnstarts0");
+        add("first page counted", QVariant(), true, "\\pgnrestart\\pgnstarts1");
+        add("not on first page", true, QVariant(), "\\titlepg\\pgnrestart\\pgnstarts0");
+        add("both", true, true, "\\titlepg\\pgnrestart\\pgnstarts1");
+        add("integers", 1, 1, "\\titlepg\\pgnrestart\\pgnstarts1");
+    }
+
+    void pageSetupIsTheSameInPlace()
+    {
+        const Document document = documentWith("topMargin", 10.0);
+        document->setProperty("notOnFirstPage", true);
+        const QByteArray copied = write(*document);
+        ORV_CONTAINS(copied, "\\margt200\\margb1440\\fet2\\ftnbj\\aenddoc\n\\titlepg");
+        WriteSettings inPlace;
+        inPlace.inPlace = true;
+        QCOMPARE(write(*document, inPlace), copied);
     }
 
     ORV_ROWS(alignment)
     {
         const Rows add([](Qt::Alignment alignment, const QByteArray& word) {
-            ORVTextPage page = textPage("x"_s);
-            page.option.setAlignment(alignment);
+            const ORVTextPage page = textPage("x"_s, QFont("Quibble Head"_s, 10), alignment);
             QCOMPARE(writeBody(*documentWith("header", page)),
                      "{\\header{\\pard" + word + "{\\f1\\fs20 x\\par}}}\n" + emptyBody());
         });
-        add("left", Qt::Alignment(Qt::AlignLeft), "\\ql");
-        add("right", Qt::Alignment(Qt::AlignRight), "\\qr");
-        add("centre", Qt::Alignment(Qt::AlignHCenter), "\\qc");
-        add("justified", Qt::Alignment(Qt::AlignJustify), QByteArray());
+        add("left", Qt::AlignLeft, "\\ql");
+        add("right", Qt::AlignRight, "\\qr");
+        add("centre", Qt::AlignHCenter, "\\qc");
+        add("justified", Qt::AlignJustify, QByteArray());
         add("none", Qt::Alignment(), QByteArray());
-        add("vertical only", Qt::Alignment(Qt::AlignVCenter), QByteArray());
-        add("centre both ways", Qt::Alignment(Qt::AlignCenter), "\\qc");
+        add("vertical only", Qt::AlignVCenter, QByteArray());
+        add("centre both ways", Qt::AlignCenter, "\\qc");
         add("right and absolute", Qt::Alignment(Qt::AlignRight | Qt::AlignAbsolute), "\\qr");
         add("left and right", Qt::Alignment(Qt::AlignLeft | Qt::AlignRight), QByteArray());
     }
@@ -146,8 +183,8 @@ private slots:
         });
         // The escapes name the default font, whatever the font of the text is.
         const ORVTextPage special = textPage("a {b}\t\xc3\xa9"_s);
-        const QByteArray escaped = "{\\pard\\ql{\\f1\\fs20 a \\{b\\}\\tab "
-                                   "\\loch\\af0\\hich\\af0\\dbch\\af0\\uc1\\u233\\'E9\\par}}}\n";
+        const QByteArray escaped =
+            "{\\pard\\ql{\\f1\\fs20 a \\{b\\}\\tab " + preamble() + "\\u233\\'E9\\par}}}\n";
         add("groupIsWrittenForBoth: header", documentWith("header", special), headFont(),
             "{\\header" + escaped);
         add("groupIsWrittenForBoth: footer", documentWith("footer", special), headFont(),
@@ -165,7 +202,13 @@ private slots:
         QFont fixedPitch(QLatin1String(DefaultFamily), 10);
         fixedPitch.setFixedPitch(true);
         add("fixedPitchIsAnotherFont", documentWith("footer", textPage("x"_s, fixedPitch)),
-            "{\\f1\\fnil\\fcharset1252\\fprq1 Quibble Sans;}", "{\\footer{\\pard\\ql{\\f1\\fs20 x\\par}}}\n");
+            fontEntry(1, DefaultFamily, 1), "{\\footer{\\pard\\ql{\\f1\\fs20 x\\par}}}\n");
+        QFont inPixels("Quibble Head"_s);
+        inPixels.setPixelSize(20);
+        const int points = QFontInfo(inPixels).pointSize();
+        QVERIFY(points > 0);
+        add("sizeInPixels", documentWith("header", textPage("x"_s, inPixels)), headFont(),
+            "{\\header{\\pard\\ql{\\f1\\fs" + QByteArray::number(2 * points) + " x\\par}}}\n");
         add("blankIsText", documentWith("header", textPage(" "_s)), headFont(),
             "{\\header{\\pard\\ql{\\f1\\fs20  \\par}}}\n");
         add("lineFeedIsEscaped", documentWith("header", textPage("a\nb"_s)), headFont(),
@@ -200,25 +243,18 @@ private slots:
         add("characters, exported", characters, true, fields);
     }
 
-    void exportedExample()
+    void fontsOfHeaderAndFooterComeBeforeThoseOfTheText()
     {
-        ORVTextPage page = textPage("Page <$p> of <$pagecount>"_s);
-        page.option.setAlignment(Qt::AlignHCenter);
-        QCOMPARE(writeBody(*documentWith("header", page), exporting()),
-                 "{\\header{\\pard\\qc{\\f1\\fs20 Page {\\chpgn} of "
-                 "{\\field{\\*\\fldinst{NUMPAGES}}{\\fldrslt 1}}\\par}}}\n"
-                     + emptyBody());
-    }
-
-    void sizeInPixels()
-    {
-        QFont font("Quibble Head"_s);
-        font.setPixelSize(20);
-        const int points = QFontInfo(font).pointSize();
-        QVERIFY(points > 0);
-        QCOMPARE(writeBody(*documentWith("header", textPage("x"_s, font))),
-                 "{\\header{\\pard\\ql{\\f1\\fs" + QByteArray::number(2 * points) + " x\\par}}}\n"
-                     + emptyBody());
+        const Document document = runs({family("Quibble Serif")});
+        document->setProperty("footer",
+                              QVariant::fromValue(textPage("Bottom"_s, QFont("Quibble Foot"_s, 8))));
+        document->setProperty("header", QVariant::fromValue(textPage("Top"_s)));
+        QCOMPARE(write(*document),
+                 documentHead(defaultFontEntry() + headFont() + fontEntry(2, "Quibble Foot")
+                              + fontEntry(3, "Quibble Serif"))
+                     + "{\\header{\\pard\\ql{\\f1\\fs20 Top\\par}}}\n"
+                       "{\\footer{\\pard\\ql{\\f2\\fs16 Bottom\\par}}}\n"
+                     + firstParagraph() + "{\\f3\\fs24 a}}");
     }
 };
 
