@@ -182,9 +182,9 @@ private slots:
             QCOMPARE(write(*document), documentHead(defaultFontEntry() + fonts) + groups + emptyBody() + '}');
         });
         // The escapes name the default font, whatever the font of the text is.
-        const ORVTextPage special = textPage("a {b}\t\xc3\xa9"_s);
-        const QByteArray escaped =
-            "{\\pard\\ql{\\f1\\fs20 a \\{b\\}\\tab " + preamble() + "\\u233\\'E9\\par}}}\n";
+        const ORVTextPage special = textPage("a {\xc3\xa9\xe2\x80\x94\t\\}"_s);
+        const QByteArray escaped = "{\\pard\\ql{\\f1\\fs20 a \\{" + preamble()
+            + "\\u233\\'E9\\hich\\f0 \\emdash \\loch\\f0 \\tab \\\\\\}\\par}}}\n";
         add("groupIsWrittenForBoth: header", documentWith("header", special), headFont(),
             "{\\header" + escaped);
         add("groupIsWrittenForBoth: footer", documentWith("footer", special), headFont(),
