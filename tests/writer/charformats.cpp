@@ -1,24 +1,13 @@
-#include "testsupport.h"
+#include "writerhelpers.h"
 
 using namespace rtftest;
-
-Q_DECLARE_METATYPE(QTextCharFormat)
-Q_DECLARE_METATYPE(rtftest::WriteSettings)
 
 namespace {
 
 /*! A format with one property. */
-template <typename Value>
-QTextCharFormat with(int id, const Value& value)
+QTextCharFormat with(int id, const QVariant& value)
 {
-    QTextCharFormat format;
-    format.setProperty(id, value);
-    return format;
-}
-
-QTextCharFormat foreground(const QBrush& brush)
-{
-    return with(QTextFormat::ForegroundBrush, brush);
+    return charFormat({{id, value}});
 }
 
 QTextCharFormat background(const QBrush& brush)
@@ -60,23 +49,6 @@ WriteSettings forMsWord()
     WriteSettings settings;
     settings.highlightForMsWord = true;
     return settings;
-}
-
-QByteArray colorEntry(int red, int green, int blue)
-{
-    return "\\red" + QByteArray::number(red) + "\\green" + QByteArray::number(green) + "\\blue"
-        + QByteArray::number(blue) + ';';
-}
-
-const QByteArray RedEntry = colorEntry(255, 0, 0);
-const QByteArray BlueEntry = colorEntry(0, 0, 255);
-const QByteArray YellowEntry = colorEntry(255, 255, 0);
-
-QSharedPointer<QTextDocument> linkDocument()
-{
-    QTextCharFormat format = anchor();
-    format.setAnchorHref("http://example.org/"_s);
-    return textDocument("x"_s, format);
 }
 
 } // namespace
@@ -292,40 +264,24 @@ private slots:
 
     void everyRunStatesItsOwnFormat()
     {
-        const QSharedPointer<QTextDocument> document =
-            textDocument("a"_s, with(QTextFormat::FontWeight, int(QFont::Bold)));
-        QTextCursor cursor(document.data());
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertText("1"_s, with(QTextFormat::FontItalic, true));
-        cursor.insertText(" b"_s, QTextCharFormat());
-        QCOMPARE(writeBody(*document),
+        QCOMPARE(Story().add("a", bold()).add("1", with(QTextFormat::FontItalic, true)).add(" b").body(),
                  firstParagraph() + "{\\f0\\fs24\\b1 a}{\\f0\\fs24\\i1 1}{\\f0\\fs24  b}");
     }
 
-    void hyperlinks()
+    ORV_ROWS(hyperlinks)
     {
-        const QByteArray field =
-            firstParagraph() + "{\\field{\\*\\fldinst HYPERLINK \"http://example.org/\"}";
-        const QByteArray decorated = write(*linkDocument(), decorating());
-        QCOMPARE(colorTableOf(decorated), blackAndWhite() + BlueEntry);
-        QCOMPARE(bodyOf(decorated), field + "{\\fldrslt\\f0\\fs24\\ul\\ulc3\\cf3 x}}");
+        const Rows add([](const WriteSettings& settings, const QByteArray& colors, const QByteArray& result) {
+            const QTextCharFormat link = anchor() + with(QTextFormat::AnchorHref, "http://example.org/"_s);
+            const QByteArray rtf = write(*textDocument("x"_s, link), settings);
+            QCOMPARE(colorTableOf(rtf), colors);
+            QCOMPARE(bodyOf(rtf),
+                     firstParagraph() + "{\\field{\\*\\fldinst HYPERLINK \"http://example.org/\"}{\\fldrslt"
+                         + result + "}}");
+        });
+        add("decorated", decorating(), blackAndWhite() + BlueEntry, "\\f0\\fs24\\ul\\ulc3\\cf3 x");
         WriteSettings yellowLinks;
         yellowLinks.hyperlinksColor = Qt::yellow;
-        const QByteArray plain = write(*linkDocument(), yellowLinks);
-        QCOMPARE(colorTableOf(plain), QByteArray());
-        QCOMPARE(bodyOf(plain), field + "{\\fldrslt\\f0\\fs24 x}}");
-    }
-
-    void emptyParagraphKeepsItsFormat()
-    {
-        const QSharedPointer<QTextDocument> document = newDocument();
-        QTextCharFormat format = foreground(Qt::red);
-        format.setFontWeight(QFont::Bold);
-        format.setFontPointSize(20);
-        QTextCursor(document.data()).setBlockCharFormat(format);
-        const QByteArray rtf = write(*document);
-        QCOMPARE(colorTableOf(rtf), blackAndWhite() + RedEntry);
-        QCOMPARE(bodyOf(rtf), firstParagraph() + "\\f0\\fs40\\b1\\cf3");
+        add("plain, whatever the colour", yellowLinks, QByteArray(), "\\f0\\fs24 x");
     }
 };
 

@@ -1,8 +1,6 @@
-#include "testsupport.h"
+#include "writerhelpers.h"
 
 using namespace rtftest;
-
-Q_DECLARE_METATYPE(QTextBlockFormat)
 
 namespace {
 
@@ -59,25 +57,9 @@ QByteArray next(const QByteArray& words)
     return "\n\\par\\pard\\plain " + words + "\\ltrch\\loch ";
 }
 
-template <typename Value>
-QTextBlockFormat with(int property, const Value& value)
-{
-    QTextBlockFormat format;
-    format.setProperty(property, value);
-    return format;
-}
-
-template <typename First, typename Second>
-QTextBlockFormat with(int property, const First& value, int secondProperty, const Second& secondValue)
-{
-    QTextBlockFormat format = with(property, value);
-    format.setProperty(secondProperty, secondValue);
-    return format;
-}
-
 QTextBlockFormat aligned(Qt::Alignment alignment)
 {
-    return with(QTextFormat::BlockAlignment, int(alignment));
+    return blockFormat({{QTextFormat::BlockAlignment, int(alignment)}});
 }
 
 QTextBlockFormat withTabs(const QList<QTextOption::Tab>& tabs)
@@ -92,99 +74,89 @@ QTextOption::Tab tab(double position, QTextOption::TabType type)
     return QTextOption::Tab(position, type);
 }
 
-void row(const char* name, const QTextBlockFormat& format, const char* words)
-{
-    QTest::newRow(name) << format << QByteArray(words);
-}
-
-const double Infinity = std::numeric_limits<double>::infinity();
-const double NotANumber = std::numeric_limits<double>::quiet_NaN();
-
 } // namespace
 
 class TestWriterParagraphs : public QObject {
     Q_OBJECT
 
 private slots:
-    void formatIsStatedInWords_data()
+    ORV_ROWS(formatIsStatedInWords)
     {
         using namespace ORVRtfProperty;
-        Columns<QTextBlockFormat, QByteArray>("format", "words");
-        row("nothing", QTextBlockFormat(), "");
-        row("pageBreakBefore", with(QTextFormat::PageBreakPolicy, 0x1), "\\pagebb");
-        row("linesTogether", with(QTextFormat::PageBreakPolicy, 0x200), "\\keep");
-        row("withNext", with(QTextFormat::PageBreakPolicy, 0x20), "\\keepn");
-        row("allThree", with(QTextFormat::PageBreakPolicy, 0x221), "\\pagebb\\keep\\keepn");
-        row("noBreak", with(QTextFormat::PageBreakPolicy, 0), "");
+        const Rows add([](const QTextBlockFormat& format, const QByteArray& words) {
+            const Document document = paragraphs({"x"}, {format});
+            QCOMPARE(writeBody(*document), start(words) + run("x"));
+            QCOMPARE(writeBody(*document, exporting()), start(words) + run("x"));
+        });
+        const auto row = [&add](const char* name, const Properties& properties, const char* words) {
+            add(name, blockFormat(properties), words);
+        };
+        row("nothing", {}, "");
+        row("pageBreakBefore", {{QTextFormat::PageBreakPolicy, 0x1}}, "\\pagebb");
+        row("linesTogether", {{QTextFormat::PageBreakPolicy, 0x200}}, "\\keep");
+        row("withNext", {{QTextFormat::PageBreakPolicy, 0x20}}, "\\keepn");
+        row("allThree", {{QTextFormat::PageBreakPolicy, 0x221}}, "\\pagebb\\keep\\keepn");
+        row("noBreak", {{QTextFormat::PageBreakPolicy, 0}}, "");
 
-        row("leftTab", withTabs({tab(36, QTextOption::LeftTab)}), "\\tx720");
-        row("rightTab", withTabs({tab(36, QTextOption::RightTab)}), "\\tqr\\tx720");
-        row("centerTab", withTabs({tab(36, QTextOption::CenterTab)}), "\\tqc\\tx720");
-        row("decimalTab", withTabs({tab(36, QTextOption::DelimiterTab)}), "\\tqdec\\tx720");
-        row("tabsInTheirOrder",
+        add("leftTab", withTabs({tab(36, QTextOption::LeftTab)}), "\\tx720");
+        add("rightTab", withTabs({tab(36, QTextOption::RightTab)}), "\\tqr\\tx720");
+        add("centerTab", withTabs({tab(36, QTextOption::CenterTab)}), "\\tqc\\tx720");
+        add("decimalTab", withTabs({tab(36, QTextOption::DelimiterTab)}), "\\tqdec\\tx720");
+        add("tabsInTheirOrder",
             withTabs({tab(144, QTextOption::RightTab), tab(36, QTextOption::LeftTab),
                       tab(72, QTextOption::CenterTab)}),
             "\\tqr\\tx2880\\tx720\\tqc\\tx1440");
 
-        row("leftAndFirstLine", with(LeftIndent, 36.0, QTextFormat::TextIndent, 18.0), "\\li720\\fi-360");
-        row("leftAndEqualFirstLine", with(LeftIndent, 36.0, QTextFormat::TextIndent, 36.0), "\\li720");
-        row("leftAlone", with(LeftIndent, 36.0), "\\li720\\fi-720");
-        row("firstLineAlone", with(QTextFormat::TextIndent, 18.0), "\\fi360");
-        row("negativeLeft", with(LeftIndent, -18.0, QTextFormat::TextIndent, -18.0), "\\li-360");
-        row("zeroIndents", with(LeftIndent, 0.0, QTextFormat::TextIndent, 0.0), "");
+        row("leftAndFirstLine", {{LeftIndent, 36.0}, {QTextFormat::TextIndent, 18.0}}, "\\li720\\fi-360");
+        row("leftAndEqualFirstLine", {{LeftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}}, "\\li720");
+        row("leftAlone", {{LeftIndent, 36.0}}, "\\li720\\fi-720");
+        row("firstLineAlone", {{QTextFormat::TextIndent, 18.0}}, "\\fi360");
+        row("negativeLeft", {{LeftIndent, -18.0}, {QTextFormat::TextIndent, -18.0}}, "\\li-360");
+        row("zeroIndents", {{LeftIndent, 0.0}, {QTextFormat::TextIndent, 0.0}}, "");
 
-        row("rightIndentAtTheMargin", with(RightIndent, 432.0), "\\ri0");
-        row("rightIndentInside", with(RightIndent, 414.0), "\\ri360");
-        row("rightIndentOutside", with(RightIndent, 450.0), "\\ri-360");
-        row("rightIndentZero", with(RightIndent, 0.0), "");
+        row("rightIndentAtTheMargin", {{RightIndent, 432.0}}, "\\ri0");
+        row("rightIndentInside", {{RightIndent, 414.0}}, "\\ri360");
+        row("rightIndentOutside", {{RightIndent, 450.0}}, "\\ri-360");
+        row("rightIndentZero", {{RightIndent, 0.0}}, "");
 
-        row("spaceAfter", with(QTextFormat::BlockBottomMargin, 12.0), "\\sa240");
-        row("spaceBefore", with(QTextFormat::BlockTopMargin, 6.0), "\\sb120");
+        row("spaceAfter", {{QTextFormat::BlockBottomMargin, 12.0}}, "\\sa240");
+        row("spaceBefore", {{QTextFormat::BlockTopMargin, 6.0}}, "\\sb120");
         row("spaceAfterComesFirst",
-            with(QTextFormat::BlockTopMargin, 6.0, QTextFormat::BlockBottomMargin, 12.0), "\\sa240\\sb120");
-        row("noSpace", with(QTextFormat::BlockTopMargin, 0.0, QTextFormat::BlockBottomMargin, 0.0), "");
+            {{QTextFormat::BlockTopMargin, 6.0}, {QTextFormat::BlockBottomMargin, 12.0}}, "\\sa240\\sb120");
+        row("noSpace", {{QTextFormat::BlockTopMargin, 0.0}, {QTextFormat::BlockBottomMargin, 0.0}}, "");
 
-        row("doubleSpacing", with(LineSpacing, 24.0, LineMultiple, 12.0), "\\sl480\\slmult1");
-        row("oneAndAHalf", with(LineSpacing, 18.0, LineMultiple, 12.0), "\\sl360\\slmult1");
-        row("multipleOfAnotherBase", with(LineSpacing, 15.0, LineMultiple, 10.0), "\\sl360\\slmult1");
-        row("exactSpacing", with(LineSpacing, 14.0), "\\sl280\\slmult0");
-        row("exactWithEmptyBase", with(LineSpacing, 14.0, LineMultiple, 0.0), "\\sl280\\slmult0");
-        row("negativeSpacing", with(LineSpacing, -14.0), "\\sl-280\\slmult0");
-        row("spacingEqualToItsBase", with(LineSpacing, 12.0, LineMultiple, 12.0), "");
-        row("spacingOfNothing", with(LineSpacing, 0.0), "");
-        row("spacingOfNothingWithBase", with(LineSpacing, 0.0, LineMultiple, 12.0), "");
-        row("baseAlone", with(LineMultiple, 12.0), "");
-        row("headingLevelIsNoSpacing", with(LineSpacing, 2), "");
-        row("headingLevelIsNoSpacingWithBase", with(LineSpacing, 2, LineMultiple, 12.0), "");
+        row("doubleSpacing", {{LineSpacing, 24.0}, {LineMultiple, 12.0}}, "\\sl480\\slmult1");
+        row("oneAndAHalf", {{LineSpacing, 18.0}, {LineMultiple, 12.0}}, "\\sl360\\slmult1");
+        row("multipleOfAnotherBase", {{LineSpacing, 15.0}, {LineMultiple, 10.0}}, "\\sl360\\slmult1");
+        row("exactSpacing", {{LineSpacing, 14.0}}, "\\sl280\\slmult0");
+        row("exactWithEmptyBase", {{LineSpacing, 14.0}, {LineMultiple, 0.0}}, "\\sl280\\slmult0");
+        row("negativeSpacing", {{LineSpacing, -14.0}}, "\\sl-280\\slmult0");
+        row("spacingEqualToItsBase", {{LineSpacing, 12.0}, {LineMultiple, 12.0}}, "");
+        row("spacingOfNothing", {{LineSpacing, 0.0}}, "");
+        row("spacingOfNothingWithBase", {{LineSpacing, 0.0}, {LineMultiple, 12.0}}, "");
+        row("baseAlone", {{LineMultiple, 12.0}}, "");
+        row("headingLevelIsNoSpacing", {{LineSpacing, 2}}, "");
+        row("headingLevelIsNoSpacingWithBase", {{LineSpacing, 2}, {LineMultiple, 12.0}}, "");
 
-        row("left", aligned(Qt::AlignLeft), "\\ql");
-        row("right", aligned(Qt::AlignRight), "\\qr");
-        row("centre", aligned(Qt::AlignHCenter), "\\qc");
-        row("justify", aligned(Qt::AlignJustify), "\\qj");
-        row("leftAbsolute", aligned(Qt::AlignLeft | Qt::AlignAbsolute), "\\ql");
-        row("centreBothWays", aligned(Qt::AlignCenter), "\\qc");
-        row("verticalOnly", aligned(Qt::AlignVCenter), "");
-        row("leftAndRight", aligned(Qt::AlignLeft | Qt::AlignRight), "");
-        row("leftToRight", with(QTextFormat::LayoutDirection, int(Qt::LeftToRight)), "");
-    }
-
-    void formatIsStatedInWords()
-    {
-        FETCH(QTextBlockFormat, format, QByteArray, words);
-        const Document document = paragraphs({"x"}, {format});
-        const QByteArray expected = start(words) + run("x");
-        QCOMPARE(writeBody(*document), expected);
-        QCOMPARE(writeBody(*document, exporting()), expected);
+        add("left", aligned(Qt::AlignLeft), "\\ql");
+        add("right", aligned(Qt::AlignRight), "\\qr");
+        add("centre", aligned(Qt::AlignHCenter), "\\qc");
+        add("justify", aligned(Qt::AlignJustify), "\\qj");
+        add("leftAbsolute", aligned(Qt::AlignLeft | Qt::AlignAbsolute), "\\ql");
+        add("centreBothWays", aligned(Qt::AlignCenter), "\\qc");
+        add("verticalOnly", aligned(Qt::AlignVCenter), "");
+        add("leftAndRight", aligned(Qt::AlignLeft | Qt::AlignRight), "");
+        row("leftToRight", {{QTextFormat::LayoutDirection, int(Qt::LeftToRight)}}, "");
     }
 
     ORV_ROWS(lengthsAreTruncated)
     {
         const Rows add([](double points, const QByteArray& twips) {
-            QTextBlockFormat format =
-                with(ORVRtfProperty::LeftIndent, points, QTextFormat::TextIndent, points);
-            format.setBottomMargin(points);
-            format.setTopMargin(points);
-            format.setProperty(ORVRtfProperty::LineSpacing, points);
+            QTextBlockFormat format = blockFormat({{ORVRtfProperty::LeftIndent, points},
+                                                   {QTextFormat::TextIndent, points},
+                                                   {QTextFormat::BlockBottomMargin, points},
+                                                   {QTextFormat::BlockTopMargin, points},
+                                                   {ORVRtfProperty::LineSpacing, points}});
             format.setTabPositions({tab(points, QTextOption::LeftTab)});
             QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
                      start("\\tx" + twips + "\\li" + twips + "\\sa" + twips + "\\sb" + twips + "\\sl" + twips
@@ -204,24 +176,24 @@ private slots:
     ORV_ROWS(lengthsOutOfRangeAreClamped)
     {
         const Rows add([](double points, const QByteArray& twips) {
-            QTextBlockFormat format;
-            format.setBottomMargin(points);
-            format.setTopMargin(points);
-            format.setProperty(ORVRtfProperty::LineSpacing, points);
+            const QTextBlockFormat format = blockFormat({{QTextFormat::BlockBottomMargin, points},
+                                                         {QTextFormat::BlockTopMargin, points},
+                                                         {ORVRtfProperty::LineSpacing, points}});
             QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
                      start("\\sa" + twips + "\\sb" + twips + "\\sl" + twips + "\\slmult0") + run("x"));
         });
-        add("infinite", Infinity, "2147483647");
-        add("negativeInfinite", -Infinity, "-2147483648");
+        add("infinite", qInf(), "2147483647");
+        add("negativeInfinite", -qInf(), "-2147483648");
         add("beyondInt", 1e12, "2147483647");
         add("belowInt", -1e12, "-2147483648");
     }
 
     void lengthThatIsNoNumberIsHarmless()
     {
-        QTextBlockFormat format = with(ORVRtfProperty::LeftIndent, NotANumber, QTextFormat::TextIndent, 18.0);
-        format.setProperty(ORVRtfProperty::RightIndent, NotANumber);
-        format.setTabPositions({tab(NotANumber, QTextOption::LeftTab)});
+        QTextBlockFormat format = blockFormat({{ORVRtfProperty::LeftIndent, qQNaN()},
+                                               {QTextFormat::TextIndent, 18.0},
+                                               {ORVRtfProperty::RightIndent, qQNaN()}});
+        format.setTabPositions({tab(qQNaN(), QTextOption::LeftTab)});
         const Document document = paragraphs({"x"}, {format});
         const QByteArray body = writeBody(*document);
         QVERIFY2(body.startsWith("\n\\pard\\plain \\tx0"), body.constData());
@@ -231,7 +203,7 @@ private slots:
 
     void rightIndentCountsFromTheRightMargin()
     {
-        const Document document = paragraphs({"x"}, {with(ORVRtfProperty::RightIndent, 300.0)});
+        const Document document = paragraphs({"x"}, {blockFormat({{ORVRtfProperty::RightIndent, 300.0}})});
         document->setProperty("paperSize", QSizeF(500.0, 700.0));
         document->setProperty("leftMargin", 50.0);
         document->setProperty("rightMargin", 100.0);
@@ -242,16 +214,17 @@ private slots:
     void wordsStandInOneOrder()
     {
         using namespace ORVRtfProperty;
-        QTextBlockFormat format = with(LineSpacing, 24.0, LineMultiple, 12.0);
-        format.setLayoutDirection(Qt::RightToLeft);
-        format.setAlignment(Qt::AlignRight);
-        format.setTopMargin(1);
-        format.setBottomMargin(2);
-        format.setProperty(RightIndent, 414.0);
-        format.setProperty(LeftIndent, 36.0);
-        format.setTextIndent(54);
+        QTextBlockFormat format = blockFormat({{LineSpacing, 24.0},
+                                               {LineMultiple, 12.0},
+                                               {QTextFormat::LayoutDirection, Qt::RightToLeft},
+                                               {QTextFormat::BlockAlignment, int(Qt::AlignRight)},
+                                               {QTextFormat::BlockTopMargin, 1.0},
+                                               {QTextFormat::BlockBottomMargin, 2.0},
+                                               {RightIndent, 414.0},
+                                               {LeftIndent, 36.0},
+                                               {QTextFormat::TextIndent, 54.0},
+                                               {QTextFormat::PageBreakPolicy, 0x221}});
         format.setTabPositions({tab(72, QTextOption::LeftTab)});
-        format.setProperty(QTextFormat::PageBreakPolicy, 0x221);
         QCOMPARE(writeBody(*paragraphs({"x"}, {format})),
                  QByteArray("\n\\pard\\plain \\pagebb\\keep\\keepn\\tx1440\\li720\\fi360\\ri360\\sa40\\sb20"
                             "\\sl480\\slmult1\\qr\\rtlpar\\rtlch\\loch "
@@ -265,7 +238,7 @@ private slots:
             [](const Document& document, const QByteArray& body) { QCOMPARE(writeBody(*document), body); });
         add("emptyDocumentIsOneEmptyParagraph", newDocument(), firstParagraph() + emptyRun());
         add("rightToLeftParagraphSaysSoTwice",
-            paragraphs({"x", "y"}, {with(QTextFormat::LayoutDirection, int(Qt::RightToLeft))}),
+            paragraphs({"x", "y"}, {blockFormat({{QTextFormat::LayoutDirection, int(Qt::RightToLeft)}})}),
             "\n\\pard\\plain \\rtlpar\\rtlch\\loch " + run("x") + next("") + run("y"));
         const QTextBlockFormat centred = aligned(Qt::AlignHCenter);
         add("equalFormatIsNotRepeated", paragraphs({"x", "y", "z"}, {centred, centred, centred}),
@@ -275,10 +248,10 @@ private slots:
         add("returnToPlainFormatIsStated", paragraphs({"x", "y"}, {centred}),
             start("\\qc") + run("x") + next("") + run("y"));
         // Formats are compared as Qt compares them, and Qt sees the order in which properties were first set.
+        const QTextBlockFormat before = blockFormat({{QTextFormat::BlockTopMargin, 6.0}});
+        const QTextBlockFormat after = blockFormat({{QTextFormat::BlockBottomMargin, 12.0}});
         add("formatThatIsBuiltInAnotherOrderCountsAsChanged",
-            paragraphs({"x", "y"},
-                       {with(QTextFormat::BlockTopMargin, 6.0, QTextFormat::BlockBottomMargin, 12.0),
-                        with(QTextFormat::BlockBottomMargin, 12.0, QTextFormat::BlockTopMargin, 6.0)}),
+            paragraphs({"x", "y"}, {with(before, after.properties()), with(after, before.properties())}),
             start("\\sa240\\sb120") + run("x") + next("\\sa240\\sb120") + run("y"));
 
         add("listItemHasNumberLevelAndText", asList(paragraphs({"One"})),
@@ -300,38 +273,29 @@ private slots:
     void emptyParagraphKeepsItsCharacterFormat()
     {
         const Document document = paragraphs({"x", "", "y"});
-        QTextCharFormat format;
-        format.setFontPointSize(20);
-        format.setFontItalic(true);
+        const QTextCharFormat format =
+            with(foreground(Qt::red), {{QTextFormat::FontPointSize, 20.0}, {QTextFormat::FontItalic, true}});
         QTextCursor(document->findBlockByNumber(1)).setBlockCharFormat(format);
         QCOMPARE(writeBody(*document),
-                 firstParagraph() + run("x") + newParagraph() + "\\f0\\fs40\\i1" + newParagraph() + run("y"));
-    }
-
-    void everyParagraphStartsPlain()
-    {
-        QCOMPARE(writeBody(*paragraphs({"x", "y", "", "z"})).count("\\plain "), 4);
+                 firstParagraph() + run("x") + newParagraph() + "\\f0\\fs40\\i1\\cf3" + newParagraph()
+                     + run("y"));
     }
 
     void listLevelIsStatedForEachItem()
     {
         const Document document = asList(paragraphs({"One", "Two"}), 2);
         ORVTextListFormat::setBlockLevel(document->begin().textList(), document->lastBlock(), 2);
-        const QByteArray body = writeBody(*document);
-        QVERIFY2(body.contains(FirstItem + run("One")), body.constData());
-        QVERIFY2(body.contains("\\ilvl2" + listText("2") + run("Two")), body.constData());
+        ORV_CONTAINS(writeBody(*document), FirstItem + run("One"));
+        ORV_CONTAINS(writeBody(*document), "\\ilvl2" + listText("2") + run("Two"));
     }
 
     void listItemInATable()
     {
         const Document document = newDocument();
-        QTextTable* table = QTextCursor(document.data()).insertTable(1, 1);
-        QTextCursor cell = table->cellAt(0, 0).firstCursorPosition();
+        QTextCursor cell = QTextCursor(document.data()).insertTable(1, 1)->cellAt(0, 0).firstCursorPosition();
         cell.insertText("One");
         cell.createList(QTextListFormat::ListDecimal);
-        const QByteArray body = writeBody(*document);
-        QVERIFY2(body.contains("\n\\pard\\plain \\intbl\\itap1" + FirstItem + run("One") + "\\cell"),
-                 body.constData());
+        ORV_CONTAINS(writeBody(*document), cellStart() + FirstItem + run("One") + "\\cell");
     }
 
     ORV_ROWS(firstLineOfListItems)
@@ -341,9 +305,9 @@ private slots:
             QCOMPARE(writeBody(*document, exportingMode ? exporting() : WriteSettings()),
                      start(words) + FirstItem + run("One"));
         });
-        const QTextBlockFormat hanging =
-            with(ORVRtfProperty::LeftIndent, 36.0, QTextFormat::TextIndent, 27.0);
-        const QTextBlockFormat flush = with(ORVRtfProperty::LeftIndent, 36.0, QTextFormat::TextIndent, 36.0);
+        const QTextBlockFormat flush =
+            blockFormat({{ORVRtfProperty::LeftIndent, 36.0}, {QTextFormat::TextIndent, 36.0}});
+        const QTextBlockFormat hanging = with(flush, {{QTextFormat::TextIndent, 27.0}});
         add("plainStored", QTextBlockFormat(), false, QByteArray());
         add("plainExported", QTextBlockFormat(), true, "\\fi-360");
         add("hangingStored", hanging, false, "\\li720\\fi-180");
