@@ -316,11 +316,14 @@ private slots:
 
     void lists()
     {
+        const QStringList texts = {"%0."_s, "%1.%0)"_s, "{%1-%0}"_s, "•"_s};
+        const ORVTextListLevel::Kind kinds[] = {ORVTextListLevel::Decimal, ORVTextListLevel::LowerLetter,
+                                                ORVTextListLevel::UpperRoman, ORVTextListLevel::Bullet};
         QList<ORVTextListLevel> levels;
-        for (int i = 0; i < 3; ++i) {
+        for (int i = 0; i < 4; ++i) {
             ORVTextListLevel level;
-            level.setText(i == 0 ? "%0."_s : "%1.%0)"_s);
-            level.setKind(i == 2 ? ORVTextListLevel::LowerLetter : ORVTextListLevel::Decimal);
+            level.setText(texts.at(i));
+            level.setKind(kinds[i]);
             level.setIndent(36 * (i + 1));
             level.setFirstLinePosition(36 * i + 18);
             levels << level;
@@ -331,20 +334,20 @@ private slots:
         QTextCursor cursor(document.data());
         cursor.movePosition(QTextCursor::End);
         QTextList* list = cursor.createList(format);
-        for (int i = 1; i < 6; ++i) {
+        for (int i = 1; i < 8; ++i) {
             cursor.insertBlock();
             cursor.insertText("Item %1"_s.arg(i), textFormat());
         }
-        for (int i = 0; i < 6; ++i)
-            ORVTextListFormat::setBlockLevel(list, document->findBlockByNumber(i), i % 3);
+        for (int i = 0; i < 8; ++i)
+            ORVTextListFormat::setBlockLevel(list, document->findBlockByNumber(i), (i + 1) % 4);
 
         const RoundTrip trip(*document);
         QCOMPARE(trip.reading.status, 0);
         QCOMPARE(trip.reading.text(), textOf(*document));
         QCOMPARE(listLines(*trip.reading.document), listLines(*document));
-        for (int i = 0; i < 6; ++i)
+        for (int i = 0; i < 8; ++i)
             QCOMPARE(trip.reading.blockFormat(i).doubleProperty(ORVRtfProperty::LeftIndent),
-                     36.0 * (i % 3 + 1));
+                     36.0 * ((i + 1) % 4 + 1));
         QCOMPARE(trip.second, trip.first);
     }
 

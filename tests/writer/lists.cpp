@@ -1,9 +1,9 @@
-#include "testsupport.h"
+#include "ORVRtfListItemText_p.h"
+#include "writerhelpers.h"
 
 using namespace rtftest;
 
 typedef QList<ORVTextListLevel> Levels;
-Q_DECLARE_METATYPE(Levels)
 
 namespace {
 
@@ -71,9 +71,6 @@ QByteArray listTablesOf(const Levels& levels)
     return tablesOf(write(*listDocument(listFormat(levels))));
 }
 
-/*! The preamble of text outside ASCII. */
-const QByteArray Wide = "\\loch\\af0\\hich\\af0\\dbch\\af0\\uc1";
-
 } // namespace
 
 class TestWriterLists : public QObject {
@@ -106,8 +103,8 @@ private slots:
         add("braces", "{%0}", "\\'03\\{\\'00\\}", "\\'02");
         add("backslash", "\\%0", "\\'02\\\\\\'00", "\\'02");
         add("tab", "%0\t", "\\'02\\'00\\'09", "\\'01");
-        add("enDash", QString(QChar(0x2013)), "\\'01" + Wide + "\\u8211\\'96", QByteArray());
-        add("noBreakSpace", QString(QChar(0xa0)), "\\'01" + Wide + "\\u160\\'A0", QByteArray());
+        add("enDash", QString(QChar(0x2013)), "\\'01" + preamble() + "\\u8211\\'96", QByteArray());
+        add("noBreakSpace", QString(QChar(0xa0)), "\\'01" + preamble() + "\\u160\\'A0", QByteArray());
 
         const QString z(91, QLatin1Char('z'));
         const QByteArray zs(91, 'z');
@@ -127,7 +124,7 @@ private slots:
         });
         const unsigned decimal = ORVTextListLevel::Decimal;
         add("bulletedList", {level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 36, 18)},
-            levelGroup(23, "\\'01" + Wide + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"));
+            levelGroup(23, "\\'01" + preamble() + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"));
         add("placeholdersOfDeeperLevels",
             {level("%0.", decimal), level("%1.%0", ORVTextListLevel::LowerLetter),
              level("%2.%1.%0", decimal)},
@@ -191,13 +188,10 @@ private slots:
 
     void levelHasTheFormatOfTheFirstItem()
     {
-        QTextCharFormat format;
-        format.setFontWeight(QFont::Bold);
-        format.setForeground(Qt::red);
-        const QSharedPointer<QTextDocument> document = textDocument("Item");
-        QTextCursor cursor(document.data());
-        cursor.setBlockCharFormat(format);
-        cursor.createList(listFormat({level("%0", ORVTextListLevel::Decimal)}));
+        const QTextCharFormat format = bold(foreground(Qt::red));
+        const QSharedPointer<QTextDocument> document =
+            listDocument(listFormat({level("%0", ORVTextListLevel::Decimal)}));
+        QTextCursor(document.data()).setBlockCharFormat(format);
         // Black and white are colours 1 and 2.
         QCOMPARE(tablesOf(write(*document)),
                  tables(listGroup(
@@ -206,11 +200,8 @@ private slots:
 
     void listsAreNumberedInOrderOfAppearance()
     {
-        const QSharedPointer<QTextDocument> document = textDocument("One");
-        QTextCursor cursor(document.data());
-        cursor.movePosition(QTextCursor::End);
-        cursor.insertBlock();
-        cursor.insertText("Two");
+        const QSharedPointer<QTextDocument> document = textDocument("One\nTwo");
+        QTextCursor cursor(document->lastBlock());
         // Made first, but stands second.
         cursor.createList(listFormat({level("%0)", ORVTextListLevel::LowerLetter)}));
         QTextCursor(document->begin()).createList(listFormat({level("%0.", ORVTextListLevel::Decimal)}));
@@ -228,11 +219,8 @@ private slots:
             listDocument(listFormat({level("%0.", ORVTextListLevel::Decimal)}));
         QTextList* list = document->begin().textList();
         QTextCursor cursor(document.data());
-        for (int i = 0; i < 3; ++i) {
-            cursor.movePosition(QTextCursor::End);
-            cursor.insertBlock();
-            cursor.insertText("Item");
-        }
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertText("\nItem\nItem\nItem");
         QCOMPARE(list->count(), 4);
         QCOMPARE(tablesOf(write(*document)), tables(listGroup(1, levelGroup(0, "\\'02\\'00.", "\\'01"))));
     }
@@ -244,32 +232,70 @@ private slots:
         const QSharedPointer<QTextDocument> document = listDocument(listFormat(levels));
         QTextCursor cursor(document.data());
         cursor.movePosition(QTextCursor::End);
-        cursor.insertBlock();
-        cursor.insertText("Sub");
+        cursor.insertText("\nSub");
         QTextList* list = document->begin().textList();
         ORVTextListFormat::setBlockLevel(list, document->begin(), 0);
         ORVTextListFormat::setBlockLevel(list, cursor.block(), 1);
         const QByteArray body = writeBody(*document);
         QVERIFY2(body.startsWith("\n\\pard\\plain \\li360\\ltrch\\loch \\ls1\\ilvl0{\\listtext"),
                  body.constData());
-        QVERIFY2(body.contains("\n\\par\\pard\\plain \\li720\\ltrch\\loch \\ls1\\ilvl1{\\listtext"),
-                 body.constData());
+        ORV_CONTAINS(body, "\n\\par\\pard\\plain \\li720\\ltrch\\loch \\ls1\\ilvl1{\\listtext");
     }
 
-    void listsAreReadBack()
+    ORV_ROWS(itemText)
     {
-        const Levels levels = {level("%0.", ORVTextListLevel::Decimal, 36, 18),
-                               level("{%1-%0}", ORVTextListLevel::UpperRoman, 72, 54),
-                               level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 90, 72)};
-        const QSharedPointer<QTextDocument> document = listDocument(listFormat(levels));
-        ORVTextListFormat::setBlockLevel(document->begin().textList(), document->begin(), 1);
-        const Reading reading = rtftest::read(write(*document));
-        QCOMPARE(reading.status, 0);
-        QTextList* list = reading.block(0).textList();
-        QVERIFY(list);
-        QCOMPARE(ORVTextListFormat::levels(list->format()), levels);
-        QCOMPARE(ORVTextListFormat::blockLevel(list, reading.block(0)), 1);
-        QCOMPARE(reading.text(), "Item"_s);
+        const Rows add([](int style, int number, const QString& text) {
+            QTextListFormat format;
+            format.setStyle(QTextListFormat::Style(style));
+            QCOMPARE(ORVRtfListItemText::itemText(format, number, false), text);
+        });
+        add("decimal 1", QTextListFormat::ListDecimal, 1, "1.");
+        add("decimal 20000", QTextListFormat::ListDecimal, 20000, "20000.");
+        add("letter 26", QTextListFormat::ListLowerAlpha, 26, "z.");
+        add("letter 27", QTextListFormat::ListLowerAlpha, 27, "aa.");
+        add("letter 52", QTextListFormat::ListUpperAlpha, 52, "AZ.");
+        add("letter 53", QTextListFormat::ListUpperAlpha, 53, "BA.");
+        add("letter 702", QTextListFormat::ListLowerAlpha, 702, "zz.");
+        add("letter 703", QTextListFormat::ListLowerAlpha, 703, "aaa.");
+        add("roman 4", QTextListFormat::ListLowerRoman, 4, "iv.");
+        add("roman 1999", QTextListFormat::ListUpperRoman, 1999, "MCMXCIX.");
+        add("roman 4999", QTextListFormat::ListUpperRoman, 4999, "MMMMCMXCIX.");
+        add("roman 5000", QTextListFormat::ListLowerRoman, 5000, "?.");
+        add("disc", QTextListFormat::ListDisc, 3, ".");
+        add("no style", QTextListFormat::ListStyleUndefined, 3, ".");
+    }
+
+    /*! The text of an item must be what Qt's own list gives. */
+    ORV_ROWS(itemTextAgreesWithQt)
+    {
+        const Rows add([](int style, bool surrounded, bool rightToLeft) {
+            QTextListFormat format;
+            format.setStyle(QTextListFormat::Style(style));
+            if (surrounded) {
+                format.setNumberPrefix("(");
+                format.setNumberSuffix(")");
+            }
+            QTextDocument document;
+            QTextCursor cursor(&document);
+            cursor.setBlockFormat(blockFormat(
+                {{QTextFormat::LayoutDirection, rightToLeft ? Qt::RightToLeft : Qt::LeftToRight}}));
+            QTextList* const list = cursor.createList(format);
+            for (int i = 1; i < 150; ++i)
+                cursor.insertBlock();
+            QCOMPARE(list->count(), 150);
+            for (int i = 0; i < list->count(); ++i)
+                QCOMPARE(ORVRtfListItemText::itemText(list->format(), i + 1,
+                                                      list->item(i).textDirection() == Qt::RightToLeft),
+                         list->itemText(list->item(i)));
+        });
+        for (int style = QTextListFormat::ListUpperRoman; style <= QTextListFormat::ListStyleUndefined;
+             ++style) {
+            const QByteArray name = "style " + QByteArray::number(style);
+            add(name, style, false, false);
+            add(name + ", surrounded", style, true, false);
+            add(name + ", right to left", style, false, true);
+            add(name + ", surrounded, right to left", style, true, true);
+        }
     }
 };
 

@@ -1,4 +1,4 @@
-#include "testsupport.h"
+#include "writerhelpers.h"
 
 using namespace rtftest;
 
@@ -40,12 +40,6 @@ QByteArray column(int right, const QByteArray& merge = QByteArray(), const QByte
 
 const QByteArray OneColumn = column(4000);
 const QByteArray TwoColumns = OneColumn + column(8000);
-
-/*! What the first paragraph of a cell begins with. */
-QByteArray cellStart(int depth = 1)
-{
-    return "\n\\pard\\plain \\intbl\\itap" + QByteArray::number(depth);
-}
 
 /*! Cells with a paragraph of one letter each. */
 QByteArray letterCells(const QByteArray& letters, int depth = 1)
@@ -127,18 +121,14 @@ public:
     TableStory& setCellProperty(int row, int column, int property, const QVariant& value)
     {
         QTextTableCell cell = table->cellAt(row, column);
-        QTextCharFormat format = cell.format();
-        format.setProperty(property, value);
-        cell.setFormat(format);
+        cell.setFormat(with(cell.format(), {{property, value}}));
         return *this;
     }
     /*! Sets a property of the paragraphs in the first row. */
     TableStory& setBlockProperty(int property, int value)
     {
-        QTextBlockFormat format;
-        format.setProperty(property, value);
         for (int column = 0; column < table->columns(); ++column)
-            cursor(0, column).setBlockFormat(format);
+            cursor(0, column).setBlockFormat(blockFormat({{property, value}}));
         return *this;
     }
     /*! Merges the first cell with others, whose texts go. */
@@ -149,12 +139,32 @@ public:
         table->mergeCells(0, 0, rows, columns);
         return *this;
     }
-    QTextTable* insertTable(int row, int column) const
+    /*! Adds text at the end of the first cell. */
+    TableStory& append(const QString& text)
     {
-        QTextTable* const inner =
-            table->cellAt(row, column).lastCursorPosition().insertTable(1, 1, plainTable());
+        table->cellAt(0, 0).lastCursorPosition().insertText(text);
+        return *this;
+    }
+    /*! Adds a table of one cell, the letter x, at the end of the first cell. */
+    TableStory& appendTable()
+    {
+        QTextTable* const inner = table->cellAt(0, 0).lastCursorPosition().insertTable(1, 1, plainTable());
         inner->cellAt(0, 0).firstCursorPosition().insertText("x");
-        return inner;
+        return *this;
+    }
+    /*! Removes the letter of each cell. */
+    TableStory& clear()
+    {
+        for (int i = 0; i < table->rows() * table->columns(); ++i)
+            cursor(i / table->columns(), i % table->columns()).deleteChar();
+        return *this;
+    }
+    TableStory& setPage(const QSizeF& size, double leftMargin, double rightMargin)
+    {
+        document->setProperty("paperSize", size);
+        document->setProperty("leftMargin", leftMargin);
+        document->setProperty("rightMargin", rightMargin);
+        return *this;
     }
     QByteArray body(const WriteSettings& settings = WriteSettings()) const
     {
@@ -282,126 +292,38 @@ private slots:
         addPadding("cellPadding twipsAreCut", 1.99, 39);
         addPadding("cellPadding binaryFraction", 1.99999999, 40);
 
-        // Column widths.
-        const auto addWidths = [&add](const char* name, const QVector<QTextLength>& widths, int first,
-                                      int second) {
-            TableStory story(1, 2);
-            QTextTableFormat format = withWidths(widths);
-            format.setColumns(2);
-            if (!widths.isEmpty())
-                story.table->setFormat(format);
-            add(name, story.document, oneRow(column(first) + column(second), letterCells("ab")));
-        };
-        const QTextLength variable(QTextLength::VariableLength, 0);
-        // The text is 432 points wide: 8.5 inches less two margins of 1.25.
-        addWidths("none", {}, 4000, 8000);
-        addWidths("halves", {percent(50), percent(50)}, 4320, 8640);
-        addWidths("thirds", {percent(100 / 3.0), percent(200 / 3.0)}, 2880, 8640);
-        addWidths("pointsAreCut", {percent(10), fixed(100)}, 43 * 20, 143 * 20);
-        addWidths("fixed", {fixed(100.7), fixed(50)}, 2000, 3000);
-        addWidths("variable", {variable, variable}, 8640, 17280);
-        addWidths("mixed", {fixed(72), percent(25)}, 1440, 3600);
-        addWidths("tooFew", {fixed(72)}, 1440, 5440);
-        addWidths("binaryFraction", {fixed(71.99999999), fixed(72)}, 1440, 2880);
-        addWidths("zero", {fixed(0), fixed(72)}, 0, 1440);
-
-        // Frames.
-        const QByteArray before = firstParagraph() + run("before");
-        const QByteArray next = "\n\\par\\plain ";
-        FrameStory text;
-        text.cursor.insertText("inside");
-        add("textOfAFrameIsLeftOut", text.document, before + next + emptyRun());
-
-        FrameStory inner;
-        inner.cursor.insertText("inside");
-        inner.cursor.insertFrame(QTextFrameFormat());
-        inner.cursor.insertText("innermost");
-        add("frameWithinAFrameIsWritten", inner.document,
-            before + firstParagraph() + run("innermost") + next + emptyRun());
-
-        // What stands in a frame within a frame is written paragraph by paragraph, a table too.
-        FrameStory withTable;
-        QTextTable* table = withTable.cursor.insertTable(1, 2, plainTable());
-        table->cellAt(0, 0).firstCursorPosition().insertText("a");
-        table->cellAt(0, 1).firstCursorPosition().insertText("b");
-        add("tableWithinAFrameLosesItsCells", withTable.document,
-            before + firstParagraph() + run("a") + next + run("b") + next + emptyRun());
-
-        FrameStory after;
-        after.cursor.insertText("inside");
-        after.cursor.movePosition(QTextCursor::End);
-        after.cursor.insertText("after");
-        add("paragraphAfterAFrameGoesOn", after.document, before + next + run("after"));
-    }
-
-    void columnWidthsFollowThePage()
-    {
-        TableStory story(1, 1, withWidths({percent(50)}));
-        story.document->setProperty("paperSize", QSizeF(500.0, 700.0));
-        story.document->setProperty("leftMargin", 50.0);
-        story.document->setProperty("rightMargin", 100.0);
-        // Half of 350 points.
-        QCOMPARE(story.body(), oneRow(column(3500), letterCells("a")));
-    }
-
-    void emptyCellsKeepTheirFormat()
-    {
-        const Document document = newDocument();
-        QTextCursor(document.data()).insertTable(1, 2, plainTable());
-        const QByteArray cell = cellStart() + emptyRun() + "\\cell";
-        QCOMPARE(writeBody(*document), oneRow(TwoColumns, cell + " " + cell));
-    }
-
-    void cellOfTwoParagraphs()
-    {
-        TableStory story(1, 1);
-        story.table->cellAt(0, 0).lastCursorPosition().insertText("\nb");
-        QCOMPARE(story.body(),
-                 oneRow(OneColumn,
-                        cellStart() + run("a") + "\n\\par\\plain \\intbl\\itap1" + run("b") + "\\cell"));
+        const QByteArray begin = cellStart() + emptyRun();
+        add("emptyCellsKeepTheirFormat", TableStory(1, 2).clear().document,
+            oneRow(TwoColumns, begin + "\\cell " + begin + "\\cell"));
+        add("cellOfTwoParagraphs", TableStory(1, 1).append("\nb").document,
+            oneRow(OneColumn,
+                   cellStart() + run("a") + "\n\\par\\plain \\intbl\\itap1" + run("b") + "\\cell"));
+        add("nestedTableBetweenTexts", TableStory(1, 2).appendTable().append("y").document,
+            oneRow(TwoColumns,
+                   cellStart() + run("a") + innerTable() + letterCells("y") + ' ' + letterCells("b")));
+        // The empty paragraph behind the nested table is dropped, the one of the next cell is not.
+        add("emptyCellBehindANestedTable", TableStory(1, 2).clear().appendTable().document,
+            oneRow(TwoColumns, begin + innerTable() + "\\cell " + begin + "\\cell"));
+        addWidths(add);
+        addFrames(add);
     }
 
     void borderHasItsColour()
     {
-        const QByteArray rtf = write(*TableStory(1, 1, bordered(1)).document);
-        QVERIFY2(rtf.contains("{\\colortbl;\\red0\\green0\\blue0;\\red255\\green255\\blue255;"
-                              "\\red255\\green0\\blue0;}"),
-                 rtf.constData());
+        QCOMPARE(colorTableOf(write(*TableStory(1, 1, bordered(1)).document)), blackAndWhite() + RedEntry);
     }
 
     void nestedTable()
     {
-        const Document document = newDocument();
-        QTextTable* outer = QTextCursor(document.data()).insertTable(1, 1, plainTable());
-        QTextTable* inner = outer->cellAt(0, 0).firstCursorPosition().insertTable(2, 2, plainTable());
+        const TableStory story = TableStory(1, 1).clear();
+        QTextTable* inner = story.cursor(0, 0).insertTable(2, 2, plainTable());
         const char* const texts[] = {"a", "b", "c", "d"};
         for (int i = 0; i < 4; ++i)
             inner->cellAt(i / 2, i % 2).firstCursorPosition().insertText(texts[i]);
         const QByteArray innerRows = nestedRow(rowStart(true, false) + TwoColumns, letterCells("ab", 2))
             + nestedRow(rowStart(false, true) + TwoColumns, letterCells("cd", 2));
-        QCOMPARE(writeBody(*document),
-                 oneRow(OneColumn, cellStart() + emptyRun() + "\n" + innerRows + "\\itap1\\intbl\\cell"));
-    }
-
-    void nestedTableBetweenTexts()
-    {
-        TableStory story(1, 2);
-        story.insertTable(0, 0);
-        story.table->cellAt(0, 0).lastCursorPosition().insertText("y");
         QCOMPARE(story.body(),
-                 oneRow(TwoColumns,
-                        cellStart() + run("a") + innerTable() + letterCells("y") + ' ' + letterCells("b")));
-    }
-
-    void emptyCellBehindANestedTable()
-    {
-        // The empty paragraph behind the nested table is dropped, the one of the next cell is not.
-        TableStory story(1, 2);
-        story.cursor(0, 0).deleteChar();
-        story.cursor(0, 1).deleteChar();
-        story.insertTable(0, 0);
-        const QByteArray begin = cellStart() + emptyRun();
-        QCOMPARE(story.body(), oneRow(TwoColumns, begin + innerTable() + "\\cell " + begin + "\\cell"));
+                 oneRow(OneColumn, cellStart() + emptyRun() + "\n" + innerRows + "\\itap1\\intbl\\cell"));
     }
 
     void tableNestedTwice()
@@ -450,50 +372,88 @@ private slots:
 
     ORV_ROWS(paragraphBeforeATable)
     {
-        const Rows add([](bool exportingMode, bool setting, const QByteArray& end) {
+        const Rows add([](const QString& text, const WriteSettings& settings, const QByteArray& written) {
             TableStory story(1, 1);
-            QTextCursor(story.document.data()).insertText("before");
-            WriteSettings settings = setting ? endingParagraphs() : WriteSettings();
-            settings.exportingMode = exportingMode;
+            QTextCursor(story.document.data()).insertText(text);
             QCOMPARE(story.body(settings),
-                     firstParagraph() + run("before") + end + "\n"
+                     firstParagraph() + written + "\n"
                          + wholeRow(rowStart(true, true) + OneColumn, letterCells("a")));
         });
-        add("stored", false, false, QByteArray());
-        add("exported", true, false, "\n\\par");
-        add("set", false, true, "\n\\par");
-    }
-
-    void emptyParagraphBeforeATableIsNotEnded()
-    {
-        TableStory story(1, 1);
-        QCOMPARE(story.body(exporting()), story.body());
+        add("stored", "before", WriteSettings(), run("before"));
+        add("exported", "before", exporting(), run("before") + "\n\\par");
+        add("set", "before", endingParagraphs(), run("before") + "\n\\par");
+        add("empty, exported", "", exporting(), emptyRun());
     }
 
     void paragraphBeforeANestedTable()
     {
-        TableStory story(1, 1);
-        story.insertTable(0, 0);
+        const TableStory story = TableStory(1, 1).appendTable();
         const QByteArray begin = cellStart() + run("a");
         QCOMPARE(story.body(exporting()), oneRow(OneColumn, begin + "\n\\par" + innerTable() + "\\cell"));
         QCOMPARE(story.body(), oneRow(OneColumn, begin + innerTable() + "\\cell"));
     }
 
-    void tablesAreReadBack()
+private:
+    template <typename AddRow>
+    static void addWidths(const AddRow& add)
     {
-        TableStory story(3, 3);
-        story.table->mergeCells(0, 0, 1, 2);
-        story.table->mergeCells(1, 1, 2, 1);
-        const Reading reading = rtftest::read(write(*story.document));
-        QCOMPARE(reading.status, 0);
-        QTextTable* table = QTextCursor(reading.document->begin().next()).currentTable();
-        QVERIFY(table);
-        QCOMPARE(table->rows(), 3);
-        QCOMPARE(table->columns(), 3);
-        QCOMPARE(table->cellAt(0, 0).columnSpan(), 2);
-        QCOMPARE(table->cellAt(1, 1).rowSpan(), 2);
-        QCOMPARE(table->cellAt(0, 2).firstCursorPosition().block().text(), "c"_s);
-        QCOMPARE(table->cellAt(2, 2).firstCursorPosition().block().text(), "i"_s);
+        const auto addWidth = [&add](const char* name, const QVector<QTextLength>& widths, int first,
+                                     int second) {
+            TableStory story(1, 2);
+            QTextTableFormat format = withWidths(widths);
+            format.setColumns(2);
+            if (!widths.isEmpty())
+                story.table->setFormat(format);
+            add(name, story.document, oneRow(column(first) + column(second), letterCells("ab")));
+        };
+        const QTextLength variable(QTextLength::VariableLength, 0);
+        // The text is 432 points wide: 8.5 inches less two margins of 1.25.
+        addWidth("widths none", {}, 4000, 8000);
+        addWidth("widths halves", {percent(50), percent(50)}, 4320, 8640);
+        addWidth("widths thirds", {percent(100 / 3.0), percent(200 / 3.0)}, 2880, 8640);
+        addWidth("widths pointsAreCut", {percent(10), fixed(100)}, 43 * 20, 143 * 20);
+        addWidth("widths fixed", {fixed(100.7), fixed(50)}, 2000, 3000);
+        addWidth("widths variable", {variable, variable}, 8640, 17280);
+        addWidth("widths mixed", {fixed(72), percent(25)}, 1440, 3600);
+        addWidth("widths tooFew", {fixed(72)}, 1440, 5440);
+        addWidth("widths binaryFraction", {fixed(71.99999999), fixed(72)}, 1440, 2880);
+        addWidth("widths zero", {fixed(0), fixed(72)}, 0, 1440);
+
+        // Half of 350 points.
+        add("widths followThePage",
+            TableStory(1, 1, withWidths({percent(50)})).setPage(QSizeF(500, 700), 50, 100).document,
+            oneRow(column(3500), letterCells("a")));
+    }
+
+    template <typename AddRow>
+    static void addFrames(const AddRow& add)
+    {
+        const QByteArray before = firstParagraph() + run("before");
+        const QByteArray next = "\n\\par\\plain ";
+        FrameStory text;
+        text.cursor.insertText("inside");
+        add("textOfAFrameIsLeftOut", text.document, before + next + emptyRun());
+
+        FrameStory inner;
+        inner.cursor.insertText("inside");
+        inner.cursor.insertFrame(QTextFrameFormat());
+        inner.cursor.insertText("innermost");
+        add("frameWithinAFrameIsWritten", inner.document,
+            before + firstParagraph() + run("innermost") + next + emptyRun());
+
+        // What stands in a frame within a frame is written paragraph by paragraph, a table too.
+        FrameStory withTable;
+        QTextTable* table = withTable.cursor.insertTable(1, 2, plainTable());
+        table->cellAt(0, 0).firstCursorPosition().insertText("a");
+        table->cellAt(0, 1).firstCursorPosition().insertText("b");
+        add("tableWithinAFrameLosesItsCells", withTable.document,
+            before + firstParagraph() + run("a") + next + run("b") + next + emptyRun());
+
+        FrameStory after;
+        after.cursor.insertText("inside");
+        after.cursor.movePosition(QTextCursor::End);
+        after.cursor.insertText("after");
+        add("paragraphAfterAFrameGoesOn", after.document, before + next + run("after"));
     }
 };
 
