@@ -5,6 +5,8 @@ using namespace rtftest;
 
 namespace {
 
+typedef QSharedPointer<QTextDocument> Document;
+
 const QByteArray Sample = "{\\rtf1\\ansi One {\\b two}}";
 const QByteArray OtherSample = "{\\rtf1\\ansi Other}";
 // One group is not closed.
@@ -29,9 +31,9 @@ public:
 };
 
 /*! A paragraph of text, directly followed by a table of one cell, which the document ends with. */
-QSharedPointer<QTextDocument> tableDocument()
+Document tableDocument()
 {
-    const QSharedPointer<QTextDocument> document = textDocument("before"_s);
+    const Document document = textDocument("before"_s);
     QTextCursor cursor(document.data());
     cursor.movePosition(QTextCursor::End);
     QTextTableFormat format;
@@ -56,14 +58,12 @@ QByteArray tableRtf(const QByteArray& end)
 }
 
 /*! Text that exporting would change: a placeholder, and a note that begins with blanks. */
-QSharedPointer<QTextDocument> unexportedDocument()
+Document unexportedDocument()
 {
-    const QSharedPointer<QTextDocument> document = textDocument("<$p>"_s);
-    QTextCharFormat note;
-    note.setProperty(ORVRtfProperty::InFootnote, true);
+    const Document document = textDocument("<$p>"_s);
     QTextCursor cursor(document.data());
     cursor.movePosition(QTextCursor::End);
-    cursor.insertText("  note"_s, note);
+    cursor.insertText("  note"_s, charFormat({{ORVRtfProperty::InFootnote, true}}));
     return document;
 }
 
@@ -73,6 +73,13 @@ QByteArray unexportedRtf()
         + "{\\super\\chftn{\\footnote\\pard\\plain {\\super\\chftn\\f0\\fs24}\\f0\\fs24   note}}}";
 }
 
+/*! Mime data with \a rtf under every type of RTF. */
+void setAllTypes(QMimeData& mime, const QByteArray& rtf)
+{
+    for (const QString& type : ORV::rtfMimeTypes())
+        mime.setData(type, rtf);
+}
+
 } // namespace
 
 /*! RTF on the clipboard, in both flavours. */
@@ -80,112 +87,77 @@ class TestClipboard : public QObject {
     Q_OBJECT
 
 private slots:
-    void plainFlavourHasEveryType()
+    ORV_ROWS(plainFlavour)
     {
-        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
-        QMimeData mime;
-        ORVTextRtf::setRtfMimeData(&mime, document.data());
-        QCOMPARE(mime.formats(), ORV::rtfMimeTypes());
-        const QByteArray first = mime.data(ORV::rtfMimeTypes().first());
-        for (const QString& type : mime.formats()) {
-            QCOMPARE(mime.data(type), documentHead() + firstParagraph() + run("Hello") + "}");
-            // Byte arrays that stem from one conversion share their memory.
-            QCOMPARE(static_cast<const void*>(mime.data(type).constData()),
-                     static_cast<const void*>(first.constData()));
-        }
-        QVERIFY(document->isUndoAvailable());
-        QCOMPARE(textOf(*document), "Hello"_s);
+        const Rows add([](const Document& document, const QByteArray& rtf) {
+            const bool undo = document->isUndoAvailable();
+            const QString text = textOf(*document);
+            QMimeData mime;
+            ORVTextRtf::setRtfMimeData(&mime, document.data());
+            QCOMPARE(mime.formats(), ORV::rtfMimeTypes());
+            QMimeData used;
+            used.setText("as text"_s);
+            used.setData(ownType(), Sample);
+            setAllTypes(used, Sample);
+            ORVTextRtf::setRtfMimeData(&used, document.data());
+            QCOMPARE(used.formats().size(), 2 + ORV::rtfMimeTypes().size());
+            QCOMPARE(used.text(), "as text"_s);
+            QCOMPARE(used.data(ownType()), Sample);
+            const QByteArray first = mime.data(ORV::rtfMimeTypes().first());
+            for (const QString& type : ORV::rtfMimeTypes()) {
+                QCOMPARE(wellFormed(mime.data(type)), rtf);
+                QCOMPARE(used.data(type), rtf);
+                // Byte arrays that stem from one conversion share their memory.
+                QCOMPARE(static_cast<const void*>(mime.data(type).constData()),
+                         static_cast<const void*>(first.constData()));
+            }
+            QCOMPARE(document->isUndoAvailable(), undo);
+            QCOMPARE(textOf(*document), text);
+        });
+        add("nothing", newDocument(), documentHead() + firstParagraph() + emptyRun() + "}");
+        add("text", textDocument("Hello"_s), documentHead() + firstParagraph() + run("Hello") + "}");
+        add("paragraph before a table is ended", tableDocument(), tableRtf("\n\\par"));
+        add("no export", unexportedDocument(), unexportedRtf());
     }
 
-    void plainFlavourEndsTheParagraphBeforeATable()
+    ORV_ROWS(ownFlavour)
     {
-        QMimeData mime;
-        ORVTextRtf::setRtfMimeData(&mime, tableDocument().data());
-        for (const QString& type : ORV::rtfMimeTypes())
-            QCOMPARE(wellFormed(mime.data(type)), tableRtf("\n\\par"));
+        const Rows add([](const Document& document, const QByteArray& rtf) {
+            const QString text = textOf(*document);
+            for (const bool inPlace : {false, true}) {
+                QMimeData mime;
+                ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), inPlace);
+                QCOMPARE(mime.formats(), QStringList(ownType()));
+                QCOMPARE(wellFormed(mime.data(ownType())), rtf);
+                QCOMPARE(document->isUndoAvailable(), !inPlace);
+                QCOMPARE(textOf(*document), text);
+            }
+        });
+        add("text", textDocument("Hello"_s), documentHead() + firstParagraph() + run("Hello") + "}");
+        add("table", tableDocument(), tableRtf(""));
+        add("no export", unexportedDocument(), unexportedRtf());
     }
 
-    void plainFlavourIsNoExport()
+    void writingNothingOrToNothing()
     {
-        QMimeData mime;
-        ORVTextRtf::setRtfMimeData(&mime, unexportedDocument().data());
-        QCOMPARE(wellFormed(mime.data(ORV::rtfMimeTypes().first())), unexportedRtf());
-    }
-
-    void plainFlavourLeavesOtherTypesAlone()
-    {
-        QMimeData mime;
-        mime.setText("as text"_s);
-        mime.setData(ownType(), Sample);
-        ORVTextRtf::setRtfMimeData(&mime, textDocument("Hello"_s).data());
-        QCOMPARE(mime.text(), "as text"_s);
-        QCOMPARE(mime.data(ownType()), Sample);
-        QCOMPARE(mime.formats().size(), 2 + ORV::rtfMimeTypes().size());
-    }
-
-    void plainFlavourReplacesAnOlderOne()
-    {
-        QMimeData mime;
-        for (const QString& type : ORV::rtfMimeTypes())
-            mime.setData(type, Sample);
-        ORVTextRtf::setRtfMimeData(&mime, newDocument().data());
-        for (const QString& type : ORV::rtfMimeTypes())
-            QCOMPARE(mime.data(type), documentHead() + firstParagraph() + emptyRun() + "}");
-    }
-
-    void plainFlavourOfNothing()
-    {
+        const QString type = ORV::rtfMimeTypes().first();
+        const Document document = textDocument("Hello"_s);
         QMimeData mime;
         ORVTextRtf::setRtfMimeData(&mime, nullptr);
         QVERIFY(mime.formats().isEmpty());
-        const QString type = ORV::rtfMimeTypes().first();
         mime.setData(type, Sample);
-        ORVTextRtf::setRtfMimeData(&mime, nullptr);
-        QCOMPARE(mime.formats(), QStringList(type));
-        QCOMPARE(mime.data(type), Sample);
-        ORVTextRtf::setRtfMimeData(nullptr, textDocument("Hello"_s).data());
-        ORVTextRtf::setRtfMimeData(nullptr, nullptr);
-    }
-
-    ORV_ROWS(ownFlavourIsToTheLetter)
-    {
-        typedef QSharedPointer<QTextDocument> Document;
-        const Rows add([](const Document& document, bool inPlace, const QByteArray& rtf) {
-            QMimeData mime;
-            ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), inPlace);
-            QCOMPARE(mime.formats(), QStringList(ownType()));
-            QCOMPARE(wellFormed(mime.data(ownType())), rtf);
-        });
-        const QByteArray text = documentHead() + firstParagraph() + run("Hello") + "}";
-        add("text", textDocument("Hello"_s), false, text);
-        add("text, in place", textDocument("Hello"_s), true, text);
-        add("table", tableDocument(), false, tableRtf(""));
-        add("table, in place", tableDocument(), true, tableRtf(""));
-        add("no export", unexportedDocument(), false, unexportedRtf());
-    }
-
-    void ownFlavourInPlace()
-    {
-        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
-        QMimeData mime;
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), false);
-        QVERIFY(document->isUndoAvailable());
-        ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), true);
-        QVERIFY(!document->isUndoAvailable());
-        QCOMPARE(textOf(*document), "Hello"_s);
-    }
-
-    void ownFlavourOfNothing()
-    {
-        QMimeData mime;
         mime.setData(ownType(), Sample);
-        const QSharedPointer<QTextDocument> document = textDocument("Hello"_s);
+        ORVTextRtf::setRtfMimeData(&mime, nullptr);
+        ORVTextRtf::setRtfMimeData(nullptr, document.data());
+        ORVTextRtf::setRtfMimeData(nullptr, nullptr);
         for (bool inPlace : {false, true}) {
             ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, nullptr, inPlace);
-            QCOMPARE(mime.data(ownType()), Sample);
             ORVTextRtf::setOrvellineMarkupRtfMimeData(nullptr, document.data(), inPlace);
             ORVTextRtf::setOrvellineMarkupRtfMimeData(nullptr, nullptr, inPlace);
         }
+        QCOMPARE(mime.formats(), QStringList({type, ownType()}));
+        QCOMPARE(mime.data(type), Sample);
+        QCOMPARE(mime.data(ownType()), Sample);
         QVERIFY(document->isUndoAvailable());
     }
 
@@ -193,7 +165,7 @@ private slots:
     {
         const Rows add([](bool own, const QString& text) {
             QMimeData mime;
-            const QSharedPointer<QTextDocument> back = newDocument();
+            const Document back = newDocument();
             if (own) {
                 ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableDocument().data(), false);
                 QVERIFY(ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, back.data()));
@@ -220,25 +192,30 @@ private slots:
             QCOMPARE(ORVTextRtf::hasRtfMimeData(&mime), expected);
         });
         for (const QString& type : ORV::rtfMimeTypes()) {
-            add(qPrintable(type), type, Sample, true);
-            add(qPrintable(type + ", empty"_s), type, QByteArray(), true);
-            add(qPrintable(type + ", garbage"_s), type, Garbage, true);
+            add(type.toLatin1(), type, Sample, true);
+            add(type.toLatin1() + ", empty", type, QByteArray(), true);
+            add(type.toLatin1() + ", garbage", type, Garbage, true);
         }
         add("own flavour", ownType(), Sample, false);
         add("text", "text/plain", Sample, false);
         add("like RTF", "text/rtfd", Sample, false);
     }
 
-    void hasRtfAsksInOrderUpToTheFirst()
+    void asksInOrderUpToTheFirst()
     {
         const QStringList types = ORV::rtfMimeTypes();
         RecordingMimeData mime;
         QVERIFY(!ORVTextRtf::hasRtfMimeData(&mime));
         QCOMPARE(mime.asked, types);
-
         mime.asked.clear();
         mime.setData(types.at(1), Sample);
         QVERIFY(ORVTextRtf::hasRtfMimeData(&mime));
+        QCOMPARE(mime.asked, types.mid(0, 2));
+        // Reading asks up to the first that can be read.
+        setAllTypes(mime, Sample);
+        mime.setData(types.first(), Garbage);
+        mime.asked.clear();
+        QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, newDocument().data()));
         QCOMPARE(mime.asked, types.mid(0, 2));
     }
 
@@ -258,7 +235,7 @@ private slots:
                 if (!contents[i].isNull())
                     mime.setData(ORV::rtfMimeTypes().at(i), contents[i]);
             }
-            const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+            const Document document = textDocument("old"_s);
             QCOMPARE(ORVTextRtf::fromRtfMimeData(&mime, document.data()), ok);
             QCOMPARE(textOf(*document), text);
         });
@@ -280,82 +257,62 @@ private slots:
         add("garbage, then damaged", Garbage, Damaged, absent, false, "Half a text\nand more");
     }
 
-    void readingAsksInOrderUpToTheFirstSuccess()
-    {
-        const QStringList types = ORV::rtfMimeTypes();
-        RecordingMimeData mime;
-        for (const QString& type : types)
-            mime.setData(type, type == types.first() ? Garbage : Sample);
-        QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, newDocument().data()));
-        QCOMPARE(mime.asked, types.mid(0, 2));
-    }
-
     void readingReplacesTheContent()
     {
         QMimeData mime;
         mime.setData(ORV::rtfMimeTypes().first(), Sample);
-        const QSharedPointer<QTextDocument> document = tableDocument();
+        const Document document = tableDocument();
         QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, document.data()));
         QCOMPARE(textOf(*document), "One two"_s);
         QCOMPARE(formatOf(*document, "two"_s).property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
         QVERIFY(document->rootFrame()->childFrames().isEmpty());
     }
 
-    void readingIntoNoDocumentAsksNothing()
+    void readingIntoNothingOrFromNothing()
     {
+        const QString type = ORV::rtfMimeTypes().first();
         RecordingMimeData mime;
-        mime.setData(ORV::rtfMimeTypes().first(), Sample);
+        mime.setData(type, Sample);
         mime.setData(ownType(), Sample);
         QVERIFY(!ORVTextRtf::fromRtfMimeData(&mime, nullptr));
-        QVERIFY(!ORVTextRtf::parseRtfMimeData(ORV::rtfMimeTypes().first(), &mime, nullptr));
+        QVERIFY(!ORVTextRtf::parseRtfMimeData(type, &mime, nullptr));
         QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, nullptr));
         QVERIFY(mime.asked.isEmpty());
-    }
-
-    void readingNoMimeData()
-    {
-        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
+        const Document document = textDocument("old"_s);
         QVERIFY(!ORVTextRtf::fromRtfMimeData(nullptr, document.data()));
-        QVERIFY(!ORVTextRtf::parseRtfMimeData(ORV::rtfMimeTypes().first(), nullptr, document.data()));
+        QVERIFY(!ORVTextRtf::parseRtfMimeData(type, nullptr, document.data()));
         QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(nullptr, document.data()));
         QVERIFY(!ORVTextRtf::fromRtfMimeData(nullptr, nullptr));
         QCOMPARE(textOf(*document), "old"_s);
     }
 
+    /*! One type that is given, and the own one. */
     ORV_ROWS(readingOneType)
     {
-        const Rows add([](const QString& type, const QByteArray& data, bool ok, const QString& text) {
+        const QString asked = "application/x-some-rtf"_s;
+        const Rows add([asked](const QString& type, const QByteArray& data, bool ok, const QString& text) {
             QMimeData mime;
+            setAllTypes(mime, OtherSample);
             mime.setData(type, data);
-            const QSharedPointer<QTextDocument> document = textDocument("old"_s);
-            QCOMPARE(ORVTextRtf::parseRtfMimeData("application/x-some-rtf"_s, &mime, document.data()), ok);
+            const Document document = textDocument("old"_s);
+            QCOMPARE(type == ownType() ? ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data())
+                                       : ORVTextRtf::parseRtfMimeData(asked, &mime, document.data()),
+                     ok);
             QCOMPARE(textOf(*document), text);
         });
-        const QString asked = "application/x-some-rtf"_s;
-        add("valid", asked, Sample, true, "One two");
-        add("empty", asked, QByteArray(), false, "old");
-        add("damaged", asked, Damaged, false, "Half a text\nand more");
-        add("another type", ORV::rtfMimeTypes().first(), Sample, false, "old");
+        for (const QString& type : {asked, ownType()}) {
+            add("valid " + type.toLatin1(), type, Sample, true, "One two");
+            add("empty " + type.toLatin1(), type, QByteArray(), false, "old");
+            add("damaged " + type.toLatin1(), type, Damaged, false, "Half a text\nand more");
+        }
+        add("another type", "text/plain", Sample, false, "old");
     }
 
-    void readingTheOwnFlavour()
+    void ownFlavourIsNoOtherType()
     {
         QMimeData mime;
-        for (const QString& type : ORV::rtfMimeTypes())
-            mime.setData(type, OtherSample);
-        const QSharedPointer<QTextDocument> document = textDocument("old"_s);
-        QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
-        mime.setData(ownType(), QByteArray());
-        QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
-        QCOMPARE(textOf(*document), "old"_s);
-
-        mime.setData(ownType(), Sample);
-        QVERIFY(ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
-        QCOMPARE(textOf(*document), "One two"_s);
-
-        mime.setData(ownType(), Damaged);
-        QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, document.data()));
-        QCOMPARE(textOf(*document), "Half a text\nand more"_s);
+        setAllTypes(mime, Sample);
+        QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, newDocument().data()));
     }
 };
 
