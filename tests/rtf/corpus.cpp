@@ -1,5 +1,7 @@
 #include "testsupport.h"
 
+using namespace rtftest;
+
 namespace {
 
 QString corpusDir()
@@ -26,51 +28,32 @@ class TestCorpus : public QObject {
     Q_OBJECT
 
 private slots:
-    ORV_ROWS(reads)
+    ORV_ROWS(files)
     {
         const Rows add([](const QString& path) {
             QFile file(path);
             QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
-            QTextDocument document;
+            const QSharedPointer<QTextDocument> original = newDocument();
             ORVTextRtfReader reader(&file);
-            const bool ok = reader.read(&document);
+            const bool ok = reader.read(original.data());
             QVERIFY2(reader.error() >= 0 && reader.error() <= 10,
                      qPrintable(QString::number(reader.error())));
             QCOMPARE(ok, reader.error() == 0);
             QCOMPARE(reader.errorString().isEmpty(), ok);
             QVERIFY(file.atEnd());
-        });
-        addFiles(add);
-    }
 
-    ORV_ROWS(keepsTablesAndLists)
-    {
-        const Rows add([](const QString& path) {
-            QFile file(path);
-            QVERIFY2(file.open(QIODevice::ReadOnly), qPrintable(file.errorString()));
             const char* const reason = reasonOfListDifference(QDir(corpusDir()).relativeFilePath(path));
-            const rtftest::Reading original = rtftest::read(file.readAll());
-            for (const bool exportingMode : {false, true}) {
-                rtftest::WriteSettings settings;
-                settings.exportingMode = exportingMode;
-                const rtftest::Reading again = rtftest::read(rtftest::write(*original.document, settings));
+            for (const WriteSettings& settings : {WriteSettings(), exporting()}) {
+                const Reading again = rtftest::read(write(*original, settings));
                 QCOMPARE(again.status, 0);
-                QCOMPARE(rtftest::tableLines(*again.document), rtftest::tableLines(*original.document));
-                QCOMPARE(rtftest::itemLines(*again.document), rtftest::itemLines(*original.document));
+                QCOMPARE(tableLines(*again.document), tableLines(*original));
+                QCOMPARE(itemLines(*again.document), itemLines(*original));
                 if (reason)
-                    QVERIFY2(rtftest::listLines(*again.document) != rtftest::listLines(*original.document),
-                             reason);
+                    QVERIFY2(listLines(*again.document) != listLines(*original), reason);
                 else
-                    QCOMPARE(rtftest::listLines(*again.document), rtftest::listLines(*original.document));
+                    QCOMPARE(listLines(*again.document), listLines(*original));
             }
         });
-        addFiles(add);
-    }
-
-private:
-    template <typename AddRow>
-    static void addFiles(const AddRow& add)
-    {
         QStringList paths;
         QDirIterator it(corpusDir(), {"*.rtf"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (it.hasNext())
@@ -78,7 +61,7 @@ private:
         paths.sort();
         QVERIFY(!paths.isEmpty());
         for (const QString& path : paths)
-            add(qPrintable(QDir(corpusDir()).relativeFilePath(path)), path);
+            add(QDir(corpusDir()).relativeFilePath(path).toUtf8(), path);
     }
 };
 

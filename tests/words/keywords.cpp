@@ -46,6 +46,9 @@ const std::vector<Row>& rows()
 
 } // namespace
 
+static_assert(std::is_same<decltype(ORVRtfKeywords::BoldStr), const char*>::value,
+              "constants are plain pointers");
+
 class TestKeywords : public QObject {
     Q_OBJECT
 
@@ -73,6 +76,15 @@ private slots:
 
     void tablesHoldEveryWordOnce()
     {
+        QSet<int> members;
+        QSet<QByteArray> spellings;
+        for (const Row& row : rows()) {
+            members.insert(row.keyWord);
+            spellings.insert(row.spelling);
+        }
+        QCOMPARE(int(members.size()), 237);
+        QCOMPARE(int(spellings.size()), 237);
+        QVERIFY(!members.contains(0));
         QCOMPARE(int(rows().size()), 237);
         QCOMPARE(int(ORVTextRtfCommon::KeyWordCount), 237);
         ORVTextRtfCommon common;
@@ -87,7 +99,6 @@ private slots:
         const Rows add([](int index) {
             const Row& row = rows()[size_t(index)];
             const uint length = uint(row.spelling.size());
-
             QCOMPARE(QByteArray(row.constant), row.spelling);
             QCOMPARE(ORVTextRtfCommon::fromLatin1(row.spelling.constData(), length), row.keyWord);
             const QLatin1String spelling = ORVTextRtfCommon::toLatin1(row.keyWord);
@@ -97,25 +108,6 @@ private slots:
         });
         for (size_t i = 0; i < rows().size(); ++i)
             add(rows()[i].name, int(i));
-    }
-
-    void membersAreDistinct()
-    {
-        QSet<int> members;
-        QSet<QByteArray> spellings;
-        for (const Row& row : rows()) {
-            members.insert(row.keyWord);
-            spellings.insert(row.spelling);
-        }
-        QCOMPARE(int(members.size()), 237);
-        QCOMPARE(int(spellings.size()), 237);
-        QVERIFY(!members.contains(0));
-    }
-
-    void constantsArePlainPointers()
-    {
-        const bool plain = std::is_same<decltype(ORVRtfKeywords::BoldStr), const char*>::value;
-        QVERIFY(plain);
     }
 
     ORV_ROWS(hash)
@@ -141,12 +133,18 @@ private slots:
     {
         const Rows add([](const QByteArray& bytes, int expected) {
             QCOMPARE(int(ORVTextRtfCommon::fromLatin1(bytes.constData(), uint(bytes.size()))), expected);
+            // Without a terminator.
+            QCOMPARE(int(ORVTextRtfCommon::fromLatin1((bytes + "d0").constData(), uint(bytes.size()))),
+                     expected);
         });
-        add("par", "\\par", int(ORVTextRtfCommon::NewParagraph));
-        add("pard", "\\pard", int(ORVTextRtfCommon::ResetParagraph));
-        add("f", "\\f", int(ORVTextRtfCommon::Font));
-        add("u", "\\u", int(ORVTextRtfCommon::UnicodeCharacterValue));
-        add("backslash line feed", "\\\n", int(ORVTextRtfCommon::NewParagraphSymbol));
+        add("par", "\\par", ORVTextRtfCommon::NewParagraph);
+        add("pard", "\\pard", ORVTextRtfCommon::ResetParagraph);
+        QCOMPARE(ORVTextRtfCommon::hash("\\ls", 3), ORVTextRtfCommon::hash("\\sl", 3));
+        add("ls", "\\ls", ORVTextRtfCommon::ListOverrideIndex);
+        add("sl, whose hash is the same", "\\sl", ORVTextRtfCommon::LineSpacing);
+        add("f", "\\f", ORVTextRtfCommon::Font);
+        add("u", "\\u", ORVTextRtfCommon::UnicodeCharacterValue);
+        add("backslash line feed", "\\\n", ORVTextRtfCommon::NewParagraphSymbol);
         add("backslash carriage return", "\\\r", 0);
         add("empty", "", 0);
         add("backslash alone", "\\", 0);
@@ -162,24 +160,10 @@ private slots:
         add("64 bytes", "\\" + QByteArray(63, 'z'), 0);
     }
 
-    void lookupNeedsNoTerminator()
-    {
-        QCOMPARE(ORVTextRtfCommon::fromLatin1("\\pard", 4), ORVTextRtfCommon::NewParagraph);
-        QCOMPARE(ORVTextRtfCommon::fromLatin1("\\b0 bold", 2), ORVTextRtfCommon::Bold);
-    }
-
-    void wordsOfEqualHashAreTold()
-    {
-        QCOMPARE(ORVTextRtfCommon::hash("\\ls", 3), ORVTextRtfCommon::hash("\\sl", 3));
-        QCOMPARE(ORVTextRtfCommon::fromLatin1("\\ls", 3), ORVTextRtfCommon::ListOverrideIndex);
-        QCOMPARE(ORVTextRtfCommon::fromLatin1("\\sl", 3), ORVTextRtfCommon::LineSpacing);
-    }
-
     void noSpellingOutsideTheTable()
     {
-        QVERIFY(!ORVTextRtfCommon::toLatin1(ORVTextRtfCommon::NoKeyWord).latin1());
-        QVERIFY(!ORVTextRtfCommon::toLatin1(ORVTextRtfCommon::KeyWordEnd).latin1());
-        QVERIFY(!ORVTextRtfCommon::toLatin1(ORVTextRtfCommon::KeyWord(4095)).latin1());
+        for (const int keyWord : {int(ORVTextRtfCommon::NoKeyWord), int(ORVTextRtfCommon::KeyWordEnd), 4095})
+            QVERIFY(!ORVTextRtfCommon::toLatin1(ORVTextRtfCommon::KeyWord(keyWord)).latin1());
     }
 };
 
