@@ -6,10 +6,7 @@ using namespace conversiontest;
 
 namespace {
 
-const char* const OldText = "as before";
-const char* const DamagedRtf = "{\\rtf1 half";
-const char* const DamagedMessage = "Unmatched '}' in Rich Text file";
-
+const QString OldText = "as before"_s;
 } // namespace
 
 class TestLoadFile : public QObject {
@@ -21,7 +18,7 @@ private slots:
     void init()
     {
         m_folders.reset(new Folders);
-        m_document.reset(new QTextDocument(QString::fromLatin1(OldText)));
+        m_document.reset(new QTextDocument(OldText));
         for (int engine = ORVImportExport::LibreOfficeEngine; engine <= ORVImportExport::PandocEngine;
              ++engine)
             TextTransform::setToolPath(ORVImportExport::Engine(engine), QString());
@@ -43,24 +40,20 @@ private slots:
             QCOMPARE(m_errors, QStringList());
             QCOMPARE(m_document->toPlainText(), text);
         });
-        const QString asText = "{\\rtf1 <b>bold</b>}"_s;
-        const QString asHtml = "{\\rtf1 bold}"_s;
-        const QString asRtf = "<b>bold</b>"_s;
-        const QString asConverted = "converted"_s;
-        add("txt", "notes.txt", asText);
-        add("TXT", "notes.TXT", asText);
-        add("Txt after another suffix", "a.rtf.Txt", asText);
-        add("html", "page.html", asHtml);
-        add("HtmL", "page.HtmL", asHtml);
-        add("rtf", "letter.rtf", asRtf);
-        add("RTF", "LETTER.RTF", asRtf);
-        add("doc", "letter.doc", asConverted);
-        add("docx", "letter.docx", asConverted);
-        add("odt", "letter.odt", asConverted);
-        add("DOC", "LETTER.DOC", asConverted);
-        add("DocX", "letter.DocX", asConverted);
-        add("ODT", "letter.ODT", asConverted);
-        add("suffix only", ".odt", asConverted);
+        add("txt", "notes.txt", "{\\rtf1 <b>bold</b>}");
+        add("TXT", "notes.TXT", "{\\rtf1 <b>bold</b>}");
+        add("Txt after another suffix", "a.rtf.Txt", "{\\rtf1 <b>bold</b>}");
+        add("html", "page.html", "{\\rtf1 bold}");
+        add("HtmL", "page.HtmL", "{\\rtf1 bold}");
+        add("rtf", "letter.rtf", "<b>bold</b>");
+        add("RTF", "LETTER.RTF", "<b>bold</b>");
+        add("doc", "letter.doc", "converted");
+        add("docx", "letter.docx", "converted");
+        add("odt", "letter.odt", "converted");
+        add("DOC", "LETTER.DOC", "converted");
+        add("DocX", "letter.DocX", "converted");
+        add("ODT", "letter.ODT", "converted");
+        add("suffix only", ".odt", "converted");
     }
 
     ORV_ROWS(otherSuffixGivesFalseAndNoMessage)
@@ -70,7 +63,7 @@ private slots:
             writeFile(path(name), "{\\rtf1 text}");
             QVERIFY(!load(name));
             QCOMPARE(m_errors, QStringList("old message"_s));
-            QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
+            QCOMPARE(m_document->toPlainText(), OldText);
         });
         add("htm", "page.htm");
         add("none", "letter");
@@ -101,49 +94,33 @@ private slots:
         for (const char* name : {"missing.txt", "missing.html", "folder.txt", "folder.html"}) {
             QVERIFY2(load(QLatin1String(name)), name);
             QCOMPARE(m_errors, QStringList());
-            QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
+            QCOMPARE(m_document->toPlainText(), OldText);
         }
     }
 
     void textAndHtmlForNoDocument()
     {
         m_document.reset();
-        for (const char* name : {"a.txt", "a.html"}) {
-            writeFile(path(QLatin1String(name)), "text");
-            QVERIFY2(load(QLatin1String(name)), name);
+        for (const QString& name : {"a.txt"_s, "a.html"_s}) {
+            writeFile(path(name), "text");
+            QVERIFY2(load(name), qPrintable(name));
             QCOMPARE(m_errors, QStringList());
         }
     }
 
     ORV_ROWS(rtfFailure)
     {
-        const Rows add([this](const QString& name) {
-            writeFile(path("damaged.rtf"_s), DamagedRtf);
+        const Rows add([this](const QString& name, const QString& text) {
+            writeFile(path("damaged.rtf"_s), "{\\rtf1 half\\par and");
             QVERIFY(QDir().mkdir(path("folder.rtf"_s)));
             QVERIFY(!load(name));
             QCOMPARE(m_errors, QStringList("Failed loading RTF file '"_s + path(name) + QLatin1Char('\'')));
+            QCOMPARE(m_document->toPlainText(), text);
         });
-        add("missing", "missing.rtf");
-        add("damaged", "damaged.rtf");
-        add("folder", "folder.rtf");
-        add("name with a placeholder", "%1 missing.RTF");
-    }
-
-    void damagedRtfKeepsWhatCouldBeRead()
-    {
-        writeFile(path("a.rtf"_s), "{\\rtf1 half\\par");
-        QVERIFY(!load("a.rtf"_s));
-        QVERIFY2(m_document->toPlainText().startsWith("half"_s), qPrintable(m_document->toPlainText()));
-    }
-
-    void rtfMessageHasContextOfLibrary()
-    {
-        ContextTranslator translator;
-        QVERIFY(QCoreApplication::installTranslator(&translator));
-        load("missing.rtf"_s);
-        QCoreApplication::removeTranslator(&translator);
-        QCOMPARE(m_errors,
-                 QStringList("[ORVTextRtf] Failed loading RTF file '%1'"_s.arg(path("missing.rtf"_s))));
+        add("missing", "missing.rtf", OldText);
+        add("damaged", "damaged.rtf", "half\n");
+        add("folder", "folder.rtf", OldText);
+        add("name with a placeholder", "%1 missing.RTF", OldText);
     }
 
     ORV_ROWS(realDocuments)
@@ -153,22 +130,19 @@ private slots:
                                                      ORVImportExport::Engine(engine), &m_errors));
             const QString text = m_document->toPlainText();
             QVERIFY2(missingWord(text).isEmpty(), qPrintable(text));
-            QVERIFY(!text.contains(QString::fromLatin1(OldText)));
+            QVERIFY(!text.contains(OldText));
             const QTextCursor strong = m_document->find("strong"_s);
             QVERIFY(strong.charFormat().fontWeight() >= QFont::Bold);
         });
-        const int libreOffice = ORVImportExport::LibreOfficeEngine;
-        const int abiWord = ORVImportExport::AbiWordEngine;
-        const int pandoc = ORVImportExport::PandocEngine;
-        add("doc, automatic", "doc", int(ORVImportExport::AutomaticEngine));
-        add("doc, LibreOffice", "doc", libreOffice);
-        add("docx, LibreOffice", "docx", libreOffice);
-        add("odt, LibreOffice", "odt", libreOffice);
-        add("doc, AbiWord", "doc", abiWord);
-        add("docx, AbiWord", "docx", abiWord);
-        add("odt, AbiWord", "odt", abiWord);
-        add("docx, pandoc", "docx", pandoc);
-        add("odt, pandoc", "odt", pandoc);
+        add("doc, automatic", "doc", ORVImportExport::AutomaticEngine);
+        add("doc, LibreOffice", "doc", ORVImportExport::LibreOfficeEngine);
+        add("docx, LibreOffice", "docx", ORVImportExport::LibreOfficeEngine);
+        add("odt, LibreOffice", "odt", ORVImportExport::LibreOfficeEngine);
+        add("doc, AbiWord", "doc", ORVImportExport::AbiWordEngine);
+        add("docx, AbiWord", "docx", ORVImportExport::AbiWordEngine);
+        add("odt, AbiWord", "odt", ORVImportExport::AbiWordEngine);
+        add("docx, pandoc", "docx", ORVImportExport::PandocEngine);
+        add("odt, pandoc", "odt", ORVImportExport::PandocEngine);
     }
 
     ORV_ROWS(engineIsPassedOn)
@@ -181,10 +155,10 @@ private slots:
             QVERIFY(load("a.docx"_s, ORVImportExport::Engine(engine)));
             QCOMPARE(m_document->toPlainText(), text);
         });
-        add("automatic", int(ORVImportExport::AutomaticEngine), "LibreOffice");
-        add("LibreOffice", int(ORVImportExport::LibreOfficeEngine), "LibreOffice");
-        add("AbiWord", int(ORVImportExport::AbiWordEngine), "AbiWord");
-        add("pandoc", int(ORVImportExport::PandocEngine), "pandoc");
+        add("automatic", ORVImportExport::AutomaticEngine, "LibreOffice");
+        add("LibreOffice", ORVImportExport::LibreOfficeEngine, "LibreOffice");
+        add("AbiWord", ORVImportExport::AbiWordEngine, "AbiWord");
+        add("pandoc", ORVImportExport::PandocEngine, "pandoc");
     }
 
     ORV_ROWS(failedConversion)
@@ -197,32 +171,30 @@ private slots:
             const QString first = "Failed loading "_s + kind + " file '"_s + path(name) + "'\nError: "_s
                 + TextTransform::errorDescription(TextTransform::Error(error));
             QCOMPARE(m_errors, QStringList({first, detail}));
-            QCOMPARE(m_document->toPlainText(), QString::fromLatin1(OldText));
+            QCOMPARE(m_document->toPlainText(), OldText);
         });
-        add("docx", "a.docx", "echo bad >&2; exit 2", "DOCX", int(TextTransform::ToolFailed),
+        add("docx", "a.docx", "echo bad >&2; exit 2", "DOCX", TextTransform::ToolFailed,
             "pandoc ended with exit status 2\nbad");
-        add("odt", "a.odt", "true", "ODT", int(TextTransform::NoOutput), "pandoc wrote nothing");
-        add("doc", "a.doc", "true", "DOC", int(TextTransform::UnsupportedFormat),
+        add("odt", "a.odt", "true", "ODT", TextTransform::NoOutput, "pandoc wrote nothing");
+        add("doc", "a.doc", "true", "DOC", TextTransform::UnsupportedFormat,
             "Cannot convert '.doc' files to this format: pandoc");
-        add("empty file", "a.odt", ": >output/source.rtf", "ODT", int(TextTransform::NoOutput),
+        add("empty file", "a.odt", ": >output/source.rtf", "ODT", TextTransform::NoOutput,
             "pandoc wrote nothing");
-        add("mixed case", "a.DocX", "exit 1", "DOCX", int(TextTransform::ToolFailed),
+        add("mixed case", "a.DocX", "exit 1", "DOCX", TextTransform::ToolFailed,
             "pandoc ended with exit status 1");
-        add("placeholders in the name", "%3 %2 %1.docx", "exit 1", "DOCX", int(TextTransform::ToolFailed),
+        add("placeholders in the name", "%3 %2 %1.docx", "exit 1", "DOCX", TextTransform::ToolFailed,
             "pandoc ended with exit status 1");
-        add("crash", "a.docx", "kill -KILL $$", "DOCX", int(TextTransform::ToolFailed), "pandoc crashed");
+        add("crash", "a.docx", "kill -KILL $$", "DOCX", TextTransform::ToolFailed, "pandoc crashed");
     }
 
     void damagedConversion()
     {
-        fake(ORVImportExport::PandocEngine,
-             "echo warning >&2; printf '" + QByteArray(DamagedRtf).replace('\\', "\\\\")
-                 + "' >output/source.rtf");
+        fake(ORVImportExport::PandocEngine, "echo warning >&2; printf '{\\\\rtf1 half' >output/source.rtf");
         writeFile(path("a.docx"_s), "content");
         QVERIFY(!load("a.docx"_s));
         QCOMPARE(m_errors.size(), 1);
         const QString start = "Failed loading converted RTF file '"_s;
-        const QString end = ".rtf'\nError: "_s + QString::fromLatin1(DamagedMessage);
+        const QString end = ".rtf'\nError: "_s + "Unmatched '}' in Rich Text file"_s;
         QVERIFY2(m_errors.first().startsWith(start + m_folders->temporary()), qPrintable(m_errors.first()));
         QVERIFY2(m_errors.first().endsWith(end), qPrintable(m_errors.first()));
     }
@@ -244,22 +216,23 @@ private slots:
         add("other format", "a.html", 12240);
     }
 
-    void conversionMessagesHaveContextOfDocumentSupport()
+    ORV_ROWS(contextsOfMessages)
     {
-        ContextTranslator translator;
-        QVERIFY(QCoreApplication::installTranslator(&translator));
-        writeFile(path("a.odt"_s), "content");
-        fake(ORVImportExport::PandocEngine, "exit 1");
-        load("a.odt"_s);
-        const QStringList failed = m_errors;
-        fake(ORVImportExport::PandocEngine, "printf '{' >output/source.rtf");
-        load("a.odt"_s);
-        const QStringList damaged = m_errors;
-        QCoreApplication::removeTranslator(&translator);
-        QVERIFY2(failed.first().startsWith("[TextDocSupport] Failed loading ODT file '"_s),
-                 qPrintable(failed.first()));
-        QVERIFY2(damaged.first().startsWith("[TextDocSupport] Failed loading converted RTF file '"_s),
-                 qPrintable(damaged.first()));
+        const Rows add([this](const QString& name, const QByteArray& commands, const QString& begin) {
+            if (!name.startsWith("missing"_s))
+                writeFile(path(name), "content");
+            fake(ORVImportExport::PandocEngine, commands);
+            ContextTranslator translator;
+            QVERIFY(QCoreApplication::installTranslator(&translator));
+            load(name);
+            QCoreApplication::removeTranslator(&translator);
+            const QString message = m_errors.value(0);
+            QVERIFY2(message.startsWith(begin), qPrintable(message));
+        });
+        add("library", "missing.rtf", "true", "[ORVTextRtf] Failed loading RTF file '");
+        add("document support", "a.odt", "exit 1", "[TextDocSupport] Failed loading ODT file '");
+        add("document support, damaged RTF", "a.odt", "printf '{' >output/source.rtf",
+            "[TextDocSupport] Failed loading converted RTF file '");
     }
 
     void messagesReplaceOldOnes()

@@ -6,7 +6,7 @@ class TestProperties : public QObject {
     Q_OBJECT
 
 private slots:
-    ORV_ROWS(propertyIds)
+    ORV_ROWS(enumerators)
     {
         const Rows add([](int id, int expected) { QCOMPARE(id, expected); });
         add("list override", ORVRtfProperty::ListOverride, 0x100001);
@@ -31,6 +31,9 @@ private slots:
         add("right indent", ORVRtfProperty::RightIndent, 0x1037);
         add("line spacing", ORVRtfProperty::LineSpacing, 0x1070);
         add("line multiple", ORVRtfProperty::LineMultiple, 0x1071);
+        add("export as annotation", ORVTextRtf::ExportAsAnnotation, 0);
+        add("export as footnote", ORVTextRtf::ExportAsFootnote, 1);
+        add("export as alternate footnote", ORVTextRtf::ExportAsAlternateFootnote, 2);
         add("keep lines together", ORVRtfProperty::KeepLinesTogether, 0x200);
         add("keep with next", ORVRtfProperty::KeepWithNext, 0x20);
     }
