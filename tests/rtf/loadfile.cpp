@@ -33,27 +33,34 @@ private slots:
 
     ORV_ROWS(suffixDecides)
     {
-        const Rows add([this](const QString& name, const QString& text) {
+        const Rows add([this](const QString& name, const QByteArray& bytes, const QString& text) {
             fake(ORVImportExport::LibreOfficeEngine, "printf '{\\\\rtf1 converted}' >output/source.rtf");
-            writeFile(path(name), "{\\rtf1 <b>bold</b>}");
+            writeFile(path(name), bytes);
             QVERIFY(load(name, ORVImportExport::LibreOfficeEngine));
             QCOMPARE(m_errors, QStringList());
             QCOMPARE(m_document->toPlainText(), text);
         });
-        add("txt", "notes.txt", "{\\rtf1 <b>bold</b>}");
-        add("TXT", "notes.TXT", "{\\rtf1 <b>bold</b>}");
-        add("Txt after another suffix", "a.rtf.Txt", "{\\rtf1 <b>bold</b>}");
-        add("html", "page.html", "{\\rtf1 bold}");
-        add("HtmL", "page.HtmL", "{\\rtf1 bold}");
-        add("rtf", "letter.rtf", "<b>bold</b>");
-        add("RTF", "LETTER.RTF", "<b>bold</b>");
-        add("doc", "letter.doc", "converted");
-        add("docx", "letter.docx", "converted");
-        add("odt", "letter.odt", "converted");
-        add("DOC", "LETTER.DOC", "converted");
-        add("DocX", "letter.DocX", "converted");
-        add("ODT", "letter.ODT", "converted");
-        add("suffix only", ".odt", "converted");
+        const auto addSuffix = [&add](const char* name, const char* file, const char* text) {
+            add(name, file, "{\\rtf1 <b>bold</b>}", text);
+        };
+        addSuffix("txt", "notes.txt", "{\\rtf1 <b>bold</b>}");
+        addSuffix("TXT", "notes.TXT", "{\\rtf1 <b>bold</b>}");
+        addSuffix("Txt after another suffix", "a.rtf.Txt", "{\\rtf1 <b>bold</b>}");
+        addSuffix("html", "page.html", "{\\rtf1 bold}");
+        addSuffix("HtmL", "page.HtmL", "{\\rtf1 bold}");
+        addSuffix("rtf", "letter.rtf", "<b>bold</b>");
+        addSuffix("RTF", "LETTER.RTF", "<b>bold</b>");
+        addSuffix("doc", "letter.doc", "converted");
+        addSuffix("docx", "letter.docx", "converted");
+        addSuffix("odt", "letter.odt", "converted");
+        addSuffix("DOC", "LETTER.DOC", "converted");
+        addSuffix("DocX", "letter.DocX", "converted");
+        addSuffix("ODT", "letter.ODT", "converted");
+        addSuffix("suffix only", ".odt", "converted");
+        add("plainTextIsLatin1WithLineFeeds", "a.txt", "caf\xe9 \xc3\xa9 <b>\r\nnext\nlast",
+            "caf\xc3\xa9 \xc3\x83\xc2\xa9 <b>\nnext\nlast");
+        add("zeroBytesEndNoText", "text.txt", "a\0b"_b, "a\0b"_s);
+        add("htmlIsUtf8", "a.html", "<p>caf\xc3\xa9 <b>bold</b></p><p>next</p>", "caf\xc3\xa9 bold\nnext");
     }
 
     ORV_ROWS(otherSuffixGivesFalseAndNoMessage)
@@ -72,19 +79,6 @@ private slots:
         add("known suffix before another", "letter.docx.bak");
         add("docm", "letter.docm");
         add("dot at the end", "letter.rtf.");
-    }
-
-    ORV_ROWS(contents)
-    {
-        const Rows add([this](const QString& name, const QByteArray& bytes, const QString& text) {
-            writeFile(path(name), bytes);
-            QVERIFY(load(name));
-            QCOMPARE(m_document->toPlainText(), text);
-        });
-        add("plainTextIsLatin1WithLineFeeds", "a.txt", "caf\xe9 \xc3\xa9 <b>\r\nnext\nlast",
-            "caf\xc3\xa9 \xc3\x83\xc2\xa9 <b>\nnext\nlast");
-        add("zeroBytesEndNoText", "text.txt", "a\0b"_b, "a\0b"_s);
-        add("htmlIsUtf8", "a.html", "<p>caf\xc3\xa9 <b>bold</b></p><p>next</p>", "caf\xc3\xa9 bold\nnext");
     }
 
     void missingTextOrHtmlGivesTrue()
@@ -235,27 +229,21 @@ private slots:
             "[TextDocSupport] Failed loading converted RTF file '");
     }
 
-    void messagesReplaceOldOnes()
+    void messagesReplaceOldOnesAndMayBeUnwanted()
     {
+        const QString missing = path("missing.docx"_s);
         writeFile(path("a.rtf"_s), "{\\rtf1 text}");
         QVERIFY(!load("missing.docx"_s));
         QCOMPARE(
             m_errors,
-            QStringList({"Failed loading DOCX file '%1'\nError: The file could not be read"_s.arg(
-                             path("missing.docx"_s)),
-                         "Could not read '%1': No such file or directory"_s.arg(path("missing.docx"_s))}));
+            QStringList({"Failed loading DOCX file '%1'\nError: The file could not be read"_s.arg(missing),
+                         "Could not read '%1': No such file or directory"_s.arg(missing)}));
         QVERIFY(load("a.rtf"_s));
         QCOMPARE(m_errors, QStringList());
-    }
-
-    void messagesMayBeUnwanted()
-    {
-        const ORVImportExport::Engine engine = ORVImportExport::PandocEngine;
-        writeFile(path("a.rtf"_s), "{\\rtf1 text}");
-        QVERIFY(!ORVTextRtf::loadFileIntoDocument(path("missing.rtf"_s), m_document.data(), engine, nullptr));
-        QVERIFY(
-            !ORVTextRtf::loadFileIntoDocument(path("missing.docx"_s), m_document.data(), engine, nullptr));
-        QVERIFY(ORVTextRtf::loadFileIntoDocument(path("a.rtf"_s), m_document.data(), engine, nullptr));
+        for (const QString& name : {"missing.rtf"_s, "missing.docx"_s, "a.rtf"_s})
+            QCOMPARE(ORVTextRtf::loadFileIntoDocument(path(name), m_document.data(),
+                                                      ORVImportExport::PandocEngine, nullptr),
+                     name == "a.rtf"_s);
         QCOMPARE(m_document->toPlainText(), "text"_s);
     }
 

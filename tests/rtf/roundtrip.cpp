@@ -432,22 +432,6 @@ private slots:
         checkThatItSettles(trip);
     }
 
-    void mixedDocument()
-    {
-        Story story;
-        for (int i = 0; i < 50; ++i) {
-            if (i > 0)
-                story.paragraph();
-            story.format(blockFormat({{QTextFormat::BlockAlignment, 1 << (i % 4)}}));
-            story.add("plain %1 "_s.arg(i), textFormat());
-            story.add("bold", textWith(QTextFormat::FontWeight, int(QFont::Bold)));
-            story.add(" red ", textWith(QTextFormat::ForegroundBrush, QBrush(Qt::red)));
-            story.add("link", link(i % 2 ? "a" : "b"));
-            story.add("note", textWith(ORVRtfProperty::InFootnote, true)).add(".", textFormat());
-        }
-        checkThatAllComesBack(RoundTrip(*story.document()), *story.document());
-    }
-
     ORV_ROWS(samples)
     {
         const Rows add([](const QString& sample) {

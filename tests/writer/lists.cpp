@@ -66,11 +66,6 @@ QSharedPointer<QTextDocument> listDocument(const QTextListFormat& format)
     return document;
 }
 
-QByteArray listTablesOf(const Levels& levels)
-{
-    return tablesOf(write(*listDocument(listFormat(levels))));
-}
-
 } // namespace
 
 class TestWriterLists : public QObject {
@@ -84,57 +79,35 @@ private slots:
         QVERIFY(!rtf.contains("\\list"));
     }
 
-    ORV_ROWS(levelTexts)
-    {
-        const Rows add([](const QString& text, const QByteArray& written, const QByteArray& numbers) {
-            QCOMPARE(listTablesOf({level(text, ORVTextListLevel::Decimal)}),
-                     tables(listGroup(1, levelGroup(0, written, numbers))));
-        });
-        add("number", "%0", "\\'01\\'00", "\\'01");
-        add("numberPoint", "%0.", "\\'02\\'00.", "\\'01");
-        add("inBrackets", "(%0)", "\\'03(\\'00)", "\\'02");
-        add("twice", "%0-%0", "\\'03\\'00-\\'00", "\\'01\\'03");
-        add("empty", QString(), "\\'00", QByteArray());
-        add("words", "Part %0", "\\'06Part \\'00", "\\'06");
-        add("percentSign", "%0%", "\\'02\\'00%", "\\'01");
-        add("percentLetter", "%x", "\\'02%x", QByteArray());
-        add("levelAboveTheTop", "%3.", "\\'02\\'00.", "\\'01");
-        add("severalDigits", "%12.", "\\'02\\'00.", "\\'01");
-        add("braces", "{%0}", "\\'03\\{\\'00\\}", "\\'02");
-        add("backslash", "\\%0", "\\'02\\\\\\'00", "\\'02");
-        add("tab", "%0\t", "\\'02\\'00\\'09", "\\'01");
-        add("enDash", QString(QChar(0x2013)), "\\'01" + preamble() + "\\u8211\\'96", QByteArray());
-        add("noBreakSpace", QString(QChar(0xa0)), "\\'01" + preamble() + "\\u160\\'A0", QByteArray());
-
-        const QString z(91, QLatin1Char('z'));
-        const QByteArray zs(91, 'z');
-        add("lengthBelowBackslash", z, "[" + zs, QByteArray());
-        add("lengthOfBackslash", z + 'z', "\\\\" + zs + "z", QByteArray());
-        add("lengthOfOpenBrace", QString(123, QLatin1Char('z')), "\\{" + QByteArray(123, 'z'), QByteArray());
-        add("lengthOfClosingBrace", QString(125, QLatin1Char('z')), "\\}" + QByteArray(125, 'z'),
-            QByteArray());
-        add("positionOfABrace", QString(122, QLatin1Char('z')) + "%0", "\\{" + QByteArray(122, 'z') + "\\'00",
-            "\\{");
-    }
-
     ORV_ROWS(levels)
     {
-        const Rows add([](const Levels& levels, const QByteArray& groups) {
-            QCOMPARE(listTablesOf(levels), tables(listGroup(1, groups)));
+        const Rows add([](const QTextListFormat& format, const QByteArray& groups) {
+            QCOMPARE(tablesOf(write(*listDocument(format))), tables(listGroup(1, groups)));
         });
-        const unsigned decimal = ORVTextListLevel::Decimal;
-        add("bulletedList", {level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 36, 18)},
-            levelGroup(23, "\\'01" + preamble() + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"));
-        add("placeholdersOfDeeperLevels",
-            {level("%0.", decimal), level("%1.%0", ORVTextListLevel::LowerLetter),
-             level("%2.%1.%0", decimal)},
-            levelGroup(0, "\\'02\\'00.", "\\'01") + levelGroup(4, "\\'03\\'00.\\'01", "\\'01\\'03")
-                + levelGroup(0, "\\'05\\'00.\\'01.\\'02", "\\'01\\'03\\'05"));
-        add("numbersAboveTheTopmostLevel", {level("%0", decimal), level("%5%0", decimal)},
-            levelGroup(0, "\\'01\\'00", "\\'01") + levelGroup(0, "\\'02\\'00\\'01", "\\'01\\'02"));
+        add("none", QTextListFormat(), levelGroup(0, "\\'00", ""));
+        const QTextListFormat roman = with(QTextListFormat(),
+                                           {{QTextFormat::ListStyle, QTextListFormat::ListUpperRoman},
+                                            {QTextFormat::ListIndent, 2},
+                                            {QTextFormat::ListNumberPrefix, "<"_s},
+                                            {QTextFormat::ListNumberSuffix, ">"_s}});
+        add("stock style", roman, levelGroup(1, "\\'03<\\'00>", "\\'02", "\\fi0\\li1200\\lin1200"));
 
-        const auto addKind = [&add](const char* name, unsigned kind, int written) {
-            add(name, {level("%0", kind)}, levelGroup(written, "\\'01\\'00", "\\'01"));
+        const auto addLevels = [&add](const char* name, const Levels& levels, const QByteArray& groups) {
+            add(name, listFormat(levels), groups);
+        };
+        const unsigned decimal = ORVTextListLevel::Decimal;
+        addLevels("bulletedList", {level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 36, 18)},
+                  levelGroup(23, "\\'01" + preamble() + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"));
+        addLevels("placeholdersOfDeeperLevels",
+                  {level("%0.", decimal), level("%1.%0", ORVTextListLevel::LowerLetter),
+                   level("%2.%1.%0", decimal)},
+                  levelGroup(0, "\\'02\\'00.", "\\'01") + levelGroup(4, "\\'03\\'00.\\'01", "\\'01\\'03")
+                      + levelGroup(0, "\\'05\\'00.\\'01.\\'02", "\\'01\\'03\\'05"));
+        addLevels("numbersAboveTheTopmostLevel", {level("%0", decimal), level("%5%0", decimal)},
+                  levelGroup(0, "\\'01\\'00", "\\'01") + levelGroup(0, "\\'02\\'00\\'01", "\\'01\\'02"));
+
+        const auto addKind = [&addLevels](const char* name, unsigned kind, int written) {
+            addLevels(name, {level("%0", kind)}, levelGroup(written, "\\'01\\'00", "\\'01"));
         };
         addKind("levelKinds: bullet", 0, 23);
         addKind("levelKinds: decimal", 1, 0);
@@ -145,10 +118,10 @@ private slots:
         addKind("levelKinds: unknown", 6, 0);
         addKind("levelKinds: farOff", 4294967295u, 0);
 
-        const auto addIndent = [&add](const char* name, double indent, double firstLine,
-                                      const QByteArray& written) {
-            add(name, {level("%0", ORVTextListLevel::Decimal, indent, firstLine)},
-                levelGroup(0, "\\'01\\'00", "\\'01", written));
+        const auto addIndent = [&addLevels](const char* name, double indent, double firstLine,
+                                            const QByteArray& written) {
+            addLevels(name, {level("%0", ORVTextListLevel::Decimal, indent, firstLine)},
+                      levelGroup(0, "\\'01\\'00", "\\'01", written));
         };
         addIndent("levelIndents: hanging", 36.0, 18.0, "\\fi-360\\li720\\lin720");
         addIndent("levelIndents: indented", 18.0, 36.0, "\\fi360\\li360\\lin360");
@@ -166,32 +139,44 @@ private slots:
             if (i < 8)
                 eight += levelGroup(0, "\\'01" + code, "\\'01", "\\fi0\\li" + twips + "\\lin" + twips);
         }
-        add("listOfNineLevelsHasEight", nine, eight);
-    }
+        addLevels("listOfNineLevelsHasEight", nine, eight);
 
-    void listWithoutLevelsHasAnEmptyOne()
-    {
-        QCOMPARE(tablesOf(write(*listDocument(QTextListFormat()))),
-                 tables(listGroup(1, levelGroup(0, "\\'00", ""))));
-    }
-
-    void listOfStockStyle()
-    {
-        QTextListFormat format;
-        format.setStyle(QTextListFormat::ListUpperRoman);
-        format.setIndent(2);
-        format.setNumberPrefix("<");
-        format.setNumberSuffix(">");
-        QCOMPARE(tablesOf(write(*listDocument(format))),
-                 tables(listGroup(1, levelGroup(1, "\\'03<\\'00>", "\\'02", "\\fi0\\li1200\\lin1200"))));
+        const auto addText = [&](const char* name, const QString& text, const QByteArray& written,
+                                 const QByteArray& numbers) {
+            addLevels(name, {level(text, decimal)}, levelGroup(0, written, numbers));
+        };
+        addText("number", "%0", "\\'01\\'00", "\\'01");
+        addText("numberPoint", "%0.", "\\'02\\'00.", "\\'01");
+        addText("inBrackets", "(%0)", "\\'03(\\'00)", "\\'02");
+        addText("twice", "%0-%0", "\\'03\\'00-\\'00", "\\'01\\'03");
+        addText("empty", QString(), "\\'00", QByteArray());
+        addText("words", "Part %0", "\\'06Part \\'00", "\\'06");
+        addText("percentSign", "%0%", "\\'02\\'00%", "\\'01");
+        addText("percentLetter", "%x", "\\'02%x", QByteArray());
+        addText("levelAboveTheTop", "%3.", "\\'02\\'00.", "\\'01");
+        addText("severalDigits", "%12.", "\\'02\\'00.", "\\'01");
+        addText("braces", "{%0}", "\\'03\\{\\'00\\}", "\\'02");
+        addText("backslash", "\\%0", "\\'02\\\\\\'00", "\\'02");
+        addText("tab", "%0\t", "\\'02\\'00\\'09", "\\'01");
+        addText("enDash", QString(QChar(0x2013)), "\\'01" + preamble() + "\\u8211\\'96", QByteArray());
+        addText("noBreakSpace", QString(QChar(0xa0)), "\\'01" + preamble() + "\\u160\\'A0", QByteArray());
+        const QString z(91, QLatin1Char('z'));
+        const QByteArray zs(91, 'z');
+        addText("lengthBelowBackslash", z, "[" + zs, QByteArray());
+        addText("lengthOfBackslash", z + 'z', "\\\\" + zs + "z", QByteArray());
+        addText("lengthOfOpenBrace", QString(123, QLatin1Char('z')), "\\{" + QByteArray(123, 'z'),
+                QByteArray());
+        addText("lengthOfClosingBrace", QString(125, QLatin1Char('z')), "\\}" + QByteArray(125, 'z'),
+                QByteArray());
+        addText("positionOfABrace", QString(122, QLatin1Char('z')) + "%0",
+                "\\{" + QByteArray(122, 'z') + "\\'00", "\\{");
     }
 
     void levelHasTheFormatOfTheFirstItem()
     {
-        const QTextCharFormat format = bold(foreground(Qt::red));
         const QSharedPointer<QTextDocument> document =
             listDocument(listFormat({level("%0", ORVTextListLevel::Decimal)}));
-        QTextCursor(document.data()).setBlockCharFormat(format);
+        QTextCursor(document.data()).setBlockCharFormat(bold(foreground(Qt::red)));
         // Black and white are colours 1 and 2.
         QCOMPARE(tablesOf(write(*document)),
                  tables(listGroup(

@@ -281,14 +281,6 @@ private slots:
                      + run("y"));
     }
 
-    void listLevelIsStatedForEachItem()
-    {
-        const Document document = asList(paragraphs({"One", "Two"}), 2);
-        ORVTextListFormat::setBlockLevel(document->begin().textList(), document->lastBlock(), 2);
-        ORV_CONTAINS(writeBody(*document), FirstItem + run("One"));
-        ORV_CONTAINS(writeBody(*document), "\\ilvl2" + listText("2") + run("Two"));
-    }
-
     void listItemInATable()
     {
         const Document document = newDocument();

@@ -82,9 +82,7 @@ QByteArray innerTable()
 
 QTextTableFormat plainTable()
 {
-    QTextTableFormat format;
-    format.setBorder(0);
-    return format;
+    return with(QTextTableFormat(), {{QTextFormat::FrameBorder, 0.0}});
 }
 
 QTextTableFormat withWidths(const QVector<QTextLength>& widths)
@@ -159,13 +157,6 @@ public:
             cursor(i / table->columns(), i % table->columns()).deleteChar();
         return *this;
     }
-    TableStory& setPage(const QSizeF& size, double leftMargin, double rightMargin)
-    {
-        document->setProperty("paperSize", size);
-        document->setProperty("leftMargin", leftMargin);
-        document->setProperty("rightMargin", rightMargin);
-        return *this;
-    }
     QByteArray body(const WriteSettings& settings = WriteSettings()) const
     {
         return writeBody(*document, settings);
@@ -198,11 +189,10 @@ WriteSettings endingParagraphs()
 QTextTableFormat bordered(double width,
                           QTextFrameFormat::BorderStyle style = QTextFrameFormat::BorderStyle_Solid)
 {
-    QTextTableFormat format;
-    format.setBorderStyle(style);
-    format.setBorder(width);
-    format.setBorderBrush(QBrush(Qt::red));
-    return format;
+    return with(QTextTableFormat(),
+                {{QTextFormat::FrameBorder, width},
+                 {QTextFormat::FrameBorderStyle, int(style)},
+                 {QTextFormat::FrameBorderBrush, QBrush(Qt::red)}});
 }
 
 } // namespace
@@ -283,8 +273,7 @@ private slots:
         addAlignment("cellVerticalAlignment baseline", 6, "\\clvertalt ");
 
         const auto addPadding = [&add](const char* name, double padding, int gap) {
-            QTextTableFormat format = plainTable();
-            format.setCellPadding(padding);
+            const QTextTableFormat format = with(plainTable(), {{QTextFormat::TableCellPadding, padding}});
             add(name, TableStory(1, 1, format).document, oneRow(OneColumn, letterCells("a"), gap));
         };
         addPadding("cellPadding none", 0.0, 0);
@@ -353,23 +342,6 @@ private slots:
                      + wholeRow(rowStart(true, true) + OneColumn, letterCells("b")));
     }
 
-    void textOfACellOfMergedCellsIsWrittenOnce()
-    {
-        TableStory story(3, 3);
-        story.table->mergeCells(0, 0, 3, 3);
-        const QByteArray body = story.body();
-        // Qt joins the texts of cells that it merges, in paragraphs of its own choice.
-        int texts = 0;
-        for (QTextBlock block = story.document->begin(); block.isValid(); block = block.next()) {
-            if (block.text().isEmpty())
-                continue;
-            QCOMPARE(body.count(run(block.text().toLatin1())), 1);
-            ++texts;
-        }
-        QVERIFY(texts > 0);
-        QCOMPARE(body.count("\\cell") - body.count("\\cellx"), 9);
-    }
-
     ORV_ROWS(paragraphBeforeATable)
     {
         const Rows add([](const QString& text, const WriteSettings& settings, const QByteArray& written) {
@@ -419,10 +391,12 @@ private:
         addWidth("widths binaryFraction", {fixed(71.99999999), fixed(72)}, 1440, 2880);
         addWidth("widths zero", {fixed(0), fixed(72)}, 0, 1440);
 
+        const TableStory halfWidth(1, 1, withWidths({percent(50)}));
+        halfWidth.document->setProperty("paperSize", QSizeF(500.0, 700.0));
+        halfWidth.document->setProperty("leftMargin", 50.0);
+        halfWidth.document->setProperty("rightMargin", 100.0);
         // Half of 350 points.
-        add("widths followThePage",
-            TableStory(1, 1, withWidths({percent(50)})).setPage(QSizeF(500, 700), 50, 100).document,
-            oneRow(column(3500), letterCells("a")));
+        add("widths followThePage", halfWidth.document, oneRow(column(3500), letterCells("a")));
     }
 
     template <typename AddRow>
