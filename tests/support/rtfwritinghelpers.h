@@ -290,12 +290,17 @@ struct WriteSettings {
     }
 };
 
-/*! Settings with nothing but exporting mode. */
-inline WriteSettings exporting()
+/*! Settings with nothing but one that is set. */
+inline WriteSettings settingsWith(bool WriteSettings::*setting)
 {
     WriteSettings settings;
-    settings.exportingMode = true;
+    settings.*setting = true;
     return settings;
+}
+
+inline WriteSettings exporting()
+{
+    return settingsWith(&WriteSettings::exportingMode);
 }
 
 /*! \a document as RTF by a fresh writer; the running test fails when it cannot be written or is malformed. */

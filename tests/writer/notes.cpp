@@ -69,12 +69,7 @@ WriteSettings destinations(int footnotes, int annotations)
     return settings;
 }
 
-WriteSettings leadingSpace()
-{
-    WriteSettings settings;
-    settings.footnotesWithLeadingSpace = true;
-    return settings;
-}
+const WriteSettings LeadingSpace = settingsWith(&WriteSettings::footnotesWithLeadingSpace);
 
 QTextBlockFormat centred()
 {
@@ -373,17 +368,12 @@ private:
         };
         const QByteArray damaged = "{\\rtf1\\ansi Note\\'zz}";
         add("noteThatIsDamagedHasNoText", notes(damaged), WriteSettings(), body);
-        add("leadingSpaceNeedsAText", Story().add("one", footnoteAnchor(damaged)), leadingSpace(),
+        add("leadingSpaceNeedsAText", Story().add("one", footnoteAnchor(damaged)), LeadingSpace,
             firstParagraph() + run("one") + footnote(""));
-        for (const WriteSettings& settings : {WriteSettings(), leadingSpace()}) {
-            const bool space = settings.footnotesWithLeadingSpace;
-            add(space ? "noteThatIsEmptyHasNoText: noBytes, leading space"
-                      : "noteThatIsEmptyHasNoText: noBytes",
-                notes(""), settings, body);
-            add(space ? "noteThatIsEmptyHasNoText: noText, leading space"
-                      : "noteThatIsEmptyHasNoText: noText",
-                notes("{\\rtf1\\ansi}"), settings, body);
-        }
+        add("noBytes", notes(""), WriteSettings(), body);
+        add("noBytes, leading space", notes(""), LeadingSpace, body);
+        add("noText", notes("{\\rtf1\\ansi}"), WriteSettings(), body);
+        add("noText, leading space", notes("{\\rtf1\\ansi}"), LeadingSpace, body);
     }
 
     template <typename AddRow>
@@ -391,19 +381,19 @@ private:
     {
         const Story spaces = Story().add(" note", inFootnote()).add("  note ", inAnnotation()).add(" after");
         // The first blank behind \annotation ends the word, the second is the note's.
-        add("leadingSpaceOfInlineNotes", spaces, leadingSpace(),
+        add("leadingSpaceOfInlineNotes", spaces, LeadingSpace,
             firstParagraph() + footnote(" \\f0\\fs24 note") + annotation("  \\f0\\fs24 note ")
                 + run(" after"));
         add("leadingSpaceOfInlineNotes: not set", spaces, WriteSettings(),
             firstParagraph() + footnote("\\f0\\fs24  note") + annotation("\\f0\\fs24   note ")
                 + run(" after"));
         add("leadingSpaceOfTheFirstRunOnly", Story().add(" a", inFootnote()).add(" b", bold(inFootnote())),
-            leadingSpace(), firstParagraph() + footnote(" " + run("a") + "{\\f0\\fs24\\b1  b}"));
+            LeadingSpace, firstParagraph() + footnote(" " + run("a") + "{\\f0\\fs24\\b1  b}"));
         const QByteArray content = "{\\rtf1\\ansi   Note }";
         const Story anchored =
             Story().add("one", footnoteAnchor(content)).add("two", annotationAnchor(content));
         const QByteArray note = " " + noteText();
-        add("leadingSpaceOfAnchoredNotes", anchored, leadingSpace(),
+        add("leadingSpaceOfAnchoredNotes", anchored, LeadingSpace,
             firstParagraph() + run("one") + footnote(note) + annotatedRange("1", "\\f0\\fs24 two", note));
         WriteSettings elsewhere = destinations(2, 1);
         elsewhere.footnotesWithLeadingSpace = true;

@@ -179,13 +179,6 @@ public:
     QTextCursor cursor;
 };
 
-WriteSettings endingParagraphs()
-{
-    WriteSettings settings;
-    settings.paragraphBeforeTableEnded = true;
-    return settings;
-}
-
 QTextTableFormat bordered(double width,
                           QTextFrameFormat::BorderStyle style = QTextFrameFormat::BorderStyle_Solid)
 {
@@ -353,7 +346,8 @@ private slots:
         });
         add("stored", "before", WriteSettings(), run("before"));
         add("exported", "before", exporting(), run("before") + "\n\\par");
-        add("set", "before", endingParagraphs(), run("before") + "\n\\par");
+        add("set", "before", settingsWith(&WriteSettings::paragraphBeforeTableEnded),
+            run("before") + "\n\\par");
         add("empty, exported", "", exporting(), emptyRun());
     }
 
