@@ -31,25 +31,18 @@ public:
 };
 
 /*! A paragraph of text, directly followed by a table of one cell, which the document ends with. */
-Document tableDocument()
+Story tableStory()
 {
-    const Document document = textDocument("before"_s);
-    QTextCursor cursor(document.data());
-    cursor.movePosition(QTextCursor::End);
-    QTextTableFormat format;
-    format.setBorder(0);
-    cursor.insertTable(1, 1, format)->cellAt(0, 0).firstCursorPosition().insertText("cell"_s);
-    return document;
+    Story story;
+    QTextTable* const table = story.add("before").cursor().insertTable(1, 1);
+    table->cellAt(0, 0).firstCursorPosition().insertText("cell"_s);
+    return story;
 }
 
 /*! Text that exporting would change: a placeholder, and a note that begins with blanks. */
-Document unexportedDocument()
+Story unexportedStory()
 {
-    const Document document = textDocument("<$p>"_s);
-    QTextCursor cursor(document.data());
-    cursor.movePosition(QTextCursor::End);
-    cursor.insertText("  note"_s, charFormat({{ORVRtfProperty::InFootnote, true}}));
-    return document;
+    return Story().add("<$p>").add("  note", charFormat({{ORVRtfProperty::InFootnote, true}}));
 }
 
 /*! Mime data with \a rtf under every type of RTF. */
@@ -68,18 +61,19 @@ class TestClipboard : public QObject {
 private slots:
     ORV_ROWS(plainFlavour)
     {
-        const Rows add([](const Document& document) {
-            const QByteArray rtf = write(*document, settingsWith(&WriteSettings::paragraphBeforeTableEnded));
-            const bool undo = document->isUndoAvailable();
-            const QString text = textOf(*document);
+        const Rows add([](const Story& story) {
+            const QByteArray rtf =
+                write(*story.document(), settingsWith(&WriteSettings::paragraphBeforeTableEnded));
+            const bool undo = story.document()->isUndoAvailable();
+            const QString text = textOf(*story.document());
             QMimeData mime;
-            ORVTextRtf::setRtfMimeData(&mime, document.data());
+            ORVTextRtf::setRtfMimeData(&mime, story.document());
             QCOMPARE(mime.formats(), ORV::rtfMimeTypes());
             QMimeData used;
             used.setText("as text"_s);
             used.setData(ownType(), Sample);
             setAllTypes(used, Sample);
-            ORVTextRtf::setRtfMimeData(&used, document.data());
+            ORVTextRtf::setRtfMimeData(&used, story.document());
             QCOMPARE(used.formats().size(), 2 + ORV::rtfMimeTypes().size());
             QCOMPARE(used.text(), "as text"_s);
             QCOMPARE(used.data(ownType()), Sample);
@@ -91,32 +85,32 @@ private slots:
                 QCOMPARE(static_cast<const void*>(mime.data(type).constData()),
                          static_cast<const void*>(first.constData()));
             }
-            QCOMPARE(document->isUndoAvailable(), undo);
-            QCOMPARE(textOf(*document), text);
+            QCOMPARE(story.document()->isUndoAvailable(), undo);
+            QCOMPARE(textOf(*story.document()), text);
         });
-        add("nothing", newDocument());
-        add("text", textDocument("Hello"_s));
-        add("paragraph before a table is ended", tableDocument());
-        add("no export", unexportedDocument());
+        add("nothing", Story());
+        add("text", Story().add("Hello"));
+        add("paragraph before a table is ended", tableStory());
+        add("no export", unexportedStory());
     }
 
     ORV_ROWS(ownFlavour)
     {
-        const Rows add([](const Document& document) {
-            const QByteArray rtf = write(*document);
-            const QString text = textOf(*document);
+        const Rows add([](const Story& story) {
+            const QByteArray rtf = write(*story.document());
+            const QString text = textOf(*story.document());
             for (const bool inPlace : {false, true}) {
                 QMimeData mime;
-                ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, document.data(), inPlace);
+                ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, story.document(), inPlace);
                 QCOMPARE(mime.formats(), QStringList(ownType()));
                 QCOMPARE(mime.data(ownType()), rtf);
-                QCOMPARE(document->isUndoAvailable(), !inPlace);
-                QCOMPARE(textOf(*document), text);
+                QCOMPARE(story.document()->isUndoAvailable(), !inPlace);
+                QCOMPARE(textOf(*story.document()), text);
             }
         });
-        add("text", textDocument("Hello"_s));
-        add("table", tableDocument());
-        add("no export", unexportedDocument());
+        add("text", Story().add("Hello"));
+        add("table", tableStory());
+        add("no export", unexportedStory());
     }
 
     void writingNothingOrToNothing()
@@ -148,10 +142,10 @@ private slots:
             QMimeData mime;
             const Document back = newDocument();
             if (own) {
-                ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableDocument().data(), false);
+                ORVTextRtf::setOrvellineMarkupRtfMimeData(&mime, tableStory().document(), false);
                 QVERIFY(ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, back.data()));
             } else {
-                ORVTextRtf::setRtfMimeData(&mime, tableDocument().data());
+                ORVTextRtf::setRtfMimeData(&mime, tableStory().document());
                 QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, back.data()));
             }
             QCOMPARE(textOf(*back), text);
@@ -242,11 +236,12 @@ private slots:
     {
         QMimeData mime;
         mime.setData(ORV::rtfMimeTypes().first(), Sample);
-        const Document document = tableDocument();
-        QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, document.data()));
-        QCOMPARE(textOf(*document), "One two"_s);
-        QCOMPARE(formatOf(*document, "two"_s).property(QTextFormat::FontWeight).toInt(), int(QFont::Bold));
-        QVERIFY(document->rootFrame()->childFrames().isEmpty());
+        const Story story = tableStory();
+        QVERIFY(ORVTextRtf::fromRtfMimeData(&mime, story.document()));
+        QCOMPARE(textOf(*story.document()), "One two"_s);
+        QCOMPARE(formatOf(*story.document(), "two"_s).property(QTextFormat::FontWeight).toInt(),
+                 int(QFont::Bold));
+        QVERIFY(story.document()->rootFrame()->childFrames().isEmpty());
     }
 
     void readingIntoNothingOrFromNothing()

@@ -1,4 +1,5 @@
 #include "ORVRtfControlWord_p.h"
+#include "ORVRtfInput_p.h"
 #include "ORVRtfWordTable_p.h"
 #include "testsupport.h"
 
@@ -20,10 +21,24 @@ int expected(const QByteArray& word)
     return ORVTextRtfCommon::fromLatin1(word.constData(), unsigned(word.size()));
 }
 
+/*! The length of the text that \a bytes begin with, the first byte being text whatever it is. */
+int textLength(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    if (!buffer.open(QIODevice::ReadOnly))
+        qFatal("the buffer does not open");
+    ORVRtfInput input;
+    input.setDevice(&buffer);
+    return input.charAt(0) == bytes.at(0) ? input.textLength() : -1;
+}
+
 } // namespace
 
-/*! Control words as the tokenizer scans them and looks them up. */
-class TestWordTable : public QObject {
+/*!
+    The bytes of a device as the tokenizer sees them: control words as it scans them and looks them up, and
+    the length of text. The rest is seen in what is read.
+*/
+class TestTokens : public QObject {
     Q_OBJECT
 
 private slots:
@@ -94,7 +109,30 @@ private slots:
         add("letters to the end", "\\par", ORVRtfControlWord::TooLong);
         add("64 bytes", "\\" + QByteArray(63, 'a') + ' ', ORVRtfControlWord::TooLong);
     }
+
+    /*! At any place, beside any other bytes: many are looked at together. */
+    ORV_ROWS(textEndsAtSpecialBytes)
+    {
+        const Rows add([](char special) {
+            for (int neighbour = 0; neighbour < 256; ++neighbour) {
+                if ("\\{}\n\r"_b.contains(char(neighbour)))
+                    continue;
+                for (int place = 1; place < 20; ++place)
+                    QCOMPARE(
+                        textLength(QByteArray(24, char(neighbour)).replace(place, 1, QByteArray(1, special))),
+                        place);
+            }
+        });
+        for (const char special : {'\\', '{', '}', '\n', '\r'})
+            add(QByteArray::number(special, 16), special);
+    }
+
+    void textEndsWithTheBuffer()
+    {
+        for (int size = 1; size < 40; ++size)
+            QCOMPARE(textLength('{' + QByteArray(size - 1, 'a')), size);
+    }
 };
 
-ORV_TEST("wordtable", TestWordTable, QCoreApplication)
-#include "wordtable.moc"
+ORV_TEST("tokens", TestTokens, QCoreApplication)
+#include "tokens.moc"
