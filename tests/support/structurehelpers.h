@@ -78,6 +78,24 @@ inline QString listLines(const QTextDocument& document)
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n') + itemLines(document);
 }
 
+/*! A level of a list; positions in points. */
+inline ORVTextListLevel makeLevel(unsigned kind, const QString& text, double indent = 0, double firstLine = 0)
+{
+    ORVTextListLevel level;
+    level.setKind(kind);
+    level.setText(text);
+    level.setIndent(indent);
+    level.setFirstLinePosition(firstLine);
+    return level;
+}
+
+inline QTextListFormat listFormatWith(const QList<ORVTextListLevel>& levels)
+{
+    QTextListFormat format;
+    ORVTextListFormat::setLevels(format, levels);
+    return format;
+}
+
 } // namespace rtftest
 
 #endif

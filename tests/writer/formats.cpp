@@ -42,23 +42,10 @@ const WriteSettings ForMsWord = settingsWith(&WriteSettings::highlightForMsWord)
 
 typedef QSharedPointer<QTextDocument> Document;
 
-/*! A document of one paragraph for each text. */
-Document paragraphs(const QStringList& texts)
+/*! A document of one paragraph for each text; the first paragraphs have \a formats. */
+Document paragraphs(const QStringList& texts, const QList<QTextBlockFormat>& formats = {})
 {
-    const Document document = newDocument();
-    QTextCursor cursor(document.data());
-    for (int i = 0; i < texts.size(); ++i) {
-        if (i > 0)
-            cursor.insertBlock();
-        cursor.insertText(texts.at(i));
-    }
-    return document;
-}
-
-/*! The same, whose first paragraphs have \a formats. */
-Document paragraphs(const QStringList& texts, const QList<QTextBlockFormat>& formats)
-{
-    const Document document = paragraphs(texts);
+    const Document document = textDocument(texts.join('\n'));
     for (int i = 0; i < formats.size(); ++i)
         QTextCursor(document->findBlockByNumber(i)).setBlockFormat(formats.at(i));
     return document;

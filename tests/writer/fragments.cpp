@@ -137,20 +137,20 @@ QString textWith(const Reading& reading, int flag)
 QTextCharFormat stateFormat(int bits)
 {
     using namespace ORVRtfProperty;
-    static const int flags[] = {InAnnotation, InFootnote, AnnotationAnchor, FootnoteAnchor};
-    QTextCharFormat format;
-    for (int i = 0; i < 4; ++i) {
+    static const QPair<int, QVariant> states[] = {{InAnnotation, true},
+                                                  {InFootnote, true},
+                                                  {AnnotationAnchor, true},
+                                                  {FootnoteAnchor, true},
+                                                  {QTextFormat::AnchorHref, "u"_s},
+                                                  {BookmarkName, "bm"_s}};
+    Properties properties = {{QTextFormat::IsAnchor, true}};
+    for (int i = 0; i < 6; ++i) {
         if (bits & (1 << i))
-            format.setProperty(flags[i], true);
+            properties.insert(states[i].first, states[i].second);
     }
     if (bits & 0xc)
-        format.setProperty(NoteContent, PlainNote);
-    format.setAnchor(true);
-    if (bits & 0x10)
-        format.setAnchorHref("u");
-    if (bits & 0x20)
-        format.setProperty(BookmarkName, "bm"_s);
-    return format;
+        properties.insert(NoteContent, PlainNote);
+    return charFormat(properties);
 }
 
 } // namespace
@@ -193,6 +193,8 @@ private slots:
         add("bookmarkAcrossAParagraphThatLacksIt",
             Story().add("one", bookmark("bm")).paragraph().add("x").paragraph().add("two", bookmark("bm")),
             run("one") + start + newParagraph() + run("x") + newParagraph() + run("two") + start);
+        add("bookmarkNamesAreEscaped", Story().add("one", bookmark("a{b}\\c\"d")).add("two", bookmark("@}}")),
+            run("one") + "{\\*\\bkmkstart a\\{b\\}\\\\c\"d}" + run("two") + "{\\*\\bkmkend @\\}\\}}");
         add("emptyBookmarkNameWritesNothing", Story().add("one", bookmark("")).add("two", bold()),
             run("one") + two);
         add("bookmarkOfALinkFollowsIt", Story().add("word", bookmark("bm", link("u"))).add("after"),
@@ -298,16 +300,6 @@ private slots:
         add("quotes", "a\"b", "a\"b");
     }
 
-    void bookmarkNamesAreEscaped()
-    {
-        Story story;
-        story.add("one", bookmark("a{b}\\c\"d")).add("two", bookmark("@}}"));
-        QCOMPARE(story.body(),
-                 firstParagraph() + run("one") + "{\\*\\bkmkstart a\\{b\\}\\\\c\"d}" + run("two")
-                     + "{\\*\\bkmkend @\\}\\}}");
-        QCOMPARE(rtftest::read(write(*story.document())).text(), "onetwo"_s);
-    }
-
     ORV_ROWS(destinationsOfNotes)
     {
         const Rows add([](const QTextCharFormat& format, int destination, const QByteArray& written) {
@@ -369,6 +361,12 @@ private slots:
         row("anchorOfTwoRuns",
             Story().add("one", annotationAnchor()).add("two", bold(annotationAnchor())).add("after"),
             annotatedRange("1", run("one") + two, noteText()) + run("after"));
+        row("anchorFormatEndsWithTheAnchor: annotation",
+            Story().add("word", bold(annotationAnchor())).add("after"),
+            annotatedRange("1", "\\f0\\fs24\\b1 word", noteText()) + run("after"));
+        row("anchorFormatEndsWithTheAnchor: footnote",
+            Story().add("word", bold(footnoteAnchor())).add("after"),
+            "{\\f0\\fs24\\b1 word}" + footnote(noteText(), "\\f0\\fs24\\b1") + run("after"));
         row("footnoteMarkHasTheFormatOfTheLastRun",
             Story().add("one", footnoteAnchor()).add("two", bold(footnoteAnchor())).add("after"),
             run("one") + two + footnote(noteText(), "\\f0\\fs24\\b1") + run("after"));
@@ -419,18 +417,6 @@ private slots:
                 + "{\\*\\bkmkstart bm}" + run("x"));
         addEmptyNotes(add);
         addLeadingSpaces(add);
-    }
-
-    ORV_ROWS(anchorFormatEndsWithTheAnchor)
-    {
-        const Rows add([](const QTextCharFormat& format) {
-            const Story story = Story().add("word", bold(format)).add("after");
-            const Reading reading = rtftest::read(write(*story.document(), destinations(1, 0)));
-            QCOMPARE(reading.format("word").fontWeight(), int(QFont::Bold));
-            QVERIFY(!reading.format("after").hasProperty(QTextFormat::FontWeight));
-        });
-        add("annotationToAnnotation", annotationAnchor());
-        add("footnoteToFootnote", footnoteAnchor());
     }
 
     ORV_ROWS(fontsAndColoursOfNotes)

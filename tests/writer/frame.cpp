@@ -43,9 +43,8 @@ Document documentOfAnEditor()
     option.setFlags(QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators);
     document->setDefaultTextOption(option);
     QTextCursor cursor(document.data());
-    QTextBlockFormat breakAfter;
-    breakAfter.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysAfter);
-    cursor.setBlockFormat(breakAfter);
+    cursor.setBlockFormat(
+        blockFormat({{QTextFormat::PageBreakPolicy, int(QTextFormat::PageBreak_AlwaysAfter)}}));
     cursor.insertText("One"_s);
     cursor.insertBlock(QTextBlockFormat());
     cursor.insertText("Two"_s);
@@ -160,30 +159,26 @@ private slots:
         add("but not what else was set", &WriteSettings::paragraphBeforeTableEnded);
     }
 
-    void copyLeavesTheDocumentAlone()
+    void onlyInPlaceChangesTheDocument()
     {
         const Document document = documentOfAnEditor();
+        const auto breakPolicies = [&document] {
+            return QList<int>({int(document->firstBlock().blockFormat().pageBreakPolicy()),
+                               int(document->lastBlock().blockFormat().pageBreakPolicy())});
+        };
         QCOMPARE(write(*document), documentOfAnEditorAsRtf());
         QVERIFY(document->isUndoRedoEnabled());
         QVERIFY(document->isUndoAvailable());
         QCOMPARE(int(document->defaultTextOption().flags()),
                  int(QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators));
-        QCOMPARE(int(document->begin().blockFormat().pageBreakPolicy()),
-                 int(QTextFormat::PageBreak_AlwaysAfter));
-        QCOMPARE(int(document->begin().next().blockFormat().pageBreakPolicy()), 0);
-    }
+        QCOMPARE(breakPolicies(), QList<int>({QTextFormat::PageBreak_AlwaysAfter, 0}));
 
-    void inPlaceChangesTheDocument()
-    {
-        const Document document = documentOfAnEditor();
         for (int time = 0; time < 2; ++time)
             QCOMPARE(write(*document, InPlace), documentOfAnEditorAsRtf());
         QVERIFY(!document->isUndoRedoEnabled());
         QVERIFY(!document->isUndoAvailable());
         QCOMPARE(int(document->defaultTextOption().flags()), 0);
-        QCOMPARE(int(document->begin().blockFormat().pageBreakPolicy()), 0);
-        QCOMPARE(int(document->begin().next().blockFormat().pageBreakPolicy()),
-                 int(QTextFormat::PageBreak_AlwaysBefore));
+        QCOMPARE(breakPolicies(), QList<int>({0, QTextFormat::PageBreak_AlwaysBefore}));
         QCOMPARE(textOf(*document), "One\nTwo"_s);
     }
 
@@ -232,14 +227,6 @@ private slots:
         QVERIFY(buffer.isWritable());
         QVERIFY(!buffer.isReadable());
         QCOMPARE(wellFormed(buffer.data()), write(*newDocument()));
-
-        QBuffer closedAgain;
-        QVERIFY(closedAgain.open(QIODevice::WriteOnly));
-        closedAgain.close();
-        writer.setDevice(&closedAgain);
-        QVERIFY(writer.write(newDocument().data(), false));
-        QVERIFY(closedAgain.isOpen());
-        wellFormed(closedAgain.data());
     }
 
     void openDeviceStaysOpenAndIsWrittenOnFrom()

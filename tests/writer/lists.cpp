@@ -7,16 +7,6 @@ typedef QList<ORVTextListLevel> Levels;
 
 namespace {
 
-ORVTextListLevel level(const QString& text, unsigned kind, double indent = 0, double firstLine = 0)
-{
-    ORVTextListLevel result;
-    result.setText(text);
-    result.setKind(kind);
-    result.setIndent(indent);
-    result.setFirstLinePosition(firstLine);
-    return result;
-}
-
 /*! A list level as it is written; its text and numbers are given as written, without their ";". */
 QByteArray levelGroup(int kind, const QByteArray& text, const QByteArray& numbers,
                       const QByteArray& indents = "\\fi0\\li0\\lin0", const QByteArray& format = "\\f0\\fs24")
@@ -50,13 +40,6 @@ QByteArray tablesOf(const QByteArray& rtf)
     const int colors = rtf.indexOf("{\\colortbl;");
     const int begin = rtf.indexOf("}\n", colors) + 2;
     return rtf.mid(begin, rtf.indexOf("\\paperw") - begin);
-}
-
-QTextListFormat listFormat(const Levels& levels)
-{
-    QTextListFormat format;
-    ORVTextListFormat::setLevels(format, levels);
-    return format;
 }
 
 QSharedPointer<QTextDocument> listDocument(const QTextListFormat& format)
@@ -93,21 +76,21 @@ private slots:
         add("stock style", roman, levelGroup(1, "\\'03<\\'00>", "\\'02", "\\fi0\\li1200\\lin1200"));
 
         const auto addLevels = [&add](const char* name, const Levels& levels, const QByteArray& groups) {
-            add(name, listFormat(levels), groups);
+            add(name, listFormatWith(levels), groups);
         };
         const unsigned decimal = ORVTextListLevel::Decimal;
-        addLevels("bulletedList", {level(QString(QChar(0x2022)), ORVTextListLevel::Bullet, 36, 18)},
+        addLevels("bulletedList", {makeLevel(ORVTextListLevel::Bullet, QString(QChar(0x2022)), 36, 18)},
                   levelGroup(23, "\\'01" + preamble() + "\\u8226\\'95", "", "\\fi-360\\li720\\lin720"));
         addLevels("placeholdersOfDeeperLevels",
-                  {level("%0.", decimal), level("%1.%0", ORVTextListLevel::LowerLetter),
-                   level("%2.%1.%0", decimal)},
+                  {makeLevel(decimal, "%0."), makeLevel(ORVTextListLevel::LowerLetter, "%1.%0"),
+                   makeLevel(decimal, "%2.%1.%0")},
                   levelGroup(0, "\\'02\\'00.", "\\'01") + levelGroup(4, "\\'03\\'00.\\'01", "\\'01\\'03")
                       + levelGroup(0, "\\'05\\'00.\\'01.\\'02", "\\'01\\'03\\'05"));
-        addLevels("numbersAboveTheTopmostLevel", {level("%0", decimal), level("%5%0", decimal)},
+        addLevels("numbersAboveTheTopmostLevel", {makeLevel(decimal, "%0"), makeLevel(decimal, "%5%0")},
                   levelGroup(0, "\\'01\\'00", "\\'01") + levelGroup(0, "\\'02\\'00\\'01", "\\'01\\'02"));
 
         const auto addKind = [&addLevels](const char* name, unsigned kind, int written) {
-            addLevels(name, {level("%0", kind)}, levelGroup(written, "\\'01\\'00", "\\'01"));
+            addLevels(name, {makeLevel(kind, "%0")}, levelGroup(written, "\\'01\\'00", "\\'01"));
         };
         addKind("levelKinds: bullet", 0, 23);
         addKind("levelKinds: decimal", 1, 0);
@@ -120,7 +103,7 @@ private slots:
 
         const auto addIndent = [&addLevels](const char* name, double indent, double firstLine,
                                             const QByteArray& written) {
-            addLevels(name, {level("%0", ORVTextListLevel::Decimal, indent, firstLine)},
+            addLevels(name, {makeLevel(ORVTextListLevel::Decimal, "%0", indent, firstLine)},
                       levelGroup(0, "\\'01\\'00", "\\'01", written));
         };
         addIndent("levelIndents: hanging", 36.0, 18.0, "\\fi-360\\li720\\lin720");
@@ -133,7 +116,7 @@ private slots:
         Levels nine;
         QByteArray eight;
         for (int i = 0; i < 9; ++i) {
-            nine << level("%0", decimal, 36 * (i + 1), 36 * (i + 1));
+            nine << makeLevel(decimal, "%0", 36 * (i + 1), 36 * (i + 1));
             const QByteArray twips = QByteArray::number(720 * (i + 1));
             const QByteArray code = "\\'0" + QByteArray::number(i);
             if (i < 8)
@@ -143,7 +126,7 @@ private slots:
 
         const auto addText = [&](const char* name, const QString& text, const QByteArray& written,
                                  const QByteArray& numbers) {
-            addLevels(name, {level(text, decimal)}, levelGroup(0, written, numbers));
+            addLevels(name, {makeLevel(decimal, text)}, levelGroup(0, written, numbers));
         };
         addText("number", "%0", "\\'01\\'00", "\\'01");
         addText("numberPoint", "%0.", "\\'02\\'00.", "\\'01");
@@ -175,7 +158,7 @@ private slots:
     void levelHasTheFormatOfTheFirstItem()
     {
         const QSharedPointer<QTextDocument> document =
-            listDocument(listFormat({level("%0", ORVTextListLevel::Decimal)}));
+            listDocument(listFormatWith({makeLevel(ORVTextListLevel::Decimal, "%0")}));
         QTextCursor(document.data()).setBlockCharFormat(bold(foreground(Qt::red)));
         // Black and white are colours 1 and 2.
         QCOMPARE(tablesOf(write(*document)),
@@ -188,8 +171,9 @@ private slots:
         const QSharedPointer<QTextDocument> document = textDocument("One\nTwo");
         QTextCursor cursor(document->lastBlock());
         // Made first, but stands second.
-        cursor.createList(listFormat({level("%0)", ORVTextListLevel::LowerLetter)}));
-        QTextCursor(document->begin()).createList(listFormat({level("%0.", ORVTextListLevel::Decimal)}));
+        cursor.createList(listFormatWith({makeLevel(ORVTextListLevel::LowerLetter, "%0)")}));
+        QTextCursor(document->begin())
+            .createList(listFormatWith({makeLevel(ORVTextListLevel::Decimal, "%0.")}));
         const QByteArray rtf = write(*document);
         QCOMPARE(tablesOf(rtf),
                  tables(listGroup(1, levelGroup(0, "\\'02\\'00.", "\\'01"))
@@ -201,7 +185,7 @@ private slots:
     void listIsWrittenOnceForAllItems()
     {
         const QSharedPointer<QTextDocument> document =
-            listDocument(listFormat({level("%0.", ORVTextListLevel::Decimal)}));
+            listDocument(listFormatWith({makeLevel(ORVTextListLevel::Decimal, "%0.")}));
         QTextList* list = document->begin().textList();
         QTextCursor cursor(document.data());
         cursor.movePosition(QTextCursor::End);
@@ -212,9 +196,9 @@ private slots:
 
     void itemsNameTheirListAndLevel()
     {
-        const Levels levels = {level("%0.", ORVTextListLevel::Decimal, 18, 18),
-                               level("%1.%0.", ORVTextListLevel::Decimal, 36, 36)};
-        const QSharedPointer<QTextDocument> document = listDocument(listFormat(levels));
+        const Levels levels = {makeLevel(ORVTextListLevel::Decimal, "%0.", 18, 18),
+                               makeLevel(ORVTextListLevel::Decimal, "%1.%0.", 36, 36)};
+        const QSharedPointer<QTextDocument> document = listDocument(listFormatWith(levels));
         QTextCursor cursor(document.data());
         cursor.movePosition(QTextCursor::End);
         cursor.insertText("\nSub");

@@ -367,38 +367,29 @@ private slots:
 
     ORV_ROWS(structureEndsAWord)
     {
-        const Rows add([](char character) {
+        const Rows add([](const std::function<void(ORVRtfOutput&)>& write, const QByteArray& rtf) {
             BufferedOutput output;
+            output.endKeyword();
             output.write("\\b");
-            output.writeStructure(character);
+            write(output);
             QVERIFY(!output.isKeywordPending());
-            output.writePrintableCharacters("x"_s, 0, true, false, QString());
-            QCOMPARE(output.bytes(), "\\b" + QByteArray(1, character) + 'x');
+            writeText(output, "x"_s);
+            QCOMPARE(output.bytes(), "\\b" + rtf + 'x');
         });
-        add("opening brace", '{');
-        add("closing brace", '}');
-        add("semicolon", ';');
-        add("line feed", '\n');
-    }
-
-    void owedBlankIsWrittenOnce()
-    {
-        BufferedOutput output;
-        output.endKeyword();
-        output.write("\\b", 0);
-        output.endKeyword();
-        output.endKeyword();
-        QVERIFY(!output.isKeywordPending());
-        output.writePrintableCharacters("x"_s, 0, true, false, QString());
-        QCOMPARE(output.bytes(), "\\b0 x"_b);
-    }
-
-    void ignorableGroup()
-    {
-        BufferedOutput output;
-        output.openIgnorableGroup(ORVTextRtfCommon::ListTable);
-        output.closeGroup();
-        QCOMPARE(output.bytes(), "{\\*\\listtable}"_b);
+        for (const char character : {'{', '}', ';', '\n'}) {
+            const auto write = [character](ORVRtfOutput& output) { output.writeStructure(character); };
+            add("structure " + QByteArray::number(character), write, QByteArray(1, character));
+        }
+        const auto endKeywordTwice = [](ORVRtfOutput& output) {
+            output.endKeyword();
+            output.endKeyword();
+        };
+        add("the blank that is owed, once", endKeywordTwice, " ");
+        const auto writeIgnorableGroup = [](ORVRtfOutput& output) {
+            output.openIgnorableGroup(ORVTextRtfCommon::ListTable);
+            output.closeGroup();
+        };
+        add("ignorable group", writeIgnorableGroup, "{\\*\\listtable}");
     }
 
     void refusedBytes()
