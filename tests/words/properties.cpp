@@ -52,10 +52,8 @@ private slots:
 
     void quotes()
     {
-        QCOMPARE(ORVTextRtfCommon::defaultSingleQuotes.first, QChar(0x2018));
-        QCOMPARE(ORVTextRtfCommon::defaultSingleQuotes.second, QChar(0x2019));
-        QCOMPARE(ORVTextRtfCommon::defaultDoubleQuotes.first, QChar(0x201C));
-        QCOMPARE(ORVTextRtfCommon::defaultDoubleQuotes.second, QChar(0x201D));
+        QCOMPARE(ORVTextRtfCommon::defaultSingleQuotes, qMakePair(QChar(0x2018), QChar(0x2019)));
+        QCOMPARE(ORVTextRtfCommon::defaultDoubleQuotes, qMakePair(QChar(0x201C), QChar(0x201D)));
     }
 
     ORV_ROWS(revisionColors)

@@ -72,13 +72,6 @@ QBrush redGradient()
     return gradient;
 }
 
-QByteArray documentOfAnEditorAsRtf()
-{
-    return documentHead()
-        + "\n\\pard\\plain \\ltrch\\loch {\\f0\\fs24 One}"
-          "\n\\par\\pard\\plain \\pagebb\\ltrch\\loch {\\f0\\fs24 Two}}";
-}
-
 ORVTextPage textPage(const QString& text, const QFont& font = QFont("Quibble Head"_s, 10),
                      Qt::Alignment alignment = Qt::AlignLeft)
 {
@@ -102,15 +95,8 @@ Document documentWith(const char* property, const ORVTextPage& page)
     return documentWith(property, QVariant::fromValue(page));
 }
 
-QByteArray emptyBody()
-{
-    return firstParagraph() + emptyRun();
-}
-
-QByteArray headFont()
-{
-    return fontEntry(1, "Quibble Head");
-}
+const QByteArray EmptyBody = firstParagraph() + emptyRun();
+const QByteArray HeadFont = fontEntry(1, "Quibble Head");
 
 } // namespace
 
@@ -166,7 +152,9 @@ private slots:
             return QList<int>({int(document->firstBlock().blockFormat().pageBreakPolicy()),
                                int(document->lastBlock().blockFormat().pageBreakPolicy())});
         };
-        QCOMPARE(write(*document), documentOfAnEditorAsRtf());
+        const QByteArray rtf = documentHead() + firstParagraph() + run("One")
+            + "\n\\par\\pard\\plain \\pagebb\\ltrch\\loch " + run("Two") + '}';
+        QCOMPARE(write(*document), rtf);
         QVERIFY(document->isUndoRedoEnabled());
         QVERIFY(document->isUndoAvailable());
         QCOMPARE(int(document->defaultTextOption().flags()),
@@ -174,7 +162,7 @@ private slots:
         QCOMPARE(breakPolicies(), QList<int>({QTextFormat::PageBreak_AlwaysAfter, 0}));
 
         for (int time = 0; time < 2; ++time)
-            QCOMPARE(write(*document, InPlace), documentOfAnEditorAsRtf());
+            QCOMPARE(write(*document, InPlace), rtf);
         QVERIFY(!document->isUndoRedoEnabled());
         QVERIFY(!document->isUndoAvailable());
         QCOMPARE(int(document->defaultTextOption().flags()), 0);
@@ -490,7 +478,7 @@ private slots:
         const Rows add([](Qt::Alignment alignment, const QByteArray& word) {
             const ORVTextPage page = textPage("x"_s, QFont("Quibble Head"_s, 10), alignment);
             QCOMPARE(writeBody(*documentWith("header", page)),
-                     "{\\header{\\pard" + word + "{\\f1\\fs20 x\\par}}}\n" + emptyBody());
+                     "{\\header{\\pard" + word + "{\\f1\\fs20 x\\par}}}\n" + EmptyBody);
         });
         add("left", Qt::AlignLeft, "\\ql");
         add("right", Qt::AlignRight, "\\qr");
@@ -506,15 +494,15 @@ private slots:
     ORV_ROWS(headersAndFooters)
     {
         const Rows add([](const Document& document, const QByteArray& fonts, const QByteArray& groups) {
-            QCOMPARE(write(*document), documentHead(defaultFontEntry() + fonts) + groups + emptyBody() + '}');
+            QCOMPARE(write(*document), documentHead(defaultFontEntry() + fonts) + groups + EmptyBody + '}');
         });
         // The escapes name the default font, whatever the font of the text is.
         const ORVTextPage special = textPage("a {\xc3\xa9\xe2\x80\x94\t\\}"_s);
         const QByteArray escaped = "{\\pard\\ql{\\f1\\fs20 a \\{" + preamble()
             + "\\u233\\'E9\\hich\\f0 \\emdash \\loch\\f0 \\tab \\\\\\}\\par}}}\n";
-        add("groupIsWrittenForBoth: header", documentWith("header", special), headFont(),
+        add("groupIsWrittenForBoth: header", documentWith("header", special), HeadFont,
             "{\\header" + escaped);
-        add("groupIsWrittenForBoth: footer", documentWith("footer", special), headFont(),
+        add("groupIsWrittenForBoth: footer", documentWith("footer", special), HeadFont,
             "{\\footer" + escaped);
         // The default font of the document is not entered twice, whatever the size.
         const QFont large(QLatin1String(DefaultFamily), 30);
@@ -524,7 +512,7 @@ private slots:
         QFont larger("Quibble Head"_s);
         larger.setPointSizeF(10.5);
         both->setProperty("footer", QVariant::fromValue(textPage("y"_s, larger)));
-        add("headerAndFooterShareAFont", both, headFont(),
+        add("headerAndFooterShareAFont", both, HeadFont,
             "{\\header{\\pard\\ql{\\f1\\fs20 x\\par}}}\n{\\footer{\\pard\\ql{\\f1\\fs22 y\\par}}}\n");
         QFont fixedPitch(QLatin1String(DefaultFamily), 10);
         fixedPitch.setFixedPitch(true);
@@ -534,11 +522,11 @@ private slots:
         inPixels.setPixelSize(20);
         const int points = QFontInfo(inPixels).pointSize();
         QVERIFY(points > 0);
-        add("sizeInPixels", documentWith("header", textPage("x"_s, inPixels)), headFont(),
+        add("sizeInPixels", documentWith("header", textPage("x"_s, inPixels)), HeadFont,
             "{\\header{\\pard\\ql{\\f1\\fs" + QByteArray::number(2 * points) + " x\\par}}}\n");
-        add("blankIsText", documentWith("header", textPage(" "_s)), headFont(),
+        add("blankIsText", documentWith("header", textPage(" "_s)), HeadFont,
             "{\\header{\\pard\\ql{\\f1\\fs20  \\par}}}\n");
-        add("lineFeedIsEscaped", documentWith("header", textPage("a\nb"_s)), headFont(),
+        add("lineFeedIsEscaped", documentWith("header", textPage("a\nb"_s)), HeadFont,
             "{\\header{\\pard\\ql{\\f1\\fs20 a\\'0Ab\\par}}}\n");
         add("emptyTextWritesNothing: header", documentWith("header", textPage(QString())), "", "");
         add("emptyTextWritesNothing: footer", documentWith("footer", textPage(QString())), "", "");
@@ -557,7 +545,7 @@ private slots:
     {
         const Rows add([](const QString& text, const WriteSettings& settings, const QByteArray& rtf) {
             QCOMPARE(writeBody(*documentWith("footer", textPage(text)), settings),
-                     "{\\footer{\\pard\\ql{\\f1\\fs20 " + rtf + "\\par}}}\n" + emptyBody());
+                     "{\\footer{\\pard\\ql{\\f1\\fs20 " + rtf + "\\par}}}\n" + EmptyBody);
         });
         const QString tags = "<$p>/<$pagecount>"_s;
         const QByteArray fields = "{\\chpgn}/{\\field{\\*\\fldinst{NUMPAGES}}{\\fldrslt 1}}";
@@ -575,7 +563,7 @@ private slots:
                               QVariant::fromValue(textPage("Bottom"_s, QFont("Quibble Foot"_s, 8))));
         document->setProperty("header", QVariant::fromValue(textPage("Top"_s)));
         QCOMPARE(write(*document),
-                 documentHead(defaultFontEntry() + headFont() + fontEntry(2, "Quibble Foot")
+                 documentHead(defaultFontEntry() + HeadFont + fontEntry(2, "Quibble Foot")
                               + fontEntry(3, "Quibble Serif"))
                      + "{\\header{\\pard\\ql{\\f1\\fs20 Top\\par}}}\n"
                        "{\\footer{\\pard\\ql{\\f2\\fs16 Bottom\\par}}}\n"

@@ -354,23 +354,14 @@ private slots:
         add("least", std::numeric_limits<int>::min(), "\\fs-2147483648");
     }
 
-    void keyWords()
-    {
-        BufferedOutput output;
-        QVERIFY(!output.isKeywordPending());
-        QVERIFY(output.write("\\ftnbj"));
-        QVERIFY(output.isKeywordPending());
-        QVERIFY(output.write(ORVTextRtfCommon::ResetFormat));
-        QVERIFY(output.isKeywordPending());
-        QCOMPARE(output.bytes(), "\\ftnbj\\plain"_b);
-    }
-
     ORV_ROWS(structureEndsAWord)
     {
         const Rows add([](const std::function<void(ORVRtfOutput&)>& write, const QByteArray& rtf) {
             BufferedOutput output;
             output.endKeyword();
-            output.write("\\b");
+            QVERIFY(!output.isKeywordPending());
+            QVERIFY(output.write("\\b"));
+            QVERIFY(output.isKeywordPending());
             write(output);
             QVERIFY(!output.isKeywordPending());
             writeText(output, "x"_s);
@@ -385,6 +376,12 @@ private slots:
             output.endKeyword();
         };
         add("the blank that is owed, once", endKeywordTwice, " ");
+        const auto writeKeyWord = [](ORVRtfOutput& output) {
+            QVERIFY(output.write(ORVTextRtfCommon::ResetFormat));
+            QVERIFY(output.isKeywordPending());
+            output.endKeyword();
+        };
+        add("another word", writeKeyWord, "\\plain ");
         const auto writeIgnorableGroup = [](ORVRtfOutput& output) {
             output.openIgnorableGroup(ORVTextRtfCommon::ListTable);
             output.closeGroup();
