@@ -60,6 +60,21 @@ private:
     QByteArray m_previous;
 };
 
+/*! Makes a folder the current one while this object lives. */
+class WorkingFolder {
+public:
+    explicit WorkingFolder(const QString& path) : m_previous(QDir::currentPath())
+    {
+        if (!QDir::setCurrent(path))
+            qFatal("cannot enter %s", qPrintable(path));
+    }
+    ~WorkingFolder() { QDir::setCurrent(m_previous); }
+    Q_DISABLE_COPY(WorkingFolder)
+
+private:
+    QString m_previous;
+};
+
 /*! A folder of a test, and one for temporary files that must be empty in the end. */
 class Folders {
 public:
