@@ -1,18 +1,17 @@
-#include "TextTransform.h"
-#include "conversionhelpers.h"
-#include "testsupport.h"
+#include "transformtest.h"
 
 #include <csignal>
 
 #include <sys/stat.h>
 
+using namespace ORVImportExport;
+using namespace TextTransform;
 using namespace conversiontest;
 
 namespace {
 
 /*! Milliseconds within which a program that hangs is killed. */
 const int ShortTimeout = 300;
-const int DefaultTimeout = 120000;
 
 bool isAlive(const QByteArray& processId)
 {
@@ -26,25 +25,10 @@ bool isAlive(const QByteArray& processId)
 
 } // namespace
 
-class TestTextTransform : public QObject {
+class TestTextTransform : public TransformTest {
     Q_OBJECT
 
 private slots:
-    void init()
-    {
-        m_folders.reset(new Folders);
-        TextTransform::setTimeout(DefaultTimeout);
-        for (int engine = ORVImportExport::AutomaticEngine; engine <= ORVImportExport::PandocEngine; ++engine)
-            TextTransform::setToolPath(ORVImportExport::Engine(engine), QString());
-    }
-
-    void cleanup()
-    {
-        const QStringList leftovers = m_folders->leftovers();
-        m_folders.reset();
-        QCOMPARE(leftovers, QStringList());
-    }
-
     ORV_ROWS(automaticEngineTakesFirstInstalled)
     {
         const Rows add([this](const QStringList& installed, const QString& suffix, const QByteArray& used) {
@@ -53,10 +37,9 @@ private slots:
             for (const QString& name : installed)
                 writeScript(bin + QLatin1Char('/') + name, "echo " + name.toLatin1() + " >output/source.rtf");
             const Environment environment("PATH", QFile::encodeName(bin));
-            const QString source = m_folders->path("in."_s + suffix);
+            const QString source = path("in."_s + suffix);
             writeFile(source, "content");
-            QCOMPARE(toRtf(source, path("target.rtf"), nullptr, ORVImportExport::AutomaticEngine),
-                     TextTransform::NoError);
+            QCOMPARE(toRtf(source, path("target.rtf"), nullptr, AutomaticEngine), NoError);
             QCOMPARE(readFile(path("target.rtf")), used + '\n');
         });
         add("all", {"pandoc"_s, "abiword"_s, "libreoffice"_s, "soffice"_s}, "docx", "soffice");
@@ -70,11 +53,9 @@ private slots:
 
     void failureOfFirstInstalledIsFinal()
     {
-        fake("exit 1", ORVImportExport::LibreOfficeEngine);
-        fake("echo >output/source.rtf", ORVImportExport::AbiWordEngine);
-        QString message;
-        QCOMPARE(runFake(&message, ORVImportExport::AutomaticEngine), TextTransform::ToolFailed);
-        QCOMPARE(message, "LibreOffice ended with exit status 1"_s);
+        fake("exit 1", LibreOfficeEngine);
+        fake("echo >output/source.rtf", AbiWordEngine);
+        checkFailure(ToolFailed, "LibreOffice ended with exit status 1", source(), AutomaticEngine);
     }
 
     ORV_ROWS(toolPath)
@@ -86,13 +67,10 @@ private slots:
             writeScript(path("near/other"), "echo near >output/source.rtf");
             writeScript(path("other"), "echo here >output/source.rtf");
             const Environment environment("PATH", QFile::encodeName(path("bin")));
-            const QString current = QDir::currentPath();
-            QVERIFY(QDir::setCurrent(m_folders->path(QString())));
-            TextTransform::setToolPath(ORVImportExport::PandocEngine, "/nowhere"_s);
-            TextTransform::setToolPath(ORVImportExport::PandocEngine, toolPath);
-            const Error error = runFake();
-            QVERIFY(QDir::setCurrent(current));
-            QCOMPARE(error, TextTransform::NoError);
+            const WorkingFolder folder(path(""));
+            setToolPath(PandocEngine, "/nowhere"_s);
+            setToolPath(PandocEngine, toolPath);
+            QCOMPARE(runFake(), NoError);
             QCOMPARE(readFile(path("target.rtf")), used + '\n');
         });
         add("name in PATH", "other", "bin");
@@ -103,9 +81,9 @@ private slots:
 
     void toolPathOfAutomaticEngineChangesNothing()
     {
-        fake("exit 1", ORVImportExport::AutomaticEngine);
-        fake("echo used >output/source.rtf", ORVImportExport::LibreOfficeEngine);
-        QCOMPARE(runFake(nullptr, ORVImportExport::AutomaticEngine), TextTransform::NoError);
+        fake("exit 1", AutomaticEngine);
+        fake("echo used >output/source.rtf", LibreOfficeEngine);
+        QCOMPARE(runFake(nullptr, AutomaticEngine), NoError);
         QCOMPARE(readFile(path("target.rtf")), "used\n"_b);
     }
 
@@ -114,7 +92,7 @@ private slots:
         const QByteArray record = QFile::encodeName(path("arguments"));
         fake("printf '%s\\n' \"$@\" >'" + record + "'; cp source.docx output/source.rtf");
         writeFile(path("$(touch oops) -x.docx"), "content");
-        QCOMPARE(toRtf(path("$(touch oops) -x.docx"), path("target.rtf")), TextTransform::NoError);
+        QCOMPARE(toRtf(path("$(touch oops) -x.docx"), path("target.rtf")), NoError);
         QCOMPARE(readFile(path("arguments")),
                  "--sandbox\n--standalone\n--from=docx\n--to=rtf\n--output=output/source.rtf\n"
                  "source.docx\n"_b);
@@ -125,25 +103,18 @@ private slots:
     {
         const Rows add([this](const QString& name) {
             fake("cp source.docx output/source.rtf");
-            const QString current = QDir::currentPath();
-            QVERIFY(QDir::setCurrent(m_folders->path(QString())));
+            const WorkingFolder folder(path(""));
             writeFile(name, "content");
-            const Error error = toRtf(name, name + ".rtf"_s);
-            const QByteArray content = readFile(name + ".rtf"_s);
-            const QStringList names = QDir().entryList(QDir::Files | QDir::Hidden, QDir::Name);
-            QVERIFY(QDir::setCurrent(current));
-            QCOMPARE(error, TextTransform::NoError);
-            QCOMPARE(content, "content"_b);
-            QCOMPARE(names.size(), 3); // the tool as well
+            QCOMPARE(toRtf(name, name + ".rtf"_s), NoError);
+            QCOMPARE(readFile(name + ".rtf"_s), "content"_b);
+            QCOMPARE(QDir().entryList(QDir::Files | QDir::Hidden).size(), 3); // the tool as well
         });
         add("blanks", " a  b .docx");
         add("quotes", "it's \"so\" `so`.docx");
         add("dash", "-o.docx");
         add("two dashes", "--output=x.docx");
         add("line feed", "a\nb.docx");
-        add("letters beyond ASCII",
-            "Gr\xc3\xbc\xc3\x9f"
-            "e \xe6\x96\x87.docx");
+        add("letters beyond ASCII", u8"Gr\u00fc\u00dfe \u6587.docx");
         add("shell characters", "a;$(b)&|*?<>\\c.docx");
         add("placeholders", "%1 %2.docx");
         add("nothing but the suffix", ".docx");
@@ -153,56 +124,51 @@ private slots:
 
     void programHasHomeAndTemporaryFilesOfItsOwn()
     {
-        const QByteArray record = QFile::encodeName(path("record"));
-        fake("touch \"$HOME/h\" \"$TMPDIR/t\"; cd \"$HOME/..\"; pwd -P >'" + record
-             + "'; cd \"$TMPDIR/..\"; pwd -P >>'" + record + "'; echo \"$DISPLAY$XDG_CONFIG_HOME\" >>'"
-             + record + "'; cat >>'" + record + "'; echo >output/source.rtf");
+        fake("exec >'" + QFile::encodeName(path("record"))
+             + "'; touch \"$HOME/h\" \"$TMPDIR/t\"; "
+               "cd \"$HOME/..\"; pwd -P; cd \"$TMPDIR/..\"; pwd -P; echo \"$DISPLAY$XDG_CONFIG_HOME\"; cat; "
+               "echo >output/source.rtf");
         const Environment display("DISPLAY", ":7");
         const Environment config("XDG_CONFIG_HOME", "/etc");
-        QCOMPARE(runFake(), TextTransform::NoError);
+        QCOMPARE(runFake(), NoError);
         const QList<QByteArray> lines = readFile(path("record")).split('\n');
-        QCOMPARE(lines.size(), 4);
-        const QByteArray temporary =
-            QFile::encodeName(QFileInfo(m_folders->temporary()).canonicalFilePath()) + '/';
-        QVERIFY2(lines.at(0).startsWith(temporary), lines.at(0).constData());
-        QCOMPARE(lines.at(1), lines.at(0));
-        QCOMPARE(lines.at(2), QByteArray());
-        QCOMPARE(lines.at(3), QByteArray());
+        const QByteArray parent = QFile::encodeName(QFileInfo(temporary()).canonicalFilePath()) + '/';
+        QVERIFY2(lines.at(0).startsWith(parent), lines.at(0).constData());
+        QCOMPARE(lines, (QList<QByteArray>{lines.at(0), lines.at(0), "", ""}));
     }
 
     ORV_ROWS(failure)
     {
-        const Rows add([this](const QByteArray& commands, int error, const QString& message) {
+        const Rows add([this](const QByteArray& commands, Error error, const QString& message) {
             fake(commands);
-            if (error == TextTransform::ToolTimedOut)
-                TextTransform::setTimeout(ShortTimeout);
-            QString given;
-            QCOMPARE(int(runFake(&given)), error);
-            QCOMPARE(given, message);
-            QVERIFY(!QFile::exists(path("target.rtf")));
+            if (error == ToolTimedOut)
+                setTimeout(ShortTimeout);
+            checkFailure(error, message);
             writeFile(path("target.rtf"), "old");
-            QCOMPARE(int(runFake()), error);
+            QCOMPARE(runFake(), error);
             QCOMPARE(readFile(path("target.rtf")), "old"_b);
         });
-        add("exit status", "exit 3", TextTransform::ToolFailed, "pandoc ended with exit status 3");
+        add("exit status", "exit 3", ToolFailed, "pandoc ended with exit status 3");
         add("exit status and words", "echo 'no such thing %1 \xc3\xbc' >&2; echo unheard; exit 64",
-            TextTransform::ToolFailed, "pandoc ended with exit status 64\nno such thing %1 \xc3\xbc");
-        add("exit status although there is a file", "echo x >output/source.rtf; exit 1",
-            TextTransform::ToolFailed, "pandoc ended with exit status 1");
-        add("crash", "echo bad >&2; kill -SEGV $$", TextTransform::ToolFailed, "pandoc crashed\nbad");
-        add("killed", "kill -KILL $$", TextTransform::ToolFailed, "pandoc crashed");
-        add("no file", "true", TextTransform::NoOutput, "pandoc wrote nothing");
-        add("no file and words", "echo nothing to do >&2", TextTransform::NoOutput,
-            "pandoc wrote nothing\nnothing to do");
-        add("empty file", ": >output/source.rtf", TextTransform::NoOutput, "pandoc wrote nothing");
-        add("folder instead of a file", "mkdir output/source.rtf", TextTransform::NoOutput,
-            "pandoc wrote nothing");
-        add("hangs", "while :; do sleep 1000; done", TextTransform::ToolTimedOut,
-            "pandoc did not end within 0.3 seconds");
-        add("hangs after words", "echo wait >&2; echo x >output/source.rtf; sleep 1000",
-            TextTransform::ToolTimedOut, "pandoc did not end within 0.3 seconds\nwait");
-        add("cannot be told to end", "trap '' TERM INT HUP; while :; do sleep 1000; done",
-            TextTransform::ToolTimedOut, "pandoc did not end within 0.3 seconds");
+            ToolFailed, "pandoc ended with exit status 64\nno such thing %1 \xc3\xbc");
+        add("exit status although there is a file", "echo x >output/source.rtf; exit 1", ToolFailed,
+            "pandoc ended with exit status 1");
+        add("crash", "echo bad >&2; kill -SEGV $$", ToolFailed, "pandoc crashed\nbad");
+        add("killed", "kill -KILL $$", ToolFailed, "pandoc crashed");
+        add("no file", "true", NoOutput, "pandoc wrote nothing");
+        add("no file and words", "echo nothing to do >&2", NoOutput, "pandoc wrote nothing\nnothing to do");
+        add("empty file", ": >output/source.rtf", NoOutput, "pandoc wrote nothing");
+        add("folder instead of a file", "mkdir output/source.rtf", NoOutput, "pandoc wrote nothing");
+        const QString late = "pandoc did not end within 0.3 seconds"_s;
+        add("hangs", "while :; do sleep 1000; done", ToolTimedOut, late);
+        add("hangs after words", "echo wait >&2; echo x >output/source.rtf; sleep 1000", ToolTimedOut,
+            late + "\nwait"_s);
+        add("cannot be told to end", "trap '' TERM INT HUP; while :; do sleep 1000; done", ToolTimedOut,
+            late);
+        add("long error output, which keeps its end",
+            "i=0; while [ $i -lt 3000 ]; do echo 'ninechars'; i=$((i + 1)); done >&2; printf END >&2; exit 1",
+            ToolFailed,
+            "pandoc ended with exit status 1\n"_s + ("ninechars\n"_s.repeated(200) + "END"_s).right(2000));
     }
 
     void programThatCannotBeStarted()
@@ -210,7 +176,7 @@ private slots:
         fake("exit 0");
         writeFile(path("tool3"), "#!/no/such/interpreter\n");
         QString message;
-        QCOMPARE(runFake(&message), TextTransform::ToolFailed);
+        QCOMPARE(runFake(&message), ToolFailed);
         QVERIFY2(message.startsWith("pandoc could not be started\n"_s), qPrintable(message));
         QVERIFY(!QFile::exists(path("target.rtf")));
     }
@@ -218,42 +184,15 @@ private slots:
     void noFolderForTemporaryFiles()
     {
         fake("echo >output/source.rtf");
-        const Environment temporary("TMPDIR", QFile::encodeName(path("missing")));
-        QString message;
-        QCOMPARE(runFake(&message), TextTransform::NoOutput);
-        QCOMPARE(message, "There is no folder for temporary files"_s);
-        QVERIFY(!QFile::exists(path("target.rtf")));
-    }
-
-    void longErrorOutputKeepsItsEnd()
-    {
-        fake("i=0; while [ $i -lt 3000 ]; do echo 'ninechars'; i=$((i + 1)); done >&2; printf END >&2; exit "
-             "1");
-        QString message;
-        QCOMPARE(runFake(&message), TextTransform::ToolFailed);
-        const QString start = "pandoc ended with exit status 1\n"_s;
-        QVERIFY(message.startsWith(start));
-        QVERIFY(message.endsWith("\nninechars\nEND"_s));
-        QCOMPARE(message.size(), start.size() + 2000);
+        const Environment environment("TMPDIR", QFile::encodeName(path("missing")));
+        checkFailure(NoOutput, "There is no folder for temporary files");
     }
 
     void plainTextMayBeEmpty()
     {
         fake(": >output/source.txt");
-        writeFile(path("in.docx"), "content");
-        QCOMPARE(TextTransform::transformFileViaTools(path("in.docx"), path("target.txt"),
-                                                      ORVFormat::PlainText, ORVImportExport::PandocEngine,
-                                                      nullptr, true),
-                 TextTransform::NoError);
+        QCOMPARE(convert(source(), path("target.txt"), ORVFormat::PlainText, PandocEngine), NoError);
         QCOMPARE(readFile(path("target.txt")), QByteArray());
-    }
-
-    void successLeavesErrorStringAlone()
-    {
-        fake("echo warning >&2; echo >output/source.rtf");
-        QString message = "as before"_s;
-        QCOMPARE(runFake(&message), TextTransform::NoError);
-        QCOMPARE(message, "as before"_s);
     }
 
     void hangingProgramIsKilledWithChildren()
@@ -262,10 +201,10 @@ private slots:
         const QByteArray grandchild = QFile::encodeName(path("grandchild"));
         fake("sh -c 'echo $$ >\"" + child + "\"; sleep 1000 & echo $! >\"" + grandchild + ".new\"; mv \""
              + grandchild + ".new\" \"" + grandchild + "\"; wait'");
-        TextTransform::setTimeout(ShortTimeout);
+        setTimeout(ShortTimeout);
         QElapsedTimer timer;
         timer.start();
-        QCOMPARE(runFake(), TextTransform::ToolTimedOut);
+        QCOMPARE(runFake(), ToolTimedOut);
         QVERIFY(timer.elapsed() >= ShortTimeout);
         QVERIFY2(timer.elapsed() < 60000, qPrintable(QString::number(timer.elapsed())));
         QTRY_VERIFY(!isAlive(readFile(path("child"))));
@@ -276,82 +215,63 @@ private slots:
     {
         const QByteArray child = QFile::encodeName(path("child"));
         fake("sleep 1000 & echo $! >'" + child + "'; echo >output/source.rtf");
-        QCOMPARE(runFake(), TextTransform::NoError);
+        QCOMPARE(runFake(), NoError);
         QTRY_VERIFY(!isAlive(readFile(path("child"))));
     }
 
     void noLimitBelowOne()
     {
         fake("echo >output/source.rtf");
-        TextTransform::setTimeout(0);
-        QCOMPARE(runFake(), TextTransform::NoError);
-        TextTransform::setTimeout(-1);
-        QCOMPARE(runFake(), TextTransform::NoError);
+        for (const int timeout : {0, -1}) {
+            setTimeout(timeout);
+            QCOMPARE(runFake(), NoError);
+        }
     }
 
     ORV_ROWS(unsupported)
     {
-        const Rows add([this](const QString& name, int format, int engine, const QString& message) {
-            const QString source = m_folders->path(name);
-            writeFile(source, "content");
-            QString given;
-            QCOMPARE(TextTransform::transformFileViaTools(source, path("target"), ORVFormat::Format(format),
-                                                          ORVImportExport::Engine(engine), &given, true),
-                     TextTransform::UnsupportedFormat);
-            QCOMPARE(given, message);
-            QVERIFY(!QFile::exists(path("target")));
+        const Rows add([this](const QString& name, int format, int engine, const QString& programs) {
+            writeFile(path(name), "content");
+            checkFailure(
+                UnsupportedFormat,
+                "Cannot convert '.%1' files to this format: %2"_s.arg(QFileInfo(name).suffix(), programs),
+                path(name), Engine(engine), ORVFormat::Format(format));
         });
         const QString all = "LibreOffice, AbiWord, pandoc"_s;
-        const QString text = "Cannot convert '.%1' files to this format: %2"_s;
-        const int automatic = ORVImportExport::AutomaticEngine;
-        const int abiword = ORVImportExport::AbiWordEngine;
-        const int pandoc = ORVImportExport::PandocEngine;
         const int rtf = ORVFormat::Rtf;
-        add("no suffix", "in", rtf, automatic, text.arg(QString(), all));
-        add("plain text", "in.txt", rtf, automatic, text.arg("txt"_s, all));
-        add("PDF", "in.pdf", rtf, automatic, text.arg("pdf"_s, all));
-        add("HTML with AbiWord", "in.html", rtf, abiword, text.arg("html"_s, "AbiWord"_s));
-        add("no such format", "in.docx", 0, automatic, text.arg("docx"_s, all));
-        add("format below all", "in.docx", -1, automatic, text.arg("docx"_s, all));
-        add("format above all", "in.docx", 5, automatic, text.arg("docx"_s, all));
-        add("doc with pandoc", "in.doc", rtf, pandoc, text.arg("doc"_s, "pandoc"_s));
-        add("ODT from pandoc", "in.docx", ORVFormat::Odt, pandoc, text.arg("docx"_s, "pandoc"_s));
-        add("ODT from AbiWord", "in.docx", ORVFormat::Odt, abiword, text.arg("docx"_s, "AbiWord"_s));
-        add("HTML from pandoc", "in.docx", ORVFormat::Html, pandoc, text.arg("docx"_s, "pandoc"_s));
-        add("HTML from AbiWord", "in.docx", ORVFormat::Html, abiword, text.arg("docx"_s, "AbiWord"_s));
-        add("unknown engine", "in.docx", rtf, 17, text.arg("docx"_s, QString()));
+        add("no suffix", "in", rtf, AutomaticEngine, all);
+        add("plain text", "in.txt", rtf, AutomaticEngine, all);
+        add("PDF", "in.pdf", rtf, AutomaticEngine, all);
+        add("HTML with AbiWord", "in.html", rtf, AbiWordEngine, "AbiWord");
+        add("no such format", "in.docx", 0, AutomaticEngine, all);
+        add("format below all", "in.docx", -1, AutomaticEngine, all);
+        add("format above all", "in.docx", 5, AutomaticEngine, all);
+        add("doc with pandoc", "in.doc", rtf, PandocEngine, "pandoc");
+        add("ODT from pandoc", "in.docx", ORVFormat::Odt, PandocEngine, "pandoc");
+        add("ODT from AbiWord", "in.docx", ORVFormat::Odt, AbiWordEngine, "AbiWord");
+        add("HTML from pandoc", "in.docx", ORVFormat::Html, PandocEngine, "pandoc");
+        add("HTML from AbiWord", "in.docx", ORVFormat::Html, AbiWordEngine, "AbiWord");
+        add("unknown engine", "in.docx", rtf, 17, "");
     }
 
     ORV_ROWS(toolNotFound)
     {
         const Rows add(
-            [this](const QString& name, int engine, const QString& toolPath, const QString& message) {
+            [this](const QString& suffix, Engine engine, const QString& toolPath, const QString& tools) {
                 const Environment environment("PATH", QByteArray());
-                TextTransform::setToolPath(ORVImportExport::PandocEngine, toolPath);
-                const QString source = m_folders->path(name);
-                writeFile(source, "content");
-                QString given;
-                QCOMPARE(toRtf(source, path("target.rtf"), &given, ORVImportExport::Engine(engine)),
-                         TextTransform::ToolNotFound);
-                QCOMPARE(given, message);
-                QVERIFY(!QFile::exists(path("target.rtf")));
+                setToolPath(PandocEngine, toolPath);
+                writeFile(path("in."_s + suffix), "content");
+                checkFailure(ToolNotFound, "Looked for: "_s + tools, path("in."_s + suffix), engine);
             });
-        const int automatic = ORVImportExport::AutomaticEngine;
-        const int libreOffice = ORVImportExport::LibreOfficeEngine;
-        const int abiword = ORVImportExport::AbiWordEngine;
-        const int pandoc = ORVImportExport::PandocEngine;
-        const QString none;
-        add("docx", "in.docx", automatic, none,
-            "Looked for: LibreOffice (soffice, libreoffice), AbiWord (abiword), pandoc (pandoc)");
-        add("doc", "in.doc", automatic, none,
-            "Looked for: LibreOffice (soffice, libreoffice), AbiWord (abiword)");
-        add("LibreOffice", "in.docx", libreOffice, none, "Looked for: LibreOffice (soffice, libreoffice)");
-        add("AbiWord", "in.docx", abiword, none, "Looked for: AbiWord (abiword)");
-        add("pandoc", "in.docx", pandoc, none, "Looked for: pandoc (pandoc)");
-        add("path of nothing", "in.docx", pandoc, "/no/such/tool", "Looked for: pandoc (/no/such/tool)");
-        add("path of a folder", "in.docx", pandoc, "/usr", "Looked for: pandoc (/usr)");
-        add("path of a file that is no program", "in.docx", pandoc, "/etc/passwd",
-            "Looked for: pandoc (/etc/passwd)");
+        const QString office = "LibreOffice (soffice, libreoffice)"_s;
+        add("docx", "docx", AutomaticEngine, "", office + ", AbiWord (abiword), pandoc (pandoc)"_s);
+        add("doc", "doc", AutomaticEngine, "", office + ", AbiWord (abiword)"_s);
+        add("LibreOffice", "docx", LibreOfficeEngine, "", office);
+        add("AbiWord", "docx", AbiWordEngine, "", "AbiWord (abiword)");
+        add("pandoc", "docx", PandocEngine, "", "pandoc (pandoc)");
+        add("path of nothing", "docx", PandocEngine, "/no/such/tool", "pandoc (/no/such/tool)");
+        add("path of a folder", "docx", PandocEngine, "/usr", "pandoc (/usr)");
+        add("path of a file that is no program", "docx", PandocEngine, "/etc/passwd", "pandoc (/etc/passwd)");
     }
 
     ORV_ROWS(sourceNotReadable)
@@ -361,11 +281,7 @@ private slots:
             writeFile(path("file"), "content");
             QVERIFY(QDir().mkdir(path("folder.docx")));
             QCOMPARE(mkfifo(QFile::encodeName(path("pipe.docx")).constData(), 0600), 0);
-            const QString source = m_folders->path(name);
-            QString message;
-            QCOMPARE(toRtf(source, path("target.rtf"), &message), TextTransform::SourceNotReadable);
-            QCOMPARE(message, "Could not read '%1': %2"_s.arg(source, reason));
-            QVERIFY(!QFile::exists(path("target.rtf")));
+            checkFailure(SourceNotReadable, "Could not read '%1': %2"_s.arg(path(name), reason), path(name));
         });
         add("missing", "missing.docx", "No such file or directory");
         add("below a file", "file/in.docx", "Not a directory");
@@ -376,13 +292,15 @@ private slots:
     void sourceIsReadBeforeToolsAreLookedFor()
     {
         const Environment environment("PATH", QByteArray());
-        QCOMPARE(toRtf(path("missing.docx"), path("target.rtf")), TextTransform::SourceNotReadable);
+        QCOMPARE(toRtf(path("missing.docx"), path("target.rtf")), SourceNotReadable);
     }
 
-    void newTargetIsPrivate()
+    void successfulConversion()
     {
-        fake("cp source.docx output/source.rtf; chmod 644 output/source.rtf");
-        QCOMPARE(runFake(), TextTransform::NoError);
+        fake("echo warning >&2; cp source.docx output/source.rtf; chmod 644 output/source.rtf");
+        QString message = "as before"_s;
+        QCOMPARE(runFake(&message), NoError);
+        QCOMPARE(message, "as before"_s);
         QCOMPARE(int(QFile::permissions(path("target.rtf"))
                      & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther)),
                  0);
@@ -393,9 +311,9 @@ private slots:
     {
         fake("cp source.docx output/source.rtf");
         writeFile(path("target.rtf"), "old, and longer than the new content");
-        const QFile::Permissions permissions = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup;
-        QVERIFY(QFile::setPermissions(path("target.rtf"), permissions));
-        QCOMPARE(runFake(), TextTransform::NoError);
+        QVERIFY(QFile::setPermissions(path("target.rtf"),
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup));
+        QCOMPARE(runFake(), NoError);
         QCOMPARE(readFile(path("target.rtf")), "content"_b);
         QVERIFY(QFile::permissions(path("target.rtf")) & QFile::ReadGroup);
     }
@@ -403,11 +321,10 @@ private slots:
     void targetBelowMissingFolder()
     {
         fake("cp source.docx output/source.rtf");
-        writeFile(path("in.docx"), "content");
+        const QString target = path("missing/target.rtf");
         QString message;
-        QCOMPARE(toRtf(path("in.docx"), path("missing/target.rtf"), &message), TextTransform::NoOutput);
-        QCOMPARE(message,
-                 "Could not write '%1': No such file or directory"_s.arg(path("missing/target.rtf")));
+        QCOMPARE(toRtf(source(), target, &message), NoOutput);
+        QCOMPARE(message, "Could not write '%1': No such file or directory"_s.arg(target));
         QVERIFY(!QFile::exists(path("missing")));
     }
 
@@ -416,7 +333,7 @@ private slots:
         fake("cp source.docx output/source.rtf");
         QVERIFY(QDir().mkdir(path("target.rtf")));
         QString message;
-        QCOMPARE(runFake(&message), TextTransform::NoOutput);
+        QCOMPARE(runFake(&message), NoOutput);
         QVERIFY2(message.startsWith("Could not write '%1': "_s.arg(path("target.rtf"))), qPrintable(message));
         QVERIFY(QDir(path("target.rtf")).isEmpty());
     }
@@ -425,14 +342,14 @@ private slots:
     {
         fake("tr a-z A-Z <source.rtf >output/source.rtf");
         writeFile(path("in.rtf"), "content");
-        QCOMPARE(toRtf(path("in.rtf"), path("in.rtf")), TextTransform::NoError);
+        QCOMPARE(toRtf(path("in.rtf"), path("in.rtf")), NoError);
         QCOMPARE(readFile(path("in.rtf")), "CONTENT"_b);
     }
 
     ORV_ROWS(errorDescriptions)
     {
         const Rows add([](int error, const QString& description) {
-            QCOMPARE(TextTransform::errorDescription(Error(error)), description);
+            QCOMPARE(errorDescription(Error(error)), description);
         });
         add("none", 0, QString());
         add("UnsupportedFormat", 1, "No program for this conversion is known");
@@ -451,39 +368,42 @@ private slots:
         fake("exit 2");
         QString message;
         runFake(&message);
-        const QString description = TextTransform::errorDescription(TextTransform::ToolFailed);
+        const QString description = errorDescription(ToolFailed);
         QCoreApplication::removeTranslator(&translator);
         QCOMPARE(message, "[TextTransform] pandoc ended with exit status 2"_s);
         QCOMPARE(description, "[TextTransform] The conversion program failed"_s);
     }
 
 private:
-    typedef TextTransform::Error Error;
-    QString path(const char* name) const { return m_folders->path(QString::fromUtf8(name)); }
-
     /*! A program for \a engine that runs \a commands. */
-    void fake(const QByteArray& commands,
-              ORVImportExport::Engine engine = ORVImportExport::PandocEngine) const
+    void fake(const QByteArray& commands, Engine engine = PandocEngine) const
     {
-        TextTransform::setToolPath(engine,
-                                   writeScript(m_folders->path("tool%1"_s.arg(int(engine))), commands));
+        setToolPath(engine, writeScript(path("tool%1"_s.arg(engine)), commands));
     }
 
-    Error toRtf(const QString& source, const QString& target, QString* message = nullptr,
-                ORVImportExport::Engine engine = ORVImportExport::PandocEngine) const
+    /*! A document that a program could convert. */
+    QString source() const
     {
-        return TextTransform::transformFileViaTools(source, target, ORVFormat::Rtf, engine, message, true);
+        writeFile(path("in.docx"), "content");
+        return path("in.docx");
     }
 
     /*! Runs what was set by fake() from a source of its own to "target.rtf". */
-    Error runFake(QString* message = nullptr,
-                  ORVImportExport::Engine engine = ORVImportExport::PandocEngine) const
+    Error runFake(QString* message = nullptr, Engine engine = PandocEngine) const
     {
-        writeFile(path("in.docx"), "content");
-        return toRtf(path("in.docx"), path("target.rtf"), message, engine);
+        return toRtf(source(), path("target.rtf"), message, engine);
     }
 
-    QScopedPointer<Folders> m_folders;
+    /*! Checks that converting fails, and makes no file. */
+    void checkFailure(Error error, const QString& message) const { checkFailure(error, message, source()); }
+    void checkFailure(Error error, const QString& message, const QString& source,
+                      Engine engine = PandocEngine, ORVFormat::Format format = ORVFormat::Rtf) const
+    {
+        QString given;
+        QCOMPARE(convert(source, path("target.rtf"), format, engine, &given), error);
+        QCOMPARE(given, message);
+        QVERIFY(!QFile::exists(path("target.rtf")));
+    }
 };
 
 ORV_TEST("texttransform", TestTextTransform, QCoreApplication)

@@ -1,6 +1,4 @@
-#include "TextTransform.h"
-#include "conversionhelpers.h"
-#include "testsupport.h"
+#include "transformtest.h"
 
 #include <filesystem>
 
@@ -9,6 +7,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+using namespace ORVImportExport;
+using namespace TextTransform;
 using namespace conversiontest;
 
 namespace {
@@ -78,95 +78,61 @@ QString officeSocket(const QString& url)
 } // namespace
 
 /*! Converting with LibreOffice, AbiWord and pandoc themselves. */
-class TestTextTransformPrograms : public QObject {
+class TestTextTransformPrograms : public TransformTest {
     Q_OBJECT
 
 private slots:
     void initTestCase() { m_documents.reset(new RealDocuments); }
 
-    void init()
+    ORV_ROWS(realProgramConverts)
     {
-        m_folders.reset(new Folders);
-        TextTransform::setToolPath(ORVImportExport::LibreOfficeEngine, QString());
-    }
-
-    void cleanup()
-    {
-        const QStringList leftovers = m_folders->leftovers();
-        m_folders.reset();
-        QCOMPARE(leftovers, QStringList());
-    }
-
-    void realProgramConverts_data()
-    {
-        Columns<int, QString, int>("engine", "suffix", "format");
-        struct Program {
-            const char* name;
-            ORVImportExport::Engine engine;
-            const char* suffixes;
-            QList<int> otherFormats;
-        };
-        const Program programs[] = {
-            {"LibreOffice",
-             ORVImportExport::LibreOfficeEngine,
-             "doc docx odt html",
-             {ORVFormat::PlainText, ORVFormat::Html, ORVFormat::Odt}},
-            {"AbiWord", ORVImportExport::AbiWordEngine, "doc docx odt", {ORVFormat::PlainText}},
-            {"pandoc", ORVImportExport::PandocEngine, "docx odt html", {ORVFormat::PlainText}},
-        };
-        for (const Program& program : programs) {
-            for (const QString& suffix : QString::fromLatin1(program.suffixes).split(QLatin1Char(' ')))
-                QTest::addRow("%s from %s to RTF", program.name, qPrintable(suffix))
-                    << int(program.engine) << suffix << int(ORVFormat::Rtf);
-            for (const int format : program.otherFormats)
-                QTest::addRow("%s from docx to format %d", program.name, format)
-                    << int(program.engine) << "docx"_s << format;
-        }
-    }
-
-    void realProgramConverts()
-    {
-        FETCH(int, engine, QString, suffix, int, format);
-        const QString target = path("target");
-        QString message;
-        QCOMPARE(int(TextTransform::transformFileViaTools(m_documents->path(suffix), target,
-                                                          ORVFormat::Format(format),
-                                                          ORVImportExport::Engine(engine), &message, true)),
-                 int(TextTransform::NoError));
-        QCOMPARE(message, QString());
-        QString text;
-        if (format == ORVFormat::Rtf) {
-            text = textOfRtf(target);
-        } else if (format == ORVFormat::Odt) {
-            const QString plain = path("plain");
-            runProgram("pandoc"_s, {"--from=odt"_s, "--to=plain"_s, "--output="_s + plain, target});
-            text = QString::fromUtf8(readFile(plain));
-        } else {
-            text = QString::fromUtf8(readFile(target));
-            QCOMPARE(text.contains("<html"_s, Qt::CaseInsensitive), format == ORVFormat::Html);
-            text.replace("&uuml;"_s, "\xc3\xbc"_s);
-            text.replace("&szlig;"_s, "\xc3\x9f"_s);
-        }
-        QVERIFY2(missingWord(text).isEmpty(), qPrintable(text));
+        const Rows add([this](Engine engine, const QString& suffix, ORVFormat::Format format) {
+            const QString target = path("target");
+            QString message;
+            QCOMPARE(convert(m_documents->path(suffix), target, format, engine, &message), NoError);
+            QCOMPARE(message, QString());
+            QString text;
+            if (format == ORVFormat::Rtf) {
+                text = textOfRtf(target);
+            } else if (format == ORVFormat::Odt) {
+                const QString plain = path("plain");
+                runProgram("pandoc"_s, {"--from=odt"_s, "--to=plain"_s, "--output="_s + plain, target});
+                text = QString::fromUtf8(readFile(plain));
+            } else {
+                text = QString::fromUtf8(readFile(target));
+                QCOMPARE(text.contains("<html"_s, Qt::CaseInsensitive), format == ORVFormat::Html);
+                text.replace("&uuml;"_s, "\xc3\xbc"_s).replace("&szlig;"_s, "\xc3\x9f"_s);
+            }
+            QVERIFY2(missingWord(text).isEmpty(), qPrintable(text));
+        });
+        for (const char* const suffix : {"doc", "docx", "odt", "html"})
+            add("LibreOffice from "_b + suffix, LibreOfficeEngine, suffix, ORVFormat::Rtf);
+        for (const char* const suffix : {"doc", "docx", "odt"})
+            add("AbiWord from "_b + suffix, AbiWordEngine, suffix, ORVFormat::Rtf);
+        for (const char* const suffix : {"docx", "odt", "html"})
+            add("pandoc from "_b + suffix, PandocEngine, suffix, ORVFormat::Rtf);
+        add("LibreOffice to text", LibreOfficeEngine, "docx", ORVFormat::PlainText);
+        add("LibreOffice to HTML", LibreOfficeEngine, "docx", ORVFormat::Html);
+        add("LibreOffice to ODT", LibreOfficeEngine, "docx", ORVFormat::Odt);
+        add("AbiWord to text", AbiWordEngine, "docx", ORVFormat::PlainText);
+        add("pandoc to text", PandocEngine, "docx", ORVFormat::PlainText);
     }
 
     ORV_ROWS(nothingIsFetched)
     {
-        const Rows add([this](int engine) {
+        const Rows add([this](Engine engine) {
             const SilentServer server;
             addLinkedPicture(m_documents->path("odt"_s), path("in.odt"),
                              "http://127.0.0.1:%1/picture.png"_s.arg(server.port()));
             QString message;
-            const Error error =
-                toRtf(path("in.odt"), path("target.rtf"), &message, ORVImportExport::Engine(engine));
+            QCOMPARE(toRtf(path("in.odt"), path("target.rtf"), &message, engine), NoError);
             QCOMPARE(message, QString());
-            QCOMPARE(error, TextTransform::NoError);
             QCOMPARE(missingWord(textOfRtf(path("target.rtf"))), QString());
             QVERIFY(!server.wasCalled());
         });
-        add("LibreOffice", int(ORVImportExport::LibreOfficeEngine));
-        add("AbiWord", int(ORVImportExport::AbiWordEngine));
-        add("pandoc", int(ORVImportExport::PandocEngine));
+        add("LibreOffice", LibreOfficeEngine);
+        add("AbiWord", AbiWordEngine);
+        add("pandoc", PandocEngine);
     }
 
     void runningLibreOfficeIsNotDisturbed()
@@ -182,7 +148,7 @@ private slots:
         office.start(QStandardPaths::findExecutable("soffice"_s),
                      {"--headless"_s, "--norestore"_s, "--nodefault"_s});
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(socket), 60000);
-        QCOMPARE(runLibreOffice(path("target.rtf")), TextTransform::NoError);
+        QCOMPARE(runLibreOffice(path("target.rtf")), NoError);
         QVERIFY(!office.waitForFinished(0));
         QVERIFY(QFileInfo::exists(socket));
         office.terminate();
@@ -206,9 +172,9 @@ private slots:
             "sys.stderr.write('socket ' + sockets[0])\n"
             "sys.exit(7)\n");
         const QByteArray command = "exec python3 '" + QFile::encodeName(path("killed.py")) + "' \"$@\"";
-        TextTransform::setToolPath(ORVImportExport::LibreOfficeEngine, writeScript(path("tool"), command));
+        setToolPath(LibreOfficeEngine, writeScript(path("tool"), command));
         QString message;
-        QCOMPARE(runLibreOffice(path("target.rtf"), &message), TextTransform::ToolFailed);
+        QCOMPARE(runLibreOffice(path("target.rtf"), &message), ToolFailed);
         QVERIFY2(message.contains("socket /tmp/OSL_PIPE_"_s), qPrintable(message));
         const QString socket = message.mid(message.lastIndexOf("socket "_s) + 7);
         QVERIFY(!QFileInfo::exists(socket));
@@ -216,19 +182,16 @@ private slots:
 
     ORV_ROWS(realProgramsTakeAnyFileName)
     {
-        const Rows add([this](int engine) {
+        const Rows add([this](Engine engine) {
             const QString name = "--x 'q' \"\n;\xc3\xbc.docx"_s;
-            QVERIFY(QFile::copy(m_documents->path("docx"_s), m_folders->path(name)));
-            const QString current = QDir::currentPath();
-            QVERIFY(QDir::setCurrent(m_folders->path(QString())));
-            const Error error = toRtf(name, "-t.rtf"_s, nullptr, ORVImportExport::Engine(engine));
-            QVERIFY(QDir::setCurrent(current));
-            QCOMPARE(error, TextTransform::NoError);
+            QVERIFY(QFile::copy(m_documents->path("docx"_s), path(name)));
+            const WorkingFolder folder(path(""));
+            QCOMPARE(toRtf(name, "-t.rtf"_s, nullptr, engine), NoError);
             QCOMPARE(missingWord(textOfRtf(path("-t.rtf"))), QString());
         });
-        add("LibreOffice", int(ORVImportExport::LibreOfficeEngine));
-        add("AbiWord", int(ORVImportExport::AbiWordEngine));
-        add("pandoc", int(ORVImportExport::PandocEngine));
+        add("LibreOffice", LibreOfficeEngine);
+        add("AbiWord", AbiWordEngine);
+        add("pandoc", PandocEngine);
     }
 
     void temporaryFolderBeyondAscii()
@@ -238,10 +201,10 @@ private slots:
         const Environment temporary("TMPDIR", QFile::encodeName(folder));
         // What a system's services run in; LibreOffice would take the path for another one.
         const Environment locale("LC_ALL", "C");
-        QCOMPARE(runLibreOffice(path("target.rtf")), TextTransform::NoError);
+        QCOMPARE(runLibreOffice(path("target.rtf")), NoError);
         QVERIFY(QDir(folder).isEmpty());
         // Asked of the system, since Qt does not list names that are no UTF-8.
-        const std::filesystem::directory_iterator entries(m_folders->path(QString()).toStdString());
+        const std::filesystem::directory_iterator entries(path(QString()).toStdString());
         QCOMPARE(int(std::distance(begin(entries), end(entries))), 3); // target, folder and the usual folder
     }
 
@@ -252,32 +215,22 @@ private slots:
         std::vector<std::thread> threads;
         for (int i = 0; i < count; ++i)
             threads.emplace_back(
-                [this, &errors, i] { errors[i] = runLibreOffice(m_folders->path("target%1"_s.arg(i))); });
+                [this, &errors, i] { errors[i] = runLibreOffice(path("target%1"_s.arg(i))); });
         for (std::thread& thread : threads)
             thread.join();
         for (int i = 0; i < count; ++i) {
-            QCOMPARE(errors[i], int(TextTransform::NoError));
-            QCOMPARE(missingWord(textOfRtf(m_folders->path("target%1"_s.arg(i)))), QString());
+            QCOMPARE(errors[i], int(NoError));
+            QCOMPARE(missingWord(textOfRtf(path("target%1"_s.arg(i)))), QString());
         }
     }
 
 private:
-    typedef TextTransform::Error Error;
-    QString path(const char* name) const { return m_folders->path(QString::fromUtf8(name)); }
-
-    Error toRtf(const QString& source, const QString& target, QString* message,
-                ORVImportExport::Engine engine) const
-    {
-        return TextTransform::transformFileViaTools(source, target, ORVFormat::Rtf, engine, message, true);
-    }
-
     /*! Has LibreOffice convert the .docx document. */
     Error runLibreOffice(const QString& target, QString* message = nullptr) const
     {
-        return toRtf(m_documents->path("docx"_s), target, message, ORVImportExport::LibreOfficeEngine);
+        return toRtf(m_documents->path("docx"_s), target, message, LibreOfficeEngine);
     }
 
-    QScopedPointer<Folders> m_folders;
     QScopedPointer<RealDocuments> m_documents;
 };
 
