@@ -1,7 +1,6 @@
 #include "testsupport.h"
 
-Q_DECLARE_METATYPE(ORVTextListLevel)
-Q_DECLARE_METATYPE(QList<ORVTextListLevel>)
+typedef ORVTextListLevel Level;
 
 namespace {
 
@@ -22,23 +21,23 @@ QTextListFormat formatOf(const QList<ORVTextListLevel>& levels)
     return format;
 }
 
+QList<ORVTextListLevel> levelsOf(const QTextListFormat& format)
+{
+    return ORVTextListFormat::levels(format);
+}
+
 QList<ORVTextListLevel> twoLevels()
 {
     return {makeLevel(ORVTextListLevel::Decimal, "%0."_s, 36, 18),
             makeLevel(ORVTextListLevel::LowerLetter, "%1.%0)"_s, 72.5, 54.25)};
 }
 
-// A document of paragraphs "0", "1", ..., of which those up to the given number are items of one list.
+/*! A document of that many paragraphs, of which the first are items of one list. */
 class ListDocument {
 public:
     ListDocument(const QTextListFormat& format, int items, int paragraphs)
+        : document("text\n"_s.repeated(paragraphs - 1))
     {
-        QTextCursor cursor(&document);
-        for (int i = 0; i < paragraphs; ++i) {
-            if (i > 0)
-                cursor.insertBlock();
-            cursor.insertText(QString::number(i));
-        }
         list = QTextCursor(document.begin()).createList(format);
         for (int i = 1; i < items; ++i)
             list->add(block(i));
@@ -46,6 +45,18 @@ public:
 
     QTextBlock block(int number) const { return document.findBlockByNumber(number); }
     QTextBlockFormat format(int number) const { return block(number).blockFormat(); }
+    QVariant property(int number, int id) const { return format(number).property(id); }
+    void setProperty(int number, int id, const QVariant& value) const
+    {
+        QTextBlockFormat changed = format(number);
+        changed.setProperty(id, value);
+        QTextCursor(block(number)).setBlockFormat(changed);
+    }
+    int level(int number) const { return ORVTextListFormat::blockLevel(list, block(number)); }
+    void setLevel(int number, int level) const
+    {
+        ORVTextListFormat::setBlockLevel(list, block(number), level);
+    }
 
     QTextDocument document;
     QTextList* list;
@@ -59,34 +70,39 @@ class TestTextListFormat : public QObject {
 private slots:
     void levelDefaults()
     {
-        const ORVTextListLevel level;
+        const Level level;
         QCOMPARE(level.text(), QString());
-        QCOMPARE(level.kind(), unsigned(ORVTextListLevel::Decimal));
+        QCOMPARE(level.kind(), unsigned(Level::Decimal));
         QCOMPARE(level.indent(), 0.0);
         QCOMPARE(level.firstLinePosition(), 0.0);
     }
 
     void levelsCompareByAllFields()
     {
-        const ORVTextListLevel level = makeLevel(ORVTextListLevel::UpperRoman, "%0"_s, 10, 20);
-        QVERIFY(level == makeLevel(ORVTextListLevel::UpperRoman, "%0"_s, 10, 20));
-        QVERIFY(level != makeLevel(ORVTextListLevel::LowerRoman, "%0"_s, 10, 20));
-        QVERIFY(level != makeLevel(ORVTextListLevel::UpperRoman, "%0."_s, 10, 20));
-        QVERIFY(level != makeLevel(ORVTextListLevel::UpperRoman, "%0"_s, 11, 20));
-        QVERIFY(level != makeLevel(ORVTextListLevel::UpperRoman, "%0"_s, 10, 21));
+        const Level level = makeLevel(Level::UpperRoman, "%0"_s, 10, 20);
+        QVERIFY(level == makeLevel(Level::UpperRoman, "%0"_s, 10, 20));
+        QVERIFY(level != makeLevel(Level::LowerRoman, "%0"_s, 10, 20));
+        QVERIFY(level != makeLevel(Level::UpperRoman, "%0."_s, 10, 20));
+        QVERIFY(level != makeLevel(Level::UpperRoman, "%0"_s, 11, 20));
+        QVERIFY(level != makeLevel(Level::UpperRoman, "%0"_s, 10, 21));
     }
 
     ORV_ROWS(storedLevelsComeBack)
     {
-        const Rows add([](const QList<ORVTextListLevel>& levels) {
+        const Rows add([](const QList<Level>& levels) {
             QTextListFormat format;
             format.setStyle(QTextListFormat::ListUpperAlpha);
             ORVTextListFormat::setLevels(format, levels);
-            QVERIFY(ORVTextListFormat::levels(format) == levels);
+            QVERIFY(levelsOf(format) == levels);
+            const ListDocument lists(format, 2, 3);
+            QVERIFY(levelsOf(lists.list->format()) == levels);
+            const QScopedPointer<QTextDocument> copy(lists.document.clone());
+            QVERIFY(copy->begin().textList());
+            QVERIFY(levelsOf(copy->begin().textList()->format()) == levels);
         });
-        add("default level", {ORVTextListLevel()});
+        add("default level", {Level()});
         add("two levels", twoLevels());
-        QList<ORVTextListLevel> nine;
+        QList<Level> nine;
         for (int i = 0; i < 9; ++i)
             nine << makeLevel(unsigned(i % 6), "%%1"_s.arg(i), 36.0 * i, 36.0 * i - 18);
         add("nine levels", nine);
@@ -94,15 +110,6 @@ private slots:
         add("fractions and negative numbers", {makeLevel(1, "%0"_s, 1.0 / 3, -0.1)});
         const QChar odd[] = {QChar(0xd800), QChar(0), QChar('\n'), QChar(0xf0b7), QChar(' '), QChar(0x2022)};
         add("any characters", {makeLevel(0, QString(odd, 6))});
-    }
-
-    void storedLevelsSurviveInDocument()
-    {
-        ListDocument original(formatOf(twoLevels()), 2, 3);
-        QVERIFY(ORVTextListFormat::levels(original.list->format()) == twoLevels());
-        const QScopedPointer<QTextDocument> copy(original.document.clone());
-        QVERIFY(copy->begin().textList());
-        QVERIFY(ORVTextListFormat::levels(copy->begin().textList()->format()) == twoLevels());
     }
 
     void equalLevelsGiveEqualFormats()
@@ -113,10 +120,9 @@ private slots:
 
     void noLevelsRemoveStoredOnes()
     {
-        QTextListFormat format = formatOf({makeLevel(ORVTextListLevel::LowerRoman, "(%0)"_s, 99, 9)});
-        ORVTextListFormat::setLevels(format, QList<ORVTextListLevel>());
-        const QList<ORVTextListLevel> derived = {makeLevel(ORVTextListLevel::LowerRoman, "(%0)"_s, 30, 30)};
-        QVERIFY(ORVTextListFormat::levels(format) == derived);
+        QTextListFormat format = formatOf({makeLevel(Level::LowerRoman, "(%0)"_s, 99, 9)});
+        ORVTextListFormat::setLevels(format, {});
+        QVERIFY(levelsOf(format) == QList<Level>({makeLevel(Level::LowerRoman, "(%0)"_s, 30, 30)}));
     }
 
     // The property is part of a format that anybody may write to.
@@ -134,63 +140,57 @@ private slots:
             }
         }
         QCOMPARE(damaged, 1);
-        QVERIFY(ORVTextListFormat::levels(format) == twoLevels().mid(0, 1));
-    }
-
-    void firstLevelPicksMarker_data()
-    {
-        const Columns<unsigned, QString, int, QString, QString> row("kind", "text", "style", "prefix",
-                                                                    "suffix");
-        typedef ORVTextListLevel Level;
-        typedef QTextListFormat Format;
-
-        const QLatin1String plain("%0.");
-        row("decimal", Level::Decimal, plain, Format::ListDecimal, "", ".");
-        row("lower letter", Level::LowerLetter, plain, Format::ListLowerAlpha, "", ".");
-        row("upper letter", Level::UpperLetter, plain, Format::ListUpperAlpha, "", ".");
-        row("lower roman", Level::LowerRoman, plain, Format::ListLowerRoman, "", ".");
-        row("upper roman", Level::UpperRoman, plain, Format::ListUpperRoman, "", ".");
-        row("unknown kind", 6, plain, Format::ListDecimal, "", ".");
-        row("text on both sides", Level::Decimal, "(%0)", Format::ListDecimal, "(", ")");
-        row("words", Level::UpperRoman, "Part %0: ", Format::ListUpperRoman, "Part ", ": ");
-
-        const auto bullet = [row](const char* name, ushort marker, Format::Style style) {
-            row(name, Level::Bullet, QString(QChar(marker)), style, nullptr, nullptr);
-        };
-        bullet("bullet", 0x2022, Format::ListDisc);
-        bullet("bullet of the Symbol font", 0xf0b7, Format::ListDisc);
-        bullet("dash", '-', Format::ListDisc);
-        bullet("white bullet", 0x25e6, Format::ListCircle);
-        bullet("o of Courier New", 'o', Format::ListCircle);
-        bullet("small square", 0x25aa, Format::ListSquare);
-        bullet("square", 0x25a0, Format::ListSquare);
-        bullet("section sign, a square in Wingdings", 0xa7, Format::ListSquare);
-        bullet("square of Wingdings in the private use area", 0xf0a7, Format::ListSquare);
-        row("bullet with blanks around it", Level::Bullet, " o ", Format::ListCircle, nullptr, nullptr);
-        row("bullet without marker", Level::Bullet, QString(), Format::ListDisc, nullptr, nullptr);
-        row("bullet with a placeholder", Level::Bullet, "(%0)", Format::ListDisc, nullptr, nullptr);
+        QVERIFY(levelsOf(format) == twoLevels().mid(0, 1));
     }
 
     // A null prefix or suffix stands for a property that is absent.
-    void firstLevelPicksMarker()
+    ORV_ROWS(firstLevelPicksMarker)
     {
-        FETCH(unsigned, kind, QString, text, QString, prefix, QString, suffix);
-        QTextListFormat format;
-        format.setNumberPrefix("old"_s);
-        format.setNumberSuffix("old"_s);
-        ORVTextListFormat::setLevels(format,
-                                     {makeLevel(kind, text), makeLevel(ORVTextListLevel::Decimal, "<%0>"_s)});
-        QTEST(int(format.style()), "style");
-        QCOMPARE(format.hasProperty(QTextFormat::ListNumberPrefix), !prefix.isNull());
-        QCOMPARE(format.hasProperty(QTextFormat::ListNumberSuffix), !suffix.isNull());
-        QCOMPARE(format.numberPrefix(), prefix);
-        QCOMPARE(format.numberSuffix(), suffix);
+        typedef QTextListFormat Format;
+        const Rows add([](unsigned kind, const QString& text, Format::Style style, const QString& prefix,
+                          const QString& suffix) {
+            Format format;
+            format.setIndent(4);
+            format.setNumberPrefix("old"_s);
+            format.setNumberSuffix("old"_s);
+            ORVTextListFormat::setLevels(format,
+                                         {makeLevel(kind, text), makeLevel(Level::Decimal, "<%0>"_s)});
+            QCOMPARE(format.style(), style);
+            QCOMPARE(format.hasProperty(QTextFormat::ListNumberPrefix), !prefix.isNull());
+            QCOMPARE(format.hasProperty(QTextFormat::ListNumberSuffix), !suffix.isNull());
+            QCOMPARE(format.numberPrefix(), prefix);
+            QCOMPARE(format.numberSuffix(), suffix);
+            QCOMPARE(format.indent(), 4);
+        });
+        add("decimal", Level::Decimal, "%0.", Format::ListDecimal, "", ".");
+        add("lower letter", Level::LowerLetter, "%0.", Format::ListLowerAlpha, "", ".");
+        add("upper letter", Level::UpperLetter, "%0.", Format::ListUpperAlpha, "", ".");
+        add("lower roman", Level::LowerRoman, "%0.", Format::ListLowerRoman, "", ".");
+        add("upper roman", Level::UpperRoman, "%0.", Format::ListUpperRoman, "", ".");
+        add("unknown kind", 6, "%0.", Format::ListDecimal, "", ".");
+        add("text on both sides", Level::Decimal, "(%0)", Format::ListDecimal, "(", ")");
+        add("words", Level::UpperRoman, "Part %0: ", Format::ListUpperRoman, "Part ", ": ");
+        const auto addBullet = [&add](const char* name, const QString& marker, Format::Style style) {
+            add(name, Level::Bullet, marker, style, QString(), QString());
+        };
+        addBullet("bullet", QChar(0x2022), Format::ListDisc);
+        addBullet("bullet of the Symbol font", QChar(0xf0b7), Format::ListDisc);
+        addBullet("dash", "-"_s, Format::ListDisc);
+        addBullet("white bullet", QChar(0x25e6), Format::ListCircle);
+        addBullet("o of Courier New", "o"_s, Format::ListCircle);
+        addBullet("small square", QChar(0x25aa), Format::ListSquare);
+        addBullet("square", QChar(0x25a0), Format::ListSquare);
+        addBullet("section sign, a square in Wingdings", QChar(0xa7), Format::ListSquare);
+        addBullet("square of Wingdings in the private use area", QChar(0xf0a7), Format::ListSquare);
+        addBullet("bullet with blanks around it", " o "_s, Format::ListCircle);
+        addBullet("bullet without marker", QString(), Format::ListDisc);
+        addBullet("bullet with a placeholder", "(%0)"_s, Format::ListDisc);
     }
 
     ORV_ROWS(markerIsShownByQt)
     {
         const Rows add([](const QString& text, const QString& shown) {
-            const ListDocument lists(formatOf({makeLevel(ORVTextListLevel::LowerRoman, text)}), 2, 2);
+            const ListDocument lists(formatOf({makeLevel(Level::LowerRoman, text)}), 2, 2);
             QCOMPARE(lists.list->itemText(lists.block(1)), shown);
         });
         add("with point", "%0.", "ii.");
@@ -200,93 +200,74 @@ private slots:
         add("empty", "", "ii.");
     }
 
-    void setLevelsKeepsIndentOfFormat()
-    {
-        QTextListFormat format;
-        format.setIndent(4);
-        ORVTextListFormat::setLevels(format, twoLevels());
-        QCOMPARE(format.indent(), 4);
-    }
-
-    void levelOfStockStyle_data()
-    {
-        const Columns<int, QString, QString, unsigned, QString> row("style", "prefix", "suffix", "kind",
-                                                                    "text");
-        typedef ORVTextListLevel Level;
-        typedef QTextListFormat Format;
-        const QLatin1String plain("%0.");
-        row("disc", Format::ListDisc, nullptr, nullptr, Level::Bullet, QString(QChar(0x2022)));
-        row("circle", Format::ListCircle, nullptr, nullptr, Level::Bullet, QString(QChar(0x25e6)));
-        row("square", Format::ListSquare, nullptr, nullptr, Level::Bullet, QString(QChar(0x25aa)));
-        row("decimal", Format::ListDecimal, nullptr, nullptr, Level::Decimal, plain);
-        row("lower alpha", Format::ListLowerAlpha, nullptr, nullptr, Level::LowerLetter, plain);
-        row("upper alpha", Format::ListUpperAlpha, nullptr, nullptr, Level::UpperLetter, plain);
-        row("lower roman", Format::ListLowerRoman, nullptr, nullptr, Level::LowerRoman, plain);
-        row("upper roman", Format::ListUpperRoman, nullptr, nullptr, Level::UpperRoman, plain);
-        row("prefix and suffix", Format::ListDecimal, "(", ")", Level::Decimal, "(%0)"_s);
-        row("prefix alone", Format::ListDecimal, "No. ", nullptr, Level::Decimal, "No. %0."_s);
-        row("empty suffix", Format::ListDecimal, nullptr, "", Level::Decimal, "%0"_s);
-        row("disc with suffix", Format::ListDisc, nullptr, ")", Level::Bullet, QString(QChar(0x2022)));
-    }
-
     // A null prefix or suffix stands for one that is not set.
-    void levelOfStockStyle()
+    ORV_ROWS(levelOfStockStyle)
     {
-        FETCH(int, style, QString, prefix, QString, suffix, unsigned, kind, QString, text);
-        QTextListFormat format;
-        format.setStyle(QTextListFormat::Style(style));
-        if (!prefix.isNull())
-            format.setNumberPrefix(prefix);
-        if (!suffix.isNull())
-            format.setNumberSuffix(suffix);
-        const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(format);
-        QCOMPARE(levels.size(), 1);
-        QCOMPARE(levels.first().kind(), kind);
-        QCOMPARE(levels.first().text(), text);
-    }
-
-    void levelOfStockStyleHasIndentOfFormat()
-    {
-        QTextListFormat format;
-        format.setStyle(QTextListFormat::ListDisc);
-        format.setIndent(3);
-        const QList<ORVTextListLevel> levels = ORVTextListFormat::levels(format);
-        QCOMPARE(levels.size(), 1);
-        QCOMPARE(levels.first().indent(), 90.0);
-        QCOMPARE(levels.first().firstLinePosition(), 90.0);
+        typedef QTextListFormat Format;
+        const Rows add([](Format::Style style, const QString& prefix, const QString& suffix, unsigned kind,
+                          const QString& text) {
+            Format format;
+            format.setStyle(style);
+            format.setIndent(3);
+            if (!prefix.isNull())
+                format.setNumberPrefix(prefix);
+            if (!suffix.isNull())
+                format.setNumberSuffix(suffix);
+            QVERIFY(levelsOf(format) == QList<Level>({makeLevel(kind, text, 90, 90)}));
+        });
+        const QString none;
+        add("disc", Format::ListDisc, none, none, Level::Bullet, u8"\u2022");
+        add("circle", Format::ListCircle, none, none, Level::Bullet, u8"\u25e6");
+        add("square", Format::ListSquare, none, none, Level::Bullet, u8"\u25aa");
+        add("decimal", Format::ListDecimal, none, none, Level::Decimal, "%0.");
+        add("lower alpha", Format::ListLowerAlpha, none, none, Level::LowerLetter, "%0.");
+        add("upper alpha", Format::ListUpperAlpha, none, none, Level::UpperLetter, "%0.");
+        add("lower roman", Format::ListLowerRoman, none, none, Level::LowerRoman, "%0.");
+        add("upper roman", Format::ListUpperRoman, none, none, Level::UpperRoman, "%0.");
+        add("prefix and suffix", Format::ListDecimal, "(", ")", Level::Decimal, "(%0)");
+        add("prefix alone", Format::ListDecimal, "No. ", none, Level::Decimal, "No. %0.");
+        add("empty suffix", Format::ListDecimal, none, "", Level::Decimal, "%0");
+        add("disc with suffix", Format::ListDisc, none, ")", Level::Bullet, u8"\u2022");
     }
 
     ORV_ROWS(noLevelsWithoutStyle)
     {
         const Rows add([](int style) {
             QTextListFormat format;
-            QVERIFY(ORVTextListFormat::levels(format).isEmpty());
+            QVERIFY(levelsOf(format).isEmpty());
             format.setProperty(QTextFormat::ListStyle, style);
-            QVERIFY(ORVTextListFormat::levels(format).isEmpty());
+            QVERIFY(levelsOf(format).isEmpty());
         });
         add("undefined", 0);
         add("unknown", -9);
         add("positive", 3);
     }
 
-    void blockLevelIsStored()
+    void setBlockLevelStoresLevelAndIndents()
     {
-        ListDocument lists(formatOf(twoLevels()), 2, 2);
-        QCOMPARE(ORVTextListFormat::blockLevel(lists.list, lists.block(1)), 0);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(1), 1);
-        QCOMPARE(ORVTextListFormat::blockLevel(lists.list, lists.block(1)), 1);
-        QCOMPARE(ORVTextListFormat::blockLevel(lists.list, lists.block(0)), 0);
-        QVERIFY(lists.format(1).property(ORVRtfProperty::ListLevel) == QVariant(1));
+        const ListDocument lists(formatOf(twoLevels()), 3, 3);
+        QCOMPARE(lists.level(1), 0);
+        lists.setProperty(1, QTextFormat::BlockAlignment, int(Qt::AlignHCenter));
+        lists.setLevel(0, 0);
+        lists.setLevel(1, 1);
+        QCOMPARE(lists.level(0), 0);
+        QCOMPARE(lists.level(1), 1);
+        QCOMPARE(lists.property(1, ORVRtfProperty::ListLevel), QVariant(1));
+        QCOMPARE(lists.property(0, ORVRtfProperty::LeftIndent), QVariant(36.0));
+        QCOMPARE(lists.property(0, QTextFormat::TextIndent), QVariant(18.0));
+        QCOMPARE(lists.property(1, ORVRtfProperty::LeftIndent), QVariant(72.5));
+        QCOMPARE(lists.property(1, QTextFormat::TextIndent), QVariant(54.25));
+        QCOMPARE(lists.list->count(), 3);
+        QCOMPARE(lists.block(1).textList(), lists.list);
+        QCOMPARE(int(lists.format(1).alignment()), int(Qt::AlignHCenter));
     }
 
     void blockLevelOfStranger()
     {
-        ListDocument lists(formatOf(twoLevels()), 2, 3);
-        QTextBlockFormat format = lists.format(2);
-        format.setProperty(ORVRtfProperty::ListLevel, 5);
-        QTextCursor(lists.block(2)).setBlockFormat(format);
-        QCOMPARE(ORVTextListFormat::blockLevel(lists.list, lists.block(2)), 0);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(1), 1);
+        const ListDocument lists(formatOf(twoLevels()), 2, 3);
+        lists.setProperty(2, ORVRtfProperty::ListLevel, 5);
+        QCOMPARE(lists.level(2), 0);
+        lists.setLevel(1, 1);
         QCOMPARE(ORVTextListFormat::blockLevel(nullptr, lists.block(1)), 0);
         QCOMPARE(ORVTextListFormat::blockLevel(lists.list, QTextBlock()), 0);
         const ListDocument others(formatOf(twoLevels()), 2, 2);
@@ -295,37 +276,23 @@ private slots:
 
     void negativeLevelCountsAsZero()
     {
-        ListDocument lists(formatOf(twoLevels()), 1, 1);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), -3);
-        QVERIFY(lists.format(0).property(ORVRtfProperty::ListLevel) == QVariant(0));
-        QCOMPARE(lists.format(0).doubleProperty(ORVRtfProperty::LeftIndent), 36.0);
-        QTextBlockFormat format = lists.format(0);
-        format.setProperty(ORVRtfProperty::ListLevel, -3);
-        QTextCursor(lists.block(0)).setBlockFormat(format);
-        QCOMPARE(ORVTextListFormat::blockLevel(lists.list, lists.block(0)), 0);
-    }
-
-    void setBlockLevelGivesIndents()
-    {
-        ListDocument lists(formatOf(twoLevels()), 2, 2);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), 0);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(1), 1);
-        QVERIFY(lists.format(0).property(ORVRtfProperty::LeftIndent) == QVariant(36.0));
-        QVERIFY(lists.format(0).property(QTextFormat::TextIndent) == QVariant(18.0));
-        QVERIFY(lists.format(1).property(ORVRtfProperty::LeftIndent) == QVariant(72.5));
-        QVERIFY(lists.format(1).property(QTextFormat::TextIndent) == QVariant(54.25));
+        const ListDocument lists(formatOf(twoLevels()), 1, 1);
+        lists.setLevel(0, -3);
+        QCOMPARE(lists.property(0, ORVRtfProperty::ListLevel), QVariant(0));
+        QCOMPARE(lists.property(0, ORVRtfProperty::LeftIndent), QVariant(36.0));
+        lists.setProperty(0, ORVRtfProperty::ListLevel, -3);
+        QCOMPARE(lists.level(0), 0);
     }
 
     ORV_ROWS(setBlockLevelKeepsIndentsOfBlock)
     {
         const Rows add([](int ownIndent) {
-            ListDocument lists(formatOf(twoLevels()), 1, 1);
-            QTextBlockFormat own = lists.format(0);
-            own.setProperty(ownIndent, 7.0);
-            QTextCursor(lists.block(0)).setBlockFormat(own);
-            ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), 1);
-            own.setProperty(ORVRtfProperty::ListLevel, 1);
-            QCOMPARE(lists.format(0).properties(), own.properties());
+            const ListDocument lists(formatOf(twoLevels()), 1, 1);
+            lists.setProperty(0, ownIndent, 7.0);
+            QTextBlockFormat expected = lists.format(0);
+            lists.setLevel(0, 1);
+            expected.setProperty(ORVRtfProperty::ListLevel, 1);
+            QCOMPARE(lists.format(0).properties(), expected.properties());
         });
         add("left indent", int(ORVRtfProperty::LeftIndent));
         add("first line", int(QTextFormat::TextIndent));
@@ -333,51 +300,39 @@ private slots:
 
     ORV_ROWS(setBlockLevelWithoutSuchLevel)
     {
-        const Rows add([](const QTextFormat& format, int level) {
-            ListDocument lists(format.toListFormat(), 1, 1);
-            ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), level);
-            QCOMPARE(ORVTextListFormat::blockLevel(lists.list, lists.block(0)), level);
+        const Rows add([](const QTextListFormat& format, int level) {
+            const ListDocument lists(format, 1, 1);
+            lists.setLevel(0, level);
+            QCOMPARE(lists.level(0), level);
             QVERIFY(!lists.format(0).hasProperty(ORVRtfProperty::LeftIndent));
             QVERIFY(!lists.format(0).hasProperty(QTextFormat::TextIndent));
         });
-        add("level beyond the last", QTextFormat(formatOf(twoLevels())), 2);
-        add("largest level", QTextFormat(formatOf(twoLevels())), std::numeric_limits<int>::max());
-        add("no levels", QTextFormat(QTextListFormat()), 0);
+        add("level beyond the last", formatOf(twoLevels()), 2);
+        add("largest level", formatOf(twoLevels()), std::numeric_limits<int>::max());
+        add("no levels", QTextListFormat(), 0);
         QTextListFormat stock;
         stock.setStyle(QTextListFormat::ListDisc);
-        add("stock style, which Qt indents", QTextFormat(stock), 0);
-    }
-
-    void setBlockLevelKeepsMembershipAndFormat()
-    {
-        ListDocument lists(formatOf(twoLevels()), 3, 3);
-        QTextBlockFormat centred = lists.format(1);
-        centred.setAlignment(Qt::AlignHCenter);
-        QTextCursor(lists.block(1)).setBlockFormat(centred);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(1), 1);
-        QCOMPARE(lists.list->count(), 3);
-        QCOMPARE(lists.block(1).textList(), lists.list);
-        QCOMPARE(int(lists.format(1).alignment()), int(Qt::AlignHCenter));
+        add("stock style, which Qt indents", stock, 0);
     }
 
     void setBlockLevelOfStrangerDoesNothing()
     {
-        ListDocument lists(formatOf(twoLevels()), 1, 2);
+        const ListDocument lists(formatOf(twoLevels()), 1, 2);
         ORVTextListFormat::setBlockLevel(nullptr, lists.block(0), 1);
         ORVTextListFormat::setBlockLevel(lists.list, QTextBlock(), 1);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(1), 1);
+        lists.setLevel(1, 1);
         QVERIFY(!lists.format(0).hasProperty(ORVRtfProperty::ListLevel));
         QVERIFY(lists.format(1).properties().isEmpty());
     }
 
     void sameLevelAgainChangesNothing()
     {
-        ListDocument lists(formatOf(twoLevels()), 1, 1);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), 1);
+        const ListDocument lists(formatOf(twoLevels()), 1, 1);
+        lists.setLevel(0, 1);
         const int revision = lists.document.revision();
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), 1);
+        lists.setLevel(0, 1);
         QCOMPARE(lists.document.revision(), revision);
-        ORVTextListFormat::setBlockLevel(lists.list, lists.block(0), 0);
+        lists.setLevel(0, 0);
         QVERIFY(lists.document.revision() != revision);
     }
 };
