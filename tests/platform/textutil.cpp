@@ -2,6 +2,8 @@
 #include "testpaths.h"
 #include "testsupport.h"
 
+using namespace rtftest;
+
 namespace {
 
 // Installs tests/data/fonts/<file>.ttf for this process.
@@ -11,30 +13,12 @@ bool addFont(const char* file)
     return QFontDatabase::addApplicationFont(folder + QLatin1String(file) + ".ttf"_s) >= 0;
 }
 
-// The paragraphs of a document, "|" between them.
-QString paragraphs(const QTextDocument& document)
-{
-    QStringList texts;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
-        texts << block.text();
-    return texts.join(QLatin1Char('|'));
-}
-
-void insertParagraphs(QTextCursor* cursor, const QString& text)
-{
-    const QStringList texts = text.split(QLatin1Char('|'));
-    for (int i = 0; i < texts.size(); ++i) {
-        if (i > 0)
-            cursor->insertBlock();
-        cursor->insertText(texts.at(i));
-    }
-}
-
-/*! Trims the whole of \a document, and returns what is selected then. */
-QTextCursor trimmed(QTextDocument* document)
+/*! Trims \a document between two positions, up to its end by default, and returns what is selected then. */
+QTextCursor trimmed(QTextDocument* document, int anchor = 0, int position = -1)
 {
     QTextCursor cursor(document);
-    cursor.select(QTextCursor::Document);
+    cursor.setPosition(anchor);
+    cursor.setPosition(position < 0 ? document->characterCount() - 1 : position, QTextCursor::KeepAnchor);
     ORVTextUtil::trim(cursor);
     return cursor;
 }
@@ -97,10 +81,7 @@ private slots:
     {
         const QString name = "Quibble Serif"_s;
         QCOMPARE(ORVTextUtil::findBestFontFamily(name), QString());
-        QFont::insertSubstitutions(name,
-                                   QStringList() << "Quibble Sans"_s
-                                                 << "liberation serif"_s
-                                                 << "Liberation Mono"_s);
+        QFont::insertSubstitutions(name, {"Quibble Sans"_s, "liberation serif"_s, "Liberation Mono"_s});
         QCOMPARE(ORVTextUtil::findBestFontFamily(name), "Liberation Serif"_s);
         QFont::removeSubstitutions(name);
         QCOMPARE(ORVTextUtil::findBestFontFamily(name), QString());
@@ -193,55 +174,48 @@ private slots:
 
     ORV_ROWS(trimRemovesWhiteSpaceAtBothEnds)
     {
-        const Rows add([](const QString& text, const QString& trimmed) {
-            QTextDocument document;
-            QTextCursor writer(&document);
-            insertParagraphs(&writer, text);
-            const QTextCursor cursor = ::trimmed(&document);
-            QCOMPARE(paragraphs(document), trimmed);
-            QCOMPARE(cursor.selectedText(), QString(trimmed).replace(QLatin1Char('|'), QChar(0x2029)));
+        const Rows add([](const QString& text, const QString& result) {
+            QTextDocument document(text);
+            document.clearUndoRedoStacks();
+            const QTextCursor cursor = trimmed(&document);
+            QCOMPARE(textOf(document), result);
+            QCOMPARE(cursor.selection().toPlainText(), result);
+            document.undo();
+            QVERIFY(!document.isUndoAvailable());
+            QCOMPARE(textOf(document), text);
         });
         add("nothing to remove", "a b", "a b");
         add("leading blanks", "   a b", "a b");
         add("trailing blanks", "a b   ", "a b");
         add("both ends", "  a  ", "a");
         add("tabs", "\ta\t", "a");
-        add("empty paragraphs", "||a||", "a");
-        add("blank paragraphs", "  |\t| a | |  ", "a");
-        add("paragraphs inside stay", " |a| |b| ", "a| |b");
-        add("no-break space and line separator",
-            QString(QChar(0xa0)) + QChar(0x2028) + QLatin1Char('a') + QChar(0x2028) + QChar(0xa0), "a");
-        add("white space only", "  |\t|  ", "");
+        add("empty paragraphs", "\n\na\n\n", "a");
+        add("blank paragraphs", "  \n\t\n a \n \n  ", "a");
+        add("paragraphs inside stay", " \na\n \nb\n ", "a\n \nb");
+        add("no-break space and line separator", u8"\u00a0\u2028a\u2028\u00a0", "a");
+        add("white space only", "  \n\t\n  ", "");
         add("empty document", "", "");
     }
 
     ORV_ROWS(trimChangesOnlyTheSelection)
     {
-        const Rows add([](const QString& text, int anchor, int position, const QString& trimmed,
+        const Rows add([](const QString& text, int anchor, int position, const QString& result,
                           const QString& selected) {
-            QTextDocument document;
-            QTextCursor writer(&document);
-            insertParagraphs(&writer, text);
-            QTextCursor cursor(&document);
-            cursor.setPosition(anchor);
-            cursor.setPosition(position, QTextCursor::KeepAnchor);
-            ORVTextUtil::trim(cursor);
-            QCOMPARE(paragraphs(document), trimmed);
+            QTextDocument document(text);
+            const QTextCursor cursor = trimmed(&document, anchor, position);
+            QCOMPARE(textOf(document), result);
             QCOMPARE(cursor.selectedText(), selected);
         });
         add("inside blanks", "  x  y  ", 4, 7, "  x y ", "y");
         add("backwards", "  x  y  ", 7, 4, "  x y ", "y");
         add("blanks only", "a    b", 2, 4, "a  b", "");
-        add("paragraph end in front", "a|b|c", 1, 3, "ab|c", "b");
-        add("paragraph end behind", "a|b|c", 2, 4, "a|bc", "b");
+        add("paragraph end in front", "a\nb\nc", 1, 3, "ab\nc", "b");
+        add("paragraph end behind", "a\nb\nc", 2, 4, "a\nbc", "b");
+        add("no selection", "  a  ", 0, 0, "  a  ", "");
     }
 
-    void trimWithoutSelectionDoesNothing()
+    void trimOfNullCursor()
     {
-        QTextDocument document("  a  "_s);
-        QTextCursor cursor(&document);
-        ORVTextUtil::trim(cursor);
-        QCOMPARE(paragraphs(document), "  a  "_s);
         QTextCursor null;
         ORVTextUtil::trim(null);
         QVERIFY(null.isNull());
@@ -249,18 +223,12 @@ private slots:
 
     void trimKeepsCharacterFormats()
     {
-        QTextDocument document;
-        QTextCursor writer(&document);
-        QTextCharFormat plain;
-        writer.insertText("  "_s, plain);
-        writer.insertText(" bold"_s, rtftest::bold());
-        writer.insertText(" italic "_s, italic());
-        writer.insertText("  "_s, plain);
-        trimmed(&document);
-        const QList<QTextFragment> fragments = rtftest::fragmentsOf(document);
+        const Story story = Story().add("  ").add(" bold", bold()).add(" italic ", italic()).add("  ");
+        trimmed(story.document());
+        const QList<QTextFragment> fragments = fragmentsOf(*story.document());
         QCOMPARE(fragments.size(), 2);
         QCOMPARE(fragments.at(0).text(), "bold"_s);
-        QVERIFY(fragments.at(0).charFormat() == rtftest::bold());
+        QVERIFY(fragments.at(0).charFormat() == bold());
         QCOMPARE(fragments.at(1).text(), " italic"_s);
         QVERIFY(fragments.at(1).charFormat() == italic());
     }
@@ -276,7 +244,7 @@ private slots:
         writer.createList(QTextListFormat::ListDecimal);
         writer.insertText(" text"_s);
         trimmed(&document);
-        QCOMPARE(paragraphs(document), "text"_s);
+        QCOMPARE(textOf(document), "text"_s);
         QCOMPARE(int(document.begin().blockFormat().alignment()), int(Qt::AlignHCenter));
         QVERIFY(document.begin().charFormat() == italic());
         QVERIFY(document.begin().textList());
@@ -291,11 +259,8 @@ private slots:
         writer.insertText("a "_s);
         writer.insertBlock(QTextBlockFormat(), italic());
         writer.insertText(" b"_s);
-        QTextCursor cursor(&document);
-        cursor.setPosition(1);
-        cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
-        ORVTextUtil::trim(cursor);
-        QCOMPARE(paragraphs(document), "ab"_s);
+        trimmed(&document, 1);
+        QCOMPARE(textOf(document), "ab"_s);
         QCOMPARE(int(document.begin().blockFormat().alignment()), int(Qt::AlignRight));
         QVERIFY(document.begin().charFormat() == QTextCharFormat());
     }
@@ -311,51 +276,32 @@ private slots:
         writer.insertText("  "_s);
         writer.insertBlock();
         trimmed(&document);
-        QCOMPARE(paragraphs(document), "first|last"_s);
+        QCOMPARE(textOf(document), "first\nlast"_s);
         QCOMPARE(int(document.lastBlock().blockFormat().alignment()), int(Qt::AlignRight));
         QVERIFY(document.lastBlock().charFormat() == italic());
     }
 
     void trimKeepsTables()
     {
-        QTextDocument document;
-        QTextCursor writer(&document);
-        insertParagraphs(&writer, "  | "_s);
-        QTextTable* table = writer.insertTable(1, 2);
+        QTextDocument document("  \n \n \n "_s);
+        QTextTable* table = QTextCursor(document.findBlockByNumber(2)).insertTable(1, 2);
         table->cellAt(0, 0).firstCursorPosition().insertText(" a"_s);
         table->cellAt(0, 1).firstCursorPosition().insertText("b "_s);
-        writer.movePosition(QTextCursor::End);
-        insertParagraphs(&writer, " | "_s);
         trimmed(&document);
-        QCOMPARE(paragraphs(document), "| a|b |"_s);
-        QCOMPARE(document.rootFrame()->childFrames().size(), 1);
-        QCOMPARE(table->columns(), 2);
+        QCOMPARE(rtftest::contentOf(document), "|{2:  a, b }|"_s);
     }
 
     void trimKeepsPictures()
     {
-        QTextDocument document;
+        QTextDocument document("  "_s);
         QTextCursor writer(&document);
-        writer.insertText("  "_s);
+        writer.setPosition(1);
         writer.insertImage("first"_s);
         writer.insertText(" x "_s);
         writer.insertImage("second"_s);
-        writer.insertText("  "_s);
         trimmed(&document);
         const QString picture = QChar(QChar::ObjectReplacementCharacter);
-        QCOMPARE(paragraphs(document), picture + " x "_s + picture);
-    }
-
-    void trimIsOneUndoStep()
-    {
-        QTextDocument document;
-        QTextCursor writer(&document);
-        insertParagraphs(&writer, "  |a|  "_s);
-        document.clearUndoRedoStacks();
-        trimmed(&document);
-        document.undo();
-        QVERIFY(!document.isUndoAvailable());
-        QCOMPARE(paragraphs(document), "  |a|  "_s);
+        QCOMPARE(textOf(document), picture + " x "_s + picture);
     }
 
     ORV_ROWS(leadingSpaces)
