@@ -1,7 +1,5 @@
-#include "ORVCoreUtil.h"
 #include "ORVGuiUtil.h"
 #include "ORVTextUtil.h"
-#include "ORVUnit.h"
 #include "TextDocSupport.h"
 #include "testsupport.h"
 
@@ -50,10 +48,6 @@ private slots:
     {
         QCOMPARE(ORVTextUtil::findBestFontFamily("Liberation Sans"_s), QString());
         QCOMPARE(ORVTextUtil::defaultFontWeight("Liberation Sans"_s, QFont::Light), int(QFont::Light));
-    }
-
-    void defaultFormatOfPixelFontHasNoPointSize()
-    {
         QTextDocument document;
         QFont font("Liberation Sans"_s);
         font.setPixelSize(20);
@@ -63,43 +57,30 @@ private slots:
         QVERIFY(!format.hasProperty(QTextFormat::FontPointSize));
     }
 
-    void listLevels()
+    void listLevelsAreCopied()
     {
         ORVTextListLevel level;
         level.setText("%0."_s);
         QTextListFormat format;
-        ORVTextListFormat::setLevels(format, QList<ORVTextListLevel>() << level << level);
+        ORVTextListFormat::setLevels(format, {level, level});
         QTextDocument document;
-        QTextList* list = QTextCursor(&document).createList(format);
-        ORVTextListFormat::setBlockLevel(list, document.begin(), 1);
-        QCOMPARE(ORVTextListFormat::blockLevel(list, document.begin()), 1);
+        ORVTextListFormat::setBlockLevel(QTextCursor(&document).createList(format), document.begin(), 1);
         const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
-        QVERIFY(copy->begin().textList());
-        QCOMPARE(ORVTextListFormat::levels(copy->begin().textList()->format()).size(), 2);
+        QTextList* list = copy->begin().textList();
+        QVERIFY(list);
+        QCOMPARE(ORVTextListFormat::levels(list->format()).size(), 2);
+        QCOMPARE(ORVTextListFormat::blockLevel(list, copy->begin()), 1);
     }
 
-    void picturesAreEncodedAndDecoded()
+    void picturesAreDecoded()
     {
-        const QByteArray bytes = ORVGuiUtil::toByteArray(makeImage(), "PNG", -1);
+        const QByteArray png = ORVGuiUtil::toByteArray(makeImage(), "PNG", -1);
         QTextDocument document;
-        document.addResource(QTextDocument::ImageResource, QUrl(ORVGuiUtil::resourceId(makeImage())), bytes);
-        QCOMPARE(TextDocSupport::image(&document, ORVGuiUtil::resourceId(makeImage()))
-                     .convertToFormat(QImage::Format_RGB32),
-                 makeImage());
-    }
-
-    void dataUrlIsDecoded()
-    {
-        const QString url = "data:image/png;base64,"_s
-            + QString::fromLatin1(ORVGuiUtil::toByteArray(makeImage(), "PNG", -1).toBase64());
-        QTextDocument document;
-        QCOMPARE(TextDocSupport::image(&document, url).convertToFormat(QImage::Format_RGB32), makeImage());
-    }
-
-    void namesAndUnits()
-    {
-        QVERIFY(ORVCoreUtil::GetNewTempFilePath("rtf"_s).endsWith(".rtf"_s));
-        QCOMPARE(ORVUnit::rtfTwipsToPixels(1440), 96);
+        document.addResource(QTextDocument::ImageResource, QUrl("a.png"_s), png);
+        for (const QString& name :
+             {"a.png"_s, "data:image/png;base64,"_s + QString::fromLatin1(png.toBase64())})
+            QCOMPARE(TextDocSupport::image(&document, name).convertToFormat(QImage::Format_RGB32),
+                     makeImage());
     }
 };
 

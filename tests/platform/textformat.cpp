@@ -8,43 +8,42 @@ const int familyId = [] {
     return format.properties().constBegin().key();
 }();
 
+/*! The default format of a document with this default font. */
+QTextCharFormat defaultFormatOf(const QFont& font)
+{
+    QTextDocument document;
+    document.setDefaultFont(font);
+    return ORVTextFormat::defaultCharFormat(&document);
+}
+
 } // namespace
 
 class TestTextFormat : public QObject {
     Q_OBJECT
 
 private slots:
-    void nothingStoredGivesFamilyAndSizeOnly()
+    ORV_ROWS(nothingStoredGivesFamilyAndSizeOnly)
     {
-        QTextDocument document;
-        QFont font("DejaVu Serif"_s, 17, QFont::Bold, true);
-        document.setDefaultFont(font);
-        const QTextCharFormat format = ORVTextFormat::defaultCharFormat(&document);
-        QCOMPARE(compat::fontFamily(format), "DejaVu Serif"_s);
-        QCOMPARE(format.fontPointSize(), qreal(17));
-        QCOMPARE(format.properties().keys(),
-                 QList<int>() << qMin(familyId, int(QTextFormat::FontPointSize))
-                              << qMax(familyId, int(QTextFormat::FontPointSize)));
-    }
-
-    void fractionalPointSizeIsKept()
-    {
-        QTextDocument document;
-        QFont font("DejaVu Serif"_s);
-        font.setPointSizeF(10.5);
-        document.setDefaultFont(font);
-        QCOMPARE(ORVTextFormat::defaultCharFormat(&document).fontPointSize(), qreal(10.5));
+        const Rows add([](double size) {
+            QFont font("DejaVu Serif"_s, 1, QFont::Bold, true);
+            font.setPointSizeF(size);
+            const QTextCharFormat format = defaultFormatOf(font);
+            QCOMPARE(compat::fontFamily(format), "DejaVu Serif"_s);
+            QCOMPARE(format.fontPointSize(), size);
+            QCOMPARE(format.properties().keys(),
+                     (QList<int>{qMin(familyId, int(QTextFormat::FontPointSize)),
+                                 qMax(familyId, int(QTextFormat::FontPointSize))}));
+        });
+        add("points", 17.0);
+        add("fraction of points", 10.5);
     }
 
     void pixelSizeIsTranslatedToPoints()
     {
-        QTextDocument document;
         QFont font("DejaVu Serif"_s);
         font.setPixelSize(40);
-        document.setDefaultFont(font);
-        const qreal size = ORVTextFormat::defaultCharFormat(&document).fontPointSize();
-        QVERIFY(size > 0);
-        QCOMPARE(size, QFontInfo(font).pointSizeF());
+        QVERIFY(QFontInfo(font).pointSizeF() > 0);
+        QCOMPARE(defaultFormatOf(font).fontPointSize(), QFontInfo(font).pointSizeF());
     }
 
     void nullDocument()
@@ -55,59 +54,49 @@ private slots:
 
     ORV_ROWS(storedFormatIsReturned)
     {
-        const Rows add([](const QTextFormat& format) {
+        const Rows add([](const QTextCharFormat& format) {
             QTextDocument document;
-            ORVTextFormat::setDefaultCharFormat(&document, format.toCharFormat());
+            ORVTextFormat::setDefaultCharFormat(&document, format);
             const QTextDocument& readOnly = document;
             const QTextCharFormat stored = ORVTextFormat::defaultCharFormat(&readOnly);
             QCOMPARE(stored.properties(), format.properties());
             QVERIFY(stored == format);
             QVERIFY(stored.isCharFormat());
         });
-        add("empty", QTextFormat(QTextCharFormat()));
+        add("empty", QTextCharFormat());
         QTextCharFormat format;
         compat::setFontFamily(format, "No Such Family"_s);
         format.setFontPointSize(13.5);
-        add("font", QTextFormat(format));
+        add("font", format);
         format.setProperty(QTextFormat::FontWeight, 0);
-        add("weight 0", QTextFormat(format));
+        add("weight 0", format);
         format.setForeground(QColor(1, 2, 3));
         format.setProperty(QTextFormat::UserProperty + 10, 3);
-        add("colour and property of the application", QTextFormat(format));
+        add("colour and property of the application", format);
     }
 
-    void laterFormatReplacesEarlier()
+    void laterFormatReplacesEarlierOfSameDocument()
     {
         QTextDocument document;
+        QTextDocument other;
         QTextCharFormat italic;
         italic.setFontItalic(true);
         QTextCharFormat large;
         large.setFontPointSize(40);
         ORVTextFormat::setDefaultCharFormat(&document, italic);
+        QVERIFY(!ORVTextFormat::defaultCharFormat(&other).hasProperty(QTextFormat::FontItalic));
         ORVTextFormat::setDefaultCharFormat(&document, large);
         QVERIFY(ORVTextFormat::defaultCharFormat(&document) == large);
         QVERIFY(!document.defaultFont().italic());
     }
 
-    void documentsDoNotShareTheirFormats()
-    {
-        QTextDocument first;
-        QTextDocument second;
-        second.setDefaultFont(QFont("DejaVu Serif"_s, 9));
-        QTextCharFormat italic;
-        italic.setFontItalic(true);
-        ORVTextFormat::setDefaultCharFormat(&first, italic);
-        QVERIFY(!ORVTextFormat::defaultCharFormat(&second).hasProperty(QTextFormat::FontItalic));
-    }
-
     void defaultFontFollowsFormat()
     {
         QTextDocument document;
-        QTextCharFormat format;
+        QTextCharFormat format = rtftest::bold();
         compat::setFontFamily(format, "DejaVu Serif"_s);
         format.setFontPointSize(13.5);
         format.setFontItalic(true);
-        format.setProperty(QTextFormat::FontWeight, int(QFont::Bold));
         ORVTextFormat::setDefaultCharFormat(&document, format);
         QCOMPARE(document.defaultFont().family(), "DejaVu Serif"_s);
         QCOMPARE(document.defaultFont().pointSizeF(), qreal(13.5));
