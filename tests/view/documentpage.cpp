@@ -14,6 +14,11 @@ QVariant marginText(const char* text, Qt::Alignment alignment, const char* famil
     return QVariant::fromValue(page);
 }
 
+QMarginsF marginsOf(const ORVPageGeometry& page)
+{
+    return {page.leftMargin, page.topMargin, page.rightMargin, page.bottomMargin};
+}
+
 } // namespace
 
 /*! The page that a document or a reader has. */
@@ -28,23 +33,23 @@ private slots:
         QTextDocument document;
         ORVTextRtfReader reader(&buffer);
         QCOMPARE(ORVPageGeometry::of(reader).paperSize, QSizeF(612, 792));
-
         QVERIFY(reader.read(&document));
+        QCOMPARE(ORVPageGeometry::of(reader).paperSize, QSizeF(420, 595.05));
+        QCOMPARE(marginsOf(ORVPageGeometry::of(reader)), QMarginsF(54, 1, 36, -0.5));
+    }
 
-        const ORVPageGeometry page = ORVPageGeometry::of(reader);
+    /*! A twip is a twentieth of a point. */
+    void pageInTwips()
+    {
+        const auto page = ORVPageGeometry::fromTwips(QSize(8400, 11901), QMargins(1080, 720, 20, -10));
         QCOMPARE(page.paperSize, QSizeF(420, 595.05));
-        QCOMPARE(page.leftMargin, 54.0);
-        QCOMPARE(page.rightMargin, 36.0);
-        QCOMPARE(page.topMargin, 1.0);
-        QCOMPARE(page.bottomMargin, -0.5);
+        QCOMPARE(marginsOf(page), QMarginsF(54, 36, 1, -0.5));
     }
 
     void setupOfPlainDocument()
     {
         const QTextDocument document;
-
         const ORVPageSetup setup = ORVPageSetup::of(&document);
-
         QCOMPARE(setup.page.paperSize, QSizeF(612, 792));
         QCOMPARE(setup.header.text, QString());
         QCOMPARE(setup.footer.text, QString());
@@ -61,27 +66,24 @@ private slots:
         document.setProperty("footer", marginText("<$p>", Qt::AlignHCenter, "Quibble Foot"));
         document.setProperty("notOnFirstPage", true);
         document.setProperty("countFirstPage", true);
-
         const ORVPageSetup setup = ORVPageSetup::of(&document);
-
         QCOMPARE(setup.page.paperSize, QSizeF(300, 400));
         QCOMPARE(setup.page.topMargin, 36.0);
-        QCOMPARE(setup.header.text, QString::fromLatin1("Head"));
+        QCOMPARE(setup.header.text, "Head"_s);
         QCOMPARE(setup.header.alignment, Qt::Alignment(Qt::AlignRight));
-        QCOMPARE(setup.header.font.family(), QString::fromLatin1("Quibble Head"));
-        QCOMPARE(setup.footer.text, QString::fromLatin1("<$p>"));
+        QCOMPARE(setup.header.font.family(), "Quibble Head"_s);
+        QCOMPARE(setup.footer.text, "<$p>"_s);
         QCOMPARE(setup.footer.alignment, Qt::Alignment(Qt::AlignHCenter));
-        QCOMPARE(setup.footer.font.family(), QString::fromLatin1("Quibble Foot"));
+        QCOMPARE(setup.footer.font.family(), "Quibble Foot"_s);
         QVERIFY(!setup.firstPageHasMarginTexts);
         QCOMPARE(setup.firstNumber, 1);
     }
 
     void setupOfNoDocument()
     {
-        const ORVPageSetup setup = ORVPageSetup::of(nullptr);
-
-        QCOMPARE(setup.page.paperSize, QSizeF(612, 792));
-        QCOMPARE(setup.firstNumber, ORVPageSetup().firstNumber);
+        QCOMPARE(ORVPageGeometry::of(nullptr).paperSize, QSizeF(612, 792));
+        QCOMPARE(ORVPageSetup::of(nullptr).page.paperSize, QSizeF(612, 792));
+        QCOMPARE(ORVPageSetup::of(nullptr).firstNumber, ORVPageSetup().firstNumber);
     }
 };
 

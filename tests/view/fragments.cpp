@@ -22,13 +22,6 @@ void embolden(QTextCharFormat* format)
     format->setFontWeight(QFont::Bold);
 }
 
-void insertPicture(QTextCursor& cursor, const char* name)
-{
-    QTextImageFormat format;
-    format.setName(QLatin1String(name));
-    cursor.insertImage(format);
-}
-
 } // namespace
 
 /*! The runs of text of a document. */
@@ -36,18 +29,24 @@ class TestFragments : public QObject {
     Q_OBJECT
 
 private slots:
+    // One step of undo, if anything has changed.
     ORV_ROWS(formatsBetweenPositions)
     {
         const Rows add([](int from, int to, const QString& result) {
             QTextDocument document("abc\ndef"_s);
+            document.clearUndoRedoStacks();
             ORVFragments::changeFormats(&document, from, to, embolden);
             QCOMPARE(runs(document), result);
+            document.undo();
+            QCOMPARE(runs(document), "abc |def |"_s);
+            QVERIFY(!document.isUndoAvailable());
         });
         add("all", 0, 8, "abc! |def! |");
         add("nothing", 2, 2, "abc |def |");
         add("negative", 3, 1, "abc |def |");
         add("inside of a run", 1, 2, "a b! c |def |");
         add("across a paragraph's end", 2, 5, "ab c! |d! ef |");
+        add("of two runs", 1, 6, "a bc! |de! f |");
         add("a paragraph's end only", 3, 4, "abc |def |");
         add("beyond the end", 6, 100, "abc |de f! |");
         add("behind the end", 100, 200, "abc |def |");
@@ -55,35 +54,18 @@ private slots:
 
     void eachFormatIsItsOwn()
     {
-        QTextDocument document;
-        QTextCursor cursor(&document);
-        cursor.insertText("plain"_s, QTextCharFormat());
-        cursor.insertText("bold"_s, rtftest::bold());
-        cursor.insertText("more"_s, QTextCharFormat());
-
+        const rtftest::Story story = rtftest::Story().add("plain").add("bold", rtftest::bold()).add("more");
         // The runs become one while they are changed.
-        ORVFragments::changeFormats(&document, 0, document.characterCount(), [](QTextCharFormat* format) {
+        ORVFragments::changeFormats(story.document(), 0, 100, [](QTextCharFormat* format) {
             format->setFontItalic(format->fontWeight() != QFont::Bold);
             format->clearProperty(QTextFormat::FontWeight);
         });
-
         QList<bool> italic;
-        for (const QTextFragment& run : rtftest::fragmentsOf(document)) {
+        for (const QTextFragment& run : rtftest::fragmentsOf(*story.document())) {
             QVERIFY(!run.charFormat().hasProperty(QTextFormat::FontWeight));
             italic.append(run.charFormat().fontItalic());
         }
         QCOMPARE(italic, (QList<bool>{true, false, true}));
-    }
-
-    void changeIsOneStepOfUndo()
-    {
-        QTextDocument document("abc\ndef"_s);
-        document.clearUndoRedoStacks();
-        ORVFragments::changeFormats(&document, 1, 6, embolden);
-        QCOMPARE(runs(document), "a bc! |de! f |"_s);
-        document.undo();
-        QCOMPARE(runs(document), "abc |def |"_s);
-        QVERIFY(!document.isUndoAvailable());
     }
 
     void equalFormatIsNoChange()
@@ -101,12 +83,11 @@ private slots:
         QTextDocument document;
         QTextCursor cursor(&document);
         QCOMPARE(ORVFragments::pictureNames(&document), QStringList());
-        insertPicture(cursor, "first");
+        cursor.insertImage("first"_s);
         cursor.insertText("text"_s, QTextCharFormat());
-        insertPicture(cursor, "second");
+        cursor.insertImage("second"_s);
         cursor.insertBlock();
-        insertPicture(cursor, "first");
-
+        cursor.insertImage("first"_s);
         QCOMPARE(ORVFragments::pictureNames(&document), (QStringList{"first"_s, "second"_s}));
     }
 
