@@ -7,6 +7,7 @@
 #include "rtftesthelpers.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 #include <QtCore/QVector>
 #include <QtGui/QTextCursor>
@@ -14,92 +15,6 @@
 
 /*! What the tests of writing share: one call that writes, and a check of whatever was written. */
 namespace rtftest {
-
-/*! One piece of RTF: a brace, a control word or symbol, or a run of text. */
-struct Token {
-    enum Kind { Open, Close, Word, Symbol, Text };
-    Kind kind;
-    /*! Letters of a word, the character of a symbol, or the text; the bytes of a "\'" are in value. */
-    QByteArray name;
-    bool hasValue = false;
-    int value = 0;
-};
-
-/*! Splits RTF by its own grammar, which knows nothing of what the words mean. */
-class Tokenizer {
-public:
-    explicit Tokenizer(const QByteArray& rtf) : m_rtf(rtf) { }
-
-    QVector<Token> tokens()
-    {
-        QVector<Token> result;
-        while (m_pos < m_rtf.size())
-            result.append(next());
-        return result;
-    }
-
-private:
-    static bool isLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-    static bool isDigit(char c) { return c >= '0' && c <= '9'; }
-    char at(int pos) const { return pos < m_rtf.size() ? m_rtf.at(pos) : '\0'; }
-
-    static Token token(Token::Kind kind, const QByteArray& name)
-    {
-        Token result;
-        result.kind = kind;
-        result.name = name;
-        return result;
-    }
-
-    Token next()
-    {
-        const char c = at(m_pos);
-        if (c == '{' || c == '}') {
-            ++m_pos;
-            return token(c == '{' ? Token::Open : Token::Close, QByteArray(1, c));
-        }
-        if (c == '\\')
-            return isLetter(at(m_pos + 1)) ? word() : symbol();
-        const int start = m_pos;
-        while (m_pos < m_rtf.size() && !strchr("{}\\", at(m_pos)))
-            ++m_pos;
-        if (m_pos == start)
-            ++m_pos; // NUL, which strchr finds
-        return token(Token::Text, m_rtf.mid(start, m_pos - start));
-    }
-
-    Token word()
-    {
-        const int start = ++m_pos;
-        while (isLetter(at(m_pos)))
-            ++m_pos;
-        Token result = token(Token::Word, m_rtf.mid(start, m_pos - start));
-        const int number = m_pos;
-        if (at(m_pos) == '-' && isDigit(at(m_pos + 1)))
-            ++m_pos;
-        while (isDigit(at(m_pos)))
-            ++m_pos;
-        result.hasValue = m_pos > number;
-        result.value = m_rtf.mid(number, m_pos - number).toInt();
-        if (at(m_pos) == ' ')
-            ++m_pos;
-        return result;
-    }
-
-    Token symbol()
-    {
-        Token result = token(Token::Symbol, m_rtf.mid(m_pos + 1, 1));
-        m_pos += 2;
-        if (result.name == "'") {
-            result.value = m_rtf.mid(m_pos, 2).toInt(&result.hasValue, 16);
-            m_pos += 2;
-        }
-        return result;
-    }
-
-    QByteArray m_rtf;
-    int m_pos = 0;
-};
 
 /*! Finds what is wrong with the structure of RTF that was written. */
 class WellFormedness {
@@ -118,11 +33,16 @@ private:
     {
         if (!rtf.startsWith("{\\rtf1\\ansi"))
             fail(QStringLiteral("does not begin as RTF"));
-        const QVector<Token> tokens = Tokenizer(rtf).tokens();
-        for (int i = 0; i < tokens.size(); ++i) {
-            if (i > 0 && m_groups.isEmpty())
+        // A word and its value, an escaped byte, another symbol, a brace, or a run of text.
+        static const QRegularExpression grammar(
+            QStringLiteral("\\\\([A-Za-z]+)(-?[0-9]+)? ?|\\\\'[0-9A-Fa-f]{2}|\\\\.?|[{}]|[^\\\\{}]+"),
+            QRegularExpression::DotMatchesEverythingOption);
+        QRegularExpressionMatchIterator it =
+            grammar.globalMatch(QString::fromLatin1(rtf.constData(), int(rtf.size())));
+        for (bool isFirst = true; it.hasNext(); isFirst = false) {
+            if (!isFirst && m_groups.isEmpty())
                 fail(QStringLiteral("content after the last group"));
-            process(tokens.at(i), i > 0 && tokens.at(i - 1).kind == Token::Open);
+            process(it.next());
         }
         if (!m_groups.isEmpty())
             fail(QStringLiteral("%1 groups are not closed").arg(m_groups.size()));
@@ -135,55 +55,55 @@ private:
         }
     }
 
-    void process(const Token& token, bool firstInGroup)
+    void process(const QRegularExpressionMatch& token)
     {
-        switch (token.kind) {
-        case Token::Open: m_groups.append(m_groups.isEmpty() ? QByteArray() : m_groups.last()); break;
-        case Token::Close:
-            if (m_groups.isEmpty())
-                fail(QStringLiteral("a group is closed that is not open"));
-            else
-                m_groups.removeLast();
-            break;
-        case Token::Word: processWord(token, firstInGroup); break;
-        case Token::Symbol: processSymbol(token); break;
-        case Token::Text:
-            if (destination() == "colortbl")
-                m_colorCount += token.name.count(';');
-            break;
-        }
+        const QByteArray text = token.captured().toLatin1();
+        const bool firstInGroup = m_groupBegins;
+        m_groupBegins = text == "{";
+        if (text == "{")
+            m_groups.append(destination());
+        else if (text == "}" && m_groups.isEmpty())
+            fail(QStringLiteral("a group is closed that is not open"));
+        else if (text == "}")
+            m_groups.removeLast();
+        else if (token.capturedLength(1) > 0)
+            processWord(token.captured(1).toLatin1(), token.captured(2).toInt(), firstInGroup);
+        else if (text.startsWith('\\'))
+            processSymbol(text);
+        else if (destination() == "colortbl")
+            m_colorCount += text.count(';');
     }
 
-    void processWord(const Token& token, bool firstInGroup)
+    void processWord(const QByteArray& word, int value, bool firstInGroup)
     {
         static const QSet<QByteArray> fontWords = {"f", "af", "deff"};
         static const QSet<QByteArray> colorWords = {"cf",      "cb",      "highlight", "ulc",
                                                     "clcbpat", "chcbpat", "brdrcf"};
         static const QSet<QByteArray> destinations = {"fonttbl", "colortbl", "listtable",
                                                       "listoverridetable"};
-        if (!isKnown(token.name))
-            fail(QStringLiteral("unknown word \\%1").arg(QString::fromLatin1(token.name)));
-        if (destinations.contains(token.name) && !m_groups.isEmpty())
-            m_groups.last() = token.name;
-        if (token.name == "f" && firstInGroup && destination() == "fonttbl")
-            define(m_fonts, token.value, "font");
-        else if (token.name == "listid" && destination() == "listtable")
-            define(m_listIds, token.value, "list");
-        else if (token.name == "ls" && destination() == "listoverridetable")
-            define(m_lists, token.value, "list override");
-        else if (fontWords.contains(token.name))
-            m_usedFonts.insert(token.value);
-        else if (colorWords.contains(token.name))
-            m_usedColors.insert(token.value);
-        else if (token.name == "ls")
-            m_usedLists.insert(token.value);
+        if (!isKnown(word))
+            fail(QStringLiteral("unknown word \\%1").arg(QString::fromLatin1(word)));
+        if (destinations.contains(word) && !m_groups.isEmpty())
+            m_groups.last() = word;
+        if (word == "f" && firstInGroup && destination() == "fonttbl")
+            define(m_fonts, value, "font");
+        else if (word == "listid" && destination() == "listtable")
+            define(m_listIds, value, "list");
+        else if (word == "ls" && destination() == "listoverridetable")
+            define(m_lists, value, "list override");
+        else if (fontWords.contains(word))
+            m_usedFonts.insert(value);
+        else if (colorWords.contains(word))
+            m_usedColors.insert(value);
+        else if (word == "ls")
+            m_usedLists.insert(value);
     }
 
-    void processSymbol(const Token& token)
+    void processSymbol(const QByteArray& symbol)
     {
-        if (token.name.isEmpty() || !strchr("'~*\\{}", token.name.at(0)))
-            fail(QStringLiteral("unknown symbol \\%1").arg(QString::fromLatin1(token.name)));
-        if (token.name == "'" && !token.hasValue)
+        if (symbol.size() < 2 || !strchr("'~*\\{}", symbol.at(1)))
+            fail(QStringLiteral("unknown symbol %1").arg(QString::fromLatin1(symbol)));
+        if (symbol == "\\'")
             fail(QStringLiteral("an escaped byte without two hexadecimal digits"));
     }
 
@@ -225,6 +145,7 @@ private:
 
     // The table that each open group belongs to, empty outside the tables.
     QVector<QByteArray> m_groups;
+    bool m_groupBegins = false;
     QSet<int> m_fonts;
     QSet<int> m_usedFonts;
     QSet<int> m_listIds;
@@ -339,20 +260,23 @@ inline QByteArray firstParagraph()
     return "\n\\pard\\plain \\ltrch\\loch ";
 }
 
+/*! What follows \a begin in \a rtf, up to the end of the group. */
+inline QByteArray tableOf(const QByteArray& rtf, const QByteArray& begin)
+{
+    const int entries = int(rtf.indexOf(begin)) + int(begin.size());
+    return rtf.mid(entries, rtf.indexOf("}\n", entries) - entries);
+}
+
 /*! The entries of the font table of \a rtf. */
 inline QByteArray fontTableOf(const QByteArray& rtf)
 {
-    const QByteArray begin = "{\\fonttbl";
-    const int entries = int(rtf.indexOf(begin)) + int(begin.size());
-    return rtf.mid(entries, rtf.indexOf("}\n", entries) - entries);
+    return tableOf(rtf, "{\\fonttbl");
 }
 
 /*! The entries of the colour table of \a rtf, without the empty first one. */
 inline QByteArray colorTableOf(const QByteArray& rtf)
 {
-    const QByteArray begin = "{\\colortbl;";
-    const int entries = int(rtf.indexOf(begin)) + int(begin.size());
-    return rtf.mid(entries, rtf.indexOf("}\n", entries) - entries);
+    return tableOf(rtf, "{\\colortbl;");
 }
 
 /*! The only entry in the font table of a document that has no font but the tests' default font. */
