@@ -59,12 +59,10 @@ private slots:
 
     void listLevelsAreCopied()
     {
-        ORVTextListLevel level;
-        level.setText("%0."_s);
-        QTextListFormat format;
-        ORVTextListFormat::setLevels(format, {level, level});
+        const ORVTextListLevel level = rtftest::makeLevel(ORVTextListLevel::Decimal, "%0."_s);
         QTextDocument document;
-        ORVTextListFormat::setBlockLevel(QTextCursor(&document).createList(format), document.begin(), 1);
+        QTextList* original = QTextCursor(&document).createList(rtftest::listFormatWith({level, level}));
+        ORVTextListFormat::setBlockLevel(original, document.begin(), 1);
         const QScopedPointer<QTextDocument> copy(TextDocSupport::cloneDocumentQtStyle(&document, nullptr));
         QTextList* list = copy->begin().textList();
         QVERIFY(list);

@@ -30,33 +30,16 @@ QImage addImage(QTextDocument* document, const QString& name, QRgb color = qRgb(
 
 QByteArray pngOf(const QImage& image)
 {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
+    QBuffer buffer;
     image.save(&buffer, "PNG");
-    return bytes;
+    return buffer.data();
 }
 
-QTextBlockFormat centred()
-{
-    QTextBlockFormat format;
-    format.setAlignment(Qt::AlignHCenter);
-    return format;
-}
-
-QTextCharFormat italic()
-{
-    QTextCharFormat format;
-    format.setFontItalic(true);
-    return format;
-}
-
-QTextListFormat lettered()
-{
-    QTextListFormat format;
-    format.setStyle(QTextListFormat::ListLowerAlpha);
-    format.setIndent(2);
-    return format;
-}
+const QTextBlockFormat centred = rtftest::blockFormat({{QTextFormat::BlockAlignment, int(Qt::AlignHCenter)}});
+const QTextCharFormat italic = rtftest::charFormat({{QTextFormat::FontItalic, true}});
+const QTextListFormat lettered = rtftest::with(
+    QTextListFormat(),
+    {{QTextFormat::ListStyle, int(QTextListFormat::ListLowerAlpha)}, {QTextFormat::ListIndent, 2}});
 
 QTextCursor endOf(QTextDocument* document)
 {
@@ -85,14 +68,14 @@ void appendTable(QTextDocument* document)
 void formatLastParagraph(QTextDocument* document)
 {
     QTextCursor cursor = endOf(document);
-    cursor.setBlockFormat(centred());
-    cursor.setBlockCharFormat(italic());
+    cursor.setBlockFormat(centred);
+    cursor.setBlockCharFormat(italic);
 }
 
 void makeListItem(QTextDocument* document)
 {
     formatLastParagraph(document);
-    QTextCursor(document).createList(lettered());
+    QTextCursor(document).createList(lettered);
 }
 
 /*! Makes \a block an item of the list that the first paragraph is in. */
@@ -105,10 +88,10 @@ void makeRichDocument(QTextDocument* document)
 {
     QTextCursor cursor(document);
     cursor.insertText("plain "_s);
-    cursor.insertText("slanted"_s, italic());
-    cursor.insertBlock(centred(), italic());
+    cursor.insertText("slanted"_s, italic);
+    cursor.insertBlock(centred, italic);
     cursor.insertText("one"_s);
-    QTextList* list = cursor.createList(lettered());
+    QTextList* list = cursor.createList(lettered);
     cursor.insertBlock();
     cursor.insertText("two"_s);
     cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
@@ -116,18 +99,17 @@ void makeRichDocument(QTextDocument* document)
     table->mergeCells(0, 1, 2, 2);
     cursor = table->cellAt(0, 1).firstCursorPosition();
     cursor.insertText("cell"_s);
-    cursor.insertTable(1, 2)->cellAt(0, 1).firstCursorPosition().insertText("inner"_s, italic());
+    cursor.insertTable(1, 2)->cellAt(0, 1).firstCursorPosition().insertText("inner"_s, italic);
     list->add(table->cellAt(2, 2).firstCursorPosition().block());
     cursor = endOf(document);
     cursor.insertImage("picture"_s);
-    cursor.insertBlock(centred(), italic());
+    cursor.insertBlock(centred, italic);
 }
 
 void setPageBreak(const QTextBlock& block, int policy)
 {
-    QTextBlockFormat format = block.blockFormat();
-    format.setProperty(QTextFormat::PageBreakPolicy, policy);
-    QTextCursor(block).setBlockFormat(format);
+    QTextCursor(block).setBlockFormat(
+        rtftest::with(block.blockFormat(), {{QTextFormat::PageBreakPolicy, policy}}));
 }
 
 /*! Makes paragraphs with these policies; none is stated for 0. */
@@ -297,7 +279,7 @@ private slots:
     void pageBreaksKeepFormatsAndLists()
     {
         QTextDocument document("one\ntwo"_s);
-        QTextCursor(&document).setBlockFormat(centred());
+        QTextCursor(&document).setBlockFormat(centred);
         QTextCursor(&document).createList(QTextListFormat::ListDisc);
         addToList(document.lastBlock());
         setPageBreak(document.begin(), After);
@@ -506,12 +488,8 @@ private slots:
                             }});
         add("multi-level list",
             {[](QTextDocument* document) {
-                 ORVTextListLevel level;
-                 level.setText("%0)"_s);
-                 level.setIndent(36);
-                 QTextListFormat format;
-                 ORVTextListFormat::setLevels(format, {level, level});
-                 QTextList* list = QTextCursor(document).createList(format);
+                 const ORVTextListLevel level = rtftest::makeLevel(ORVTextListLevel::Decimal, "%0)"_s, 36);
+                 QTextList* list = QTextCursor(document).createList(rtftest::listFormatWith({level, level}));
                  ORVTextListFormat::setBlockLevel(list, document->begin(), 1);
              },
              appendTable});
@@ -592,8 +570,7 @@ private slots:
         QTextDocument document;
         document.setProperty("topMargin", 12.5);
         document.setProperty("paperSize", QSizeF(100, 200));
-        QTextCharFormat format;
-        format.setFontPointSize(31);
+        const QTextCharFormat format = rtftest::charFormat({{QTextFormat::FontPointSize, 31.0}});
         ORVTextFormat::setDefaultCharFormat(&document, format);
         const QSharedPointer<QTextDocument> copy = cloneOf(document);
         QVERIFY(copy->property("topMargin") == QVariant(12.5));

@@ -79,10 +79,8 @@ private slots:
     {
         QTextDocument document;
         QTextDocument other;
-        QTextCharFormat italic;
-        italic.setFontItalic(true);
-        QTextCharFormat large;
-        large.setFontPointSize(40);
+        const QTextCharFormat italic = rtftest::charFormat({{QTextFormat::FontItalic, true}});
+        const QTextCharFormat large = rtftest::charFormat({{QTextFormat::FontPointSize, 40.0}});
         ORVTextFormat::setDefaultCharFormat(&document, italic);
         QVERIFY(!ORVTextFormat::defaultCharFormat(&other).hasProperty(QTextFormat::FontItalic));
         ORVTextFormat::setDefaultCharFormat(&document, large);
@@ -107,9 +105,7 @@ private slots:
     void weightZeroMakesNormalDefaultFont()
     {
         QTextDocument document;
-        QTextCharFormat format;
-        format.setProperty(QTextFormat::FontWeight, 0);
-        ORVTextFormat::setDefaultCharFormat(&document, format);
+        ORVTextFormat::setDefaultCharFormat(&document, rtftest::charFormat({{QTextFormat::FontWeight, 0}}));
         QCOMPARE(int(document.defaultFont().weight()), int(QFont::Normal));
     }
 

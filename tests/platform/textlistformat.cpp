@@ -1,25 +1,11 @@
 #include "testsupport.h"
 
+using rtftest::listFormatWith;
+using rtftest::makeLevel;
+
 typedef ORVTextListLevel Level;
 
 namespace {
-
-ORVTextListLevel makeLevel(unsigned kind, const QString& text, double indent = 0, double firstLine = 0)
-{
-    ORVTextListLevel level;
-    level.setKind(kind);
-    level.setText(text);
-    level.setIndent(indent);
-    level.setFirstLinePosition(firstLine);
-    return level;
-}
-
-QTextListFormat formatOf(const QList<ORVTextListLevel>& levels)
-{
-    QTextListFormat format;
-    ORVTextListFormat::setLevels(format, levels);
-    return format;
-}
 
 QList<ORVTextListLevel> levelsOf(const QTextListFormat& format)
 {
@@ -48,9 +34,7 @@ public:
     QVariant property(int number, int id) const { return format(number).property(id); }
     void setProperty(int number, int id, const QVariant& value) const
     {
-        QTextBlockFormat changed = format(number);
-        changed.setProperty(id, value);
-        QTextCursor(block(number)).setBlockFormat(changed);
+        QTextCursor(block(number)).setBlockFormat(rtftest::with(format(number), {{id, value}}));
     }
     int level(int number) const { return ORVTextListFormat::blockLevel(list, block(number)); }
     void setLevel(int number, int level) const
@@ -114,13 +98,13 @@ private slots:
 
     void equalLevelsGiveEqualFormats()
     {
-        QVERIFY(formatOf(twoLevels()) == formatOf(twoLevels()));
-        QVERIFY(formatOf(twoLevels()) != formatOf(twoLevels().mid(0, 1)));
+        QVERIFY(listFormatWith(twoLevels()) == listFormatWith(twoLevels()));
+        QVERIFY(listFormatWith(twoLevels()) != listFormatWith(twoLevels().mid(0, 1)));
     }
 
     void noLevelsRemoveStoredOnes()
     {
-        QTextListFormat format = formatOf({makeLevel(Level::LowerRoman, "(%0)"_s, 99, 9)});
+        QTextListFormat format = listFormatWith({makeLevel(Level::LowerRoman, "(%0)"_s, 99, 9)});
         ORVTextListFormat::setLevels(format, {});
         QVERIFY(levelsOf(format) == QList<Level>({makeLevel(Level::LowerRoman, "(%0)"_s, 30, 30)}));
     }
@@ -190,7 +174,7 @@ private slots:
     ORV_ROWS(markerIsShownByQt)
     {
         const Rows add([](const QString& text, const QString& shown) {
-            const ListDocument lists(formatOf({makeLevel(Level::LowerRoman, text)}), 2, 2);
+            const ListDocument lists(listFormatWith({makeLevel(Level::LowerRoman, text)}), 2, 2);
             QCOMPARE(lists.list->itemText(lists.block(1)), shown);
         });
         add("with point", "%0.", "ii.");
@@ -245,7 +229,7 @@ private slots:
 
     void setBlockLevelStoresLevelAndIndents()
     {
-        const ListDocument lists(formatOf(twoLevels()), 3, 3);
+        const ListDocument lists(listFormatWith(twoLevels()), 3, 3);
         QCOMPARE(lists.level(1), 0);
         lists.setProperty(1, QTextFormat::BlockAlignment, int(Qt::AlignHCenter));
         lists.setLevel(0, 0);
@@ -264,19 +248,19 @@ private slots:
 
     void blockLevelOfStranger()
     {
-        const ListDocument lists(formatOf(twoLevels()), 2, 3);
+        const ListDocument lists(listFormatWith(twoLevels()), 2, 3);
         lists.setProperty(2, ORVRtfProperty::ListLevel, 5);
         QCOMPARE(lists.level(2), 0);
         lists.setLevel(1, 1);
         QCOMPARE(ORVTextListFormat::blockLevel(nullptr, lists.block(1)), 0);
         QCOMPARE(ORVTextListFormat::blockLevel(lists.list, QTextBlock()), 0);
-        const ListDocument others(formatOf(twoLevels()), 2, 2);
+        const ListDocument others(listFormatWith(twoLevels()), 2, 2);
         QCOMPARE(ORVTextListFormat::blockLevel(others.list, lists.block(1)), 0);
     }
 
     void negativeLevelCountsAsZero()
     {
-        const ListDocument lists(formatOf(twoLevels()), 1, 1);
+        const ListDocument lists(listFormatWith(twoLevels()), 1, 1);
         lists.setLevel(0, -3);
         QCOMPARE(lists.property(0, ORVRtfProperty::ListLevel), QVariant(0));
         QCOMPARE(lists.property(0, ORVRtfProperty::LeftIndent), QVariant(36.0));
@@ -287,12 +271,12 @@ private slots:
     ORV_ROWS(setBlockLevelKeepsIndentsOfBlock)
     {
         const Rows add([](int ownIndent) {
-            const ListDocument lists(formatOf(twoLevels()), 1, 1);
+            const ListDocument lists(listFormatWith(twoLevels()), 1, 1);
             lists.setProperty(0, ownIndent, 7.0);
-            QTextBlockFormat expected = lists.format(0);
+            const QTextBlockFormat before = lists.format(0);
             lists.setLevel(0, 1);
-            expected.setProperty(ORVRtfProperty::ListLevel, 1);
-            QCOMPARE(lists.format(0).properties(), expected.properties());
+            QCOMPARE(lists.format(0).properties(),
+                     rtftest::with(before, {{ORVRtfProperty::ListLevel, 1}}).properties());
         });
         add("left indent", int(ORVRtfProperty::LeftIndent));
         add("first line", int(QTextFormat::TextIndent));
@@ -307,8 +291,8 @@ private slots:
             QVERIFY(!lists.format(0).hasProperty(ORVRtfProperty::LeftIndent));
             QVERIFY(!lists.format(0).hasProperty(QTextFormat::TextIndent));
         });
-        add("level beyond the last", formatOf(twoLevels()), 2);
-        add("largest level", formatOf(twoLevels()), std::numeric_limits<int>::max());
+        add("level beyond the last", listFormatWith(twoLevels()), 2);
+        add("largest level", listFormatWith(twoLevels()), std::numeric_limits<int>::max());
         add("no levels", QTextListFormat(), 0);
         QTextListFormat stock;
         stock.setStyle(QTextListFormat::ListDisc);
@@ -317,7 +301,7 @@ private slots:
 
     void setBlockLevelOfStrangerDoesNothing()
     {
-        const ListDocument lists(formatOf(twoLevels()), 1, 2);
+        const ListDocument lists(listFormatWith(twoLevels()), 1, 2);
         ORVTextListFormat::setBlockLevel(nullptr, lists.block(0), 1);
         ORVTextListFormat::setBlockLevel(lists.list, QTextBlock(), 1);
         lists.setLevel(1, 1);
@@ -327,7 +311,7 @@ private slots:
 
     void sameLevelAgainChangesNothing()
     {
-        const ListDocument lists(formatOf(twoLevels()), 1, 1);
+        const ListDocument lists(listFormatWith(twoLevels()), 1, 1);
         lists.setLevel(0, 1);
         const int revision = lists.document.revision();
         lists.setLevel(0, 1);

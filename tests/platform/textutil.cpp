@@ -23,19 +23,9 @@ QTextCursor trimmed(QTextDocument* document, int anchor = 0, int position = -1)
     return cursor;
 }
 
-QTextBlockFormat aligned(Qt::Alignment alignment)
-{
-    QTextBlockFormat format;
-    format.setAlignment(alignment);
-    return format;
-}
-
-QTextCharFormat italic()
-{
-    QTextCharFormat format;
-    format.setFontItalic(true);
-    return format;
-}
+const QTextCharFormat italic = charFormat({{QTextFormat::FontItalic, true}});
+const QTextBlockFormat centred = blockFormat({{QTextFormat::BlockAlignment, int(Qt::AlignHCenter)}});
+const QTextBlockFormat rightAligned = blockFormat({{QTextFormat::BlockAlignment, int(Qt::AlignRight)}});
 
 } // namespace
 
@@ -223,30 +213,30 @@ private slots:
 
     void trimKeepsCharacterFormats()
     {
-        const Story story = Story().add("  ").add(" bold", bold()).add(" italic ", italic()).add("  ");
+        const Story story = Story().add("  ").add(" bold", bold()).add(" italic ", italic).add("  ");
         trimmed(story.document());
         const QList<QTextFragment> fragments = fragmentsOf(*story.document());
         QCOMPARE(fragments.size(), 2);
         QCOMPARE(fragments.at(0).text(), "bold"_s);
         QVERIFY(fragments.at(0).charFormat() == bold());
         QCOMPARE(fragments.at(1).text(), " italic"_s);
-        QVERIFY(fragments.at(1).charFormat() == italic());
+        QVERIFY(fragments.at(1).charFormat() == italic);
     }
 
     void trimKeepsFormatsOfTheFirstParagraph()
     {
         QTextDocument document;
         QTextCursor writer(&document);
-        writer.setBlockFormat(aligned(Qt::AlignRight));
+        writer.setBlockFormat(rightAligned);
         writer.insertText("  "_s);
-        writer.insertBlock(aligned(Qt::AlignRight));
-        writer.insertBlock(aligned(Qt::AlignHCenter), italic());
+        writer.insertBlock(rightAligned);
+        writer.insertBlock(centred, italic);
         writer.createList(QTextListFormat::ListDecimal);
         writer.insertText(" text"_s);
         trimmed(&document);
         QCOMPARE(textOf(document), "text"_s);
         QCOMPARE(int(document.begin().blockFormat().alignment()), int(Qt::AlignHCenter));
-        QVERIFY(document.begin().charFormat() == italic());
+        QVERIFY(document.begin().charFormat() == italic);
         QVERIFY(document.begin().textList());
     }
 
@@ -255,9 +245,9 @@ private slots:
     {
         QTextDocument document;
         QTextCursor writer(&document);
-        writer.setBlockFormat(aligned(Qt::AlignRight));
+        writer.setBlockFormat(rightAligned);
         writer.insertText("a "_s);
-        writer.insertBlock(QTextBlockFormat(), italic());
+        writer.insertBlock(QTextBlockFormat(), italic);
         writer.insertText(" b"_s);
         trimmed(&document, 1);
         QCOMPARE(textOf(document), "ab"_s);
@@ -270,7 +260,7 @@ private slots:
         QTextDocument document;
         QTextCursor writer(&document);
         writer.insertText("first"_s);
-        writer.insertBlock(aligned(Qt::AlignRight), italic());
+        writer.insertBlock(rightAligned, italic);
         writer.insertText("last "_s);
         writer.insertBlock(QTextBlockFormat(), QTextCharFormat());
         writer.insertText("  "_s);
@@ -278,7 +268,7 @@ private slots:
         trimmed(&document);
         QCOMPARE(textOf(document), "first\nlast"_s);
         QCOMPARE(int(document.lastBlock().blockFormat().alignment()), int(Qt::AlignRight));
-        QVERIFY(document.lastBlock().charFormat() == italic());
+        QVERIFY(document.lastBlock().charFormat() == italic);
     }
 
     void trimKeepsTables()

@@ -1,25 +1,18 @@
 #include "ORVListLevels.h"
 #include "testsupport.h"
 
+using rtftest::makeLevel;
+
 namespace {
 
+typedef ORVTextListLevel Level;
 typedef QList<int> Levels;
 
-ORVTextListLevel level(ORVTextListLevel::Kind kind, const char* text)
-{
-    ORVTextListLevel level;
-    level.setKind(kind);
-    level.setText(QString::fromUtf8(text));
-    return level;
-}
-
 /*! A document of one list, with an item on each of \a blockLevels. */
-QSharedPointer<QTextDocument> documentOf(const QList<ORVTextListLevel>& levels, const Levels& blockLevels)
+QSharedPointer<QTextDocument> documentOf(const QList<Level>& levels, const Levels& blockLevels)
 {
     const QSharedPointer<QTextDocument> document(new QTextDocument("\n"_s.repeated(blockLevels.size() - 1)));
-    QTextListFormat format;
-    ORVTextListFormat::setLevels(format, levels);
-    QTextList* const list = QTextCursor(document.data()).createList(format);
+    QTextList* const list = QTextCursor(document.data()).createList(rtftest::listFormatWith(levels));
     for (int i = 0; i < blockLevels.size(); ++i) {
         list->add(document->findBlockByNumber(i));
         ORVTextListFormat::setBlockLevel(list, document->findBlockByNumber(i), blockLevels.at(i));
@@ -46,17 +39,17 @@ private slots:
 
     ORV_ROWS(markers)
     {
-        const Rows add(
-            [](const QList<ORVTextListLevel>& templates, const Levels& levels, const QString& markers) {
-                const QSharedPointer<QTextDocument> document = documentOf(templates, levels);
-                ORVListLevels::separate(document.data());
-                QCOMPARE(markersOf(*document), markers);
-            });
-        typedef ORVTextListLevel Level;
-        const QList<Level> plain = {level(Level::Decimal, "%0."), level(Level::LowerLetter, "%0)"),
-                                    level(Level::LowerRoman, "(%0)")};
-        const QList<Level> legal = {level(Level::Decimal, "%0"), level(Level::LowerLetter, "%1.%0"),
-                                    level(Level::LowerRoman, "%2.%1.%0")};
+        const Rows add([](const QList<Level>& templates, const Levels& levels, const QString& markers) {
+            const QSharedPointer<QTextDocument> document = documentOf(templates, levels);
+            ORVListLevels::separate(document.data());
+            QCOMPARE(markersOf(*document), markers);
+        });
+        const QList<Level> plain = {makeLevel(Level::Decimal, "%0."_s),
+                                    makeLevel(Level::LowerLetter, "%0)"_s),
+                                    makeLevel(Level::LowerRoman, "(%0)"_s)};
+        const QList<Level> legal = {makeLevel(Level::Decimal, "%0"_s),
+                                    makeLevel(Level::LowerLetter, "%1.%0"_s),
+                                    makeLevel(Level::LowerRoman, "%2.%1.%0"_s)};
         add("counted anew", plain, {0, 1, 1, 0, 1}, "1. a) b) 2. a)");
         add("goes on behind a deeper level", plain, {0, 1, 2, 2, 1}, "1. a) (i) (ii) b)");
         add("numbers of the levels above", legal, {0, 0, 1, 1, 2, 0, 1}, "1 2 2.a 2.b 2.b.i 3 3.a");
@@ -68,13 +61,10 @@ private slots:
     void numbersAboveFromRightToLeft()
     {
         const QSharedPointer<QTextDocument> document = documentOf(
-            {level(ORVTextListLevel::Decimal, "%0."), level(ORVTextListLevel::LowerLetter, "%1.%0)")},
-            {0, 0, 1});
-        QTextBlockFormat format;
-        format.setLayoutDirection(Qt::RightToLeft);
+            {makeLevel(Level::Decimal, "%0."_s), makeLevel(Level::LowerLetter, "%1.%0)"_s)}, {0, 0, 1});
         QTextCursor cursor(document.data());
         cursor.select(QTextCursor::Document);
-        cursor.mergeBlockFormat(format);
+        cursor.mergeBlockFormat(rtftest::blockFormat({{QTextFormat::LayoutDirection, int(Qt::RightToLeft)}}));
         ORVListLevels::separate(document.data());
         QCOMPARE(markersOf(*document), ".1 .2 )a2."_s);
     }
@@ -82,12 +72,10 @@ private slots:
     // The list of level n adds n steps of 40 pixels more.
     void positionsStay()
     {
-        const QSharedPointer<QTextDocument> document = documentOf(
-            {level(ORVTextListLevel::Bullet, u8"\u2022"), level(ORVTextListLevel::Bullet, "o")}, {0, 1});
+        const QSharedPointer<QTextDocument> document =
+            documentOf({makeLevel(Level::Bullet, QChar(0x2022)), makeLevel(Level::Bullet, "o"_s)}, {0, 1});
         const QTextBlock deep = document->lastBlock();
-        QTextBlockFormat format;
-        format.setLeftMargin(100);
-        QTextCursor(deep).mergeBlockFormat(format);
+        QTextCursor(deep).mergeBlockFormat(rtftest::blockFormat({{QTextFormat::BlockLeftMargin, 100.0}}));
         const int indentBefore = deep.textList()->format().indent();
         ORVListLevels::separate(document.data());
         QCOMPARE(deep.textList()->format().indent(), indentBefore + 1);
@@ -98,7 +86,7 @@ private slots:
 
     void listsOfOneLevelAreLeftAlone()
     {
-        const ORVTextListLevel plain = level(ORVTextListLevel::Decimal, "%0.");
+        const Level plain = makeLevel(Level::Decimal, "%0."_s);
         const QSharedPointer<QTextDocument> document = documentOf({plain, plain}, {0, 0});
         QTextList* const list = document->begin().textList();
         document->clearUndoRedoStacks();

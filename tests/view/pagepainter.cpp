@@ -20,18 +20,14 @@ void insertSquare(QTextCursor cursor, int side)
     cursor.insertImage("square"_s);
 }
 
-QTextBlockFormat pageBreak()
-{
-    QTextBlockFormat format;
-    format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
-    return format;
-}
+const QTextBlockFormat pageBreak =
+    rtftest::blockFormat({{QTextFormat::PageBreakPolicy, int(QTextFormat::PageBreak_AlwaysBefore)}});
 
 /*! Has each paragraph but the first begin a page. */
 void breakParagraphs(QTextDocument* document)
 {
     for (QTextBlock block = document->begin().next(); block.isValid(); block = block.next())
-        QTextCursor(block).mergeBlockFormat(pageBreak());
+        QTextCursor(block).mergeBlockFormat(pageBreak);
 }
 
 QImage painted(const ORVPagePainter& pages, const ORVPageSetup& setup, int resolution, int page)
@@ -193,13 +189,11 @@ private slots:
             QVERIFY2(count > most / 2, qPrintable(QString::number(count)));
             QVERIFY2(count < 2 * most, qPrintable(QString::number(count)));
         });
-        add("page breaks", pageBreak());
-        QTextBlockFormat format;
-        format.setTopMargin(2000);
-        add("space above", format);
-        format = QTextBlockFormat();
-        format.setLineHeight(2000, QTextBlockFormat::FixedHeight);
-        add("high lines", format);
+        add("page breaks", pageBreak);
+        add("space above", rtftest::blockFormat({{QTextFormat::BlockTopMargin, 2000.0}}));
+        add("high lines",
+            rtftest::blockFormat({{QTextFormat::LineHeight, 2000.0},
+                                  {QTextFormat::LineHeightType, int(QTextBlockFormat::FixedHeight)}}));
     }
 
     ORV_ROWS(textStaysOnThePaper)
@@ -207,9 +201,7 @@ private slots:
         const Rows add([](int property, double pixels, int left) {
             QTextDocument document;
             insertSquare(QTextCursor(&document), 10);
-            QTextBlockFormat format;
-            format.setProperty(property, pixels);
-            QTextCursor(&document).mergeBlockFormat(format);
+            QTextCursor(&document).mergeBlockFormat(rtftest::blockFormat({{property, pixels}}));
             QCOMPARE(darkArea(painted(document)).left(), left);
         });
         // The text is 120 pixels wide, begins 24 pixels from the edge, and keeps 24.
@@ -240,10 +232,8 @@ private slots:
             setup.page = {QSizeF(1584, 3168), 0, 0, 0, 0};
             QList<QImage> images;
             for (const QVariant& value : {size, largest}) {
-                QTextCharFormat format;
-                format.setProperty(property, value);
                 QTextDocument document;
-                QTextCursor(&document).insertText("H"_s, format);
+                QTextCursor(&document).insertText("H"_s, rtftest::charFormat({{property, value}}));
                 images << painted(ORVPagePainter(&document, setup, 72), setup, 72, 0);
             }
             QVERIFY(!darkArea(images.at(1)).isNull());

@@ -4,7 +4,9 @@
 #include "QtFormatCompat_p.h"
 #include "testsupport.h"
 
+using rtftest::blockFormat;
 using rtftest::dump;
+using rtftest::listFormatWith;
 using rtftest::Properties;
 using namespace ORVRtfProperty;
 
@@ -18,17 +20,9 @@ const int Below = QTextFormat::BlockBottomMargin;
 const int LineHeight = QTextFormat::LineHeight;
 const int LineHeightType = QTextFormat::LineHeightType;
 
-QTextBlockFormat formatWith(const Properties& properties)
-{
-    QTextBlockFormat format;
-    for (Properties::const_iterator it = properties.begin(); it != properties.end(); ++it)
-        format.setProperty(it.key(), it.value());
-    return format;
-}
-
 QTextBlockFormat indented(double left, double firstLine)
 {
-    return formatWith({{LeftIndent, left}, {FirstLine, firstLine}});
+    return blockFormat({{LeftIndent, left}, {FirstLine, firstLine}});
 }
 
 /*! The format of the text of a document of one run. */
@@ -92,20 +86,9 @@ QTextTableFormat withWidths(double first, double second, QTextTableFormat format
     return format;
 }
 
-QTextListFormat listFormat(const QList<ORVTextListLevel>& levels)
+ORVTextListLevel level(const QString& text, double indent, double firstLine)
 {
-    QTextListFormat format;
-    ORVTextListFormat::setLevels(format, levels);
-    return format;
-}
-
-ORVTextListLevel level(const char* text, double indent, double firstLine)
-{
-    ORVTextListLevel level;
-    level.setText(QString::fromLatin1(text));
-    level.setIndent(indent);
-    level.setFirstLinePosition(firstLine);
-    return level;
+    return rtftest::makeLevel(ORVTextListLevel::Decimal, text, indent, firstLine);
 }
 
 /*! All formats of a document as text: what can be compared before and after. */
@@ -151,7 +134,7 @@ private slots:
     ORV_ROWS(paragraphs)
     {
         const Rows add([](const Properties& application, const Properties& stock) {
-            Paragraph paragraph(formatWith(application));
+            Paragraph paragraph(blockFormat(application));
             const QTextBlockFormat format = paragraph.stockFormat();
             for (Properties::const_iterator it = stock.begin(); it != stock.end(); ++it)
                 QCOMPARE(format.property(it.key()), it.value());
@@ -195,7 +178,7 @@ private slots:
 
     void rightEdgeDependsOnThePage()
     {
-        Paragraph paragraph(formatWith({{RightIndent, 400.0}}));
+        Paragraph paragraph(blockFormat({{RightIndent, 400.0}}));
         ORVPageGeometry page;
         page.paperSize = QSizeF(600, 800);
         page.leftMargin = 100;
@@ -250,8 +233,8 @@ private slots:
     void listItemsStandWhereRtfSays()
     {
         QTextDocument document("hanging\nflat\nstated"_s);
-        QTextList* const list =
-            QTextCursor(&document).createList(listFormat({level("%0.", 36, 18), level("%0)", 72, 72)}));
+        QTextList* const list = QTextCursor(&document).createList(
+            listFormatWith({level("%0."_s, 36, 18), level("%0)"_s, 72, 72)}));
         const QTextBlock second = document.findBlockByNumber(1);
         const QTextBlock third = document.lastBlock();
         list->add(second);
@@ -291,7 +274,7 @@ private slots:
     {
         QTextDocument document;
         const QTextList* const list =
-            QTextCursor(&document).createList(listFormat({level("", 0, 0), level("", 36, 36)}));
+            QTextCursor(&document).createList(listFormatWith({level(""_s, 0, 0), level(""_s, 36, 36)}));
         const QTextListFormat::Style style = list->format().style();
         QVERIFY(style != QTextListFormat::ListStyleUndefined);
         ORVStockFormats::toStock(&document);
@@ -378,9 +361,9 @@ private slots:
     // differ.
     void equalFormatsInAnotherOrderStayDifferent()
     {
-        QTextBlockFormat first = formatWith({{Above, 10.0}});
+        QTextBlockFormat first = blockFormat({{Above, 10.0}});
         first.setBottomMargin(5);
-        QTextBlockFormat second = formatWith({{Below, 5.0}});
+        QTextBlockFormat second = blockFormat({{Below, 5.0}});
         second.setTopMargin(10);
         QVERIFY(first != second);
         Paragraph paragraph(first);
@@ -392,7 +375,7 @@ private slots:
 
     void applicationParagraphsAreLeftAlone()
     {
-        const QTextBlockFormat format = formatWith({{LeftIndent, 36.0}, {FirstLine, 18.0}, {Above, 12.0}});
+        const QTextBlockFormat format = blockFormat({{LeftIndent, 36.0}, {FirstLine, 18.0}, {Above, 12.0}});
         QCOMPARE(dump(Paragraph(format).formatFromStock()), dump(format));
     }
 
@@ -413,7 +396,7 @@ private slots:
             format.setProperty(LineSpacing, -20.0);
             Paragraph paragraph(format);
             ORVStockFormats::toStock(&paragraph.document);
-            paragraph.merge(formatWith(change));
+            paragraph.merge(blockFormat(change));
             const QTextBlockFormat result = paragraph.formatFromStock();
             for (Properties::const_iterator it = application.begin(); it != application.end(); ++it)
                 QCOMPARE(result.property(it.key()), it.value());
@@ -459,7 +442,7 @@ private slots:
     {
         Paragraph paragraph(indented(36.05, 18.3));
         ORVStockFormats::toStock(&paragraph.document);
-        paragraph.merge(formatWith({{QTextFormat::BlockAlignment, int(Qt::AlignRight)}}));
+        paragraph.merge(blockFormat({{QTextFormat::BlockAlignment, int(Qt::AlignRight)}}));
         QTextBlockFormat expected = indented(36.05, 18.3);
         expected.setProperty(QTextFormat::BlockAlignment, int(Qt::AlignRight));
         QCOMPARE(dump(paragraph.formatFromStock()), dump(expected));
@@ -483,7 +466,7 @@ private slots:
     void changedListStyle()
     {
         QTextDocument document;
-        QTextList* const list = QTextCursor(&document).createList(listFormat({level("", 0, 0)}));
+        QTextList* const list = QTextCursor(&document).createList(listFormatWith({level(""_s, 0, 0)}));
         ORVStockFormats::toStock(&document);
         QTextListFormat changed = list->format();
         changed.setStyle(QTextListFormat::ListSquare);
@@ -510,7 +493,7 @@ private slots:
     {
         Paragraph paragraph((QTextBlockFormat()));
         QTextList* const list =
-            QTextCursor(&paragraph.document).createList(listFormat({level("%0.", 36, 18)}));
+            QTextCursor(&paragraph.document).createList(listFormatWith({level("%0."_s, 36, 18)}));
         ORVTextListFormat::setBlockLevel(list, paragraph.document.begin(), 0);
         QTextBlockFormat format = paragraph.stockFormat();
         format.setObjectIndex(-1);
