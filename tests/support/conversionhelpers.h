@@ -1,6 +1,8 @@
 #ifndef CONVERSIONHELPERS_H
 #define CONVERSIONHELPERS_H
 
+#include "literals.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -81,7 +83,7 @@ public:
     Folders() : m_environment("TMPDIR", prepare()) { }
 
     QString path(const QString& name) const { return m_dir.filePath(name); }
-    QString temporary() const { return path(QStringLiteral("temporary")); }
+    QString temporary() const { return path("temporary"_s); }
     /*! Names of what lies in the folder for temporary files. */
     QStringList leftovers() const
     {
@@ -92,7 +94,7 @@ public:
 private:
     QByteArray prepare()
     {
-        if (!QDir(m_dir.path()).mkdir(QStringLiteral("temporary")))
+        if (!QDir(m_dir.path()).mkdir("temporary"_s))
             qFatal("no temporary folder");
         return QFile::encodeName(temporary());
     }
@@ -115,10 +117,9 @@ inline void runProgram(const QString& name, const QStringList& arguments)
 inline void convertWithLibreOffice(const QString& source, const QString& filter, const QString& folder)
 {
     const QTemporaryDir profile;
-    runProgram(QStringLiteral("soffice"),
-               {QStringLiteral("--headless"),
-                QStringLiteral("-env:UserInstallation=file://") + profile.path(),
-                QStringLiteral("--convert-to"), filter, QStringLiteral("--outdir"), folder, source});
+    runProgram("soffice"_s,
+               {"--headless"_s, "-env:UserInstallation=file://"_s + profile.path(), "--convert-to"_s, filter,
+                "--outdir"_s, folder, source});
 }
 
 /*! Documents with RealWords that real programs made: .odt and .docx pandoc, .doc LibreOffice. */
@@ -126,19 +127,17 @@ class RealDocuments {
 public:
     RealDocuments()
     {
-        const QString html = path(QStringLiteral("html"));
+        const QString html = path("html"_s);
         writeFile(html,
                   "<html><head><meta charset=\"utf-8\"></head><body><h1>Heading</h1><p>Gr\xc3\xbc\xc3\x9f"
                   "e <b>strong</b></p><table><tr><td>first</td><td>second</td></tr></table></body></html>");
-        for (const QString& suffix : {QStringLiteral("odt"), QStringLiteral("docx")})
-            runProgram(QStringLiteral("pandoc"),
-                       {QStringLiteral("--output=") + path(suffix), QStringLiteral("--metadata"),
-                        QStringLiteral("title=Title"), html});
-        convertWithLibreOffice(path(QStringLiteral("odt")), QStringLiteral("doc:MS Word 97"), m_dir.path());
+        for (const QString& suffix : {"odt"_s, "docx"_s})
+            runProgram("pandoc"_s, {"--output="_s + path(suffix), "--metadata"_s, "title=Title"_s, html});
+        convertWithLibreOffice(path("odt"_s), "doc:MS Word 97"_s, m_dir.path());
     }
 
     /*! The path of the document with \a suffix: html, odt, docx or doc. */
-    QString path(const QString& suffix) const { return m_dir.filePath(QStringLiteral("real.") + suffix); }
+    QString path(const QString& suffix) const { return m_dir.filePath("real."_s + suffix); }
 
 private:
     QTemporaryDir m_dir;

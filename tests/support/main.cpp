@@ -1,37 +1,21 @@
 #include "registry.h"
 
 #include <cstdio>
-#include <cstring>
-#include <vector>
 
 namespace {
 
-struct Entry {
-    const char* name;
-    registry::Main main;
-};
-
-std::vector<Entry>& entries()
+QMap<QByteArray, registry::Main>& entries()
 {
-    static std::vector<Entry> all;
+    static QMap<QByteArray, registry::Main> all;
     return all;
-}
-
-registry::Main find(const char* name)
-{
-    for (const Entry& entry : entries()) {
-        if (std::strcmp(entry.name, name) == 0)
-            return entry.main;
-    }
-    return nullptr;
 }
 
 // Each in a process of its own, as they need different application objects.
 int runAll(const char* program)
 {
     int failures = 0;
-    for (const Entry& entry : entries())
-        failures += QProcess::execute(QString::fromLocal8Bit(program), {QString::fromUtf8(entry.name)});
+    for (const QByteArray& name : entries().keys())
+        failures += QProcess::execute(QString::fromLocal8Bit(program), {QString::fromUtf8(name)});
     return failures;
 }
 
@@ -39,7 +23,7 @@ int runAll(const char* program)
 
 bool registry::add(const char* name, Main main)
 {
-    entries().push_back({name, main});
+    entries().insert(name, main);
     return true;
 }
 
@@ -51,14 +35,15 @@ int main(int argc, char** argv)
 {
     if (argc < 2)
         return runAll(argv[0]);
-    if (std::strcmp(argv[1], "--list") == 0) {
-        for (const Entry& entry : entries())
-            std::puts(entry.name);
+    const QByteArray name = argv[1];
+    if (name == "--list") {
+        for (const QByteArray& entry : entries().keys())
+            std::puts(entry.constData());
         return 0;
     }
-    const registry::Main run = find(argv[1]);
+    const registry::Main run = entries().value(name);
     if (!run) {
-        std::fprintf(stderr, "%s: no test \"%s\"\n", argv[0], argv[1]);
+        std::fprintf(stderr, "%s: no test \"%s\"\n", argv[0], name.constData());
         return 1;
     }
     // QtTest takes the name of the program from the first argument.

@@ -111,33 +111,31 @@ inline QString shapeOf(const QTextTable* table)
     return QStringLiteral("%1: ").arg(table->columns()) + rows.join(QStringLiteral(" / "));
 }
 
-/*! The tables that stand directly in a document, in their order. */
-inline QList<QTextTable*> tablesOf(const QTextDocument& document)
+/*! The tables that stand directly in a frame or cell, in their order. */
+inline QList<QTextTable*> tablesOf(QTextFrame::iterator it, const QTextFrame::iterator& end)
 {
     QList<QTextTable*> tables;
-    const QTextFrame* root = document.rootFrame();
-    for (QTextFrame::iterator it = root->begin(); it != root->end(); ++it) {
+    for (; it != end; ++it) {
         if (QTextTable* table = qobject_cast<QTextTable*>(it.currentFrame()))
             tables << table;
     }
     return tables;
 }
 
-/*! The first of them, null when there is none. */
+inline QList<QTextTable*> tablesOf(const QTextTableCell& cell)
+{
+    return tablesOf(cell.begin(), cell.end());
+}
+
+inline QList<QTextTable*> tablesOf(const QTextDocument& document)
+{
+    return tablesOf(document.rootFrame()->begin(), document.rootFrame()->end());
+}
+
+/*! The first table of a document, null when there is none. */
 inline QTextTable* firstTable(const Reading& reading)
 {
     return tablesOf(*reading.document).value(0);
-}
-
-/*! The tables that stand directly in a cell, in their order. */
-inline QList<QTextTable*> tablesOf(const QTextTableCell& cell)
-{
-    QList<QTextTable*> tables;
-    for (QTextFrame::iterator it = cell.begin(); it != cell.end(); ++it) {
-        if (QTextTable* table = qobject_cast<QTextTable*>(it.currentFrame()))
-            tables << table;
-    }
-    return tables;
 }
 
 /*! The paragraphs that stand directly in a cell. */

@@ -5,6 +5,7 @@
 #include "testsupport.h"
 
 using rtftest::blockFormat;
+using rtftest::documentLines;
 using rtftest::dump;
 using rtftest::listFormatWith;
 using rtftest::Properties;
@@ -89,31 +90,6 @@ QTextTableFormat withWidths(double first, double second, QTextTableFormat format
 ORVTextListLevel level(const QString& text, double indent, double firstLine)
 {
     return rtftest::makeLevel(ORVTextListLevel::Decimal, text, indent, firstLine);
-}
-
-/*! All formats of a document as text: what can be compared before and after. */
-QStringList formatsOf(const QTextDocument& document)
-{
-    QStringList lines;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        lines << dump(block.blockFormat()) << dump(block.charFormat());
-        if (block.textList())
-            lines << dump(block.textList()->format());
-        for (const QTextFragment& fragment : rtftest::fragmentsOf(block))
-            lines << fragment.text() + QLatin1Char('|') + dump(fragment.charFormat());
-    }
-    QList<QTextFrame*> frames = document.rootFrame()->childFrames();
-    while (!frames.isEmpty()) {
-        QTextFrame* const frame = frames.takeFirst();
-        frames += frame->childFrames();
-        lines << dump(frame->frameFormat());
-        if (QTextTable* const table = qobject_cast<QTextTable*>(frame)) {
-            const QVector<QTextLength> widths = table->format().columnWidthConstraints();
-            for (const QTextLength& width : widths)
-                lines << QString::number(width.rawValue(), 'g', 17);
-        }
-    }
-    return lines;
 }
 
 } // namespace
@@ -322,15 +298,15 @@ private slots:
             const rtftest::Reading reading = rtftest::readBody(rtf);
             QTextDocument* const document = reading.document.data();
             document->setProperty("paperSize", QSizeF(595.3, 841.9));
-            const QStringList formats = formatsOf(*document);
+            const QStringList formats = documentLines(*document);
             const QByteArray written = ORVTextRtf::toRtfCData(document, false);
             ORVStockFormats::toStock(document);
-            const QStringList stockFormats = formatsOf(*document);
+            const QStringList stockFormats = documentLines(*document);
             QVERIFY(stockFormats != formats);
             ORVStockFormats::toStock(document);
-            QCOMPARE(formatsOf(*document), stockFormats);
+            QCOMPARE(documentLines(*document), stockFormats);
             ORVStockFormats::fromStock(document);
-            QCOMPARE(formatsOf(*document), formats);
+            QCOMPARE(documentLines(*document), formats);
             QCOMPARE(ORVTextRtf::toRtfCData(document, false), written);
         });
         add("paragraphs",
@@ -510,9 +486,9 @@ private slots:
             const QByteArray body = rtftest::bodyOf(ORVTextRtf::toRtfData(&document, false, true));
             const QByteArray begin("\\pard\\plain ");
             QCOMPARE(body.mid(body.indexOf(begin) + begin.size(), paragraph.size()), paragraph);
-            const QStringList formats = formatsOf(document);
+            const QStringList formats = documentLines(document);
             ORVStockFormats::fromStock(&document);
-            QCOMPARE(formatsOf(document), formats);
+            QCOMPARE(documentLines(document), formats);
         });
         const QString paragraph = "<p style=\"margin-top:0;margin-bottom:0;%1\">text</p>"_s;
         // A pixel is 15 twips.
