@@ -9,6 +9,46 @@
 /*! Contents of whole documents as lines of text, by which two documents are compared. */
 namespace rtftest {
 
+/*! A line of the properties of \a format, without the number of a list or table, which documents differ in. */
+inline QString formatLine(const QString& name, const QTextFormat& format)
+{
+    Properties properties = propertiesOf(format);
+    properties.remove(QTextFormat::ObjectIndex);
+    return name + QLatin1Char(' ') + dump(properties);
+}
+
+inline QStringList blockLines(const QTextBlock& block)
+{
+    QStringList lines = {formatLine(QStringLiteral("paragraph"), block.blockFormat()),
+                         formatLine(QStringLiteral("its characters"), block.charFormat())};
+    if (const QTextList* list = block.textList()) {
+        lines << QStringLiteral("item %1 of %2").arg(list->itemNumber(block)).arg(list->count())
+              << formatLine(QStringLiteral("list from %1").arg(list->item(0).blockNumber()), list->format());
+    }
+    for (const QTextFragment& fragment : fragmentsOf(block))
+        lines << formatLine(QLatin1Char('"') + fragment.text() + QLatin1Char('"'), fragment.charFormat());
+    return lines;
+}
+
+inline QStringList frameLines(const QTextFrame* frame)
+{
+    QStringList lines(formatLine(QStringLiteral("frame"), frame->frameFormat()));
+    if (const QTextTable* table = qobject_cast<const QTextTable*>(frame)) {
+        const QVector<QTextLength> widths = table->format().columnWidthConstraints();
+        for (const QTextLength& width : widths)
+            lines << QStringLiteral("width %1").arg(width.rawValue(), 0, 'g', 17);
+    }
+    for (QTextFrame::iterator it = frame->begin(); !it.atEnd(); ++it)
+        lines << (it.currentFrame() ? frameLines(it.currentFrame()) : blockLines(it.currentBlock()));
+    return lines << QStringLiteral("end");
+}
+
+/*! All texts and formats of \a document. */
+inline QStringList documentLines(const QTextDocument& document)
+{
+    return frameLines(document.rootFrame());
+}
+
 /*! The tables of \a document, those within cells as part of them, a line each. */
 inline QString tableLines(const QTextDocument& document)
 {
@@ -76,46 +116,6 @@ inline QString listLines(const QTextDocument& document)
     for (const QTextList* list : lists)
         lines << QStringLiteral("style %1").arg(int(list->format().style())) << levelLines(list);
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n') + itemLines(document);
-}
-
-/*! A line of the properties of \a format, without the number of a list or table, which documents differ in. */
-inline QString formatLine(const QString& name, const QTextFormat& format)
-{
-    Properties properties = propertiesOf(format);
-    properties.remove(QTextFormat::ObjectIndex);
-    return name + QLatin1Char(' ') + dump(properties);
-}
-
-inline QStringList blockLines(const QTextBlock& block)
-{
-    QStringList lines = {formatLine(QStringLiteral("paragraph"), block.blockFormat()),
-                         formatLine(QStringLiteral("its characters"), block.charFormat())};
-    if (const QTextList* list = block.textList()) {
-        lines << QStringLiteral("item %1 of %2").arg(list->itemNumber(block)).arg(list->count())
-              << formatLine(QStringLiteral("list from %1").arg(list->item(0).blockNumber()), list->format());
-    }
-    for (const QTextFragment& fragment : fragmentsOf(block))
-        lines << formatLine(QLatin1Char('"') + fragment.text() + QLatin1Char('"'), fragment.charFormat());
-    return lines;
-}
-
-inline QStringList frameLines(const QTextFrame* frame)
-{
-    QStringList lines(formatLine(QStringLiteral("frame"), frame->frameFormat()));
-    if (const QTextTable* table = qobject_cast<const QTextTable*>(frame)) {
-        const QVector<QTextLength> widths = table->format().columnWidthConstraints();
-        for (const QTextLength& width : widths)
-            lines << QStringLiteral("width %1").arg(width.rawValue(), 0, 'g', 17);
-    }
-    for (QTextFrame::iterator it = frame->begin(); !it.atEnd(); ++it)
-        lines << (it.currentFrame() ? frameLines(it.currentFrame()) : blockLines(it.currentBlock()));
-    return lines << QStringLiteral("end");
-}
-
-/*! All texts and formats of \a document. */
-inline QStringList documentLines(const QTextDocument& document)
-{
-    return frameLines(document.rootFrame());
 }
 
 /*! A level of a list; positions in points. */
