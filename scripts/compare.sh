@@ -24,7 +24,7 @@ build_version() {
     local flags
     flags=$(PKG_CONFIG_PATH=$(dirname "$(find "$folder/lib" -name OrvRtf.pc)") pkg-config --cflags --libs OrvRtf Qt5Gui)
     # shellcheck disable=SC2086
-    g++ -std=c++17 -O1 -fPIC "$root/tests/outputs/outputs.cpp" -o "$folder/outputs" $flags \
+    g++ -std=c++17 -O1 -fPIC "$root/scripts/outputs.cpp" -o "$folder/outputs" $flags \
         -Wl,-rpath,"$(dirname "$(find "$folder/lib" -name libOrvRtf.so)")"
 }
 

@@ -1,7 +1,11 @@
 #include "ORVGuiUtil.h"
 #include "ORVTextUtil.h"
 #include "TextDocSupport.h"
+#include "TextTransform.h"
+#include "conversionhelpers.h"
 #include "testsupport.h"
+
+using namespace conversiontest;
 
 namespace {
 
@@ -31,7 +35,28 @@ bool convertsWithoutScreen()
         && ORVTextUtil::defaultFontWeight("Arial"_s, 33) == 33;
 }
 
+/*! What became of two conversions: by a program that works, and by one that hangs. */
+QStringList conversions()
+{
+    const Folders folders;
+    const QString tool = folders.path("tool"_s);
+    writeFile(folders.path("in.docx"_s), "content");
+    TextTransform::setToolPath(ORVImportExport::PandocEngine, tool);
+    TextTransform::setTimeout(300);
+    QStringList results;
+    for (const char* commands : {"cp source.docx output/source.rtf", "sleep 1000"}) {
+        writeScript(tool, commands);
+        QString message;
+        const TextTransform::Error error = TextTransform::transformFileViaTools(
+            folders.path("in.docx"_s), folders.path("out.rtf"_s), ORVFormat::Rtf,
+            ORVImportExport::PandocEngine, &message, true);
+        results << QString::number(error) + message;
+    }
+    return results << QString::fromUtf8(readFile(folders.path("out.rtf"_s))) << folders.leftovers();
+}
+
 bool convertsWithoutApplication = false;
+QStringList conversionsWithoutApplication;
 
 } // namespace
 
@@ -41,7 +66,15 @@ class TestPlatformGuiless : public QObject {
 
 private slots:
     void initTestCase() { QVERIFY(!compat::hasGui()); }
-    void worksWithoutAnyApplicationObject() { QVERIFY(convertsWithoutApplication); }
+    void worksWithoutAnyApplicationObject()
+    {
+        QVERIFY(convertsWithoutApplication);
+        QCOMPARE(conversionsWithoutApplication,
+                 QStringList({QString::number(TextTransform::NoError),
+                              QString::number(TextTransform::ToolTimedOut)
+                                  + "pandoc did not end within 0.3 seconds"_s,
+                              "content"_s}));
+    }
     void worksWithoutScreen() { QVERIFY(convertsWithoutScreen()); }
 
     void fontsAreNotLookedUp()
@@ -83,6 +116,7 @@ private slots:
 static int runTestPlatformGuiless(int argc, char** argv)
 {
     convertsWithoutApplication = convertsWithoutScreen();
+    conversionsWithoutApplication = conversions();
     return registry::run<TestPlatformGuiless, QCoreApplication>(argc, argv);
 }
 

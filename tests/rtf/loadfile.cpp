@@ -1,6 +1,4 @@
-#include "TextTransform.h"
-#include "conversionhelpers.h"
-#include "testsupport.h"
+#include "transformtest.h"
 
 using namespace conversiontest;
 
@@ -9,7 +7,7 @@ namespace {
 const QString OldText = "as before"_s;
 } // namespace
 
-class TestLoadFile : public QObject {
+class TestLoadFile : public TransformTest {
     Q_OBJECT
 
 private slots:
@@ -17,18 +15,8 @@ private slots:
 
     void init()
     {
-        m_folders.reset(new Folders);
+        TransformTest::init();
         m_document.reset(new QTextDocument(OldText));
-        for (int engine = ORVImportExport::LibreOfficeEngine; engine <= ORVImportExport::PandocEngine;
-             ++engine)
-            TextTransform::setToolPath(ORVImportExport::Engine(engine), QString());
-    }
-
-    void cleanup()
-    {
-        const QStringList leftovers = m_folders->leftovers();
-        m_folders.reset();
-        QCOMPARE(leftovers, QStringList());
     }
 
     ORV_ROWS(suffixDecides)
@@ -189,7 +177,7 @@ private slots:
         QCOMPARE(m_errors.size(), 1);
         const QString start = "Failed loading converted RTF file '"_s;
         const QString end = ".rtf'\nError: "_s + "Unmatched '}' in Rich Text file"_s;
-        QVERIFY2(m_errors.first().startsWith(start + m_folders->temporary()), qPrintable(m_errors.first()));
+        QVERIFY2(m_errors.first().startsWith(start + temporary()), qPrintable(m_errors.first()));
         QVERIFY2(m_errors.first().endsWith(end), qPrintable(m_errors.first()));
     }
 
@@ -248,8 +236,6 @@ private slots:
     }
 
 private:
-    QString path(const QString& name) const { return m_folders->path(name); }
-
     void fake(ORVImportExport::Engine engine, const QByteArray& commands) const
     {
         TextTransform::setToolPath(engine, writeScript(path("tool%1"_s.arg(int(engine))), commands));
@@ -262,7 +248,6 @@ private:
         return ORVTextRtf::loadFileIntoDocument(path(name), m_document.data(), engine, &m_errors);
     }
 
-    QScopedPointer<Folders> m_folders;
     QScopedPointer<RealDocuments> m_documents;
     QScopedPointer<QTextDocument> m_document;
     QStringList m_errors;

@@ -25,7 +25,7 @@ protected:
         return convert(source, target, ORVFormat::Rtf, engine, message);
     }
 
-private slots:
+protected slots:
     void init()
     {
         m_folders.reset(new conversiontest::Folders);
