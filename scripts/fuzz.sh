@@ -33,6 +33,7 @@ mkdir -p "$corpus" "$folder/crashes"
 seed_corpus
 log=$logs/fuzz-$target.log
 export QT_QPA_PLATFORM=offscreen
+export ASAN_OPTIONS=intercept_tls_get_addr=0
 export LSAN_OPTIONS=suppressions=$root/tests/support/lsan.supp:print_suppressions=0
 export UBSAN_OPTIONS=print_stacktrace=1
 say "running fuzz_$target for $seconds s"
