@@ -12,7 +12,7 @@
 /*!
     The input of a command: a file, or the standard input for the path "-".
 
-    A device that cannot say where it ends before more data arrives, such as a pipe, needs care: a reader
+    A device whose end is unknown until more data arrives, such as a pipe, needs care: a reader
     would take a pause of the writing program for the end.
 */
 class InputStream {
