@@ -39,6 +39,23 @@ inline void appendLatin1(QString& text, const char* bytes, int length)
 #endif
 }
 
+/*! Whether \a code is a character of Unicode: no surrogate, and not beyond the last plane. */
+inline bool isCharacter(char32_t code)
+{
+    return code <= 0x10FFFF && (code & ~0x7FFu) != 0xD800;
+}
+
+/*! Appends the units of \a code, a character or a surrogate, to \a text: Qt 4 has no function for char32_t. */
+inline void appendCharacter(QString& text, char32_t code)
+{
+    if (QChar::requiresSurrogates(uint(code))) {
+        text += QChar(QChar::highSurrogate(uint(code)));
+        text += QChar(QChar::lowSurrogate(uint(code)));
+    } else {
+        text += QChar(ushort(code));
+    }
+}
+
 } // namespace compat
 
 #endif

@@ -23,7 +23,14 @@ ORVRtfControlWord failed(ORVRtfControlWord::Status status)
 
 } // namespace
 
-ORVRtfControlWord ORVRtfControlWord::scan(const char* data, int available)
+void ORVRtfControlWord::find(const char* spelling, int size, FindPrivate findPrivate)
+{
+    keyWord = ORVRtfWordTable::find(spelling, size);
+    if (keyWord == ORVTextRtfCommon::NoKeyWord && findPrivate)
+        privateWord = findPrivate(spelling, size);
+}
+
+ORVRtfControlWord ORVRtfControlWord::scan(const char* data, int available, FindPrivate findPrivate)
 {
     const int limit = qMin(available, longest);
     if (limit < 2)
@@ -33,14 +40,14 @@ ORVRtfControlWord ORVRtfControlWord::scan(const char* data, int available)
     int end = 1;
     if (!isLetter(data[end])) {
         word.length = 2;
-        word.keyWord = ORVRtfWordTable::find(data, word.length);
+        word.find(data, word.length, findPrivate);
         return word;
     }
     while (end < limit && isLetter(data[end]))
         ++end;
     if (end == limit)
         return failed(TooLong);
-    word.keyWord = ORVRtfWordTable::find(data, end);
+    word.find(data, end, findPrivate);
 
     // A hyphen belongs to the word even when no digit follows it.
     const bool negative = data[end] == '-';

@@ -29,12 +29,12 @@ constexpr ByteSet makeSpecialBytes()
 // A table, as comparing costs twice as much.
 constexpr ByteSet specialBytes = makeSpecialBytes();
 
-bool isSpecial(char c)
-{
-    return specialBytes[static_cast<unsigned char>(c)];
-}
-
 } // namespace
+
+bool ORVRtfInput::isSpecial(char byte)
+{
+    return specialBytes[static_cast<unsigned char>(byte)];
+}
 
 bool ORVRtfInput::fetch(qint64 offset)
 {
@@ -107,7 +107,9 @@ void ORVRtfInput::release(int count)
         m_windowStart += trimSize;
 }
 
-void ORVRtfInput::skipBytes(qint64 count)
+/*! Moves over \a count bytes, handing each piece to \a use. */
+template <typename Use>
+void ORVRtfInput::useBytes(qint64 count, Use use)
 {
     bool ok = true;
     while (count > 0) {
@@ -115,9 +117,20 @@ void ORVRtfInput::skipBytes(qint64 count)
         if (!ok)
             return;
         const int step = int(qMin(count, qint64(available())));
+        use(data(), step);
         release(step);
         count -= step;
     }
+}
+
+void ORVRtfInput::skipBytes(qint64 count)
+{
+    useBytes(count, [](const char*, int) {});
+}
+
+void ORVRtfInput::takeBytes(qint64 count, QByteArray& bytes)
+{
+    useBytes(count, [&bytes](const char* piece, int size) { bytes.append(piece, size); });
 }
 
 int ORVRtfInput::hexadecimalDigits(int limit)

@@ -35,6 +35,9 @@ public:
     const char* data() const { return m_buffer.constData() + m_position; }
     int available() const { return int(m_windowEnd - m_position); }
 
+    /*! Whether \a byte is a backslash, a brace or a line end. */
+    static bool isSpecial(char byte);
+
     /*!
         How many buffered bytes from the read position on, at least one, are no backslash, no brace and no
         line end; the first is not looked at.
@@ -45,6 +48,8 @@ public:
     void release(int count);
     /*! The same for bytes that need not be buffered, as far as the input goes. */
     void skipBytes(qint64 count);
+    /*! The same, with the bytes appended to \a bytes. */
+    void takeBytes(qint64 count, QByteArray& bytes);
     /*!
         How many hexadecimal digits stand at the read position, up to \a limit; they are buffered then. Each
         is looked for with charAt(), so they may go across refills.
@@ -55,6 +60,8 @@ public:
     qint64 pos() const;
 
 private:
+    template <typename Use>
+    void useBytes(qint64 count, Use use);
     bool fetch(qint64 offset);
     void growWindow(qint64 limit);
     bool readDevice();

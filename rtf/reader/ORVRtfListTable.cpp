@@ -19,7 +19,6 @@ ORVRtfList* ORVRtfListTable::lastList()
     return m_lists.isEmpty() ? nullptr : &m_lists.last();
 }
 
-/*! The level that words describe: none while they describe one beyond the limit. */
 ORVTextListLevel* ORVRtfListTable::lastLevel()
 {
     ORVRtfList* list = lastList();

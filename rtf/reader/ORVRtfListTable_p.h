@@ -34,6 +34,8 @@ public:
     void setHybrid();
 
     void beginLevel();
+    /*! The level that words describe; null while they describe one beyond the limit. */
+    ORVTextListLevel* lastLevel();
     /*! Sets the numbering of the level by its `\levelnfc` number; unknown numbers change nothing. */
     void setLevelFormat(int levelNfc);
     /*! Sets the level's left indent, in points; the first line keeps its offset from it. */
@@ -54,7 +56,6 @@ public:
 
 private:
     ORVRtfList* lastList();
-    ORVTextListLevel* lastLevel();
     void buildIndex() const;
 
     QList<ORVRtfList> m_lists;

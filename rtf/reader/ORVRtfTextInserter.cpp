@@ -34,6 +34,15 @@ QTextCursor& ORVRtfTextInserter::place()
     return m_cursor;
 }
 
+QTextCursor& ORVRtfTextInserter::placeBehindText(bool* isBehindParagraph)
+{
+    *isBehindParagraph = m_isBlockWaiting;
+    if (m_isBlockWaiting)
+        m_areFormatsWaiting = false;
+    m_isBlockWaiting = false;
+    return place();
+}
+
 void ORVRtfTextInserter::complete()
 {
     insertWaitingText();
@@ -109,6 +118,18 @@ void ORVRtfTextInserter::insertText(const QString& text, const QTextCharFormat& 
     m_hasText = !text.isEmpty() && !endsParagraph(text.at(text.size() - 1));
     if (!m_hasText || m_text.size() >= largestPiece)
         insertWaitingText();
+}
+
+void ORVRtfTextInserter::removeEmptyBlock()
+{
+    complete();
+    QTextCursor previous = m_cursor;
+    if (m_cursor.block().length() != 1 || !previous.movePosition(QTextCursor::PreviousBlock)
+        || previous.currentFrame() != m_cursor.currentFrame())
+        return;
+    m_cursor.deletePreviousChar();
+    m_isParagraphKnown = false;
+    endBlock();
 }
 
 void ORVRtfTextInserter::endBlock()

@@ -25,6 +25,12 @@ public:
     /*! The cursor itself, in a document that is complete up to it. */
     QTextCursor& place();
 
+    /*!
+        The same, directly behind the text: a paragraph that has ended is not followed by another one, and
+        \a isBehindParagraph is set.
+    */
+    QTextCursor& placeBehindText(bool* isBehindParagraph);
+
     /*! Inserts everything that waits. */
     void complete();
 
@@ -32,6 +38,12 @@ public:
     void setBlockFormats(const ORVRtfParagraph& paragraph, const QTextCharFormat& charFormat);
 
     void insertText(const QString& text, const QTextCharFormat& format);
+
+    /*!
+        Takes the empty paragraph at the place out of the document; it waits again. Does nothing where no
+        paragraph of the same frame stands before it.
+    */
+    void removeEmptyBlock();
 
     /*! Ends the paragraph. The next one is like it until it is given formats. */
     void endBlock();

@@ -122,16 +122,21 @@ void ORVTextRtfReaderPrivate::finalizePicture()
         return;
     const QImage image = m_picture.decode(m_binaryData);
     commitBlockFormat();
-    if (!image.isNull()) {
-        const QString name = ORVGuiUtil::resourceId(image);
-        // A cell's own document hands its text on to the target document, but not its pictures.
-        m_document->addResource(QTextDocument::ImageResource, QUrl(name), image);
-        m_inserter.place().insertImage(
-            m_picture.imageFormat(image, name, m_binaryData, m_pictureNumber, m_state.charFormat));
-        if (m_picture.fileName.isEmpty())
-            ++m_pictureNumber;
-    }
+    if (!image.isNull())
+        insertPicture(image, m_binaryData);
     m_picture = ORVRtfPicture();
+}
+
+/*! Inserts \a image, which was decoded from \a data, in the place of the current picture. */
+void ORVTextRtfReaderPrivate::insertPicture(const QImage& image, const QByteArray& data)
+{
+    const QString name = ORVGuiUtil::resourceId(image);
+    // A cell's own document hands its text on to the target document, but not its pictures.
+    m_document->addResource(QTextDocument::ImageResource, QUrl(name), image);
+    m_inserter.place().insertImage(
+        m_picture.imageFormat(image, name, data, m_pictureNumber, m_state.charFormat));
+    if (m_picture.fileName.isEmpty())
+        ++m_pictureNumber;
 }
 
 /*!

@@ -123,8 +123,14 @@ int ORVTextRtfReaderPrivate::parseContent()
         if (result == NoError)
             result = status;
     }
-    m_inserter.complete();
+    endRead();
     return result;
+}
+
+/*! What the document holds when its input has ended. */
+void ORVTextRtfReaderPrivate::endRead()
+{
+    m_inserter.complete();
 }
 
 int ORVTextRtfReaderPrivate::parseKeyword()
@@ -139,7 +145,7 @@ int ORVTextRtfReaderPrivate::scanControlWord(ORVRtfControlWord& word)
 {
     // The look-ahead fetches at most one more line: enough for any control word.
     m_input.charAt(ORVRtfControlWord::longest);
-    word = ORVRtfControlWord::scan(m_input.data(), m_input.available());
+    word = ORVRtfControlWord::scan(m_input.data(), m_input.available(), m_findPrivateWord);
     if (word.status != ORVRtfControlWord::Complete) {
         // Without its backslash the rest is text, and the rest of the document can be read.
         m_input.release(1);
@@ -255,10 +261,16 @@ void ORVTextRtfReaderPrivate::drawBodyText()
     m_inserter.insertText(m_pendingText, m_state.charFormat);
 }
 
-void ORVTextRtfReaderPrivate::commitBlockFormat()
+/*! Closes the tables that the paragraph does not stand in. */
+void ORVTextRtfReaderPrivate::placeParagraph()
 {
     if (m_tables.commitParagraph())
         finalizeTables(m_tables.paragraphLevel());
+}
+
+void ORVTextRtfReaderPrivate::commitBlockFormat()
+{
+    placeParagraph();
     m_inserter.setBlockFormats(m_paragraph, m_state.charFormat);
 }
 

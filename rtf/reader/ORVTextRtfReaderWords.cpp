@@ -201,7 +201,7 @@ int ORVTextRtfReaderPrivate::translateControlWord(KeyWord keyWord, bool hasParam
     case TableRowBorderBottom: m_tables.setBordersAreOfCells(false); break;
     case BorderWidth: m_tables.setBorderWidth(points(n)); break;
     case SingleWidthBorder: m_tables.setBorderWidth(1.0); break;
-    case BorderColor: setBorderColor(hasParameter, n); break;
+    case BorderColor: m_tables.setBorderColor(borderColor(hasParameter, n)); break;
     case NoBorder: m_tables.clearBorder(); break;
     case EndCell:
     case EndNestedCell: endCell(); break;
@@ -587,10 +587,10 @@ void ORVTextRtfReaderPrivate::setCellColor(int number)
         row.currentDefinition().backgroundColor = QColor(*color);
 }
 
-void ORVTextRtfReaderPrivate::setBorderColor(bool hasParameter, int number)
+QColor ORVTextRtfReaderPrivate::borderColor(bool hasParameter, int number) const
 {
     const QRgb* const color = hasParameter ? m_colors.find(number) : nullptr;
-    m_tables.setBorderColor(color ? QColor(*color) : defaultForegroundColor());
+    return color ? QColor(*color) : defaultForegroundColor();
 }
 
 void ORVTextRtfReaderPrivate::setPictureType(const char* type)

@@ -57,12 +57,14 @@ protected:
     /*! Scans the control word at the read position and has it translated. */
     int parseKeyword();
 
+    // Words that only another dialect of RTF knows.
+    ORVRtfControlWord::FindPrivate m_findPrivateWord = nullptr;
+
     // Above zero inside a group that is skipped: the number of its open braces.
     int m_skipDepth = 0;
 
-private:
     /*! What a group is: where its text goes and what its end does. */
-    enum Destination {
+    enum Destination : int {
         Body = 0,
         FontTableGroup,
         ColorTableGroup,
@@ -80,7 +82,9 @@ private:
         FieldResultGroup,
         AnnotationReferenceGroup,
         AnnotationRangeStartGroup,
-        AnnotationRangeEndGroup
+        AnnotationRangeEndGroup,
+        // Other dialects go on from here.
+        LastDestination = AnnotationRangeEndGroup
     };
 
     /*! What bytes outside control words are. */
@@ -100,19 +104,21 @@ private:
     };
 
     // The read, groups, and the document (ORVTextRtfReaderPrivate.cpp)
-    void beginRead(QTextDocument* document, bool removeInvalidChars);
+    virtual void beginRead(QTextDocument* document, bool removeInvalidChars);
+    virtual void endRead();
     int parseFile();
     int parseContent();
     int scanControlWord(ORVRtfControlWord& word);
-    int actOn(const ORVRtfControlWord& word);
-    void takeText();
-    int pushProperties();
-    int popProperties();
-    void drawText();
+    virtual int actOn(const ORVRtfControlWord& word);
+    virtual void takeText();
+    virtual int pushProperties();
+    virtual int popProperties();
+    virtual void drawText();
     void drawPendingText();
     void cleanPendingText();
-    void drawBodyText();
+    virtual void drawBodyText();
     void commitBlockFormat();
+    virtual void placeParagraph();
     void initializeTables(int level);
     void endCell();
     void finalizeRow();
@@ -168,7 +174,7 @@ private:
     void setTableLevel(int level);
     ORVTextRtfRow& openRow();
     void setCellColor(int number);
-    void setBorderColor(bool hasParameter, int number);
+    QColor borderColor(bool hasParameter, int number) const;
     void setPictureType(const char* type);
     void translateListTableWord(KeyWord keyWord, int parameter);
     void setListId(int id);
@@ -180,13 +186,14 @@ private:
     void openColorTable();
     void openListOverride();
     void openPictureData(Destination destination);
-    void drawDestinationText();
+    virtual void drawDestinationText();
     void drawColorTableText();
     void finalizeDestination();
-    void setFontFamily(const QString& name);
+    virtual void setFontFamily(const QString& name);
     void finalizeFontTable();
     void finalizeColorTable();
     void finalizePicture();
+    void insertPicture(const QImage& image, const QByteArray& data);
     void finalizeFieldInstruction();
     void setLink(QTextCharFormat& format, const QString& target);
 

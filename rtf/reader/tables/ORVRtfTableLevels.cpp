@@ -2,7 +2,6 @@
 
 #include "ORVTextRtfTable_p.h"
 
-#include <QtGui/QBrush>
 #include <QtGui/QTextDocument>
 
 void ORVRtfTableLevels::beginParagraph()
@@ -117,33 +116,25 @@ void ORVRtfTableLevels::setLastRow()
         row().lastRow = true;
 }
 
-/*! The format that border words change; null when they describe nothing that is kept. */
-QTextTableFormat* ORVRtfTableLevels::borderFormat()
+bool ORVRtfTableLevels::areBordersKept() const
 {
-    return m_bordersAreOfCells && isOpen() ? &row().tableFormat : nullptr;
+    return m_bordersAreOfCells && isOpen();
 }
 
 void ORVRtfTableLevels::setBorderWidth(double points)
 {
-    if (QTextTableFormat* const format = borderFormat()) {
-        format->setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-        format->setBorder(points);
-    }
+    if (areBordersKept())
+        row().setBorderWidth(points);
 }
 
 void ORVRtfTableLevels::setBorderColor(const QColor& color)
 {
-    if (QTextTableFormat* const format = borderFormat()) {
-        format->setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-        format->setBorderBrush(QBrush(color));
-    }
+    if (areBordersKept())
+        row().setBorderColor(color);
 }
 
 void ORVRtfTableLevels::clearBorder()
 {
-    if (QTextTableFormat* const format = borderFormat()) {
-        format->setBorderStyle(QTextFrameFormat::BorderStyle_None);
-        format->clearProperty(QTextFormat::FrameBorder);
-        format->clearProperty(QTextFormat::FrameBorderBrush);
-    }
+    if (areBordersKept())
+        row().clearBorder();
 }

@@ -69,7 +69,7 @@ private:
     QTextCursor cellPlace();
     void addToTable(ORVTextRtfRow& row, double textWidth);
     void insertTable(ORVTextRtfRow& row, double textWidth);
-    QTextTableFormat* borderFormat();
+    bool areBordersKept() const;
 
     // Innermost on top.
     QStack<ORVTextRtfRow> m_rows;

@@ -2,6 +2,8 @@
 
 #include "ORVRtfLimits_p.h"
 
+#include <QtGui/QBrush>
+#include <QtGui/QTextBlock>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextDocumentFragment>
 
@@ -23,11 +25,24 @@ QSharedPointer<QTextDocument> ORVTextRtfCell::document()
     return m_document;
 }
 
-QSharedPointer<QTextDocument> ORVTextRtfCell::finishedDocument()
+ORVTextRtfCell ORVTextRtfCell::empty()
 {
-    QSharedPointer<QTextDocument> finished = document();
-    QTextCursor(finished.data()).endEditBlock();
-    return finished;
+    ORVTextRtfCell cell;
+    cell.closed = true;
+    cell.m_isFinished = true;
+    return cell;
+}
+
+void ORVTextRtfCell::finish()
+{
+    if (m_isFinished)
+        return;
+    m_isFinished = true;
+    // Qt does not report the frames of a document while an edit block is open.
+    QTextCursor(document().data()).endEditBlock();
+    m_content = ORVRtfCellContent(m_document);
+    m_charFormat = m_document->begin().charFormat();
+    m_document.clear();
 }
 
 ORVTextRtfRow::ORVTextRtfRow()
@@ -118,4 +133,23 @@ bool ORVTextRtfRow::isDefinedTwice() const
             return false;
     }
     return true;
+}
+
+void ORVTextRtfRow::setBorderWidth(double points)
+{
+    tableFormat.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    tableFormat.setBorder(points);
+}
+
+void ORVTextRtfRow::setBorderColor(const QColor& color)
+{
+    tableFormat.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    tableFormat.setBorderBrush(QBrush(color));
+}
+
+void ORVTextRtfRow::clearBorder()
+{
+    tableFormat.setBorderStyle(QTextFrameFormat::BorderStyle_None);
+    tableFormat.clearProperty(QTextFormat::FrameBorder);
+    tableFormat.clearProperty(QTextFormat::FrameBorderBrush);
 }

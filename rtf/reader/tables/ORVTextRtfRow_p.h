@@ -1,6 +1,8 @@
 #ifndef ORVTEXTRTFROW_P_H
 #define ORVTEXTRTFROW_P_H
 
+#include "ORVRtfCellContent_p.h"
+
 #include <QtCore/QList>
 #include <QtCore/QSharedPointer>
 #include <QtGui/QColor>
@@ -26,16 +28,26 @@ struct ORVTextRtfCellDefinition {
 /*! One cell of the row being read. Its text goes into a document of its own, which copies share. */
 class ORVTextRtfCell {
 public:
+    /*! A cell that has ended and holds nothing. */
+    static ORVTextRtfCell empty();
+
     /*! The cell's document, made when first asked for. */
     QSharedPointer<QTextDocument> document();
-    /*! The cell's document when it is complete. Qt does not report the frames in it before. */
-    QSharedPointer<QTextDocument> finishedDocument();
     bool hasDocument() const { return !m_document.isNull(); }
+
+    /*! Ends the cell's text, unless that was done. Its document goes, and what it held can be asked for. */
+    void finish();
+    ORVRtfCellContent& content() { return m_content; }
+    /*! The format of the first paragraph's end. */
+    const QTextCharFormat& charFormat() const { return m_charFormat; }
 
     bool closed = false;
 
 private:
     QSharedPointer<QTextDocument> m_document;
+    ORVRtfCellContent m_content;
+    QTextCharFormat m_charFormat;
+    bool m_isFinished = false;
 };
 
 /*! The state of one open table level: the row being read, and where the table goes. */
@@ -61,6 +73,12 @@ struct ORVTextRtfRow {
     void insertContinuation(int index);
     /*! Leaves out the boundary at \a index: the cells on its two sides become one. */
     void removeBoundary(int index);
+
+    /*! Gives the table a line of \a points, or of \a color: one for all of its cells and sides. */
+    void setBorderWidth(double points);
+    void setBorderColor(const QColor& color);
+    /*! Takes the line away. */
+    void clearBorder();
 
     QTextTableFormat tableFormat;
     QList<ORVTextRtfCellDefinition> cellDefinitions;

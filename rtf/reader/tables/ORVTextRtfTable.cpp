@@ -195,6 +195,7 @@ void ORVTextRtfTable::fillLastRow(ORVTextRtfRow& row)
                 mergeCells(above.row, above.column, last - above.row + 1, above.columnSpan);
             }
         } else if (!definition.mergeWithPrevious) {
+            row.cells[column].finish();
             fillCell(column, definition, row.cells[column]);
         } else if (column > 0) {
             const Cell left = cellAt(last, column - 1);
@@ -209,9 +210,8 @@ void ORVTextRtfTable::fillCell(int column, const ORVTextRtfCellDefinition& defin
     if (definition.backgroundColor.isValid())
         cell.format.setBackground(QBrush(definition.backgroundColor));
     cell.format.setProperty(QTextFormat::TextVerticalAlignment, definition.verticalAlignment);
-    const QSharedPointer<QTextDocument> document = source.finishedDocument();
-    cell.format.merge(document->begin().charFormat());
-    cell.content.append(ORVRtfCellContent(document));
+    cell.format.merge(source.charFormat());
+    cell.content.append(source.content());
 }
 
 /*! Whether no cell stands across an edge of the rectangle that begins with \a cell. */
