@@ -22,7 +22,8 @@ BELOW = {
     "rtf/reader": ["rtf/reader/tables"],
     "rtf/stripper": ["rtf/reader"],
     "rtf/writer": ["rtf/bytes"],
-    "rtf/*.cpp": ["rtf/stripper", "rtf/writer"],
+    "rtf/interchange": ["rtf/reader", "rtf/writer"],
+    "rtf/*.cpp": ["rtf/stripper", "rtf/interchange"],
     "view": ["rtf/*.cpp"],
     **dict.fromkeys(["examples", "imageformats", "tools"], ["view"]),
 }
