@@ -28,6 +28,53 @@ bool failedToWrite(const QString& fileName, qint64 size, qint64 written, QString
     return false;
 }
 
+enum Dialect { Storage, Interchange };
+
+bool readData(const QByteArray& data, QTextDocument* document, QString* errorMessage, Dialect dialect)
+{
+    if (!document)
+        return false;
+    QBuffer buffer;
+    buffer.setData(data);
+    if (!buffer.open(QIODevice::ReadOnly))
+        return false;
+    ORVTextRtfReader reader(&buffer);
+    reader.setInterchange(dialect == Interchange);
+    if (reader.read(document))
+        return true;
+    assign(errorMessage, reader.errorString());
+    return false;
+}
+
+bool readFile(const QString& fileName, QTextDocument* document, QString* errorMessage, Dialect dialect)
+{
+    QFile file(fileName);
+    if (!file.exists() || !file.open(QIODevice::ReadOnly))
+        return false;
+    return readData(file.readAll(), document, errorMessage, dialect);
+}
+
+bool readMimeData(const QString& type, const QMimeData* mime, QTextDocument* document, Dialect dialect)
+{
+    if (!document || !mime || !mime->hasFormat(type))
+        return false;
+    const QByteArray data = mime->data(type);
+    return !data.isEmpty() && readData(data, document, nullptr, dialect);
+}
+
+/*! Reads the first type of \a mime that is sound. */
+bool readMimeData(const QMimeData* mime, QTextDocument* document, Dialect dialect)
+{
+    if (!document)
+        return false;
+    const QStringList types = ORV::rtfMimeTypes();
+    for (const QString& type : types) {
+        if (readMimeData(type, mime, document, dialect))
+            return true;
+    }
+    return false;
+}
+
 /*! \a document as \a writer, with the settings it has, writes it; empty when it cannot be written. */
 QByteArray writtenData(ORVTextRtfWriter& writer, const QTextDocument* document, bool inPlace)
 {
@@ -43,17 +90,12 @@ QByteArray writtenData(ORVTextRtfWriter& writer, const QTextDocument* document, 
 
 bool ORVTextRtf::fromRtfData(const QByteArray& data, QTextDocument* document, QString* errorMessage)
 {
-    if (!document)
-        return false;
-    QBuffer buffer;
-    buffer.setData(data);
-    if (!buffer.open(QIODevice::ReadOnly))
-        return false;
-    ORVTextRtfReader reader(&buffer);
-    if (reader.read(document))
-        return true;
-    assign(errorMessage, reader.errorString());
-    return false;
+    return readData(data, document, errorMessage, Storage);
+}
+
+bool ORVTextRtf::importRtfData(const QByteArray& data, QTextDocument* document, QString* errorMessage)
+{
+    return readData(data, document, errorMessage, Interchange);
 }
 
 bool ORVTextRtf::fromRtfCData(const QByteArray& data, QTextDocument* document)
@@ -103,10 +145,12 @@ QByteArray ORVTextRtf::textToRtf(const QString& text, const QFont* font)
 
 bool ORVTextRtf::fromRtfFile(const QString& fileName, QTextDocument* document, QString* errorMessage)
 {
-    QFile file(fileName);
-    if (!file.exists() || !file.open(QIODevice::ReadOnly))
-        return false;
-    return fromRtfData(file.readAll(), document, errorMessage);
+    return readFile(fileName, document, errorMessage, Storage);
+}
+
+bool ORVTextRtf::importRtfFile(const QString& fileName, QTextDocument* document, QString* errorMessage)
+{
+    return readFile(fileName, document, errorMessage, Interchange);
 }
 
 bool ORVTextRtf::toRtfFile(const QString& fileName, const QTextDocument* document, QString* errorMessage,
@@ -180,22 +224,17 @@ bool ORVTextRtf::hasRtfMimeData(const QMimeData* mime)
 
 bool ORVTextRtf::fromRtfMimeData(const QMimeData* mime, QTextDocument* document)
 {
-    if (!document)
-        return false;
-    const QStringList types = ORV::rtfMimeTypes();
-    for (const QString& type : types) {
-        if (parseRtfMimeData(type, mime, document))
-            return true;
-    }
-    return false;
+    return readMimeData(mime, document, Storage);
+}
+
+bool ORVTextRtf::importRtfMimeData(const QMimeData* mime, QTextDocument* document)
+{
+    return readMimeData(mime, document, Interchange);
 }
 
 bool ORVTextRtf::parseRtfMimeData(const QString& type, const QMimeData* mime, QTextDocument* document)
 {
-    if (!document || !mime || !mime->hasFormat(type))
-        return false;
-    const QByteArray data = mime->data(type);
-    return !data.isEmpty() && fromRtfData(data, document, nullptr);
+    return readMimeData(type, mime, document, Storage);
 }
 
 void ORVTextRtf::setOrvellineMarkupRtfMimeData(QMimeData* mime, const QTextDocument* document, bool inPlace)

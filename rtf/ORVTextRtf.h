@@ -37,6 +37,11 @@ public:
     */
     static bool fromRtfData(const QByteArray& data, QTextDocument* document, QString* errorMessage);
 
+    /*!
+        As fromRtfData(), for RTF from other programs, see ORVTextRtfReader::setInterchange().
+    */
+    static bool importRtfData(const QByteArray& data, QTextDocument* document, QString* errorMessage);
+
     /*! As fromRtfData(), for RTF in the application's own storage form, without a message. */
     static bool fromRtfCData(const QByteArray& data, QTextDocument* document);
 
@@ -69,6 +74,9 @@ public:
         fromRtfData().
     */
     static bool fromRtfFile(const QString& fileName, QTextDocument* document, QString* errorMessage);
+
+    /*! As fromRtfFile(), for RTF from other programs, see ORVTextRtfReader::setInterchange(). */
+    static bool importRtfFile(const QString& fileName, QTextDocument* document, QString* errorMessage);
 
     /*!
         Writes \a document to the file \a fileName and checks every step (open, write, flush). On failure \a
@@ -106,6 +114,9 @@ public:
         contains what could be read of the last type. If there was no RTF at all, it is unchanged.
     */
     static bool fromRtfMimeData(const QMimeData* mime, QTextDocument* document);
+
+    /*! As fromRtfMimeData(), for RTF from other programs, see ORVTextRtfReader::setInterchange(). */
+    static bool importRtfMimeData(const QMimeData* mime, QTextDocument* document);
 
     /*!
         Replaces the content of \a document by the RTF that \a mime has under \a type.

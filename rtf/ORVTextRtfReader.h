@@ -33,6 +33,15 @@ public:
     QIODevice* device() const;
 
     /*!
+        Whether RTF is read as word processors mean it, and not in the storage form of this library, which is
+        the default; docs/interchange.md has the differences. A change forgets what earlier reads have found.
+        A stripper has the storage form only.
+    */
+    void setInterchange(bool interchange);
+    /*! The setting; always false for a stripper. */
+    bool interchange() const;
+
+    /*!
         Replaces the content of \a document by what the device holds, starting from the document's default
         character format and with the static defaults below.
 
@@ -84,10 +93,14 @@ protected:
     /*! Adopts the private object of a subclass. */
     explicit ORVTextRtfReader(ORVTextRtfReaderPrivate* dd);
     /*! What the reader is made of; deleted with it. */
-    ORVTextRtfReaderPrivate* const d;
+    ORVTextRtfReaderPrivate* d;
 
 private:
     Q_DISABLE_COPY(ORVTextRtfReader)
+
+    // A subclass has a private object of its own.
+    const bool m_hasDialects;
+    bool m_interchange = false;
 };
 
 #endif

@@ -1,5 +1,6 @@
 #include "ORVTextRtfReader.h"
 
+#include "ORVRtfInterchangeReader_p.h"
 #include "ORVTextFormat.h"
 #include "ORVTextRtfReader_p.h"
 
@@ -32,14 +33,14 @@ const int errorMessageCount = int(sizeof(errorMessages) / sizeof(errorMessages[0
 
 } // namespace
 
-ORVTextRtfReader::ORVTextRtfReader() : d(new ORVTextRtfReaderPrivate) { }
+ORVTextRtfReader::ORVTextRtfReader() : d(new ORVTextRtfReaderPrivate), m_hasDialects(true) { }
 
-ORVTextRtfReader::ORVTextRtfReader(QIODevice* device) : d(new ORVTextRtfReaderPrivate)
+ORVTextRtfReader::ORVTextRtfReader(QIODevice* device) : d(new ORVTextRtfReaderPrivate), m_hasDialects(true)
 {
     setDevice(device);
 }
 
-ORVTextRtfReader::ORVTextRtfReader(ORVTextRtfReaderPrivate* dd) : d(dd) { }
+ORVTextRtfReader::ORVTextRtfReader(ORVTextRtfReaderPrivate* dd) : d(dd), m_hasDialects(false) { }
 
 ORVTextRtfReader::~ORVTextRtfReader()
 {
@@ -54,6 +55,22 @@ void ORVTextRtfReader::setDevice(QIODevice* device)
 QIODevice* ORVTextRtfReader::device() const
 {
     return d->m_input.device();
+}
+
+void ORVTextRtfReader::setInterchange(bool interchange)
+{
+    if (!m_hasDialects || interchange == m_interchange)
+        return;
+    QIODevice* const input = device();
+    delete d;
+    d = interchange ? new ORVRtfInterchangeReader : new ORVTextRtfReaderPrivate;
+    setDevice(input);
+    m_interchange = interchange;
+}
+
+bool ORVTextRtfReader::interchange() const
+{
+    return m_interchange;
 }
 
 bool ORVTextRtfReader::read(QTextDocument* document)

@@ -1,0 +1,230 @@
+#include "ORVRtfInterchangeReader_p.h"
+
+#include "ORVRtfCodePages_p.h"
+#include "ORVRtfHexadecimal_p.h"
+#include "QtFontCompat_p.h"
+#include "QtStringCompat_p.h"
+
+namespace {
+
+int findPrivateWord(const char* spelling, int length)
+{
+    return ORVRtfInterchangeWords::find(spelling, length);
+}
+
+} // namespace
+
+ORVRtfInterchangeReader::ORVRtfInterchangeReader() : m_builder(m_inserter)
+{
+    m_findPrivateWord = findPrivateWord;
+}
+
+void ORVRtfInterchangeReader::beginRead(QTextDocument* document, bool removeInvalidChars)
+{
+    ORVTextRtfReaderPrivate::beginRead(document, removeInvalidChars);
+    m_fonts = ORVRtfFontTable();
+    m_colors = ORVRtfColorTable();
+    m_lists = ORVRtfListTable();
+    m_defaultFont = 0;
+    m_currentFont = 0;
+    m_documentCodePage = ORVRtfCodePages::latin1Windows;
+    m_isDocumentCodePageStated = false;
+    m_fontWithStatedPage = -1;
+    m_symbolFonts.clear();
+    m_decoder.reset();
+    m_fallback = 0;
+    m_isPendingSymbols = false;
+    m_own = State();
+    m_ownGroups.clear();
+    m_builder.reset();
+    m_isInCellBorder = false;
+    m_hasShownText = false;
+    m_isDocumentClosed = false;
+    m_pictureData = ORVRtfPictureData();
+    m_isPictureShown = false;
+    m_isShapeShown = false;
+    m_fieldText.clear();
+}
+
+/*!
+    What stands behind the last control word, and the cells that have not ended, belong to the document too;
+    text behind its last brace does not.
+*/
+void ORVRtfInterchangeReader::endRead()
+{
+    if (m_isDocumentClosed && m_groups.isEmpty())
+        m_pendingText.resize(0);
+    giveUpCharacter();
+    ORVTextRtfReaderPrivate::drawText();
+    if (isIn(PictureGroup))
+        endPicture();
+    m_builder.textWidth = m_page.textWidth();
+    m_builder.endTables();
+    ORVTextRtfReaderPrivate::endRead();
+}
+
+int ORVRtfInterchangeReader::actOn(const ORVRtfControlWord& word)
+{
+    // Raw bytes are no RTF, also where they are skipped.
+    if (word.keyWord == BinaryData) {
+        m_fallback = qMax(0, m_fallback - 1);
+        m_ignorableDestination = false;
+        if (m_skipDepth == 0 && isIn(PictureGroup))
+            m_input.takeBytes(word.parameter, m_pictureData.bytes());
+        else
+            m_input.skipBytes(word.parameter);
+        return NoError;
+    }
+    if (m_fallback > 0 && word.keyWord != UnicodeCharacterValue) {
+        skipFallback(word.keyWord);
+        return NoError;
+    }
+    m_fallback = 0;
+    if (m_skipDepth > 0 || word.privateWord == ORVRtfInterchangeWords::None)
+        return ORVTextRtfReaderPrivate::actOn(word);
+    m_ignorableDestination = false;
+    return translatePrivateWord(ORVRtfInterchangeWords::Word(word.privateWord), word.hasParameter,
+                                word.parameter);
+}
+
+/*! A control word in the fallback of a Unicode character counts as one character. */
+void ORVRtfInterchangeReader::skipFallback(KeyWord keyWord)
+{
+    --m_fallback;
+    if (keyWord == ExtendedCharacterValue && ORVRtfHexadecimal::value(m_input.charAt(0)) >= 0
+        && ORVRtfHexadecimal::value(m_input.charAt(1)) >= 0)
+        m_input.release(2);
+}
+
+int ORVRtfInterchangeReader::pushProperties()
+{
+    m_fallback = 0;
+    m_own.paragraph = m_paragraph;
+    m_own.place = m_builder.place;
+    m_own.isDefiningNestedRow = m_builder.isDefiningNestedRow;
+    const int status = ORVTextRtfReaderPrivate::pushProperties();
+    if (m_groups.size() > m_ownGroups.size())
+        m_ownGroups.push(m_own);
+    return status;
+}
+
+int ORVRtfInterchangeReader::popProperties()
+{
+    m_fallback = 0;
+    if (m_skipDepth == 0 && !m_groups.isEmpty() && m_groups.top().destination != m_state.destination)
+        endOwnDestination();
+    const int status = ORVTextRtfReaderPrivate::popProperties();
+    if (m_groups.size() < m_ownGroups.size()) {
+        m_own = m_ownGroups.top();
+        m_ownGroups.pop_back();
+        m_paragraph = m_own.paragraph;
+        m_builder.place = m_own.place;
+        m_builder.isDefiningNestedRow = m_own.isDefiningNestedRow;
+        m_isDocumentClosed = m_groups.isEmpty();
+    }
+    if (!m_fieldText.isEmpty()) {
+        m_pendingText += m_fieldText;
+        m_fieldText.clear();
+    }
+    return status;
+}
+
+void ORVRtfInterchangeReader::takeText()
+{
+    if (m_skipDepth == 0 && m_state.expectedFormat == HexadecimalData && !isIn(PictureGroup)) {
+        ORVTextRtfReaderPrivate::takeText();
+        return;
+    }
+    const int length = m_input.textLength();
+    const int skipped = qMin(m_fallback, length);
+    m_fallback -= skipped;
+    if (m_skipDepth == 0 && isIn(PictureGroup))
+        m_pictureData.addDigits(m_input.data(), length);
+    else if (m_skipDepth == 0 && skipped < length)
+        appendBytes(m_input.data() + skipped, length - skipped);
+    m_input.release(length);
+}
+
+int ORVRtfInterchangeReader::codePageInForce() const
+{
+    int codePage = m_state.codePage;
+    if (codePage == ORVRtfFontTable::noCodePage && !isIn(FontTableGroup))
+        codePage = m_fonts.codePage(m_defaultFont);
+    const bool isStated = codePage != ORVRtfFontTable::noCodePage && codePage != ORVRtfCodePages::symbols;
+    return isStated ? codePage : m_documentCodePage;
+}
+
+void ORVRtfInterchangeReader::appendBytes(const char* bytes, int count)
+{
+    if (m_own.symbolFont != ORVRtfSymbolFonts::none && isInBodyText()) {
+        appendSymbols(bytes, count);
+        return;
+    }
+    m_decoder.setCodePage(codePageInForce(), m_pendingText);
+    m_decoder.append(bytes, count, m_pendingText);
+}
+
+void ORVRtfInterchangeReader::appendSymbols(const char* bytes, int count)
+{
+    for (int i = 0; i < count; ++i)
+        appendSymbol(uchar(bytes[i]));
+}
+
+/*! A character that Unicode has needs no symbol font; others are seen in theirs only. */
+void ORVRtfInterchangeReader::appendSymbol(uchar byte)
+{
+    const char32_t character = ORVRtfSymbolFonts::character(m_own.symbolFont, byte);
+    const bool isKnown = character != 0;
+    if (isKnown != m_isPendingSymbols) {
+        ORVTextRtfReaderPrivate::drawText();
+        m_isPendingSymbols = isKnown;
+    }
+    appendCharacter(isKnown ? character : ORVRtfSymbolFonts::privateCharacter(byte));
+}
+
+void ORVRtfInterchangeReader::appendCharacter(char32_t character)
+{
+    m_decoder.endText(m_pendingText);
+    compat::appendCharacter(m_pendingText, character);
+}
+
+/*! Draws U+FFFD for a character whose last bytes are missing. */
+void ORVRtfInterchangeReader::giveUpCharacter()
+{
+    if (!m_decoder.isWithinCharacter())
+        return;
+    m_decoder.endText(m_pendingText);
+    ORVTextRtfReaderPrivate::drawText();
+}
+
+/*! Characters that are escaped byte by byte are drawn together. */
+void ORVRtfInterchangeReader::drawText()
+{
+    if (m_input.charAt(0) != '\\' || m_input.charAt(1) != '\'')
+        ORVTextRtfReaderPrivate::drawText();
+}
+
+void ORVRtfInterchangeReader::drawBodyText()
+{
+    const bool isSymbols = m_isPendingSymbols;
+    m_isPendingSymbols = false;
+    if (!isShown())
+        return;
+    m_hasShownText = true;
+    if (isIn(FieldResultGroup))
+        m_hasFieldResult = true;
+    if (!isSymbols) {
+        ORVTextRtfReaderPrivate::drawBodyText();
+        return;
+    }
+    const QTextCharFormat format = m_state.charFormat;
+    compat::setFontFamily(m_state.charFormat, compat::fontFamily(m_plainCharFormat));
+    ORVTextRtfReaderPrivate::drawBodyText();
+    m_state.charFormat = format;
+}
+
+void ORVRtfInterchangeReader::placeParagraph()
+{
+    m_builder.textWidth = m_page.textWidth();
+    m_builder.placeParagraph();
+}

@@ -1,0 +1,432 @@
+#include "ORVRtfCodePages_p.h"
+#include "ORVRtfHexadecimal_p.h"
+#include "ORVRtfInterchangeReader_p.h"
+#include "ORVRtfUnits_p.h"
+#include "QtStringCompat_p.h"
+
+#include <cstring>
+
+using namespace ORVRtfUnits;
+
+namespace Words = ORVRtfInterchangeWords;
+
+namespace {
+
+// Escaped bytes that are decoded together.
+const int escapedRun = 256;
+
+// "\'" and two digits.
+const int escapedLength = 4;
+
+bool isEscapedByte(const char* text)
+{
+    return std::memcmp(text, "\\'", 2) == 0 && ORVRtfHexadecimal::byte(text + 2) >= 0;
+}
+
+struct Unescaped {
+    int bytes;
+    int used;
+};
+
+/*! Takes up to \a limit bytes, plain or escaped, from the \a length bytes at \a text, to \a bytes. */
+Unescaped unescape(const char* text, int length, char* bytes, int limit)
+{
+    const char* const end = text + length;
+    const char* in = text;
+    char* out = bytes;
+    char* const outEnd = bytes + limit;
+    for (;;) {
+        auto most = qMin(outEnd - out, (end - in) / escapedLength);
+        for (; most > 0 && isEscapedByte(in); --most, in += escapedLength)
+            *out++ = char(ORVRtfHexadecimal::byte(in + 2));
+        if (out == outEnd || in == end || ORVRtfInput::isSpecial(*in))
+            break;
+        *out++ = *in++;
+    }
+    return {int(out - bytes), int(in - text)};
+}
+
+/*! Words that add text or end it, so that a character whose last bytes are missing is given up. */
+bool endsCharacter(ORVTextRtfCommon::KeyWord keyWord)
+{
+    switch (keyWord) {
+    case ORVTextRtfCommon::TabCharacter:
+    case ORVTextRtfCommon::SoftLineBreak:
+    case ORVTextRtfCommon::NonBreakableSpace:
+    case ORVTextRtfCommon::EnDash:
+    case ORVTextRtfCommon::EmDash:
+    case ORVTextRtfCommon::Bullet:
+    case ORVTextRtfCommon::LeftQuote:
+    case ORVTextRtfCommon::RightQuote:
+    case ORVTextRtfCommon::LeftDoubleQuote:
+    case ORVTextRtfCommon::RightDoubleQuote:
+    case ORVTextRtfCommon::NewPage:
+    case ORVTextRtfCommon::EndCell:
+    case ORVTextRtfCommon::EndNestedCell:
+    case ORVTextRtfCommon::EndRow:
+    case ORVTextRtfCommon::EndNestedRow: return true;
+    default: return false;
+    }
+}
+
+} // namespace
+
+int ORVRtfInterchangeReader::translateControlWord(KeyWord keyWord, bool hasParameter, int parameter)
+{
+    if (m_decoder.isWithinCharacter() && endsCharacter(keyWord))
+        giveUpCharacter();
+    if (translateTableWord(keyWord, hasParameter, parameter))
+        return NoError;
+    switch (keyWord) {
+    // Encoding
+    case AnsiCodePage: setDocumentCodePage(parameter); break;
+    case FontCharSet:
+        if (m_currentFont != m_fontWithStatedPage || !isIn(FontTableGroup))
+            setFontCodePage(ORVRtfCodePages::ofCharset(parameter));
+        break;
+    case CodePage: setStatedCodePage(parameter); break;
+    case Font: selectOwnFont(parameter); break;
+    case ResetFormat: resetOwnFormat(); break;
+
+    // Text
+    case ExtendedCharacterValue: return translateEscapedBytes();
+    case UnicodeCharacterValue: translateUnicodeUnit(hasParameter, parameter); break;
+    case OptionalHyphen: appendCharacter(QChar::SoftHyphen); break;
+    case NonBreakingHyphen: appendCharacter(0x2011); break;
+    case EscapedSlash: appendBytes("\\", 1); break;
+    case EscapedOpenBrace: appendBytes("{", 1); break;
+    case EscapedCloseBrace: appendBytes("}", 1); break;
+    case NewParagraph:
+    case NewParagraphSymbol: endShownParagraph(); break;
+    case NewPage:
+        if (isShown()) {
+            endPage();
+            m_hasShownText = false;
+        }
+        break;
+
+    // Pictures and fields
+    case Picture: beginPicture(); break;
+    case ShpPicture: m_isPictureShown = false; break;
+    case NonShpPicture:
+        if (m_isPictureShown)
+            ++m_skipDepth;
+        m_isPictureShown = false;
+        break;
+    case PictureGoalWidth:
+        m_pictureData.goalWidth = parameter;
+        return ORVTextRtfReaderPrivate::translateControlWord(keyWord, hasParameter, parameter);
+    case PictureGoalHeight:
+        m_pictureData.goalHeight = parameter;
+        return ORVTextRtfReaderPrivate::translateControlWord(keyWord, hasParameter, parameter);
+    case PictureWidth: m_pictureData.bitmap.size.setWidth(parameter); break;
+    case PictureHeight: m_pictureData.bitmap.size.setHeight(parameter); break;
+    case Field: beginField(); break;
+    case FieldResult:
+        if (m_own.isInOperandField)
+            ++m_skipDepth;
+        else
+            openDestination(FieldResultGroup);
+        break;
+    default: return ORVTextRtfReaderPrivate::translateControlWord(keyWord, hasParameter, parameter);
+    }
+    return NoError;
+}
+
+/*! Words that place text in tables or describe their rows; false for all others. */
+bool ORVRtfInterchangeReader::translateTableWord(KeyWord keyWord, bool hasParameter, int n)
+{
+    switch (keyWord) {
+    case ResetParagraph: m_builder.setLevel(0); return false;
+    case InTable: m_builder.setInTable(); break;
+    case TableNesting: m_builder.setLevel(n); break;
+    case Annotation:
+    case Footnote: m_builder.place.isInNote = true; return false;
+    case NestedTableRowDefinition: m_builder.isDefiningNestedRow = true; break;
+    case TableRowDefinition: m_builder.beginRow(); break;
+    case TableLeftOffset: m_builder.setLeftEdge(n); break;
+    case TableRowCellPadding: m_builder.row().tableFormat.setCellPadding(points(n)); break;
+    case CellRightBoundary:
+        m_builder.row().closeDefinition(n);
+        m_isInCellBorder = false;
+        break;
+    case CellMergePreceeding: m_builder.row().currentDefinition().mergeWithPrevious = true; break;
+    case CellVerticalMergePreceeding:
+        m_builder.row().currentDefinition().verticalMergeWithPrevious = true;
+        break;
+    case CellVerticalAlignTop: setCellAlignment(QTextCharFormat::AlignTop); break;
+    case CellVerticalAlignCenter: setCellAlignment(QTextCharFormat::AlignMiddle); break;
+    case CellVerticalAlignBottom: setCellAlignment(QTextCharFormat::AlignBottom); break;
+    case BackgroundPatternColor: setCellColor(n); break;
+    case NoCellShading: m_builder.row().currentDefinition().backgroundColor = QColor(); break;
+    case EndCell:
+    case EndNestedCell: endCell(keyWord == EndNestedCell); break;
+    case EndRow:
+    case EndNestedRow: endRow(keyWord == EndNestedRow); break;
+    case LastRow: break;
+    default: return translateBorderWord(keyWord, hasParameter, n);
+    }
+    return true;
+}
+
+/*! Words that describe borders of cells; false for all others. Those of whole rows are not kept. */
+bool ORVRtfInterchangeReader::translateBorderWord(KeyWord keyWord, bool hasParameter, int n)
+{
+    switch (keyWord) {
+    case CellBorderTop:
+    case CellBorderLeft:
+    case CellBorderRight:
+    case CellBorderBottom: m_isInCellBorder = true; break;
+    case TableRowBorderTop:
+    case TableRowBorderLeft:
+    case TableRowBorderRight:
+    case TableRowBorderBottom: m_isInCellBorder = false; break;
+    case BorderWidth:
+        if (m_isInCellBorder)
+            m_builder.row().setBorderWidth(points(n));
+        break;
+    case SingleWidthBorder:
+        if (m_isInCellBorder)
+            m_builder.row().setBorderWidth(1.0);
+        break;
+    case BorderColor:
+        if (m_isInCellBorder)
+            m_builder.row().setBorderColor(borderColor(hasParameter, n));
+        break;
+    case NoBorder:
+        if (m_isInCellBorder)
+            m_builder.row().clearBorder();
+        break;
+    default: return false;
+    }
+    return true;
+}
+
+int ORVRtfInterchangeReader::translatePrivateWord(Words::Word word, bool hasParameter, int parameter)
+{
+    const bool on = !hasParameter || parameter != 0;
+    switch (word) {
+    case Words::None:
+    case Words::WordCount: break;
+
+    case Words::Mac: setSystemCodePage(10000); break;
+    case Words::Pc: setSystemCodePage(437); break;
+    case Words::Pca: setSystemCodePage(850); break;
+
+    case Words::EmSpace: appendCharacter(0x2003); break;
+    case Words::EnSpace: appendCharacter(0x2002); break;
+    case Words::QuarterSpace: appendCharacter(0x2005); break;
+    case Words::ZeroWidthJoiner: appendCharacter(0x200D); break;
+    case Words::ZeroWidthNonJoiner: appendCharacter(0x200C); break;
+    case Words::ZeroWidthBreak: appendCharacter(0x200B); break;
+    case Words::ZeroWidthNoBreak: appendCharacter(0x2060); break;
+    case Words::LeftToRightMark: appendCharacter(0x200E); break;
+    case Words::RightToLeftMark: appendCharacter(0x200F); break;
+    case Words::CarriageReturn:
+    case Words::SectionEnd:
+    case Words::ColumnBreak: endShownParagraph(); break;
+
+    case Words::Hidden: m_own.isHidden = on; break;
+    case Words::Deleted: m_own.isDeleted = on; break;
+    case Words::IndexEntry:
+    case Words::IndexRange:
+    case Words::IndexText:
+    case Words::IndexNumber:
+    case Words::ContentsEntry:
+    case Words::FootnoteSeparator:
+    case Words::ContinuedFootnoteSeparator:
+    case Words::EndnoteSeparator:
+    case Words::ContinuedEndnoteSeparator:
+    case Words::Private: ++m_skipDepth; break;
+
+    case Words::DeviceIndependentBitmap:
+        m_pictureData.kind = ORVRtfPictureData::DeviceIndependentBitmap;
+        break;
+    case Words::DeviceBitmap: m_pictureData.kind = ORVRtfPictureData::DeviceBitmap; break;
+    case Words::BitmapBitsPerPixel: m_pictureData.bitmap.bitsPerPixel = parameter; break;
+    case Words::BitmapPlanes: m_pictureData.bitmap.planes = parameter; break;
+    case Words::BitmapRowBytes: m_pictureData.bitmap.rowBytes = parameter; break;
+    case Words::EnhancedMetafile: m_picture.type = QLatin1String("EMF"); break;
+    case Words::MacPicture:
+    case Words::PmMetafile: break;
+    case Words::CropLeft: m_pictureData.cropLeft = parameter; break;
+    case Words::CropTop: m_pictureData.cropTop = parameter; break;
+    case Words::CropRight: m_pictureData.cropRight = parameter; break;
+    case Words::CropBottom: m_pictureData.cropBottom = parameter; break;
+
+    case Words::ShapeInstance: beginShape(); break;
+    case Words::ShapeLeft: m_shapeBox.left = parameter; break;
+    case Words::ShapeTop: m_shapeBox.top = parameter; break;
+    case Words::ShapeRight: m_shapeBox.right = parameter; break;
+    case Words::ShapeBottom: m_shapeBox.bottom = parameter; break;
+    case Words::ShapeResult:
+        if (m_isShapeShown)
+            ++m_skipDepth;
+        break;
+    case Words::ShapeText: ++m_skipDepth; break;
+    case Words::ShapeProperty: m_shapeProperty.clear(); break;
+    case Words::ShapePropertyName: openDestination(Destination(ShapePropertyNameGroup)); break;
+
+    case Words::FormField: openDestination(Destination(FormFieldGroup)); break;
+    case Words::FormFieldResult: m_formFieldResult = parameter; break;
+    case Words::FormFieldDefault: m_formFieldDefault = parameter; break;
+    }
+    return NoError;
+}
+
+/*!
+    The byte whose digits stand at the read position, and the text that follows it up to another control word,
+    a brace or a line end: the words of most languages are escaped byte by byte, with plain blanks between.
+*/
+int ORVRtfInterchangeReader::translateEscapedBytes()
+{
+    m_input.charAt(1);
+    const int first = m_input.available() < 2 ? -1 : ORVRtfHexadecimal::byte(m_input.data());
+    if (first < 0)
+        return InvalidParameter;
+    m_input.release(2);
+    char bytes[escapedRun] = {char(first)};
+    int count = 1;
+    int used = 0;
+    do {
+        // One more escaped byte at least.
+        m_input.charAt(3);
+        const int limit = m_state.expectedFormat == TextData ? escapedRun - count : 0;
+        const Unescaped text = unescape(m_input.data(), m_input.available(), bytes + count, limit);
+        count += text.bytes;
+        used = text.used;
+        m_input.release(used);
+    } while (used > 0);
+    appendBytes(bytes, count);
+    return NoError;
+}
+
+/*! A UTF-16 unit, and a fallback for programs that know none, counted in characters. */
+void ORVRtfInterchangeReader::translateUnicodeUnit(bool hasParameter, int unit)
+{
+    m_fallback = qMax(0, m_state.fallbackBytes);
+    if (!hasParameter)
+        return;
+    // Units are signed 16 bit numbers; some programs write greater ones, beyond the first plane.
+    const char32_t character = unit < 0 ? ushort(unit) : char32_t(unit);
+    if (m_own.symbolFont != ORVRtfSymbolFonts::none && isInBodyText()
+        && ORVRtfSymbolFonts::isPrivateCharacter(character))
+        appendSymbol(uchar(character & 0xFF));
+    else
+        appendCharacter(character <= 0xFFFF || compat::isCharacter(character) ? character : 0xFFFD);
+}
+
+/*! The end of a paragraph of which nothing is seen is not seen either. Data of pictures have no paragraphs. */
+void ORVRtfInterchangeReader::endShownParagraph()
+{
+    if (isIn(PictureGroup))
+        return;
+    giveUpCharacter();
+    if (isShown() || m_hasShownText)
+        endParagraph();
+    m_hasShownText = false;
+}
+
+/*! Cells of a note are paragraphs of it, as a note stands in the sentence. */
+void ORVRtfInterchangeReader::endCell(bool isNested)
+{
+    if (m_builder.place.isInNote) {
+        endShownParagraph();
+        return;
+    }
+    m_builder.textWidth = m_page.textWidth();
+    m_builder.reachCell(isNested);
+    m_inserter.setBlockFormats(m_paragraph, m_state.charFormat);
+    m_builder.endCell();
+    m_hasShownText = false;
+}
+
+/*! Where no row is open, its end is that of a paragraph. */
+void ORVRtfInterchangeReader::endRow(bool isNested)
+{
+    m_builder.textWidth = m_page.textWidth();
+    if (!m_builder.endRow(isNested) && m_hasShownText)
+        endShownParagraph();
+    m_hasShownText = false;
+}
+
+void ORVRtfInterchangeReader::setCellAlignment(QTextCharFormat::VerticalAlignment alignment)
+{
+    m_builder.row().currentDefinition().verticalAlignment = alignment;
+}
+
+void ORVRtfInterchangeReader::setCellColor(int number)
+{
+    const QRgb* const color = m_colors.find(number);
+    m_builder.row().currentDefinition().backgroundColor = color ? QColor(*color) : QColor();
+}
+
+void ORVRtfInterchangeReader::resetOwnFormat()
+{
+    resetCharFormat();
+    m_own.isHidden = false;
+    m_own.symbolFont = m_symbolFonts.value(m_defaultFont, ORVRtfSymbolFonts::none);
+}
+
+void ORVRtfInterchangeReader::selectOwnFont(int number)
+{
+    selectFont(number);
+    if (isIn(FontTableGroup))
+        return;
+    m_own.symbolFont = m_symbolFonts.value(number, ORVRtfSymbolFonts::none);
+    m_state.codePage = m_fonts.codePage(number);
+    if (m_state.codePage == ORVRtfFontTable::noCodePage)
+        m_state.codePage = m_documentCodePage;
+    if (isIn(ListTableGroup))
+        setLevelFont(m_own.symbolFont);
+}
+
+/*! The font of a list level stands behind its text. */
+void ORVRtfInterchangeReader::setLevelFont(int symbolFont)
+{
+    ORVTextListLevel* const level = m_lists.lastLevel();
+    if (!level || level->kind() != ORVTextListLevel::Bullet || symbolFont == ORVRtfSymbolFonts::none)
+        return;
+    QString bullets;
+    for (const QChar& c : level->text()) {
+        const bool isByte = c.unicode() <= 0xFF || ORVRtfSymbolFonts::isPrivateCharacter(c.unicode());
+        const char32_t character =
+            isByte ? ORVRtfSymbolFonts::character(symbolFont, uchar(c.unicode() & 0xFF)) : 0;
+        compat::appendCharacter(bullets, character ? character : c.unicode());
+    }
+    level->setText(bullets);
+}
+
+/*! The page of a font by its number, which counts more than its character set. */
+void ORVRtfInterchangeReader::setStatedCodePage(int codePage)
+{
+    const int supported = ORVRtfCodePages::supported(codePage);
+    if (!isIn(FontTableGroup) || supported == ORVRtfCodePages::unknown)
+        return;
+    setFontCodePage(supported);
+    m_fontWithStatedPage = m_currentFont;
+}
+
+/*! Sets the page of the font that is being defined, and of its name. */
+void ORVRtfInterchangeReader::setFontCodePage(int codePage)
+{
+    if (!isIn(FontTableGroup))
+        return;
+    m_state.codePage = ORVRtfCodePages::supported(codePage);
+    m_fonts.setCodePage(m_currentFont, m_state.codePage);
+}
+
+void ORVRtfInterchangeReader::setDocumentCodePage(int codePage)
+{
+    const int supported = ORVRtfCodePages::supported(codePage);
+    if (supported == ORVRtfCodePages::unknown)
+        return;
+    m_documentCodePage = supported;
+    m_isDocumentCodePageStated = true;
+}
+
+void ORVRtfInterchangeReader::setSystemCodePage(int codePage)
+{
+    if (!m_isDocumentCodePageStated)
+        m_documentCodePage = codePage;
+}
