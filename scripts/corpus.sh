@@ -5,7 +5,7 @@
 #
 # ORVRTF_CORPUS      FOLDER, where no argument names it
 # ORVRTF_TOOL        the orvrtf to run; by default it is built
-# ORVRTF_MIN_RECALL  least mean recall, 0.93 by default
+# ORVRTF_MIN_RECALL  least mean recall, 0.99 by default
 
 # shellcheck source-path=SCRIPTDIR source=lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
@@ -52,8 +52,8 @@ find "$corpus" -type f -iname '*.rtf' -print0 \
 
 status=0
 python3 "$corpus/text_recall.py" "$results/text" "$corpus/expected" \
-    --fail-under "${ORVRTF_MIN_RECALL:-0.93}" || status=$?
-((status == 0)) || say "the mean recall is below ${ORVRTF_MIN_RECALL:-0.93}"
+    --fail-under "${ORVRTF_MIN_RECALL:-0.99}" || status=$?
+((status == 0)) || say "the mean recall is below ${ORVRTF_MIN_RECALL:-0.99}"
 if [[ -f $results/failures ]]; then
     cat "$results/failures" >&2
     fail "$(wc -l <"$results/failures") files made orvrtf crash or hang"

@@ -761,8 +761,8 @@ Fehler: %3</translation>
         <translation>Name</translation>
     </message>
     <message>
-        <source>Write RTF in the application&apos;s own form.</source>
-        <translation>RTF in der eigenen Form der Anwendung schreiben.</translation>
+        <source>Read and write RTF in the application&apos;s own form.</source>
+        <translation>RTF in der eigenen Form der Anwendung lesen und schreiben.</translation>
     </message>
     <message>
         <source>Write text backgrounds as MS Word takes them in any colour.</source>
@@ -815,6 +815,10 @@ Fehler: %3</translation>
     <message>
         <source>--%1 goes with RTF output only</source>
         <translation>--%1 gilt nur bei Ausgabe von RTF</translation>
+    </message>
+    <message>
+        <source>--storage goes with RTF only</source>
+        <translation>--storage gilt nur bei RTF</translation>
     </message>
     <message>
         <source>unknown style &quot;%1&quot;, known are annotation, footnote and alternate</source>
@@ -1008,8 +1012,8 @@ Commands:
 IN and OUT can be &quot;-&quot; for the standard input and output. Put file names with a leading
 dash after &quot;--&quot;. HTML is UTF-8 and embeds its pictures. Plain text is UTF-8 too: a line
 for each paragraph, table cell and line break; it keeps no-break spaces and has no
-pictures. RTF is written for other programs, or with --storage in the application&apos;s own
-form. PDF and PNG have the pages that the RTF defines, by default US Letter, and A4 for
+pictures. RTF is that of other programs, or with --storage the application&apos;s own form.
+PDF and PNG have the pages that the RTF defines, by default US Letter, and A4 for
 other IN. PNG is one picture a page: OUT.png, OUT-2.png and so on.
 
 Damaged RTF is converted as far as it can be read. Then one line on the standard error
@@ -1036,8 +1040,8 @@ Befehle:
 IN und OUT können „-“ sein: Standardeingabe und Standardausgabe. Namen, die mit einem
 Strich beginnen, stehen hinter „--“. HTML ist UTF-8 und enthält seine Bilder. Auch
 reiner Text ist UTF-8: eine Zeile für jeden Absatz, jede Tabellenzelle und jeden
-Zeilenumbruch, geschützte Leerzeichen bleiben, Bilder fallen weg. RTF wird für andere
-Programme geschrieben, wenn nicht --storage die eigene Form der Anwendung verlangt. PDF
+Zeilenumbruch, geschützte Leerzeichen bleiben, Bilder fallen weg. RTF ist das
+anderer Programme, mit --storage die eigene Form der Anwendung. PDF
 und PNG haben die Seiten, die das RTF angibt, US Letter, wenn es keine angibt, und A4
 bei anderem IN; PNG ist ein Bild für jede Seite: OUT.png, OUT-2.png und so weiter.
 

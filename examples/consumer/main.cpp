@@ -23,7 +23,7 @@ int main(int argc, char** argv)
     // No application object: fonts are then taken as the file names them.
     QTextDocument document;
     QString message;
-    if (!ORVTextRtf::fromRtfFile(QString::fromLocal8Bit(argv[1]), &document, &message)) {
+    if (!ORVTextRtf::importRtfFile(QString::fromLocal8Bit(argv[1]), &document, &message)) {
         err << "cannot read " << argv[1] << ": " << message << '\n';
         return 1;
     }

@@ -22,7 +22,7 @@ int main()
     // From QClipboard::mimeData() or a drop: the own flavour first, as nothing is lost in it.
     QTextDocument pasted;
     if (ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, &pasted)
-        || (ORVTextRtf::hasRtfMimeData(&mime) && ORVTextRtf::fromRtfMimeData(&mime, &pasted)))
+        || (ORVTextRtf::hasRtfMimeData(&mime) && ORVTextRtf::importRtfMimeData(&mime, &pasted)))
         out << "pasted: " << pasted.toPlainText() << '\n';
 
     // One type by name.

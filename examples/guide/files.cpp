@@ -13,7 +13,8 @@ int main(int argc, char** argv)
     QTextStream out(stdout);
     QTextDocument document;
     QString message;
-    if (!ORVTextRtf::fromRtfFile(QString::fromLocal8Bit(argv[1]), &document, &message))
+    // From any word processor. What the application has stored itself is read by fromRtfFile().
+    if (!ORVTextRtf::importRtfFile(QString::fromLocal8Bit(argv[1]), &document, &message))
         out << "damaged or missing: " << message << '\n';
     out << document.toPlainText() << '\n';
 

@@ -57,12 +57,14 @@ check_no_old_paths() {
     same "run paths that name the build folder" "" "$found"
 }
 
-# check_consumer PROGRAM: what PROGRAM, the example, prints is what the installed tool reads from the file it writes.
+# check_consumer PROGRAM: what PROGRAM, the example, prints is what the installed tool reads from the file it writes,
+# but for the empty paragraph behind a table, which is not written.
 check_consumer() {
-    local program=$1 text
+    local program=$1 text written
     text=$("$program" "$source/tests/data/pandoc-links.rtf" "$folder/written.rtf")
     [[ $text == *"See the plain web link for more"* ]] || fail "$program prints: $text"
-    same "text that $program has written" "$text" "$("$prefix/bin/orvrtf" convert "$folder/written.rtf" - --to txt)"
+    written=$("$prefix/bin/orvrtf" convert "$folder/written.rtf" - --to txt)
+    same "text that $program has written" "$(grep . <<<"$text")" "$(grep . <<<"$written")"
 }
 
 consume_with_cmake() {

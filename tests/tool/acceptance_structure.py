@@ -20,6 +20,8 @@ from wordprocessors import libreoffice, require, run
 
 # A document, as the content of a file with the suffix or as a sample of that name.
 Source = collections.namedtuple('Source', 'suffix content')
+# The text of a document in which a part changes when it is written.
+Changed = collections.namedtuple('Changed', 'old new')
 
 
 def html(content):
@@ -103,7 +105,12 @@ TABLES = (
      'Different widths. {island, jacket(c2) / kettle(c2), lantern} The end.'),
     ('table in a cell of LibreOffice', sample('libreoffice-nested'),
      'A table within a cell. {marble, before {inner one, inner two / inner wide(c2)} after / needle, -} The end.'),
-    ('tables of pandoc', sample('pandoc-tables'), None),
+    # As it is read, but for two tables: the paragraph between them is empty and not written.
+    ('tables of pandoc', sample('pandoc-tables'),
+     Changed('{narrow, wide his careful envelope hesitated twice, mid / -, -, - / x, y, z} '
+             '{directly adjacent table, no paragraph between?}',
+             '{narrow, wide his careful envelope hesitated twice(c2), mid / -, -(c2), - / x, y(c2), z / '
+             'directly adjacent table(c2), no paragraph between?(c2)}')),
     ('borders', rtf(framed('\\brdrs\\brdrw40\\brdrcf1')), '{a} after'),
     ('no borders', rtf(framed('\\brdrnil')), '{a} after'),
     ('column widths', rtf(row((1728, 4320, 8640), 'abc') + '\\pard after'), '{a, b, c} after'),
@@ -213,11 +220,12 @@ def check_tables(work):
     for name, _, expected in TABLES:
         # A QTextTable says itself what its cells are, without RTF.
         direct = htmltables.parse_file(work.path(name, '.direct.html')).text
-        if expected is None:
-            expected = direct
+        if isinstance(expected, Changed):
+            assert expected.old in direct, direct
+            expected = direct.replace(expected.old, expected.new)
         elif name != 'two tables in sequence':
             work.expect(name, 'as it is read', direct, expected)
-        work.expect(name, 'read again', htmltables.parse_file(work.path(name, '.own.html')).text, direct)
+        work.expect(name, 'read again', htmltables.parse_file(work.path(name, '.own.html')).text, expected)
         if not os.path.exists(work.opened(name, '.html')):
             work.failures.append('%s: LibreOffice does not open it' % name)
             continue

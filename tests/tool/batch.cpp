@@ -144,6 +144,17 @@ private slots:
         QVERIFY(read("plain.rtf") != read("single.rtf"));
     }
 
+    /*! Among files that are no RTF, only RTF is read in its storage form. */
+    void storageGoesToRtf()
+    {
+        write("a.rtf", "{\\rtf1 shown{\\v  hidden}}");
+        write("b.html", "text");
+        QCOMPARE(run("convert --output-dir out --to txt --storage a.rtf b.html"),
+                 batchSuccess("2 converted"));
+        QCOMPARE(read("out/a.txt"), QByteArray("shown hidden\n"));
+        QCOMPARE(read("out/b.txt"), QByteArray("text\n"));
+    }
+
     /*! Among files that need no engine, only those that need one get it. */
     void engineGoesToFilesThatNeedIt()
     {

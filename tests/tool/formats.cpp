@@ -75,6 +75,11 @@ private slots:
         option("--engine=pandoc", "by pandoc\n");
         add("suffix in upper case", "abiword", says, "convert IN.DOC - --to txt", {{"IN.DOC", "content"}},
             success("by abiword\n"), {});
+        const QByteArray hides = "printf '{\\\\rtf1 shown{\\\\v  hidden}}' >output/source.rtf";
+        add("RTF of the program", "pandoc", hides, "convert in.odt - --to txt", {{"in.odt", "content"}},
+            success("shown\n"), {});
+        add("RTF of the program in the storage form", "pandoc", hides, "convert in.odt - --to txt --storage",
+            {{"in.odt", "content"}}, success("shown hidden\n"), {});
         add("no program needed", "", "", "convert in.doc - --from rtf --to txt",
             {{"in.doc", "{\\rtf1 text}"}}, success("text\n"), {});
 

@@ -161,6 +161,13 @@ private slots:
                     "lists       2\n"
                     "status      0\n"),
             {});
+        // A Cyrillic letter, in the font of its code page.
+        const QByteArray foreign =
+            "{\\rtf1{\\fonttbl{\\f0\\fcharset204 Alpha;}}\\f0 \\'e4\\'e0{\\v  hidden}}";
+        add("RTF of other programs", "convert in.rtf out.txt", {{"in.rtf", foreign}}, "", success(),
+            {{"out.txt", "\xd0\xb4\xd0\xb0\n"}});
+        add("RTF in the storage form", "convert in.rtf out.txt --storage", {{"in.rtf", foreign}}, "",
+            success(), {{"out.txt", "?? hidden\n"}});
         for (const char* option : {"--version", "-v"})
             add(option, option, {}, "", success("orvrtf " ORVRTF_VERSION "\n"), {});
 
@@ -290,8 +297,8 @@ private slots:
             row("convert --engine pandoc "_b + arguments,
                 "--engine goes with .doc, .docx and .odt input only");
 
-        for (const QByteArray option : {"--storage", "--ms-word-highlight", "--decorate-links",
-                                        "--footnotes footnote", "--annotations annotation"}) {
+        for (const QByteArray option : {"--ms-word-highlight", "--decorate-links", "--footnotes footnote",
+                                        "--annotations annotation"}) {
             const QByteArray name = option.split(' ').first();
             row("convert in.rtf out.html " + option, name + " goes with RTF output only");
             row("convert in.rtf out.rtf --to txt " + option, name + " goes with RTF output only");
@@ -299,6 +306,10 @@ private slots:
             row("info in.rtf " + option, name + " does not go with info");
             row("check in.rtf " + option, name + " does not go with check");
         }
+        row("convert in.html out.txt --storage", "--storage goes with RTF only");
+        row("convert in.rtf out.txt --from html --storage", "--storage goes with RTF only");
+        row("convert in.html --output-dir out --to txt --storage", "--storage goes with RTF only");
+        row("strip in.rtf out.rtf --storage", "--storage does not go with strip");
         for (const QByteArray command : {"info", "check"}) {
             row(command + " in.rtf --to html", "--to does not go with " + command);
             row(command + " in.rtf --from html", "--from does not go with " + command);

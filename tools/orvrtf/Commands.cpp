@@ -26,22 +26,24 @@ struct ReadResult {
     QString message;
 };
 
-void readRtf(QIODevice* device, QTextDocument& document, ReadResult& result)
+void readRtf(QIODevice* device, QTextDocument& document, bool storage, ReadResult& result)
 {
     ORVTextRtfReader reader(device);
+    reader.setInterchange(!storage);
     reader.read(&document);
     ORVPageGeometry::of(reader).setOn(&document);
     result.status = reader.error();
     result.message = reader.errorString();
 }
 
-ReadResult readDocument(const QString& path, Options::Format format, QTextDocument& document)
+/*! Reads the input of \a options, which is in \a format. */
+ReadResult readDocument(const Options& options, Options::Format format, QTextDocument& document)
 {
     ReadResult result;
     InputStream input;
-    if (input.open(path)) {
+    if (input.open(options.input)) {
         switch (format) {
-        case Options::Rtf: readRtf(input.device(), document, result); break;
+        case Options::Rtf: readRtf(input.device(), document, options.storage, result); break;
         case Options::Html: document.setHtml(decodedText(input.device()->readAll())); break;
         default: document.setPlainText(decodedText(input.device()->readAll())); break;
         }
@@ -101,6 +103,7 @@ QStringList readWithEngine(const Options& options, QTextDocument& document)
 {
     const StartedPrograms programs;
     ORVTextRtfReader reader;
+    reader.setInterchange(!options.storage);
     QStringList errors;
     ORVTextRtf::loadFileIntoDocument(options.input, &document, options.engine, &errors, reader);
     ORVPageGeometry::of(reader).setOn(&document);
@@ -124,7 +127,7 @@ ExitCode convert(const Options& options)
     if (options.needsEngine)
         return convertWithEngine(options);
     QTextDocument document;
-    const ReadResult result = readDocument(options.input, options.inputFormat, document);
+    const ReadResult result = readDocument(options, options.inputFormat, document);
     const ExitCode code = reportReading(options.input, result);
     if (!result.hasInput)
         return code;
@@ -134,7 +137,7 @@ ExitCode convert(const Options& options)
 ExitCode info(const Options& options)
 {
     QTextDocument document;
-    const ReadResult result = readDocument(options.input, Options::Rtf, document);
+    const ReadResult result = readDocument(options, Options::Rtf, document);
     const ExitCode code = reportReading(options.input, result);
     if (!result.hasInput)
         return code;
@@ -155,7 +158,7 @@ ExitCode info(const Options& options)
 ExitCode check(const Options& options)
 {
     QTextDocument document;
-    return reportReading(options.input, readDocument(options.input, Options::Rtf, document));
+    return reportReading(options.input, readDocument(options, Options::Rtf, document));
 }
 
 ExitCode strip(const Options& options)

@@ -31,8 +31,8 @@ const char* const description = QT_TRANSLATE_NOOP(
     "IN and OUT can be \"-\" for the standard input and output. Put file names with a leading\n"
     "dash after \"--\". HTML is UTF-8 and embeds its pictures. Plain text is UTF-8 too: a line\n"
     "for each paragraph, table cell and line break; it keeps no-break spaces and has no\n"
-    "pictures. RTF is written for other programs, or with --storage in the application's own\n"
-    "form. PDF and PNG have the pages that the RTF defines, by default US Letter, and A4 for\n"
+    "pictures. RTF is that of other programs, or with --storage the application's own form.\n"
+    "PDF and PNG have the pages that the RTF defines, by default US Letter, and A4 for\n"
     "other IN. PNG is one picture a page: OUT.png, OUT-2.png and so on.\n"
     "\n"
     "Damaged RTF is converted as far as it can be read. Then one line on the standard error\n"
@@ -58,7 +58,7 @@ struct Arguments {
                           Messages::tr("Format of OUT for convert: rtf, html, txt, odt, pdf or png."),
                           Messages::tr("format")};
     QCommandLineOption storage{QLatin1String("storage"),
-                               Messages::tr("Write RTF in the application's own form.")};
+                               Messages::tr("Read and write RTF in the application's own form.")};
     QCommandLineOption msWordHighlight{
         QLatin1String("ms-word-highlight"),
         Messages::tr("Write text backgrounds as MS Word takes them in any colour.")};
@@ -209,14 +209,22 @@ QString readEngine(const Arguments& arguments, Options* options)
     return Messages::tr("unknown engine \"%1\", known are auto, libreoffice, abiword and pandoc").arg(name);
 }
 
+/*! Reads --storage, which needs RTF to read or to write. Returns an error message, empty on success. */
+QString readStorage(const Arguments& arguments, Options* options)
+{
+    options->storage = arguments.parser.isSet(arguments.storage);
+    if (options->storage && options->outputFormat != Options::Rtf && options->inputFormat != Options::Rtf)
+        return Messages::tr("--storage goes with RTF only");
+    return QString();
+}
+
 /*! Reads the options that control the writing of RTF. Returns an error message, empty on success. */
 QString readRtfOptions(const Arguments& arguments, Options* options)
 {
     const QCommandLineParser& parser = arguments.parser;
     if (options->outputFormat != Options::Rtf) {
-        for (const QCommandLineOption& option :
-             {arguments.storage, arguments.msWordHighlight, arguments.decorateLinks, arguments.footnotes,
-              arguments.annotations}) {
+        for (const QCommandLineOption& option : {arguments.msWordHighlight, arguments.decorateLinks,
+                                                 arguments.footnotes, arguments.annotations}) {
             if (parser.isSet(option))
                 return Messages::tr("--%1 goes with RTF output only").arg(option.names().constFirst());
         }
@@ -277,23 +285,26 @@ Options convertOptions(const Arguments& arguments, Options options)
     if (problem.isEmpty())
         problem = readOutputFormat(arguments, &options);
     if (problem.isEmpty())
+        problem = readStorage(arguments, &options);
+    if (problem.isEmpty())
         problem = readRtfOptions(arguments, &options);
     return problem.isEmpty() ? options : invalid(problem);
 }
 
 /*! The options given for the conversion, as a worker takes them for the input that \a options name. */
-QStringList workerOptions(const Arguments& arguments, const Options& options)
+QStringList workerOptions(const Arguments& arguments, Options options)
 {
     QStringList result;
+    const bool takesStorage = readStorage(arguments, &options).isEmpty();
     const QList<QCommandLineOption> conversion = arguments.conversion();
     for (const QCommandLineOption& option : conversion) {
-        if (!arguments.parser.isSet(option))
+        if (!arguments.parser.isSet(option)
+            || (option.names() == arguments.engine.names() && !options.needsEngine)
+            || (option.names() == arguments.storage.names() && !takesStorage))
             continue;
         const QString name = QLatin1String("--") + option.names().constFirst();
-        if (option.valueName().isEmpty())
-            result << name;
-        else if (options.needsEngine || option.names() != arguments.engine.names())
-            result << name + QLatin1Char('=') + arguments.parser.value(option);
+        result << (option.valueName().isEmpty() ? name
+                                                : name + QLatin1Char('=') + arguments.parser.value(option));
     }
     return result;
 }
@@ -305,19 +316,25 @@ QString readBatchFiles(const Arguments& arguments, const QStringList& files, Opt
         return Messages::tr("convert --output-dir takes input files");
     const QString suffix = arguments.parser.value(arguments.to).toLower();
     BatchPlan& plan = options->batch;
+    bool readsRtf = false;
     for (const QString& file : files) {
         if (file == QLatin1String("-"))
             return Messages::tr("the standard input does not go with --output-dir");
         Options one;
         one.input = file;
+        one.outputFormat = options->outputFormat;
         QString problem = readFrom(arguments, &one);
         if (!problem.isEmpty())
             return problem;
         options->needsEngine = options->needsEngine || one.needsEngine;
+        readsRtf = readsRtf || one.inputFormat == Options::Rtf;
         plan.files.append(
             {file, batchOutput(plan.outputDirectory, file, suffix), workerOptions(arguments, one)});
     }
-    const QString problem = readEngine(arguments, options);
+    options->inputFormat = readsRtf ? Options::Rtf : Options::PlainText;
+    QString problem = readEngine(arguments, options);
+    if (problem.isEmpty())
+        problem = readStorage(arguments, options);
     return problem.isEmpty() ? batchConflict(plan.files) : problem;
 }
 
@@ -367,7 +384,8 @@ Options commandOptions(const Arguments& arguments)
         return invalid(Messages::tr("unknown command \"%1\"").arg(name));
     const QList<QCommandLineOption> convertOnly = arguments.conversion() + BatchOptions::all();
     for (const QCommandLineOption& option : convertOnly) {
-        if (arguments.parser.isSet(option) && command != Options::Convert)
+        const bool isForReading = option.names() == arguments.storage.names() && command != Options::Strip;
+        if (arguments.parser.isSet(option) && command != Options::Convert && !isForReading)
             return invalid(Messages::tr("--%1 does not go with %2").arg(option.names().constFirst(), name));
     }
     if (arguments.parser.isSet(arguments.json) && command != Options::Info)
@@ -383,6 +401,7 @@ Options commandOptions(const Arguments& arguments)
     }
     Options options = oneFileOptions(command, name, files);
     options.json = arguments.parser.isSet(arguments.json);
+    options.storage = arguments.parser.isSet(arguments.storage);
     return options;
 }
 

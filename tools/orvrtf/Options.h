@@ -28,6 +28,8 @@ struct Options {
     bool needsEngine = false;
     ORVImportExport::Engine engine = ORVImportExport::AutomaticEngine;
     Format outputFormat = Html;
+    /*! Whether RTF is read and written in the application's own storage form. */
+    bool storage = false;
     RtfExportOptions rtf;
     /*! Of Batch, and all that it needs. */
     BatchPlan batch;

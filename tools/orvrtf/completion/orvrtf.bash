@@ -3,8 +3,9 @@
 
 # Options that take a value, and all others, by the command that they go with.
 _orvrtf_value_options='--from --to --engine --footnotes --annotations --output-dir --jobs --timeout'
-_orvrtf_convert_options="$_orvrtf_value_options --storage --ms-word-highlight --decorate-links --keep-going"
+_orvrtf_convert_options="$_orvrtf_value_options --ms-word-highlight --decorate-links --keep-going"
 _orvrtf_info_options='--json'
+_orvrtf_reading_options='--storage'
 _orvrtf_general_options='--help --version'
 
 # Prints the command on the line before the current word, if there is one.
@@ -69,6 +70,7 @@ _orvrtf_options() {
     local command=$1
     [[ -z $command || $command == convert ]] && printf '%s ' "$_orvrtf_convert_options"
     [[ -z $command || $command == info ]] && printf '%s ' "$_orvrtf_info_options"
+    [[ $command != strip ]] && printf '%s ' "$_orvrtf_reading_options"
     printf '%s\n' "$_orvrtf_general_options"
 }
 
