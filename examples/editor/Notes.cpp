@@ -206,7 +206,7 @@ void Notes::copyContent(const QTextDocument& document, const Note& note, QTextDo
     ORVTextFormat::setDefaultCharFormat(content, ORVTextFormat::defaultCharFormat(&document));
     if (note.isAttached) {
         QString message;
-        RtfDocument::read(note.content, content, &message);
+        RtfDocument::read(note.content, RtfDocument::Form::Storage, content, &message);
         return;
     }
     const QTextCursor selection =

@@ -17,20 +17,24 @@
 
 namespace {
 
-/*! What \a mime may have RTF under; our own flavour comes first, since nothing is lost in it. */
-QStringList rtfTypes()
+bool readRtf(const QMimeData* mime, const QString& type, RtfDocument::Form form, QTextDocument* part)
 {
-    return QStringList(QLatin1String(ORV::OrvellineMarkupRtfMimeType)) + ORV::rtfMimeTypes();
+    const QByteArray rtf = mime->data(type);
+    QString message;
+    return !rtf.isEmpty() && RtfDocument::read(rtf, form, part, &message);
 }
 
-/*! Reads the first RTF on \a mime that is not damaged; false when there is none. */
+/*!
+    Reads the first RTF on \a mime that is not damaged; false when there is none. Our own flavour comes first,
+    since nothing is lost in it.
+*/
 bool readRtf(const QMimeData* mime, QTextDocument* part)
 {
-    const QStringList types = rtfTypes();
+    if (readRtf(mime, QLatin1String(ORV::OrvellineMarkupRtfMimeType), RtfDocument::Form::Storage, part))
+        return true;
+    const QStringList types = ORV::rtfMimeTypes();
     for (const QString& type : types) {
-        const QByteArray rtf = mime->data(type);
-        QString message;
-        if (!rtf.isEmpty() && RtfDocument::read(rtf, part, &message))
+        if (readRtf(mime, type, RtfDocument::Form::Interchange, part))
             return true;
     }
     return false;

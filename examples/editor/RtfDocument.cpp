@@ -10,7 +10,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
-bool RtfDocument::read(const QByteArray& rtf, QTextDocument* document, QString* message)
+bool RtfDocument::read(const QByteArray& rtf, Form form, QTextDocument* document, QString* message)
 {
     const bool hasUndo = document->isUndoRedoEnabled();
     document->setUndoRedoEnabled(false);
@@ -18,6 +18,7 @@ bool RtfDocument::read(const QByteArray& rtf, QTextDocument* document, QString* 
     buffer.setData(rtf);
     buffer.open(QIODevice::ReadOnly);
     ORVTextRtfReader reader(&buffer);
+    reader.setInterchange(form == Form::Interchange);
     const bool isSound = reader.read(document);
     *message = reader.errorString();
     // First, since the right edges of paragraphs depend on it.

@@ -15,11 +15,14 @@ class QTextDocument;
 */
 namespace RtfDocument {
 
+/*! Whose RTF it is: that of word processors, or that of this application. */
+enum class Form { Interchange, Storage };
+
 /*!
     Replaces the content of \a document by \a rtf, ready to be shown, with the page of the RTF as its
     properties. False for damaged RTF; \a document then has what can be read, and \a message the error.
 */
-bool read(const QByteArray& rtf, QTextDocument* document, QString* message);
+bool read(const QByteArray& rtf, Form form, QTextDocument* document, QString* message);
 
 /*! A copy of \a document as it was read, but for what has been changed since: to be written as RTF. */
 std::unique_ptr<QTextDocument> toWrite(const QTextDocument& document);

@@ -27,7 +27,9 @@ RtfFile::Opened RtfFile::open(const QString& fileName, QTextDocument* document, 
         *message = file.errorString();
         return Opened::NotAtAll;
     }
-    return RtfDocument::read(file.readAll(), document, message) ? Opened::Completely : Opened::InPart;
+    return RtfDocument::read(file.readAll(), RtfDocument::Form::Interchange, document, message)
+        ? Opened::Completely
+        : Opened::InPart;
 }
 
 bool RtfFile::save(const QString& fileName, const QTextDocument& document, QString* message)

@@ -33,18 +33,25 @@ inline QByteArray richRtf()
     return "{\\rtf1\\ansi " + richBody() + "{}}";
 }
 
-/*! What describe() says of richBody(): in Qt an empty paragraph stands on both sides of a table. */
-inline QString richContent()
+/*! The description of richBody(), with \a besideTable before and behind the cells. */
+inline QString richContent(const QString& besideTable = QString())
 {
     return QString::fromUtf8("Before *bold*\n"
                              "\xe2\x80\xa2 first\n"
                              "\xe2\x80\xa2 second\n"
                              "[2x1 #ff0000]\n"
-                             "\n"
+                             "%1"
                              "| a\n"
                              "| b\n"
-                             "\n"
-                             "after");
+                             "%1"
+                             "after")
+        .arg(besideTable);
+}
+
+/*! The same in the storage form, in which an empty paragraph stands on both sides of a table. */
+inline QString storedContent()
+{
+    return richContent(QLatin1String("\n"));
 }
 
 inline QString describe(const QTextDocument& document, const QTextFragment& fragment)
