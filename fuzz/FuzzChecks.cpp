@@ -54,6 +54,21 @@ bool isBalanced(const QByteArray& rtf)
     return false;
 }
 
+int readBy(ORVTextRtfReader& reader, const QByteArray& rtf, QTextDocument* document)
+{
+    QBuffer buffer;
+    buffer.setData(rtf);
+    buffer.open(QIODevice::ReadOnly);
+    reader.setDevice(&buffer);
+    const bool ok = reader.read(document);
+    const int status = reader.error();
+    fuzz::require(status >= 0 && status <= highestStatus, "a read ends with a known status");
+    fuzz::require(ok == (status == 0) && reader.errorString().isEmpty() == ok,
+                  "result, status and message agree");
+    fuzz::checkDocument(*document);
+    return status;
+}
+
 } // namespace
 
 void fuzz::require(bool holds, const char* what)
@@ -66,16 +81,15 @@ void fuzz::require(bool holds, const char* what)
 
 int fuzz::read(const QByteArray& rtf, QTextDocument* document)
 {
-    QBuffer buffer;
-    buffer.setData(rtf);
-    buffer.open(QIODevice::ReadOnly);
-    ORVTextRtfReader reader(&buffer);
-    const bool ok = reader.read(document);
-    const int status = reader.error();
-    require(status >= 0 && status <= highestStatus, "a read ends with a known status");
-    require(ok == (status == 0) && reader.errorString().isEmpty() == ok, "result, status and message agree");
-    checkDocument(*document);
-    return status;
+    ORVTextRtfReader reader;
+    return readBy(reader, rtf, document);
+}
+
+int fuzz::import(const QByteArray& rtf, QTextDocument* document)
+{
+    ORVTextRtfReader reader;
+    reader.setInterchange(true);
+    return readBy(reader, rtf, document);
 }
 
 void fuzz::checkDocument(const QTextDocument& document)

@@ -15,6 +15,8 @@ void require(bool holds, const char* what);
 
 /*! Reads \a rtf into \a document, checks what was read, and returns the reader's status. */
 int read(const QByteArray& rtf, QTextDocument* document);
+/*! The same, as other programs mean it. */
+int import(const QByteArray& rtf, QTextDocument* document);
 
 /*! That every length in \a document is a number, and every picture has a sensible size. */
 void checkDocument(const QTextDocument& document);

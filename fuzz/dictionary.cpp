@@ -1,5 +1,6 @@
 // Prints the spellings of all control words as a libFuzzer dictionary.
 
+#include "ORVRtfInterchangeWords_p.h"
 #include "ORVRtfKeywords.h"
 
 #include <cctype>
@@ -25,6 +26,7 @@ int main()
 {
 #define ORV_PRINT_SPELLING(name, spelling) print(spelling);
     ORV_RTF_KEYWORDS(ORV_PRINT_SPELLING)
+    ORV_INTERCHANGE_WORDS(ORV_PRINT_SPELLING)
 #undef ORV_PRINT_SPELLING
     return 0;
 }

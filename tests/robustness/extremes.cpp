@@ -1,3 +1,5 @@
+#include "ORVRtfInterchangeWords_p.h"
+#include "interchangehelpers.h"
 #include "testsupport.h"
 
 using namespace rtftest;
@@ -13,7 +15,7 @@ const QList<QByteArray>& destinations()
                    "\\*\\atnauthor \\*\\atnref \\*\\atrfstart \\*\\atrfend \\*\\bkmkstart \\*\\bkmkend "
                    "\\pict \\*\\shppict \\nonshppict \\*\\orvellinepdf \\*\\pdffilename \\*\\nisusfilename "
                    "\\*\\mathmlequation \\*\\nesttableprops \\nonesttables \\upr \\*\\ud \\header \\footer "
-                   "\\*\\zzz")
+                   "\\*\\formfield \\*\\shpinst \\sp \\sn \\*\\shptxt \\*\\zzz")
             .split(' ');
     return words;
 }
@@ -33,7 +35,7 @@ QString complaintAboutWriting(const QTextDocument& document)
     return status == 0 ? QString() : "reads back with status %1"_s.arg(status);
 }
 
-/*! Every control word, in the spelling that ends before its number. */
+/*! Every control word of both forms, in the spelling that ends before its number. */
 QList<QByteArray> allWords()
 {
     ORVTextRtfCommon::initHash();
@@ -42,7 +44,16 @@ QList<QByteArray> allWords()
         const QLatin1String spelling = ORVTextRtfCommon::toLatin1(ORVTextRtfCommon::KeyWord(word));
         words << QByteArray(spelling.latin1(), int(spelling.size()));
     }
+#define ORV_SPELLING(name, spelling) words << spelling;
+    ORV_INTERCHANGE_WORDS(ORV_SPELLING)
+#undef ORV_SPELLING
     return words;
+}
+
+/*! Reads \a rtf in both forms. */
+QList<Reading> readingsOf(const QByteArray& rtf)
+{
+    return {read(rtf), import(rtf)};
 }
 
 } // namespace
@@ -77,12 +88,13 @@ private slots:
                 const QByteArray content = " \\'01a;{\\b 0}";
                 const QByteArray rtf = "{\\rtf1 a{" + outer + content + "{" + inner + content + "}" + content
                     + inner + content + "}\\par z}";
-                const Reading reading = read(rtf);
-                QVERIFY2(reading.status == 0, rtf.constData());
-                QVERIFY2(reading.text().startsWith(QLatin1Char('a')), rtf.constData());
-                QVERIFY2(reading.text().endsWith(QLatin1Char('z')), rtf.constData());
-                const QString complaint = complaintAboutWriting(*reading.document);
-                QVERIFY2(complaint.isEmpty(), qPrintable(complaint));
+                for (const Reading& reading : readingsOf(rtf)) {
+                    QVERIFY2(reading.status == 0, rtf.constData());
+                    QVERIFY2(reading.text().startsWith(QLatin1Char('a')), rtf.constData());
+                    QVERIFY2(reading.text().endsWith(QLatin1Char('z')), rtf.constData());
+                    const QString complaint = complaintAboutWriting(*reading.document);
+                    QVERIFY2(complaint.isEmpty(), qPrintable(complaint));
+                }
             }
         }
     }
@@ -106,10 +118,11 @@ private slots:
                     continue;
                 for (const char* frame : frames) {
                     const QByteArray rtf = QByteArray(frame).replace('@', word + number + ' ');
-                    const Reading reading = read(rtf);
-                    QVERIFY2(reading.status == 0 || reading.status == 2, rtf.constData());
-                    const QString complaint = complaintAboutWriting(*reading.document);
-                    QVERIFY2(complaint.isEmpty(), qPrintable(QString::fromLatin1(rtf) + complaint));
+                    for (const Reading& reading : readingsOf(rtf)) {
+                        QVERIFY2(reading.status == 0 || reading.status == 2, rtf.constData());
+                        const QString complaint = complaintAboutWriting(*reading.document);
+                        QVERIFY2(complaint.isEmpty(), qPrintable(QString::fromLatin1(rtf) + complaint));
+                    }
                 }
             }
         });

@@ -112,6 +112,21 @@ inline Input inListTable(const char* name, const QByteArray& piece, const QByteA
     return {name, [=](int n) { return listTable(before + filled(piece, n) + after); }};
 }
 
+/*! Text in 3,000 fonts, whose code pages take turns. */
+inline QByteArray textInManyFonts(int bytes)
+{
+    const char* const pages[] = {"437",  "866",  "874",  "932",  "936",  "949",   "950",   "1250",
+                                 "1251", "1253", "1255", "1256", "1258", "10000", "10006", "65001"};
+    const int fonts = 3000;
+    QByteArray result = "{\\fonttbl";
+    for (int i = 0; i < fonts; ++i)
+        result += "{\\f" + QByteArray::number(i) + "\\cpg" + pages[i % 16] + " A;}";
+    result += '}';
+    for (int i = 0; result.size() < bytes; ++i)
+        result += "\\f" + QByteArray::number(i % fonts) + "\\'e4\\'b8\\'ad ";
+    return document(result);
+}
+
 /*! All of them; each is to be read in time and memory that grow no faster than its size. */
 inline QList<Input> inputs()
 {
@@ -203,6 +218,34 @@ inline QList<Input> inputs()
         repeated("cells merged to the left", "\\trowd\\cellx5\\clmrg\\cellx9\\intbl a\\cell b\\cell\\row"),
         {"rows with boundaries of their own", [](int n) { return document(disjointRows(n / 62)); }},
         {"a wide row above short ones", [](int n) { return document(wideRowAboveShortOnes(n)); }},
+        repeated("lead bytes", "\\'93", "\\ansicpg932 "),
+        repeated("lead bytes and braces", "\\'93{}", "\\ansicpg932 "),
+        repeated("lead byte in front of braces", "{}", "\\ansicpg932\\'93", "\\'fa"),
+        repeated("characters of two bytes", "\\'93\\'fa", "\\ansicpg932 "),
+        repeated("fonts of different code pages", "{\\f#\\cpg#\\fcharset# A;}", "{\\fonttbl", "}x"),
+        {"text in fonts of all code pages", textInManyFonts},
+        repeated("code pages in turn", "\\f1\\'e4\\f2\\'e4",
+                 "{\\fonttbl{\\f1\\fcharset128 A;}{\\f2\\fcharset204 B;}}"),
+        repeated("symbols and others", "a\\'ff", "{\\fonttbl{\\f1\\fcharset2 Symbol;}}\\f1 "),
+        repeated("hidden paragraphs", "{\\v x\\par}"),
+        repeated("second forms of pictures", "{\\nonshppict{\\pict 0}}"),
+        repeated("rows without an end", "\\trowd\\cellx9 x\\cell "),
+        repeated("cells without a row", "a\\cell b\\row "),
+        repeated("paragraphs that are in a table and others", "\\intbl a\\par\\pard b\\par "),
+        repeated("nested cells", "a\\nestcell "),
+        repeated("nested rows without a level", "a\\nestcell\\nestrow b\\cell "),
+        repeated("rows of other edges", "\\trowd\\cellx#0\\cellx99999999 a\\cell b\\cell\\row "),
+        repeated("definitions of rows", "\\trowd"),
+        repeated("rows of many other edges",
+                 "\\trowd\\cellx#1\\cellx#2\\cellx#3\\cellx#4\\cellx#5 a\\cell b\\cell c\\cell d\\cell "
+                 "e\\cell\\row "),
+        repeated("cells without a width", "\\cellx1 x\\cell "),
+        repeated("table levels one by one", "\\itap# x\\nestcell "),
+        repeated("rows on the deepest level", "\\itap12 x\\nestcell\\trowd\\cellx9\\nestrow "),
+        repeated("row ends without a row", "x\\row y\\nestrow "),
+        repeated("tables in notes", "x{\\footnote\\trowd\\cellx9 y\\cell\\row}"),
+        repeated("raw data of pictures that are missing", "{\\pict\\bin2147483647 "),
+        repeated("pictures without groups", "\\pict\\pngblip 00"),
         repeated("nested rows", "\\intbl\\itap2 a\\nestcell{\\*\\nesttableprops\\cellx9\\nestrow}", "",
                  "\\intbl\\cell\\row"),
     };
