@@ -44,6 +44,27 @@ QByteArray encoded(const QImage& image, const char* type, int quality)
     return data;
 }
 
+QByteArray escaped(unsigned byte)
+{
+    return "\\'" + QByteArray::number(byte, 16);
+}
+
+/*! Paragraphs of \a count characters that \a character makes, in a font of the character set \a charset. */
+template <typename Character>
+QByteArray escapedRtf(int count, int codePage, int charset, Character character)
+{
+    const int paragraph = 400;
+    std::mt19937 random{1};
+    QByteArray rtf = "{\\rtf1\\ansi\\ansicpg" + QByteArray::number(codePage) + "{\\fonttbl{\\f0\\fcharset"
+        + QByteArray::number(charset) + " Serif;}}\n";
+    for (int i = 0; i < count; ++i) {
+        if (i % paragraph == 0)
+            rtf += i == 0 ? "\\pard\\plain\\f0\\fs24 " : "\\par\n\\pard\\plain\\f0\\fs24 ";
+        rtf += i % 7 == 6 ? QByteArray(" ") : character(random);
+    }
+    return rtf + "}";
+}
+
 } // namespace
 
 BenchDocuments::Paragraph BenchDocuments::Prose::next()
@@ -154,6 +175,19 @@ QByteArray BenchDocuments::pictureRtf(const QByteArray& picture, const char* typ
     for (int i = 0; i < hexadecimal.size(); i += lineLength)
         rtf += hexadecimal.mid(i, lineLength) + '\n';
     return rtf + "}\\par}";
+}
+
+QByteArray BenchDocuments::cyrillicRtf(int count)
+{
+    return escapedRtf(count, 1251, 204, [](std::mt19937& random) { return escaped(0xE0 + random() % 32); });
+}
+
+QByteArray BenchDocuments::japaneseRtf(int count)
+{
+    // The second bytes of these characters are above ASCII.
+    return escapedRtf(count / 2, 932, 128, [](std::mt19937& random) {
+        return escaped(0x88 + random() % 16) + escaped(0x9F + random() % 80);
+    });
 }
 
 QByteArray BenchDocuments::groupsRtf(int count)

@@ -80,6 +80,10 @@ QByteArray noiseJpeg(int side);
 /*! A document of one picture; \a type is its control word. */
 QByteArray pictureRtf(const QByteArray& picture, const char* type);
 
+/*! Paragraphs of \a count escaped bytes, and blanks: Cyrillic of code page 1251, or Japanese of 932. */
+QByteArray cyrillicRtf(int count);
+QByteArray japaneseRtf(int count);
+
 /*! \a count groups of one letter. */
 QByteArray groupsRtf(int count);
 

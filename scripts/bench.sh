@@ -10,7 +10,7 @@ build_preset bench
 results=$(mktemp -d)
 trap 'rm -rf "$results"' EXIT
 export QT_QPA_PLATFORM=offscreen
-for subject in reading stripping writing; do
+for subject in reading importing stripping writing; do
     say "running bench_$subject"
     logged "bench-$subject" "$root/build/bench/bin/bench_$subject" --benchmark_repetitions=5 \
         --benchmark_report_aggregates_only=true --benchmark_out_format=json \
