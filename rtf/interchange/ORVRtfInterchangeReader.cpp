@@ -1,7 +1,6 @@
 #include "ORVRtfInterchangeReader_p.h"
 
 #include "ORVRtfCodePages_p.h"
-#include "ORVRtfHexadecimal_p.h"
 #include "QtFontCompat_p.h"
 #include "QtStringCompat_p.h"
 
@@ -91,8 +90,7 @@ int ORVRtfInterchangeReader::actOn(const ORVRtfControlWord& word)
 void ORVRtfInterchangeReader::skipFallback(KeyWord keyWord)
 {
     --m_fallback;
-    if (keyWord == ExtendedCharacterValue && ORVRtfHexadecimal::value(m_input.charAt(0)) >= 0
-        && ORVRtfHexadecimal::value(m_input.charAt(1)) >= 0)
+    if (keyWord == ExtendedCharacterValue && escapedByte() >= 0)
         m_input.release(2);
 }
 

@@ -60,6 +60,7 @@ private:
     int translatePrivateWord(ORVRtfInterchangeWords::Word word, bool hasParameter, int parameter);
     bool translateTableWord(KeyWord keyWord, bool hasParameter, int n);
     bool translateBorderWord(KeyWord keyWord, bool hasParameter, int n);
+    int escapedByte();
     int translateEscapedBytes();
     void translateUnicodeUnit(bool hasParameter, int unit);
     void endShownParagraph();

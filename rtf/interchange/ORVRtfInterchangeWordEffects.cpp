@@ -274,14 +274,20 @@ int ORVRtfInterchangeReader::translatePrivateWord(Words::Word word, bool hasPara
     return NoError;
 }
 
+/*! The byte whose two digits stand at the read position; negative where others stand there. */
+int ORVRtfInterchangeReader::escapedByte()
+{
+    m_input.charAt(1);
+    return m_input.available() < 2 ? -1 : ORVRtfHexadecimal::byte(m_input.data());
+}
+
 /*!
     The byte whose digits stand at the read position, and the text that follows it up to another control word,
     a brace or a line end: the words of most languages are escaped byte by byte, with plain blanks between.
 */
 int ORVRtfInterchangeReader::translateEscapedBytes()
 {
-    m_input.charAt(1);
-    const int first = m_input.available() < 2 ? -1 : ORVRtfHexadecimal::byte(m_input.data());
+    const int first = escapedByte();
     if (first < 0)
         return InvalidParameter;
     m_input.release(2);

@@ -6,8 +6,10 @@ namespace {
 
 QByteArray sampleRtf()
 {
-    return "{\\rtf1\\ansi{\\fonttbl{\\f0 Quibble Serif;}}{\\colortbl;\\red255\\green0\\blue0;}\n"
-           "\\pard\\f0\\fs24 caf\\'e9 \\u8364?\\par\n{\\pict\\pngblip 5035203120312032353520\n41}\\par\n"
+    return "{\\rtf1\\ansi{\\fonttbl{\\f0 Quibble Serif;}{\\f1\\fcharset128 "
+           "A;}}{\\colortbl;\\red255\\green0\\blue0;}\n"
+           "\\pard\\f0\\fs24 caf\\'e9 \\u8364?{\\f1\\'93\\'fa x\\'93\\'fa}{\\v y}\\par\n{\\pict\\pngblip "
+           "5035203120312032353520\n41}\\par\n"
            "\\trowd\\cellx3000\\pard\\intbl cell\\cell\\row\n\\pard after\\par}";
 }
 
@@ -76,20 +78,25 @@ private:
     QByteArray m_bytes;
 };
 
-/*! The status and the text of reading one device, and the result of stripping another. */
-QStringList outcomeOf(QIODevice& toRead, QIODevice& toStrip)
+/*! The status and the text of reading one device and importing another, and the result of stripping a third. */
+QStringList outcomeOf(QIODevice& toRead, QIODevice& toImport, QIODevice& toStrip)
 {
-    QTextDocument document;
-    ORVTextRtfReader reader(&toRead);
-    reader.read(&document);
-    return {QString::number(reader.error()), textOf(document), QString::fromLatin1(stripped(toStrip))};
+    QStringList outcome(QString::fromLatin1(stripped(toStrip)));
+    for (QIODevice* const device : {&toRead, &toImport}) {
+        QTextDocument document;
+        ORVTextRtfReader reader(device);
+        reader.setInterchange(device == &toImport);
+        reader.read(&document);
+        outcome << QString::number(reader.error()) << textOf(document);
+    }
+    return outcome;
 }
 
 QStringList outcomeOf(QByteArray rtf)
 {
-    QBuffer toRead(&rtf), toStrip(&rtf);
+    QBuffer toRead(&rtf), toImport(&rtf), toStrip(&rtf);
     toStrip.open(QIODevice::ReadOnly);
-    return outcomeOf(toRead, toStrip);
+    return outcomeOf(toRead, toImport, toStrip);
 }
 
 } // namespace
@@ -105,20 +112,21 @@ private slots:
         const Rows add([](bool sequential, QIODevice::OpenMode mode) {
             const QByteArray rtf = sampleRtf();
             for (const int pieceSize : {1, 2, 7, 1000}) {
-                UnreliableInput toRead(rtf, pieceSize, sequential), toStrip(rtf, pieceSize, sequential);
-                toRead.open(mode);
-                toStrip.open(mode);
-                QCOMPARE(outcomeOf(toRead, toStrip), outcomeOf(rtf));
+                UnreliableInput toRead(rtf, pieceSize, sequential), toImport(rtf, pieceSize, sequential),
+                    toStrip(rtf, pieceSize, sequential);
+                for (QIODevice* const device : {&toRead, &toImport, &toStrip})
+                    device->open(mode);
+                QCOMPARE(outcomeOf(toRead, toImport, toStrip), outcomeOf(rtf));
                 QVERIFY(toRead.calls() <= rtf.size() + 10);
                 QCOMPARE(toRead.bytesAvailable(), qint64(0));
             }
             for (int i = 0; i < 2 * rtf.size(); ++i) {
                 const UnreliableInput::End end = i % 2 ? UnreliableInput::Fails : UnreliableInput::Closes;
                 UnreliableInput toRead(rtf, 1, sequential, end, i / 2),
-                    toStrip(rtf, 1, sequential, end, i / 2);
-                toRead.open(mode);
-                toStrip.open(mode);
-                QCOMPARE(outcomeOf(toRead, toStrip), outcomeOf(rtf.left(i / 2)));
+                    toImport(rtf, 1, sequential, end, i / 2), toStrip(rtf, 1, sequential, end, i / 2);
+                for (QIODevice* const device : {&toRead, &toImport, &toStrip})
+                    device->open(mode);
+                QCOMPARE(outcomeOf(toRead, toImport, toStrip), outcomeOf(rtf.left(i / 2)));
                 QVERIFY(toRead.calls() <= 3 * rtf.size());
             }
         });

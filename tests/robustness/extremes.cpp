@@ -50,12 +50,6 @@ QList<QByteArray> allWords()
     return words;
 }
 
-/*! Reads \a rtf in both forms. */
-QList<Reading> readingsOf(const QByteArray& rtf)
-{
-    return {read(rtf), import(rtf)};
-}
-
 } // namespace
 
 /*! Words, numbers, names and formats that nobody expects have a defined result. */
@@ -88,7 +82,7 @@ private slots:
                 const QByteArray content = " \\'01a;{\\b 0}";
                 const QByteArray rtf = "{\\rtf1 a{" + outer + content + "{" + inner + content + "}" + content
                     + inner + content + "}\\par z}";
-                for (const Reading& reading : readingsOf(rtf)) {
+                for (const Reading& reading : inBothForms(rtf)) {
                     QVERIFY2(reading.status == 0, rtf.constData());
                     QVERIFY2(reading.text().startsWith(QLatin1Char('a')), rtf.constData());
                     QVERIFY2(reading.text().endsWith(QLatin1Char('z')), rtf.constData());
@@ -118,7 +112,7 @@ private slots:
                     continue;
                 for (const char* frame : frames) {
                     const QByteArray rtf = QByteArray(frame).replace('@', word + number + ' ');
-                    for (const Reading& reading : readingsOf(rtf)) {
+                    for (const Reading& reading : inBothForms(rtf)) {
                         QVERIFY2(reading.status == 0 || reading.status == 2, rtf.constData());
                         const QString complaint = complaintAboutWriting(*reading.document);
                         QVERIFY2(complaint.isEmpty(), qPrintable(QString::fromLatin1(rtf) + complaint));

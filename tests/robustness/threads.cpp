@@ -11,14 +11,14 @@ const int rounds = 20;
 QByteArray sample(int number)
 {
     const QByteArray n = QByteArray::number(number);
-    QByteArray rtf =
-        "{\\rtf1\\ansi{\\fonttbl{\\f0\\froman Quibble Serif;}{\\f1\\fswiss DejaVu Sans;}{\\f2 Font" + n
-        + ";}}{\\colortbl;\\red255\\green0\\blue" + n
+    QByteArray rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0\\froman Quibble Serif;}{\\f1\\fswiss DejaVu "
+                     "Sans;}{\\f2\\fcharset128 Font"
+        + n + ";}}{\\colortbl;\\red255\\green0\\blue" + n
         + ";}{\\*\\listtable{\\list{\\listlevel\\levelnfc0{\\leveltext\\'02\\'00.;}}\\listid1}}"
           "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}\n";
     for (int i = 0; i < 10; ++i) {
         rtf += "\\pard\\plain\\f" + QByteArray::number(i % 3) + "\\fs" + QByteArray::number(20 + number)
-            + "\\cf1 Thread " + n + " caf\\'e9 \\u8364? \\emdash{\\b bold}{\\super 1}\\par\n"
+            + "\\cf1 Thread " + n + " caf\\'e9 \\'93\\'fa \\u8364? \\emdash{\\b bold}{\\super 1}\\par\n"
             + "\\pard\\ls1\\ilvl0 item\\par\n" + "{\\field{\\*\\fldinst HYPERLINK \"http://example.com/" + n
             + "\"}{\\fldrslt link}}\\par\n" + "{\\pict\\pngblip " + "P5 1 1 255 A"_b.toHex() + "}\\par\n"
             + "\\trowd\\cellx3000\\cellx6000\\pard\\intbl A" + n + "\\cell B\\cell\\row\\pard\n";
@@ -26,12 +26,13 @@ QByteArray sample(int number)
     return rtf + "}";
 }
 
-/*! Reads \a rtf and writes it again. */
-QByteArray converted(QByteArray rtf)
+/*! Reads \a rtf in either form and writes it again. */
+QByteArray converted(QByteArray rtf, bool interchange)
 {
     QTextDocument document;
     QBuffer input(&rtf);
     ORVTextRtfReader reader(&input);
+    reader.setInterchange(interchange);
     if (!reader.read(&document))
         return "not read";
     QBuffer output;
@@ -69,17 +70,18 @@ private slots:
     void conversions()
     {
         std::vector<QByteArray> results(threadCount);
-        runInThreads([&results](int number) { results[size_t(number)] = converted(sample(number)); });
+        runInThreads(
+            [&results](int number) { results[size_t(number)] = converted(sample(number), number % 2 == 0); });
         for (int number = 0; number < threadCount; ++number) {
             QVERIFY2(results[size_t(number)].startsWith("{\\rtf1\\ansi"),
                      results[size_t(number)].constData());
-            QCOMPARE(results[size_t(number)], converted(sample(number)));
+            QCOMPARE(results[size_t(number)], converted(sample(number), number % 2 == 0));
         }
         std::atomic<int> differences(0);
         runInThreads([&](int number) {
             const QByteArray rtf = sample(number);
             for (int round = 0; round < rounds; ++round) {
-                if (converted(rtf) != results[size_t(number)])
+                if (converted(rtf, number % 2 == 0) != results[size_t(number)])
                     ++differences;
             }
         });

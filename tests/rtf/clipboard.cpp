@@ -210,9 +210,11 @@ private slots:
                 if (!contents[i].isNull())
                     mime.setData(ORV::rtfMimeTypes().at(i), contents[i]);
             }
-            const Document document = textDocument("old"_s);
-            QCOMPARE(ORVTextRtf::fromRtfMimeData(&mime, document.data()), ok);
-            QCOMPARE(textOf(*document), text);
+            for (const auto read : {&ORVTextRtf::fromRtfMimeData, &ORVTextRtf::importRtfMimeData}) {
+                const Document document = textDocument("old"_s);
+                QCOMPARE(read(&mime, document.data()), ok);
+                QCOMPARE(textOf(*document), text);
+            }
         });
         add("nothing", absent, absent, absent, false, "old");
         add("first", Sample, absent, absent, true, "One two");
@@ -251,11 +253,13 @@ private slots:
         mime.setData(type, Sample);
         mime.setData(ownType(), Sample);
         QVERIFY(!ORVTextRtf::fromRtfMimeData(&mime, nullptr));
+        QVERIFY(!ORVTextRtf::importRtfMimeData(&mime, nullptr));
         QVERIFY(!ORVTextRtf::parseRtfMimeData(type, &mime, nullptr));
         QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(&mime, nullptr));
         QVERIFY(mime.asked.isEmpty());
         const Document document = textDocument("old"_s);
         QVERIFY(!ORVTextRtf::fromRtfMimeData(nullptr, document.data()));
+        QVERIFY(!ORVTextRtf::importRtfMimeData(nullptr, document.data()));
         QVERIFY(!ORVTextRtf::parseRtfMimeData(type, nullptr, document.data()));
         QVERIFY(!ORVTextRtf::fromOrvellineMarkupRtfMimeData(nullptr, document.data()));
         QVERIFY(!ORVTextRtf::fromRtfMimeData(nullptr, nullptr));

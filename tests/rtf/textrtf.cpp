@@ -125,6 +125,11 @@ private slots:
             add(source + ", bad escape", read, "{a\\'", "a", "Invalid control word parameter encountered");
         };
         addSource("bytes", &ORVTextRtf::fromRtfData);
+        addSource("imported bytes", &ORVTextRtf::importRtfData);
+        addSource("imported file", [this](const QByteArray& rtf, QTextDocument* document, QString* message) {
+            store("a.rtf", rtf);
+            return ORVTextRtf::importRtfFile(path("a.rtf"), document, message);
+        });
         addSource("file", [this](const QByteArray& rtf, QTextDocument* document, QString* message) {
             store("a.rtf", rtf);
             return ORVTextRtf::fromRtfFile(path("a.rtf"), document, message);
@@ -146,8 +151,10 @@ private slots:
         for (const QString& name : {path("missing.rtf"), m_directory->path()}) {
             const QSharedPointer<QTextDocument> document = textDocument("old"_s);
             QString message = untouched();
-            QVERIFY(!ORVTextRtf::fromRtfFile(name, document.data(), &message));
-            QVERIFY(!ORVTextRtf::fromRtfFile(name, document.data(), nullptr));
+            for (const auto read : {&ORVTextRtf::fromRtfFile, &ORVTextRtf::importRtfFile}) {
+                QVERIFY(!read(name, document.data(), &message));
+                QVERIFY(!read(name, document.data(), nullptr));
+            }
             QCOMPARE(message, untouched());
             QCOMPARE(textOf(*document), "old"_s);
         }

@@ -33,6 +33,12 @@ inline QString importedText(const QByteArray& body)
     return importBody(body).text();
 }
 
+/*! Reads \a rtf in the storage form and in the interchange form. */
+inline QList<Reading> inBothForms(const QByteArray& rtf)
+{
+    return {read(rtf), import(rtf)};
+}
+
 } // namespace rtftest
 
 #endif
