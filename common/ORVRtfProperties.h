@@ -43,6 +43,19 @@ enum Id {
     AnnotationAnchor = QTextFormat::UserProperty + 102,
     /*! bool, char: the text has a footnote, whose content is NoteContent. */
     FootnoteAnchor = QTextFormat::UserProperty + 103,
+    /*! bool, char: the footnote of FootnoteAnchor is an endnote. */
+    EndnoteAnchor = QTextFormat::UserProperty + 104,
+    /*!
+        int, char: the text is nothing but the mark of its note. Its number, counted from 1 among the notes of
+        its kind, or 0 for a mark that the author has chosen.
+    */
+    NoteNumber = QTextFormat::UserProperty + 105,
+    /*! QString, char: who wrote the annotation. */
+    NoteAuthor = QTextFormat::UserProperty + 106,
+    /*! QString, char: the initials of who wrote the annotation. */
+    NoteInitials = QTextFormat::UserProperty + 107,
+    /*! QDateTime, char: when the annotation was written, in local time. */
+    NoteDate = QTextFormat::UserProperty + 108,
     /*! QString, char: the bookmark the text belongs to; a name that begins with "@" marks its end. */
     BookmarkName = QTextFormat::UserProperty + 210,
     /*! QString, char: the bookmark whose page number the text shows. */

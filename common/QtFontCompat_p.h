@@ -5,6 +5,7 @@
 #include <QtCore/QStringList>
 #include <QtGui/QFont>
 #include <QtGui/QFontDatabase>
+#include <QtGui/QFontMetricsF>
 #include <QtGui/QTextCharFormat>
 #if QT_VERSION < QT_VERSION_CHECK(5, 0, 0)
 #include <QtGui/QApplication>
@@ -119,6 +120,16 @@ inline QStringList fontFamilies()
     return QFontDatabase::families();
 #else
     return QFontDatabase().families();
+#endif
+}
+
+/*! The width of \a character, and of the space behind it. */
+inline double advance(const QFontMetricsF& metrics, QChar character)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 11, 0)
+    return metrics.horizontalAdvance(character);
+#else
+    return metrics.width(character);
 #endif
 }
 

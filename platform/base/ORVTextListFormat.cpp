@@ -1,11 +1,13 @@
 #include "ORVTextListFormat.h"
 
 #include "ORVRtfProperties.h"
+#include "ORVTextListProperties_p.h"
 #include "QtFormatCompat_p.h"
 #include "QtStringCompat_p.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDataStream>
+#include <QtCore/QStringList>
 #include <QtCore/QVariant>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
@@ -13,10 +15,6 @@
 #include <QtGui/QTextList>
 
 namespace {
-
-// QString, list: the encoded levels. QString is the only type of variable length that Qt hashes by value in
-// formats. With any other, many lists would take quadratic time.
-const int levelsProperty = QTextFormat::UserProperty + 300;
 
 // Qt indents a list by 40 pixels for each step of its indent, at 96 pixels to the inch.
 const double pointsPerIndent = 30;
@@ -80,10 +78,51 @@ QString encoded(const QList<ORVTextListLevel>& levels)
     return compat::fromLatin1(bytes.toBase64());
 }
 
+bool hasDefaultMarkers(const ORVTextListLevel& level)
+{
+    const ORVTextListLevel defaults;
+    return level.start() == defaults.start() && level.follow() == defaults.follow()
+        && level.justification() == defaults.justification();
+}
+
+/*! "start:follow:justification" of each level, the last only where it is not the left one, with ";" between; empty where all are the defaults. */
+QString markers(const QList<ORVTextListLevel>& levels)
+{
+    QStringList entries;
+    bool areDefaults = true;
+    for (const ORVTextListLevel& level : levels) {
+        QString entry = QString::fromLatin1("%1:%2").arg(level.start()).arg(int(level.follow()));
+        if (level.justification() != ORVTextListLevel::Left)
+            entry += QLatin1Char(':') + QString::number(level.justification());
+        entries << entry;
+        areDefaults = areDefaults && hasDefaultMarkers(level);
+    }
+    return areDefaults ? QString() : entries.join(QLatin1String(";"));
+}
+
+void setMarkers(QList<ORVTextListLevel>& levels, const QString& text)
+{
+    const QStringList entries = text.split(QLatin1Char(';'));
+    for (int i = 0; i < qMin(int(entries.size()), int(levels.size())); ++i) {
+        const QStringList entry = entries.at(i).split(QLatin1Char(':'));
+        bool isStart = false;
+        const int start = entry.first().toInt(&isStart);
+        const int follow = entry.value(1).toInt();
+        const int justification = entry.value(2).toInt();
+        if (isStart)
+            levels[i].setStart(start);
+        if (follow == ORVTextListLevel::Space || follow == ORVTextListLevel::Nothing)
+            levels[i].setFollow(ORVTextListLevel::Follow(follow));
+        if (justification == ORVTextListLevel::Center || justification == ORVTextListLevel::Right)
+            levels[i].setJustification(ORVTextListLevel::Justification(justification));
+    }
+}
+
 QList<ORVTextListLevel> storedLevels(const QTextListFormat& format)
 {
     QList<ORVTextListLevel> levels;
-    const QByteArray bytes = QByteArray::fromBase64(format.stringProperty(levelsProperty).toLatin1());
+    const QByteArray bytes =
+        QByteArray::fromBase64(format.stringProperty(ORVTextListProperty::Levels).toLatin1());
     QDataStream stream(bytes);
     stream.setVersion(QDataStream::Qt_4_6);
     while (!stream.atEnd()) {
@@ -93,6 +132,8 @@ QList<ORVTextListLevel> storedLevels(const QTextListFormat& format)
             break;
         levels.append(level);
     }
+    if (format.hasProperty(ORVTextListProperty::Markers))
+        setMarkers(levels, format.stringProperty(ORVTextListProperty::Markers));
     return levels;
 }
 
@@ -121,16 +162,16 @@ QTextListFormat::Style listStyle(const ORVTextListLevel& level)
     Sets prefix and suffix of the number. A bullet has none. Neither has a template without a number: Qt would
     add its number to the text, and its own "1." is better than that.
 */
-void setNumberSurroundings(QTextListFormat* format, const ORVTextListLevel& level)
+void setNumberSurroundings(QTextListFormat* format, const ORVTextListLevel& level, const QString& text)
 {
-    const int number = int(level.text().indexOf(numberPlaceholder));
+    const int number = int(text.indexOf(numberPlaceholder));
     if (level.kind() == ORVTextListLevel::Bullet || number < 0) {
         format->clearProperty(QTextFormat::ListNumberPrefix);
         format->clearProperty(QTextFormat::ListNumberSuffix);
         return;
     }
-    format->setNumberPrefix(level.text().left(number));
-    format->setNumberSuffix(level.text().mid(number + compat::length(numberPlaceholder)));
+    format->setNumberPrefix(text.left(number));
+    format->setNumberSuffix(text.mid(number + compat::length(numberPlaceholder)));
 }
 
 QString numberTemplate(const QTextListFormat& format)
@@ -185,18 +226,52 @@ bool statesIndents(const QTextBlockFormat& format)
 
 QList<ORVTextListLevel> ORVTextListFormat::levels(const QTextListFormat& format)
 {
-    return format.hasProperty(levelsProperty) ? storedLevels(format) : derivedLevels(format);
+    return storesLevels(format) ? storedLevels(format) : derivedLevels(format);
+}
+
+bool ORVTextListFormat::storesLevels(const QTextListFormat& format)
+{
+    return format.hasProperty(ORVTextListProperty::Levels);
 }
 
 void ORVTextListFormat::setLevels(QTextListFormat& format, const QList<ORVTextListLevel>& levels)
 {
+    format.clearProperty(ORVTextListProperty::ShownLevel);
+    format.clearProperty(ORVTextListProperty::Markers);
     if (levels.isEmpty()) {
-        format.clearProperty(levelsProperty);
+        format.clearProperty(ORVTextListProperty::Levels);
         return;
     }
-    format.setProperty(levelsProperty, encoded(levels));
+    format.setProperty(ORVTextListProperty::Levels, encoded(levels));
+    const QString starts = markers(levels);
+    if (!starts.isEmpty())
+        format.setProperty(ORVTextListProperty::Markers, starts);
     format.setStyle(listStyle(levels.first()));
-    setNumberSurroundings(&format, levels.first());
+    setNumberSurroundings(&format, levels.first(), levels.first().text());
+}
+
+int ORVTextListFormat::shownLevel(const QTextListFormat& format)
+{
+    return format.hasProperty(ORVTextListProperty::ShownLevel)
+        ? format.intProperty(ORVTextListProperty::ShownLevel)
+        : -1;
+}
+
+void ORVTextListFormat::setShownLevel(QTextListFormat& format, int level, const QString& text, int number)
+{
+    const QList<ORVTextListLevel> levels = storedLevels(format);
+    if (level < 0 || level >= levels.size())
+        return;
+    const ORVTextListLevel& shown = levels.at(level);
+    format.setProperty(ORVTextListProperty::ShownLevel, level);
+    format.setIndent(level + 1);
+    format.setStyle(shown.text().isEmpty() ? QTextListFormat::ListStyleUndefined : listStyle(shown));
+    setNumberSurroundings(&format, shown, text);
+#if QT_VERSION >= QT_VERSION_CHECK(6, 6, 0)
+    format.setStart(number);
+#else
+    Q_UNUSED(number)
+#endif
 }
 
 int ORVTextListFormat::blockLevel(QTextList* list, const QTextBlock& block)

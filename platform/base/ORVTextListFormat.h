@@ -5,6 +5,7 @@
 #include "ORVTextListLevel.h"
 
 #include <QtCore/QList>
+#include <QtCore/QString>
 
 class QTextBlock;
 class QTextList;
@@ -23,10 +24,27 @@ ORV_PLATFORM_EXPORT QList<ORVTextListLevel> levels(const QTextListFormat& format
 
 /*!
     Stores \a levels in \a format, and sets the list style, number prefix and number suffix of level 0, so
-    that a view without support for levels shows a sensible marker. An empty list removes the levels and
-    leaves the rest of \a format alone.
+    that a view without support for levels shows a sensible marker. No level is the shown one (see
+    setShownLevel()) any more. An empty list removes the levels and leaves the rest of \a format alone.
 */
 ORV_PLATFORM_EXPORT void setLevels(QTextListFormat& format, const QList<ORVTextListLevel>& levels);
+
+/*! Whether levels are stored in \a format, so that levels() need not derive any. */
+ORV_PLATFORM_EXPORT bool storesLevels(const QTextListFormat& format);
+
+/*!
+    The level that all items of a list of \a format have, where one of several QTextLists holds each level; -1
+    when that is not stated.
+*/
+ORV_PLATFORM_EXPORT int shownLevel(const QTextListFormat& format);
+
+/*!
+    States that all items of a list of \a format have \a level of its stored levels, and sets list style, number
+    prefix and suffix, and indent of that level, so that a view without support for levels shows it. \a text is
+    the level's template, in which the numbers of higher levels are filled in, and \a number that of the list's
+    first item, which Qt shows from version 6.6 on. Does nothing when no such level is stored.
+*/
+ORV_PLATFORM_EXPORT void setShownLevel(QTextListFormat& format, int level, const QString& text, int number);
 
 /*!
     The 0-based level of \a block in \a list. 0 when \a list is null, or when the block has no level or is not

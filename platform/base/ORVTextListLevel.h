@@ -15,9 +15,32 @@
 class ORV_PLATFORM_EXPORT ORVTextListLevel {
 public:
     /*! The number format of a level. */
-    enum Kind { Bullet = 0, Decimal, LowerLetter, UpperLetter, LowerRoman, UpperRoman };
+    enum Kind {
+        Bullet = 0,
+        Decimal,
+        LowerLetter,
+        UpperLetter,
+        LowerRoman,
+        UpperRoman,
+        // Numbers of East Asia, which Qt has no list style for.
+        KatakanaAiueo = 0x100, //!< Katakana in the order of the syllabary.
+        KatakanaIroha, //!< Katakana in the order of the poem.
+        HangulSyllable, //!< Ga, na, da.
+        HangulConsonant, //!< The consonants alone.
+        HeavenlyStem, //!< The ten stems of the calendar.
+        EarthlyBranch, //!< The twelve branches of the calendar.
+        Circled, //!< Decimal numbers in circles up to 20.
+        IdeographDigit, //!< Chinese digits, one for each decimal digit.
+        IdeographCounting //!< Chinese numbers with ten, hundred and thousand.
+    };
 
-    /*! A decimal level with an empty template and no indents. */
+    /*! What stands between the marker of an item and its text. */
+    enum Follow { Tab = 0, Space, Nothing };
+
+    /*! The part of a marker that stands at the position of the first line. */
+    enum Justification { Left = 0, Center, Right };
+
+    /*! A decimal level with an empty template and no indents, which starts with 1, with a tab behind markers. */
     ORVTextListLevel();
 
     /*! The template of the marker. */
@@ -40,7 +63,22 @@ public:
     /*! Sets the position of an item's first line, in points. */
     void setFirstLinePosition(double position) { m_firstLinePosition = position; }
 
-    /*! Whether template, kind and both positions equal those of \a other. */
+    /*! The number of the first item. */
+    int start() const { return m_start; }
+    /*! Sets the number of the first item. */
+    void setStart(int start) { m_start = start; }
+
+    /*! What stands between the marker of an item and its text. */
+    Follow follow() const { return m_follow; }
+    /*! Sets what stands between the marker of an item and its text. */
+    void setFollow(Follow follow) { m_follow = follow; }
+
+    /*! The part of a marker that stands at the position of the first line. */
+    Justification justification() const { return m_justification; }
+    /*! Sets the part of a marker that stands at the position of the first line. */
+    void setJustification(Justification justification) { m_justification = justification; }
+
+    /*! Whether template, kind, both positions, start, what follows and justification equal those of \a other. */
     bool operator==(const ORVTextListLevel& other) const;
     /*! Whether this level and \a other differ. */
     bool operator!=(const ORVTextListLevel& other) const { return !(*this == other); }
@@ -50,6 +88,9 @@ private:
     unsigned m_kind;
     double m_indent;
     double m_firstLinePosition;
+    int m_start;
+    Follow m_follow;
+    Justification m_justification;
 };
 
 #endif

@@ -72,6 +72,16 @@ constexpr NumberFormat numberFormats[] = {
     {0, ORVTextListLevel::Decimal},     {1, ORVTextListLevel::UpperRoman},  {2, ORVTextListLevel::LowerRoman},
     {3, ORVTextListLevel::UpperLetter}, {4, ORVTextListLevel::LowerLetter}, {23, ORVTextListLevel::Bullet}};
 
+/*! Kinds that the storage form does not know; it takes them for decimal. */
+constexpr NumberFormat eastAsianNumberFormats[] = {
+    {10, ORVTextListLevel::IdeographDigit},    {11, ORVTextListLevel::IdeographCounting},
+    {12, ORVTextListLevel::KatakanaAiueo},     {13, ORVTextListLevel::KatakanaIroha},
+    {18, ORVTextListLevel::Circled},           {20, ORVTextListLevel::KatakanaAiueo},
+    {21, ORVTextListLevel::KatakanaIroha},     {24, ORVTextListLevel::HangulSyllable},
+    {25, ORVTextListLevel::HangulConsonant},   {28, ORVTextListLevel::Circled},
+    {30, ORVTextListLevel::HeavenlyStem},      {31, ORVTextListLevel::EarthlyBranch},
+    {33, ORVTextListLevel::IdeographCounting}, {37, ORVTextListLevel::IdeographCounting}};
+
 } // namespace ORVRtfWordValues
 
 #endif

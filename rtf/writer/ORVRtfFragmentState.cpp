@@ -16,6 +16,14 @@ QString linkInstruction(const QTextCharFormat& format)
     return QLatin1String("HYPERLINK \\l ") + bookmark;
 }
 
+void setNote(ORVRtfFragmentState& state, const QTextCharFormat& format)
+{
+    state.noteData = format.property(ORVRtfProperty::NoteContent).toByteArray();
+    state.isEndnote = format.property(ORVRtfProperty::EndnoteAnchor).toBool();
+    if (format.hasProperty(ORVRtfProperty::NoteNumber))
+        state.noteNumber = format.intProperty(ORVRtfProperty::NoteNumber);
+}
+
 } // namespace
 
 ORVRtfFragmentState ORVRtfFragmentState::cleanState(const QTextCharFormat& format)
@@ -30,7 +38,7 @@ ORVRtfFragmentState ORVRtfFragmentState::cleanState(const QTextCharFormat& forma
     if (format.property(ORVRtfProperty::FootnoteAnchor).toBool())
         state.flags |= FootnoteAnchor;
     if (state.flags & (AnnotationAnchor | FootnoteAnchor))
-        state.noteData = format.property(ORVRtfProperty::NoteContent).toByteArray();
+        setNote(state, format);
     if (format.isAnchor() && !format.anchorHref().isEmpty()) {
         state.flags |= Hyperlink;
         state.link = linkInstruction(format);
@@ -66,5 +74,7 @@ ORVRtfFragmentState ORVRtfFragmentState::convertedState(const ORVRtfWriterSettin
 
 bool ORVRtfFragmentState::operator==(const ORVRtfFragmentState& other) const
 {
-    return this == &other || (flags == other.flags && noteData == other.noteData && name == other.name);
+    return this == &other
+        || (flags == other.flags && noteData == other.noteData && noteNumber == other.noteNumber
+            && name == other.name);
 }

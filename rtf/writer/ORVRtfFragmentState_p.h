@@ -21,6 +21,10 @@ struct ORVRtfFragmentState {
     };
     int flags = 0;
     QByteArray noteData;
+    /*! Number of the note whose mark the text is, 0 for a mark of the author's own; -1 for other text. */
+    int noteNumber = -1;
+    /*! The note stands at the end of the document. */
+    bool isEndnote = false;
     QString name;
     /*! Instruction of the link's field. Not compared: it only distinguishes neighbouring links. */
     QString link;
@@ -29,6 +33,9 @@ struct ORVRtfFragmentState {
     static ORVRtfFragmentState cleanState(const QTextCharFormat& format);
     /*! This state where \a settings have notes of one kind written as another. */
     ORVRtfFragmentState convertedState(const ORVRtfWriterSettings& settings) const;
+
+    /*! Whether the text is a mark that programs make of the note's number. */
+    bool isNumber() const { return noteNumber > 0; }
 
     bool operator==(const ORVRtfFragmentState& other) const;
 };

@@ -10,6 +10,16 @@ void ORVRtfOutputLists::append(QTextList* list, const QTextCharFormat& markerFor
     m_numbers.insert(list, int(m_lists.size()));
 }
 
+void ORVRtfOutputLists::append(QTextList* list, const QTextCharFormat& markerFormat, const Joined& joined)
+{
+    if (const int number = m_joinedNumbers.value(joined, 0)) {
+        m_numbers.insert(list, number);
+        return;
+    }
+    append(list, markerFormat);
+    m_joinedNumbers.insert(joined, number(list));
+}
+
 int ORVRtfOutputLists::itemNumber(const QTextList* list, const QTextBlock& block)
 {
     // QTextList::itemNumber() searches the whole list; only an item out of order needs that.
@@ -23,5 +33,6 @@ void ORVRtfOutputLists::clear()
 {
     m_lists.clear();
     m_numbers.clear();
+    m_joinedNumbers.clear();
     m_nextItems.clear();
 }

@@ -34,6 +34,13 @@ ORVRtfRunFormat& ORVRtfTextSource::runFormat(const QTextBlock& block)
     return *run;
 }
 
+ORVTextListLabels::Label ORVRtfTextSource::label(const QTextBlock& block)
+{
+    if (!m_labels)
+        m_labels.reset(new ORVTextListLabels(m_document));
+    return m_labels->label(block);
+}
+
 std::unique_ptr<ORVRtfRunFormat>& ORVRtfTextSource::runFormatAt(int number)
 {
     const size_t index = size_t(number);

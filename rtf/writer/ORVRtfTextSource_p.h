@@ -2,6 +2,7 @@
 #define ORVRTFTEXTSOURCE_P_H
 
 #include "ORVRtfRunFormat_p.h"
+#include "ORVTextListLabels.h"
 
 #include <memory>
 #include <vector>
@@ -20,6 +21,8 @@ public:
     ORVRtfRunFormat& runFormat(const QTextFragment& fragment);
     /*! The format of an empty paragraph, and of the marker of a list item. */
     ORVRtfRunFormat& runFormat(const QTextBlock& block);
+    /*! The marker of \a block. All of them are worked out when the first is asked for. */
+    ORVTextListLabels::Label label(const QTextBlock& block);
 
 private:
     std::unique_ptr<ORVRtfRunFormat>& runFormatAt(int number);
@@ -27,6 +30,7 @@ private:
     QTextDocument* m_document = nullptr;
     // By the number of the format in the document.
     std::vector<std::unique_ptr<ORVRtfRunFormat>> m_formats;
+    std::unique_ptr<ORVTextListLabels> m_labels;
 };
 
 #endif

@@ -2,6 +2,7 @@
 
 #include "ORVRtfLimits_p.h"
 #include "ORVRtfProperties.h"
+#include "ORVRtfTime_p.h"
 #include "ORVTextUtil.h"
 #include "QtStringCompat_p.h"
 
@@ -97,6 +98,7 @@ void ORVTextRtfWriterPrivate::openAnnotation(const QTextFragment& fragment, RunF
     if (isAnchored(run.format))
         writeContent(fragment, run, false);
     m_output.openGroup();
+    writeNumberFormat(run);
     m_output.write(AnnotationCharacter);
     m_output.openIgnorableGroup(Annotation);
     writeNoteText(fragment, run, isFollowed, block);
@@ -105,16 +107,22 @@ void ORVTextRtfWriterPrivate::openAnnotation(const QTextFragment& fragment, RunF
 void ORVTextRtfWriterPrivate::openAnnotationRange(const QTextFragment& fragment, RunFormat& run,
                                                   bool isFollowed)
 {
-    ++m_noteCounter;
-    m_output.openGroup();
-    writeNumberGroup(AnnotationRefStart);
+    if (run.state.noteNumber < 0) {
+        ++m_noteCounter;
+        m_output.openGroup();
+        writeNumberGroup(AnnotationRefStart);
+    }
     writeContent(fragment, run, isFollowed);
     m_paragraph.pendingNote = run.format.property(NoteContent).toByteArray();
 }
 
+/*! A mark of the author's own is written where other notes have the word for their number. */
 void ORVTextRtfWriterPrivate::openFootnoteAnchor(const QTextFragment& fragment, RunFormat& run)
 {
-    writeContent(fragment, run, true);
+    if (run.state.noteNumber == 0)
+        m_paragraph.pendingMark = fragment.text();
+    else
+        writeContent(fragment, run, true);
     m_paragraph.pendingNote = run.format.property(NoteContent).toByteArray();
 }
 
@@ -123,16 +131,24 @@ void ORVTextRtfWriterPrivate::openFootnote(const QTextFragment& fragment, RunFor
 {
     if (isAnchored(run.format))
         writeContent(fragment, run, false);
-    openFootnoteGroups(m_paragraph.fragment.flags & FragmentState::AlternateFootnote, run);
+    openFootnoteGroups(m_paragraph.fragment.flags & FragmentState::AlternateFootnote, run, QString());
     writeNoteText(fragment, run, isFollowed, block);
 }
 
-/*! Opens the footnote inside the group of its mark. The footnote begins with the mark again. */
-void ORVTextRtfWriterPrivate::openFootnoteGroups(bool isAlternate, RunFormat& mark)
+/*!
+    Opens the footnote inside the group of its mark: the number of the note unless the author has chosen
+    \a ownMark. The footnote begins with the mark again.
+*/
+void ORVTextRtfWriterPrivate::openFootnoteGroups(bool isAlternate, RunFormat& mark, const QString& ownMark)
 {
     m_output.openGroup();
     m_output.write(SuperScript);
-    m_output.write(FootnoteCharacter);
+    if (ownMark.isEmpty()) {
+        writeNumberFormat(mark);
+        m_output.write(FootnoteCharacter);
+    } else {
+        writeFormattedText(ownMark, mark);
+    }
     m_output.openGroup();
     m_output.write(Footnote);
     if (isAlternate)
@@ -142,9 +158,20 @@ void ORVTextRtfWriterPrivate::openFootnoteGroups(bool isAlternate, RunFormat& ma
     m_output.endKeyword();
     m_output.openGroup();
     m_output.write(SuperScript);
-    m_output.write(FootnoteCharacter);
-    writeCharFormat(mark);
+    if (ownMark.isEmpty()) {
+        m_output.write(FootnoteCharacter);
+        writeCharFormat(mark);
+    } else {
+        writeFormattedText(ownMark, mark);
+    }
     m_output.closeGroup();
+}
+
+/*! The number itself is not written, but looks like the text of \a mark. */
+void ORVTextRtfWriterPrivate::writeNumberFormat(RunFormat& mark)
+{
+    if (mark.state.isNumber())
+        writeCharFormat(mark);
 }
 
 /*! Writes the text of a note: the note attached to \a fragment, or the inline text of the fragment itself. */
@@ -182,6 +209,9 @@ void ORVTextRtfWriterPrivate::openHyperlink(const QTextFragment& fragment, RunFo
 void ORVTextRtfWriterPrivate::writeContent(const QTextFragment& fragment, RunFormat& run, bool inGroup,
                                            bool isTrimmed)
 {
+    // Programs make the numbers of notes themselves.
+    if (run.state.isNumber())
+        return;
     if (run.isPicture) {
         for (int i = 0; i < fragment.length(); ++i)
             writePicture(run.format.toImageFormat());
@@ -218,27 +248,60 @@ void ORVTextRtfWriterPrivate::finalizeFragmentState(const QString& nextBookmark)
 /*! `{\*\word number}`, with the number of the current note. */
 void ORVTextRtfWriterPrivate::writeNumberGroup(KeyWord keyWord)
 {
-    m_output.openIgnorableGroup(keyWord);
-    m_output.writePrintableCharacters(QString::number(m_noteCounter), 0, true, false, QString());
-    m_output.closeGroup();
+    writeTextGroup(keyWord, QString::number(m_noteCounter));
 }
 
+/*! Ends the range of the annotation, unless it is a mark, which has none, and writes the annotation. */
 void ORVTextRtfWriterPrivate::writeAnnotationEnd()
 {
-    writeNumberGroup(AnnotationRefEnd);
-    m_output.closeGroup();
+    const bool isMark = m_paragraph.fragment.noteNumber >= 0;
+    if (!isMark) {
+        writeNumberGroup(AnnotationRefEnd);
+        m_output.closeGroup();
+    }
+    const QTextCharFormat& format = m_paragraph.lastRun->format;
+    if (format.hasProperty(NoteInitials))
+        writeTextGroup(AnnotationId, format.stringProperty(NoteInitials));
+    if (format.hasProperty(NoteAuthor))
+        writeTextGroup(AnnotationAuthor, format.stringProperty(NoteAuthor));
     m_output.openGroup();
+    writeNumberFormat(*m_paragraph.lastRun);
     m_output.write(AnnotationCharacter);
     m_output.openIgnorableGroup(Annotation);
-    writeNumberGroup(AnnotationRef);
+    if (!isMark)
+        writeNumberGroup(AnnotationRef);
+    writeAnnotationDate(format.property(NoteDate).toDateTime());
     writePendingNote();
     m_output.closeGroup();
     m_output.closeGroup();
 }
 
+/*! `{\*\word text}`. */
+void ORVTextRtfWriterPrivate::writeTextGroup(KeyWord keyWord, const QString& text)
+{
+    m_output.openIgnorableGroup(keyWord);
+    m_output.writePrintableCharacters(text, 0, true, false, QString());
+    m_output.closeGroup();
+}
+
+void ORVTextRtfWriterPrivate::writeAnnotationDate(const QDateTime& date)
+{
+    const quint32 packed = date.isValid() ? ORVRtfTime::of(date).packed() : 0;
+    if (packed == 0)
+        return;
+    m_output.openGroup();
+    m_output.write(OptionalDestination);
+    m_output.write("\\atndate");
+    // Programs read the 32 bits as a signed number.
+    m_output.writePrintableCharacters(QString::number(qint32(packed)), 0, true, false, QString());
+    m_output.closeGroup();
+}
+
 void ORVTextRtfWriterPrivate::writeFootnoteEnd()
 {
-    openFootnoteGroups(false, *m_paragraph.lastRun);
+    const QString ownMark = m_paragraph.pendingMark;
+    m_paragraph.pendingMark.clear();
+    openFootnoteGroups(m_paragraph.fragment.isEndnote, *m_paragraph.lastRun, ownMark);
     writePendingNote();
     m_output.closeGroup();
     m_output.closeGroup();
@@ -246,11 +309,8 @@ void ORVTextRtfWriterPrivate::writeFootnoteEnd()
 
 void ORVTextRtfWriterPrivate::writeBookmark(const QString& name)
 {
-    if (name.isEmpty())
-        return;
-    m_output.openIgnorableGroup(name.startsWith(QLatin1Char('@')) ? BookmarkEnd : BookmarkStart);
-    m_output.writePrintableCharacters(name, 0, true, false, QString());
-    m_output.closeGroup();
+    if (!name.isEmpty())
+        writeTextGroup(name.startsWith(QLatin1Char('@')) ? BookmarkEnd : BookmarkStart, name);
 }
 
 void ORVTextRtfWriterPrivate::writePendingNote()

@@ -21,6 +21,10 @@ int levelNumberFormat(unsigned kind)
         if (unsigned(row.kind) == kind)
             return row.levelNfc;
     }
+    for (const ORVRtfWordValues::NumberFormat& row : ORVRtfWordValues::eastAsianNumberFormats) {
+        if (unsigned(row.kind) == kind)
+            return row.levelNfc;
+    }
     return 0;
 }
 
@@ -53,12 +57,16 @@ QString levelText(const QString& levelTemplate, int levelIndex, QString& positio
 
 } // namespace
 
-void ORVTextRtfWriterPrivate::collectList(QTextList* list, const QTextCharFormat& format)
+void ORVTextRtfWriterPrivate::collectList(QTextList* list, const QTextBlock& item)
 {
     if (m_lists.contains(list))
         return;
+    const QTextCharFormat format = item.charFormat();
     collectFormat(format);
-    m_lists.append(list, format);
+    if (ORVTextListFormat::shownLevel(list->format()) < 0)
+        m_lists.append(list, format);
+    else
+        m_lists.append(list, format, ORVRtfOutputLists::Joined(m_text.document(), m_text.label(item).list));
 }
 
 /*! Writes the list table, and the override table that paragraphs refer to. */
@@ -116,10 +124,10 @@ void ORVTextRtfWriterPrivate::writeListLevel(const ORVTextListLevel& level, int 
     m_output.write(ListLevel);
     m_output.write(ListLevelFormat, numberFormat);
     m_output.write(ListLevelFormatNew, numberFormat);
-    m_output.write(ListLevelJustification, 0);
-    m_output.write(ListLevelJustificationNew, 0);
-    m_output.write(ListLevelTextFollow, 0);
-    m_output.write(ListLevelFirstItem, 1);
+    m_output.write(ListLevelJustification, level.justification());
+    m_output.write(ListLevelJustificationNew, level.justification());
+    m_output.write(ListLevelTextFollow, level.follow());
+    m_output.write(ListLevelFirstItem, level.start());
     m_output.write(ListLevelTextFollowSpace, spaceAfterNumber);
     m_output.write(ListLevelIndent, 0);
 

@@ -1,11 +1,11 @@
 #include "ORVTextRtfWriter_p.h"
 
 #include "ORVRounding_p.h"
-#include "ORVRtfListItemText_p.h"
 #include "ORVRtfProperties.h"
 #include "ORVRtfUnits_p.h"
 #include "ORVRtfWordValues_p.h"
 #include "ORVTextListFormat.h"
+#include "ORVTextListLabels.h"
 
 #include <QtGui/QTextList>
 
@@ -16,6 +16,15 @@ namespace {
 
 // Hanging indent, in twips, of exported list items without one.
 const int listItemOffset = -360;
+
+QString textBehindLabel(ORVTextListLevel::Follow follow)
+{
+    switch (follow) {
+    case ORVTextListLevel::Space: return QString(QLatin1Char(' '));
+    case ORVTextListLevel::Nothing: return QString();
+    default: return QString(QLatin1Char('\t'));
+    }
+}
 
 int twips(double points)
 {
@@ -37,7 +46,7 @@ void ORVTextRtfWriterPrivate::processBlock(const QTextBlock& block, const QTextB
     const bool isFormatStated = pass == Write && beginParagraph(block);
     if (QTextList* const list = block.textList()) {
         if (pass == Collect)
-            collectList(list, block.charFormat());
+            collectList(list, block);
         else
             writeListItem(block, list, isFormatStated);
     }
@@ -159,12 +168,21 @@ void ORVTextRtfWriterPrivate::writeListItem(const QTextBlock& block, QTextList* 
 {
     if (isFormatStated)
         m_output.write(ListOverrideIndex, m_lists.number(list));
-    m_output.write(BlockListLevel, ORVTextListFormat::blockLevel(list, block));
+    int level = ORVTextListFormat::blockLevel(list, block);
+    QString text;
+    if (ORVTextListFormat::shownLevel(list->format()) < 0) {
+        text = ORVTextListLabels::stockText(list->format(), m_lists.itemNumber(list, block),
+                                            block.textDirection() == Qt::RightToLeft)
+            + QLatin1Char('\t');
+    } else {
+        const ORVTextListLabels::Label label = m_text.label(block);
+        level = label.level;
+        text = label.text + textBehindLabel(label.follow);
+    }
+    m_output.write(BlockListLevel, level);
     m_output.openGroup();
     m_output.write(ListText);
-    const QString text = ORVRtfListItemText::itemText(list->format(), m_lists.itemNumber(list, block),
-                                                      block.textDirection() == Qt::RightToLeft);
-    writeFormattedText(text + QLatin1Char('\t'), m_text.runFormat(block));
+    writeFormattedText(text, m_text.runFormat(block));
     m_output.closeGroup();
 }
 

@@ -106,11 +106,3 @@ void ORVTextRtfWriterPrivate::writePictureData(const QTextImageFormat& format, c
     m_output.closeGroup();
     m_output.closeGroup();
 }
-
-/*! `{\*\word text}` */
-void ORVTextRtfWriterPrivate::writeTextGroup(KeyWord keyWord, const QString& text)
-{
-    m_output.openIgnorableGroup(keyWord);
-    m_output.writePrintableCharacters(text, 0, true, false, QString());
-    m_output.closeGroup();
-}

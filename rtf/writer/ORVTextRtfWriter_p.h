@@ -49,6 +49,8 @@ private:
         FragmentState fragment;
         // RTF of the note whose anchor is open.
         QByteArray pendingNote;
+        // Its mark, where the author has chosen it.
+        QString pendingMark;
         // Format of the last run written, for the mark of a footnote.
         RunFormat* lastRun = nullptr;
         // Number of the format in the document.
@@ -103,13 +105,16 @@ private:
     void openFootnoteAnchor(const QTextFragment& fragment, RunFormat& run);
     void openFootnote(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
                       const QTextBlock& block);
-    void openFootnoteGroups(bool isAlternate, RunFormat& mark);
+    void openFootnoteGroups(bool isAlternate, RunFormat& mark, const QString& ownMark);
     void openHyperlink(const QTextFragment& fragment, RunFormat& run, bool isFollowed);
+    void writeNumberFormat(RunFormat& mark);
     void writeNoteText(const QTextFragment& fragment, RunFormat& run, bool isFollowed,
                        const QTextBlock& block);
     void writeContent(const QTextFragment& fragment, RunFormat& run, bool inGroup, bool isTrimmed = false);
     void finalizeFragmentState(const QString& nextBookmark);
     void writeNumberGroup(KeyWord keyWord);
+    void writeTextGroup(KeyWord keyWord, const QString& text);
+    void writeAnnotationDate(const QDateTime& date);
     void writeAnnotationEnd();
     void writeFootnoteEnd();
     void writeBookmark(const QString& name);
@@ -126,7 +131,6 @@ private:
     void writePicturePosition(const QTextImageFormat& format);
     void writeEmbeddedPdf(const QTextImageFormat& format);
     void writePictureData(const QTextImageFormat& format, const QImage& image);
-    void writeTextGroup(KeyWord keyWord, const QString& text);
 
     // Frames and tables (ORVTextRtfWriterTables.cpp)
     void processFrame(const QTextFrame* frame, Pass pass);
@@ -144,7 +148,7 @@ private:
     void backgroundColor(const QTextTableCell& cell);
 
     // Lists (ORVTextRtfWriterLists.cpp)
-    void collectList(QTextList* list, const QTextCharFormat& format);
+    void collectList(QTextList* list, const QTextBlock& item);
     void writeListTemplates();
     void writeListTemplate(QTextList* list, const QTextCharFormat& format, int number);
     void writeListLevel(const ORVTextListLevel& level, int index, const QTextCharFormat& format);

@@ -59,6 +59,9 @@ private slots:
         QCOMPARE(level.kind(), unsigned(Level::Decimal));
         QCOMPARE(level.indent(), 0.0);
         QCOMPARE(level.firstLinePosition(), 0.0);
+        QCOMPARE(level.start(), 1);
+        QCOMPARE(level.follow(), Level::Tab);
+        QCOMPARE(level.justification(), Level::Left);
     }
 
     void levelsCompareByAllFields()
@@ -69,6 +72,15 @@ private slots:
         QVERIFY(level != makeLevel(Level::UpperRoman, "%0."_s, 10, 20));
         QVERIFY(level != makeLevel(Level::UpperRoman, "%0"_s, 11, 20));
         QVERIFY(level != makeLevel(Level::UpperRoman, "%0"_s, 10, 21));
+        Level other = level;
+        other.setStart(2);
+        QVERIFY(level != other);
+        other = level;
+        other.setFollow(Level::Space);
+        QVERIFY(level != other);
+        other = level;
+        other.setJustification(Level::Right);
+        QVERIFY(level != other);
     }
 
     ORV_ROWS(storedLevelsComeBack)
@@ -92,6 +104,13 @@ private slots:
         add("nine levels", nine);
         add("unknown kind", {makeLevel(4000000000u, "%0"_s)});
         add("fractions and negative numbers", {makeLevel(1, "%0"_s, 1.0 / 3, -0.1)});
+        QList<Level> starts = twoLevels();
+        starts[0].setFollow(Level::Nothing);
+        starts[1].setStart(-5);
+        starts[1].setFollow(Level::Space);
+        add("starts and follows", starts);
+        starts[1].setJustification(Level::Center);
+        add("justification", starts);
         const QChar odd[] = {QChar(0xd800), QChar(0), QChar('\n'), QChar(0xf0b7), QChar(' '), QChar(0x2022)};
         add("any characters", {makeLevel(0, QString(odd, 6))});
     }
@@ -107,6 +126,77 @@ private slots:
         QTextListFormat format = listFormatWith({makeLevel(Level::LowerRoman, "(%0)"_s, 99, 9)});
         ORVTextListFormat::setLevels(format, {});
         QVERIFY(levelsOf(format) == QList<Level>({makeLevel(Level::LowerRoman, "(%0)"_s, 30, 30)}));
+    }
+
+    // Files of the application hold this property, and must stay as they are.
+    void defaultMarkersNeedNoPropertyOfTheirOwn()
+    {
+        const int added = listFormatWith(twoLevels()).propertyCount();
+        QList<Level> levels = twoLevels();
+        levels[1].setStart(2);
+        QTextListFormat format = listFormatWith(levels);
+        QCOMPARE(format.propertyCount(), added + 1);
+        QCOMPARE(format.stringProperty(QTextFormat::UserProperty + 300),
+                 listFormatWith(twoLevels()).stringProperty(QTextFormat::UserProperty + 300));
+        ORVTextListFormat::setLevels(format, twoLevels());
+        QCOMPARE(format.propertyCount(), added);
+    }
+
+    ORV_ROWS(damagedMarkers)
+    {
+        const Rows add([](const QString& text, int start, int follow) {
+            QTextListFormat format = listFormatWith(twoLevels());
+            format.setProperty(QTextFormat::UserProperty + 301, text);
+            QCOMPARE(levelsOf(format).size(), 2);
+            QCOMPARE(levelsOf(format).at(1).start(), start);
+            QCOMPARE(int(levelsOf(format).at(1).follow()), follow);
+        });
+        add("whole", "1:0;4:2", 4, 2);
+        add("empty", "", 1, 0);
+        add("one level", "7:1", 1, 0);
+        add("three levels", "1:0;4:2;9:1", 4, 2);
+        add("start alone", "1:0;4", 4, 0);
+        add("no numbers", "a:b;c:d", 1, 0);
+        add("unknown follow", "1:0;4:9", 4, 0);
+        add("unknown justification", "1:0;4:2:9", 4, 2);
+    }
+
+    void shownLevelPicksMarkerAndIndent()
+    {
+        QTextListFormat format = listFormatWith(twoLevels());
+        QCOMPARE(ORVTextListFormat::shownLevel(format), -1);
+        ORVTextListFormat::setShownLevel(format, 1, "3.%0)"_s, 1);
+        QCOMPARE(ORVTextListFormat::shownLevel(format), 1);
+        QVERIFY(levelsOf(format) == twoLevels());
+        QCOMPARE(format.style(), QTextListFormat::ListLowerAlpha);
+        QCOMPARE(format.numberPrefix(), "3."_s);
+        QCOMPARE(format.numberSuffix(), ")"_s);
+        QCOMPARE(format.indent(), 2);
+        ORVTextListFormat::setLevels(format, twoLevels());
+        QCOMPARE(ORVTextListFormat::shownLevel(format), -1);
+    }
+
+    void shownLevelWithoutMarkerIsNotSeen()
+    {
+        QTextListFormat format = listFormatWith({makeLevel(Level::Decimal, QString())});
+        ORVTextListFormat::setShownLevel(format, 0, QString(), 1);
+        QCOMPARE(format.style(), QTextListFormat::ListStyleUndefined);
+    }
+
+    ORV_ROWS(shownLevelMustBeStored)
+    {
+        const Rows add([](const QList<Level>& levels, int level) {
+            QTextListFormat format;
+            format.setStyle(QTextListFormat::ListDecimal);
+            ORVTextListFormat::setLevels(format, levels);
+            const QTextListFormat before = format;
+            ORVTextListFormat::setShownLevel(format, level, "%0"_s, 1);
+            QCOMPARE(ORVTextListFormat::shownLevel(format), -1);
+            QVERIFY(format == before);
+        });
+        add("negative", twoLevels(), -1);
+        add("beyond the last", twoLevels(), 2);
+        add("no levels", {}, 0);
     }
 
     // The property is part of a format that anybody may write to.

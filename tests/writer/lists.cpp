@@ -1,4 +1,3 @@
-#include "ORVRtfListItemText_p.h"
 #include "writerhelpers.h"
 
 using namespace rtftest;
@@ -46,6 +45,25 @@ QSharedPointer<QTextDocument> listDocument(const QTextListFormat& format)
 {
     const QSharedPointer<QTextDocument> document = textDocument("Item");
     QTextCursor(document.data()).createList(format);
+    return document;
+}
+
+/*! A paragraph for each of \a itemLevels, in a QTextList of its own; the first level begins behind \a before. */
+QTextDocument* separatedLevels(const QList<int>& itemLevels, int before)
+{
+    Levels levels = {makeLevel(ORVTextListLevel::Decimal, "%0."_s),
+                     makeLevel(ORVTextListLevel::LowerLetter, "%0)"_s)};
+    levels[0].setStart(before + 1);
+    QTextDocument* const document = new QTextDocument;
+    QTextCursor cursor(document);
+    for (const int level : itemLevels) {
+        if (cursor.position() > 0)
+            cursor.insertBlock(QTextBlockFormat());
+        cursor.insertText("x"_s);
+        QTextListFormat format = listFormatWith(levels);
+        ORVTextListFormat::setShownLevel(format, level, levels.at(level).text(), 1);
+        cursor.createList(format);
+    }
     return document;
 }
 
@@ -211,60 +229,56 @@ private slots:
         ORV_CONTAINS(body, "\n\\par\\pard\\plain \\li720\\ltrch\\loch \\ls1\\ilvl1{\\listtext");
     }
 
-    ORV_ROWS(itemText)
+    void markersOfALevel()
     {
-        const Rows add([](int style, int number, const QString& text) {
-            QTextListFormat format;
-            format.setStyle(QTextListFormat::Style(style));
-            QCOMPARE(ORVRtfListItemText::itemText(format, number, false), text);
-        });
-        add("decimal 1", QTextListFormat::ListDecimal, 1, "1.");
-        add("decimal 20000", QTextListFormat::ListDecimal, 20000, "20000.");
-        add("letter 26", QTextListFormat::ListLowerAlpha, 26, "z.");
-        add("letter 27", QTextListFormat::ListLowerAlpha, 27, "aa.");
-        add("letter 52", QTextListFormat::ListUpperAlpha, 52, "AZ.");
-        add("letter 53", QTextListFormat::ListUpperAlpha, 53, "BA.");
-        add("letter 702", QTextListFormat::ListLowerAlpha, 702, "zz.");
-        add("letter 703", QTextListFormat::ListLowerAlpha, 703, "aaa.");
-        add("roman 4", QTextListFormat::ListLowerRoman, 4, "iv.");
-        add("roman 1999", QTextListFormat::ListUpperRoman, 1999, "MCMXCIX.");
-        add("roman 4999", QTextListFormat::ListUpperRoman, 4999, "MMMMCMXCIX.");
-        add("roman 5000", QTextListFormat::ListLowerRoman, 5000, "?.");
-        add("disc", QTextListFormat::ListDisc, 3, ".");
-        add("no style", QTextListFormat::ListStyleUndefined, 3, ".");
+        ORVTextListLevel level = makeLevel(ORVTextListLevel::Decimal, "%0."_s);
+        level.setStart(5);
+        level.setFollow(ORVTextListLevel::Space);
+        level.setJustification(ORVTextListLevel::Right);
+        const QByteArray rtf = write(*listDocument(listFormatWith({level})));
+        ORV_CONTAINS(rtf, "\\leveljc2\\leveljcn2\\levelfollow1\\levelstartat5");
     }
 
-    /*! The text of an item must be what Qt's own list gives. */
-    ORV_ROWS(itemTextAgreesWithQt)
+    void levelsOfSeveralTextListsAreOneList()
     {
-        const Rows add([](int style, bool surrounded, bool rightToLeft) {
-            QTextListFormat format;
-            format.setStyle(QTextListFormat::Style(style));
-            if (surrounded) {
-                format.setNumberPrefix("(");
-                format.setNumberSuffix(")");
-            }
-            QTextDocument document;
-            QTextCursor cursor(&document);
-            cursor.setBlockFormat(blockFormat(
-                {{QTextFormat::LayoutDirection, rightToLeft ? Qt::RightToLeft : Qt::LeftToRight}}));
-            QTextList* const list = cursor.createList(format);
-            for (int i = 1; i < 150; ++i)
-                cursor.insertBlock();
-            QCOMPARE(list->count(), 150);
-            for (int i = 0; i < list->count(); ++i)
-                QCOMPARE(ORVRtfListItemText::itemText(list->format(), i + 1,
-                                                      list->item(i).textDirection() == Qt::RightToLeft),
-                         list->itemText(list->item(i)));
-        });
-        for (int style = QTextListFormat::ListUpperRoman; style <= QTextListFormat::ListStyleUndefined;
-             ++style) {
-            const QByteArray name = "style " + QByteArray::number(style);
-            add(name, style, false, false);
-            add(name + ", surrounded", style, true, false);
-            add(name + ", right to left", style, false, true);
-            add(name + ", surrounded, right to left", style, true, true);
+        const QScopedPointer<QTextDocument> document(separatedLevels({0, 1, 1, 0, 1}, 3));
+        const QByteArray rtf = write(*document);
+        QCOMPARE(rtf.count("{\\list\\"), 1);
+        QCOMPARE(rtf.count("{\\listlevel"), 2);
+        QCOMPARE(rtf.count("\\ls1\\ilvl0{\\listtext"), 2);
+        QCOMPARE(rtf.count("\\ls1\\ilvl1{\\listtext"), 3);
+        QCOMPARE(rtf.count("\\ls2"), 0);
+        const char* const labels[] = {"4.", "a)", "b)", "5.", "a)"};
+        int from = 0;
+        for (const char* const label : labels) {
+            from = rtf.indexOf("{\\listtext", from) + 1;
+            QVERIFY2(from > 0, label);
+            const QByteArray text = rtf.mid(from, rtf.indexOf('}', from) - from);
+            QVERIFY2(text.contains(QByteArray(" ") + label), text.constData());
         }
+    }
+
+    void listsOfOtherNumbersAreOtherLists()
+    {
+        const QScopedPointer<QTextDocument> document(separatedLevels({0, 0}, 1));
+        QTextBlockFormat format = document->lastBlock().blockFormat();
+        format.setProperty(ORVRtfProperty::ListOverride, 9);
+        QTextCursor(document->lastBlock()).setBlockFormat(format);
+        QCOMPARE(write(*document).count("{\\list\\"), 2);
+    }
+
+    void levelsOfNotesAreOtherLists()
+    {
+        const QScopedPointer<QTextDocument> note(separatedLevels({0, 1}, 1));
+        const QScopedPointer<QTextDocument> document(separatedLevels({0, 1}, 1));
+        QTextCharFormat format;
+        format.setProperty(ORVRtfProperty::FootnoteAnchor, true);
+        format.setProperty(ORVRtfProperty::HasNoteContent, true);
+        format.setProperty(ORVRtfProperty::NoteContent, write(*note));
+        QTextCursor(document.data()).insertText("1"_s, format);
+        const QByteArray rtf = write(*document);
+        QCOMPARE(rtf.count("{\\list\\"), 2);
+        ORV_CONTAINS(rtf, "\\ls2\\ilvl1");
     }
 };
 
