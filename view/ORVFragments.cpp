@@ -1,8 +1,11 @@
 #include "ORVFragments.h"
 
 #include "ORVTextFormat.h"
+#include "TextDocSupport.h"
 
+#include <QtCore/QUrl>
 #include <QtCore/QVector>
+#include <QtGui/QImage>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
@@ -70,4 +73,15 @@ QStringList ORVFragments::pictureNames(const QTextDocument* document)
     }
     names.removeDuplicates();
     return names;
+}
+
+void ORVFragments::copyPictures(const QStringList& names, const QTextDocument* from, QTextDocument* to)
+{
+    if (!from || !to)
+        return;
+    for (const QString& name : names) {
+        const QImage image = TextDocSupport::image(from, name);
+        if (!image.isNull())
+            to->addResource(QTextDocument::ImageResource, QUrl(name), image);
+    }
 }

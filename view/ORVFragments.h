@@ -24,6 +24,12 @@ ORV_RTF_EXPORT void changeFormats(QTextDocument* document, int from, int to,
 /*! The names of the pictures that \a document shows, each once; none when it is null. */
 ORV_RTF_EXPORT QStringList pictureNames(const QTextDocument* document);
 
+/*!
+    Gives the document \a to those of the pictures \a names that \a from holds. A part of a document does not
+    bring its pictures along when it is inserted into another one. Does nothing when a document is null.
+*/
+ORV_RTF_EXPORT void copyPictures(const QStringList& names, const QTextDocument* from, QTextDocument* to);
+
 } // namespace ORVFragments
 
 #endif
