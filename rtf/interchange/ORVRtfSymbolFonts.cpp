@@ -1,8 +1,7 @@
 #include "ORVRtfSymbolFonts_p.h"
 
 #include "ORVRtfSymbolTable_p.h"
-
-#include <QtCore/QString>
+#include "QtStringCompat_p.h"
 
 namespace {
 
@@ -53,4 +52,15 @@ char32_t ORVRtfSymbolFonts::privateCharacter(unsigned char byte)
 bool ORVRtfSymbolFonts::isPrivateCharacter(char32_t character)
 {
     return character >= privateBase + firstByte && character <= privateBase + 0xFF;
+}
+
+QString ORVRtfSymbolFonts::text(int font, const QString& text)
+{
+    QString result;
+    for (const QChar& c : text) {
+        const bool isByte = c.unicode() <= 0xFF || isPrivateCharacter(c.unicode());
+        const char32_t known = isByte ? character(font, uchar(c.unicode() & 0xFF)) : 0;
+        compat::appendCharacter(result, known ? known : c.unicode());
+    }
+    return result;
 }

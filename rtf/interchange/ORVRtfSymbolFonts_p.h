@@ -1,7 +1,7 @@
 #ifndef ORVRTFSYMBOLFONTS_P_H
 #define ORVRTFSYMBOLFONTS_P_H
 
-class QString;
+#include <QtCore/QString>
 
 /*! Fonts whose bytes are no letters: Symbol, Wingdings, Webdings, Zapf Dingbats. */
 namespace ORVRtfSymbolFonts {
@@ -19,6 +19,8 @@ char32_t character(int font, unsigned char byte);
 char32_t privateCharacter(unsigned char byte);
 /*! Whether \a character is such a one. Its low byte is the byte of the font. */
 bool isPrivateCharacter(char32_t character);
+/*! \a text, whose characters are bytes or of private use, in \a font; what has no character stays as it is. */
+QString text(int font, const QString& text);
 
 } // namespace ORVRtfSymbolFonts
 

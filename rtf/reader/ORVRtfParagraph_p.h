@@ -23,6 +23,7 @@ public:
     void reset();
 
     void setProperty(int id, const QVariant& value) { m_format.setProperty(id, value); }
+    int intProperty(int id) const { return m_format.intProperty(id); }
     void clearProperty(int id) { m_format.clearProperty(id); }
 
     /*! Sets the left indent, in points; the first line keeps its offset from it. */
