@@ -258,6 +258,10 @@
         <source>Insert comment</source>
         <translation>Kommentar einfügen</translation>
     </message>
+    <message>
+        <source>Edit endnote</source>
+        <translation>Endnote bearbeiten</translation>
+    </message>
 </context>
 <context>
     <name>NotesPanel</name>
@@ -266,12 +270,21 @@
         <translation>Anmerkungen</translation>
     </message>
     <message>
-        <source>Comment: %1</source>
-        <translation>Kommentar: %1</translation>
+        <source>Footnote</source>
+        <translation>Fußnote</translation>
     </message>
     <message>
-        <source>Footnote: %1</source>
-        <translation>Fußnote: %1</translation>
+        <source>Endnote</source>
+        <translation>Endnote</translation>
+    </message>
+    <message>
+        <source>Comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>title and text of a note</comment>
+        <translation>%1: %2</translation>
     </message>
 </context>
 <context>
@@ -576,14 +589,6 @@ Fehler: %3</translation>
 <context>
     <name>TextTips</name>
     <message>
-        <source>Comment: %1</source>
-        <translation>Kommentar: %1</translation>
-    </message>
-    <message>
-        <source>Footnote: %1</source>
-        <translation>Fußnote: %1</translation>
-    </message>
-    <message>
         <source>Ctrl+click opens the link</source>
         <translation>Strg+Klick öffnet den Link</translation>
     </message>
@@ -687,10 +692,6 @@ Fehler: %3</translation>
     <message>
         <source>status</source>
         <translation>Status</translation>
-    </message>
-    <message>
-        <source>%1 footnotes, %2 annotations</source>
-        <translation>%1 Fußnoten, %2 Kommentare</translation>
     </message>
     <message>
         <source>paragraphs</source>
@@ -993,6 +994,66 @@ Fehler: %3</translation>
         <translation>%1 lässt sich nicht konvertieren: %2</translation>
     </message>
     <message>
+        <source>author</source>
+        <translation>Autor</translation>
+    </message>
+    <message>
+        <source>last author</source>
+        <translation>Bearbeiter</translation>
+    </message>
+    <message>
+        <source>subject</source>
+        <translation>Thema</translation>
+    </message>
+    <message>
+        <source>keywords</source>
+        <translation>Stichwörter</translation>
+    </message>
+    <message>
+        <source>comment</source>
+        <translation>Kommentar</translation>
+    </message>
+    <message>
+        <source>manager</source>
+        <translation>Leitung</translation>
+    </message>
+    <message>
+        <source>company</source>
+        <translation>Firma</translation>
+    </message>
+    <message>
+        <source>category</source>
+        <translation>Kategorie</translation>
+    </message>
+    <message>
+        <source>created</source>
+        <translation>erstellt</translation>
+    </message>
+    <message>
+        <source>modified</source>
+        <translation>geändert</translation>
+    </message>
+    <message>
+        <source>printed</source>
+        <translation>gedruckt</translation>
+    </message>
+    <message>
+        <source>header</source>
+        <translation>Kopfzeile</translation>
+    </message>
+    <message>
+        <source>footer</source>
+        <translation>Fußzeile</translation>
+    </message>
+    <message>
+        <source>title</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>%1 footnotes, %2 endnotes, %3 annotations</source>
+        <translation>%1 Fußnoten, %2 Endnoten, %3 Kommentare</translation>
+    </message>
+    <message>
         <source>Converts and examines Rich Text Format files.
 
 Commands:
@@ -1004,15 +1065,18 @@ Commands:
   convert IN... --output-dir DIR --to FORMAT
                   Convert each IN to a file in DIR of the same name, with the suffix
                   of the format. DIR is created if it is missing.
-  info IN         Count what IN contains: paragraphs, words, characters, fonts,
-                  pictures, links, notes, tables and lists.
+  info IN         Print title, author, dates, header and footer of IN, and count what it
+                  contains: paragraphs, words, characters, fonts, pictures, links,
+                  notes, tables and lists.
   check IN        Report whether IN is damaged.
   strip IN OUT    Copy RTF without pictures, list numbers and unknown control words.
 
 IN and OUT can be &quot;-&quot; for the standard input and output. Put file names with a leading
 dash after &quot;--&quot;. HTML is UTF-8 and embeds its pictures. Plain text is UTF-8 too: a line
-for each paragraph, table cell and line break; it keeps no-break spaces and has no
-pictures. RTF is that of other programs, or with --storage the application&apos;s own form.
+for each paragraph, table cell and line break, with the numbers of list items; it keeps
+no-break spaces and has no pictures. Notes stand at the end, in plain text behind marks
+such as [1], [i] for an endnote and [c1] for a comment. RTF is that of other programs,
+or with --storage the application&apos;s own form.
 PDF and PNG have the pages that the RTF defines, by default US Letter, and A4 for
 other IN. PNG is one picture a page: OUT.png, OUT-2.png and so on.
 
@@ -1032,16 +1096,19 @@ Befehle:
   convert IN... --output-dir DIR --to FORMAT
                   Jedes IN in eine Datei desselben Namens mit der Endung des Formats
                   konvertieren, in DIR, das angelegt wird, wenn es fehlt.
-  info IN         Zählen, was IN enthält: Absätze, Wörter, Zeichen, Schriften, Bilder,
-                  Links, Anmerkungen, Tabellen und Listen.
+  info IN         Titel, Autor, Daten, Kopf- und Fußzeile von IN ausgeben und zählen, was
+                  es enthält: Absätze, Wörter, Zeichen, Schriften, Bilder, Links,
+                  Anmerkungen, Tabellen und Listen.
   check IN        Melden, ob IN beschädigt ist.
   strip IN OUT    RTF ohne Bilder, Listennummern und unbekannte Steuerwörter kopieren.
 
 IN und OUT können „-“ sein: Standardeingabe und Standardausgabe. Namen, die mit einem
 Strich beginnen, stehen hinter „--“. HTML ist UTF-8 und enthält seine Bilder. Auch
 reiner Text ist UTF-8: eine Zeile für jeden Absatz, jede Tabellenzelle und jeden
-Zeilenumbruch, geschützte Leerzeichen bleiben, Bilder fallen weg. RTF ist das
-anderer Programme, mit --storage die eigene Form der Anwendung. PDF
+Zeilenumbruch, mit den Nummern der Listen; geschützte Leerzeichen bleiben, Bilder
+fallen weg. Anmerkungen stehen am Ende, in reinem Text hinter Zeichen wie [1], [i]
+für eine Endnote und [c1] für einen Kommentar. RTF ist das anderer Programme, mit
+--storage die eigene Form der Anwendung. PDF
 und PNG haben die Seiten, die das RTF angibt, US Letter, wenn es keine angibt, und A4
 bei anderem IN; PNG ist ein Bild für jede Seite: OUT.png, OUT-2.png und so weiter.
 

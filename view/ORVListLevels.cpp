@@ -84,13 +84,14 @@ void separateItem(const QTextBlock& block, Separation* separation)
     current = block;
 }
 
-/*! The lists that have items on other levels than the first. */
+/*! The lists that have items on other levels than the first, where one QTextList holds them all. */
 QSet<QTextList*> listsOfSeveralLevels(const QTextDocument* document)
 {
     QSet<QTextList*> lists;
     for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
         QTextList* const list = block.textList();
         if (list && ORVTextListFormat::blockLevel(list, block) > 0
+            && ORVTextListFormat::shownLevel(list->format()) < 0
             && ORVTextListFormat::levels(list->format()).size() > 1)
             lists.insert(list);
     }

@@ -1,8 +1,10 @@
 #include "ORVPagePainter.h"
 
+#include "ORVPageLabels_p.h"
 #include "ORVPageLimits_p.h"
 #include "ORVRounding_p.h"
 #include "ORVRtfPageTags_p.h"
+#include "ORVTabStops_p.h"
 #include "ORVTextPage.h"
 #include "ORVUnit.h"
 #include "TextDocSupport.h"
@@ -11,6 +13,8 @@
 #include <QtGui/QAbstractTextDocumentLayout>
 #include <QtGui/QImage>
 #include <QtGui/QPainter>
+#include <QtGui/QTextBlock>
+#include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextOption>
 
@@ -25,25 +29,6 @@ const double inchesPerMeter = 1 / 0.0254;
 // paper, in points: half an inch, as RTF has both unless a file says otherwise.
 const double tabDistance = 36;
 const double marginTextDistance = 36;
-
-/*! Distance between the tab stops of \a option where a paragraph has none of its own, in pixels. */
-double tabStopDistance(const QTextOption& option)
-{
-#if QT_VERSION >= QT_VERSION_CHECK(5, 10, 0)
-    return option.tabStopDistance();
-#else
-    return option.tabStop();
-#endif
-}
-
-void setTabStopDistance(QTextOption& option, double pixels)
-{
-#if QT_VERSION >= QT_VERSION_CHECK(5, 10, 0)
-    option.setTabStopDistance(pixels);
-#else
-    option.setTabStop(pixels);
-#endif
-}
 
 QPaintDevice* deviceOf(int dotsPerInch)
 {
@@ -66,10 +51,27 @@ QAbstractTextDocumentLayout::PaintContext blackOnWhite()
 void setTabDistance(QTextDocument* document)
 {
     QTextOption option = document->defaultTextOption();
-    if (tabStopDistance(option) != tabStopDistance(QTextDocument().defaultTextOption()))
+    if (ORVTabStops::distance(option) != ORVTabStops::distance(QTextDocument().defaultTextOption()))
         return;
-    setTabStopDistance(option, tabDistance * ORVUnit::screenResolution() / 72);
+    ORVTabStops::setDistance(option, tabDistance * ORVUnit::screenResolution() / 72);
     document->setDefaultTextOption(option);
+}
+
+/*!
+    Makes each line of \a text a paragraph of \a document. Lines with tabs have the stops that the header style
+    of word processors has: the first tab centres, the second one aligns at the right.
+*/
+void setMarginText(QTextDocument* document, QString text, double width)
+{
+    document->setPlainText(text.replace(QChar::LineSeparator, QLatin1Char('\n')));
+    QTextBlockFormat format;
+    format.setAlignment(Qt::AlignLeft);
+    format.setTabPositions(QList<QTextOption::Tab>() << QTextOption::Tab(width / 2, QTextOption::CenterTab)
+                                                     << QTextOption::Tab(width, QTextOption::RightTab));
+    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
+        if (block.text().contains(QLatin1Char('\t')))
+            QTextCursor(block).mergeBlockFormat(format);
+    }
 }
 
 ORVPageSetup::MarginText marginText(const QTextDocument* document, const char* property)
@@ -112,6 +114,7 @@ private:
     // What the layout takes the resolution from; nothing is painted on it.
     QScopedPointer<QPaintDevice> m_device;
     QScopedPointer<QTextDocument> m_document;
+    QScopedPointer<ORVPageLabels> m_labels;
 };
 
 ORVPagePainterPrivate::ORVPagePainterPrivate(const QTextDocument* document, const ORVPageSetup& setup,
@@ -119,12 +122,14 @@ ORVPagePainterPrivate::ORVPagePainterPrivate(const QTextDocument* document, cons
     : m_setup(setup), m_resolution(qMax(1, resolution)), m_device(deviceOf(ORVUnit::screenResolution())),
       m_document(document ? TextDocSupport::cloneDocumentQtStyle(document, nullptr) : new QTextDocument)
 {
-    ORVPageLimits::apply(m_document.data(), m_setup.page, ORVUnit::screenResolution());
     setTabDistance(m_document.data());
+    m_labels.reset(new ORVPageLabels(m_document.data(), m_device.data()));
+    ORVPageLimits::apply(m_document.data(), m_setup.page, ORVUnit::screenResolution());
     m_document->setUseDesignMetrics(true);
     m_document->documentLayout()->setPaintDevice(m_device.data());
     m_document->setDocumentMargin(0);
     m_document->setPageSize(layoutArea().size());
+    m_labels->assignPages(layoutArea().height());
 }
 
 int ORVPagePainterPrivate::pageCount() const
@@ -165,6 +170,7 @@ void ORVPagePainterPrivate::paintText(QPainter* painter, int page) const
     QAbstractTextDocumentLayout::PaintContext context = blackOnWhite();
     context.clip = clip;
     m_document->documentLayout()->draw(painter, context);
+    m_labels->paint(painter, page);
     painter->restore();
 }
 
@@ -199,7 +205,7 @@ void ORVPagePainterPrivate::paintMarginText(QPainter* painter, const ORVPageSetu
     document.setDocumentMargin(0);
     document.setDefaultFont(marginText.font);
     document.setDefaultTextOption(option);
-    document.setPlainText(text);
+    setMarginText(&document, text, area.width());
     document.setTextWidth(area.width());
     painter->save();
     painter->translate(area.left(),

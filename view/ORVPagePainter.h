@@ -16,7 +16,10 @@ class QTextDocument;
 struct ORV_RTF_EXPORT ORVPageSetup {
     /*! A header or footer. */
     struct MarginText {
-        /*! "<$p>" stands for the page number, "<$pagecount>" for the number of pages; empty for none. */
+        /*!
+            "<$p>" stands for the page number, "<$pagecount>" for the number of pages; empty for none. What
+            follows the first tab of a line is centred, what follows the second one ends at the right edge.
+        */
         QString text;
         /*! Only the horizontal alignment is used. */
         Qt::Alignment alignment = Qt::AlignLeft;

@@ -4,6 +4,7 @@
 #include "ORVFrames_p.h"
 #include "ORVRtfProperties.h"
 #include "ORVStockLists_p.h"
+#include "ORVStockOriginals_p.h"
 #include "ORVStockParagraph_p.h"
 #include "ORVStockTables_p.h"
 #include "ORVTextListFormat.h"
@@ -316,6 +317,16 @@ QTextTableFormat Conversion::applicationTable(const QTextTable* table)
 }
 
 } // namespace
+
+bool ORVStockOriginals::isStock(const QTextBlockFormat& format)
+{
+    return ::isStock(format);
+}
+
+QTextBlockFormat ORVStockOriginals::original(const QTextBlockFormat& format)
+{
+    return remembered(format);
+}
 
 void ORVStockFormats::toStock(QTextDocument* document)
 {

@@ -13,6 +13,7 @@ ORVStockLists::List ORVStockLists::examined(const QTextList* list)
     unstyled.setStyle(QTextListFormat::ListStyleUndefined);
     List result;
     result.indent = list->format().indent();
+    result.shownLevel = ORVTextListFormat::shownLevel(unstyled);
     result.levels = ORVTextListFormat::levels(unstyled);
     result.storesLevels = !result.levels.isEmpty();
     if (!result.storesLevels)
@@ -28,7 +29,8 @@ ORVStockListItem ORVStockLists::item(QTextList* list, const QTextBlockFormat& fo
     if (!m_lists.contains(list))
         m_lists.insert(list, examined(list));
     const List& known = *m_lists.constFind(list);
-    const int level = qMax(0, format.property(ORVRtfProperty::ListLevel).toInt());
+    const int level = known.shownLevel >= 0 ? known.shownLevel
+                                            : qMax(0, format.property(ORVRtfProperty::ListLevel).toInt());
     item.indent = known.indent;
     item.hasMarker = !known.levels.isEmpty();
     if (known.storesLevels || !item.hasMarker) {

@@ -32,6 +32,8 @@ private:
     struct List {
         int indent = 0;
         bool storesLevels = false;
+        // The level of all items; -1 where each item has its own.
+        int shownLevel = -1;
         QList<ORVTextListLevel> levels;
     };
 

@@ -90,6 +90,11 @@ QTextBlockFormat ORVStockParagraph::stock(const QTextBlockFormat& format, const 
     return result;
 }
 
+double ORVStockParagraph::firstLineOffset(const QTextBlockFormat& format, const ORVStockListItem& item) const
+{
+    return stockLength(indentsOf(format, item).firstLine);
+}
+
 void ORVStockParagraph::setStockIndents(QTextBlockFormat* stock, const ORVStockListItem& item) const
 {
     const Indents indents = indentsOf(*stock, item);

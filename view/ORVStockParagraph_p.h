@@ -28,6 +28,9 @@ public:
     /*! The application's form of \a format, which has always been in stock form. */
     QTextBlockFormat translated(const QTextBlockFormat& format, const ORVStockListItem& item) const;
 
+    /*! Where the first line of \a format begins, from the left indent, in pixels. A label stands there. */
+    double firstLineOffset(const QTextBlockFormat& format, const ORVStockListItem& item) const;
+
 private:
     double pixels(double points) const { return points * m_resolution / 72; }
     double stockLength(double points) const;

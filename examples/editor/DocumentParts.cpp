@@ -2,26 +2,14 @@
 
 #include <ORVFragments.h>
 #include <ORVTextFormat.h>
-#include <TextDocSupport.h>
 
-#include <QImage>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
 #include <QTextList>
-#include <QUrl>
 
 namespace {
-
-void addPictures(const QStringList& names, const QTextDocument& from, QTextDocument* to)
-{
-    for (const QString& name : names) {
-        const QImage image = TextDocSupport::image(&from, name);
-        if (!image.isNull())
-            to->addResource(QTextDocument::ImageResource, QUrl(name), image);
-    }
-}
 
 /*! Gives \a target, a copy of the paragraph \a original, the same format and a place in the same list. */
 void adoptFormat(const QTextBlock& target, const QTextBlock& original)
@@ -73,13 +61,13 @@ void DocumentParts::copySelection(const QTextCursor& selection, QTextDocument* p
     ORVTextFormat::setDefaultCharFormat(part, ORVTextFormat::defaultCharFormat(document));
     QTextCursor(part).insertFragment(selection.selection());
     copyFirstFormat(selection, part);
-    addPictures(ORVFragments::pictureNames(part), *document, part);
+    ORVFragments::copyPictures(ORVFragments::pictureNames(part), document, part);
 }
 
 void DocumentParts::insert(const QTextDocument& part, QTextCursor target)
 {
     // First, since the text is laid out with them as soon as it is there.
-    copyPictures(part, target.document());
+    ORVFragments::copyPictures(ORVFragments::pictureNames(&part), &part, target.document());
     target.beginEditBlock();
     target.removeSelectedText();
     const int position = target.position();
@@ -92,9 +80,4 @@ void DocumentParts::insert(const QTextDocument& part, QTextCursor target)
     else
         QTextCursor(first).setBlockFormat(format); // in an empty document Qt has changed it
     target.endEditBlock();
-}
-
-void DocumentParts::copyPictures(const QTextDocument& from, QTextDocument* to)
-{
-    addPictures(ORVFragments::pictureNames(&from), from, to);
 }

@@ -18,9 +18,6 @@ void copySelection(const QTextCursor& selection, QTextDocument* part);
 /*! Replaces what \a target selects by all of \a part, as one step for undo. */
 void insert(const QTextDocument& part, QTextCursor target);
 
-/*! Adds the pictures that \a from shows to those of \a to. */
-void copyPictures(const QTextDocument& from, QTextDocument* to);
-
 } // namespace DocumentParts
 
 #endif

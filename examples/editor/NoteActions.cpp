@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QTextCursor>
+#include <QTextDocument>
 #include <QTextEdit>
 
 NoteActions::NoteActions(QTextEdit* edit) : QObject(edit), m_edit(edit)
@@ -26,7 +27,7 @@ void NoteActions::add(const QString& text, void (NoteActions::*slot)())
     m_actions << action;
 }
 
-void NoteActions::insertNote(Note::Kind kind, const QString& title)
+void NoteActions::insertNote(ORVNote::Kind kind, const QString& title)
 {
     NoteDialog dialog(title, m_edit->window());
     ORVTextFormat::setDefaultCharFormat(dialog.content(),
@@ -35,14 +36,25 @@ void NoteActions::insertNote(Note::Kind kind, const QString& title)
         Notes::insert(m_edit->textCursor(), kind, *dialog.content());
 }
 
+QString NoteActions::titleFor(ORVNote::Kind kind)
+{
+    switch (kind) {
+    case ORVNote::Comment: return tr("Edit comment");
+    case ORVNote::Endnote: return tr("Edit endnote");
+    default: return tr("Edit footnote");
+    }
+}
+
 void NoteActions::editNote()
 {
-    const Note note = Notes::at(m_edit->textCursor());
+    const ORVNote note = Notes::at(m_edit->textCursor());
     if (note.length == 0)
         return;
-    NoteDialog dialog(note.kind == Note::Comment ? tr("Edit comment") : tr("Edit footnote"),
-                      m_edit->window());
-    Notes::copyContent(*m_edit->document(), note, dialog.content());
+    NoteDialog dialog(titleFor(note.kind), m_edit->window());
+    QTextDocument* content = dialog.content();
+    const bool hasUndo = content->isUndoRedoEnabled();
+    ORVNotes::copyContent(m_edit->document(), note, content, ORVNotes::StockForm);
+    content->setUndoRedoEnabled(hasUndo);
     if (dialog.exec() != QDialog::Accepted)
         return;
     if (dialog.isEmpty())
@@ -53,7 +65,7 @@ void NoteActions::editNote()
 
 void NoteActions::deleteNote()
 {
-    const Note note = Notes::at(m_edit->textCursor());
+    const ORVNote note = Notes::at(m_edit->textCursor());
     if (note.length > 0)
         Notes::remove(m_edit->document(), note);
 }

@@ -22,9 +22,10 @@ public:
 
 private:
     void add(const QString& text, void (NoteActions::*slot)());
-    void insertFootnote() { insertNote(Note::Footnote, tr("Insert footnote")); }
-    void insertComment() { insertNote(Note::Comment, tr("Insert comment")); }
-    void insertNote(Note::Kind kind, const QString& title);
+    void insertFootnote() { insertNote(ORVNote::Footnote, tr("Insert footnote")); }
+    void insertComment() { insertNote(ORVNote::Comment, tr("Insert comment")); }
+    void insertNote(ORVNote::Kind kind, const QString& title);
+    static QString titleFor(ORVNote::Kind kind);
     void deleteNote();
     void enableActions();
 

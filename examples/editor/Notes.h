@@ -1,58 +1,29 @@
 #ifndef NOTES_H
 #define NOTES_H
 
-#include <QByteArray>
-#include <QVector>
+#include <ORVNotes.h>
 
-class QString;
-class QTextCharFormat;
 class QTextCursor;
-class QTextDocument;
 
-/*!
-    A footnote or a comment in a document.
-
-    It is either attached to text, which has it as a property (as this editor does, where it can), or its text
-    stands in the midst of the other text, with a property that says so (as the library reads it).
-*/
-struct Note {
-    enum Kind { Footnote, Comment };
-
-    Kind kind = Footnote;
-    bool isAttached = false;
-    /*! Of the text that has the note or, inline, of the note's own text; length 0 when there is none. */
-    int position = 0;
-    int length = 0;
-    /*! An attached note as RTF. */
-    QByteArray content;
-};
-
+/*! Editing of the notes of a document, which is in stock form. */
 namespace Notes {
 
-/*! All notes of \a document, in the order of the text. */
-QVector<Note> in(const QTextDocument& document);
-/*! The note of the character at \a position of \a document. */
-Note at(const QTextDocument& document, int position);
 /*! The note that the cursor is in or beside. */
-Note at(const QTextCursor& cursor);
-
-/*! What \a note says, without its formats. */
-QString text(const QTextDocument& document, const Note& note);
-/*! Copies the content of \a note to \a content, an empty document. */
-void copyContent(const QTextDocument& document, const Note& note, QTextDocument* content);
+ORVNote at(const QTextCursor& cursor);
 
 /*!
-    Adds a note with the content \a content, as one step for undo. The note is attached to the selection of
-    \a place, or else to the word there. If there is no word, or the word has a note or is a link, the note is
-    inserted in line.
+    Inserts a note with the content \a content as a mark, as one step for undo: behind the selection of
+    \a place, or else behind the word there; behind a link or another note that is in the way. The numbers of
+    the notes of its kind that follow go up.
 */
-void insert(QTextCursor place, Note::Kind kind, const QTextDocument& content);
+void insert(QTextCursor place, ORVNote::Kind kind, const QTextDocument& content);
 /*! Replaces the content of \a note of \a document by \a content. */
-void setContent(QTextDocument* document, const Note& note, const QTextDocument& content);
-/*! Takes \a note out of \a document; text that it is attached to stays. */
-void remove(QTextDocument* document, const Note& note);
-/*! Makes \a format that of text without a note. */
-void clear(QTextCharFormat* format);
+void setContent(QTextDocument* document, const ORVNote& note, const QTextDocument& content);
+/*!
+    Takes \a note out of \a document, as one step for undo; text that it is attached to stays. When it had a
+    mark, the numbers of the notes of its kind that follow go down.
+*/
+void remove(QTextDocument* document, const ORVNote& note);
 
 } // namespace Notes
 

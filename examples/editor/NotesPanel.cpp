@@ -52,9 +52,9 @@ QStringList NotesPanel::texts() const
 void NotesPanel::refresh()
 {
     m_timer.stop();
-    m_notes = Notes::in(*m_edit->document());
+    m_notes = ORVNotes::all(m_edit->document());
     QStringList shown;
-    for (const Note& note : qAsConst(m_notes))
+    for (const ORVNote& note : qAsConst(m_notes))
         shown << textOf(note);
     forgetOldContents();
     if (shown == texts())
@@ -63,25 +63,38 @@ void NotesPanel::refresh()
     m_list->addItems(shown);
 }
 
-QString NotesPanel::textOf(const Note& note)
+QString NotesPanel::line(const ORVNote& note, const QString& text)
+{
+    const QString names[] = {tr("Footnote"), tr("Endnote"), tr("Comment")};
+    QString title = names[note.kind];
+    // The one of a comment has a letter in front, which its mark in the text does not have.
+    const QString mark = note.kind == ORVNote::Comment ? note.mark.mid(1) : note.mark;
+    if (!mark.isEmpty())
+        title += QLatin1Char(' ') + mark;
+    const QString origin = ORVNotes::origin(note);
+    if (!origin.isEmpty())
+        title += QStringLiteral(" (%1)").arg(origin);
+    return tr("%1: %2", "title and text of a note").arg(title, text);
+}
+
+QString NotesPanel::textOf(const ORVNote& note)
 {
     QString text;
-    if (!note.isAttached) {
-        text = Notes::text(*m_edit->document(), note);
+    if (note.holding == ORVNote::InLine) {
+        text = ORVNotes::text(m_edit->document(), note);
     } else {
         if (!m_contents.contains(note.content))
-            m_contents.insert(note.content, Notes::text(*m_edit->document(), note));
+            m_contents.insert(note.content, ORVNotes::text(m_edit->document(), note));
         text = m_contents.value(note.content);
     }
-    text = text.left(shownLength).simplified();
-    return note.kind == Note::Comment ? tr("Comment: %1").arg(text) : tr("Footnote: %1").arg(text);
+    return line(note, text.left(shownLength).simplified());
 }
 
 void NotesPanel::forgetOldContents()
 {
     QHash<QByteArray, QString> contents;
-    for (const Note& note : qAsConst(m_notes)) {
-        if (note.isAttached)
+    for (const ORVNote& note : qAsConst(m_notes)) {
+        if (note.holding != ORVNote::InLine)
             contents.insert(note.content, m_contents.value(note.content));
     }
     m_contents.swap(contents);
@@ -93,7 +106,7 @@ void NotesPanel::showNote(int row)
         refresh(); // the places have changed
     if (row < 0 || row >= m_notes.size())
         return;
-    const Note& note = m_notes.at(row);
+    const ORVNote& note = m_notes.at(row);
     QTextCursor cursor(m_edit->document());
     cursor.setPosition(note.position + note.length);
     cursor.setPosition(note.position, QTextCursor::KeepAnchor);

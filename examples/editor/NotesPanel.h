@@ -1,7 +1,7 @@
 #ifndef NOTESPANEL_H
 #define NOTESPANEL_H
 
-#include "Notes.h"
+#include <ORVNotes.h>
 
 #include <QDockWidget>
 #include <QHash>
@@ -24,6 +24,8 @@ public:
 
     /*! Offers \a actions, which are about the note at the cursor, as the context menu. */
     void setMenu(const QList<QAction*>& actions);
+    /*! How \a note, whose text is \a text, is described: what it is, its number, and where it is from. */
+    static QString line(const ORVNote& note, const QString& text);
     /*! What the list shows, a note each. */
     QStringList texts() const;
     /*! Brings the list up to date; to be called when the text edit has got another document. */
@@ -36,12 +38,12 @@ signals:
     void editRequested();
 
 private:
-    QString textOf(const Note& note);
+    QString textOf(const ORVNote& note);
     void forgetOldContents();
 
     QTextEdit* m_edit;
     QListWidget* m_list;
-    QVector<Note> m_notes;
+    QVector<ORVNote> m_notes;
     // What the attached notes that are listed say, so that each is read once.
     QHash<QByteArray, QString> m_contents;
     QTimer m_timer;

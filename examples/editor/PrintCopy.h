@@ -9,8 +9,8 @@ class QTextDocument;
 namespace PrintCopy {
 
 /*!
-    A copy of \a document for ORVPagePainter: its revision levels are colours, its notes stand behind the
-    text, numbered, and each level of a list has markers of its own.
+    A copy of \a document for ORVPagePainter: its revision levels are colours, its notes stand behind a
+    rule at the end, and each level of a list has markers of its own.
 */
 std::unique_ptr<QTextDocument> of(const QTextDocument& document);
 

@@ -1,7 +1,7 @@
 #include "TextTips.h"
 
 #include "Links.h"
-#include "Notes.h"
+#include "NotesPanel.h"
 #include "RichTextEdit.h"
 
 #include <QHelpEvent>
@@ -30,11 +30,9 @@ TextTips::TextTips(RichTextEdit* edit) : QObject(edit), m_edit(edit)
 QString TextTips::textAt(int position) const
 {
     QStringList lines;
-    const Note note = Notes::at(*m_edit->document(), position);
-    if (note.length > 0) {
-        const QString text = Notes::text(*m_edit->document(), note).left(shownLength);
-        lines << (note.kind == Note::Comment ? tr("Comment: %1").arg(text) : tr("Footnote: %1").arg(text));
-    }
+    const ORVNote note = ORVNotes::at(m_edit->document(), position);
+    if (note.length > 0)
+        lines << NotesPanel::line(note, ORVNotes::text(m_edit->document(), note).left(shownLength));
     const Link link = Links::at(*m_edit->document(), position);
     if (link.length > 0) {
         lines << Links::shownTarget(link).left(shownLength);

@@ -2,7 +2,6 @@
 #include "ORVRtfInterchangeReader_p.h"
 
 #include "ORVRtfLimits_p.h"
-#include "ORVRtfSymbolField_p.h"
 #include "ORVUnit.h"
 
 #include <limits>
@@ -12,9 +11,6 @@ namespace {
 
 // The property of a drawn object that is its picture; others fill it or its lines.
 const char shapePicture[] = "pib";
-
-const ushort emptyBox = 0x2610;
-const ushort checkedBox = 0x2612;
 
 } // namespace
 
@@ -39,20 +35,33 @@ void ORVRtfInterchangeReader::setFontFamily(const QString& name)
 void ORVRtfInterchangeReader::endOwnDestination()
 {
     giveUpCharacter();
+    endListDestination();
     if (isIn(PictureGroup))
         endPicture();
     else if (isIn(FieldGroup))
         endField();
     else if (isIn(Destination(ShapeGroup)))
         m_isShapeShown = std::exchange(m_isPictureShown, false);
+    else
+        endDocumentDestination();
 }
 
 void ORVRtfInterchangeReader::drawDestinationText()
 {
-    if (isIn(Destination(ShapePropertyNameGroup)))
-        m_shapeProperty += m_pendingText;
-    else
-        ORVTextRtfReaderPrivate::drawDestinationText();
+    if (drawListText())
+        return;
+    const auto append = [this](QString& text, int most) {
+        text += m_pendingText.left(most - int(text.size()));
+    };
+    switch (int(m_state.destination)) {
+    case ShapePropertyNameGroup: append(m_shapeProperty, ORVRtfLimits::bookmarkName); break;
+    case InformationTextGroup: m_information.append(m_informationText, m_pendingText); break;
+    case BookmarkNameGroup: append(m_bookmark, ORVRtfLimits::bookmarkName); break;
+    case CommentAuthorGroup: append(m_commentAuthor, ORVRtfLimits::informationText); break;
+    case CommentInitialsGroup: append(m_commentInitials, ORVRtfLimits::informationText); break;
+    case CommentDateGroup: append(m_commentDate, ORVRtfLimits::bookmarkName); break;
+    default: ORVTextRtfReaderPrivate::drawDestinationText(); break;
+    }
 }
 
 void ORVRtfInterchangeReader::beginShape()
@@ -88,8 +97,10 @@ void ORVRtfInterchangeReader::endPicture()
         if (m_isPictureOfShape)
             fitIntoShape();
         commitBlockFormat();
+        setAnchorNames(m_state.charFormat);
         insertPicture(image, file);
-        m_hasShownText = true;
+        m_text.hasShownText = true;
+        m_text.raisedText.clear();
         m_isPictureShown = true;
     }
     m_picture = ORVRtfPicture();
@@ -108,25 +119,4 @@ void ORVRtfInterchangeReader::fitIntoShape()
     m_picture.goalHeight = ORVUnit::rtfTwipsToPixels(int(height));
     m_picture.scaleX = -1;
     m_picture.scaleY = -1;
-}
-
-void ORVRtfInterchangeReader::beginField()
-{
-    m_own.isInOperandField = m_own.isInOperandField || isIn(FieldInstructionGroup);
-    m_fieldInstruction.clear();
-    m_formFieldResult = unsetFormField;
-    m_formFieldDefault = 0;
-    m_hasFieldResult = false;
-    openDestination(FieldGroup);
-}
-
-/*! Some fields are shown although their result says nothing. */
-void ORVRtfInterchangeReader::endField()
-{
-    if (m_fieldInstruction.trimmed().startsWith(QLatin1String("FORMCHECKBOX"))) {
-        const int result = m_formFieldResult == unsetFormField ? m_formFieldDefault : m_formFieldResult;
-        m_fieldText = QChar(result == 0 ? emptyBox : checkedBox);
-    } else if (!m_hasFieldResult) {
-        m_fieldText = ORVRtfSymbolField::text(m_fieldInstruction, m_documentCodePage, m_decoder);
-    }
 }

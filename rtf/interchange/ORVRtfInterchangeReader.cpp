@@ -1,6 +1,7 @@
 #include "ORVRtfInterchangeReader_p.h"
 
 #include "ORVRtfCodePages_p.h"
+#include "ORVRtfProperties.h"
 #include "QtFontCompat_p.h"
 #include "QtStringCompat_p.h"
 
@@ -23,7 +24,7 @@ void ORVRtfInterchangeReader::beginRead(QTextDocument* document, bool removeInva
     ORVTextRtfReaderPrivate::beginRead(document, removeInvalidChars);
     m_fonts = ORVRtfFontTable();
     m_colors = ORVRtfColorTable();
-    m_lists = ORVRtfListTable();
+    m_numbering = ORVRtfNumbering();
     m_defaultFont = 0;
     m_currentFont = 0;
     m_documentCodePage = ORVRtfCodePages::latin1Windows;
@@ -37,12 +38,23 @@ void ORVRtfInterchangeReader::beginRead(QTextDocument* document, bool removeInva
     m_ownGroups.clear();
     m_builder.reset();
     m_isInCellBorder = false;
-    m_hasShownText = false;
+    m_text = ORVRtfRunningText();
+    m_stories.clear();
     m_isDocumentClosed = false;
     m_pictureData = ORVRtfPictureData();
     m_isPictureShown = false;
     m_isShapeShown = false;
     m_fieldText.clear();
+    m_noteMarks = ORVRtfNoteMarks();
+    m_commentAuthor.clear();
+    m_commentInitials.clear();
+    m_commentTime = ORVRtfTime();
+    m_bookmarksLeft = ORVRtfLimits::bookmarks;
+    m_anchorSerials = ORVRtfFormatSerials();
+    m_pageTexts = ORVRtfPageTexts();
+    m_information = ORVRtfInformation();
+    m_statedLengths.clear();
+    m_isFirstSection = true;
 }
 
 /*!
@@ -57,9 +69,12 @@ void ORVRtfInterchangeReader::endRead()
     ORVTextRtfReaderPrivate::drawText();
     if (isIn(PictureGroup))
         endPicture();
+    endStories(0);
+    appendBoxes();
     m_builder.textWidth = m_page.textWidth();
     m_builder.endTables();
     ORVTextRtfReaderPrivate::endRead();
+    setDocumentProperties();
 }
 
 int ORVRtfInterchangeReader::actOn(const ORVRtfControlWord& word)
@@ -111,6 +126,9 @@ int ORVRtfInterchangeReader::popProperties()
     m_fallback = 0;
     if (m_skipDepth == 0 && !m_groups.isEmpty() && m_groups.top().destination != m_state.destination)
         endOwnDestination();
+    // A brace that ends the skipping ends a group that was read.
+    if (m_skipDepth <= 1 && !m_stories.empty())
+        endStories(int(m_groups.size()));
     const int status = ORVTextRtfReaderPrivate::popProperties();
     if (m_groups.size() < m_ownGroups.size()) {
         m_own = m_ownGroups.top();
@@ -143,10 +161,11 @@ void ORVRtfInterchangeReader::takeText()
     m_input.release(length);
 }
 
+/*! Text that states no font is in the default one. What describes the document is in the page of that. */
 int ORVRtfInterchangeReader::codePageInForce() const
 {
     int codePage = m_state.codePage;
-    if (codePage == ORVRtfFontTable::noCodePage && !isIn(FontTableGroup))
+    if (codePage == ORVRtfFontTable::noCodePage && isInBodyText())
         codePage = m_fonts.codePage(m_defaultFont);
     const bool isStated = codePage != ORVRtfFontTable::noCodePage && codePage != ORVRtfCodePages::symbols;
     return isStated ? codePage : m_documentCodePage;
@@ -195,11 +214,17 @@ void ORVRtfInterchangeReader::giveUpCharacter()
     ORVTextRtfReaderPrivate::drawText();
 }
 
-/*! Characters that are escaped byte by byte are drawn together. */
+/*! Characters that are escaped byte by byte are drawn together, and so are the halves of a character. */
 void ORVRtfInterchangeReader::drawText()
 {
-    if (m_input.charAt(0) != '\\' || m_input.charAt(1) != '\'')
-        ORVTextRtfReaderPrivate::drawText();
+    if (m_input.charAt(0) == '\\') {
+        const char next = m_input.charAt(1);
+        const bool isHalf =
+            !m_pendingText.isEmpty() && m_pendingText.at(m_pendingText.size() - 1).isHighSurrogate();
+        if (next == '\'' || (next == 'u' && isHalf))
+            return;
+    }
+    ORVTextRtfReaderPrivate::drawText();
 }
 
 void ORVRtfInterchangeReader::drawBodyText()
@@ -208,17 +233,31 @@ void ORVRtfInterchangeReader::drawBodyText()
     m_isPendingSymbols = false;
     if (!isShown())
         return;
-    m_hasShownText = true;
+    if (m_text.oldList.hasLabel())
+        m_text.oldList.applyLabel(m_paragraph, m_numbering);
+    m_text.hasShownText = true;
+    m_text.hasNoteNumber = false;
     if (isIn(FieldResultGroup))
-        m_hasFieldResult = true;
-    if (!isSymbols) {
-        ORVTextRtfReaderPrivate::drawBodyText();
-        return;
-    }
+        m_text.field.hasResult = true;
+    noteRaisedText();
     const QTextCharFormat format = m_state.charFormat;
-    compat::setFontFamily(m_state.charFormat, compat::fontFamily(m_plainCharFormat));
+    if (isSymbols)
+        compat::setFontFamily(m_state.charFormat, compat::fontFamily(m_plainCharFormat));
+    if (!m_text.anchorNames.isEmpty())
+        drawAnchoredCharacter();
     ORVTextRtfReaderPrivate::drawBodyText();
     m_state.charFormat = format;
+}
+
+/*! Remembers raised text, which can be the mark of a note that follows; text that is too long, up to there. */
+void ORVRtfInterchangeReader::noteRaisedText()
+{
+    const QTextCharFormat& format = m_state.charFormat;
+    if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript
+        || format.intProperty(ORVRtfProperty::BaselineShift) > 0)
+        m_text.raisedText += m_pendingText.left(ORVRtfLimits::noteMark + 1 - int(m_text.raisedText.size()));
+    else if (!m_text.raisedText.isEmpty())
+        m_text.raisedText.clear();
 }
 
 void ORVRtfInterchangeReader::placeParagraph()

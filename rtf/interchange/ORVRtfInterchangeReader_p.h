@@ -1,16 +1,23 @@
 #ifndef ORVRTFINTERCHANGEREADER_P_H
 #define ORVRTFINTERCHANGEREADER_P_H
 
+#include "ORVRtfInformation_p.h"
 #include "ORVRtfInterchangeWords_p.h"
+#include "ORVRtfNoteMarks_p.h"
+#include "ORVRtfNumbering_p.h"
+#include "ORVRtfPageTexts_p.h"
 #include "ORVRtfPictureData_p.h"
+#include "ORVRtfStory_p.h"
 #include "ORVRtfSymbolFonts_p.h"
 #include "ORVRtfTableBuilder_p.h"
 #include "ORVRtfTextDecoder_p.h"
+#include "ORVRtfTime_p.h"
 #include "ORVTextRtfReader_p.h"
 
 /*!
     The reader of RTF as word processors mean it. It reads as the other one does, but for what stands here:
-    text in any code page, tables that keep all their text, pictures of all kinds, and what is not to be shown.
+    text in any code page, tables that keep all their text, pictures of all kinds, what is not to be shown,
+    notes, headers and footers, text boxes, and what the file says about itself.
 */
 class ORVRtfInterchangeReader : public ORVTextRtfReaderPrivate {
 public:
@@ -20,9 +27,23 @@ public:
 
 private:
     /*! Destinations of words that the storage form does not know. */
-    enum PrivateDestination { FormFieldGroup = LastDestination + 1, ShapeGroup, ShapePropertyNameGroup };
-    /*! The state of a form's check box that means its default. */
-    static constexpr int unsetFormField = 25;
+    enum PrivateDestination {
+        FormFieldGroup = LastDestination + 1,
+        ShapeGroup,
+        ShapePropertyNameGroup,
+        InformationGroup,
+        InformationTextGroup,
+        InformationDateGroup,
+        BookmarkNameGroup,
+        CommentAuthorGroup,
+        CommentInitialsGroup,
+        CommentDateGroup,
+        CommentTimeGroup,
+        OldNumberGroup,
+        OldNumberTextBeforeGroup,
+        OldNumberTextAfterGroup,
+        OldLabelGroup
+    };
 
     /*! What the end of a group restores, beside the state of the storage form. */
     struct State {
@@ -33,6 +54,8 @@ private:
         bool isDeleted = false;
         // In a field that the instruction of another one uses.
         bool isInOperandField = false;
+        // In the label of a list item that is text.
+        bool isInListText = false;
         // One of ORVRtfSymbolFonts.
         int symbolFont = ORVRtfSymbolFonts::none;
     };
@@ -47,6 +70,7 @@ private:
     void drawText() override;
     void drawBodyText() override;
     void placeParagraph() override;
+    void noteRaisedText();
     void skipFallback(KeyWord keyWord);
     int codePageInForce() const;
     void appendBytes(const char* bytes, int count);
@@ -55,6 +79,8 @@ private:
     void appendCharacter(char32_t character);
     void giveUpCharacter();
     bool isShown() const { return !m_own.isHidden && !m_own.isDeleted; }
+    /*! Whether the ends of paragraphs, cells and pages that stand here are those of text. */
+    bool hasParagraphs() const { return isInBodyText() || isIn(FieldGroup); }
 
     // Control words (ORVRtfInterchangeWordEffects.cpp)
     int translatePrivateWord(ORVRtfInterchangeWords::Word word, bool hasParameter, int parameter);
@@ -64,17 +90,72 @@ private:
     int translateEscapedBytes();
     void translateUnicodeUnit(bool hasParameter, int unit);
     void endShownParagraph();
+    void endShownPage();
+    void endSection();
+    void endAtBreak(void (ORVRtfInterchangeReader::*end)());
     void endCell(bool isNested);
     void endRow(bool isNested);
     void setCellAlignment(QTextCharFormat::VerticalAlignment alignment);
     void setCellColor(int number);
     void resetOwnFormat();
     void selectOwnFont(int number);
-    void setLevelFont(int symbolFont);
     void setStatedCodePage(int codePage);
     void setFontCodePage(int codePage);
     void setDocumentCodePage(int codePage);
     void setSystemCodePage(int codePage);
+
+    // Lists (ORVRtfInterchangeLists.cpp)
+    bool translateListWord(KeyWord keyWord, int n);
+    bool translateLevelWord(KeyWord keyWord, int n);
+    bool translateLevelNumberWord(KeyWord keyWord, int n);
+    bool translatePrivateListWord(ORVRtfInterchangeWords::Word word, int n);
+    bool translateOldNumberWord(ORVRtfInterchangeWords::Word word, int n);
+    bool isInListTables() const { return isIn(ListTableGroup) || isIn(ListOverrideGroup); }
+    bool isInOldNumber() const;
+    void setItemList(int number);
+    void setItemLevel(int level);
+    bool drawListText();
+    void endListDestination();
+    void assembleLists() override;
+
+    // Words of the document and its pages (ORVRtfInterchangeDocument.cpp)
+    bool translateDocumentWord(KeyWord keyWord, int n);
+    bool translatePrivateDocumentWord(ORVRtfInterchangeWords::Word word, int n);
+    bool translateNoteNumberWord(ORVRtfInterchangeWords::Word word, int n);
+    void openInformation(ORVRtfInformation::Text text);
+    void openInformation(ORVRtfInformation::Date date);
+    void setDocumentPage(int ORVRtfPage::*length, int twips);
+    void setSectionPage(int ORVRtfPage::*length, int twips);
+    void endDocumentDestination();
+    void setCommentDate(const ORVRtfTime& time);
+    void setDocumentProperties();
+
+    // Texts apart from the running one (ORVRtfInterchangeStories.cpp)
+    bool beginStory(ORVRtfStory::Kind kind);
+    void leaveText(ORVRtfStory& story);
+    void endStories(int depth);
+    void endStory();
+    void beginNote(ORVRtfNote::Kind kind);
+    void setEndnote();
+    void setNoteNumberPlace();
+    void insertNote(ORVRtfStory& story);
+    void removeOwnMark(int length);
+    void beginPageText(ORVRtfPageTexts::Side side, ORVRtfPageTexts::Pages pages);
+    bool isInPageText() const;
+    void keepBox(const QSharedPointer<QTextDocument>& document);
+    void appendBoxes();
+
+    // Links and bookmarks (ORVRtfInterchangeLinks.cpp)
+    void finalizeFieldInstruction() override;
+    void addAnchorName();
+    void setAnchorNames(QTextCharFormat& format);
+    void drawAnchoredCharacter();
+    void beginField();
+    void beginFieldResult();
+    void endField();
+    bool isPageField() const;
+    void beginListText();
+    bool hasParagraphEnd();
 
     // Destinations (ORVRtfInterchangeDestinations.cpp)
     void setFontFamily(const QString& name) override;
@@ -84,8 +165,6 @@ private:
     void beginPicture();
     void endPicture();
     void fitIntoShape();
-    void beginField();
-    void endField();
 
     ORVRtfTextDecoder m_decoder;
     // Characters behind a Unicode character that stand for it.
@@ -103,8 +182,9 @@ private:
     ORVRtfTableBuilder m_builder;
     // The words for lines that follow describe those of cells.
     bool m_isInCellBorder = false;
-    // The paragraph has text that is seen.
-    bool m_hasShownText = false;
+    ORVRtfRunningText m_text;
+    // Innermost last.
+    std::vector<ORVRtfStory> m_stories;
     // The group of the document has ended.
     bool m_isDocumentClosed = false;
 
@@ -124,11 +204,29 @@ private:
     // The last drawn object was a picture that was shown.
     bool m_isShapeShown = false;
 
-    // The check box of the field, and what the result of the field shows.
-    int m_formFieldResult = unsetFormField;
-    int m_formFieldDefault = 0;
-    bool m_hasFieldResult = false;
+    // What a field that has ended shows.
     QString m_fieldText;
+
+    ORVRtfNumbering m_numbering;
+
+    // Notes and bookmarks
+    ORVRtfNoteMarks m_noteMarks;
+    QString m_commentAuthor;
+    QString m_commentInitials;
+    QString m_commentDate;
+    ORVRtfTime m_commentTime;
+    QString m_bookmark;
+    int m_bookmarksLeft = ORVRtfLimits::bookmarks;
+    ORVRtfFormatSerials m_anchorSerials;
+
+    // The document: its pages, and what it says about itself
+    ORVRtfPageTexts m_pageTexts;
+    ORVRtfInformation m_information;
+    ORVRtfInformation::Text m_informationText = ORVRtfInformation::Title;
+    ORVRtfInformation::Date m_informationDate = ORVRtfInformation::Created;
+    ORVRtfTime m_time;
+    QVector<int ORVRtfPage::*> m_statedLengths;
+    bool m_isFirstSection = true;
 };
 
 #endif

@@ -1,6 +1,7 @@
 #include "ORVRtfCodePages_p.h"
 #include "ORVRtfHexadecimal_p.h"
 #include "ORVRtfInterchangeReader_p.h"
+#include "ORVRtfProperties.h"
 #include "ORVRtfUnits_p.h"
 #include "QtStringCompat_p.h"
 
@@ -75,7 +76,8 @@ int ORVRtfInterchangeReader::translateControlWord(KeyWord keyWord, bool hasParam
 {
     if (m_decoder.isWithinCharacter() && endsCharacter(keyWord))
         giveUpCharacter();
-    if (translateTableWord(keyWord, hasParameter, parameter))
+    if (translateListWord(keyWord, parameter) || translateTableWord(keyWord, hasParameter, parameter)
+        || translateDocumentWord(keyWord, parameter))
         return NoError;
     switch (keyWord) {
     // Encoding
@@ -98,12 +100,7 @@ int ORVRtfInterchangeReader::translateControlWord(KeyWord keyWord, bool hasParam
     case EscapedCloseBrace: appendBytes("}", 1); break;
     case NewParagraph:
     case NewParagraphSymbol: endShownParagraph(); break;
-    case NewPage:
-        if (isShown()) {
-            endPage();
-            m_hasShownText = false;
-        }
-        break;
+    case NewPage: endAtBreak(&ORVRtfInterchangeReader::endShownPage); break;
 
     // Pictures and fields
     case Picture: beginPicture(); break;
@@ -122,12 +119,8 @@ int ORVRtfInterchangeReader::translateControlWord(KeyWord keyWord, bool hasParam
     case PictureWidth: m_pictureData.bitmap.size.setWidth(parameter); break;
     case PictureHeight: m_pictureData.bitmap.size.setHeight(parameter); break;
     case Field: beginField(); break;
-    case FieldResult:
-        if (m_own.isInOperandField)
-            ++m_skipDepth;
-        else
-            openDestination(FieldResultGroup);
-        break;
+    case FieldResult: beginFieldResult(); break;
+    case ListText: beginListText(); break;
     default: return ORVTextRtfReaderPrivate::translateControlWord(keyWord, hasParameter, parameter);
     }
     return NoError;
@@ -140,8 +133,6 @@ bool ORVRtfInterchangeReader::translateTableWord(KeyWord keyWord, bool hasParame
     case ResetParagraph: m_builder.setLevel(0); return false;
     case InTable: m_builder.setInTable(); break;
     case TableNesting: m_builder.setLevel(n); break;
-    case Annotation:
-    case Footnote: m_builder.place.isInNote = true; return false;
     case NestedTableRowDefinition: m_builder.isDefiningNestedRow = true; break;
     case TableRowDefinition: m_builder.beginRow(); break;
     case TableLeftOffset: m_builder.setLeftEdge(n); break;
@@ -204,6 +195,8 @@ bool ORVRtfInterchangeReader::translateBorderWord(KeyWord keyWord, bool hasParam
 
 int ORVRtfInterchangeReader::translatePrivateWord(Words::Word word, bool hasParameter, int parameter)
 {
+    if (translatePrivateListWord(word, parameter))
+        return NoError;
     const bool on = !hasParameter || parameter != 0;
     switch (word) {
     case Words::None:
@@ -222,9 +215,9 @@ int ORVRtfInterchangeReader::translatePrivateWord(Words::Word word, bool hasPara
     case Words::ZeroWidthNoBreak: appendCharacter(0x2060); break;
     case Words::LeftToRightMark: appendCharacter(0x200E); break;
     case Words::RightToLeftMark: appendCharacter(0x200F); break;
-    case Words::CarriageReturn:
-    case Words::SectionEnd:
-    case Words::ColumnBreak: endShownParagraph(); break;
+    case Words::CarriageReturn: endShownParagraph(); break;
+    case Words::ColumnBreak: endAtBreak(&ORVRtfInterchangeReader::endShownParagraph); break;
+    case Words::SectionEnd: endSection(); break;
 
     case Words::Hidden: m_own.isHidden = on; break;
     case Words::Deleted: m_own.isDeleted = on; break;
@@ -235,8 +228,10 @@ int ORVRtfInterchangeReader::translatePrivateWord(Words::Word word, bool hasPara
     case Words::ContentsEntry:
     case Words::FootnoteSeparator:
     case Words::ContinuedFootnoteSeparator:
+    case Words::FootnoteNotice:
     case Words::EndnoteSeparator:
     case Words::ContinuedEndnoteSeparator:
+    case Words::EndnoteNotice:
     case Words::Private: ++m_skipDepth; break;
 
     case Words::DeviceIndependentBitmap:
@@ -263,13 +258,16 @@ int ORVRtfInterchangeReader::translatePrivateWord(Words::Word word, bool hasPara
         if (m_isShapeShown)
             ++m_skipDepth;
         break;
-    case Words::ShapeText: ++m_skipDepth; break;
+    case Words::DrawnObject: beginShape(); break;
+    case Words::ShapeText:
+    case Words::DrawnText: beginStory(ORVRtfStory::TextBox); break;
     case Words::ShapeProperty: m_shapeProperty.clear(); break;
     case Words::ShapePropertyName: openDestination(Destination(ShapePropertyNameGroup)); break;
 
     case Words::FormField: openDestination(Destination(FormFieldGroup)); break;
-    case Words::FormFieldResult: m_formFieldResult = parameter; break;
-    case Words::FormFieldDefault: m_formFieldDefault = parameter; break;
+    case Words::FormFieldResult: m_text.field.formResult = parameter; break;
+    case Words::FormFieldDefault: m_text.field.formDefault = parameter; break;
+    default: translatePrivateDocumentWord(word, parameter); break;
     }
     return NoError;
 }
@@ -322,38 +320,87 @@ void ORVRtfInterchangeReader::translateUnicodeUnit(bool hasParameter, int unit)
         appendCharacter(character <= 0xFFFF || compat::isCharacter(character) ? character : 0xFFFD);
 }
 
-/*! The end of a paragraph of which nothing is seen is not seen either. Data of pictures have no paragraphs. */
+/*! The end of a paragraph of which nothing is seen is not seen either. */
 void ORVRtfInterchangeReader::endShownParagraph()
 {
-    if (isIn(PictureGroup))
-        return;
-    giveUpCharacter();
-    if (isShown() || m_hasShownText)
-        endParagraph();
-    m_hasShownText = false;
-}
-
-/*! Cells of a note are paragraphs of it, as a note stands in the sentence. */
-void ORVRtfInterchangeReader::endCell(bool isNested)
-{
-    if (m_builder.place.isInNote) {
-        endShownParagraph();
+    if (!hasParagraphs()) {
+        if (isIn(Destination(InformationTextGroup)))
+            m_pendingText += QChar(QChar::LineSeparator);
         return;
     }
+    giveUpCharacter();
+    appendBoxes();
+    if (isShown() || m_text.hasShownText) {
+        endParagraph();
+        m_text.oldList.endParagraph(m_paragraph);
+    }
+    m_text.hasShownText = false;
+    m_text.raisedText.clear();
+}
+
+void ORVRtfInterchangeReader::endShownPage()
+{
+    if (!hasParagraphs() || !isShown())
+        return;
+    appendBoxes();
+    endPage();
+    m_text.hasShownText = false;
+    m_text.raisedText.clear();
+}
+
+/*! Texts that stand apart have no sections. */
+void ORVRtfInterchangeReader::endSection()
+{
+    if (m_stories.empty() && hasParagraphs())
+        m_isFirstSection = false;
+    endAtBreak(&ORVRtfInterchangeReader::endShownParagraph);
+}
+
+/*!
+    Calls \a end, which ends the paragraph at a break. An empty one is no list item: word processors take the break
+    for the beginning of the next paragraph, and a label would shift the numbers of all later items.
+*/
+void ORVRtfInterchangeReader::endAtBreak(void (ORVRtfInterchangeReader::*end)())
+{
+    giveUpCharacter();
+    if (m_text.hasShownText) {
+        (this->*end)();
+        return;
+    }
+    const ORVRtfParagraph paragraph = m_paragraph;
+    const ORVRtfOldList oldList = m_text.oldList;
+    m_paragraph.clearProperty(ORVRtfProperty::ListOverride);
+    m_paragraph.clearProperty(ORVRtfProperty::ListLevel);
+    (this->*end)();
+    m_paragraph = paragraph;
+    m_text.oldList = oldList;
+}
+
+void ORVRtfInterchangeReader::endCell(bool isNested)
+{
+    if (!hasParagraphs())
+        return;
     m_builder.textWidth = m_page.textWidth();
     m_builder.reachCell(isNested);
     m_inserter.setBlockFormats(m_paragraph, m_state.charFormat);
+    appendBoxes();
     m_builder.endCell();
-    m_hasShownText = false;
+    m_text.oldList.endParagraph(m_paragraph);
+    m_text.hasShownText = false;
+    m_text.raisedText.clear();
 }
 
 /*! Where no row is open, its end is that of a paragraph. */
 void ORVRtfInterchangeReader::endRow(bool isNested)
 {
+    if (!hasParagraphs())
+        return;
     m_builder.textWidth = m_page.textWidth();
-    if (!m_builder.endRow(isNested) && m_hasShownText)
+    appendBoxes();
+    if (!m_builder.endRow(isNested) && m_text.hasShownText)
         endShownParagraph();
-    m_hasShownText = false;
+    m_text.hasShownText = false;
+    m_text.raisedText.clear();
 }
 
 void ORVRtfInterchangeReader::setCellAlignment(QTextCharFormat::VerticalAlignment alignment)
@@ -367,9 +414,14 @@ void ORVRtfInterchangeReader::setCellColor(int number)
     m_builder.row().currentDefinition().backgroundColor = color ? QColor(*color) : QColor();
 }
 
+/*! A link goes on, as it is not a matter of formats. */
 void ORVRtfInterchangeReader::resetOwnFormat()
 {
+    const bool isLink = m_state.charFormat.isAnchor();
+    const QString target = isLink ? m_state.charFormat.anchorHref() : QString();
     resetCharFormat();
+    if (isLink)
+        setLink(m_state.charFormat, target);
     m_own.isHidden = false;
     m_own.symbolFont = m_symbolFonts.value(m_defaultFont, ORVRtfSymbolFonts::none);
 }
@@ -383,24 +435,8 @@ void ORVRtfInterchangeReader::selectOwnFont(int number)
     m_state.codePage = m_fonts.codePage(number);
     if (m_state.codePage == ORVRtfFontTable::noCodePage)
         m_state.codePage = m_documentCodePage;
-    if (isIn(ListTableGroup))
-        setLevelFont(m_own.symbolFont);
-}
-
-/*! The font of a list level stands behind its text. */
-void ORVRtfInterchangeReader::setLevelFont(int symbolFont)
-{
-    ORVTextListLevel* const level = m_lists.lastLevel();
-    if (!level || level->kind() != ORVTextListLevel::Bullet || symbolFont == ORVRtfSymbolFonts::none)
-        return;
-    QString bullets;
-    for (const QChar& c : level->text()) {
-        const bool isByte = c.unicode() <= 0xFF || ORVRtfSymbolFonts::isPrivateCharacter(c.unicode());
-        const char32_t character =
-            isByte ? ORVRtfSymbolFonts::character(symbolFont, uchar(c.unicode() & 0xFF)) : 0;
-        compat::appendCharacter(bullets, character ? character : c.unicode());
-    }
-    level->setText(bullets);
+    if (isInListTables())
+        m_numbering.setLevelFont(m_own.symbolFont);
 }
 
 /*! The page of a font by its number, which counts more than its character set. */

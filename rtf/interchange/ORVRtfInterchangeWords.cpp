@@ -4,7 +4,7 @@
 
 namespace {
 
-typedef ORVRtfWordHash<ORVRtfInterchangeWords::WordCount, 128> Hash;
+typedef ORVRtfWordHash<ORVRtfInterchangeWords::WordCount, 256> Hash;
 
 constexpr Hash::Spellings spellings = {"",
 #define ORV_SPELLING(name, spelling) spelling,

@@ -36,8 +36,10 @@ namespace ORVRtfInterchangeWords {
     X(ContentsEntry, "\\tc") \
     X(FootnoteSeparator, "\\ftnsep") \
     X(ContinuedFootnoteSeparator, "\\ftnsepc") \
+    X(FootnoteNotice, "\\ftncn") \
     X(EndnoteSeparator, "\\aftnsep") \
     X(ContinuedEndnoteSeparator, "\\aftnsepc") \
+    X(EndnoteNotice, "\\aftncn") \
     X(Private, "\\private") \
     /* Pictures */ \
     X(DeviceIndependentBitmap, "\\dibitmap") \
@@ -61,10 +63,85 @@ namespace ORVRtfInterchangeWords {
     X(ShapeText, "\\shptxt") \
     X(ShapeProperty, "\\sp") \
     X(ShapePropertyName, "\\sn") \
+    X(DrawnObject, "\\do") \
+    X(DrawnText, "\\dptxbxtext") \
     /* Fields */ \
     X(FormField, "\\formfield") \
     X(FormFieldResult, "\\ffres") \
-    X(FormFieldDefault, "\\ffdefres")
+    X(FormFieldDefault, "\\ffdefres") \
+    /* Notes */ \
+    X(CommentDate, "\\atndate") \
+    X(CommentTime, "\\atntime") \
+    X(FootnoteStart, "\\ftnstart") \
+    X(EndnoteStart, "\\aftnstart") \
+    X(FootnoteDecimal, "\\ftnnar") \
+    X(FootnoteLowerLetter, "\\ftnnalc") \
+    X(FootnoteUpperLetter, "\\ftnnauc") \
+    X(FootnoteLowerRoman, "\\ftnnrlc") \
+    X(FootnoteUpperRoman, "\\ftnnruc") \
+    X(FootnoteSymbol, "\\ftnnchi") \
+    X(SectionFootnoteDecimal, "\\sftnnar") \
+    X(SectionFootnoteLowerLetter, "\\sftnnalc") \
+    X(SectionFootnoteUpperLetter, "\\sftnnauc") \
+    X(SectionFootnoteLowerRoman, "\\sftnnrlc") \
+    X(SectionFootnoteUpperRoman, "\\sftnnruc") \
+    X(SectionFootnoteSymbol, "\\sftnnchi") \
+    X(EndnoteDecimal, "\\aftnnar") \
+    X(EndnoteLowerLetter, "\\aftnnalc") \
+    X(EndnoteUpperLetter, "\\aftnnauc") \
+    X(EndnoteLowerRoman, "\\aftnnrlc") \
+    X(EndnoteUpperRoman, "\\aftnnruc") \
+    X(EndnoteSymbol, "\\aftnnchi") \
+    X(SectionEndnoteDecimal, "\\saftnnar") \
+    X(SectionEndnoteLowerLetter, "\\saftnnalc") \
+    X(SectionEndnoteUpperLetter, "\\saftnnauc") \
+    X(SectionEndnoteLowerRoman, "\\saftnnrlc") \
+    X(SectionEndnoteUpperRoman, "\\saftnnruc") \
+    X(SectionEndnoteSymbol, "\\saftnnchi") \
+    /* Pages */ \
+    X(SectionPaperWidth, "\\pgwsxn") \
+    X(SectionPaperHeight, "\\pghsxn") \
+    X(SectionLeftMargin, "\\marglsxn") \
+    X(SectionRightMargin, "\\margrsxn") \
+    X(SectionTopMargin, "\\margtsxn") \
+    X(SectionBottomMargin, "\\margbsxn") \
+    /* Information */ \
+    X(Title, "\\title") \
+    X(Author, "\\author") \
+    X(Operator, "\\operator") \
+    X(Subject, "\\subject") \
+    X(Keywords, "\\keywords") \
+    X(DocumentComment, "\\doccomm") \
+    X(Manager, "\\manager") \
+    X(Company, "\\company") \
+    X(Category, "\\category") \
+    X(CreationTime, "\\creatim") \
+    X(RevisionTime, "\\revtim") \
+    X(PrintTime, "\\printim") \
+    X(Year, "\\yr") \
+    X(Month, "\\mo") \
+    X(Day, "\\dy") \
+    X(Hour, "\\hr") \
+    X(Minute, "\\min") \
+    X(Second, "\\sec") \
+    /* Lists */ \
+    X(ListOverrideStart, "\\listoverridestartat") \
+    X(OldNumber, "\\pn") \
+    X(OldNumberLevel, "\\pnlvl") \
+    X(OldNumberBody, "\\pnlvlbody") \
+    X(OldNumberBullet, "\\pnlvlblt") \
+    X(OldNumberContinued, "\\pnlvlcont") \
+    X(OldNumberDecimal, "\\pndec") \
+    X(OldNumberUpperLetter, "\\pnucltr") \
+    X(OldNumberLowerLetter, "\\pnlcltr") \
+    X(OldNumberUpperRoman, "\\pnucrm") \
+    X(OldNumberLowerRoman, "\\pnlcrm") \
+    X(OldNumberStart, "\\pnstart") \
+    X(OldNumberIndent, "\\pnindent") \
+    X(OldNumberPrevious, "\\pnprev") \
+    X(OldNumberFont, "\\pnf") \
+    X(OldNumberTextBefore, "\\pntxtb") \
+    X(OldNumberTextAfter, "\\pntxta")
 // clang-format on
 
 enum Word {

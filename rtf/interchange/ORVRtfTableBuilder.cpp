@@ -5,6 +5,8 @@
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextDocumentFragment>
 
+#include <utility>
+
 namespace {
 
 const int outermostLevel = 1;
@@ -24,30 +26,31 @@ void ORVRtfTableBuilder::reset()
 {
     place = Place();
     isDefiningNestedRow = false;
-    m_levels.clear();
-    m_strayRow = ORVTextRtfRow();
+    m_tables = Tables();
     m_columnWidths = ORVRtfFormatSerials();
     m_cellsLeft = ORVRtfLimits::spareTableCells;
 }
 
 void ORVRtfTableBuilder::setInTable()
 {
-    if (!place.isInNote)
-        place.isInTable = true;
+    place.isInTable = true;
 }
 
 void ORVRtfTableBuilder::setLevel(int level)
 {
-    if (place.isInNote)
-        return;
     place.level = qMax(0, level);
     place.isInTable = level > 0;
+}
+
+void ORVRtfTableBuilder::swapTables(Tables& tables)
+{
+    std::swap(m_tables, tables);
 }
 
 int ORVRtfTableBuilder::deepestOpenRow() const
 {
     int level = levels();
-    while (level > 0 && !m_levels[size_t(level) - 1].isRowOpen)
+    while (level > 0 && !m_tables.levels[size_t(level) - 1].isRowOpen)
         --level;
     return level;
 }
@@ -61,10 +64,10 @@ int ORVRtfTableBuilder::statedLevel() const
 void ORVRtfTableBuilder::placeParagraph()
 {
     const int stated = statedLevel();
-    if (stated == 0 && m_levels.empty())
+    if (stated == 0 && m_tables.levels.empty())
         return;
     // A row of which there is nothing but a paragraph ends with the paragraphs that say so.
-    while (deepestOpenRow() > stated && !m_levels[size_t(deepestOpenRow()) - 1].isRowCertain)
+    while (deepestOpenRow() > stated && !m_tables.levels[size_t(deepestOpenRow()) - 1].isRowCertain)
         closeLevels(deepestOpenRow() - 1);
     const int level = qMax(stated, deepestOpenRow());
     closeLevels(level);
@@ -78,9 +81,9 @@ void ORVRtfTableBuilder::openLevels(int level)
         if (i == levels()) {
             Level opened;
             opened.parent = m_inserter.placeBehindText(&opened.isBehindParagraph);
-            m_levels.push_back(opened);
+            m_tables.levels.push_back(opened);
         }
-        Level& current = m_levels[size_t(i)];
+        Level& current = m_tables.levels[size_t(i)];
         current.isRowOpen = true;
         if (!current.row.cells.last().hasDocument())
             m_inserter.moveTo(QTextCursor(current.row.cells.last().document().data()));
@@ -92,7 +95,7 @@ ORVRtfTableBuilder::Level& ORVRtfTableBuilder::certainRow()
     const int level = qMax(outermostLevel, qMin(statedLevel(), levels()));
     if (level > deepestOpenRow())
         openLevels(level);
-    Level& defined = m_levels[size_t(level) - 1];
+    Level& defined = m_tables.levels[size_t(level) - 1];
     defined.isRowCertain = true;
     return defined;
 }
@@ -100,12 +103,10 @@ ORVRtfTableBuilder::Level& ORVRtfTableBuilder::certainRow()
 /*! The row that words describe; null where there is none. */
 ORVRtfTableBuilder::Level* ORVRtfTableBuilder::definedRow()
 {
-    if (place.isInNote)
-        return nullptr;
     if (!isDefiningNestedRow)
         return &certainRow();
     const int level = qMin(qMax(firstNestedLevel, statedLevel()), levels());
-    return level >= firstNestedLevel ? &m_levels[size_t(level) - 1] : nullptr;
+    return level >= firstNestedLevel ? &m_tables.levels[size_t(level) - 1] : nullptr;
 }
 
 void ORVRtfTableBuilder::beginRow()
@@ -122,7 +123,7 @@ void ORVRtfTableBuilder::beginRow()
 ORVTextRtfRow& ORVRtfTableBuilder::row()
 {
     Level* const level = definedRow();
-    return level ? level->row : m_strayRow;
+    return level ? level->row : m_tables.strayRow;
 }
 
 void ORVRtfTableBuilder::setLeftEdge(int twips)
@@ -139,7 +140,7 @@ void ORVRtfTableBuilder::reachCell(bool isNested)
         takeParagraph(level);
     closeLevels(level);
     openLevels(level);
-    m_levels.back().isRowCertain = true;
+    m_tables.levels.back().isRowCertain = true;
 }
 
 /*! Moves what stands since the last paragraph end into a cell of \a level. */
@@ -163,7 +164,7 @@ void ORVRtfTableBuilder::takeParagraph(int level)
 void ORVRtfTableBuilder::endCell()
 {
     m_inserter.complete();
-    m_levels.back().row.closeCell();
+    m_tables.levels.back().row.closeCell();
     m_inserter.moveTo(QTextCursor());
     // What follows stands in the next cell of the row, wherever the paragraph stood.
     if (place.level > levels())
@@ -173,11 +174,11 @@ void ORVRtfTableBuilder::endCell()
 bool ORVRtfTableBuilder::endRow(bool isNested)
 {
     const int level = isNested ? qMin(qMax(firstNestedLevel, statedLevel()), levels()) : outermostLevel;
-    if (place.isInNote || levels() < level || (isNested && level < firstNestedLevel))
+    if (levels() < level || (isNested && level < firstNestedLevel))
         return false;
     closeLevels(level);
     m_inserter.complete();
-    endRow(m_levels.back());
+    endRow(m_tables.levels.back());
     m_inserter.moveTo(QTextCursor());
     return true;
 }
@@ -229,7 +230,7 @@ void ORVRtfTableBuilder::closeLevels(int level)
 void ORVRtfTableBuilder::closeInnermostLevel()
 {
     m_inserter.complete();
-    Level& level = m_levels.back();
+    Level& level = m_tables.levels.back();
     if (level.isRowOpen && level.isRowCertain)
         endRow(level);
     bool isBehindParagraph = level.isBehindParagraph;
@@ -246,6 +247,6 @@ void ORVRtfTableBuilder::closeInnermostLevel()
         cell.content().insertAt(level.parent);
     }
     const QTextCursor parent = level.parent;
-    m_levels.pop_back();
+    m_tables.levels.pop_back();
     m_inserter.moveTo(parent);
 }

@@ -27,8 +27,6 @@ public:
         bool isInTable = false;
         // Table level, 0 if not stated.
         int level = 0;
-        // A note stands where its mark does, whatever its words say about tables.
-        bool isInNote = false;
     };
     Place place;
     /*! The paragraph stands in a table, on the level that it states, if any. */
@@ -42,6 +40,10 @@ public:
 
     /*! Forgets all tables. */
     void reset();
+
+    class Tables;
+    /*! Exchanges the open tables with \a tables: a text within another one has tables of its own. */
+    void swapTables(Tables& tables);
 
     /*! Moves the inserter to where text and the end of the paragraph go. */
     void placeParagraph();
@@ -83,7 +85,18 @@ private:
         bool isBehindParagraph = false;
     };
 
-    int levels() const { return int(m_levels.size()); }
+public:
+    /*! The tables of one text that are open. */
+    class Tables {
+        friend class ORVRtfTableBuilder;
+        // Innermost last.
+        std::vector<Level> levels;
+        // What words describe that belong to no row.
+        ORVTextRtfRow strayRow;
+    };
+
+private:
+    int levels() const { return int(m_tables.levels.size()); }
     int statedLevel() const;
     int deepestOpenRow() const;
     void openLevels(int level);
@@ -96,10 +109,7 @@ private:
     void closeInnermostLevel();
 
     ORVRtfTextInserter& m_inserter;
-    // Innermost last.
-    std::vector<Level> m_levels;
-    // What words describe that belong to no row.
-    ORVTextRtfRow m_strayRow;
+    Tables m_tables;
     ORVRtfFormatSerials m_columnWidths;
     qint64 m_cellsLeft = ORVRtfLimits::spareTableCells;
 };

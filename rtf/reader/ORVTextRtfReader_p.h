@@ -123,7 +123,7 @@ protected:
     void endCell();
     void finalizeRow();
     void finalizeTables(int level);
-    void assembleLists();
+    virtual void assembleLists();
     void setDefaultCharFormat(const QTextCharFormat& format);
     void adoptDefaultCharFormat(const QTextCharFormat& format);
     QColor defaultForegroundColor() const;
@@ -194,7 +194,7 @@ protected:
     void finalizeColorTable();
     void finalizePicture();
     void insertPicture(const QImage& image, const QByteArray& data);
-    void finalizeFieldInstruction();
+    virtual void finalizeFieldInstruction();
     void setLink(QTextCharFormat& format, const QString& target);
 
     // The document, and where it grows

@@ -75,7 +75,6 @@ private slots:
         add("hidden link", "a{\\v{\\field{\\*\\fldinst HYPERLINK \"x\"}{\\fldrslt b}}}c", "ac");
         add("hidden symbol", "a{\\v{\\field{\\*\\fldinst SYMBOL 65}{\\fldrslt}}}b", "ab");
         add("hidden note", "a{\\v{\\footnote b}}c", "ac");
-        add("hidden text in a note", "a{\\footnote b{\\v c}d}e", "abde");
         add("hidden row", "{\\v\\trowd\\cellx900\\cellx1800 a\\cell b\\cell\\row}\\pard c", "\n\n\nc");
         add("hidden paragraph in a cell", "\\trowd\\cellx9 a\\par{\\v b\\par}c\\cell\\row\\pard d",
             "\na\nc\nd");
@@ -85,6 +84,12 @@ private slots:
         add("index entry", "a{\\xe b{\\*\\rxe c}{\\txe d}{\\bxe e}}f", "af");
         add("entry of contents", "a{\\tc b}c", "ac");
         add("separators of notes", "{\\ftnsep a}{\\*\\ftnsepc b}{\\*\\aftnsep c}{\\*\\aftnsepc d}e", "e");
+        add("notices of continued notes", "{\\ftncn a}{\\*\\aftncn b}{\\aftncn c}d", "d");
+        add("paragraphs where no text is",
+            "a{\\fonttbl\\par}{\\*\\listtable\\cell}{\\info\\page}{\\field{\\*\\fldinst x\\par "
+            "y\\row}{\\fldrslt b}}",
+            "ab");
+        add("paragraphs of a field", "{\\field{\\*\\fldinst x}{\\fldrslt a\\par b}\\par}c", "a\nb\nc");
         add("private data", "{\\private a}b", "b");
         add("result of a field that another one uses",
             "{\\field{\\*\\fldinst IF {\\field{\\*\\fldinst MERGEFIELD a}{\\fldrslt b}} = c}{\\fldrslt d}}",

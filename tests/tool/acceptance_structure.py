@@ -129,7 +129,8 @@ OUTLINE_IN_ABIWORD = tuple(line.replace('\u2013', '\u2022').replace('(i)', 'i)')
 
 ONE_LIST = '{\\*\\listtable{\\list\\listtemplateid7{\\listlevel\\levelnfc0{\\leveltext\\\'02\\\'00.;}' \
            '{\\levelnumbers\\\'01;}\\fi-360\\li720}\\listid7}}'
-OVERRIDES = '{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}{\\listoverride\\listid7\\ls2}}'
+OVERRIDES = ('{\\*\\listoverridetable{\\listoverride\\listid7\\ls1}{\\listoverride\\listid7\\ls2'
+             '{\\lfolevel\\listoverridestartat\\levelstartat1}}}')
 
 
 def item(number, text):

@@ -1,5 +1,6 @@
 #include "DocumentInfo.h"
 #include "HtmlExport.h"
+#include "ORVTextPage.h"
 #include "TextExport.h"
 #include "VisibleDocument.h"
 #include "testpaths.h"
@@ -48,7 +49,7 @@ QString countsOf(const QTextDocument& document)
     const std::pair<int, const char*> counts[] = {
         {info.paragraphs, "paragraphs"}, {info.words, "words"},         {info.characters, "characters"},
         {info.pictures, "pictures"},     {info.footnotes, "footnotes"}, {info.annotations, "annotations"},
-        {info.tables, "tables"},         {info.lists, "lists"}};
+        {info.endnotes, "endnotes"},     {info.tables, "tables"},       {info.lists, "lists"}};
     QStringList found;
     for (const auto& count : counts) {
         if (count.first != 0)
@@ -103,6 +104,12 @@ private slots:
                 .add("e"_s, flagged(ORVRtfProperty::AnnotationAnchor)),
             "1 paragraphs, 1 words, 5 characters, 2 footnotes, 1 annotations");
 
+        QTextCharFormat endnote = anchorWith(ORVRtfProperty::FootnoteAnchor, "{\\rtf1 One}");
+        endnote.setProperty(ORVRtfProperty::EndnoteAnchor, true);
+        endnote.setProperty(ORVRtfProperty::NoteNumber, 1);
+        add("endnote", Story().add("word"_s).add("i"_s, endnote),
+            "1 paragraphs, 1 words, 5 characters, 1 endnotes");
+
         add("pictures side by side", twoPictures(), "1 paragraphs, 2 pictures");
         Story tables;
         tables.cursor().insertTable(2, 2)->cellAt(0, 0).firstCursorPosition().insertTable(1, 1);
@@ -116,6 +123,43 @@ private slots:
         lists.cursor().insertBlock(QTextBlockFormat());
         list->add(lists.cursor().block());
         add("list in two parts", lists, "4 paragraphs, 2 words, 8 characters, 2 lists");
+    }
+
+    void descriptions()
+    {
+        QTextDocument document;
+        document.setMetaInformation(QTextDocument::DocumentTitle, "A \"title\""_s);
+        const char* const texts[] = {"author",  "lastAuthor", "subject", "keywords",
+                                     "comment", "manager",    "company", "category"};
+        for (const char* name : texts)
+            document.setProperty(name, "of "_s + QLatin1String(name));
+        document.setProperty("subject", QString());
+        document.setProperty("created", QDateTime(QDate(2020, 5, 1), QTime(9, 7, 30)));
+        document.setProperty("lastModified", QDateTime(QDate(2021, 12, 31), QTime(23, 59)));
+        document.setProperty("printed", QDateTime());
+        ORVTextPage header;
+        header.text = "left\tmiddle\u2028<$p>"_s;
+        document.setProperty("header", QVariant::fromValue(header));
+        const DocumentInfo info(document);
+        QCOMPARE(info.toText().left(info.toText().indexOf("paragraphs"_s)),
+                 "title       A \"title\"\n"
+                 "author      of author\n"
+                 "last author of lastAuthor\n"
+                 "keywords    of keywords\n"
+                 "comment     of comment\n"
+                 "manager     of manager\n"
+                 "company     of company\n"
+                 "category    of category\n"
+                 "created     2020-05-01T09:07\n"
+                 "modified    2021-12-31T23:59\n"
+                 "header      left middle <$p>\n"_s);
+        const QJsonObject json = info.toJson();
+        QCOMPARE(json.value("title"_s).toString(), "A \"title\""_s);
+        QCOMPARE(json.value("lastAuthor"_s).toString(), "of lastAuthor"_s);
+        QCOMPARE(json.value("created"_s).toString(), "2020-05-01T09:07"_s);
+        QCOMPARE(json.value("header"_s).toString(), "left\tmiddle\n<$p>"_s);
+        for (const QString& key : {"subject"_s, "printed"_s, "footer"_s})
+            QVERIFY(!json.contains(key));
     }
 
     // Each target has its number as text, in a format of its own; a line feed is a paragraph end.
@@ -157,6 +201,37 @@ private slots:
         cursor.movePosition(QTextCursor::End);
         cursor.insertText("after"_s);
         QCOMPARE(documentToPlainText(document), "before\nA\nB\nC\nD\nafter\n"_b);
+        QCOMPARE(documentToPlainText(*Story().add("one\u2028two\u00a0three"_s).document()),
+                 "one\ntwo\u00a0three\n"_s.toUtf8());
+    }
+
+    void plainTextOfListsAndNotes()
+    {
+        const auto note = [](int number, const QByteArray& content, int anchor) {
+            QTextCharFormat format = anchorWith(anchor, "{\\rtf1 " + content + "}");
+            format.setProperty(ORVRtfProperty::NoteNumber, number);
+            return format;
+        };
+        QTextCharFormat endnote = note(1, "At the end.", ORVRtfProperty::FootnoteAnchor);
+        endnote.setProperty(ORVRtfProperty::EndnoteAnchor, true);
+        QTextCharFormat comment = note(1, "Right?", ORVRtfProperty::AnnotationAnchor);
+        comment.setProperty(ORVRtfProperty::NoteAuthor, "Ann"_s);
+        comment.setProperty(ORVRtfProperty::NoteDate, QDateTime(QDate(2020, 5, 1), QTime(9, 0)));
+        Story story;
+        story.cursor().createList(QTextListFormat::ListDecimal);
+        story.add("item"_s)
+            .add("1"_s, note(1, "First.\\par More.", ORVRtfProperty::FootnoteAnchor))
+            .paragraph()
+            .paragraph()
+            .add("word"_s, note(0, QByteArray(), 0))
+            .add("i"_s, endnote)
+            .add("1"_s, comment);
+        story.cursor().insertBlock(QTextBlockFormat(), QTextCharFormat());
+        story.add("text"_s).add("*"_s, note(0, "Own.", ORVRtfProperty::FootnoteAnchor)).add("end"_s);
+        story.add(" in line"_s, flagged(ORVRtfProperty::InFootnote));
+        QCOMPARE(documentToPlainText(*story.document()),
+                 "1. item[1]\n2.\n3. word[i][c1]\ntext[*]end[2]\n\n[1] First.\nMore.\n[*] Own.\n[2] in line\n"
+                 "[i] At the end.\n[c1] Ann, 2020-05-01: Right?\n"_b);
     }
 
     /*! How often pieces of HTML occur. */

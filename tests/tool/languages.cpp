@@ -34,20 +34,20 @@ private slots:
     /*! Also what Qt makes of its own is in German, and what is typed is not. */
     ORV_ROWS(outputHas)
     {
-        const Rows add(
-            [this](const QByteArray& arguments, const QByteArray& start, const QStringList& texts) {
-                setLocale("de_DE.UTF-8");
-                const ToolRun result = run(arguments.constData(), "{\\rtf1 zwei Worte}");
-                QCOMPARE(result.exitCode, 0);
-                QVERIFY2(result.out.startsWith(start), result.out.constData());
-                for (const QString& text : texts)
-                    QVERIFY2(result.out.contains(text.toUtf8()), qPrintable(text));
-            });
+        const Rows add([this](const QByteArray& arguments, const QByteArray& start,
+                              const QStringList& texts) {
+            setLocale("de_DE.UTF-8");
+            const ToolRun result = run(arguments.constData(), "{\\rtf1{\\info{\\title Titel}} zwei Worte}");
+            QCOMPARE(result.exitCode, 0);
+            QVERIFY2(result.out.startsWith(start), result.out.constData());
+            for (const QString& text : texts)
+                QVERIFY2(result.out.contains(text.toUtf8()), qPrintable(text));
+        });
         add("help", "--help", "Aufruf: ",
             {"\nOptionen:\n"_s, "\nArgumente:\n"_s, " [Optionen] COMMAND IN [OUT]\n"_s, "--from <Format>"_s,
              "--json "_s, "convert IN OUT"_s, "rtf, html oder txt"_s});
-        add("info", "info -", "Absätze     1\nWörter      2\n",
-            {"\nAnmerkungen 0 (0 Fußnoten, 0 Kommentare)\n"_s, "\nStatus      0\n"_s});
+        add("info", "info -", "Titel       Titel\nAbsätze     1\nWörter      2\n",
+            {"\nAnmerkungen 0 (0 Fußnoten, 0 Endnoten, 0 Kommentare)\n"_s, "\nStatus      0\n"_s});
     }
 
     /*! Also where each file is converted by a program of its own, and in a locale that is not installed. */

@@ -8,13 +8,18 @@ QString sample(const QString& name)
     return QString::fromUtf8(TEST_DATA_DIR) + QLatin1Char('/') + name + ".rtf"_s;
 }
 
-/*! The words of \a text, in whatever order columns have put them; small capitals are drawn as capitals. */
-QStringList sortedWords(const QString& text)
+/*!
+    The words of \a text, in whatever order columns have put them; small capitals are drawn as capitals. Without
+    the marks of notes, which stand in brackets or directly behind the word in front.
+*/
+QStringList sortedWords(QString text)
 {
     QStringList words =
-        text.normalized(QString::NormalizationForm_KC)
+        text.remove(QRegularExpression("\\[c?\\d+\\]"_s))
+            .normalized(QString::NormalizationForm_KC)
             .toLower()
             .split(QRegularExpression("\\W+"_s, QRegularExpression::UseUnicodePropertiesOption));
+    words.replaceInStrings(QRegularExpression("(c?\\d+)+$"_s), QString());
     words.removeAll(QString());
     words.sort();
     return words;
@@ -120,7 +125,7 @@ private slots:
             "{\\*\\listtable{\\list{\\listlevel\\levelnfc0{\\leveltext\\'02\\'00.;}\\fi-360\\li720}"
             "{\\listlevel\\levelnfc0{\\leveltext\\'03\\'00.\\'01;}\\fi-360\\li1440}\\listid1}}"
             "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}\\pard\\ls1\\li720\\fi-360 a\\par b\\par"
-            "\\ilvl1\\li1440 c\\par d\\par\\ilvl0\\li720 e",
+            "\\ilvl1\\li1200\\fi-480 c\\par d\\par\\ilvl0\\li720\\fi-360 e",
             "1. a 2. b 2.1 c 2.2 d 3. e"_s);
         // Lengths of miles, with which the text is seen all the same
         for (const char* length :

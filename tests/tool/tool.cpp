@@ -23,6 +23,10 @@ QByteArray pngGroup(QRgb colour)
 QByteArray manyThings()
 {
     return "{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0\\froman Alpha Roman;}{\\f1\\fswiss Beta Sans;}}"
+           "{\\*\\listtable{\\list\\listid1{\\listlevel\\levelnfc0{\\leveltext\\'01*;}}}"
+           "{\\list\\listid2{\\listlevel\\levelnfc0{\\leveltext\\'01-;}}}}"
+           "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}{\\listoverride\\listid2\\ls2}}"
+           "{\\info{\\title Many things}{\\author Ann}}{\\header Page \\chpgn}"
            "\\pard\\plain\\f0 One two {\\b three}{\\pict\\pngblip "
         + picture("PNG", 0xff00ff00).toHex()
         + "}\\par "
@@ -36,8 +40,10 @@ QByteArray manyThings()
 QByteArray manyThingsAsJson()
 {
     return QByteArray(
-               "{'paragraphs': 6, 'words': 14, 'characters': 75, 'fonts': ['Alpha Roman', 'Beta Sans'],"
-               " 'pictures': 1, 'notes': 3, 'footnotes': 2, 'annotations': 1, 'tables': 0, 'lists': 2,"
+               "{'title': 'Many things', 'author': 'Ann', 'header': 'Page <$p>',"
+               " 'paragraphs': 6, 'words': 13, 'characters': 56, 'fonts': ['Alpha Roman', 'Beta Sans'],"
+               " 'pictures': 1, 'notes': 3, 'footnotes': 2, 'endnotes': 0, 'annotations': 1, 'tables': 0, "
+               "'lists': 2,"
                " 'links': [{'text': 'link one', 'target': 'https://example.org/a'},"
                "           {'text': 'mail', 'target': 'mailto:x@example.org'}],"
                " 'status': 0, 'message': ''}")
@@ -150,13 +156,16 @@ private slots:
             {{"in.rtf", "{\\rtf1\\ansi\\foo7\r\n{\\pict\\pngblip 89504e47}Text\\b01}"}}, "", success(),
             {{"out.rtf", "\n{\\rtf1\\ansi\n\n{\\pict}\nText\\b1}\n"}});
         add("info", "info -", {}, manyThings(),
-            success("paragraphs  6\n"
-                    "words       14\n"
-                    "characters  75\n"
+            success("title       Many things\n"
+                    "author      Ann\n"
+                    "header      Page <$p>\n"
+                    "paragraphs  6\n"
+                    "words       13\n"
+                    "characters  56\n"
                     "fonts       2 (Alpha Roman, Beta Sans)\n"
                     "pictures    1\n"
                     "links       2\n"
-                    "notes       3 (2 footnotes, 1 annotations)\n"
+                    "notes       3 (2 footnotes, 0 endnotes, 1 annotations)\n"
                     "tables      0\n"
                     "lists       2\n"
                     "status      0\n"),

@@ -18,15 +18,21 @@ QByteArray text(const QByteArray& content)
     return rtftest::run(content);
 }
 
+/*! The text of a note, in a paragraph of its own. */
+QByteArray noteText(const QByteArray& content)
+{
+    return " " + firstParagraph() + text(content);
+}
+
 QByteArray annotation(const QByteArray& content)
 {
-    return "{\\chatn{\\*\\annotation  \\f0\\fs24 " + content + "}}";
+    return "{\\f0\\fs24\\super\\chatn{\\*\\annotation " + noteText(content) + "}}";
 }
 
 QByteArray footnote(const QByteArray& content, const QByteArray& kind = QByteArray())
 {
-    return "{\\super\\chftn{\\footnote" + kind + "\\pard\\plain {\\super\\chftn\\f0\\fs24} \\f0\\fs24 "
-        + content + "}}";
+    return "{\\super\\f0\\fs24\\super\\chftn{\\footnote" + kind
+        + "\\pard\\plain {\\super\\chftn\\f0\\fs24\\super}" + noteText(content) + "}}";
 }
 
 QByteArray alternate(const QByteArray& content)
@@ -121,8 +127,14 @@ private slots:
             one + "{\\super\\chftn{\\footnote\\pard\\plain {\\super\\chftn\\f0\\fs24}\\f0\\fs24 note}}");
         add("annotation", "One{\\*\\annotation\\pard\\plain remark}", one + annotation("remark"),
             one + "{\\chatn{\\*\\annotation\\f0\\fs24 remark}}");
-        const QByteArray item = "\\ltrch\\loch \\ls1\\ilvl0{\\listtext\\f0\\fs24 .\\tab }" + text("One");
-        add("list item", "\\ls1 One", "\n\\pard\\plain \\fi-360" + item, "\n\\pard\\plain " + item);
+        const QByteArray item = "\\ltrch\\loch \\ls1\\ilvl0{\\listtext\\f0\\fs24 1.\\tab }" + text("One");
+        const QByteArray list =
+            "{\\*\\listtable{\\list{\\listlevel\\levelnfc0{\\leveltext\\'02\\'00.;}}\\listid1}}"
+            "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}";
+        add("list item", list + "\\ls1 One", "\n\\pard\\plain \\fi-360" + item, "\n\\pard\\plain " + item);
+        // Where the list is not defined, there is none for other programs.
+        add("undefined list", "\\ls1 One", one,
+            "\n\\pard\\plain \\ltrch\\loch \\ls1\\ilvl0{\\listtext\\f0\\fs24 .\\tab }" + text("One"));
     }
 
     /*! Other programs would take that paragraph into the first cell. */

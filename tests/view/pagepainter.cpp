@@ -375,6 +375,32 @@ private slots:
         add("on the second page", false, int(Qt::AlignLeft), false, 1);
     }
 
+    /*! A line with tabs is in three parts, whatever the alignment; other lines have that. */
+    ORV_ROWS(tabsInMarginTexts)
+    {
+        const Rows add([](const QString& text, const std::vector<int>& places) {
+            ORVPageSetup setup = smallPage();
+            setup.header.text = text;
+            setup.header.font.setPointSize(6);
+            setup.header.alignment = Qt::AlignRight;
+            const QImage image = painted(ORVPagePainter(nullptr, setup, 96), setup, 96, 0);
+            // Narrow marks, of which some pixels are dark: of 120 pixels from 24 on.
+            std::vector<int> dark;
+            for (int x = 0; x < image.width(); ++x) {
+                const bool isDark = !darkArea(image.copy(x, 0, 1, image.height())).isNull();
+                if (isDark && (dark.empty() || x > dark.back() + 8))
+                    dark.push_back(x);
+            }
+            QCOMPARE(dark.size(), places.size());
+            for (std::size_t i = 0; i < dark.size(); ++i)
+                QVERIFY2(qAbs(dark[i] - places[i]) <= 4, qPrintable(QString::number(dark[i])));
+        });
+        add("no tab", "I", {142});
+        add("three parts", "I\tI\tI", {24, 84, 142});
+        add("right part only", "\t\tI", {142});
+        add("lines", "I\tI\u2028I", {24, 84, 142});
+    }
+
     // What the placeholders give looks as if it had been written so.
     void placeholders()
     {

@@ -9,6 +9,7 @@
 #include "Streams.h"
 #include "TextExport.h"
 
+#include <ORVNotes.h>
 #include <ORVStockFormats.h>
 
 #include <QTextDocument>
@@ -19,13 +20,16 @@ namespace {
 void adaptFormats(QTextDocument& document, const Options& options)
 {
     const bool isFromRtf = options.needsEngine || options.inputFormat == Options::Rtf;
+    document.setUndoRedoEnabled(false);
     if (options.outputFormat == Options::PlainText)
         return;
-    document.setUndoRedoEnabled(false);
-    if (options.outputFormat != Options::Rtf && isFromRtf)
+    if (options.outputFormat != Options::Rtf && isFromRtf) {
+        // First, since the content of notes is in the application's form too.
+        ORVNotes::moveToEnd(&document);
         ORVStockFormats::toStock(&document);
-    else if (options.outputFormat == Options::Rtf && !isFromRtf)
+    } else if (options.outputFormat == Options::Rtf && !isFromRtf) {
         ORVStockFormats::fromStock(&document);
+    }
 }
 
 /*! Empty on failure; of all formats only plain text may be that. */

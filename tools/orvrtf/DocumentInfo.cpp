@@ -2,8 +2,11 @@
 
 #include "Messages.h"
 
-#include <ORVRtfProperties.h>
+#include <ORVNotes.h>
+#include <ORVTextListLabels.h>
+#include <ORVTextPage.h>
 
+#include <QDateTime>
 #include <QFont>
 #include <QJsonArray>
 #include <QSet>
@@ -17,38 +20,54 @@ namespace {
 
 const int nameWidth = 12;
 
-/*! Counts the notes of one kind over the fragments of a document, in order. */
-class NoteCounter {
-public:
-    NoteCounter(int inLineFlag, int anchorFlag) : m_inLineFlag(inLineFlag), m_anchorFlag(anchorFlag) { }
-
-    /*!
-        A note is a run of fragments whose text is its text, over paragraph ends, or a run of fragments that
-        carry the same content.
-    */
-    void add(const QTextCharFormat& format)
-    {
-        const bool inLine = format.boolProperty(m_inLineFlag);
-        if (inLine && !m_inLine)
-            ++m_count;
-        m_inLine = inLine;
-        const QByteArray content = format.boolProperty(m_anchorFlag)
-            ? format.property(ORVRtfProperty::NoteContent).toByteArray()
-            : QByteArray();
-        if (!content.isEmpty() && content != m_content)
-            ++m_count;
-        m_content = content;
-    }
-
-    int count() const { return m_count; }
-
-private:
-    int m_inLineFlag;
-    int m_anchorFlag;
-    bool m_inLine = false;
-    QByteArray m_content;
-    int m_count = 0;
+/*! A property of documents that says what they are, and what people read as its name. */
+struct Detail {
+    const char* property;
+    const char* name;
 };
+
+const Detail texts[] = {
+    {"author", QT_TRANSLATE_NOOP("orvrtf", "author")},
+    {"lastAuthor", QT_TRANSLATE_NOOP("orvrtf", "last author")},
+    {"subject", QT_TRANSLATE_NOOP("orvrtf", "subject")},
+    {"keywords", QT_TRANSLATE_NOOP("orvrtf", "keywords")},
+    {"comment", QT_TRANSLATE_NOOP("orvrtf", "comment")},
+    {"manager", QT_TRANSLATE_NOOP("orvrtf", "manager")},
+    {"company", QT_TRANSLATE_NOOP("orvrtf", "company")},
+    {"category", QT_TRANSLATE_NOOP("orvrtf", "category")},
+};
+// "modified" is a property of every QTextDocument: whether it has been changed.
+const Detail dates[] = {
+    {"created", QT_TRANSLATE_NOOP("orvrtf", "created")},
+    {"lastModified", QT_TRANSLATE_NOOP("orvrtf", "modified")},
+    {"printed", QT_TRANSLATE_NOOP("orvrtf", "printed")},
+};
+const Detail marginTexts[] = {
+    {"header", QT_TRANSLATE_NOOP("orvrtf", "header")},
+    {"footer", QT_TRANSLATE_NOOP("orvrtf", "footer")},
+};
+
+/*! What \a document says that it is; empty texts and dates that are not known are left out. */
+QVector<DocumentInfo::Description> descriptionsOf(const QTextDocument& document)
+{
+    QVector<DocumentInfo::Description> descriptions;
+    const auto add = [&descriptions](const Detail& detail, const QString& text) {
+        if (!text.isEmpty())
+            descriptions.append({QLatin1String(detail.property), Messages::tr(detail.name), text});
+    };
+    add({"title", QT_TRANSLATE_NOOP("orvrtf", "title")},
+        document.metaInformation(QTextDocument::DocumentTitle));
+    for (const Detail& detail : texts)
+        add(detail, document.property(detail.property).toString());
+    for (const Detail& detail : dates)
+        add(detail,
+            document.property(detail.property).toDateTime().toString(QLatin1String("yyyy-MM-ddTHH:mm")));
+    for (const Detail& detail : marginTexts) {
+        QString text = qvariant_cast<ORVTextPage>(document.property(detail.property)).text;
+        add(detail, text.replace(QChar::LineSeparator, QLatin1Char('\n')));
+    }
+    return descriptions;
+}
 
 /*! Walks the fragments of a document and fills what a DocumentInfo says about them. */
 class FragmentCounter {
@@ -58,8 +77,6 @@ public:
     void add(const QTextFragment& fragment)
     {
         const QTextCharFormat format = fragment.charFormat();
-        m_footnotes.add(format);
-        m_annotations.add(format);
         addLink(format, fragment.text().remove(QChar(QChar::ObjectReplacementCharacter)));
         if (format.isImageFormat())
             m_info.pictures += fragment.length();
@@ -74,8 +91,6 @@ public:
     {
         m_info.fonts = QStringList(m_families.values());
         m_info.fonts.sort(Qt::CaseInsensitive);
-        m_info.footnotes = m_footnotes.count();
-        m_info.annotations = m_annotations.count();
     }
 
 private:
@@ -99,8 +114,6 @@ private:
     }
 
     DocumentInfo& m_info;
-    NoteCounter m_footnotes{ORVRtfProperty::InFootnote, ORVRtfProperty::FootnoteAnchor};
-    NoteCounter m_annotations{ORVRtfProperty::InAnnotation, ORVRtfProperty::AnnotationAnchor};
     QSet<int> m_formats;
     QSet<QString> m_families;
     bool m_linkIsOpen = false;
@@ -122,40 +135,56 @@ void countText(const QString& text, DocumentInfo& info)
 
 } // namespace
 
-DocumentInfo::DocumentInfo(const QTextDocument& document)
+DocumentInfo::DocumentInfo(const QTextDocument& document) : descriptions(descriptionsOf(document))
 {
+    const QVector<ORVNote> notes = ORVNotes::all(&document);
+    for (const ORVNote& note : notes)
+        ++(note.kind == ORVNote::Comment       ? annotations
+               : note.kind == ORVNote::Endnote ? endnotes
+                                               : footnotes);
     FragmentCounter fragments(*this);
-    QSet<const QTextList*> textLists;
+    const ORVTextListLabels labels(&document);
+    QSet<int> foundLists;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         ++paragraphs;
         countText(block.text(), *this);
-        if (const QTextList* list = block.textList())
-            textLists.insert(list);
+        if (block.textList())
+            foundLists.insert(labels.label(block).list);
         for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it)
             fragments.add(it.fragment());
         fragments.endParagraph();
     }
     fragments.finish();
     tables = int(document.findChildren<QTextTable*>().size());
-    lists = int(textLists.size());
+    lists = int(foundLists.size());
 }
 
 QString DocumentInfo::line(const QString& name, int number, const QString& detail)
 {
-    const QString text = name.leftJustified(nameWidth) + QString::number(number);
-    return (detail.isEmpty() ? text : text + QLatin1String(" (") + detail + QLatin1Char(')'))
-        + QLatin1Char('\n');
+    const QString text = QString::number(number);
+    return line(name, detail.isEmpty() ? text : text + QLatin1String(" (") + detail + QLatin1Char(')'));
+}
+
+QString DocumentInfo::line(const QString& name, const QString& text)
+{
+    return name.leftJustified(nameWidth - 1) + QLatin1Char(' ') + text + QLatin1Char('\n');
 }
 
 QString DocumentInfo::toText() const
 {
-    const QString notes = Messages::tr("%1 footnotes, %2 annotations").arg(footnotes).arg(annotations);
-    return line(Messages::tr("paragraphs"), paragraphs) + line(Messages::tr("words"), words)
+    QString text;
+    for (const Description& description : descriptions)
+        text += line(description.name, description.text.simplified());
+    const QString notes = Messages::tr("%1 footnotes, %2 endnotes, %3 annotations")
+                              .arg(footnotes)
+                              .arg(endnotes)
+                              .arg(annotations);
+    return text + line(Messages::tr("paragraphs"), paragraphs) + line(Messages::tr("words"), words)
         + line(Messages::tr("characters"), characters)
         + line(Messages::tr("fonts"), int(fonts.size()), fonts.join(QLatin1String(", ")))
         + line(Messages::tr("pictures"), pictures) + line(Messages::tr("links"), int(links.size()))
-        + line(Messages::tr("notes"), footnotes + annotations, notes) + line(Messages::tr("tables"), tables)
-        + line(Messages::tr("lists"), lists);
+        + line(Messages::tr("notes"), footnotes + endnotes + annotations, notes)
+        + line(Messages::tr("tables"), tables) + line(Messages::tr("lists"), lists);
 }
 
 QJsonObject DocumentInfo::toJson() const
@@ -168,14 +197,17 @@ QJsonObject DocumentInfo::toJson() const
         linkArray.append(object);
     }
     QJsonObject object;
+    for (const Description& description : descriptions)
+        object.insert(description.key, description.text);
     object.insert(QLatin1String("paragraphs"), paragraphs);
     object.insert(QLatin1String("words"), words);
     object.insert(QLatin1String("characters"), characters);
     object.insert(QLatin1String("fonts"), QJsonArray::fromStringList(fonts));
     object.insert(QLatin1String("pictures"), pictures);
     object.insert(QLatin1String("links"), linkArray);
-    object.insert(QLatin1String("notes"), footnotes + annotations);
+    object.insert(QLatin1String("notes"), footnotes + endnotes + annotations);
     object.insert(QLatin1String("footnotes"), footnotes);
+    object.insert(QLatin1String("endnotes"), endnotes);
     object.insert(QLatin1String("annotations"), annotations);
     object.insert(QLatin1String("tables"), tables);
     object.insert(QLatin1String("lists"), lists);

@@ -8,13 +8,24 @@
 
 class QTextDocument;
 
-/*! What a document holds, in numbers. */
+/*! What a document is, and what it holds in numbers. */
 struct DocumentInfo {
     struct Link {
         QString text;
         QString target;
     };
 
+    /*! A text or date that says what the document is: its title, its author, its header … */
+    struct Description {
+        /*! Of the member in JSON. */
+        QString key;
+        /*! For people. */
+        QString name;
+        QString text;
+    };
+
+    /*! Those that the document has. */
+    QVector<Description> descriptions;
     /*! All paragraphs, also empty ones and those of table cells. */
     int paragraphs = 0;
     /*! Runs of characters other than white space. */
@@ -26,18 +37,21 @@ struct DocumentInfo {
     int pictures = 0;
     QVector<Link> links;
     int footnotes = 0;
+    int endnotes = 0;
     int annotations = 0;
     /*! Tables, also those within tables. */
     int tables = 0;
+    /*! QTextLists that are levels or parts of one list count as one. */
     int lists = 0;
 
     explicit DocumentInfo(const QTextDocument& document);
 
-    /*! The numbers as lines of text for people. */
+    /*! All of it as lines of text for people. */
     QString toText() const;
     /*! A line as toText() has them: \a name, \a number, and \a detail in parentheses where there is one. */
     static QString line(const QString& name, int number, const QString& detail = QString());
-    /*! The numbers as JSON, with the fonts and links one by one. */
+    static QString line(const QString& name, const QString& text);
+    /*! All of it as JSON, with the fonts and links one by one. */
     QJsonObject toJson() const;
 };
 

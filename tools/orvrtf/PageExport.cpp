@@ -130,13 +130,13 @@ bool writePictures(const ORVPagePainter& pages, const QSize& size, QString* path
 
 QByteArray documentToPdf(QTextDocument& document)
 {
-    makeVisible(document);
+    makePicturesVisible(document);
     return ORVPagePdf::make(&document, pageSetup(document), QLatin1String("orvrtf"));
 }
 
 bool writePagePictures(QTextDocument& document, const QString& input, QString* path, QString* errorString)
 {
-    makeVisible(document);
+    makePicturesVisible(document);
     const ORVPageSetup setup = pageSetup(document);
     const QSize size = (setup.page.usablePaperSize() * pictureResolution / 72).toSize();
     const ORVPagePainter pages(&document, setup, pictureResolution);

@@ -1,29 +1,41 @@
 #include "TextExport.h"
 
+#include <ORVNotes.h>
+#include <ORVTextListLabels.h>
+
 #include <QString>
+#include <QTextBlock>
 #include <QTextDocument>
 
 namespace {
 
-/*! What a QTextDocument puts at the start and at the end of a frame or table cell in its raw text. */
-const ushort frameStart = 0xfdd0;
-const ushort frameEnd = 0xfdd1;
-
-bool breaksLine(QChar c)
+/*! A line as \a label and \a text make it. */
+QString labelled(const QString& label, const QString& text)
 {
-    return c == QChar::ParagraphSeparator || c == QChar::LineSeparator || c.unicode() == frameStart
-        || c.unicode() == frameEnd;
+    if (label.isEmpty() || text.isEmpty())
+        return label + text;
+    return label + QLatin1Char(' ') + text;
+}
+
+/*! The text of \a block, of which pictures are no part. */
+QString textOf(const QTextBlock& block)
+{
+    QString text = block.text();
+    text.remove(QChar(QChar::ObjectReplacementCharacter));
+    return text.replace(QChar::LineSeparator, QLatin1Char('\n'));
 }
 
 } // namespace
 
-QByteArray documentToPlainText(const QTextDocument& document)
+QByteArray documentToPlainText(QTextDocument& document)
 {
-    QString text = document.toRawText();
-    text.remove(QChar(QChar::ObjectReplacementCharacter));
-    for (QChar& c : text) {
-        if (breaksLine(c))
-            c = QLatin1Char('\n');
+    ORVNotes::moveToEnd(&document, ORVNotes::ApplicationForm, ORVNotes::BracketedMarks);
+    const ORVTextListLabels labels(&document);
+    QString text;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (block != document.begin())
+            text += QLatin1Char('\n');
+        text += labelled(labels.label(block).text, textOf(block));
     }
     if (!text.isEmpty() && !text.endsWith(QLatin1Char('\n')))
         text += QLatin1Char('\n');

@@ -7,8 +7,9 @@ class QTextDocument;
 
 /*!
     The text of \a document as UTF-8: a line for each paragraph, table cell and line break, no-break spaces
-    kept, pictures left out. Ends with a line feed unless it is empty.
+    kept, pictures left out. The text of notes stands at the end. Ends with a line feed unless it is empty. The
+    document is changed.
 */
-QByteArray documentToPlainText(const QTextDocument& document);
+QByteArray documentToPlainText(QTextDocument& document);
 
 #endif

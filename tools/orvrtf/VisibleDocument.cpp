@@ -58,8 +58,16 @@ void releaseItemsWithoutMarker(QTextDocument& document)
     cursor.endEditBlock();
 }
 
+} // namespace
+
+void makeListsVisible(QTextDocument& document)
+{
+    releaseItemsWithoutMarker(document);
+    ORVListLevels::separate(&document);
+}
+
 /*! A document looks for a picture that it does not hold in the file system. */
-void settlePictures(QTextDocument& document)
+void makePicturesVisible(QTextDocument& document)
 {
     QImage empty(1, 1, QImage::Format_ARGB32);
     empty.fill(Qt::transparent);
@@ -70,17 +78,9 @@ void settlePictures(QTextDocument& document)
     }
 }
 
-} // namespace
-
-void makeListsVisible(QTextDocument& document)
-{
-    releaseItemsWithoutMarker(document);
-    ORVListLevels::separate(&document);
-}
-
 void makeVisible(QTextDocument& document)
 {
     document.setUndoRedoEnabled(false);
     makeListsVisible(document);
-    settlePictures(document);
+    makePicturesVisible(document);
 }
