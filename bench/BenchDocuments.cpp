@@ -190,6 +190,36 @@ QByteArray BenchDocuments::japaneseRtf(int count)
     });
 }
 
+QByteArray BenchDocuments::notesRtf(int count)
+{
+    std::mt19937 random(3);
+    QByteArray rtf = header;
+    for (int i = 0; i < count; ++i) {
+        rtf += "\\pard\\plain " + sentence(random, 20).toLatin1()
+            + "{\\super\\chftn{\\footnote\\pard\\plain{\\super\\chftn} " + sentence(random, 10).toLatin1()
+            + "}}";
+        rtf += sentence(random, 20).toLatin1() + "\\par\n";
+    }
+    return rtf + '}';
+}
+
+QByteArray BenchDocuments::listsRtf(int count)
+{
+    const int items = 10;
+    std::mt19937 random(4);
+    QByteArray rtf = QByteArray(header)
+        + "{\\*\\listtable{\\list{\\listlevel\\levelnfc0{\\leveltext\\'02\\'00.;}\\fi-360\\li720}"
+          "{\\listlevel\\levelnfc4{\\leveltext\\'02\\'01);}\\fi-360\\li1440}\\listid1}}"
+          "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}";
+    for (int i = 0; i < count * items; ++i) {
+        if (i % items == 0)
+            rtf += "\\pard\\plain " + sentence(random, 10).toLatin1() + "\\par\n";
+        rtf += "\\pard\\plain\\ls1\\ilvl" + QByteArray::number(i % items > 5) + "{\\listtext 1.\\tab}"
+            + sentence(random, 10).toLatin1() + "\\par\n";
+    }
+    return rtf + '}';
+}
+
 QByteArray BenchDocuments::groupsRtf(int count)
 {
     return header + QByteArray("{x}").repeated(count) + '}';

@@ -53,6 +53,12 @@ private:
 /*! \a paragraphs paragraphs of a novel as LibreOffice writes them: many control words for each run. */
 QByteArray novelRtf(int paragraphs);
 
+/*! \a count paragraphs with a footnote each. */
+QByteArray notesRtf(int count);
+
+/*! \a count parts of a list of two levels, each of ten items behind an ordinary paragraph. */
+QByteArray listsRtf(int count);
+
 /*! The blocks and runs of a document with their formats. */
 class Copy {
 public:

@@ -17,6 +17,9 @@ const int novelParagraphs = 1300;
 // 3 MB of escaped bytes.
 const int escapedBytes = 750000;
 const int tableRows = 10000;
+const int notes = 5000;
+// Ten items each.
+const int lists = 500;
 
 typedef bool (*Read)(const QByteArray& rtf, QTextDocument* document, QString* errorMessage);
 
@@ -68,6 +71,8 @@ int main(int argc, char** argv)
     compareForms("import prose", proseRtf(prose(proseParagraphs)));
     compareForms("import novel", novelRtf(novelParagraphs));
     compareForms("import table", tableRtf(tableRows, false));
+    compareForms("import notes", notesRtf(notes));
+    compareForms("import lists", listsRtf(lists));
     compareWithFloor("import Cyrillic", cyrillicRtf(escapedBytes));
     compareWithFloor("import Japanese", japaneseRtf(escapedBytes));
     benchmark::RunSpecifiedBenchmarks();
