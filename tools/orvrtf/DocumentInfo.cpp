@@ -20,7 +20,7 @@ namespace {
 
 const int nameWidth = 12;
 
-/*! A property of documents that says what they are, and what people read as its name. */
+/*! A property of the document, and its label in the output. */
 struct Detail {
     const char* property;
     const char* name;

@@ -15,11 +15,11 @@ struct DocumentInfo {
         QString target;
     };
 
-    /*! A text or date that says what the document is: its title, its author, its header … */
+    /*! A text or date that describes the document: title, author, header … */
     struct Description {
-        /*! Of the member in JSON. */
+        /*! Name of the member in JSON. */
         QString key;
-        /*! For people. */
+        /*! Label in the output. */
         QString name;
         QString text;
     };
