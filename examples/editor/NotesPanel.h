@@ -24,7 +24,7 @@ public:
 
     /*! Offers \a actions, which are about the note at the cursor, as the context menu. */
     void setMenu(const QList<QAction*>& actions);
-    /*! How \a note, whose text is \a text, is described: what it is, its number, and where it is from. */
+    /*! The entry for \a note with its \a text: kind, number and origin. */
     static QString line(const ORVNote& note, const QString& text);
     /*! What the list shows, a note each. */
     QStringList texts() const;

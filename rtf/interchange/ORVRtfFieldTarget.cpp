@@ -13,7 +13,7 @@ struct Argument {
     {
         return isSwitch() && text.mid(1).toLower() == QString(QLatin1Char(letter));
     }
-    /*! Switches that say something about the word that follows: a place, a tip, a window, a format. */
+    /*! Switches whose argument is the next word: a place, a tip, a window, a format. */
     bool takesArgument() const
     {
         return isSwitch() && text.size() == 2
@@ -115,7 +115,7 @@ QString ORVRtfFieldTarget::of(const QString& instruction)
         return hyperlinkTarget(arguments);
     if (name == QLatin1String("PAGEREF"))
         return placeNamed(plainArgument(arguments));
-    // Other references are links only where they say so.
+    // Other references are links only with a switch.
     if ((name == QLatin1String("REF") || name == QLatin1String("NOTEREF"))
         && indexOfSwitch(arguments, 'h') > 0)
         return placeNamed(plainArgument(arguments));

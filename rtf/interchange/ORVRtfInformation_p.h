@@ -6,7 +6,7 @@
 
 class QTextDocument;
 
-/*! What a file says about itself: title, author, dates and the like. */
+/*! The information about a document: title, author, dates and the like. */
 class ORVRtfInformation {
 public:
     enum Text {

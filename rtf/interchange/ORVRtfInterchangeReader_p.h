@@ -17,7 +17,7 @@
 /*!
     The reader of RTF as word processors mean it. It reads as the other one does, but for what stands here:
     text in any code page, tables that keep all their text, pictures of all kinds, what is not to be shown,
-    notes, headers and footers, text boxes, and what the file says about itself.
+    notes, headers and footers, text boxes, and the information about the document.
 */
 class ORVRtfInterchangeReader : public ORVTextRtfReaderPrivate {
 public:
@@ -219,7 +219,7 @@ private:
     int m_bookmarksLeft = ORVRtfLimits::bookmarks;
     ORVRtfFormatSerials m_anchorSerials;
 
-    // The document: its pages, and what it says about itself
+    // The document: its pages and its information
     ORVRtfPageTexts m_pageTexts;
     ORVRtfInformation m_information;
     ORVRtfInformation::Text m_informationText = ORVRtfInformation::Title;

@@ -13,7 +13,7 @@ using namespace rtftest;
 
 namespace {
 
-/*! A mark in the text, and what its format says of the note. */
+/*! A mark in the text, with the properties of the note in its format. */
 struct Mark {
     QString text;
     QTextCharFormat format;

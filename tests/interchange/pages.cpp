@@ -35,7 +35,7 @@ const QByteArray pages = "{\\field{\\*\\fldinst { NUMPAGES \\\\* MERGEFORMAT }}{
 
 } // namespace
 
-/*! Pages, their headers and footers, and what a file says about itself. */
+/*! Pages, their headers and footers, and the information about a document. */
 class TestInterchangePages : public QObject {
     Q_OBJECT
 

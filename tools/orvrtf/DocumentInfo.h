@@ -8,7 +8,7 @@
 
 class QTextDocument;
 
-/*! What a document is, and what it holds in numbers. */
+/*! The description of a document, and counts of its content. */
 struct DocumentInfo {
     struct Link {
         QString text;
