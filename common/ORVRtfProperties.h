@@ -61,6 +61,35 @@ enum Id {
     /*! QString, char: the bookmark whose page number the text shows. */
     PageReference = QTextFormat::UserProperty + 211,
 
+    /*!
+        int, block: kind of the line above the paragraph, a QTextFrameFormat::BorderStyle. Those of the lines
+        below, on the left and on the right follow, as they do behind the next three. See ORVTextBorder.
+    */
+    BorderStyle = QTextFormat::UserProperty + 230,
+    /*! double, block: width of the line, in points. */
+    BorderWidth = QTextFormat::UserProperty + 234,
+    /*! double, block: distance of the line from the text, in points. */
+    BorderSpacing = QTextFormat::UserProperty + 238,
+    /*! QColor, block: colour of the line; missing for that of the text. */
+    BorderColor = QTextFormat::UserProperty + 242,
+    /*!
+        int, block: level of the heading, from 1, where QTextFormat::HeadingLevel has no room for it, because
+        the paragraph has a LineSpacing.
+    */
+    HeadingLevel = QTextFormat::UserProperty + 246,
+    /*!
+        int, block: there is no space between the paragraph and a neighbour of the same value, which stands
+        for a paragraph style.
+    */
+    ContextualSpacing = QTextFormat::UserProperty + 247,
+    /*!
+        QString, block: one character for each tab stop, which fills the room in front of it: a blank for none,
+        or one of ".", U+00B7, "-", "_" and "=".
+    */
+    TabLeaders = QTextFormat::UserProperty + 248,
+    /*! QString, char: language of the text as a tag of BCP 47, for example "en-US". */
+    Language = QTextFormat::UserProperty + 249,
+
     // The following are ids of the application inside Qt's own range of block properties. Newer Qt versions
     // use 0x1070 for heading levels, as an int; a line spacing is always a double.
 

@@ -102,6 +102,41 @@ inline void setFontFamily(QTextCharFormat& format, const QString& family)
 #endif
 }
 
+/*! Names \a families in \a font, where the Qt version knows several, the first one where it does not. */
+inline void setFamilies(QFont& font, const QStringList& families)
+{
+    setFamily(font, families.first());
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    if (families.size() > 1)
+        font.setFamilies(families);
+#endif
+}
+
+/*! Names the families of \a font in \a format, in whichever properties the Qt version draws with. */
+inline void setFontFamilies(QTextCharFormat& format, const QFont& font)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    if (font.families().size() > 1) {
+#if QT_VERSION < QT_VERSION_CHECK(6, 0, 0)
+        format.setProperty(QTextFormat::FontFamily, font.families().first());
+#endif
+        format.setProperty(QTextFormat::FontFamilies, font.families());
+        return;
+    }
+#endif
+    setFontFamily(format, family(font));
+}
+
+/*! Names the families of \a source, and no others, in \a format. */
+inline void copyFontFamilies(QTextCharFormat& format, const QTextCharFormat& source)
+{
+    setFontFamily(format, fontFamily(source));
+#if QT_VERSION >= QT_VERSION_CHECK(5, 13, 0)
+    if (source.hasProperty(QTextFormat::FontFamilies))
+        format.setProperty(QTextFormat::FontFamilies, source.property(QTextFormat::FontFamilies));
+#endif
+}
+
 /*! Whether fonts of the screen can be asked for; without a GUI application Qt's font classes crash. */
 inline bool hasGui()
 {
