@@ -110,7 +110,7 @@ ORVTextListLabels::Label Numbering::stockLabel(List& list, const QTextBlock& blo
 {
     ORVTextListLabels::Label label;
     label.list = list.counters;
-    label.level = qMax(0, list.format.indent() - 1);
+    label.level = qMax(1, list.format.indent()) - 1;
     label.number = list.nextNumber++;
     if (kindOf(list.format) != ORVTextListLevel::Bullet)
         label.text =
