@@ -31,6 +31,20 @@ void ORVRtfInterchangeReader::setFontFamily(const QString& name)
     ORVTextRtfReaderPrivate::setFontFamily(name);
 }
 
+/*! The name of a font can stand on both sides of the alternative. */
+void ORVRtfInterchangeReader::beginAlternativeFont()
+{
+    if (!isIn(FontTableGroup)) {
+        ++m_skipDepth;
+        return;
+    }
+    giveUpCharacter();
+    m_fontName = m_pendingText.left(ORVRtfLimits::bookmarkName);
+    m_pendingText.resize(0);
+    m_alternativeFont.clear();
+    openDestination(Destination(AlternativeFontGroup));
+}
+
 /*! The group ends, and with it the destination that it opened. */
 void ORVRtfInterchangeReader::endOwnDestination()
 {
@@ -42,7 +56,10 @@ void ORVRtfInterchangeReader::endOwnDestination()
         endField();
     else if (isIn(Destination(ShapeGroup)))
         m_isShapeShown = std::exchange(m_isPictureShown, false);
-    else
+    else if (isIn(Destination(AlternativeFontGroup))) {
+        m_fonts.setAlternative(m_alternativeFont);
+        m_textBehindGroup = m_fontName;
+    } else
         endDocumentDestination();
 }
 
@@ -56,6 +73,7 @@ void ORVRtfInterchangeReader::drawDestinationText()
     switch (int(m_state.destination)) {
     case ShapePropertyNameGroup: append(m_shapeProperty, ORVRtfLimits::bookmarkName); break;
     case InformationTextGroup: m_information.append(m_informationText, m_pendingText); break;
+    case AlternativeFontGroup: append(m_alternativeFont, ORVRtfLimits::bookmarkName); break;
     case BookmarkNameGroup: append(m_bookmark, ORVRtfLimits::bookmarkName); break;
     case CommentAuthorGroup: append(m_commentAuthor, ORVRtfLimits::informationText); break;
     case CommentInitialsGroup: append(m_commentInitials, ORVRtfLimits::informationText); break;

@@ -1,6 +1,10 @@
 #include "ORVRtfInterchangeReader_p.h"
 
 #include "ORVRtfPageTags_p.h"
+#include "ORVTabStops_p.h"
+#include "ORVUnit.h"
+
+#include <QtGui/QTextDocument>
 
 namespace Words = ORVRtfInterchangeWords;
 
@@ -13,6 +17,12 @@ struct NoteNumbers {
     ORVRtfNote::Kind kind;
     ORVRtfNoteMarks::Style style;
 };
+
+// Distances of tab stops, in twips.
+const int defaultTabDistance = 720;
+const int leastTabDistance = 20;
+const int greatestTabDistance = 31680;
+const double twipsPerInch = 1440;
 
 const NoteNumbers noteNumbers[] = {
     {Words::FootnoteDecimal, Words::SectionFootnoteDecimal, ORVRtfNote::Footnote, ORVRtfNoteMarks::Decimal},
@@ -212,4 +222,17 @@ void ORVRtfInterchangeReader::setDocumentProperties()
     m_page.setOn(m_document);
     m_pageTexts.setOn(m_document);
     m_information.setOn(m_document);
+    m_document->setProperty("language",
+                            m_defaultLanguage.isEmpty() ? QVariant() : QVariant(m_defaultLanguage));
+    setTabDistance();
+}
+
+/*! Views have tab stops that are further apart than those of word processors. */
+void ORVRtfInterchangeReader::setTabDistance()
+{
+    const int twips =
+        m_tabDistance > 0 ? qBound(leastTabDistance, m_tabDistance, greatestTabDistance) : defaultTabDistance;
+    QTextOption option = m_document->defaultTextOption();
+    ORVTabStops::setDistance(option, twips * ORVUnit::screenResolution() / twipsPerInch);
+    m_document->setDefaultTextOption(option);
 }

@@ -42,12 +42,12 @@ void ORVRtfInterchangeReader::endField()
     const ORVRtfOpenField& field = m_text.field;
     if (isPageField()) {
         const bool isCount = ORVRtfFieldTarget::isField(m_fieldInstruction, "NUMPAGES");
-        m_fieldText = QLatin1String(isCount ? ORVRtfPageTags::pageCount : ORVRtfPageTags::pageNumber);
+        m_textBehindGroup = QLatin1String(isCount ? ORVRtfPageTags::pageCount : ORVRtfPageTags::pageNumber);
     } else if (ORVRtfFieldTarget::isField(m_fieldInstruction, "FORMCHECKBOX")) {
         const int result = field.formResult == ORVRtfOpenField::unset ? field.formDefault : field.formResult;
-        m_fieldText = QChar(result == 0 ? emptyBox : checkedBox);
+        m_textBehindGroup = QChar(result == 0 ? emptyBox : checkedBox);
     } else if (!field.hasResult) {
-        m_fieldText = ORVRtfSymbolField::text(m_fieldInstruction, m_documentCodePage, m_decoder);
+        m_textBehindGroup = ORVRtfSymbolField::text(m_fieldInstruction, m_documentCodePage, m_decoder);
     }
 }
 

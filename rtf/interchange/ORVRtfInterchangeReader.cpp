@@ -7,6 +7,9 @@
 
 namespace {
 
+// No character in front of this one is written from right to left.
+const char32_t firstRightToLeft = 0x0590;
+
 int findPrivateWord(const char* spelling, int length)
 {
     return ORVRtfInterchangeWords::find(spelling, length);
@@ -23,6 +26,7 @@ void ORVRtfInterchangeReader::beginRead(QTextDocument* document, bool removeInva
 {
     ORVTextRtfReaderPrivate::beginRead(document, removeInvalidChars);
     m_fonts = ORVRtfFontTable();
+    m_fonts.keepNames();
     m_colors = ORVRtfColorTable();
     m_numbering = ORVRtfNumbering();
     m_defaultFont = 0;
@@ -37,14 +41,14 @@ void ORVRtfInterchangeReader::beginRead(QTextDocument* document, bool removeInva
     m_own = State();
     m_ownGroups.clear();
     m_builder.reset();
-    m_isInCellBorder = false;
+    m_border = Border();
     m_text = ORVRtfRunningText();
     m_stories.clear();
     m_isDocumentClosed = false;
     m_pictureData = ORVRtfPictureData();
     m_isPictureShown = false;
     m_isShapeShown = false;
-    m_fieldText.clear();
+    m_textBehindGroup.clear();
     m_noteMarks = ORVRtfNoteMarks();
     m_commentAuthor.clear();
     m_commentInitials.clear();
@@ -55,6 +59,12 @@ void ORVRtfInterchangeReader::beginRead(QTextDocument* document, bool removeInva
     m_information = ORVRtfInformation();
     m_statedLengths.clear();
     m_isFirstSection = true;
+    m_sectionColumns = 1;
+    m_sectionsBreakPages = true;
+    m_isSectionPending = false;
+    m_mayBeRightToLeft = false;
+    m_tabDistance = 0;
+    m_defaultLanguage.clear();
 }
 
 /*!
@@ -74,6 +84,8 @@ void ORVRtfInterchangeReader::endRead()
     m_builder.textWidth = m_page.textWidth();
     m_builder.endTables();
     ORVTextRtfReaderPrivate::endRead();
+    if (m_mayBeRightToLeft)
+        stateDirections();
     setDocumentProperties();
 }
 
@@ -138,9 +150,9 @@ int ORVRtfInterchangeReader::popProperties()
         m_builder.isDefiningNestedRow = m_own.isDefiningNestedRow;
         m_isDocumentClosed = m_groups.isEmpty();
     }
-    if (!m_fieldText.isEmpty()) {
-        m_pendingText += m_fieldText;
-        m_fieldText.clear();
+    if (!m_textBehindGroup.isEmpty()) {
+        m_pendingText += m_textBehindGroup;
+        m_textBehindGroup.clear();
     }
     return status;
 }
@@ -177,7 +189,10 @@ void ORVRtfInterchangeReader::appendBytes(const char* bytes, int count)
         appendSymbols(bytes, count);
         return;
     }
-    m_decoder.setCodePage(codePageInForce(), m_pendingText);
+    const int codePage = codePageInForce();
+    if (codePage != ORVRtfCodePages::latin1Windows)
+        m_mayBeRightToLeft = true;
+    m_decoder.setCodePage(codePage, m_pendingText);
     m_decoder.append(bytes, count, m_pendingText);
 }
 
@@ -202,6 +217,8 @@ void ORVRtfInterchangeReader::appendSymbol(uchar byte)
 void ORVRtfInterchangeReader::appendCharacter(char32_t character)
 {
     m_decoder.endText(m_pendingText);
+    if (character >= firstRightToLeft)
+        m_mayBeRightToLeft = true;
     compat::appendCharacter(m_pendingText, character);
 }
 
@@ -235,6 +252,8 @@ void ORVRtfInterchangeReader::drawBodyText()
         return;
     if (m_text.oldList.hasLabel())
         m_text.oldList.applyLabel(m_paragraph, m_numbering);
+    if (!m_text.hasShownText)
+        m_text.script = ORVRtfScripts::Western;
     m_text.hasShownText = true;
     m_text.hasNoteNumber = false;
     if (isIn(FieldResultGroup))
@@ -242,10 +261,13 @@ void ORVRtfInterchangeReader::drawBodyText()
     noteRaisedText();
     const QTextCharFormat format = m_state.charFormat;
     if (isSymbols)
-        compat::setFontFamily(m_state.charFormat, compat::fontFamily(m_plainCharFormat));
+        compat::copyFontFamilies(m_state.charFormat, m_plainCharFormat);
     if (!m_text.anchorNames.isEmpty())
         drawAnchoredCharacter();
-    ORVTextRtfReaderPrivate::drawBodyText();
+    if (isSymbols || m_own.scripts.isEmpty())
+        ORVTextRtfReaderPrivate::drawBodyText();
+    else
+        drawScripts();
     m_state.charFormat = format;
 }
 
@@ -264,4 +286,5 @@ void ORVRtfInterchangeReader::placeParagraph()
 {
     m_builder.textWidth = m_page.textWidth();
     m_builder.placeParagraph();
+    breakPageForSection();
 }

@@ -1,16 +1,20 @@
 #ifndef ORVRTFINTERCHANGEREADER_P_H
 #define ORVRTFINTERCHANGEREADER_P_H
 
+#include "ORVRtfBorder_p.h"
 #include "ORVRtfInformation_p.h"
 #include "ORVRtfInterchangeWords_p.h"
 #include "ORVRtfNoteMarks_p.h"
 #include "ORVRtfNumbering_p.h"
 #include "ORVRtfPageTexts_p.h"
+#include "ORVRtfParagraphState_p.h"
 #include "ORVRtfPictureData_p.h"
+#include "ORVRtfScripts_p.h"
 #include "ORVRtfStory_p.h"
 #include "ORVRtfSymbolFonts_p.h"
 #include "ORVRtfTableBuilder_p.h"
 #include "ORVRtfTextDecoder_p.h"
+#include "ORVRtfTextState_p.h"
 #include "ORVRtfTime_p.h"
 #include "ORVTextRtfReader_p.h"
 
@@ -42,7 +46,8 @@ private:
         OldNumberGroup,
         OldNumberTextBeforeGroup,
         OldNumberTextAfterGroup,
-        OldLabelGroup
+        OldLabelGroup,
+        AlternativeFontGroup
     };
 
     /*! What the end of a group restores, beside the state of the storage form. */
@@ -58,6 +63,9 @@ private:
         bool isInListText = false;
         // One of ORVRtfSymbolFonts.
         int symbolFont = ORVRtfSymbolFonts::none;
+        ORVRtfTextState text;
+        ORVRtfScripts scripts;
+        ORVRtfParagraphState paragraphState;
     };
 
     // The read and its groups (ORVRtfInterchangeReader.cpp)
@@ -85,24 +93,67 @@ private:
     // Control words (ORVRtfInterchangeWordEffects.cpp)
     int translatePrivateWord(ORVRtfInterchangeWords::Word word, bool hasParameter, int parameter);
     bool translateTableWord(KeyWord keyWord, bool hasParameter, int n);
-    bool translateBorderWord(KeyWord keyWord, bool hasParameter, int n);
+    bool translatePrivateTableWord(ORVRtfInterchangeWords::Word word, int n);
+    bool translateShadingWord(ORVRtfInterchangeWords::Word word, int n);
+    bool translateRowWord(ORVRtfInterchangeWords::Word word, int n);
     int escapedByte();
     int translateEscapedBytes();
     void translateUnicodeUnit(bool hasParameter, int unit);
     void endShownParagraph();
     void endShownPage();
-    void endSection();
     void endAtBreak(void (ORVRtfInterchangeReader::*end)());
     void endCell(bool isNested);
     void endRow(bool isNested);
     void setCellAlignment(QTextCharFormat::VerticalAlignment alignment);
-    void setCellColor(int number);
-    void resetOwnFormat();
-    void selectOwnFont(int number);
     void setStatedCodePage(int codePage);
     void setFontCodePage(int codePage);
     void setDocumentCodePage(int codePage);
     void setSystemCodePage(int codePage);
+
+    // Lines (ORVRtfInterchangeBorders.cpp)
+    enum BorderOwner {
+        NoBorderOwner,
+        BorderOfCell,
+        BorderOfRow,
+        BorderBetweenRows,
+        BorderBetweenColumns,
+        BorderOfParagraph
+    };
+    bool translateBorderWord(KeyWord keyWord, bool hasParameter, int n);
+    bool translatePrivateBorderWord(ORVRtfInterchangeWords::Word word, int n);
+    void beginBorder(BorderOwner owner, int side);
+    void applyBorder();
+    void applyParagraphBorder();
+    bool beginRuler();
+    void endRuler();
+
+    // Formats of text (ORVRtfInterchangeFormats.cpp)
+    bool translateFormatWord(KeyWord keyWord, bool hasParameter, int n);
+    bool translatePrivateFormatWord(ORVRtfInterchangeWords::Word word, bool hasParameter, int n);
+    void resetOwnFormat();
+    void selectOwnFont(int number);
+    void applyFormats(const ORVRtfScripts::Formats& formats);
+    QColor colorOf(int number) const;
+    void setUnderline(int style, bool on);
+    void setSwitch(int id, bool on);
+    void setStrikeOut();
+    void setCapitalization();
+    void setTextBackground();
+    void setLetterSpacing(int twips);
+    void setStretch(int percent);
+    void setLanguage(int number);
+    void drawScripts();
+
+    // Formats of paragraphs, and sections (ORVRtfInterchangeParagraphs.cpp)
+    bool translateParagraphWord(KeyWord keyWord, int n);
+    bool translatePrivateParagraphWord(ORVRtfInterchangeWords::Word word, bool hasParameter, int n);
+    bool translateSectionWord(ORVRtfInterchangeWords::Word word, int n);
+    void setParagraphBackground();
+    void setContextualSpacing();
+    void endSection();
+    void endColumn();
+    void breakPageForSection();
+    void stateDirections();
 
     // Lists (ORVRtfInterchangeLists.cpp)
     bool translateListWord(KeyWord keyWord, int n);
@@ -129,6 +180,7 @@ private:
     void endDocumentDestination();
     void setCommentDate(const ORVRtfTime& time);
     void setDocumentProperties();
+    void setTabDistance();
 
     // Texts apart from the running one (ORVRtfInterchangeStories.cpp)
     bool beginStory(ORVRtfStory::Kind kind);
@@ -161,6 +213,7 @@ private:
     void setFontFamily(const QString& name) override;
     void drawDestinationText() override;
     void endOwnDestination();
+    void beginAlternativeFont();
     void beginShape();
     void beginPicture();
     void endPicture();
@@ -180,8 +233,13 @@ private:
     State m_own;
     QStack<State> m_ownGroups;
     ORVRtfTableBuilder m_builder;
-    // The words for lines that follow describe those of cells.
-    bool m_isInCellBorder = false;
+    // The line that words describe. Its side is one of ORVTextBorder, or their number for all of them.
+    struct Border {
+        BorderOwner owner = NoBorderOwner;
+        int side = ORVTextBorder::Top;
+        ORVRtfBorder line;
+    };
+    Border m_border;
     ORVRtfRunningText m_text;
     // Innermost last.
     std::vector<ORVRtfStory> m_stories;
@@ -204,8 +262,13 @@ private:
     // The last drawn object was a picture that was shown.
     bool m_isShapeShown = false;
 
-    // What a field that has ended shows.
-    QString m_fieldText;
+    // What stands behind the group that has ended: what a field shows, or the name of a font.
+    QString m_textBehindGroup;
+    // The name of the font whose alternative is being read.
+    QString m_fontName;
+    QString m_alternativeFont;
+    // The language of the document; empty when it states none.
+    QString m_defaultLanguage;
 
     ORVRtfNumbering m_numbering;
 
@@ -227,6 +290,15 @@ private:
     ORVRtfTime m_time;
     QVector<int ORVRtfPage::*> m_statedLengths;
     bool m_isFirstSection = true;
+    int m_sectionColumns = 1;
+    // Sections that begin as the last one begin on a new page.
+    bool m_sectionsBreakPages = true;
+    // A section has ended, and nothing of the next one has been drawn.
+    bool m_isSectionPending = false;
+    // There is text in a code page, or a character, that can be written from right to left.
+    bool m_mayBeRightToLeft = false;
+    // In twips.
+    int m_tabDistance = 0;
 };
 
 #endif

@@ -65,6 +65,9 @@ bool ORVRtfInterchangeReader::beginStory(ORVRtfStory::Kind kind)
     m_builder.place = ORVRtfTableBuilder::Place();
     m_state.charFormat = m_plainCharFormat;
     m_own.symbolFont = ORVRtfSymbolFonts::none;
+    m_own.text = ORVRtfTextState();
+    m_own.scripts = ORVRtfScripts();
+    m_own.paragraphState = ORVRtfParagraphState();
     return true;
 }
 

@@ -77,7 +77,8 @@ int ORVRtfInterchangeReader::translateControlWord(KeyWord keyWord, bool hasParam
     if (m_decoder.isWithinCharacter() && endsCharacter(keyWord))
         giveUpCharacter();
     if (translateListWord(keyWord, parameter) || translateTableWord(keyWord, hasParameter, parameter)
-        || translateDocumentWord(keyWord, parameter))
+        || translateDocumentWord(keyWord, parameter) || translateFormatWord(keyWord, hasParameter, parameter)
+        || translateParagraphWord(keyWord, parameter))
         return NoError;
     switch (keyWord) {
     // Encoding
@@ -87,8 +88,6 @@ int ORVRtfInterchangeReader::translateControlWord(KeyWord keyWord, bool hasParam
             setFontCodePage(ORVRtfCodePages::ofCharset(parameter));
         break;
     case CodePage: setStatedCodePage(parameter); break;
-    case Font: selectOwnFont(parameter); break;
-    case ResetFormat: resetOwnFormat(); break;
 
     // Text
     case ExtendedCharacterValue: return translateEscapedBytes();
@@ -126,76 +125,11 @@ int ORVRtfInterchangeReader::translateControlWord(KeyWord keyWord, bool hasParam
     return NoError;
 }
 
-/*! Words that place text in tables or describe their rows; false for all others. */
-bool ORVRtfInterchangeReader::translateTableWord(KeyWord keyWord, bool hasParameter, int n)
-{
-    switch (keyWord) {
-    case ResetParagraph: m_builder.setLevel(0); return false;
-    case InTable: m_builder.setInTable(); break;
-    case TableNesting: m_builder.setLevel(n); break;
-    case NestedTableRowDefinition: m_builder.isDefiningNestedRow = true; break;
-    case TableRowDefinition: m_builder.beginRow(); break;
-    case TableLeftOffset: m_builder.setLeftEdge(n); break;
-    case TableRowCellPadding: m_builder.row().tableFormat.setCellPadding(points(n)); break;
-    case CellRightBoundary:
-        m_builder.row().closeDefinition(n);
-        m_isInCellBorder = false;
-        break;
-    case CellMergePreceeding: m_builder.row().currentDefinition().mergeWithPrevious = true; break;
-    case CellVerticalMergePreceeding:
-        m_builder.row().currentDefinition().verticalMergeWithPrevious = true;
-        break;
-    case CellVerticalAlignTop: setCellAlignment(QTextCharFormat::AlignTop); break;
-    case CellVerticalAlignCenter: setCellAlignment(QTextCharFormat::AlignMiddle); break;
-    case CellVerticalAlignBottom: setCellAlignment(QTextCharFormat::AlignBottom); break;
-    case BackgroundPatternColor: setCellColor(n); break;
-    case NoCellShading: m_builder.row().currentDefinition().backgroundColor = QColor(); break;
-    case EndCell:
-    case EndNestedCell: endCell(keyWord == EndNestedCell); break;
-    case EndRow:
-    case EndNestedRow: endRow(keyWord == EndNestedRow); break;
-    case LastRow: break;
-    default: return translateBorderWord(keyWord, hasParameter, n);
-    }
-    return true;
-}
-
-/*! Words that describe borders of cells; false for all others. Those of whole rows are not kept. */
-bool ORVRtfInterchangeReader::translateBorderWord(KeyWord keyWord, bool hasParameter, int n)
-{
-    switch (keyWord) {
-    case CellBorderTop:
-    case CellBorderLeft:
-    case CellBorderRight:
-    case CellBorderBottom: m_isInCellBorder = true; break;
-    case TableRowBorderTop:
-    case TableRowBorderLeft:
-    case TableRowBorderRight:
-    case TableRowBorderBottom: m_isInCellBorder = false; break;
-    case BorderWidth:
-        if (m_isInCellBorder)
-            m_builder.row().setBorderWidth(points(n));
-        break;
-    case SingleWidthBorder:
-        if (m_isInCellBorder)
-            m_builder.row().setBorderWidth(1.0);
-        break;
-    case BorderColor:
-        if (m_isInCellBorder)
-            m_builder.row().setBorderColor(borderColor(hasParameter, n));
-        break;
-    case NoBorder:
-        if (m_isInCellBorder)
-            m_builder.row().clearBorder();
-        break;
-    default: return false;
-    }
-    return true;
-}
-
 int ORVRtfInterchangeReader::translatePrivateWord(Words::Word word, bool hasParameter, int parameter)
 {
-    if (translatePrivateListWord(word, parameter))
+    if (translatePrivateListWord(word, parameter) || translatePrivateTableWord(word, parameter)
+        || translatePrivateFormatWord(word, hasParameter, parameter)
+        || translatePrivateParagraphWord(word, hasParameter, parameter))
         return NoError;
     const bool on = !hasParameter || parameter != 0;
     switch (word) {
@@ -216,8 +150,6 @@ int ORVRtfInterchangeReader::translatePrivateWord(Words::Word word, bool hasPara
     case Words::LeftToRightMark: appendCharacter(0x200E); break;
     case Words::RightToLeftMark: appendCharacter(0x200F); break;
     case Words::CarriageReturn: endShownParagraph(); break;
-    case Words::ColumnBreak: endAtBreak(&ORVRtfInterchangeReader::endShownParagraph); break;
-    case Words::SectionEnd: endSection(); break;
 
     case Words::Hidden: m_own.isHidden = on; break;
     case Words::Deleted: m_own.isDeleted = on; break;
@@ -264,6 +196,7 @@ int ORVRtfInterchangeReader::translatePrivateWord(Words::Word word, bool hasPara
     case Words::ShapeProperty: m_shapeProperty.clear(); break;
     case Words::ShapePropertyName: openDestination(Destination(ShapePropertyNameGroup)); break;
 
+    case Words::AlternativeFont: beginAlternativeFont(); break;
     case Words::FormField: openDestination(Destination(FormFieldGroup)); break;
     case Words::FormFieldResult: m_text.field.formResult = parameter; break;
     case Words::FormFieldDefault: m_text.field.formDefault = parameter; break;
@@ -331,7 +264,10 @@ void ORVRtfInterchangeReader::endShownParagraph()
     giveUpCharacter();
     appendBoxes();
     if (isShown() || m_text.hasShownText) {
+        const bool isRuler = beginRuler();
         endParagraph();
+        if (isRuler)
+            endRuler();
         m_text.oldList.endParagraph(m_paragraph);
     }
     m_text.hasShownText = false;
@@ -348,17 +284,10 @@ void ORVRtfInterchangeReader::endShownPage()
     m_text.raisedText.clear();
 }
 
-/*! Texts that stand apart have no sections. */
-void ORVRtfInterchangeReader::endSection()
-{
-    if (m_stories.empty() && hasParagraphs())
-        m_isFirstSection = false;
-    endAtBreak(&ORVRtfInterchangeReader::endShownParagraph);
-}
-
 /*!
-    Calls \a end, which ends the paragraph at a break. An empty one is no list item: word processors take the break
-    for the beginning of the next paragraph, and a label would shift the numbers of all later items.
+    Calls \a end, which ends the paragraph at a break. An empty one is neither list item nor heading and begins no
+    page: word processors take the break for the beginning of the next paragraph, and a label would shift the
+    numbers of all later items.
 */
 void ORVRtfInterchangeReader::endAtBreak(void (ORVRtfInterchangeReader::*end)())
 {
@@ -371,72 +300,11 @@ void ORVRtfInterchangeReader::endAtBreak(void (ORVRtfInterchangeReader::*end)())
     const ORVRtfOldList oldList = m_text.oldList;
     m_paragraph.clearProperty(ORVRtfProperty::ListOverride);
     m_paragraph.clearProperty(ORVRtfProperty::ListLevel);
+    m_paragraph.clearProperty(QTextFormat::PageBreakPolicy);
+    m_paragraph.setHeadingLevel(0);
     (this->*end)();
     m_paragraph = paragraph;
     m_text.oldList = oldList;
-}
-
-void ORVRtfInterchangeReader::endCell(bool isNested)
-{
-    if (!hasParagraphs())
-        return;
-    m_builder.textWidth = m_page.textWidth();
-    m_builder.reachCell(isNested);
-    m_inserter.setBlockFormats(m_paragraph, m_state.charFormat);
-    appendBoxes();
-    m_builder.endCell();
-    m_text.oldList.endParagraph(m_paragraph);
-    m_text.hasShownText = false;
-    m_text.raisedText.clear();
-}
-
-/*! Where no row is open, its end is that of a paragraph. */
-void ORVRtfInterchangeReader::endRow(bool isNested)
-{
-    if (!hasParagraphs())
-        return;
-    m_builder.textWidth = m_page.textWidth();
-    appendBoxes();
-    if (!m_builder.endRow(isNested) && m_text.hasShownText)
-        endShownParagraph();
-    m_text.hasShownText = false;
-    m_text.raisedText.clear();
-}
-
-void ORVRtfInterchangeReader::setCellAlignment(QTextCharFormat::VerticalAlignment alignment)
-{
-    m_builder.row().currentDefinition().verticalAlignment = alignment;
-}
-
-void ORVRtfInterchangeReader::setCellColor(int number)
-{
-    const QRgb* const color = m_colors.find(number);
-    m_builder.row().currentDefinition().backgroundColor = color ? QColor(*color) : QColor();
-}
-
-/*! A link goes on, as it is not a matter of formats. */
-void ORVRtfInterchangeReader::resetOwnFormat()
-{
-    const bool isLink = m_state.charFormat.isAnchor();
-    const QString target = isLink ? m_state.charFormat.anchorHref() : QString();
-    resetCharFormat();
-    if (isLink)
-        setLink(m_state.charFormat, target);
-    m_own.isHidden = false;
-    m_own.symbolFont = m_symbolFonts.value(m_defaultFont, ORVRtfSymbolFonts::none);
-}
-
-void ORVRtfInterchangeReader::selectOwnFont(int number)
-{
-    selectFont(number);
-    if (isIn(FontTableGroup))
-        return;
-    m_own.symbolFont = m_symbolFonts.value(number, ORVRtfSymbolFonts::none);
-    m_state.codePage = m_fonts.codePage(number);
-    if (m_state.codePage == ORVRtfFontTable::noCodePage)
-        m_state.codePage = m_documentCodePage;
-    if (isInListTables())
-        m_numbering.setLevelFont(m_own.symbolFont);
 }
 
 /*! The page of a font by its number, which counts more than its character set. */

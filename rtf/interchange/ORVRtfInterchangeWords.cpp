@@ -4,7 +4,7 @@
 
 namespace {
 
-typedef ORVRtfWordHash<ORVRtfInterchangeWords::WordCount, 256> Hash;
+typedef ORVRtfWordHash<ORVRtfInterchangeWords::WordCount, 512> Hash;
 
 constexpr Hash::Spellings spellings = {"",
 #define ORV_SPELLING(name, spelling) spelling,

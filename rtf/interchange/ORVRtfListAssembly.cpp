@@ -92,6 +92,8 @@ void ORVRtfListAssembly::addItem(const QTextBlock& block, QTextBlockFormat forma
         textList = cursor.createList(listFormat);
     }
     format.setProperty(ORVRtfProperty::ListLevel, level);
+    if (list.haveItemsIndents && !statesIndents(format))
+        format.setProperty(ORVRtfProperty::LeftIndent, 0.0);
     setIndents(format, list.levels.at(level));
     format.setObjectIndex(textList->objectIndex());
     cursor.setBlockFormat(format);

@@ -274,6 +274,7 @@ ORVRtfNumberedList ORVRtfNumbering::resolved(const Override& override) const
     for (int i = 0; i < levels.size(); ++i)
         result.setLevel(i, levels.at(i));
     ORVTextListFormat::setLevels(result.format, result.levels);
+    result.haveItemsIndents = true;
     return result;
 }
 

@@ -23,6 +23,8 @@ struct ORVRtfNumberedList {
     QVector<bool> isNumbered;
     /*! What all QTextLists of the list have in common. */
     QTextListFormat format;
+    /*! Its items state their indents; those of the levels are for programs that make new items. */
+    bool haveItemsIndents = false;
 
     void setLevel(int index, const ORVRtfNumberingLevel& level);
 };

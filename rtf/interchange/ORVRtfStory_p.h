@@ -6,6 +6,7 @@
 #include "ORVRtfOldList_p.h"
 #include "ORVRtfPageTexts_p.h"
 #include "ORVRtfParagraph_p.h"
+#include "ORVRtfScripts_p.h"
 #include "ORVRtfTableBuilder_p.h"
 #include "ORVRtfTextInserter_p.h"
 
@@ -42,6 +43,8 @@ struct ORVRtfRunningText {
     bool hasShownText = false;
     /*! Raised text, if that is what was drawn last: it can be the mark of a note. */
     QString raisedText;
+    /*! That of the last text. */
+    ORVRtfScripts::Script script = ORVRtfScripts::Western;
     /*! The number of a note was asked for, and nothing was drawn since. */
     bool hasNoteNumber = false;
     /*! Names of bookmarks that begin here. */

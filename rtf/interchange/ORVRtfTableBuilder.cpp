@@ -18,6 +18,13 @@ bool hasText(const ORVTextRtfCell& cell)
     return copy.hasDocument() && !copy.document()->isEmpty();
 }
 
+/*! Whether \a cell has more than empty paragraphs. */
+bool hasCharacters(const ORVTextRtfCell& cell)
+{
+    ORVTextRtfCell copy = cell;
+    return copy.hasDocument() && copy.document()->characterCount() > copy.document()->blockCount();
+}
+
 } // namespace
 
 ORVRtfTableBuilder::ORVRtfTableBuilder(ORVRtfTextInserter& inserter) : m_inserter(inserter) { }
@@ -109,14 +116,42 @@ ORVRtfTableBuilder::Level* ORVRtfTableBuilder::definedRow()
     return level >= firstNestedLevel ? &m_tables.levels[size_t(level) - 1] : nullptr;
 }
 
+void ORVRtfTableBuilder::breakPageBefore()
+{
+    ORVRtfTableGrid& outermost = m_tables.levels.front().grid;
+    if (outermost.isEmpty())
+        outermost.breakPageBefore();
+}
+
+/*!
+    Gives the definition of an inner row that another one follows to the row around it, if that has none: where inner
+    tables are nested themselves, some programs write both definitions together.
+*/
+void ORVRtfTableBuilder::passDefinitionOn()
+{
+    const int level = qMin(statedLevel(), levels());
+    if (level <= firstNestedLevel)
+        return;
+    Level& inner = m_tables.levels[size_t(level) - 1];
+    Level& outer = m_tables.levels[size_t(level) - 2];
+    if (!inner.row.cellDefinitions.first().closed || outer.row.cellDefinitions.first().closed)
+        return;
+    outer.row.cellDefinitions = inner.row.cellDefinitions;
+    outer.look = inner.look;
+    outer.leftEdge = inner.leftEdge;
+}
+
 void ORVRtfTableBuilder::beginRow()
 {
     Level* const level = definedRow();
     if (!level)
         return;
+    if (isDefiningNestedRow)
+        passDefinitionOn();
     const QList<ORVTextRtfCell> cells = level->row.cells;
     level->row.reset();
     level->row.cells = cells;
+    level->look = ORVRtfRowLook();
     level->leftEdge = 0;
 }
 
@@ -126,10 +161,25 @@ ORVTextRtfRow& ORVRtfTableBuilder::row()
     return level ? level->row : m_tables.strayRow;
 }
 
+ORVRtfRowLook& ORVRtfTableBuilder::look()
+{
+    Level* const level = definedRow();
+    return level ? level->look : m_tables.strayLook;
+}
+
+void ORVRtfTableBuilder::closeDefinition(int edge)
+{
+    ORVTextRtfRow& defined = row();
+    defined.closeDefinition(edge);
+    look().closeCell(int(defined.cellDefinitions.size()));
+}
+
 void ORVRtfTableBuilder::setLeftEdge(int twips)
 {
-    if (Level* const level = definedRow())
+    if (Level* const level = definedRow()) {
         level->leftEdge = twips;
+        level->look.hasLeftEdge = true;
+    }
 }
 
 void ORVRtfTableBuilder::reachCell(bool isNested)
@@ -186,22 +236,30 @@ bool ORVRtfTableBuilder::endRow(bool isNested)
 void ORVRtfTableBuilder::endRow(Level& level)
 {
     ORVTextRtfRow& row = level.row;
-    if (hasText(row.cells.last()))
+    // Text without the end of its cell is a cell, but not what some programs put between the last cell and the row's end.
+    const bool hasOthers = row.cells.size() > 1;
+    if (hasOthers ? hasCharacters(row.cells.last()) : hasText(row.cells.last()))
         row.closeCell();
     const bool hasCells = row.cells.first().closed;
     row.finish();
     if (row.cellDefinitions.isEmpty()) {
         row.cellDefinitions = level.lastDefinitions;
+        level.look = level.lastLook;
         level.leftEdge = level.lastLeftEdge;
+    } else if (!level.look.hasLeftEdge && level.look.indent.isTwips()
+               && level.look.indent.length < row.cellDefinitions.first().rightBoundary) {
+        level.leftEdge = level.look.indent.length;
     }
     if (hasCells) {
         for (ORVTextRtfCell& cell : row.cells)
             cell.finish();
         addToTable(level);
         level.lastDefinitions = row.cellDefinitions;
+        level.lastLook = level.look;
         level.lastLeftEdge = level.leftEdge;
     }
     row.reset();
+    level.look = ORVRtfRowLook();
     level.leftEdge = 0;
     level.isRowOpen = false;
     level.isRowCertain = false;
@@ -217,7 +275,7 @@ void ORVRtfTableBuilder::addToTable(Level& level)
         && (columns > ORVRtfLimits::tableColumns || cells - level.grid.cellCount() > m_cellsLeft))
         level.grid.insertAt(level.parent, textWidth, m_columnWidths);
     const qint64 before = level.grid.cellCount();
-    level.grid.addRow(level.row, level.leftEdge, textWidth);
+    level.grid.addRow(level.row, level.look, level.leftEdge, textWidth);
     m_cellsLeft -= level.grid.cellCount() - before;
 }
 

@@ -3,6 +3,7 @@
 
 #include "ORVRtfFormatSerials_p.h"
 #include "ORVRtfLimits_p.h"
+#include "ORVRtfRowLook_p.h"
 #include "ORVRtfTableGrid_p.h"
 #include "ORVTextRtfRow_p.h"
 
@@ -48,10 +49,19 @@ public:
     /*! Moves the inserter to where text and the end of the paragraph go. */
     void placeParagraph();
 
+    /*! Whether a table is open, in the text that is read. */
+    bool hasTables() const { return !m_tables.levels.empty(); }
+    /*! The outermost table begins on a new page if none of its rows has ended. */
+    void breakPageBefore();
+
     /*! Begins the definition of a row. */
     void beginRow();
     /*! The row being defined; one that is nowhere if there is none. */
     ORVTextRtfRow& row();
+    /*! The look of the same row. */
+    ORVRtfRowLook& look();
+    /*! Ends the definition of a cell of the same row, whose right edge is at \a edge, in twips. */
+    void closeDefinition(int edge);
     /*! Sets the left edge of the row, in twips. */
     void setLeftEdge(int twips);
 
@@ -72,12 +82,14 @@ private:
         ORVRtfTableGrid grid;
         // The row being read.
         ORVTextRtfRow row;
+        ORVRtfRowLook look;
         int leftEdge = 0;
         bool isRowOpen = false;
         // There is more of it than paragraphs that say so.
         bool isRowCertain = false;
         // The definitions of the row before, for rows that have none.
         QList<ORVTextRtfCellDefinition> lastDefinitions;
+        ORVRtfRowLook lastLook;
         int lastLeftEdge = 0;
         // Where the table goes, in the cell or the document around it.
         QTextCursor parent;
@@ -93,6 +105,7 @@ public:
         std::vector<Level> levels;
         // What words describe that belong to no row.
         ORVTextRtfRow strayRow;
+        ORVRtfRowLook strayLook;
     };
 
 private:
@@ -102,6 +115,7 @@ private:
     void openLevels(int level);
     Level& certainRow();
     Level* definedRow();
+    void passDefinitionOn();
     void takeParagraph(int level);
     void endRow(Level& level);
     void addToTable(Level& level);

@@ -1,6 +1,9 @@
 #include "ORVRtfTableGrid_p.h"
 
+#include "ORVRtfCellFormats_p.h"
+#include "ORVRtfUnits_p.h"
 #include "ORVTextRtfTable_p.h"
+#include "QtFormatCompat_p.h"
 
 #include <algorithm>
 
@@ -8,10 +11,17 @@ namespace {
 
 // Edges this close, in twips, are one: programs work them out row by row, and round.
 const int sameEdge = 20;
+// Rows whose ends are this close, as a fraction of the table's width, end at the same edge: word processors make the
+// same of them.
+const int sameEnd = 50;
 // Width of a column of which nothing is known, in twips.
 const int defaultColumnWidth = 1440;
 // Edges further away, in twips, stand here: far beyond any page, and sums of them are numbers.
 const int farthestEdge = 1 << 28;
+// Percentages of widths are stated in fiftieths.
+const double percentUnits = 5000;
+// No wider page is known to RTF, in twips.
+const int widestTable = 31680;
 
 int bounded(int edge)
 {
@@ -42,35 +52,112 @@ void appendGap(ORVTextRtfRow& row, const QVector<int>& edges, int first, int end
 
 } // namespace
 
-void ORVRtfTableGrid::addRow(const ORVTextRtfRow& row, int leftEdge, double textWidth)
+void ORVRtfTableGrid::addRow(const ORVTextRtfRow& row, const ORVRtfRowLook& look, int leftEdge,
+                             double textWidth)
 {
+    if (m_rows.isEmpty()) {
+        m_alignment = look.alignment;
+        m_width = look.width.isTwips() ? qBound(0, look.width.length, widestTable) : 0;
+    }
     Row added;
-    added.format = row.tableFormat;
+    std::copy(look.borders, look.borders + ORVTextBorder::SideCount, added.borders);
+    added.horizontal = look.horizontal;
+    added.vertical = look.vertical;
+    added.isHeader = look.isHeader;
     added.cells.reserve(int(row.cells.size()));
-    const int count = int(row.cells.size());
-    const int defined = int(row.cellDefinitions.size());
-    const int firstEdge = bounded(leftEdge);
-    const int lastEdge = defined > 0 ? bounded(row.cellDefinitions.last().rightBoundary) : firstEdge;
-    const double share = count > defined ? (textWidth - lastEdge) / (count - defined) : 0;
-    const int surplusWidth = share > sameEdge ? int(share) : defaultColumnWidth;
-
-    addEdge(firstEdge);
-    int left = firstEdge;
-    for (int i = 0; i < count; ++i) {
+    int left = bounded(leftEdge);
+    for (int i = 0; i < row.cells.size(); ++i) {
         Cell cell;
         cell.cell = row.cells.at(i);
-        cell.left = left;
-        cell.right = left + surplusWidth;
-        if (i < defined) {
+        if (i < row.cellDefinitions.size())
             cell.definition = row.cellDefinitions.at(i);
-            // The last cell takes the place of those that are missing.
-            cell.right = qMax(left, i == count - 1 ? lastEdge : bounded(cell.definition.rightBoundary));
-        }
-        addEdge(cell.right);
+        setLook(cell, look, i);
+        cell.left = left;
+        cell.right = rightEdge(row, look, i, left, textWidth);
         left = cell.right;
         added.cells.append(cell);
     }
+    joinContinuations(added);
+    addEdges(added);
     m_rows.append(added);
+}
+
+/*!
+    The right edge of the cell at \a index of \a row, which begins at \a left. The last cell takes the place of those that
+    are missing.
+*/
+int ORVRtfTableGrid::rightEdge(const ORVTextRtfRow& row, const ORVRtfRowLook& look, int index, int left,
+                               double textWidth)
+{
+    const int count = int(row.cells.size());
+    const int defined = int(row.cellDefinitions.size());
+    if (index >= defined) {
+        const int last = defined > 0 ? bounded(row.cellDefinitions.last().rightBoundary) : left;
+        const double share = (textWidth - last) / (count - defined);
+        return left + (share > sameEdge ? int(share) : defaultColumnWidth);
+    }
+    const int stated = index == count - 1 ? defined - 1 : index;
+    const int edge = bounded(row.cellDefinitions.at(stated).rightBoundary);
+    if (edge > left)
+        return edge;
+    // Edges that contradict the ones before; programs that know of widths write no better ones.
+    const ORVRtfMeasure width = look.cells.value(index).width;
+    const bool isPercent = width.isStated && width.unit == ORVRtfMeasure::Percent;
+    const double twips = isPercent ? width.length / percentUnits * textWidth
+        : width.isTwips()          ? width.length
+                                   : 0;
+    return left + int(qBound(0.0, twips, double(widestTable)));
+}
+
+void ORVRtfTableGrid::setLook(Cell& cell, const ORVRtfRowLook& look, int index)
+{
+    const ORVRtfCellLook stated = index < look.cells.size() ? look.cells.at(index) : ORVRtfCellLook();
+    cell.definition.backgroundColor = look.colorOf(stated);
+    for (int side = 0; side < ORVTextBorder::SideCount; ++side) {
+        cell.borders[side] = stated.borders[side];
+        cell.padding[side] = look.paddingOf(stated, ORVTextBorder::Side(side));
+    }
+}
+
+/*! Makes one cell of those that continue their left neighbours. Edges between them make no columns. */
+void ORVRtfTableGrid::joinContinuations(Row& row)
+{
+    for (int i = int(row.cells.size()) - 1; i > 0; --i) {
+        if (row.cells.at(i).definition.mergeWithPrevious)
+            joinWithLeft(row, i);
+    }
+    for (Cell& cell : row.cells)
+        cell.definition.mergeWithPrevious = false;
+}
+
+void ORVRtfTableGrid::addEdges(const Row& row)
+{
+    addEdge(row.cells.first().left);
+    for (const Cell& cell : row.cells)
+        addEdge(cell.right);
+}
+
+/*! Lets rows that end nearly where the widest one ends, end there. */
+void ORVRtfTableGrid::alignEnds()
+{
+    const int left = *m_edges.begin();
+    int end = left;
+    for (const Row& row : m_rows)
+        end = qMax(end, row.cells.last().right);
+    const int tolerance = qMax(sameEdge, (end - left) / sameEnd);
+    bool isChanged = false;
+    for (Row& row : m_rows) {
+        Cell& last = row.cells.last();
+        if (last.right < end && last.right > last.left && end - last.right <= tolerance) {
+            last.right = end;
+            isChanged = true;
+        }
+    }
+    if (!isChanged)
+        return;
+    m_edges.clear();
+    for (const Row& row : m_rows)
+        addEdges(row);
 }
 
 bool ORVRtfTableGrid::hasEdge(int twips) const
@@ -143,14 +230,18 @@ void ORVRtfTableGrid::joinNarrowCells(Row& row) const
 void ORVRtfTableGrid::joinWithLeft(Row& row, int index)
 {
     Cell& left = row.cells[index - 1];
-    moveText(row.cells[index].cell, left.cell);
-    left.endColumn = row.cells.at(index).endColumn;
+    Cell& joined = row.cells[index];
+    moveText(joined.cell, left.cell);
+    left.right = joined.right;
+    left.endColumn = joined.endColumn;
+    if (joined.borders[ORVTextBorder::Right].isStated())
+        left.borders[ORVTextBorder::Right] = joined.borders[ORVTextBorder::Right];
     row.cells.removeAt(index);
 }
 
 /*!
-    Makes one cell of those that continue their left neighbours, and moves the text of cells that continue the
-    one above to the first of them. A cell that is not as wide as the one above does not continue it.
+    Moves the text of cells that continue the one above to the first of them. A cell that is not as wide as the one
+    above does not continue it. The line below is that of the last of them.
 */
 void ORVRtfTableGrid::mergeCells()
 {
@@ -161,19 +252,17 @@ void ORVRtfTableGrid::mergeCells()
     QVector<Owner> above(columnCount());
     for (int r = 0; r < m_rows.size(); ++r) {
         Row& row = m_rows[r];
-        for (int i = int(row.cells.size()) - 1; i > 0; --i) {
-            if (row.cells.at(i).definition.mergeWithPrevious)
-                joinWithLeft(row, i);
-        }
         QVector<Owner> owners(columnCount());
         for (int i = 0; i < row.cells.size(); ++i) {
             Cell& cell = row.cells[i];
-            cell.definition.mergeWithPrevious = false;
+            cell.endRow = r + 1;
             Owner owner = above.at(cell.firstColumn);
             Cell* const first = owner.row < 0 ? nullptr : &m_rows[owner.row].cells[owner.cell];
             if (cell.definition.verticalMergeWithPrevious && first && first->firstColumn == cell.firstColumn
                 && first->endColumn == cell.endColumn) {
                 moveText(cell.cell, first->cell);
+                first->endRow = cell.endRow;
+                first->borders[ORVTextBorder::Bottom] = cell.borders[ORVTextBorder::Bottom];
             } else {
                 cell.definition.verticalMergeWithPrevious = false;
                 owner.row = r;
@@ -185,11 +274,70 @@ void ORVRtfTableGrid::mergeCells()
     }
 }
 
+/*! The line along \a side of \a cell, which begins in row \a row. */
+ORVRtfBorder ORVRtfTableGrid::borderOf(const Cell& cell, int row, ORVTextBorder::Side side) const
+{
+    if (cell.borders[side].isStated())
+        return cell.borders[side];
+    const Row& defaults = m_rows.at(side == ORVTextBorder::Bottom ? cell.endRow - 1 : row);
+    bool isOuter = false;
+    switch (side) {
+    case ORVTextBorder::Top: isOuter = row == 0; break;
+    case ORVTextBorder::Bottom: isOuter = cell.endRow == m_rows.size(); break;
+    case ORVTextBorder::Left: isOuter = cell.firstColumn == 0; break;
+    default: isOuter = cell.endColumn == columnCount(); break;
+    }
+    if (isOuter)
+        return defaults.borders[side];
+    return side == ORVTextBorder::Top || side == ORVTextBorder::Bottom ? defaults.horizontal
+                                                                       : defaults.vertical;
+}
+
+void ORVRtfTableGrid::setCellFormats(ORVRtfCellFormats& formats)
+{
+    for (int r = 0; r < m_rows.size(); ++r) {
+        for (Cell& cell : m_rows[r].cells) {
+            ORVRtfBorder borders[ORVTextBorder::SideCount];
+            for (int side = 0; side < ORVTextBorder::SideCount; ++side)
+                borders[side] = borderOf(cell, r, ORVTextBorder::Side(side));
+            cell.definition.look = formats.format(borders, cell.padding);
+        }
+    }
+}
+
+int ORVRtfTableGrid::headerRows() const
+{
+    int rows = 0;
+    while (rows < m_rows.size() && m_rows.at(rows).isHeader)
+        ++rows;
+    return rows;
+}
+
+QTextTableFormat ORVRtfTableGrid::tableFormat(int leftEdge, bool hasLines) const
+{
+    QTextTableFormat format;
+    format.setBorder(0);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_None);
+    format.setCellSpacing(0.0);
+    format.setCellPadding(0.0);
+    // Neighbours share the line between them.
+    if (hasLines)
+        format.setProperty(compat::tableBorderCollapse, true);
+    if (m_alignment != Qt::AlignLeft)
+        format.setAlignment(m_alignment);
+    else if (leftEdge != 0)
+        format.setLeftMargin(ORVRtfUnits::points(qBound(-widestTable, leftEdge, widestTable)));
+    if (const int rows = headerRows())
+        format.setHeaderRowCount(rows);
+    if (m_breaksPage)
+        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    return format;
+}
+
 /*! \a row with a cell for each column. */
 ORVTextRtfRow ORVRtfTableGrid::alignedRow(const Row& row, const QVector<int>& edges) const
 {
     ORVTextRtfRow aligned;
-    aligned.tableFormat = row.format;
     aligned.cellDefinitions.clear();
     aligned.cells.clear();
     int column = 0;
@@ -209,21 +357,28 @@ ORVTextRtfRow ORVRtfTableGrid::alignedRow(const Row& row, const QVector<int>& ed
 
 void ORVRtfTableGrid::insertAt(QTextCursor& cursor, double textWidth, ORVRtfFormatSerials& widthLists)
 {
+    alignEnds();
     if (columnCount() == 0)
         addEdge(*m_edges.begin() + defaultColumnWidth);
     QVector<int> edges(int(m_edges.size()));
     std::copy(m_edges.begin(), m_edges.end(), edges.begin());
     findColumns(edges);
     mergeCells();
+    ORVRtfCellFormats formats;
+    setCellFormats(formats);
+    const QTextTableFormat format = tableFormat(edges.first(), formats.hasLines());
     ORVTextRtfTable table;
     for (Row& row : m_rows) {
         ORVTextRtfRow aligned = alignedRow(row, edges);
+        aligned.tableFormat = format;
         // Rows that wait in both forms would take far more memory.
         row = Row();
         table.addRow(aligned);
     }
-    table.setColumnWidths(textWidth, widthLists);
+    const double scale = m_width > 0 ? double(m_width) / (edges.last() - edges.first()) : 1;
+    table.setColumnWidths(textWidth / scale, widthLists);
     table.insertAt(cursor);
     m_rows.clear();
     m_edges.clear();
+    m_breaksPage = false;
 }

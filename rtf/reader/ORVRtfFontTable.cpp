@@ -35,6 +35,8 @@ void ORVRtfFontTable::define(int number, const QString& name, const QTextCharFor
 {
     const QFont::StyleHint hint = m_styleHint;
     m_styleHint = QFont::AnyStyle;
+    const QString alternative = cleanedName(m_alternative);
+    m_alternative.clear();
 
     const QString family = cleanedName(name);
     if (find(number) ? family.trimmed().isEmpty() : m_fonts.size() >= ORVRtfLimits::fonts)
@@ -43,18 +45,22 @@ void ORVRtfFontTable::define(int number, const QString& name, const QTextCharFor
     compat::setFamily(font, family);
     font.setStyleHint(hint, QFont::PreferDefault);
     compat::setWeight(font, QFont::Normal);
+    bool isInstalled = false;
     if (m_matchedFonts < ORVRtfLimits::matchedFonts) {
         ++m_matchedFonts;
-        matchInstalled(font, hint);
+        isInstalled = matchInstalled(font, hint);
     }
+    if (m_keepsNames && !isInstalled && !family.isEmpty())
+        compat::setFamilies(font, families(family, alternative, compat::family(font)));
     m_fonts.insert(number, {font, ++m_definedFonts});
 }
 
-/*! Makes \a font one of the installed family that stands best for its own. */
-void ORVRtfFontTable::matchInstalled(QFont& font, QFont::StyleHint hint)
+/*! Makes \a font one of the installed family that stands best for its own. True if that is its own. */
+bool ORVRtfFontTable::matchInstalled(QFont& font, QFont::StyleHint hint)
 {
     QString family = compat::family(font);
     const QString best = ORVTextUtil::findBestFontFamily(family);
+    const bool isInstalled = best.compare(family, Qt::CaseInsensitive) == 0;
     if (!best.isEmpty())
         family = best;
     compat::setFamily(font, family);
@@ -64,6 +70,19 @@ void ORVRtfFontTable::matchInstalled(QFont& font, QFont::StyleHint hint)
         compat::setFamily(font, family);
     }
     compat::setWeight(font, ORVTextUtil::defaultFontWeight(family, QFont::Normal));
+    return isInstalled;
+}
+
+/*! A font that is not installed, and those that can stand for it. */
+QStringList ORVRtfFontTable::families(const QString& name, const QString& alternative,
+                                      const QString& installed)
+{
+    QStringList families(name);
+    for (const QString& other : {alternative, installed}) {
+        if (!other.isEmpty() && !families.contains(other, Qt::CaseInsensitive))
+            families.append(other);
+    }
+    return families;
 }
 
 QString ORVRtfFontTable::familyToUse(const QString& family, bool exactMatch, const QString& matchedFamily,

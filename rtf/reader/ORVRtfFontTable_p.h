@@ -3,6 +3,7 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtGui/QFont>
 
 class QTextCharFormat;
@@ -26,6 +27,11 @@ public:
     int codePage(int number) const { return m_codePages.value(number, noCodePage); }
     void setCodePage(int number, int codePage);
 
+    /*! Has the fonts that follow keep their names, in front of those of what stands for them. */
+    void keepNames() { m_keepsNames = true; }
+    /*! Sets the name of a font that can stand for the next one that is defined, where names are kept. */
+    void setAlternative(const QString& name) { m_alternative = name; }
+
     /*! Sets the style of the next font that is defined. */
     void setStyleHint(QFont::StyleHint hint) { m_styleHint = hint; }
 
@@ -45,7 +51,8 @@ public:
                                QFont::StyleHint hint);
 
 private:
-    static void matchInstalled(QFont& font, QFont::StyleHint hint);
+    static bool matchInstalled(QFont& font, QFont::StyleHint hint);
+    static QStringList families(const QString& name, const QString& alternative, const QString& installed);
 
     QHash<int, Font> m_fonts;
     quint64 m_definedFonts = 0;
@@ -53,6 +60,8 @@ private:
     int m_matchedFonts = 0;
     QHash<int, int> m_codePages;
     QFont::StyleHint m_styleHint = QFont::AnyStyle;
+    bool m_keepsNames = false;
+    QString m_alternative;
 };
 
 #endif

@@ -1,10 +1,13 @@
 #include "ORVRtfParagraph_p.h"
 
+#include "ORVHeading_p.h"
 #include "ORVRtfFormatSerials_p.h"
 #include "ORVRtfLimits_p.h"
 #include "ORVRtfProperties.h"
 
 namespace {
+
+const QLatin1Char noLeader(' ');
 
 // Qt 5 compares tab stops in variants byte by byte. In a copy of this one the bytes between the members are
 // zero, too.
@@ -50,18 +53,22 @@ QTextBlockFormat ORVRtfParagraph::format(ORVRtfFormatSerials& tabLists) const
         return m_format;
     QTextBlockFormat format = m_format;
     tabLists.setList(format, QTextFormat::TabPositions, keyOf(m_tabs), [this] { return listOf(m_tabs); });
+    if (!m_tabLeaders.isEmpty())
+        format.setProperty(ORVRtfProperty::TabLeaders, m_tabLeaders);
     return format;
 }
 
 bool ORVRtfParagraph::operator==(const ORVRtfParagraph& other) const
 {
-    return m_format == other.m_format && m_tabs == other.m_tabs;
+    return m_format == other.m_format && m_tabs == other.m_tabs && m_tabLeaders == other.m_tabLeaders;
 }
 
 void ORVRtfParagraph::reset()
 {
     m_format = QTextBlockFormat();
     m_tabs = QVector<QTextOption::Tab>();
+    m_tabLeaders = QString();
+    m_nextTabLeader = noLeader;
 }
 
 void ORVRtfParagraph::setLeftIndent(double indent)
@@ -83,20 +90,46 @@ void ORVRtfParagraph::setRightIndent(double position)
     m_format.setProperty(ORVRtfProperty::RightIndent, position);
 }
 
+bool ORVRtfParagraph::isRuler() const
+{
+    const auto hasLine = [this](int side) {
+        return m_format.hasProperty(ORVRtfProperty::BorderStyle + side);
+    };
+    return hasLine(ORVTextBorder::Bottom) && !hasLine(ORVTextBorder::Top) && !hasLine(ORVTextBorder::Left)
+        && !hasLine(ORVTextBorder::Right);
+}
+
 void ORVRtfParagraph::addPageBreakBits(int bits)
 {
     const int policy = m_format.intProperty(QTextFormat::PageBreakPolicy);
     m_format.setProperty(QTextFormat::PageBreakPolicy, policy | bits);
 }
 
+void ORVRtfParagraph::setLineSpacing(double spacing)
+{
+    ORVHeading::setLineSpacing(m_format, spacing);
+}
+
+void ORVRtfParagraph::setHeadingLevel(int level)
+{
+    ORVHeading::setLevel(m_format, level);
+}
+
 void ORVRtfParagraph::addTab(double position)
 {
     const QTextOption::TabType type = m_nextTabType;
     m_nextTabType = QTextOption::LeftTab;
+    const QChar leader = m_nextTabLeader;
+    m_nextTabLeader = noLeader;
     if (m_tabs.size() >= ORVRtfLimits::tabStops)
         return;
     QTextOption::Tab tab(position, type);
     if (type == QTextOption::DelimiterTab)
         tab.delimiter = QLatin1Char('.');
+    if (leader != noLeader || !m_tabLeaders.isEmpty()) {
+        while (m_tabLeaders.size() < m_tabs.size())
+            m_tabLeaders += noLeader;
+        m_tabLeaders += leader;
+    }
     m_tabs.append(tab);
 }

@@ -1,6 +1,8 @@
 #ifndef ORVRTFPARAGRAPH_P_H
 #define ORVRTFPARAGRAPH_P_H
 
+#include "ORVTextBorder.h"
+
 #include <QtCore/QVariant>
 #include <QtCore/QVector>
 #include <QtGui/QTextBlockFormat>
@@ -32,9 +34,22 @@ public:
     void setTextIndent(double offset);
     /*! Sets the position of the right text edge, in points, measured from the left margin. */
     void setRightIndent(double position);
+    /*! Sets the line along \a side. */
+    void setBorder(const ORVTextBorder& border, ORVTextBorder::Side side)
+    {
+        border.setToParagraph(m_format, side);
+    }
+    /*! Whether there is a line below and no other one. */
+    bool isRuler() const;
     /*! Adds \a bits to the page-break policy. */
     void addPageBreakBits(int bits);
 
+    /*! Sets the line spacing, in points, or the level of a heading; neither touches the other. */
+    void setLineSpacing(double spacing);
+    void setHeadingLevel(int level);
+
+    /*! What fills the room in front of the next tab stop. */
+    void setNextTabLeader(QChar leader) { m_nextTabLeader = leader; }
     /*! Kind of the next tab stop; later ones are left tab stops again. */
     void setNextTabType(QTextOption::TabType type) { m_nextTabType = type; }
     /*! Adds a tab stop at \a position, in points. */
@@ -45,6 +60,9 @@ private:
     QTextBlockFormat m_format;
     QVector<QTextOption::Tab> m_tabs;
     QTextOption::TabType m_nextTabType = QTextOption::LeftTab;
+    // For each of the tab stops; empty where none has one.
+    QString m_tabLeaders;
+    QChar m_nextTabLeader = QLatin1Char(' ');
 };
 
 #endif

@@ -23,6 +23,7 @@ void ORVRtfTextInserter::moveTo(const QTextCursor& place)
     m_cursor = place;
     m_isParagraphKnown = false;
     m_hasText = false;
+    m_breaksPage = false;
 }
 
 QTextCursor& ORVRtfTextInserter::place()
@@ -90,6 +91,8 @@ void ORVRtfTextInserter::setBlockFormats(const ORVRtfParagraph& paragraph, const
     m_areFormatsWaiting = true;
     m_nextParagraph = paragraph;
     m_nextCharFormat = charFormat;
+    if (m_breaksPage)
+        m_nextParagraph.addPageBreakBits(QTextFormat::PageBreak_AlwaysBefore);
 }
 
 /*! Whether text of \a format may be appended to the text that waits, in its paragraph or in the next. */
@@ -132,8 +135,14 @@ void ORVRtfTextInserter::removeEmptyBlock()
     endBlock();
 }
 
+void ORVRtfTextInserter::breakPageBefore()
+{
+    m_breaksPage = true;
+}
+
 void ORVRtfTextInserter::endBlock()
 {
+    m_breaksPage = false;
     // Only text may wait in front of a paragraph that waits.
     if (m_isBlockWaiting || m_areFormatsWaiting)
         complete();

@@ -45,6 +45,9 @@ public:
     */
     void removeEmptyBlock();
 
+    /*! The paragraph begins on a new page, whatever formats it is given. */
+    void breakPageBefore();
+
     /*! Ends the paragraph. The next one is like it until it is given formats. */
     void endBlock();
 
@@ -73,6 +76,8 @@ private:
     ORVRtfParagraph m_paragraph;
     // It has text for certain; if not, the document is asked.
     bool m_hasText = false;
+    // It is to begin on a new page.
+    bool m_breaksPage = false;
 
     ORVRtfFormatSerials m_tabLists;
 };

@@ -92,7 +92,7 @@ void ORVTextRtfReaderPrivate::finalizeFontTable()
     if (const ORVRtfFontTable::Font* const found = m_fonts.find(m_defaultFont)) {
         const int weight = found->font.weight();
         QTextCharFormat format = m_defaultCharFormat;
-        compat::setFontFamily(format, compat::family(found->font));
+        compat::setFontFamilies(format, found->font);
         // The application stores the normal weight as 0.
         format.setProperty(QTextFormat::FontWeight, weight == QFont::Normal ? 0 : weight);
         format.setProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());

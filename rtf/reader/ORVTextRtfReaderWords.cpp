@@ -425,15 +425,22 @@ void ORVTextRtfReaderPrivate::selectFont(int number)
         return;
     }
     m_currentFont = number;
+    if (setFont(number))
+        m_state.codePage = m_fonts.codePage(number);
+}
+
+/*! Gives text the families of a font; false where the font is not defined. */
+bool ORVTextRtfReaderPrivate::setFont(int number)
+{
     const ORVRtfFontTable::Font* const found = m_fonts.find(number);
     if (!found)
-        return;
+        return false;
     m_charFormats.set(m_state.charFormat, QTextFormat::FontFamily, found->serial,
                       [=](QTextCharFormat& format) {
-                          compat::setFontFamily(format, compat::family(found->font));
+                          compat::setFontFamilies(format, found->font);
                           format.setProperty(QTextFormat::FontFixedPitch, found->font.fixedPitch());
                       });
-    m_state.codePage = m_fonts.codePage(number);
+    return true;
 }
 
 void ORVTextRtfReaderPrivate::setFontCharset(int charset)

@@ -153,6 +153,7 @@ protected:
     void setBackgroundColor(int number);
     void setUnderlineColor(int number);
     void selectFont(int number);
+    bool setFont(int number);
     void setFontCharset(int charset);
     void setFontCodePage(int codePage);
     void setFontStyleHint(QFont::StyleHint hint);

@@ -239,7 +239,8 @@ private slots:
             QCOMPARE(format.doubleProperty(QTextFormat::TextIndent), firstLine);
             QCOMPARE(format.intProperty(ORVRtfProperty::ListLevel), 1);
         });
-        add("of the level", "", 36, 18);
+        add("none", "", 0, 0);
+        add("first line", "\\fi-100", 0, -5);
         add("of its own", "\\li200\\fi-100", 10, 5);
     }
 

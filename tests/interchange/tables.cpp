@@ -78,6 +78,10 @@ private slots:
         add("no end of the cell", "\\trowd\\cellx2000\\cellx4000\\pard\\intbl A\\cell B", "|{2: A, B}|");
         add("no cell", "\\trowd\\cellx2000\\pard\\intbl", "");
         add("text behind the last cell", rawRow("\\cellx2000", "A\\cell B") + after, "|{2: A, B}|after|");
+        add("empty paragraph behind the last cell", rawRow("\\cellx2000", "A\\cell\\par ") + after,
+            "|{1: A}|after|");
+        add("empty paragraph and text behind it", rawRow("\\cellx2000", "A\\cell\\par B") + after,
+            "|{2: A, |B}|after|");
 
         // Columns come from the edges of all rows.
         add("rows with other edges", row("2000 6000", "A B") + row("4000 6000", "C D") + after,
@@ -97,6 +101,10 @@ private slots:
             rawRow("\\trleft-3000\\cellx-1000\\cellx1000", cells("A B")) + after, "|{2: A, B}|after|");
         add("edges that are apart", row("2000 6000", "A B") + row("2021 6000", "C D") + after,
             "|{3: A, B(c2) / C(c2), D}|after|");
+        add("ends that are nearly one", row("2000 6000", "A B") + row("2000 6100", "C D") + after,
+            "|{2: A, B / C, D}|after|");
+        add("ends that are apart", row("2000 6000", "A B") + row("2000 6200", "C D") + after,
+            "|{3: A, B, - / C, D(c2)}|after|");
         add("more cells than edges", row("2000", "A B C") + after, "|{3: A, B, C}|after|");
         add("fewer cells than edges", row("2000 4000 6000", "A B") + row("2000 4000 6000", "C D E") + after,
             "|{3: A, B(c2) / C, D, E}|after|");
@@ -119,10 +127,13 @@ private slots:
             "|{1: A|B(r2) /  / C|D(r2) / }|after|");
         add("merged in both directions",
             row("2000 4000h 6000", "A B C") + row("2000v 4000vh 6000", "D E F") + after,
-            "|{3: A|B|D|E(r2c2), C / F}|after|");
+            "|{2: A|B|D|E(r2), C / F}|after|");
         add("text in the last of merged cells only",
             row("2000 4000", "- A") + row("2000v 4000", "B C") + after, "|{2: B(r2), A / C}|after|");
-        add("merged horizontally", row("2000 4000h 6000", "A B C") + after, "|{3: A|B(c2), C}|after|");
+        add("merged horizontally", row("2000 4000h 6000", "A B C") + after, "|{2: A|B, C}|after|");
+        add("merged horizontally above cells that are not",
+            row("2000 4000h 6000", "A B C") + row("2000 4000 6000", "D E F") + after,
+            "|{3: A|B(c2), C / D, E, F}|after|");
         add("nothing above to merge with", row("2000v 4000", "A B") + after, "|{2: A, B}|after|");
         add("not as wide as the cell above", row("4000", "A") + row("2000v 4000", "B C") + after,
             "|{2: A(c2) / B, C}|after|");
@@ -199,43 +210,6 @@ private slots:
         add("inner cell", "\\trowd\\cellx4000\\itap2 A\\nestcell{\\b B", "|{1: |{2: A, B}|}|");
         add("definition of the inner row",
             "\\trowd\\cellx4000\\itap2 A\\nestcell{\\*\\nesttableprops\\trowd\\cellx9", "|{1: |{1: A}|}|");
-    }
-
-    void cellsKeepTheirLook()
-    {
-        const Reading reading = importBody(
-            colorTable()
-            + rawRow("\\clcbpat1\\clvertalc\\cellx2000\\clmgf\\clcbpat2\\cellx4000\\clmrg\\cellx6000",
-                     cells("A B C"))
-            + row("2000 4000 6000", "D E F") + after);
-        const QTextTable* const table = firstTable(reading);
-        const QTextCharFormat first = table->cellAt(0, 0).format();
-        QCOMPARE(first.background().color(), QColor(Qt::red));
-        QCOMPARE(first.verticalAlignment(), QTextCharFormat::AlignMiddle);
-        QCOMPARE(table->cellAt(0, 2).format().background().color(), QColor(0, 255, 0));
-        QVERIFY(!table->cellAt(1, 0).format().hasProperty(QTextFormat::BackgroundBrush));
-    }
-
-    /*! Cells and sides have one border. Words for lines of rows and paragraphs do not change it. */
-    ORV_ROWS(borders)
-    {
-        const Rows add([](const QByteArray& words, double points, const QColor& color) {
-            const Reading reading =
-                importBody(colorTable() + rawRow(words + "\\cellx2000", cells("A")) + after);
-            const QTextTableFormat format = firstTable(reading)->format();
-            QCOMPARE(format.border(), points);
-            QCOMPARE(format.borderStyle(),
-                     points > 0 ? QTextFrameFormat::BorderStyle_Solid : QTextFrameFormat::BorderStyle_None);
-            QCOMPARE(format.borderBrush().color(), color);
-        });
-        add("width and colour", "\\clbrdrt\\brdrs\\brdrw40\\brdrcf1", 2, QColor(Qt::red));
-        add("kind alone", "\\clbrdrl\\brdrs\\brdrcf2", 1, QColor(0, 255, 0));
-        add("none", "\\clbrdrb\\brdrs\\brdrw40\\clbrdrr\\brdrnil", 0, QColor(Qt::black));
-        add("of the row", "\\clbrdrt\\brdrs\\brdrw40\\brdrcf1\\trbrdrl\\brdrs\\brdrw20\\brdrcf2", 2,
-            QColor(Qt::red));
-        add("of a paragraph",
-            "\\clbrdrt\\brdrs\\brdrw40\\brdrcf1\\cellx2000\\pard\\brdrb\\brdrs\\brdrw20\\brdrcf2", 2,
-            QColor(Qt::red));
     }
 
     /*! Whether or not a row is open when the paragraph begins. */

@@ -1,103 +1,13 @@
-#include "ORVPagePainter.h"
 #include "ORVStockFormats.h"
 #include "ORVTextListFormat.h"
 #include "interchangehelpers.h"
+#include "paintedtext.h"
 #include "testsupport.h"
 
-#include <QtGui/QPaintEngine>
-
 using namespace rtftest;
+using namespace viewtest;
 
 namespace {
-
-/*! A piece of text on a page: where it begins, and its right end. */
-struct Piece {
-    QString text;
-    double left;
-    double right;
-    double baseline;
-};
-
-/*! Records the text that is painted. */
-class Recorder : public QPaintEngine {
-public:
-    Recorder() : QPaintEngine(AllFeatures) { }
-
-    bool begin(QPaintDevice*) override { return true; }
-    bool end() override { return true; }
-    Type type() const override { return User; }
-    void updateState(const QPaintEngineState& state) override { m_transform = state.transform(); }
-    void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override { }
-    void drawTextItem(const QPointF& position, const QTextItem& item) override
-    {
-        const QPointF place = m_transform.map(position);
-        if (!item.text().trimmed().isEmpty())
-            pieces.append({item.text(), place.x(), place.x() + item.width(), place.y()});
-    }
-
-    QList<Piece> pieces;
-
-private:
-    QTransform m_transform;
-};
-
-/*! Paper with 96 pixels to the inch. */
-class RecordedPaper : public QPaintDevice {
-public:
-    QPaintEngine* paintEngine() const override { return &recorder; }
-    int metric(PaintDeviceMetric metric) const override
-    {
-        switch (metric) {
-        case PdmWidth:
-        case PdmHeight: return 2000;
-        case PdmDpiX:
-        case PdmDpiY:
-        case PdmPhysicalDpiX:
-        case PdmPhysicalDpiY: return 96;
-        case PdmDepth: return 32;
-        case PdmDevicePixelRatio: return 1;
-        default: return 0;
-        }
-    }
-
-    mutable Recorder recorder;
-};
-
-/*! The pieces of text on \a page of \a document, which is in stock form, without those that the page clips. */
-QList<Piece> piecesOf(const QTextDocument& document, int page = 0)
-{
-    const ORVPagePainter pages(&document, ORVPageSetup(), 96);
-    RecordedPaper paper;
-    {
-        QPainter painter(&paper);
-        pages.paintPage(&painter, page);
-    }
-    QList<Piece> pieces;
-    for (const Piece& piece : paper.recorder.pieces) {
-        if (piece.baseline > 96 && piece.baseline < 960)
-            pieces.append(piece);
-    }
-    return pieces;
-}
-
-QStringList textsOf(const QList<Piece>& pieces)
-{
-    QStringList texts;
-    for (const Piece& piece : pieces)
-        texts << piece.text;
-    texts.sort();
-    return texts;
-}
-
-/*! The piece with \a text; one far away where there is none. */
-Piece pieceOf(const QList<Piece>& pieces, const QString& text)
-{
-    for (const Piece& piece : pieces) {
-        if (piece.text == text)
-            return piece;
-    }
-    return {QString(), -9999, -9999, -9999};
-}
 
 /*! A document in stock form with a list of one level; \a level are its words. */
 QSharedPointer<QTextDocument> listDocument(const QByteArray& level, const QByteArray& body)
@@ -125,7 +35,8 @@ class TestPageLabels : public QObject {
 private slots:
     void labelsStandAtTheFirstLine()
     {
-        const QList<Piece> pieces = piecesOf(*listDocument(numbers, "\\pard\\ls1 Item\\par Next"));
+        const QList<Piece> pieces =
+            piecesOf(*listDocument(numbers, "\\pard\\fi-360\\li720\\ls1 Item\\par Next"));
         QCOMPARE(textsOf(pieces), QStringList({"1."_s, "2."_s, "Item"_s, "Next"_s}));
         const Piece label = pieceOf(pieces, "1."_s);
         const Piece text = pieceOf(pieces, "Item"_s);
@@ -141,7 +52,8 @@ private slots:
     {
         const Rows add([](const QByteArray& level, const QByteArray& paragraph, const QString& label,
                           double labelLeft, double textLeft) {
-            const QList<Piece> pieces = piecesOf(*listDocument(level, "\\pard\\ls1" + paragraph + " Item"));
+            const QList<Piece> pieces =
+                piecesOf(*listDocument(level, "\\pard\\fi-360\\li720\\ls1" + paragraph + " Item"));
             QCOMPARE(qRound(pieceOf(pieces, label).left), qRound(leftEdge + labelLeft * point));
             QCOMPARE(qRound(pieceOf(pieces, "Item"_s).left), qRound(leftEdge + textLeft * point));
         });
@@ -160,8 +72,10 @@ private slots:
     void textBeginsBehindTheLabel()
     {
         const QByteArray number = "{\\leveltext\\'02\\'00.;}";
-        const QList<Piece> nothing = piecesOf(*listDocument("\\levelfollow2" + number, "\\pard\\ls1 Item"));
-        const QList<Piece> space = piecesOf(*listDocument("\\levelfollow1" + number, "\\pard\\ls1 Item"));
+        const QList<Piece> nothing =
+            piecesOf(*listDocument("\\levelfollow2" + number, "\\pard\\fi-360\\li720\\ls1 Item"));
+        const QList<Piece> space =
+            piecesOf(*listDocument("\\levelfollow1" + number, "\\pard\\fi-360\\li720\\ls1 Item"));
         const double labelEnd = pieceOf(nothing, "1."_s).right;
         QVERIFY(qAbs(pieceOf(nothing, "Item"_s).left - labelEnd) < 1);
         const double gap = pieceOf(space, "Item"_s).left - labelEnd;
@@ -172,18 +86,18 @@ private slots:
     {
         const QByteArray number = "{\\leveltext\\'02\\'00.;}";
         const double position = leftEdge + 18 * point;
-        const Piece right =
-            pieceOf(piecesOf(*listDocument("\\leveljc2" + number, "\\pard\\ls1 Item")), "1."_s);
+        const Piece right = pieceOf(
+            piecesOf(*listDocument("\\leveljc2" + number, "\\pard\\fi-360\\li720\\ls1 Item")), "1."_s);
         QVERIFY(qAbs(right.right - position) < 1);
-        const Piece center =
-            pieceOf(piecesOf(*listDocument("\\leveljc1" + number, "\\pard\\ls1 Item")), "1."_s);
+        const Piece center = pieceOf(
+            piecesOf(*listDocument("\\leveljc1" + number, "\\pard\\fi-360\\li720\\ls1 Item")), "1."_s);
         QVERIFY(qAbs((center.left + center.right) / 2 - position) < 1);
     }
 
     void fromRightToLeft()
     {
         const QList<Piece> pieces =
-            piecesOf(*listDocument(numbers, "\\pard\\rtlpar\\ls1 \\u1488 ?\\u1489 ?"));
+            piecesOf(*listDocument(numbers, "\\pard\\rtlpar\\fi-360\\li720\\ls1 \\u1488 ?\\u1489 ?"));
         const Piece text = pieceOf(pieces, u8"\u05d0\u05d1"_s);
         double labelRight = 0;
         for (const Piece& piece : pieces) {
@@ -197,20 +111,21 @@ private slots:
     void eachPageHasItsLabels()
     {
         const QSharedPointer<QTextDocument> document =
-            listDocument(numbers, "\\pard\\ls1 One\\page Two\\par Three");
+            listDocument(numbers, "\\pard\\fi-360\\li720\\ls1 One\\page Two\\par Three");
         QCOMPARE(textsOf(piecesOf(*document, 0)), QStringList({"1."_s, "One"_s}));
         QCOMPARE(textsOf(piecesOf(*document, 1)), QStringList({"2."_s, "3."_s, "Three"_s, "Two"_s}));
     }
 
     void labelOfAnEmptyItem()
     {
-        QCOMPARE(textsOf(piecesOf(*listDocument(numbers, "\\pard\\ls1\\par Item"))),
+        QCOMPARE(textsOf(piecesOf(*listDocument(numbers, "\\pard\\fi-360\\li720\\ls1\\par Item"))),
                  QStringList({"1."_s, "2."_s, "Item"_s}));
     }
 
     void itemsWithoutMarker()
     {
-        QCOMPARE(textsOf(piecesOf(*listDocument("\\levelnfc0{\\leveltext\\'00;}", "\\pard\\ls1 Item"))),
+        QCOMPARE(textsOf(piecesOf(
+                     *listDocument("\\levelnfc0{\\leveltext\\'00;}", "\\pard\\fi-360\\li720\\ls1 Item"))),
                  QStringList("Item"_s));
     }
 
@@ -218,7 +133,8 @@ private slots:
     void emptyItemInFrontOfATable()
     {
         const QSharedPointer<QTextDocument> document = listDocument(
-            numbers, "\\pard\\ls1 Item\\par\\trowd\\cellx2000\\pard\\intbl Cell\\cell\\row\\pard");
+            numbers,
+            "\\pard\\fi-360\\li720\\ls1 Item\\par\\trowd\\cellx2000\\pard\\intbl Cell\\cell\\row\\pard");
         const QTextBlock hidden = document->begin().next();
         QVERIFY(hidden.length() == 1 || !hidden.textList());
         QCOMPARE(textsOf(piecesOf(*document)), QStringList({"1."_s, "Cell"_s, "Item"_s}));
@@ -265,8 +181,9 @@ private slots:
 
     void labelsKeepTheFormatOfTheText()
     {
-        const QList<Piece> small = piecesOf(*listDocument(numbers, "\\pard\\ls1\\fs20 Item"));
-        const QList<Piece> large = piecesOf(*listDocument(numbers, "\\pard\\ls1\\fs40\\caps Item"));
+        const QList<Piece> small = piecesOf(*listDocument(numbers, "\\pard\\fi-360\\li720\\ls1\\fs20 Item"));
+        const QList<Piece> large =
+            piecesOf(*listDocument(numbers, "\\pard\\fi-360\\li720\\ls1\\fs40\\caps Item"));
         const double width = pieceOf(small, "1."_s).right - pieceOf(small, "1."_s).left;
         QVERIFY(pieceOf(large, "1."_s).right - pieceOf(large, "1."_s).left > 1.8 * width);
     }

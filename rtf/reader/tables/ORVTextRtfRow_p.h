@@ -20,6 +20,8 @@ struct ORVTextRtfCellDefinition {
     // Right edge of the cell, in twips.
     int rightBoundary = 0;
     int verticalAlignment = QTextCharFormat::AlignTop;
+    // Borders and padding, which only the interchange form reads.
+    QTextCharFormat look;
     bool verticalMergeWithPrevious = false;
     bool mergeWithPrevious = false;
     bool closed = false;

@@ -210,6 +210,7 @@ void ORVTextRtfTable::fillCell(int column, const ORVTextRtfCellDefinition& defin
     if (definition.backgroundColor.isValid())
         cell.format.setBackground(QBrush(definition.backgroundColor));
     cell.format.setProperty(QTextFormat::TextVerticalAlignment, definition.verticalAlignment);
+    cell.format.merge(definition.look);
     cell.format.merge(source.charFormat());
     cell.content.append(source.content());
 }
