@@ -3,6 +3,8 @@
 #include "ORVFragmentFormats_p.h"
 #include "ORVFrames_p.h"
 #include "ORVPageGeometry.h"
+#include "ORVTextBorder.h"
+#include "QtFormatCompat_p.h"
 
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextCursor>
@@ -19,10 +21,14 @@ const double mostEmptySpace = 1 << 24;
 const double usualPadding = 36;
 
 const int paragraphDistances[] = {QTextFormat::BlockTopMargin, QTextFormat::BlockBottomMargin};
-const int frameDistances[] = {
-    QTextFormat::FrameBorder,      QTextFormat::FrameMargin,       QTextFormat::FramePadding,
-    QTextFormat::FrameTopMargin,   QTextFormat::FrameBottomMargin, QTextFormat::FrameLeftMargin,
-    QTextFormat::FrameRightMargin, QTextFormat::TableCellSpacing,  QTextFormat::TableCellPadding};
+const int frameDistances[] = {QTextFormat::FrameBorder,       QTextFormat::FrameMargin,
+                              QTextFormat::FramePadding,      QTextFormat::FrameTopMargin,
+                              QTextFormat::FrameBottomMargin, QTextFormat::TableCellSpacing,
+                              QTextFormat::TableCellPadding};
+// Points: padding above and below the text of a cell, which neighbours of the cell have to make room for.
+const double highestCellPadding = 72;
+// Share of the text width that padding on one side of a cell takes at most.
+const double widestCellPadding = 0.25;
 
 class Limiter {
 public:
@@ -53,6 +59,8 @@ private:
     void keepOnPaper(QTextBlockFormat* format) const;
     double onPaper(double pixels, double outside) const;
     void limitPadding(QTextFrameFormat* format) const;
+    void limitCell(QTextCharFormat* format) const;
+    void keepOnPaper(QTextFrameFormat* format) const;
     QTextCharFormat text(QTextCharFormat format) const;
     template <int Count>
     void limit(QTextFormat* format, const int (&properties)[Count], double (*limited)(double)) const;
@@ -149,8 +157,32 @@ void Limiter::limitPadding(QTextFrameFormat* format) const
            qMax((column - leastWordRoom) / 2, usualPadding) * m_pixelsPerPoint);
 }
 
+void Limiter::limitCell(QTextCharFormat* format) const
+{
+    const double width = qMax(m_textWidth * widestCellPadding, usualPadding) * m_pixelsPerPoint;
+    atMost(format, QTextFormat::TableCellLeftPadding, width);
+    atMost(format, QTextFormat::TableCellRightPadding, width);
+    atMost(format, QTextFormat::TableCellTopPadding, highestCellPadding * m_pixelsPerPoint);
+    atMost(format, QTextFormat::TableCellBottomPadding, highestCellPadding * m_pixelsPerPoint);
+    for (int side = 0; side < ORVTextBorder::SideCount; ++side)
+        atMost(format, compat::tableCellBorder + side, usualPadding * m_pixelsPerPoint);
+}
+
+/*! Margins of frames can be negative, as those of paragraphs. One that makes up for the other still does so. */
+void Limiter::keepOnPaper(QTextFrameFormat* format) const
+{
+    const bool isShifted = format->rightMargin() == -format->leftMargin();
+    if (format->hasProperty(QTextFormat::FrameLeftMargin))
+        format->setLeftMargin(onPaper(format->leftMargin(), m_leftOfText));
+    if (format->hasProperty(QTextFormat::FrameRightMargin))
+        format->setRightMargin(isShifted ? -format->leftMargin()
+                                         : onPaper(format->rightMargin(), m_rightOfText));
+}
+
 QTextCharFormat Limiter::text(QTextCharFormat format) const
 {
+    if (format.objectType() == QTextFormat::TableCellObject)
+        limitCell(&format);
     atMost(&format, QTextFormat::FontPointSize, ORVPageLimits::largestFont);
     atMost(&format, QTextFormat::FontPixelSize, ORVPageLimits::largestFont * m_pixelsPerPoint);
     return format;
@@ -193,6 +225,7 @@ void Limiter::limitFrames() const
     for (QTextFrame* const frame : frames) {
         QTextFrameFormat format = frame->frameFormat();
         limit(&format, frameDistances, ORVPageLimits::distance);
+        keepOnPaper(&format);
         limitPadding(&format);
         if (format != frame->frameFormat())
             frame->setFrameFormat(format);

@@ -1,9 +1,14 @@
 #include "ORVPagePainter.h"
 
+#include "ORVFrames_p.h"
+#include "ORVPageBorders_p.h"
 #include "ORVPageLabels_p.h"
+#include "ORVPageLeaders_p.h"
 #include "ORVPageLimits_p.h"
+#include "ORVPageSpacing_p.h"
 #include "ORVRounding_p.h"
 #include "ORVRtfPageTags_p.h"
+#include "ORVStockOriginals_p.h"
 #include "ORVTabStops_p.h"
 #include "ORVTextPage.h"
 #include "ORVUnit.h"
@@ -17,6 +22,7 @@
 #include <QtGui/QTextCursor>
 #include <QtGui/QTextDocument>
 #include <QtGui/QTextOption>
+#include <QtGui/QTextTable>
 
 #include <cmath>
 
@@ -55,6 +61,22 @@ void setTabDistance(QTextDocument* document)
         return;
     ORVTabStops::setDistance(option, tabDistance * ORVUnit::screenResolution() / 72);
     document->setDefaultTextOption(option);
+}
+
+/*! Tables begin where they do in the original, also to the left of where views can show them. */
+void setTableMargins(QTextDocument* document)
+{
+    const QList<QTextFrame*> frames = ORVFrames::all(document);
+    for (QTextFrame* const frame : frames) {
+        QTextTable* const table = qobject_cast<QTextTable*>(frame);
+        if (!table || table->format().leftMargin() >= 0 || !ORVStockOriginals::isStock(table->format()))
+            continue;
+        QTextTableFormat format = table->format();
+        const double margin = ORVPageLimits::length(ORVStockOriginals::original(format).leftMargin());
+        format.setLeftMargin(margin * ORVUnit::screenResolution() / 72);
+        format.setRightMargin(-format.leftMargin());
+        table->setFormat(format);
+    }
 }
 
 /*!
@@ -115,6 +137,8 @@ private:
     QScopedPointer<QPaintDevice> m_device;
     QScopedPointer<QTextDocument> m_document;
     QScopedPointer<ORVPageLabels> m_labels;
+    QScopedPointer<ORVPageBorders> m_borders;
+    QScopedPointer<ORVPageLeaders> m_leaders;
 };
 
 ORVPagePainterPrivate::ORVPagePainterPrivate(const QTextDocument* document, const ORVPageSetup& setup,
@@ -123,6 +147,10 @@ ORVPagePainterPrivate::ORVPagePainterPrivate(const QTextDocument* document, cons
       m_document(document ? TextDocSupport::cloneDocumentQtStyle(document, nullptr) : new QTextDocument)
 {
     setTabDistance(m_document.data());
+    ORVPageSpacing::leaveOut(m_document.data());
+    m_leaders.reset(new ORVPageLeaders(m_document.data(), m_device.data()));
+    setTableMargins(m_document.data());
+    m_borders.reset(new ORVPageBorders(m_document.data(), ORVUnit::screenResolution()));
     m_labels.reset(new ORVPageLabels(m_document.data(), m_device.data()));
     ORVPageLimits::apply(m_document.data(), m_setup.page, ORVUnit::screenResolution());
     m_document->setUseDesignMetrics(true);
@@ -130,6 +158,8 @@ ORVPagePainterPrivate::ORVPagePainterPrivate(const QTextDocument* document, cons
     m_document->setDocumentMargin(0);
     m_document->setPageSize(layoutArea().size());
     m_labels->assignPages(layoutArea().height());
+    m_borders->assignPages(layoutArea().height());
+    m_leaders->assignPages(layoutArea().height());
 }
 
 int ORVPagePainterPrivate::pageCount() const
@@ -171,6 +201,11 @@ void ORVPagePainterPrivate::paintText(QPainter* painter, int page) const
     context.clip = clip;
     m_document->documentLayout()->draw(painter, context);
     m_labels->paint(painter, page);
+    m_leaders->paint(painter, page);
+    painter->restore();
+    painter->save();
+    painter->translate(area.left(), area.top() - top);
+    m_borders->paint(painter, page);
     painter->restore();
 }
 

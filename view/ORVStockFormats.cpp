@@ -3,6 +3,7 @@
 #include "ORVFragmentFormats_p.h"
 #include "ORVFrames_p.h"
 #include "ORVRtfProperties.h"
+#include "ORVStockCells_p.h"
 #include "ORVStockLists_p.h"
 #include "ORVStockOriginals_p.h"
 #include "ORVStockParagraph_p.h"
@@ -21,8 +22,8 @@
 
 namespace {
 
-// int: pixels per inch of a format in stock form; 0 for a table converted from a stock form that toStock()
-// did not make.
+// int: pixels per inch of a format in stock form; 0 for a table or text converted from a stock form that
+// toStock() did not make.
 const int resolutionProperty = QTextFormat::UserProperty + 310;
 // The first of the properties that store original values, in the application's form.
 const int firstKeptProperty = QTextFormat::UserProperty + 311;
@@ -43,16 +44,30 @@ const int stockProperties[] = {
     QTextFormat::TableCellPadding,
     QTextFormat::TableColumnWidthConstraints,
     compat::tableBorderCollapse,
+    QTextFormat::FrameLeftMargin,
+    QTextFormat::FrameRightMargin,
     resolutionProperty,
+    // Also Qt's id for the level of a heading.
+    ORVRtfProperty::LineSpacing,
+    ORVRtfProperty::TabLeaders,
+    QTextFormat::FontLetterSpacing,
 };
 const int stockPropertyCount = int(sizeof(stockProperties) / sizeof(stockProperties[0]));
 
 const int paragraphIndents[] = {ORVRtfProperty::LeftIndent, ORVRtfProperty::RightIndent,
                                 ORVRtfProperty::LineSpacing, ORVRtfProperty::LineMultiple};
 
+const double pointsPerInch = 72;
+
 bool isStock(const QTextFormat& format)
 {
     return format.intProperty(resolutionProperty) > 0;
+}
+
+/*! Whether the stock form has the property as well, unless the paragraph is a heading. */
+bool isKeptInPlace(int property)
+{
+    return property == ORVRtfProperty::LineSpacing;
 }
 
 /*! Stores \a application, the format that \a stock was made from, in \a stock. */
@@ -60,8 +75,10 @@ template <typename Format>
 Format remembering(Format stock, const Format& application, int resolution)
 {
     for (int i = 0; i < stockPropertyCount; ++i) {
-        if (application.hasProperty(stockProperties[i]))
-            stock.setProperty(firstKeptProperty + i, application.property(stockProperties[i]));
+        const QVariant value = application.property(stockProperties[i]);
+        if (value.isValid()
+            && !(isKeptInPlace(stockProperties[i]) && stock.property(stockProperties[i]) == value))
+            stock.setProperty(firstKeptProperty + i, value);
     }
     stock.setProperty(resolutionProperty, resolution);
     return stock;
@@ -75,7 +92,7 @@ Format remembered(Format stock)
         const QVariant value = stock.property(firstKeptProperty + i);
         if (value.isValid())
             stock.setProperty(stockProperties[i], value);
-        else
+        else if (!isKeptInPlace(stockProperties[i]))
             stock.clearProperty(stockProperties[i]);
         stock.clearProperty(firstKeptProperty + i);
     }
@@ -91,10 +108,11 @@ bool isApplicationParagraph(const QTextBlockFormat& format)
     return false;
 }
 
+/*! Whether \a format has a property that differs between the two forms; levels of headings do not. */
 bool hasStockProperty(const QTextFormat& format)
 {
     for (const int property : stockProperties) {
-        if (format.hasProperty(property))
+        if (!isKeptInPlace(property) && format.hasProperty(property))
             return true;
     }
     return false;
@@ -113,26 +131,71 @@ QTextCharFormat::VerticalAlignment shiftedAlignment(const QTextCharFormat& forma
                                                                  : QTextCharFormat::AlignSubScript;
 }
 
+bool isShifted(const QTextCharFormat& format)
+{
+    return format.verticalAlignment() == QTextCharFormat::AlignMiddle
+        && format.intProperty(ORVRtfProperty::BaselineShift) != 0;
+}
+
+/*! Whether the letters are a length apart; other spacing is a share of their widths. */
+bool isSpaced(const QTextCharFormat& format)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    return format.hasProperty(QTextFormat::FontLetterSpacing)
+        && format.intProperty(QTextFormat::FontLetterSpacingType) == QFont::AbsoluteSpacing;
+#else
+    Q_UNUSED(format);
+    return false;
+#endif
+}
+
+/*! \a format with \a factor times the letter spacing, if it is a length. */
+QTextCharFormat scaled(QTextCharFormat format, double factor)
+{
+    const int property = QTextFormat::FontLetterSpacing;
+    if (isSpaced(format))
+        format.setProperty(property, format.doubleProperty(property) * factor);
+    return format;
+}
+
 QTextCharFormat stockText(const QTextCharFormat& format, int resolution)
 {
-    if (isStock(format) || format.verticalAlignment() != QTextCharFormat::AlignMiddle
-        || format.intProperty(ORVRtfProperty::BaselineShift) == 0)
+    if (isStock(format) || (!isShifted(format) && !isSpaced(format)))
         return format;
-    QTextCharFormat stock(format);
-    stock.setVerticalAlignment(shiftedAlignment(format));
+    QTextCharFormat stock = scaled(format, resolution / pointsPerInch);
+    if (isShifted(format))
+        stock.setVerticalAlignment(shiftedAlignment(format));
     return remembering(stock, format, resolution);
 }
 
-QTextCharFormat applicationText(const QTextCharFormat& format)
+/*! The application's form of \a format, which \a application was in stock form. */
+QTextCharFormat changedText(QTextCharFormat application, const QTextCharFormat& format)
 {
-    if (!isStock(format))
-        return format;
-    QTextCharFormat application = remembered(format);
-    if (format.verticalAlignment() != shiftedAlignment(format)) {
+    const int resolution = format.intProperty(resolutionProperty);
+    const bool wasShifted = isShifted(application);
+    const QTextCharFormat expected = scaled(application, resolution / pointsPerInch);
+    const int spacing = QTextFormat::FontLetterSpacing;
+    if (expected.property(spacing) != format.property(spacing)) {
+        const QTextCharFormat changed = scaled(format, pointsPerInch / resolution);
+        application.setProperty(spacing, changed.property(spacing));
+    }
+    if (!wasShifted || format.verticalAlignment() != shiftedAlignment(format))
         application.setProperty(QTextFormat::TextVerticalAlignment,
                                 format.property(QTextFormat::TextVerticalAlignment));
+    if (wasShifted && format.verticalAlignment() != shiftedAlignment(format))
         application.clearProperty(ORVRtfProperty::BaselineShift);
-    }
+    return application;
+}
+
+/*! Spacing that has always been in pixels is marked once it is in points, as nothing else distinguishes the two. */
+QTextCharFormat applicationText(const QTextCharFormat& format, int resolution)
+{
+    if (isStock(format))
+        return changedText(remembered(format), format);
+    if (!isSpaced(format) || format.hasProperty(resolutionProperty))
+        return format;
+    QTextCharFormat application = scaled(format, pointsPerInch / resolution);
+    application.setProperty(resolutionProperty, 0);
     return application;
 }
 
@@ -239,7 +302,13 @@ QTextBlockFormat Conversion::paragraph(const QTextBlockFormat& format, const ORV
 
 QTextCharFormat Conversion::text(const QTextCharFormat& format) const
 {
-    return m_direction == ToStock ? stockText(format, m_resolution) : applicationText(format);
+    const bool isToStock = m_direction == ToStock;
+    QTextCharFormat result =
+        isToStock ? stockText(format, m_resolution) : applicationText(format, m_resolution);
+    if (!ORVStockCells::hasLook(format))
+        return result;
+    return isToStock ? ORVStockCells::stock(result, m_resolution)
+                     : ORVStockCells::application(result, m_resolution);
 }
 
 /*! Converts each paragraph format once: paragraphs that share a format share the list too. */
@@ -318,7 +387,7 @@ QTextTableFormat Conversion::applicationTable(const QTextTable* table)
 
 } // namespace
 
-bool ORVStockOriginals::isStock(const QTextBlockFormat& format)
+bool ORVStockOriginals::isStock(const QTextFormat& format)
 {
     return ::isStock(format);
 }
@@ -326,6 +395,11 @@ bool ORVStockOriginals::isStock(const QTextBlockFormat& format)
 QTextBlockFormat ORVStockOriginals::original(const QTextBlockFormat& format)
 {
     return remembered(format);
+}
+
+QTextTableFormat ORVStockOriginals::original(const QTextTableFormat& format)
+{
+    return isStock(format) ? remembered(format) : format;
 }
 
 void ORVStockFormats::toStock(QTextDocument* document)

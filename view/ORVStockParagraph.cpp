@@ -1,12 +1,17 @@
 #include "ORVStockParagraph_p.h"
 
+#include "ORVHeading_p.h"
 #include "ORVPageGeometry.h"
 #include "ORVPageLimits_p.h"
 #include "ORVRtfProperties.h"
 #include "ORVRtfUnits_p.h"
 #include "ORVStockLists_p.h"
+#include "QtFormatCompat_p.h"
 
 #include <QtGui/QTextDocument>
+
+#include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -51,6 +56,31 @@ Indents indentsOf(const QTextBlockFormat& format, const ORVStockListItem& item)
     return indents;
 }
 
+bool isBefore(const QTextOption::Tab& tab, const QTextOption::Tab& other)
+{
+    return tab.position < other.position;
+}
+
+/*! Brings \a tabs into the order of their positions, which Qt expects, and \a leaders with them. */
+void sortTabs(QList<QTextOption::Tab>& tabs, QString& leaders)
+{
+    if (std::is_sorted(tabs.constBegin(), tabs.constEnd(), isBefore))
+        return;
+    QVector<int> order(int(tabs.size()));
+    std::iota(order.begin(), order.end(), 0);
+    std::stable_sort(order.begin(), order.end(),
+                     [&tabs](int tab, int other) { return isBefore(tabs.at(tab), tabs.at(other)); });
+    QList<QTextOption::Tab> sortedTabs;
+    QString sortedLeaders;
+    for (const int index : order) {
+        sortedTabs.append(tabs.at(index));
+        if (!leaders.isEmpty())
+            sortedLeaders += index < leaders.size() ? leaders.at(index) : QLatin1Char(' ');
+    }
+    tabs = sortedTabs;
+    leaders = sortedLeaders;
+}
+
 bool isChanged(const QTextFormat& before, const QTextFormat& after, int property)
 {
     return before.property(property) != after.property(property);
@@ -87,6 +117,9 @@ QTextBlockFormat ORVStockParagraph::stock(const QTextBlockFormat& format, const 
     setStockSpacing(&result, QTextFormat::BlockTopMargin);
     setStockSpacing(&result, QTextFormat::BlockBottomMargin);
     setStockLineHeight(&result);
+    // In place of the line spacing, which has become a line height.
+    if (const int level = ORVHeading::level(format))
+        result.setProperty(compat::headingLevel, level);
     return result;
 }
 
@@ -114,14 +147,21 @@ void ORVStockParagraph::setStockIndents(QTextBlockFormat* stock, const ORVStockL
 void ORVStockParagraph::setStockTabs(QTextBlockFormat* stock, double left, double firstLine) const
 {
     QList<QTextOption::Tab> tabs = stock->tabPositions();
+    QString leaders = stock->stringProperty(ORVRtfProperty::TabLeaders);
+    sortTabs(tabs, leaders);
     int firstInside = 0;
     for (QTextOption::Tab& tab : tabs) {
         tab.position = stockLength(tab.position - left);
         if (tab.position < 0)
             ++firstInside;
     }
-    if (firstLine < 0 && (firstInside == tabs.size() || tabs.at(firstInside).position != 0))
+    if (firstLine < 0 && (firstInside == tabs.size() || tabs.at(firstInside).position != 0)) {
         tabs.insert(firstInside, QTextOption::Tab(0, QTextOption::LeftTab));
+        if (leaders.size() > firstInside)
+            leaders.insert(firstInside, QLatin1Char(' '));
+    }
+    if (!leaders.isEmpty())
+        stock->setProperty(ORVRtfProperty::TabLeaders, leaders);
     if (!tabs.isEmpty())
         stock->setTabPositions(tabs);
 }
@@ -168,11 +208,14 @@ QTextBlockFormat ORVStockParagraph::application(const QTextBlockFormat& format,
         setRightIndent(&result, changed, item);
     // Variants with equal tab stops may compare unequal: Qt 5 compares the padding bytes between their
     // members.
-    if (expected.tabPositions() != changed.tabPositions())
-        setTabs(&result, changed);
+    if (expected.tabPositions() != changed.tabPositions()
+        || isChanged(expected, changed, ORVRtfProperty::TabLeaders))
+        setTabs(&result, changed, item);
     if (isChanged(expected, changed, QTextFormat::LineHeight)
         || isChanged(expected, changed, QTextFormat::LineHeightType))
         setLineSpacing(&result, changed);
+    if (isChanged(expected, changed, compat::headingLevel))
+        ORVHeading::setLevel(result, changed.intProperty(compat::headingLevel));
     const int margins[] = {QTextFormat::BlockTopMargin, QTextFormat::BlockBottomMargin};
     for (const int margin : margins) {
         if (!isChanged(expected, changed, margin))
@@ -193,7 +236,7 @@ QTextBlockFormat ORVStockParagraph::translated(const QTextBlockFormat& format,
     result.clearProperty(QTextFormat::TextIndent);
     setLeftIndents(&result, format, item, true, true);
     setRightIndent(&result, format, item);
-    setTabs(&result, format);
+    setTabs(&result, format, item);
     setLineSpacing(&result, format);
     scale(&result, QTextFormat::BlockTopMargin, 72 / m_resolution);
     scale(&result, QTextFormat::BlockBottomMargin, 72 / m_resolution);
@@ -223,18 +266,26 @@ void ORVStockParagraph::setRightIndent(QTextBlockFormat* result, const QTextBloc
         result->setProperty(ORVRtfProperty::RightIndent, m_textWidth - points(right));
 }
 
-void ORVStockParagraph::setTabs(QTextBlockFormat* result, const QTextBlockFormat& stock) const
+void ORVStockParagraph::setTabs(QTextBlockFormat* result, const QTextBlockFormat& stock,
+                                const ORVStockListItem& item) const
 {
-    const double left = result->doubleProperty(ORVRtfProperty::LeftIndent);
+    const double left = indentsOf(*result, item).left;
     const bool isHanging = stock.textIndent() < 0;
     QList<QTextOption::Tab> tabs;
     const QList<QTextOption::Tab> stockTabs = stock.tabPositions();
+    QString leaders = stock.stringProperty(ORVRtfProperty::TabLeaders);
     for (QTextOption::Tab tab : stockTabs) {
-        if (isHanging && tab.position == 0)
+        if (isHanging && tab.position == 0) {
+            leaders.remove(int(tabs.size()), 1);
             continue;
+        }
         tab.position = left + points(tab.position);
         tabs.append(tab);
     }
+    if (tabs.isEmpty() || leaders.isEmpty())
+        result->clearProperty(ORVRtfProperty::TabLeaders);
+    else
+        result->setProperty(ORVRtfProperty::TabLeaders, leaders.left(int(tabs.size())));
     if (tabs.isEmpty())
         result->clearProperty(QTextFormat::TabPositions);
     else
@@ -247,6 +298,15 @@ void ORVStockParagraph::setLineSpacing(QTextBlockFormat* result, const QTextBloc
     const int type = stock.lineHeightType();
     if (type == QTextBlockFormat::LineDistanceHeight)
         return;
+    const int heading = ORVHeading::level(*result);
+    result->clearProperty(ORVRtfProperty::HeadingLevel);
+    setSpacing(result, height, type);
+    if (heading > 0)
+        ORVHeading::setLevel(*result, heading);
+}
+
+void ORVStockParagraph::setSpacing(QTextBlockFormat* result, double height, int type) const
+{
     result->clearProperty(ORVRtfProperty::LineSpacing);
     result->clearProperty(ORVRtfProperty::LineMultiple);
     result->clearProperty(QTextFormat::LineHeight);

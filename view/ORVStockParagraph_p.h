@@ -47,8 +47,9 @@ private:
                         bool isLeftChanged, bool isFirstLineChanged) const;
     void setRightIndent(QTextBlockFormat* result, const QTextBlockFormat& stock,
                         const ORVStockListItem& item) const;
-    void setTabs(QTextBlockFormat* result, const QTextBlockFormat& stock) const;
+    void setTabs(QTextBlockFormat* result, const QTextBlockFormat& stock, const ORVStockListItem& item) const;
     void setLineSpacing(QTextBlockFormat* result, const QTextBlockFormat& stock) const;
+    void setSpacing(QTextBlockFormat* result, double height, int type) const;
 
     double m_resolution;
     double m_textWidth;

@@ -10,6 +10,9 @@ namespace {
 
 const int lengthProperties[] = {QTextFormat::FrameBorder, QTextFormat::TableCellPadding};
 
+// Of documents in Qt's views, in pixels.
+const double viewMargin = 4;
+
 /*! Multiplies fixed widths by \a fixedFactor and percentages by \a shareFactor. */
 void scaleWidths(QTextTableFormat* format, double fixedFactor, double shareFactor)
 {
@@ -86,6 +89,19 @@ void ORVStockTables::remember(const QTextTable* table, const QTextTableFormat& f
     m_columnShares.insert(table, shares);
 }
 
+/*!
+    What stands further left than the margin of a view would be cut off. The right margin makes up for the left one:
+    column widths are shares of the text width, wherever the table begins.
+*/
+void ORVStockTables::setStockMargins(QTextTableFormat* format) const
+{
+    if (!format->hasProperty(QTextFormat::FrameLeftMargin))
+        return;
+    const double left = ORVPageLimits::length(format->leftMargin()) * m_pixelsPerPoint;
+    format->setLeftMargin(qMax(-viewMargin, left));
+    format->setRightMargin(-format->leftMargin());
+}
+
 QTextTableFormat ORVStockTables::stock(const QTextTableFormat& format, double share) const
 {
     QTextTableFormat result(format);
@@ -98,6 +114,7 @@ QTextTableFormat ORVStockTables::stock(const QTextTableFormat& format, double sh
     // Without cell spacing, neighbouring cells share one border line.
     if (format.cellSpacing() == 0)
         result.setProperty(compat::tableBorderCollapse, true);
+    setStockMargins(&result);
     scaleWidths(&result, m_pixelsPerPoint, 1 / share);
     fitShares(&result);
     return result;
@@ -111,6 +128,9 @@ QTextTableFormat ORVStockTables::application(const QTextTableFormat& format, con
         if (changed.hasProperty(property) && changed.property(property) != expected.property(property))
             result.setProperty(property, changed.doubleProperty(property) / m_pixelsPerPoint);
     }
+    const int margin = QTextFormat::FrameLeftMargin;
+    if (changed.property(margin) != expected.property(margin))
+        result.setProperty(margin, changed.doubleProperty(margin) / m_pixelsPerPoint);
     if (changed.columnWidthConstraints() != expected.columnWidthConstraints()) {
         result.setColumnWidthConstraints(changed.columnWidthConstraints());
         scaleWidths(&result, 1 / m_pixelsPerPoint, share);

@@ -37,6 +37,8 @@ public:
                                  const QTextTableFormat& changed, double share) const;
 
 private:
+    void setStockMargins(QTextTableFormat* format) const;
+
     double m_pixelsPerPoint;
     double m_textWidth;
     QHash<const QTextTable*, QVector<double>> m_columnShares;

@@ -1,7 +1,11 @@
+#include "ORVHeading_p.h"
 #include "ORVPageGeometry.h"
 #include "ORVStockFormats.h"
+#include "ORVTextBorder.h"
 #include "ORVUnit.h"
 #include "QtFormatCompat_p.h"
+#include "interchangehelpers.h"
+#include "tabletesthelpers.h"
 #include "testsupport.h"
 
 using rtftest::blockFormat;
@@ -276,6 +280,75 @@ private slots:
         QCOMPARE(third->format().cellPadding(), 2112.0);
     }
 
+    /*! Lines and padding of cells. A line below a pixel is still seen; the distance from the margin is not cut off. */
+    void cells()
+    {
+        QTextDocument document;
+        QTextTableFormat format = tableFormat(0, 0);
+        format.setLeftMargin(-9);
+        QTextTable* const table = insertTable(&document, format);
+        format.setLeftMargin(36);
+        QTextTable* const right = insertTable(&document, format);
+        QTextCharFormat cellFormat = table->cellAt(0, 0).format();
+        ORVTextBorder border;
+        border.style = QTextFrameFormat::BorderStyle_Dotted;
+        border.width = 0.25;
+        border.setToCell(cellFormat, ORVTextBorder::Left);
+        border.width = 3;
+        border.setToCell(cellFormat, ORVTextBorder::Right);
+        cellFormat.setProperty(QTextFormat::TableCellLeftPadding, 5.4);
+        table->cellAt(0, 0).setFormat(cellFormat);
+        const QStringList lines = documentLines(document);
+        ORVStockFormats::toStock(&document);
+        const QTextCharFormat stock = table->cellAt(0, 0).format();
+        QCOMPARE(ORVTextBorder::ofCell(stock, ORVTextBorder::Left).width, 1.0);
+        QCOMPARE(ORVTextBorder::ofCell(stock, ORVTextBorder::Right).width, 4.0);
+        QCOMPARE(stock.doubleProperty(QTextFormat::TableCellLeftPadding), 7.2);
+        QCOMPARE(table->format().leftMargin(), -4.0);
+        QCOMPARE(table->format().rightMargin(), 4.0);
+        QCOMPARE(right->format().leftMargin(), 48.0);
+        QCOMPARE(right->format().rightMargin(), -48.0);
+        const QStringList stockLines = documentLines(document);
+        ORVStockFormats::toStock(&document);
+        QCOMPARE(documentLines(document), stockLines);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(documentLines(document), lines);
+    }
+
+    void changedCell()
+    {
+        QTextDocument document;
+        QTextTable* const table = insertTable(&document, tableFormat(0, 0));
+        QTextTableCell cell = table->cellAt(0, 0);
+        QTextCharFormat format = cell.format();
+        format.setProperty(QTextFormat::TableCellLeftPadding, 5.4);
+        format.setProperty(QTextFormat::TableCellTopPadding, 0.1);
+        cell.setFormat(format);
+        ORVStockFormats::toStock(&document);
+        format = cell.format();
+        format.setProperty(QTextFormat::TableCellLeftPadding, 8.0);
+        format.setProperty(QTextFormat::TableCellRightPadding, 4.0);
+        cell.setFormat(format);
+        ORVStockFormats::fromStock(&document);
+        format = cell.format();
+        QCOMPARE(format.doubleProperty(QTextFormat::TableCellLeftPadding), 6.0);
+        QCOMPARE(format.doubleProperty(QTextFormat::TableCellRightPadding), 3.0);
+        QCOMPARE(format.doubleProperty(QTextFormat::TableCellTopPadding), 0.1);
+    }
+
+    /*! HTML has pixels; a second conversion leaves the points as they are. */
+    void cellsOfHtml()
+    {
+        QTextDocument document;
+        document.setHtml("<table><tr><td style=\"padding-left:8px\">x</td></tr></table>"_s);
+        const QTextTable* const table = rtftest::tablesOf(document).first();
+        for (int i = 0; i < 2; ++i) {
+            ORVStockFormats::fromStock(&document);
+            const QTextCharFormat format = table->cellAt(0, 0).format();
+            QCOMPARE(format.doubleProperty(QTextFormat::TableCellLeftPadding), 6.0);
+        }
+    }
+
     // RTF counts from the page; a view from the cell that the table stands in, which is a half of it here.
     void nestedTableWidths()
     {
@@ -437,6 +510,188 @@ private slots:
         QTextCharFormat expected = rtftest::readBody("{text}").format("text"_s);
         expected.merge(normal);
         QCOMPARE(dump(reading.format("text"_s)), dump(expected));
+    }
+
+#if QT_VERSION >= QT_VERSION_CHECK(5, 0, 0)
+    void letterSpacingIsInPixels()
+    {
+        const rtftest::Reading reading = rtftest::importBody("{\\expndtw30 text}");
+        const QTextCharFormat application = charFormat(*reading.document);
+        ORVStockFormats::toStock(reading.document.data());
+        QCOMPARE(charFormat(*reading.document).fontLetterSpacing(), 2.0);
+        ORVStockFormats::toStock(reading.document.data());
+        QCOMPARE(charFormat(*reading.document).fontLetterSpacing(), 2.0);
+        ORVStockFormats::fromStock(reading.document.data());
+        QVERIFY(charFormat(*reading.document) == application);
+    }
+
+    void changedLetterSpacing()
+    {
+        const rtftest::Reading reading = rtftest::importBody("{\\expndtw30 text}");
+        ORVStockFormats::toStock(reading.document.data());
+        QTextCharFormat change;
+        change.setFontLetterSpacing(4);
+        QTextCursor cursor(reading.document.data());
+        cursor.select(QTextCursor::Document);
+        cursor.mergeCharFormat(change);
+        ORVStockFormats::fromStock(reading.document.data());
+        QCOMPARE(charFormat(*reading.document).fontLetterSpacing(), 3.0);
+    }
+
+    // Qt's own spacing is a share of the letters' width, and has no unit.
+    void relativeLetterSpacingStays()
+    {
+        QTextDocument document;
+        QTextCharFormat format;
+        format.setFontLetterSpacingType(QFont::PercentageSpacing);
+        format.setFontLetterSpacing(110);
+        QTextCursor(&document).insertText("text"_s, format);
+        ORVStockFormats::toStock(&document);
+        QVERIFY(charFormat(document) == format);
+        ORVStockFormats::fromStock(&document);
+        QVERIFY(charFormat(document) == format);
+    }
+
+    void letterSpacingOfHtml()
+    {
+        QTextDocument document;
+        QTextCharFormat format;
+        format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
+        format.setFontLetterSpacing(4);
+        QTextCursor(&document).insertText("text"_s, format);
+        for (int i = 0; i < 2; ++i) {
+            ORVStockFormats::fromStock(&document);
+            QCOMPARE(charFormat(document).fontLetterSpacing(), 3.0);
+        }
+        ORVStockFormats::toStock(&document);
+        QCOMPARE(charFormat(document).fontLetterSpacing(), 4.0);
+    }
+#endif
+
+    // Qt and the application have one id for two properties.
+    ORV_ROWS(headings)
+    {
+        const Rows add([](const QByteArray& words, int level) {
+            const rtftest::Reading reading = rtftest::importBody("\\pard" + words + " text");
+            const QTextBlockFormat application = reading.blockFormat(0);
+            ORVStockFormats::toStock(reading.document.data());
+            const QVariant stock = reading.blockFormat(0).property(compat::headingLevel);
+            QCOMPARE(stock.userType() == QMetaType::Int ? stock.toInt() : 0, level);
+            ORVStockFormats::fromStock(reading.document.data());
+            QVERIFY(reading.blockFormat(0) == application);
+        });
+        add("no heading", "\\sl360\\li100", 0);
+        add("heading", "\\outlinelevel1", 2);
+        add("with an indent", "\\outlinelevel1\\li100", 2);
+        add("with line spacing", "\\outlinelevel1\\sl360\\slmult1", 2);
+        add("behind line spacing", "\\sl-360\\outlinelevel5", 6);
+    }
+
+    ORV_ROWS(changedHeadings)
+    {
+        const Rows add([](const QByteArray& words, const Properties& change, int level, double spacing) {
+            const rtftest::Reading reading = rtftest::importBody("\\pard" + words + " text");
+            ORVStockFormats::toStock(reading.document.data());
+            QTextCursor(reading.document.data()).mergeBlockFormat(blockFormat(change));
+            ORVStockFormats::fromStock(reading.document.data());
+            QCOMPARE(ORVHeading::level(reading.blockFormat(0)), level);
+            QCOMPARE(reading.blockFormat(0).doubleProperty(LineSpacing), spacing);
+        });
+        const Properties doubleLines = {{LineHeight, 200.0},
+                                        {LineHeightType, int(QTextBlockFormat::ProportionalHeight)}};
+        add("becomes one", "\\li100", {{compat::headingLevel, 3}}, 3, 0);
+        add("becomes one with line spacing", "\\sl360\\slmult1", {{compat::headingLevel, 3}}, 3, 18);
+        add("other level", "\\li100\\outlinelevel0", {{compat::headingLevel, 3}}, 3, 0);
+        add("other level with line spacing", "\\outlinelevel0\\sl360\\slmult1", {{compat::headingLevel, 3}},
+            3, 18);
+        add("gets line spacing", "\\li100\\outlinelevel0", doubleLines, 1, 24);
+        add("gets other line spacing", "\\outlinelevel0\\sl360\\slmult1", doubleLines, 1, 24);
+    }
+
+    void headingOfHtml()
+    {
+        QTextDocument document;
+        document.setHtml("<h2 style=\"line-height:150%\">text</h2>"_s);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(ORVHeading::level(document.begin().blockFormat()), 2);
+        QCOMPARE(document.begin().blockFormat().doubleProperty(LineSpacing), 18.0);
+    }
+
+    // The edge of a hanging indent is a tab stop in stock form, which has no leader.
+    void leadersStayParallelToTabStops()
+    {
+        const rtftest::Reading reading =
+            rtftest::importBody("\\pard\\fi-360\\li720\\tldot\\tx200\\tlul\\tx4000 text");
+        const QTextBlockFormat application = reading.blockFormat(0);
+        ORVStockFormats::toStock(reading.document.data());
+        QCOMPARE(reading.blockFormat(0).tabPositions().size(), 3);
+        QCOMPARE(reading.blockFormat(0).stringProperty(TabLeaders), ". _"_s);
+        ORVStockFormats::fromStock(reading.document.data());
+        QVERIFY(reading.blockFormat(0) == application);
+    }
+
+    // Qt stops at the first one of the list that it has not passed.
+    void tabStopsAreInOrder()
+    {
+        const rtftest::Reading reading =
+            rtftest::importBody("\\pard\\tx3000\\tldot\\tx1500\\tlul\\tqr\\tx6000\\tx2000 text");
+        const QTextBlockFormat application = reading.blockFormat(0);
+        ORVStockFormats::toStock(reading.document.data());
+        QList<int> positions;
+        const QList<QTextOption::Tab> tabs = reading.blockFormat(0).tabPositions();
+        for (const QTextOption::Tab& tab : tabs)
+            positions << qRound(tab.position * 15);
+        QCOMPARE(positions, (QList<int>{1500, 2000, 3000, 6000}));
+        QCOMPARE(tabs.constLast().type, QTextOption::RightTab);
+        QCOMPARE(reading.blockFormat(0).stringProperty(TabLeaders), ".  _"_s);
+        ORVStockFormats::fromStock(reading.document.data());
+        QVERIFY(reading.blockFormat(0) == application);
+    }
+
+    void changedTabStopsOfLeaders()
+    {
+        const rtftest::Reading reading = rtftest::importBody("\\pard\\fi-360\\li720\\tlul\\tx4000 text");
+        ORVStockFormats::toStock(reading.document.data());
+        QTextBlockFormat change;
+        QList<QTextOption::Tab> tabs = reading.blockFormat(0).tabPositions();
+        tabs.last().position += 96;
+        change.setTabPositions(tabs);
+        QTextCursor(reading.document.data()).mergeBlockFormat(change);
+        ORVStockFormats::fromStock(reading.document.data());
+        QCOMPARE(reading.blockFormat(0).tabPositions().constFirst().position, 272.0);
+        QCOMPARE(reading.blockFormat(0).stringProperty(TabLeaders), "_"_s);
+    }
+
+    void changedLeaders()
+    {
+        const rtftest::Reading reading = rtftest::importBody("\\pard\\fi-360\\li720\\tlul\\tx4000 text");
+        ORVStockFormats::toStock(reading.document.data());
+        QTextBlockFormat change;
+        change.setProperty(TabLeaders, " ."_s);
+        QTextCursor(reading.document.data()).mergeBlockFormat(change);
+        ORVStockFormats::fromStock(reading.document.data());
+        QCOMPARE(reading.blockFormat(0).tabPositions().constFirst().position, 200.0);
+        QCOMPARE(reading.blockFormat(0).stringProperty(TabLeaders), "."_s);
+    }
+
+    // Its indent is that of its level.
+    void changedTabStopsOfAListItem()
+    {
+        QTextDocument document;
+        QTextCursor cursor(&document);
+        QTextList* const list = cursor.createList(listFormatWith({level("%0."_s, 36, 18)}));
+        ORVTextListFormat::setBlockLevel(list, document.begin(), 0);
+        QTextBlockFormat format = cursor.blockFormat();
+        format.setTabPositions({QTextOption::Tab(100, QTextOption::LeftTab)});
+        cursor.setBlockFormat(format);
+        ORVStockFormats::toStock(&document);
+        QTextBlockFormat change;
+        QList<QTextOption::Tab> tabs = document.begin().blockFormat().tabPositions();
+        tabs.last().position += 96;
+        change.setTabPositions(tabs);
+        cursor.mergeBlockFormat(change);
+        ORVStockFormats::fromStock(&document);
+        QCOMPARE(document.begin().blockFormat().tabPositions().constLast().position, 172.0);
     }
 
     void changedListStyle()
