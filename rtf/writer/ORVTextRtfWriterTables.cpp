@@ -2,6 +2,7 @@
 
 #include "ORVRounding_p.h"
 #include "ORVRtfUnits_p.h"
+#include "ORVTextBorder.h"
 #include "QtFormatCompat_p.h"
 
 #include <QtGui/QTextTable>
@@ -30,6 +31,22 @@ int calcColumnWidth(int column, const QVector<QTextLength>& constraints, double 
     case QTextLength::VariableLength: return ORVRounding::truncated(totalWidth);
     }
     return -1;
+}
+
+/*! QTextTableFormat has one border for all sides of all cells. */
+ORVTextBorder tableBorder(const QTextTableFormat& format)
+{
+    ORVTextBorder border;
+    border.style = ORVTextBorder::styleOf(format.property(QTextFormat::FrameBorderStyle).toInt());
+    border.width = format.doubleProperty(QTextFormat::FrameBorder);
+    border.color = compat::brushColor(format, QTextFormat::FrameBorderBrush);
+    return border;
+}
+
+/*! Whether \a format states the line along \a side itself. */
+bool hasOwnBorder(const QTextCharFormat& format, ORVTextBorder::Side side)
+{
+    return format.hasProperty(compat::tableCellBorder + side);
 }
 
 bool hasText(const QTextBlock& block)
@@ -109,8 +126,19 @@ void ORVTextRtfWriterPrivate::collectTable(const QTextTable* table)
             if (!cell.isValid() || cell.row() != row || cell.column() != column)
                 continue;
             m_colors.appendMissing(compat::brushColor(cell.format(), QTextFormat::BackgroundBrush));
+            collectCellBorders(cell.format());
             processTableCell(cell, Collect);
         }
+    }
+}
+
+void ORVTextRtfWriterPrivate::collectCellBorders(const QTextCharFormat& format)
+{
+    if (!m_settings.exportingMode)
+        return;
+    for (int side = 0; side < ORVTextBorder::SideCount; ++side) {
+        if (hasOwnBorder(format, ORVTextBorder::Side(side)))
+            m_colors.appendMissing(ORVTextBorder::ofCell(format, ORVTextBorder::Side(side)).color);
     }
 }
 
@@ -213,26 +241,31 @@ void ORVTextRtfWriterPrivate::writeCellDefinition(const QTextTableCell& cell, in
     default: m_output.writeClosedWord(CellVerticalAlignTop); break;
     }
     m_output.write(NoCellShading);
-    for (KeyWord side : {CellBorderTop, CellBorderRight, CellBorderBottom, CellBorderLeft})
-        writeCellBorder(side, format);
+    writeCellBorder(CellBorderTop, ORVTextBorder::Top, cell, format);
+    writeCellBorder(CellBorderRight, ORVTextBorder::Right, cell, format);
+    writeCellBorder(CellBorderBottom, ORVTextBorder::Bottom, cell, format);
+    writeCellBorder(CellBorderLeft, ORVTextBorder::Left, cell, format);
     if (cell.isValid())
         backgroundColor(cell);
 }
 
-/*! QTextTableFormat has one border for all sides of all cells. */
-void ORVTextRtfWriterPrivate::writeCellBorder(KeyWord side, const QTextTableFormat& format)
+/*! Other programs get the line that the cell itself has, in place of that of the table. */
+void ORVTextRtfWriterPrivate::writeCellBorder(KeyWord word, ORVTextBorder::Side side,
+                                              const QTextTableCell& cell, const QTextTableFormat& format)
 {
-    const double border = format.doubleProperty(QTextFormat::FrameBorder);
-    if (format.property(QTextFormat::FrameBorderStyle).toInt() == 0 || !(border > 0)) {
-        writeNoBorder(side);
+    const QTextCharFormat cellFormat = cell.format();
+    const ORVTextBorder border = m_settings.exportingMode && hasOwnBorder(cellFormat, side)
+        ? ORVTextBorder::ofCell(cellFormat, side)
+        : tableBorder(format);
+    if (!border.isVisible()) {
+        writeNoBorder(word);
         return;
     }
-    const QColor color = compat::brushColor(format, QTextFormat::FrameBorderBrush);
-    m_output.write(side);
+    m_output.write(word);
     m_output.write(SingleWidthBorder);
-    m_output.write(BorderWidth, qMin(ORVRounding::truncated(border * twipsPerPoint), widestBorder));
-    if (m_colors.number(color) <= m_colors.colors().size())
-        m_output.write(BorderColor, m_colors.number(color));
+    m_output.write(BorderWidth, qMin(ORVRounding::truncated(border.width * twipsPerPoint), widestBorder));
+    if (m_colors.number(border.color) <= m_colors.colors().size())
+        m_output.write(BorderColor, m_colors.number(border.color));
     m_output.writeStructure(' ');
 }
 

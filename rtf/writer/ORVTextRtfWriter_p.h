@@ -9,6 +9,7 @@
 #include "ORVRtfPage_p.h"
 #include "ORVRtfTextSource_p.h"
 #include "ORVRtfWriterSettings_p.h"
+#include "ORVTextBorder.h"
 #include "ORVTextPage.h"
 #include "ORVTextRtfCommon.h"
 
@@ -139,11 +140,13 @@ private:
     void endParagraphBeforeTable();
     void processTable(const QTextTable* table, Pass pass);
     void collectTable(const QTextTable* table);
+    void collectCellBorders(const QTextCharFormat& format);
     void writeTable(const QTextTable* table);
     void writeTableRow(const QTextTable* table, int row);
     void processTableRowDefinition(const QTextTable* table, int row);
     void writeCellDefinition(const QTextTableCell& cell, int row, int column, const QTextTableFormat& format);
-    void writeCellBorder(KeyWord side, const QTextTableFormat& format);
+    void writeCellBorder(KeyWord word, ORVTextBorder::Side side, const QTextTableCell& cell,
+                         const QTextTableFormat& format);
     void writeNoBorder(KeyWord side);
     void backgroundColor(const QTextTableCell& cell);
 

@@ -1,3 +1,4 @@
+#include "ORVTextBorder.h"
 #include "writerhelpers.h"
 
 using namespace rtftest;
@@ -293,6 +294,27 @@ private slots:
     void borderHasItsColour()
     {
         QCOMPARE(colorTableOf(write(*TableStory(1, 1, bordered(1)).document)), blackAndWhite() + RedEntry);
+    }
+
+    /*! Other programs get the lines of the cells, where these have some; the application's own form has none. */
+    void lineOfACell()
+    {
+        const TableStory story(1, 1, bordered(0));
+        QTextTableCell cell =
+            qobject_cast<QTextTable*>(story.document->rootFrame()->childFrames().first())->cellAt(0, 0);
+        QTextCharFormat format = cell.format();
+        ORVTextBorder line;
+        line.style = QTextFrameFormat::BorderStyle_Dotted;
+        line.width = 1.5;
+        line.color = Qt::red;
+        line.setToCell(format, ORVTextBorder::Bottom);
+        cell.setFormat(format);
+        QCOMPARE(story.body(), oneRow(OneColumn, letterCells("a")));
+        const QByteArray lines =
+            QByteArray(NoBorders).replace("\\clbrdrb\\brdrnil", "\\clbrdrb\\brdrs\\brdrw30\\brdrcf3");
+        const QByteArray exported = write(*story.document, exporting());
+        QVERIFY2(exported.contains(column(4000, QByteArray(), QByteArray(), lines)), exported.constData());
+        QCOMPARE(colorTableOf(exported), blackAndWhite() + RedEntry);
     }
 
     void nestedTable()
