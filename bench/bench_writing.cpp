@@ -1,5 +1,7 @@
 #include "BenchDocuments.h"
 
+#include "ORVHtmlWriter.h"
+#include "ORVStockFormats.h"
 #include "ORVTextRtf.h"
 
 #include <QtCore/QBuffer>
@@ -60,6 +62,34 @@ void cloneProseToHtml(benchmark::State& state)
     }
 }
 
+/*! The prose in the form that HTML is written from. */
+void readStockProse(QTextDocument* document)
+{
+    readInto(document, proseRtf(prose(proseParagraphs)));
+    ORVStockFormats::toStock(document);
+}
+
+void writeProseAsHtml(benchmark::State& state)
+{
+    QTextDocument document;
+    readStockProse(&document);
+    for (auto _ : state) {
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        if (!ORVHtmlWriter(&buffer).write(&document))
+            state.SkipWithError("the document could not be written");
+        state.counters["bytes"] = double(buffer.size());
+    }
+}
+
+void stockProseToHtml(benchmark::State& state)
+{
+    QTextDocument document;
+    readStockProse(&document);
+    for (auto _ : state)
+        state.counters["bytes"] = double(document.toHtml().toUtf8().size());
+}
+
 void writePicture(benchmark::State& state)
 {
     write(state, pictureRtf(noiseJpeg(pictureSide), "jpegblip"), true);
@@ -93,6 +123,8 @@ BENCHMARK(writeProseInPlace)->Name("write prose in place/ours")->Unit(benchmark:
 BENCHMARK(proseToHtml)->Name("write prose in place/toHtml")->Unit(benchmark::kMillisecond);
 BENCHMARK(writeProseCopy)->Name("write prose/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(cloneProseToHtml)->Name("write prose/clone and toHtml")->Unit(benchmark::kMillisecond);
+BENCHMARK(writeProseAsHtml)->Name("write prose as HTML/ours")->Unit(benchmark::kMillisecond);
+BENCHMARK(stockProseToHtml)->Name("write prose as HTML/toHtml")->Unit(benchmark::kMillisecond);
 BENCHMARK(writePicture)->Name("write picture/ours")->Unit(benchmark::kMillisecond);
 BENCHMARK(writeHexadecimal)->Name("write picture/floor")->Unit(benchmark::kMillisecond);
 BENCHMARK(writeList)->Name("write list/items")->Arg(1000)->Arg(20000)->Unit(benchmark::kMillisecond);

@@ -25,6 +25,7 @@ CASES = [
     ('strip 100 MB', 'strip/ours', 'strip/floor', 4),
     ('write prose in place', 'write prose in place/ours', 'write prose in place/toHtml', 0.5),
     ('write prose', 'write prose/ours', 'write prose/clone and toHtml', 0.8),
+    ('write prose as HTML', 'write prose as HTML/ours', 'write prose as HTML/toHtml', 0.5),
     ('write picture', 'write picture/ours', 'write picture/floor', 1.3),
     ('write list, an item of 20,000', 'write list/items/20000', 'write list/items/1000', 1.5),
     ('write table, a row of 10,000', 'write table/rows/10000', 'write table/rows/1000', 1.5),

@@ -1,3 +1,4 @@
+#include "ORVHtmlWriter.h"
 #include "ORVRtfInterchangeWords_p.h"
 #include "interchangehelpers.h"
 #include "testsupport.h"
@@ -169,9 +170,10 @@ private slots:
         const Rows add([](const QVariant& value) {
             const int own = QTextFormat::UserProperty;
             const QList<QPair<int, int>> ranges = {
-                {0x0800, 0x0830},    {0x1000, 0x1080},       {0x1FE0, 0x2040},      {0x2100, 0x2102},
-                {0x3000, 0x3002},    {0x4000, 0x4020},       {0x5000, 0x5012},      {0x7000, 0x7001},
-                {own + 1, own + 16}, {own + 100, own + 104}, {own + 200, own + 225}};
+                {0x0800, 0x0830},       {0x1000, 0x1080},      {0x1FE0, 0x2040},    {0x2100, 0x2102},
+                {0x3000, 0x3002},       {0x4000, 0x4020},      {0x4100, 0x4110},    {0x4800, 0x4822},
+                {0x5000, 0x5012},       {0x7000, 0x7001},      {own + 1, own + 16}, {own + 100, own + 104},
+                {own + 200, own + 225}, {own + 230, own + 250}};
             for (const QPair<int, int>& range : ranges) {
                 for (int id = range.first; id < range.second; ++id) {
                     QTextCharFormat format;
@@ -192,6 +194,9 @@ private slots:
                     cursor.insertText("y"_s, format);
                     const QString complaint = complaintAboutWriting(*document);
                     QVERIFY2(complaint.isEmpty(), qPrintable("%1: "_s.arg(id, 0, 16) + complaint));
+                    QBuffer html;
+                    html.open(QIODevice::WriteOnly);
+                    QVERIFY2(ORVHtmlWriter(&html).write(document.data()), qPrintable("%1"_s.arg(id, 0, 16)));
                 }
             }
         });
