@@ -1,9 +1,7 @@
 #include "DocumentInfo.h"
-#include "HtmlExport.h"
 #include "ORVTextPage.h"
 #include "TextExport.h"
 #include "VisibleDocument.h"
-#include "testpaths.h"
 #include "testsupport.h"
 
 using rtftest::Story;
@@ -232,77 +230,6 @@ private slots:
         QCOMPARE(documentToPlainText(*story.document()),
                  "1. item[1]\n2.\n3. word[i][c1]\ntext[*]end[2]\n\n[1] First.\nMore.\n[*] Own.\n[2] in line\n"
                  "[i] At the end.\n[c1] Ann, 2020-05-01: Right?\n"_b);
-    }
-
-    /*! How often pieces of HTML occur. */
-    ORV_ROWS(html)
-    {
-        const Rows add([](const Story& story, const std::map<QByteArray, int>& pieces) {
-            const QByteArray html = documentToHtml(*story.document());
-            for (const auto& piece : pieces)
-                QVERIFY2(html.count(piece.first) == piece.second, (piece.first + " in " + html).constData());
-        });
-        QTextCharFormat outlined;
-        outlined.setForeground(Qt::transparent);
-        outlined.setTextOutline(QPen(QColor(0, 128, 0)));
-        add("outlined text is visible", Story().add("text"_s, outlined), {{"color:#008000;\">text<", 1}});
-        const auto underline = [&](const char* name, int style, int count) {
-            QTextCharFormat format;
-            format.setProperty(QTextFormat::TextUnderlineStyle, style);
-            add(name, Story().add("text"_s, format), {{"text-decoration: underline", count}});
-        };
-        underline("not underlined", QTextCharFormat::NoUnderline, 0);
-        underline("single underline", QTextCharFormat::SingleUnderline, 1);
-        underline("dashes", QTextCharFormat::DashUnderline, 1);
-        underline("wave", QTextCharFormat::WaveUnderline, 1);
-
-        add("pictures side by side", twoPictures(), {{"<img src=\"data:image/png;base64,", 2}, {"<img ", 2}});
-        // A name in a document must not make the tool read a file.
-        QTextImageFormat file;
-        file.setName(QString::fromUtf8(TEST_DATA_DIR "/dot.png"));
-        add("picture of a file", Story().addPicture(file), {{"<img ", 1}, {"data:", 0}});
-
-        // A browser takes a number without a unit for a multiple of the line.
-        const QString written = "line-height:7; -qt-line-height-type: fixed; style=\""_s;
-        QTextBlockFormat exact;
-        exact.setLineHeight(20, QTextBlockFormat::FixedHeight);
-        const QByteArray shown = "line-height:7; -qt-line-height-type: fixed; style=&quot;";
-        add("exact line heights are pixels", Story().format(exact).add(written + written),
-            {{shown + shown, 1},
-             {"line-height:20px; -qt-line-height-type: fixed;", 1},
-             {"px; -qt-line-height-type", 1}});
-
-        // Headings are often items of a list that shows no number.
-        ORVTextListLevel marked;
-        marked.setText("%0."_s);
-        QTextListFormat format;
-        ORVTextListFormat::setLevels(format, {ORVTextListLevel(), marked});
-        Story story;
-        QTextList* const list = story.cursor().createList(format);
-        story.add("heading\nitem"_s);
-        ORVTextListFormat::setBlockLevel(list, story.document()->begin(), 0);
-        ORVTextListFormat::setBlockLevel(list, story.document()->lastBlock(), 1);
-        add("list items without marker", story, {{"<li", 1}, {"heading</p>", 1}, {"item</li>", 1}});
-    }
-
-    /*! The file states its encoding, whatever its title is. */
-    ORV_ROWS(titleOfHtml)
-    {
-        const Rows add([](const QString& title, const QByteArray& element) {
-            QTextDocument document;
-            document.setPlainText("text"_s);
-            document.setMetaInformation(QTextDocument::DocumentTitle, title);
-            const QByteArray html = documentToHtml(document);
-            const QByteArray head = html.left(html.indexOf("</head>"));
-            QVERIFY2(head.contains(element), html.constData());
-            QCOMPARE(html.count("<title>"), 1);
-            QCOMPARE(head.count("<meta charset=\"utf-8\" />"), 1);
-        });
-        add("plain", "A title", "<title>A title</title>");
-        add("about encodings", "Of charset=utf-8", "<title>Of charset=utf-8</title>");
-        add("like HTML", "<head></head></title><b>&",
-            "<title>&lt;head&gt;&lt;/head&gt;&lt;/title&gt;&lt;b&gt;&amp;</title>");
-        add("like an encoding", "<meta charset=x>", "<title>&lt;meta charset=x&gt;</title>");
     }
 
     // Qt hides the empty paragraph in front of a table.

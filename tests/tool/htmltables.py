@@ -14,7 +14,7 @@ class Cell:
 class Table:
     def __init__(self):
         self.rows = []
-        # Of the columns, in pixels, where the file says so.
+        # Of the columns, where they are stated, in one unit for all of them.
         self.widths = []
 
     def cells(self):
@@ -84,7 +84,8 @@ class Parser(html.parser.HTMLParser):
             self.open.append(Table())
             self.tables.append(self.open[-1])
         elif self.open and tag == 'col':
-            self.open[-1].widths.append(int(attributes['width']))
+            stated = re.search(r'[\d.]+', attributes.get('width') or attributes.get('style', ''))
+            self.open[-1].widths += [float(stated.group())] if stated else []
         elif self.open and tag == 'tr':
             self.open[-1].rows.append([])
         elif self.open and tag in ('td', 'th'):

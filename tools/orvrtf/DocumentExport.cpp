@@ -25,7 +25,8 @@ void adaptFormats(QTextDocument& document, const Options& options)
         return;
     if (options.outputFormat != Options::Rtf && isFromRtf) {
         // First, since the content of notes is in the application's form too.
-        ORVNotes::moveToEnd(&document);
+        if (options.outputFormat != Options::Html)
+            ORVNotes::moveToEnd(&document);
         ORVStockFormats::toStock(&document);
     } else if (options.outputFormat == Options::Rtf && !isFromRtf) {
         ORVStockFormats::fromStock(&document);

@@ -7,11 +7,8 @@ class QTextDocument;
 
 /*!
     \a document as one HTML file in UTF-8 that stands alone: its pictures are part of it. JPEG pictures keep
-    their bytes, all others become PNG.
-
-    \a document is changed on the way: what QTextDocument::toHtml() cannot say is replaced by the nearest
-    thing that it can.
+    their bytes, all others become PNG. \a document is in stock form.
 */
-QByteArray documentToHtml(QTextDocument& document);
+QByteArray documentToHtml(const QTextDocument& document);
 
 #endif
