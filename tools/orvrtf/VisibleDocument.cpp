@@ -60,12 +60,6 @@ void releaseItemsWithoutMarker(QTextDocument& document)
 
 } // namespace
 
-void makeListsVisible(QTextDocument& document)
-{
-    releaseItemsWithoutMarker(document);
-    ORVListLevels::separate(&document);
-}
-
 /*! A document looks for a picture that it does not hold in the file system. */
 void makePicturesVisible(QTextDocument& document)
 {
@@ -81,6 +75,7 @@ void makePicturesVisible(QTextDocument& document)
 void makeVisible(QTextDocument& document)
 {
     document.setUndoRedoEnabled(false);
-    makeListsVisible(document);
+    releaseItemsWithoutMarker(document);
+    ORVListLevels::separate(&document);
     makePicturesVisible(document);
 }

@@ -11,9 +11,6 @@ class QTextDocument;
 */
 void makeVisible(QTextDocument& document);
 
-/*! The part of it that concerns lists. Pages need nothing of it. */
-void makeListsVisible(QTextDocument& document);
-
 /*! The part of it that concerns pictures. */
 void makePicturesVisible(QTextDocument& document);
 
