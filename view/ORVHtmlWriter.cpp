@@ -8,7 +8,6 @@
 #include "html/ORVHtmlContext_p.h"
 
 #include <QtCore/QIODevice>
-#include <QtCore/QMap>
 #include <QtGui/QTextBlock>
 #include <QtGui/QTextDocument>
 
@@ -18,7 +17,8 @@ public:
 
     QIODevice* device = nullptr;
     ORVHtmlWriter::Style style = ORVHtmlWriter::FullStyle;
-    ORVHtmlPictures pictures;
+    ORVPictureFiles pictures;
+    QStringList pictureFiles;
     QString errorString;
 
 private:
@@ -63,30 +63,16 @@ private:
     int m_bestTotal = 0;
 };
 
-/*! Numbers of characters by the index of their format, in the order of the indexes. */
-QMap<int, int> lengthsOfFormats(const QTextDocument* document)
-{
-    QMap<int, int> lengths;
-    for (QTextBlock block = document->begin(); block.isValid(); block = block.next()) {
-        for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-            const QTextFragment fragment = it.fragment();
-            lengths[fragment.charFormatIndex()] += fragment.length();
-        }
-    }
-    return lengths;
-}
-
 /*! Finds what most of the text of \a document has: the font and colour, and the language unless it is stated. */
-void setCommonFormats(ORVHtmlContext* context, const QTextDocument* document)
+void setCommonFormats(ORVHtmlContext* context, const QTextDocument* document, const ORVHtmlRuns& runs)
 {
     const ORVHtmlTextStyles styles(context->sheet, ORVTextFormat::defaultCharFormat(document), QString());
     Poll<ORVHtmlDeclarations> fonts;
     Poll<QString> languages;
     fonts.setBest(styles.base(QTextCharFormat(), false));
-    const QVector<QTextFormat> formats = document->allFormats();
-    const QMap<int, int> lengths = lengthsOfFormats(document);
+    const QMap<int, int> lengths = runs.lengthsOfFormats();
     for (QMap<int, int>::const_iterator it = lengths.constBegin(); it != lengths.constEnd(); ++it) {
-        const QTextCharFormat format = formats.at(it.key()).toCharFormat();
+        const QTextCharFormat format = runs.format(it.key());
         const ORVHtmlDeclarations font = styles.base(format, false);
         const QString language = format.stringProperty(ORVRtfProperty::Language);
         fonts.add(font.css(), font, *it);
@@ -161,7 +147,8 @@ bool ORVHtmlWriterPrivate::write(const QTextDocument* document)
     context.markers = &m_markers;
     context.pictures = &pictures;
     context.resolution = ORVUnit::screenResolution();
-    setCommonFormats(&context, document);
+    const ORVHtmlRuns runs(document);
+    setCommonFormats(&context, document, runs);
     ORVHtmlOutput nothing(nullptr);
     ORVHtmlOutput output(device);
     for (ORVHtmlOutput* const pass : {&nothing, &output}) {
@@ -171,7 +158,7 @@ bool ORVHtmlWriterPrivate::write(const QTextDocument* document)
         context.ids.clear();
         if (pass == &output)
             writeHead(output, document, context);
-        ORVHtmlContent(&context, document, false).write();
+        ORVHtmlContent(&context, document, runs, false).write();
         notes.write(&context);
         if (pass == &nothing)
             sheet.decide();
@@ -179,7 +166,9 @@ bool ORVHtmlWriterPrivate::write(const QTextDocument* document)
     output.markup("</body>\n</html>\n");
     const bool isWritten = output.finish();
     errorString = isWritten ? pictures.errorString() : device->errorString();
-    return errorString.isEmpty();
+    const bool hasSucceeded = isWritten && errorString.isEmpty();
+    pictureFiles = pictures.finish(hasSucceeded);
+    return hasSucceeded;
 }
 
 ORVHtmlWriter::ORVHtmlWriter(QIODevice* device) : d(new ORVHtmlWriterPrivate)
@@ -194,14 +183,19 @@ void ORVHtmlWriter::setStyle(Style style)
     d->style = style;
 }
 
-void ORVHtmlWriter::setPictureFolder(const QString& path, const QString& reference)
+void ORVHtmlWriter::setPictureFolder(const QString& path, const QString& reference, const QString& namePrefix)
 {
-    d->pictures.setFolder(path, reference);
+    d->pictures.setFolder(path, reference, namePrefix);
 }
 
 bool ORVHtmlWriter::write(const QTextDocument* document)
 {
     return document && d->write(document);
+}
+
+QStringList ORVHtmlWriter::pictureFiles() const
+{
+    return d->pictureFiles;
 }
 
 QString ORVHtmlWriter::errorString() const

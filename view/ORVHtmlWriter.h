@@ -5,6 +5,7 @@
 
 #include <QtCore/QScopedPointer>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 class ORVHtmlWriterPrivate;
 class QIODevice;
@@ -34,19 +35,24 @@ public:
     /*! Sets how much of the formats is written; all by default. */
     void setStyle(Style style);
     /*!
-        Writes pictures as files to the folder \a path, which is created; \a reference is its address as links name
-        it. By default pictures are a part of the HTML file.
+        Writes pictures as files to the folder \a path, which is created for the first of them. \a reference is the
+        address of the folder as it stands in links. The names of the files are \a namePrefix and a number. An empty
+        path, the default, makes pictures a part of the HTML file.
     */
-    void setPictureFolder(const QString& path, const QString& reference);
+    void setPictureFolder(const QString& path, const QString& reference,
+                          const QString& namePrefix = QString::fromLatin1("image"));
 
     /*!
         Writes \a document, which is in stock form (see ORVStockFormats) and stays as it is. Memory is needed for the
         styles and one note at a time.
 
-        Returns false when the device or a picture's file fails, see errorString(), or when \a document is null.
+        Returns false when the device or a picture's file fails, see errorString(), or when \a document is null. Then
+        the files of pictures are removed.
     */
     bool write(const QTextDocument* document);
 
+    /*! The paths of the pictures' files that write() has written, unless it has failed. */
+    QStringList pictureFiles() const;
     /*! Why write() has failed; empty when it has not. */
     QString errorString() const;
 

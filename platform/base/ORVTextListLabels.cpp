@@ -153,7 +153,8 @@ ORVTextListLabels::ORVTextListLabels(const QTextDocument* document)
 
 ORVTextListLabels::Label ORVTextListLabels::label(const QTextBlock& block) const
 {
-    return m_labels.value(block.blockNumber());
+    // Qt searches a tree for the number.
+    return m_labels.isEmpty() ? Label() : m_labels.value(block.blockNumber());
 }
 
 QString ORVTextListLabels::stockText(const QTextListFormat& format, int number, bool isRightToLeft)

@@ -397,6 +397,124 @@ private slots:
         QVERIFY2(text.contains("font-family: \"a\\22 b\\3c /style>\\5c \\a \\85 \"; "), text.constData());
     }
 
+    /*! Elements around nothing but blanks are left out, unless they show. */
+    ORV_ROWS(blanks)
+    {
+        const Rows add([](const QTextCharFormat& before, const QTextCharFormat& blanks,
+                          const QTextCharFormat& after, const QByteArray& text) {
+            Story story;
+            story.add("most of the text, "_s).add("one"_s, before).add("  "_s, blanks).add("two"_s, after);
+            const QByteArray body = bodyOf(story);
+            QCOMPARE(between(body, "most of the text, ", "</p>"), text);
+            QVERIFY2(!rulesOf(story).contains(".t2"), rulesOf(story).constData());
+        });
+        QTextCharFormat italic;
+        italic.setFontItalic(true);
+        QTextCharFormat boldItalic = bold();
+        boldItalic.setFontItalic(true);
+        QTextCharFormat underlined;
+        underlined.setFontUnderline(true);
+        QTextCharFormat struck;
+        struck.setFontStrikeOut(true);
+        QTextCharFormat red;
+        red.setForeground(Qt::red);
+        QTextCharFormat marked;
+        marked.setBackground(Qt::yellow);
+        const QTextCharFormat plain;
+        add("bold", plain, bold(), plain, "one  two");
+        add("in a colour", plain, red, plain, "one  two");
+        add("with the words around", bold(), bold(), bold(), "<strong>one  two</strong>");
+        add("with what the words around have in common", boldItalic, bold(), italic,
+            "<strong><em>one</em>  </strong><em>two</em>");
+        add("between other formats", bold(), red, italic, "<strong>one</strong>  <em>two</em>");
+        add("underlined", plain, underlined, plain, "one<u>  </u>two");
+        add("struck out", bold(), struck, plain, "<strong>one</strong><s>  </s>two");
+        add("with a background", plain, marked, plain, "one<span class=\"t1\">  </span>two");
+    }
+
+    /*! Text of a fixed pitch is code where that is all that it is. */
+    ORV_ROWS(code)
+    {
+        const Rows add([](const QTextCharFormat& format, const QByteArray& text, const QByteArray& rules) {
+            Story story;
+            story.add("most of the text, "_s).add("x = 1"_s, format);
+            QCOMPARE(between(bodyOf(story), "most of the text, ", "</p>"), text);
+            QCOMPARE(rulesOf(story), "p { margin: 0 }\n" + rules);
+        });
+        QTextCharFormat format;
+        compat::setFontFamily(format, "Courier New"_s);
+        const QByteArray family = "font-family: \"Courier New\", monospace";
+        add("family", format, "<code>x = 1</code>", "code { " + family + "; font-size: inherit }\n");
+        format.setFontPointSize(10);
+        add("family and size", format, "<code>x = 1</code>", "code { " + family + "; font-size: 10pt }\n");
+        format.setFontWeight(QFont::Bold);
+        add("bold", format, "<code><strong>x = 1</strong></code>",
+            "code { " + family + "; font-size: 10pt }\n");
+        format.setForeground(Qt::red);
+        add("in a colour", format, "<span class=\"t1\"><strong>x = 1</strong></span>",
+            ".t1 { " + family + "; font-size: 10pt; color: #ff0000 }\n");
+        format = QTextCharFormat();
+        format.setFontPointSize(10);
+        add("size alone", format, "<span class=\"t1\">x = 1</span>", ".t1 { font-size: 10pt }\n");
+        compat::setFontFamily(format, "Arial"_s);
+        add("another family", format, "<span class=\"t1\">x = 1</span>",
+            ".t1 { font-family: \"Arial\", sans-serif; font-size: 10pt }\n");
+    }
+
+    /*! Space between paragraphs of the same style: 10 and 5 points, or none. */
+    void contextualSpacing()
+    {
+        const QByteArray styled = "\\pard\\s1\\contextualspace\\sa200 ";
+        const QByteArray rtf = "{\\stylesheet{\\s1 One;}}" + styled
+            + "a\\par b\\par\\pard\\sa100 c\\par d\\par e\\par e\\par" + styled
+            + "f\\par\\pard\\s1\\contextualspace\\qc g";
+        QCOMPARE(htmlRules(htmlOf(rtf)),
+                 "body { max-width: 432pt; margin: 2em auto; padding: 0 1em; font-family: \"Alpha\"; "
+                 "font-size: 12pt }\n"
+                 "p { margin: 0 0 5pt }\n"
+                 ".p1 { margin: 0 0 10pt }\n.p1 + .p1 { margin-top: -10pt }\n"
+                 ".p2 { text-align: center; margin: 0 }\n.p2 + .p2 { margin-top: 0 }\n"_b);
+        QCOMPARE(htmlBody(htmlOf(rtf)),
+                 "<p class=\"p1\">a</p>\n<p class=\"p1\">b</p>\n<p>c</p>\n<p>d</p>\n<p>e</p>\n<p>e</p>\n<p "
+                 "class=\"p1\">f</p>\n"
+                 "<p class=\"p2\">g</p>\n"_b);
+        const QByteArray most = styled + "a\\par b\\par\\pard c";
+        QVERIFY(htmlRules(htmlOf(most))
+                    .contains("p { margin: 0 0 10pt }\np:not([class]) + p:not([class]) { margin-top: -10pt "
+                              "}\n.p1 { margin: 0 }\n"));
+    }
+
+    /*! Qt has the widths of columns as parts of the text's width, 432 points, HTML as parts of the table's. */
+    void columns()
+    {
+        const QByteArray text =
+            htmlOf("\\trowd\\cellx2160\\cellx6480\\pard\\intbl a\\cell b\\cell\\row\\pard c");
+        QVERIFY2(htmlRules(text).contains("\ntable { width: 75%; border-collapse: collapse }\n"),
+                 text.constData());
+        QVERIFY2(htmlBody(text).contains(
+                     "<colgroup><col style=\"width: 33.33%\"><col style=\"width: 66.67%\"></colgroup>"),
+                 text.constData());
+    }
+
+    /*! Most links of the text, not most kinds of links, have the rule of the element. */
+    void mostLinks()
+    {
+        const auto link = [](const QColor& color, const QString& target) {
+            QTextCharFormat format;
+            format.setAnchor(true);
+            format.setAnchorHref(target);
+            format.setForeground(color);
+            return format;
+        };
+        Story story;
+        story.add("text "_s).add("a"_s, link(Qt::red, "r:1"_s)).add(" "_s).add("b"_s, link(Qt::red, "r:2"_s));
+        for (int i = 0; i < 3; ++i)
+            story.add(" "_s).add("c"_s, link(Qt::blue, "b:1"_s));
+        QVERIFY2(
+            rulesOf(story).contains("a { color: #0000ff; text-decoration: none }\n.a1 { color: #ff0000 }\n"),
+            rulesOf(story).constData());
+    }
+
     void minimalStyle()
     {
         Story story;

@@ -21,9 +21,11 @@ bool isRule(const QTextBlock& block)
 
 } // namespace
 
-ORVHtmlContent::ORVHtmlContent(ORVHtmlContext* context, const QTextDocument* document, bool isNote)
-    : m_context(context), m_document(document), m_labels(document),
-      m_notes(context->notes->take(document, isNote)), m_text(context, document, m_notes), m_lists(context)
+ORVHtmlContent::ORVHtmlContent(ORVHtmlContext* context, const QTextDocument* document,
+                               const ORVHtmlRuns& runs, bool isNote)
+    : m_context(context), m_document(document), m_runs(runs), m_labels(document),
+      m_notes(context->notes->take(document, isNote)), m_text(context, document, runs, m_notes),
+      m_lists(context)
 {
 }
 
@@ -93,7 +95,7 @@ ORVHtmlContent::BlockStyle& ORVHtmlContent::blockStyle(const QTextBlock& block,
                                                        const ORVHtmlParagraph& paragraph,
                                                        ORVHtmlStyleSheet::Element element, int base)
 {
-    const bool keepsWhiteSpace = ORVHtmlParagraph::keepsWhiteSpace(block.text());
+    const bool keepsWhiteSpace = m_runs.paragraph(block).keepsWhiteSpace;
     const ORVHtmlParagraphKey key = {block.blockFormatIndex(), base, element, keepsWhiteSpace};
     QHash<ORVHtmlParagraphKey, BlockStyle>::iterator known = m_blockStyles.find(key);
     if (known == m_blockStyles.end()) {
@@ -111,9 +113,8 @@ ORVHtmlContent::BlockStyle& ORVHtmlContent::blockStyle(const QTextBlock& block,
 QByteArray ORVHtmlContent::used(BlockStyle& style, ORVHtmlStyleSheet::Element element)
 {
     if (style.number < 0)
-        style.number = m_context->sheet->use(element, style.declarations);
-    else
-        m_context->sheet->useAgain(style.number);
+        style.number = m_context->sheet->number(element, style.declarations);
+    m_context->sheet->use(style.number);
     return m_context->sheet->attribute(style.number);
 }
 
@@ -161,24 +162,28 @@ void ORVHtmlContent::writeParagraph(const QTextBlock& block, const ORVHtmlParagr
         ORVHtmlStyleSheet::Element(ORVHtmlStyleSheet::Paragraph + heading);
     const int base = m_text.base(block, heading > 0);
     const char* const tag = ORVHtmlStyleSheet::tag(element);
-    m_context->output->markup(QByteArray("<") + tag
-                              + used(blockStyle(block, paragraph, element, base), element)
-                              + (paragraph.isRightToLeft ? " dir=\"rtl\"" : "") + '>');
-    m_openEnd = QByteArray("</") + tag + ">\n";
+    ORVHtmlOutput& output = *m_context->output;
+    output.markup("<");
+    output.markup(tag);
+    output.markup(used(blockStyle(block, paragraph, element, base), element));
+    output.markup(paragraph.isRightToLeft ? " dir=\"rtl\">" : ">");
+    m_openTag = tag;
     writeText(block, base);
 }
 
 void ORVHtmlContent::writeText(const QTextBlock& block, int base)
 {
     m_context->output->markup(m_head);
-    if (block.length() == 1 && m_head.isEmpty() && !m_openEnd.isEmpty())
+    if (block.length() == 1 && m_head.isEmpty() && m_openTag)
         m_context->output->markup("<br>");
     m_head.clear();
     m_text.write(block, base);
-    if (m_text.goesOn())
+    if (m_text.goesOn() || !m_openTag)
         return;
-    m_context->output->markup(m_openEnd);
-    m_openEnd.clear();
+    m_context->output->markup("</");
+    m_context->output->markup(m_openTag);
+    m_context->output->markup(">\n");
+    m_openTag = nullptr;
 }
 
 /*! A paragraph that declares nothing needs no element of its own, if there is no other one. */

@@ -35,8 +35,9 @@ inline uint qHash(const ORVHtmlParagraphKey& key)
 /*! Writes the content of a document: the one that is converted, or the text of a note. */
 class ORVHtmlContent {
 public:
-    /*! \a document is the text of a note where \a isNote. */
-    ORVHtmlContent(ORVHtmlContext* context, const QTextDocument* document, bool isNote);
+    /*! \a runs are those of \a document, which is the text of a note where \a isNote. */
+    ORVHtmlContent(ORVHtmlContext* context, const QTextDocument* document, const ORVHtmlRuns& runs,
+                   bool isNote);
 
     /*! Puts \a head in front of the text of the first paragraph. */
     void setHead(const QByteArray& head) { m_head = head; }
@@ -68,6 +69,7 @@ private:
 
     ORVHtmlContext* m_context;
     const QTextDocument* m_document;
+    const ORVHtmlRuns& m_runs;
     ORVTextListLabels m_labels;
     QVector<ORVHtmlNote> m_notes;
     ORVHtmlText m_text;
@@ -77,8 +79,8 @@ private:
     QHash<ORVHtmlParagraphKey, BlockStyle> m_blockStyles;
     bool m_isInTableHead = false;
     QByteArray m_head;
-    // The end tag of a paragraph that goes on, since a note holds its end.
-    QByteArray m_openEnd;
+    // The tag of a paragraph that is written, or that goes on since a note holds its end; null when there is none.
+    const char* m_openTag = nullptr;
 };
 
 #endif

@@ -3,8 +3,8 @@
 
 #include "ORVHtmlMarkers_p.h"
 #include "ORVHtmlOutput_p.h"
-#include "ORVHtmlPictures_p.h"
 #include "ORVHtmlStyleSheet_p.h"
+#include "ORVPictureFiles_p.h"
 
 #include <QtCore/QSet>
 
@@ -15,7 +15,7 @@ struct ORVHtmlContext {
     ORVHtmlOutput* output;
     ORVHtmlStyleSheet* sheet;
     ORVHtmlMarkers* markers;
-    ORVHtmlPictures* pictures;
+    ORVPictureFiles* pictures;
     ORVHtmlNotes* notes;
     /*! Pixels of the documents' formats to the inch. */
     int resolution;

@@ -19,35 +19,21 @@ struct PropertyName {
 
 // In the order of ORVHtmlDeclarations::Property.
 const PropertyName propertyNames[] = {
-    {"font-family", "inherit", false},
-    {"font-size", "inherit", false},
-    {"font-weight", "normal", false},
-    {"font-style", "normal", false},
-    {"font-stretch", "normal", false},
-    {"font-variant", "normal", false},
-    {"text-transform", "none", false},
-    {"letter-spacing", "normal", false},
-    {"color", "inherit", false},
-    {"background-color", "transparent", false},
-    {"text-decoration", "none", true},
-    {"vertical-align", "baseline", false},
-    {"text-align", "start", true},
-    {"text-indent", "0", false},
-    {"line-height", "normal", false},
-    {"white-space", "normal", true},
-    {"width", "auto", false},
-    {"margin", "0", false},
-    {"padding", "0", false},
-    {"border", "none", true},
-    {"border-top", "none", true},
-    {"border-right", "none", true},
-    {"border-bottom", "none", true},
-    {"border-left", "none", true},
-    {"border-collapse", "separate", true},
-    {"border-spacing", "0", false},
-    {"list-style-type", "inherit", true},
-    {"break-before", "auto", true},
-    {"break-after", "auto", true},
+    {"font-family", "inherit", false}, {"font-size", "inherit", false},
+    {"font-weight", "normal", false},  {"font-style", "normal", false},
+    {"font-stretch", "normal", false}, {"font-variant", "normal", false},
+    {"text-transform", "none", false}, {"letter-spacing", "normal", false},
+    {"color", "inherit", false},       {"background-color", "transparent", false},
+    {"text-decoration", "none", true}, {"vertical-align", "baseline", false},
+    {"text-align", "start", true},     {"text-indent", "0", false},
+    {"line-height", "normal", false},  {"white-space", "normal", true},
+    {"width", "auto", false},          {"margin", "0", false},
+    {"margin-top", "0", false},        {"padding", "0", false},
+    {"border", "none", true},          {"border-top", "none", true},
+    {"border-right", "none", true},    {"border-bottom", "none", true},
+    {"border-left", "none", true},     {"border-collapse", "separate", true},
+    {"border-spacing", "0", false},    {"list-style-type", "inherit", true},
+    {"break-before", "auto", true},    {"break-after", "auto", true},
 };
 // The largest length: more than any page has, and short as text.
 const double largest = 1e6;
@@ -89,7 +75,7 @@ QByteArray ORVHtmlDeclarations::css(const ORVHtmlDeclarations& base) const
     QByteArray css;
     for (int i = 0; i < PropertyCount; ++i) {
         const QByteArray& value = m_values[i];
-        if (value == base.m_values[i])
+        if (value == base.m_values[i] || i == NeighborMargin)
             continue;
         // The line around all sides replaces those of single ones.
         const bool isSide = i >= BorderTop && i <= BorderLeft;

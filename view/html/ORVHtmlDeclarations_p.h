@@ -32,6 +32,7 @@ public:
         WhiteSpace,
         Width,
         Margin,
+        NeighborMargin, //!< The upper margin behind a neighbour of the same style: a rule of its own, not part of css().
         Padding,
         Border,
         BorderTop,

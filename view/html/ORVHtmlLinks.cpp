@@ -1,25 +1,11 @@
 #include "ORVHtmlLinks_p.h"
 
 #include "ORVHtmlOutput_p.h"
+#include "ORVLinkTargets_p.h"
 
 #include <QtGui/QTextCharFormat>
 
 namespace {
-
-/*! Whether \a target is a script that a browser would run. It ignores white space in a scheme. */
-bool isProgram(const QString& target)
-{
-    QString scheme;
-    for (const QChar character : target) {
-        if (character == QLatin1Char(':'))
-            return scheme == QLatin1String("javascript") || scheme == QLatin1String("vbscript")
-                || scheme == QLatin1String("data");
-        // Other characters than these are left out, or make it no scheme.
-        if (character.unicode() > 0x20 && character.unicode() < 0x7f)
-            scheme += character.toLower();
-    }
-    return false;
-}
 
 /*! Whether notes have ids like \a name. */
 bool isIdOfNote(const QString& name)
@@ -36,26 +22,17 @@ bool isIdOfNote(const QString& name)
 
 QByteArray ORVHtmlLinks::attribute(const QTextCharFormat& format)
 {
-    const QString target = format.anchorHref();
-    if (target.isEmpty() || isProgram(target))
-        return QByteArray();
-    return " href="
-        + ORVHtmlOutput::attributeValue(
-               address(target.startsWith(QLatin1Char('#')) ? QLatin1Char('#') + id(target.mid(1)) : target));
+    const QString address = target(format);
+    return address.isEmpty() ? QByteArray() : " href=" + ORVHtmlOutput::attributeValue(address);
 }
 
-QString ORVHtmlLinks::address(const QString& target)
+QString ORVHtmlLinks::target(const QTextCharFormat& format)
 {
-    QString result;
-    for (const QChar character : target) {
-        if (character == QLatin1Char('\\'))
-            result += QLatin1Char('/');
-        else if (QString::fromLatin1(" \"<>^`{|}").contains(character))
-            result += QLatin1Char('%') + QString::number(character.unicode(), 16).toUpper();
-        else if (character.unicode() >= 0x20)
-            result += character;
-    }
-    return result;
+    const QString target = format.anchorHref();
+    if (target.isEmpty() || ORVLinkTargets::isScript(target))
+        return QString();
+    return ORVLinkTargets::address(target.startsWith(QLatin1Char('#')) ? QLatin1Char('#') + id(target.mid(1))
+                                                                       : target);
 }
 
 QString ORVHtmlLinks::id(const QString& name)

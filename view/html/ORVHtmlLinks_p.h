@@ -12,12 +12,12 @@ namespace ORVHtmlLinks {
 
 /*!
     The target of a link of \a format as an attribute with a blank in front. Empty for text that is no link, and for
-    targets that a browser would run as a program.
+    scripts.
 */
 QByteArray attribute(const QTextCharFormat& format);
 
-/*! \a target as an address, with the characters escaped that addresses do not have; folders end with "/". */
-QString address(const QString& target);
+/*! The address that a link of \a format leads to; empty as that of attribute() is. */
+QString target(const QTextCharFormat& format);
 
 /*! The name of the anchor \a name as an id, which has no blanks and is none of a note. */
 QString id(const QString& name);

@@ -22,8 +22,8 @@ const int deepestLevel = 15;
 bool ORVHtmlLists::goesOn(const Item& item) const
 {
     const List& last = m_open.back();
-    return last.number == item.label.list && last.marker.isNumbered == item.marker.isNumbered
-        && last.marker.type == item.marker.type
+    return last.number == item.label.list && last.isRightToLeft == item.isRightToLeft
+        && last.marker.isNumbered == item.marker.isNumbered && last.marker.type == item.marker.type
         && (last.marker.isOwn ? item.marker.isOwn : last.marker.style == item.marker.style);
 }
 
@@ -49,6 +49,7 @@ void ORVHtmlLists::open(const Item& item)
     list.number = item.label.list;
     list.marker = item.marker;
     list.start = item.start;
+    list.isRightToLeft = item.isRightToLeft;
     list.nextNumber = item.label.number;
     ORVHtmlDeclarations declarations;
     // Padding cannot be negative.

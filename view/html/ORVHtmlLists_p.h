@@ -42,6 +42,8 @@ private:
         ORVHtmlMarker marker;
         qint64 nextNumber = 1;
         double start = 0;
+        // The side that its padding is on.
+        bool isRightToLeft = false;
     };
 
     bool goesOn(const Item& item) const;

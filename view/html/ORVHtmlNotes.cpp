@@ -2,7 +2,6 @@
 
 #include "ORVHtmlContent_p.h"
 #include "ORVHtmlContext_p.h"
-#include "ORVNoteFinder_p.h"
 
 #include <QtGui/QTextDocument>
 
@@ -25,28 +24,20 @@ const KindNames kindNames[] = {
 
 } // namespace
 
+ORVHtmlNote ORVHtmlNotes::shown(const ORVNoteQueue::Entry& entry)
+{
+    ORVHtmlNote note;
+    note.note = entry.note;
+    note.id = kindNames[entry.note.kind].id + QByteArray::number(entry.count);
+    return note;
+}
+
 QVector<ORVHtmlNote> ORVHtmlNotes::take(const QTextDocument* document, bool isNote)
 {
     QVector<ORVHtmlNote> result;
-    const QVector<ORVNote> notes = ORVNotes::all(document);
-    for (const ORVNote& note : notes) {
-        ORVHtmlNote shown;
-        shown.note = note;
-        if (isNote && note.number > 0)
-            shown.note.mark = ORVNoteFinder::mark(note.kind, m_numbers[note.kind] + 1);
-        m_numbers[note.kind] = qMax(m_numbers[note.kind] + (isNote ? 1 : 0), isNote ? 0 : note.number);
-        shown.id = kindNames[note.kind].id + QByteArray::number(++m_counts[note.kind]);
-        Pending pending;
-        pending.note = shown;
-        if (isNote) {
-            pending.content.reset(new QTextDocument);
-            ORVNotes::copyContent(document, note, pending.content.get(), m_form);
-        } else {
-            pending.document = document;
-        }
-        m_pending[note.kind].push_back(std::move(pending));
-        result.append(shown);
-    }
+    const QVector<ORVNoteQueue::Entry> entries = m_queue.take(document, isNote);
+    for (const ORVNoteQueue::Entry& entry : entries)
+        result.append(shown(entry));
     return result;
 }
 
@@ -60,34 +51,29 @@ void ORVHtmlNotes::write(ORVHtmlContext* context)
 bool ORVHtmlNotes::writeKinds(ORVHtmlContext* context)
 {
     bool hasAny = false;
-    for (int kind = 0; kind < 3; ++kind) {
-        std::deque<Pending>& pending = m_pending[kind];
-        if (pending.empty())
+    for (const ORVNote::Kind kind : {ORVNote::Footnote, ORVNote::Endnote, ORVNote::Comment}) {
+        if (m_queue.isEmpty(kind))
             continue;
         hasAny = true;
         context->output->markup(kindNames[kind].group);
         context->output->markup("<hr>\n");
-        while (!pending.empty()) {
-            Pending next = std::move(pending.front());
-            pending.pop_front();
-            write(context, next);
-        }
+        while (!m_queue.isEmpty(kind))
+            writeNext(context, kind);
         context->output->markup("</section>\n");
     }
     return hasAny;
 }
 
-void ORVHtmlNotes::write(ORVHtmlContext* context, Pending& pending)
+void ORVHtmlNotes::writeNext(ORVHtmlContext* context, ORVNote::Kind kind)
 {
-    const ORVHtmlNote& note = pending.note;
-    if (!pending.content) {
-        pending.content.reset(new QTextDocument);
-        ORVNotes::copyContent(pending.document, note.note, pending.content.get(), m_form);
-    }
-    const KindNames& names = kindNames[note.note.kind];
+    ORVNoteQueue::Entry entry;
+    const std::unique_ptr<QTextDocument> text = m_queue.next(kind, &entry);
+    const ORVHtmlNote note = shown(entry);
+    const KindNames& names = kindNames[kind];
     context->output->markup(names.begin);
     context->output->markup(" id=\"" + note.id + "\">\n");
-    ORVHtmlContent content(context, pending.content.get(), true);
+    const ORVHtmlRuns runs(text.get());
+    ORVHtmlContent content(context, text.get(), runs, true);
     content.setHead(head(note));
     content.write();
     context->output->markup(names.end);

@@ -1,13 +1,10 @@
 #ifndef ORVHTMLNOTES_P_H
 #define ORVHTMLNOTES_P_H
 
-#include "ORVNotes.h"
+#include "ORVNoteQueue_p.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QVector>
-
-#include <deque>
-#include <memory>
 
 class QTextDocument;
 struct ORVHtmlContext;
@@ -22,7 +19,7 @@ struct ORVHtmlNote {
 /*! The notes of a document and of its notes, in the order in which they are written. */
 class ORVHtmlNotes {
 public:
-    explicit ORVHtmlNotes(ORVNotes::Form form) : m_form(form) { }
+    explicit ORVHtmlNotes(ORVNotes::Form form) : m_queue(form) { }
 
     /*!
         The notes of \a document, whose texts are to be written. It stays until then, unless it is the text of a note
@@ -38,22 +35,11 @@ public:
     static QByteArray mark(const ORVHtmlNote& note);
 
 private:
-    struct Pending {
-        ORVHtmlNote note;
-        // The document that has the note; null for a note within a note.
-        const QTextDocument* document = nullptr;
-        // Of a note within a note: it outlives the document that has it.
-        std::unique_ptr<QTextDocument> content;
-    };
-
+    static ORVHtmlNote shown(const ORVNoteQueue::Entry& entry);
     bool writeKinds(ORVHtmlContext* context);
-    void write(ORVHtmlContext* context, Pending& pending);
+    void writeNext(ORVHtmlContext* context, ORVNote::Kind kind);
 
-    ORVNotes::Form m_form;
-    std::deque<Pending> m_pending[3];
-    // The last number, and how many there are of each kind.
-    int m_numbers[3] = {0, 0, 0};
-    int m_counts[3] = {0, 0, 0};
+    ORVNoteQueue m_queue;
 };
 
 #endif

@@ -27,6 +27,12 @@ const char* replacementOf(ushort character)
 
 } // namespace
 
+ORVHtmlOutput::ORVHtmlOutput(QIODevice* device) : m_device(device)
+{
+    if (m_device)
+        m_buffer.reserve(2 * portion);
+}
+
 void ORVHtmlOutput::append(const char* data, int size)
 {
     if (isDry())
@@ -54,22 +60,42 @@ void ORVHtmlOutput::text(const QChar* text, int length)
     for (int i = 0; i < length; ++i) {
         const ushort character = text[i].unicode();
         // Letters are most of the text.
-        if (character > '>' && character < 0x7f)
+        if ((character > '>' && character < 0x7f) || character == ' ')
             continue;
         if (const char* const replacement = replacementOf(character)) {
-            markup(QString::fromRawData(text + written, i - written).toUtf8());
+            plainText(text + written, i - written);
             markup(replacement);
             written = i + 1;
         }
     }
-    markup(QString::fromRawData(text + written, length - written).toUtf8());
+    plainText(text + written, length - written);
+}
+
+/*! Writes text without markup. */
+void ORVHtmlOutput::plainText(const QChar* text, int length)
+{
+    int ascii = 0;
+    while (ascii < length && text[ascii].unicode() < 0x80)
+        ++ascii;
+    if (ascii < length) {
+        markup(QString::fromRawData(text, length).toUtf8());
+        return;
+    }
+    const int size = int(m_buffer.size());
+    m_buffer.resize(size + length);
+    char* const bytes = m_buffer.data() + size;
+    for (int i = 0; i < length; ++i)
+        bytes[i] = char(text[i].unicode());
+    if (m_buffer.size() >= portion)
+        flush();
 }
 
 void ORVHtmlOutput::flush()
 {
     if (!m_hasFailed)
         m_hasFailed = m_device->write(m_buffer) != m_buffer.size();
-    m_buffer.clear();
+    // Keeps the memory, unlike clear().
+    m_buffer.resize(0);
 }
 
 bool ORVHtmlOutput::finish()

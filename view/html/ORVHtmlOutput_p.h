@@ -12,7 +12,7 @@ class QIODevice;
 class ORVHtmlOutput {
 public:
     /*! Writes to \a device, which stays the caller's; to nothing when it is null. */
-    explicit ORVHtmlOutput(QIODevice* device) : m_device(device) { }
+    explicit ORVHtmlOutput(QIODevice* device);
 
     /*! Whether nothing is written: for finding out which styles a document needs. */
     bool isDry() const { return !m_device; }
@@ -34,6 +34,7 @@ public:
 
 private:
     void append(const char* data, int size);
+    void plainText(const QChar* text, int length);
     void flush();
 
     QIODevice* m_device;

@@ -1,6 +1,7 @@
 #include "ORVHtmlParagraph_p.h"
 
 #include "ORVHtmlContext_p.h"
+#include "ORVRtfProperties.h"
 #include "ORVTextBorder.h"
 #include "QtFormatCompat_p.h"
 
@@ -92,23 +93,14 @@ ORVHtmlParagraph ORVHtmlParagraph::of(const QTextBlock& block, const ORVHtmlCont
     declarations.set(Declarations::LineHeight, lineHeight(format, context));
     if (format.hasProperty(QTextFormat::BackgroundBrush) && format.background().style() != Qt::NoBrush)
         declarations.set(Declarations::BackgroundColor, Declarations::color(format.background().color()));
+    if (format.intProperty(ORVRtfProperty::ContextualSpacing) > 0)
+        declarations.set(Declarations::NeighborMargin, Declarations::length(-result.bottom));
     if (format.pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore)
         declarations.set(Declarations::BreakBefore, "page");
     if (format.pageBreakPolicy() & QTextFormat::PageBreak_AlwaysAfter)
         declarations.set(Declarations::BreakAfter, "page");
     setBorders(&result, format);
     return result;
-}
-
-bool ORVHtmlParagraph::keepsWhiteSpace(const QString& text)
-{
-    bool isBlank = true;
-    for (const QChar character : text) {
-        if (character == QLatin1Char('\t') || (isBlank && character == QLatin1Char(' ')))
-            return true;
-        isBlank = character == QLatin1Char(' ') || character == QChar(QChar::LineSeparator);
-    }
-    return false;
 }
 
 ORVHtmlDeclarations ORVHtmlParagraph::all() const

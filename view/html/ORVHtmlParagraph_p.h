@@ -25,8 +25,6 @@ struct ORVHtmlParagraph {
 
     /*! The format of \a block, which is in stock form. */
     static ORVHtmlParagraph of(const QTextBlock& block, const ORVHtmlContext& context);
-    /*! Whether \a text has blanks and tabs that HTML would leave out. */
-    static bool keepsWhiteSpace(const QString& text);
     /*! The declarations with margins and indent of the first line. */
     ORVHtmlDeclarations all() const;
 };

@@ -12,9 +12,9 @@ struct ElementName {
 
 // In the order of ORVHtmlStyleSheet::Element.
 const ElementName elementNames[] = {
-    {"p", "p"},    {"h1", "h1-"}, {"h2", "h2-"}, {"h3", "h3-"}, {"h4", "h4-"}, {"h5", "h5-"},
-    {"h6", "h6-"}, {"hr", "hr"},  {"ul", "ul"},  {"ol", "ol"},  {"li", "li"},  {"table", "table"},
-    {"td", "td"},  {"th", "th"},  {"a", "a"},    {"span", "t"},
+    {"p", "p"},    {"h1", "h1-"}, {"h2", "h2-"}, {"h3", "h3-"},    {"h4", "h4-"}, {"h5", "h5-"},
+    {"h6", "h6-"}, {"hr", "hr"},  {"ul", "ul"},  {"ol", "ol"},     {"li", "li"},  {"table", "table"},
+    {"td", "td"},  {"th", "th"},  {"a", "a"},    {"code", "code"}, {"span", "t"},
 };
 static_assert(sizeof(elementNames) / sizeof(elementNames[0]) == ORVHtmlStyleSheet::ElementCount,
               "each element has a name");
@@ -50,6 +50,7 @@ ORVHtmlDeclarations reset(ORVHtmlStyleSheet::Element element)
         result.set(ORVHtmlDeclarations::Padding, "0");
         result.set(ORVHtmlDeclarations::VerticalAlign, "top");
         break;
+    case ORVHtmlStyleSheet::Code: result.set(ORVHtmlDeclarations::FontSize, "inherit"); break;
     case ORVHtmlStyleSheet::Link:
         result.set(ORVHtmlDeclarations::Color, "inherit");
         result.set(ORVHtmlDeclarations::TextDecoration, "none");
@@ -76,10 +77,18 @@ ORVHtmlDeclarations ORVHtmlStyleSheet::kept(const ORVHtmlDeclarations& declarati
     return ORVHtmlDeclarations();
 }
 
-int ORVHtmlStyleSheet::use(Element element, const ORVHtmlDeclarations& allDeclarations)
+int ORVHtmlStyleSheet::use(Element element, const ORVHtmlDeclarations& declarations)
+{
+    const int style = number(element, declarations);
+    use(style);
+    return style;
+}
+
+int ORVHtmlStyleSheet::number(Element element, const ORVHtmlDeclarations& allDeclarations)
 {
     const ORVHtmlDeclarations declarations = kept(allDeclarations);
-    const QByteArray key = QByteArray(elementNames[element].prefix) + ' ' + declarations.css();
+    const QByteArray key = QByteArray(elementNames[element].prefix) + ' ' + declarations.css() + ' '
+        + declarations.value(ORVHtmlDeclarations::NeighborMargin);
     const QHash<QByteArray, int>::const_iterator known = m_numbers.constFind(key);
     const int number = known != m_numbers.constEnd() ? *known : int(m_styles.size());
     if (number == m_styles.size()) {
@@ -89,7 +98,6 @@ int ORVHtmlStyleSheet::use(Element element, const ORVHtmlDeclarations& allDeclar
         m_styles.append(style);
         m_numbers.insert(key, number);
     }
-    ++m_styles[number].uses;
     return number;
 }
 
@@ -110,13 +118,14 @@ void ORVHtmlStyleSheet::decide()
     for (int i = 0; i < m_styles.size(); ++i) {
         const Style& style = m_styles.at(i);
         int& best = m_defaults[style.element];
-        if (style.element != Text && (best < 0 || isBetterDefault(style, m_styles.at(best))))
+        if (style.uses > 0 && style.element != Text
+            && (best < 0 || isBetterDefault(style, m_styles.at(best))))
             best = i;
     }
     int counts[ElementCount] = {};
     for (int i = 0; i < m_styles.size(); ++i) {
         Style& style = m_styles[i];
-        if (m_defaults.at(style.element) == i)
+        if (style.uses == 0 || m_defaults.at(style.element) == i)
             continue;
         style.className = elementNames[style.element].prefix + QByteArray::number(++counts[style.element]);
         style.attribute = " class=\"" + style.className + '"';
@@ -129,6 +138,15 @@ void ORVHtmlStyleSheet::writeRule(ORVHtmlOutput& output, const QByteArray& selec
         output.markup(selector + " { " + css + " }\n");
 }
 
+/*! Margins overlap: a negative one takes away the lower margin of the neighbour above. */
+void ORVHtmlStyleSheet::writeNeighborRule(ORVHtmlOutput& output, const QByteArray& selector,
+                                          const ORVHtmlDeclarations& declarations)
+{
+    const QByteArray& margin = declarations.value(ORVHtmlDeclarations::NeighborMargin);
+    if (!margin.isEmpty())
+        writeRule(output, selector + " + " + selector, "margin-top: " + margin);
+}
+
 void ORVHtmlStyleSheet::write(ORVHtmlOutput& output) const
 {
     for (int element = 0; element < ElementCount; ++element) {
@@ -138,6 +156,7 @@ void ORVHtmlStyleSheet::write(ORVHtmlOutput& output) const
             base = initial;
             base.merge(m_styles.at(m_defaults.at(element)).declarations);
             writeRule(output, elementNames[element].tag, base.css());
+            writeNeighborRule(output, elementNames[element].tag + QByteArray(":not([class])"), base);
         }
         for (const Style& style : m_styles) {
             if (style.element != element || style.className.isEmpty())
@@ -145,6 +164,7 @@ void ORVHtmlStyleSheet::write(ORVHtmlOutput& output) const
             ORVHtmlDeclarations rule = initial;
             rule.merge(style.declarations);
             writeRule(output, '.' + style.className, rule.css(base));
+            writeNeighborRule(output, '.' + style.className, rule);
         }
     }
 }

@@ -31,6 +31,7 @@ public:
         Cell,
         HeadCell,
         Link,
+        Code,
         Text, //!< A run of text, which has a class in any case.
         ElementCount
     };
@@ -44,12 +45,16 @@ public:
 
     explicit ORVHtmlStyleSheet(Extent extent) : m_extent(extent) { }
 
+    /*! Whether any formats are written. */
+    bool hasStyles() const { return m_extent != Nothing; }
     /*! Those of \a declarations that are written. */
     ORVHtmlDeclarations kept(const ORVHtmlDeclarations& declarations) const;
+    /*! The number of the style that \a declarations are for \a element. Styles that nothing uses are not written. */
+    int number(Element element, const ORVHtmlDeclarations& declarations);
+    /*! Counts a use of a style. */
+    void use(int style) { ++m_styles[style].uses; }
     /*! Counts a use of \a declarations by \a element. Returns the number of the style. */
     int use(Element element, const ORVHtmlDeclarations& declarations);
-    /*! Counts one more use of a style. */
-    void useAgain(int style) { ++m_styles[style].uses; }
     /*! Makes the most frequent styles those of their elements. */
     void decide();
     /*! The class of a style as an attribute with a blank in front; empty for that of the element. */
@@ -71,6 +76,9 @@ private:
 
     static bool isBetterDefault(const Style& style, const Style& best);
     static void writeRule(ORVHtmlOutput& output, const QByteArray& selector, const QByteArray& css);
+
+    static void writeNeighborRule(ORVHtmlOutput& output, const QByteArray& selector,
+                                  const ORVHtmlDeclarations& declarations);
 
     Extent m_extent;
     QVector<Style> m_styles;

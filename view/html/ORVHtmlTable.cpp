@@ -61,10 +61,30 @@ int ORVHtmlTable::headRows() const
     return rows;
 }
 
+/*!
+    The sum of the columns' widths where all are parts of the text's width, in percent; 0 otherwise. Qt takes them
+    for the width of the table, while HTML has parts of the table's width.
+*/
+double ORVHtmlTable::widthOfColumns() const
+{
+    const QVector<QTextLength> widths = m_format.columnWidthConstraints();
+    double sum = 0;
+    for (const QTextLength& width : widths) {
+        if (width.type() != QTextLength::PercentageLength || !(width.rawValue() > 0))
+            return 0;
+        sum += width.rawValue();
+    }
+    const bool isStated = m_format.width().type() != QTextLength::VariableLength;
+    return isStated || widths.size() != m_table->columns() ? 0 : sum;
+}
+
 ORVHtmlDeclarations ORVHtmlTable::declarations() const
 {
     Declarations result;
-    result.set(Declarations::Width, lengthOf(m_format.width(), *m_context));
+    const double widthOfColumns = this->widthOfColumns();
+    result.set(Declarations::Width,
+               widthOfColumns > 0 ? Declarations::length(widthOfColumns, "%")
+                                  : lengthOf(m_format.width(), *m_context));
     const double left = m_context->points(m_format.leftMargin());
     const double top = m_context->points(m_format.topMargin());
     const double bottom = m_context->points(m_format.bottomMargin());
@@ -102,11 +122,14 @@ void ORVHtmlTable::writeColumns() const
     bool areStated = false;
     for (const QTextLength& width : widths)
         areStated = areStated || width.type() != QTextLength::VariableLength;
-    if (!areStated)
+    if (!areStated || !m_context->sheet->hasStyles())
         return;
     m_context->output->markup("<colgroup>");
+    const double widthOfColumns = this->widthOfColumns();
     for (const QTextLength& width : widths) {
-        const QByteArray value = lengthOf(width, *m_context);
+        const QByteArray value = widthOfColumns > 0
+            ? Declarations::length(width.rawValue() / widthOfColumns * 100, "%")
+            : lengthOf(width, *m_context);
         m_context->output->markup(value.isEmpty() ? "<col>" : "<col style=\"width: " + value + "\">");
     }
     m_context->output->markup("</colgroup>\n");
@@ -179,7 +202,7 @@ void ORVHtmlTable::beginCell(const QTextTableCell& cell)
     const int index = 2 * cell.tableCellFormatIndex() + (isInHead(cell) ? 1 : 0);
     QHash<int, int>::const_iterator style = m_cellStyles.constFind(index);
     if (style != m_cellStyles.constEnd())
-        m_context->sheet->useAgain(*style);
+        m_context->sheet->use(*style);
     else
         style = m_cellStyles.insert(
             index,

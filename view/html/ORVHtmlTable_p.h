@@ -27,6 +27,7 @@ private:
     ORVHtmlDeclarations declarations() const;
     ORVHtmlDeclarations cellDeclarations(const QTextTableCell& cell) const;
     void setCellBorders(ORVHtmlDeclarations* declarations, const QTextCharFormat& format) const;
+    double widthOfColumns() const;
     void writeColumns() const;
     int headRows() const;
     bool beginsCell(int row) const;

@@ -1,5 +1,6 @@
 #include "ORVHtmlTextStyles_p.h"
 
+#include "ORVFontFamilies_p.h"
 #include "ORVHtmlLinks_p.h"
 #include "ORVHtmlOutput_p.h"
 #include "ORVRtfProperties.h"
@@ -10,29 +11,6 @@
 namespace {
 
 using Declarations = ORVHtmlDeclarations;
-
-/*! The generic family of what is a family of fixed pitch or a sans-serif one by its name; empty for others. */
-QByteArray genericFamily(const QString& family)
-{
-    struct Sign {
-        const char* part;
-        const char* generic;
-    };
-    static const Sign signs[] = {
-        {"mono", "monospace"},     {"courier", "monospace"},  {"consolas", "monospace"},
-        {"sans", "sans-serif"},    {"arial", "sans-serif"},   {"helvetica", "sans-serif"},
-        {"calibri", "sans-serif"}, {"carlito", "sans-serif"}, {"verdana", "sans-serif"},
-        {"tahoma", "sans-serif"},  {"segoe", "sans-serif"},   {"times", "serif"},
-        {"serif", "serif"},        {"georgia", "serif"},      {"cambria", "serif"},
-        {"caladea", "serif"},      {"garamond", "serif"},     {"palatino", "serif"},
-        {"book", "serif"},
-    };
-    for (const Sign& sign : signs) {
-        if (family.contains(QLatin1String(sign.part), Qt::CaseInsensitive))
-            return sign.generic;
-    }
-    return QByteArray();
-}
 
 QByteArray families(const QTextCharFormat& format)
 {
@@ -47,7 +25,7 @@ QByteArray families(const QTextCharFormat& format)
         if (!name.isEmpty())
             result += (result.isEmpty() ? "" : ", ") + Declarations::string(name);
     }
-    const QByteArray generic = genericFamily(names.first());
+    const QByteArray generic = ORVFontFamilies::generic(names.first());
     return result.isEmpty() || generic.isEmpty() ? result : result + ", " + generic;
 }
 
@@ -149,12 +127,35 @@ Declarations appearance(const QTextCharFormat& format)
     return result;
 }
 
+/*! The font of computer code; empty when \a own states more than such a font, or none. */
+Declarations codeFont(const Declarations& own)
+{
+    Declarations rest = own;
+    rest.set(Declarations::FontFamily, QByteArray());
+    rest.set(Declarations::FontSize, QByteArray());
+    Declarations font;
+    if (rest.isEmpty() && own.value(Declarations::FontFamily).endsWith("monospace")) {
+        font.set(Declarations::FontFamily, own.value(Declarations::FontFamily));
+        font.set(Declarations::FontSize, own.value(Declarations::FontSize));
+    }
+    return font;
+}
+
 } // namespace
 
 ORVHtmlTextStyles::ORVHtmlTextStyles(ORVHtmlStyleSheet* sheet, const QTextCharFormat& defaultFormat,
                                      const QString& language)
     : m_sheet(sheet), m_default(defaultFormat), m_language(language)
 {
+}
+
+bool ORVHtmlTextStyles::hasPlainBlanks(const QTextCharFormat& format)
+{
+    const Declarations own = appearance(format);
+    return own.value(Declarations::BackgroundColor).isEmpty()
+        && own.value(Declarations::TextDecoration).isEmpty() && !hasPlainUnderline(format)
+        && !format.fontStrikeOut() && position(format) == QTextCharFormat::AlignNormal
+        && ORVHtmlLinks::attribute(format).isEmpty();
 }
 
 ORVHtmlDeclarations ORVHtmlTextStyles::font(const QTextCharFormat& format) const
@@ -196,7 +197,7 @@ void ORVHtmlTextStyles::addLink(Elements* elements, const QTextCharFormat& forma
         link.set(Declarations::TextDecoration, "underline");
     ORVHtmlInlineElement element("a");
     element.attributes = ORVHtmlLinks::attribute(format);
-    element.style = m_sheet->use(ORVHtmlStyleSheet::Link, link);
+    element.style = m_sheet->number(ORVHtmlStyleSheet::Link, link);
     elements->append(element);
 }
 
@@ -214,7 +215,7 @@ void ORVHtmlTextStyles::addSpan(Elements* elements, const QTextCharFormat& forma
     if (!language.isEmpty())
         element.attributes = " lang=" + ORVHtmlOutput::attributeValue(language);
     if (!kept.isEmpty())
-        element.style = m_sheet->use(ORVHtmlStyleSheet::Text, kept);
+        element.style = m_sheet->number(ORVHtmlStyleSheet::Text, kept);
     elements->append(element);
 }
 
@@ -240,7 +241,17 @@ QVector<ORVHtmlInlineElement> ORVHtmlTextStyles::elements(const QTextCharFormat&
     const bool isLink = !ORVHtmlLinks::attribute(format).isEmpty();
     if (isLink)
         addLink(&result, format, &own);
+    const Declarations code = codeFont(own);
+    if (!code.isEmpty()) {
+        own.set(Declarations::FontFamily, QByteArray());
+        own.set(Declarations::FontSize, QByteArray());
+    }
     addSpan(&result, format, own);
+    if (!code.isEmpty()) {
+        ORVHtmlInlineElement element("code");
+        element.style = m_sheet->number(ORVHtmlStyleSheet::Code, code);
+        result.append(element);
+    }
     const auto addIf = [&result](bool condition, const char* tag) {
         if (condition)
             result.append(ORVHtmlInlineElement(tag));

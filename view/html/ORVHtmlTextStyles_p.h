@@ -31,18 +31,20 @@ struct ORVHtmlInlineElement {
 class ORVHtmlTextStyles {
 public:
     /*!
-        Counts the uses in \a sheet. Families and sizes that formats do not state are those of \a defaultFormat; text in
+        The styles are those of \a sheet. Families and sizes that formats do not state are those of \a defaultFormat; text in
         \a language does not state it.
     */
     ORVHtmlTextStyles(ORVHtmlStyleSheet* sheet, const QTextCharFormat& defaultFormat,
                       const QString& language);
 
+    /*! Whether blanks of \a format look like those without a format: they are not underlined, for instance. */
+    static bool hasPlainBlanks(const QTextCharFormat& format);
     /*! What a paragraph states for text of \a format; the weight only where \a isHeading. */
     ORVHtmlDeclarations base(const QTextCharFormat& format, bool isHeading) const;
 
     /*!
-        The elements around text of \a format in a paragraph that states \a base: the outer ones first. Their styles
-        are counted.
+        The elements around text of \a format in a paragraph that states \a base: the outer ones first. Uses of their
+        styles are not counted yet.
     */
     QVector<ORVHtmlInlineElement> elements(const QTextCharFormat& format,
                                            const ORVHtmlDeclarations& base) const;

@@ -1,6 +1,7 @@
 #ifndef ORVHTMLTEXT_P_H
 #define ORVHTMLTEXT_P_H
 
+#include "ORVHtmlRuns_p.h"
 #include "ORVHtmlTextStyles_p.h"
 
 #include <QtCore/QHash>
@@ -13,8 +14,9 @@ struct ORVHtmlNote;
 /*! Writes the text of paragraphs of one document, with the elements that its formats need. */
 class ORVHtmlText {
 public:
-    /*! \a notes are those of \a document. */
-    ORVHtmlText(ORVHtmlContext* context, const QTextDocument* document, const QVector<ORVHtmlNote>& notes);
+    /*! \a runs and \a notes are those of \a document. */
+    ORVHtmlText(ORVHtmlContext* context, const QTextDocument* document, const ORVHtmlRuns& runs,
+                const QVector<ORVHtmlNote>& notes);
 
     /*! Number of what the paragraph \a block declares for most of its text. */
     int base(const QTextBlock& block, bool isHeading);
@@ -31,23 +33,29 @@ private:
         QVector<ORVHtmlInlineElement> elements;
         QStringList anchors;
         bool isPicture = false;
+        // Whether blanks look like those without a format.
+        bool hasPlainBlanks = true;
     };
 
+    int mostFrequentFormat(const ORVHtmlRuns::Paragraph& paragraph) const;
     Run newRun(const QTextCharFormat& format, int base) const;
-    const Run& run(const QTextFragment& fragment, int base);
-    void writeFragment(const QTextFragment& fragment, int base);
-    void writePart(const QTextFragment& fragment, const Run& run, int from, int end);
+    const Run& run(int format, int base);
+    void writeRun(int format, int position, int end, int base);
+    void writePart(const Run& run, int format, int from, int end);
     void writePictures(const QTextCharFormat& format, int count);
     void writeAnchors(const QStringList& names);
     void writeMark(const ORVHtmlNote& note, const Run& run);
+    int commonElements(const QVector<ORVHtmlInlineElement>& elements) const;
+    void closeElements(int kept);
     void setElements(const QVector<ORVHtmlInlineElement>& elements);
 
     ORVHtmlContext* m_context;
     const QTextDocument* m_document;
+    const ORVHtmlRuns& m_runs;
     ORVHtmlTextStyles m_styles;
     QVector<ORVHtmlInlineElement> m_open;
     // By the number of what the paragraph declares, and the index of the format.
-    QHash<QPair<int, int>, Run> m_runs;
+    QHash<QPair<int, int>, Run> m_knownRuns;
     QVector<ORVHtmlDeclarations> m_bases;
     // By their CSS, and by the index of a format, doubled, with 1 added for headings.
     QHash<QByteArray, int> m_baseNumbers;
