@@ -1,4 +1,5 @@
 #include "ORVHtmlWriter.h"
+#include "ORVMarkdownWriter.h"
 #include "ORVRtfInterchangeWords_p.h"
 #include "interchangehelpers.h"
 #include "testsupport.h"
@@ -197,6 +198,12 @@ private slots:
                     QBuffer html;
                     html.open(QIODevice::WriteOnly);
                     QVERIFY2(ORVHtmlWriter(&html).write(document.data()), qPrintable("%1"_s.arg(id, 0, 16)));
+                    QBuffer markdown;
+                    markdown.open(QIODevice::WriteOnly);
+                    QVERIFY2(ORVMarkdownWriter(&markdown).write(document.data()),
+                             qPrintable("%1"_s.arg(id, 0, 16)));
+                    QVERIFY2(markdown.data().contains('x') && markdown.data().contains('y'),
+                             markdown.data().constData());
                 }
             }
         });
