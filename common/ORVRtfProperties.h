@@ -56,6 +56,11 @@ enum Id {
     NoteInitials = QTextFormat::UserProperty + 107,
     /*! QDateTime, char: when the annotation was written, in local time. */
     NoteDate = QTextFormat::UserProperty + 108,
+    /*!
+        int, char: the text is a mark that ORVNotes::moveToEnd() has linked. A number that no other note has, above 0
+        for the mark in the text and the same below 0 for the mark in front of the note.
+    */
+    NoteLink = QTextFormat::UserProperty + 109,
     /*! QString, char: the bookmark the text belongs to; a name that begins with "@" marks its end. */
     BookmarkName = QTextFormat::UserProperty + 210,
     /*! QString, char: the bookmark whose page number the text shows. */

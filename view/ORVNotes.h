@@ -56,7 +56,8 @@ enum Form {
 /*! How moveToEnd() shows marks. */
 enum MarkStyle {
     RaisedMarks, //!< As superscript, with a short rule in front of the notes.
-    BracketedMarks //!< "[1]", with an empty paragraph in front of the notes: for plain text.
+    BracketedMarks, //!< "[1]", with an empty paragraph in front of the notes: for plain text.
+    LinkedMarks //!< As raised ones, linked with those in front of the notes: see ORVPagePainter::links().
 };
 
 /*!

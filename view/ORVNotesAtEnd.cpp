@@ -28,10 +28,10 @@ QTextCharFormat formatAt(const QTextCursor& cursor)
     if (format.isImageFormat() || format.isTableCellFormat())
         return QTextCharFormat();
     ORVNotes::clear(&format);
-    for (const int property :
-         {int(QTextFormat::IsAnchor), int(QTextFormat::AnchorHref), int(QTextFormat::AnchorName),
-          int(QTextFormat::TextVerticalAlignment), int(ORVRtfProperty::BaselineShift),
-          int(ORVRtfProperty::BookmarkName), int(ORVRtfProperty::PageReference)})
+    for (const int property : {int(QTextFormat::IsAnchor), int(QTextFormat::AnchorHref),
+                               int(QTextFormat::AnchorName), int(QTextFormat::TextVerticalAlignment),
+                               int(ORVRtfProperty::BaselineShift), int(ORVRtfProperty::BookmarkName),
+                               int(ORVRtfProperty::PageReference), int(ORVRtfProperty::NoteLink)})
         format.clearProperty(property);
     return format;
 }
@@ -59,18 +59,20 @@ private:
     /*! A note within another one. */
     struct InnerNote {
         ORVNote note;
+        int link;
         std::unique_ptr<QTextDocument> content;
     };
 
     QTextBlockFormat ruleFormat() const;
     void appendRule(QTextCursor& cursor);
-    void append(const ORVNote& note, QTextDocument* content, QTextCursor& cursor);
+    void append(const ORVNote& note, int link, QTextDocument* content, QTextCursor& cursor);
     void takeInnerNotes(QTextDocument* content);
-    void insertHead(const ORVNote& note, QTextDocument* content) const;
+    void insertHead(const ORVNote& note, int link, QTextDocument* content) const;
     void insert(QTextDocument* content, ORVNote::Kind kind, QTextCursor& cursor);
-    void showMark(QTextCursor& cursor, const ORVNote& note) const;
-    void showMarks(QTextCursor& cursor, const QVector<ORVNote>& notes) const;
+    void showMark(QTextCursor& cursor, const ORVNote& note, int link) const;
+    void showMarks(QTextCursor& cursor, const QVector<ORVNote>& notes, int firstLink) const;
     void raise(QTextCharFormat* format) const;
+    void setLink(QTextCharFormat* format, int link) const;
     QString shownMark(const ORVNote& note) const;
 
     QTextDocument* m_document;
@@ -78,6 +80,8 @@ private:
     ORVNotes::MarkStyle m_style;
     // In the order in which they follow the notes of the text.
     std::deque<InnerNote> m_innerNotes;
+    // The number of notes whose links have numbers: from 1 in the order of the text.
+    int m_linkCount = 0;
     // The last number of each kind.
     int m_numbers[kindCount] = {0, 0, 0};
     // Where the last note of each kind ends.
@@ -89,21 +93,22 @@ void NoteMover::run(const QVector<ORVNote>& notes)
 {
     for (const ORVNote& note : notes)
         m_numbers[note.kind] = qMax(m_numbers[note.kind], note.number);
+    m_linkCount = notes.size();
     QTextCursor cursor(m_document);
     cursor.beginEditBlock();
     appendRule(cursor);
-    for (const ORVNote& note : notes) {
+    for (int i = 0; i < notes.size(); ++i) {
         QTextDocument content;
-        ORVNotes::copyContent(m_document, note, &content, m_form);
-        append(note, &content, cursor);
+        ORVNotes::copyContent(m_document, notes.at(i), &content, m_form);
+        append(notes.at(i), i + 1, &content, cursor);
     }
     // Notes within notes stand in line there, which ends with the third level: each takes a flag away.
     while (!m_innerNotes.empty()) {
         const InnerNote inner = std::move(m_innerNotes.front());
         m_innerNotes.pop_front();
-        append(inner.note, inner.content.get(), cursor);
+        append(inner.note, inner.link, inner.content.get(), cursor);
     }
-    showMarks(cursor, notes);
+    showMarks(cursor, notes, 1);
     cursor.endEditBlock();
 }
 
@@ -138,13 +143,13 @@ void NoteMover::appendRule(QTextCursor& cursor)
 }
 
 /*! Appends \a content, that of \a note, to the notes of its kind. It is changed. */
-void NoteMover::append(const ORVNote& note, QTextDocument* content, QTextCursor& cursor)
+void NoteMover::append(const ORVNote& note, int link, QTextDocument* content, QTextCursor& cursor)
 {
     QTextCursor all(content);
     all.select(QTextCursor::Document);
     ORVTextUtil::trim(all);
     takeInnerNotes(content);
-    insertHead(note, content);
+    insertHead(note, link, content);
     insert(content, note.kind, cursor);
 }
 
@@ -153,25 +158,27 @@ void NoteMover::takeInnerNotes(QTextDocument* content)
     QVector<ORVNote> notes = ORVNotes::all(content);
     if (notes.isEmpty())
         return;
+    const int firstLink = m_linkCount + 1;
     for (ORVNote& note : notes) {
         if (note.number > 0)
             note.mark = ORVNoteFinder::mark(note.kind, ++m_numbers[note.kind]);
-        InnerNote inner = {note, std::unique_ptr<QTextDocument>(new QTextDocument)};
+        InnerNote inner = {note, ++m_linkCount, std::unique_ptr<QTextDocument>(new QTextDocument)};
         ORVNotes::copyContent(content, note, inner.content.get(), m_form);
         m_innerNotes.push_back(std::move(inner));
     }
     QTextCursor cursor(content);
     cursor.beginEditBlock();
-    showMarks(cursor, notes);
+    showMarks(cursor, notes, firstLink);
     cursor.endEditBlock();
 }
 
 /*! Inserts what stands in front of the text of \a note: its mark, and where a comment is from. */
-void NoteMover::insertHead(const ORVNote& note, QTextDocument* content) const
+void NoteMover::insertHead(const ORVNote& note, int link, QTextDocument* content) const
 {
     const QTextCharFormat format = firstFormat(content);
     QTextCharFormat markFormat = format;
     raise(&markFormat);
+    setLink(&markFormat, -link);
     const QString origin = note.kind == ORVNote::Comment ? ORVNotes::origin(note) : QString();
     QTextCursor cursor(content);
     cursor.insertText(shownMark(note), markFormat);
@@ -199,7 +206,7 @@ void NoteMover::insert(QTextDocument* content, ORVNote::Kind kind, QTextCursor& 
 }
 
 /*! From the last on, so that the positions of the notes stay true. */
-void NoteMover::showMarks(QTextCursor& cursor, const QVector<ORVNote>& notes) const
+void NoteMover::showMarks(QTextCursor& cursor, const QVector<ORVNote>& notes, int firstLink) const
 {
     const ORVNote& last = notes.last();
     ORVFragments::changeFormats(cursor.document(), notes.first().position, last.position + last.length,
@@ -209,11 +216,11 @@ void NoteMover::showMarks(QTextCursor& cursor, const QVector<ORVNote>& notes) co
                                     ORVNotes::clear(format);
                                 });
     for (int i = notes.size() - 1; i >= 0; --i)
-        showMark(cursor, notes.at(i));
+        showMark(cursor, notes.at(i), firstLink + i);
 }
 
 /*! Shows the mark of \a note in place of the note or, when it is attached, behind the text that has it. */
-void NoteMover::showMark(QTextCursor& cursor, const ORVNote& note) const
+void NoteMover::showMark(QTextCursor& cursor, const ORVNote& note, int link) const
 {
     const int end = note.position + note.length;
     cursor.setPosition(note.holding == ORVNote::Mark ? note.position + 1 : end);
@@ -223,20 +230,31 @@ void NoteMover::showMark(QTextCursor& cursor, const ORVNote& note) const
         cursor.setPosition(end, QTextCursor::KeepAnchor);
     }
     const QString mark = shownMark(note);
-    if (note.holding == ORVNote::Mark && cursor.selectedText() == mark)
+    if (note.holding == ORVNote::Mark && cursor.selectedText() == mark) {
+        QTextCharFormat change;
+        setLink(&change, link);
+        cursor.mergeCharFormat(change);
         return;
+    }
     if (note.holding == ORVNote::InLine) {
         cursor.removeSelectedText();
         format = formatAt(cursor);
     }
     raise(&format);
+    setLink(&format, link);
     cursor.insertText(mark, format);
 }
 
 void NoteMover::raise(QTextCharFormat* format) const
 {
-    if (m_style == ORVNotes::RaisedMarks && format->verticalAlignment() == QTextCharFormat::AlignNormal)
+    if (m_style != ORVNotes::BracketedMarks && format->verticalAlignment() == QTextCharFormat::AlignNormal)
         format->setVerticalAlignment(QTextCharFormat::AlignSuperScript);
+}
+
+void NoteMover::setLink(QTextCharFormat* format, int link) const
+{
+    if (m_style == ORVNotes::LinkedMarks)
+        format->setProperty(ORVRtfProperty::NoteLink, link);
 }
 
 QString NoteMover::shownMark(const ORVNote& note) const

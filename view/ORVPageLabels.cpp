@@ -17,6 +17,7 @@
 #include <QtGui/QTextLayout>
 #include <QtGui/QTextList>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -130,6 +131,14 @@ double ORVPageLabels::nextTabStop(const QTextBlock& block, const QTextBlockForma
         margin + (format.indent() + block.textList()->format().indent()) * m_document->indentWidth();
     const double distance = ORVTabStops::distance(m_document->defaultTextOption());
     return (std::floor((edge + position) / distance) + 1) * distance - edge;
+}
+
+QString ORVPageLabels::text(const QTextBlock& block) const
+{
+    const int number = block.blockNumber();
+    const auto found = std::lower_bound(m_labels.begin(), m_labels.end(), number,
+                                        [](const Label& label, int wanted) { return label.block < wanted; });
+    return found != m_labels.end() && found->block == number ? found->text : QString();
 }
 
 void ORVPageLabels::hideQtLabels()

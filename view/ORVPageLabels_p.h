@@ -27,6 +27,9 @@ public:
     */
     ORVPageLabels(QTextDocument* document, QPaintDevice* device);
 
+    /*! The text of the label of \a block; empty when it has none. */
+    QString text(const QTextBlock& block) const;
+
     /*! Finds the page of each label, once the document is laid out on pages of \a pageHeight. */
     void assignPages(double pageHeight);
 
@@ -53,6 +56,7 @@ private:
     QTextDocument* m_document;
     QPaintDevice* m_device;
     ORVStockLists m_lists;
+    // In the order of their blocks.
     QVector<Label> m_labels;
     // The numbers of the labels on each page.
     QHash<int, QVector<int>> m_pages;

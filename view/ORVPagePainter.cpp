@@ -5,6 +5,7 @@
 #include "ORVPageLabels_p.h"
 #include "ORVPageLeaders_p.h"
 #include "ORVPageLimits_p.h"
+#include "ORVPageNavigation_p.h"
 #include "ORVPageSpacing_p.h"
 #include "ORVRounding_p.h"
 #include "ORVRtfPageTags_p.h"
@@ -30,6 +31,7 @@ namespace {
 
 // Of a pixel: Qt's layout cuts off what is finer, which would add up from page to page.
 const double layoutUnits = 64;
+const double pageEdge = 0.5 / layoutUnits;
 const double inchesPerMeter = 1 / 0.0254;
 // Distance between tab stops where a paragraph has none, and of header and footer from the edges of the
 // paper, in points: half an inch, as RTF has both unless a file says otherwise.
@@ -121,11 +123,16 @@ class ORVPagePainterPrivate {
 public:
     ORVPagePainterPrivate(const QTextDocument* document, const ORVPageSetup& setup, int resolution);
 
+    int resolution() const { return m_resolution; }
+    QSizeF paperSize() const { return m_setup.page.usablePaperSize(); }
     int pageCount() const;
+    QVector<ORVPageHeading> headings() const { return m_navigation->headings(*m_labels, pageArea()); }
+    QVector<ORVPageLink> links() const { return m_navigation->links(pageArea()); }
     void paintPage(QPainter* painter, int page) const;
 
 private:
     QRectF layoutArea() const;
+    ORVPageArea pageArea() const;
     void paintText(QPainter* painter, int page) const;
     void paintMarginTexts(QPainter* painter, int page) const;
     void paintMarginText(QPainter* painter, const ORVPageSetup::MarginText& marginText, const QRectF& area,
@@ -136,6 +143,7 @@ private:
     // What the layout takes the resolution from; nothing is painted on it.
     QScopedPointer<QPaintDevice> m_device;
     QScopedPointer<QTextDocument> m_document;
+    QScopedPointer<ORVPageNavigation> m_navigation;
     QScopedPointer<ORVPageLabels> m_labels;
     QScopedPointer<ORVPageBorders> m_borders;
     QScopedPointer<ORVPageLeaders> m_leaders;
@@ -146,6 +154,7 @@ ORVPagePainterPrivate::ORVPagePainterPrivate(const QTextDocument* document, cons
     : m_setup(setup), m_resolution(qMax(1, resolution)), m_device(deviceOf(ORVUnit::screenResolution())),
       m_document(document ? TextDocSupport::cloneDocumentQtStyle(document, nullptr) : new QTextDocument)
 {
+    m_navigation.reset(new ORVPageNavigation(m_document.data()));
     setTabDistance(m_document.data());
     ORVPageSpacing::leaveOut(m_document.data());
     m_leaders.reset(new ORVPageLeaders(m_document.data(), m_device.data()));
@@ -176,6 +185,13 @@ QRectF ORVPagePainterPrivate::layoutArea() const
     return QRectF(area.left() * scale, area.top() * scale, area.width() * scale, height);
 }
 
+ORVPageArea ORVPagePainterPrivate::pageArea() const
+{
+    const QRectF area = layoutArea();
+    const double scale = ORVUnit::screenResolution() / 72.0;
+    return {area.topLeft(), area.height(), paperSize() * scale, scale, pageCount()};
+}
+
 void ORVPagePainterPrivate::paintPage(QPainter* painter, int page) const
 {
     const double scale = double(m_resolution) / ORVUnit::screenResolution();
@@ -198,7 +214,8 @@ void ORVPagePainterPrivate::paintText(QPainter* painter, int page) const
     painter->translate(area.left(), area.top() - top);
     painter->setClipRect(clip, Qt::IntersectClip);
     QAbstractTextDocumentLayout::PaintContext context = blackOnWhite();
-    context.clip = clip;
+    // Qt also draws what only touches the clip: the first line of the next page would be in a PDF file twice.
+    context.clip = clip.adjusted(0, pageEdge, 0, -pageEdge);
     m_document->documentLayout()->draw(painter, context);
     m_labels->paint(painter, page);
     m_leaders->paint(painter, page);
@@ -256,9 +273,29 @@ ORVPagePainter::ORVPagePainter(const QTextDocument* document, const ORVPageSetup
 
 ORVPagePainter::~ORVPagePainter() { }
 
+int ORVPagePainter::resolution() const
+{
+    return d->resolution();
+}
+
+QSizeF ORVPagePainter::paperSize() const
+{
+    return d->paperSize();
+}
+
 int ORVPagePainter::pageCount() const
 {
     return d->pageCount();
+}
+
+QVector<ORVPageHeading> ORVPagePainter::headings() const
+{
+    return d->headings();
+}
+
+QVector<ORVPageLink> ORVPagePainter::links() const
+{
+    return d->links();
 }
 
 void ORVPagePainter::paintPage(QPainter* painter, int page) const

@@ -2,10 +2,12 @@
 #define ORVPAGEPAINTER_H
 
 #include "ORVPageGeometry.h"
+#include "ORVPagePlaces.h"
 #include "ORVRtfGlobal.h"
 
 #include <QtCore/QScopedPointer>
 #include <QtCore/QString>
+#include <QtCore/QVector>
 #include <QtGui/QFont>
 
 class ORVPagePainterPrivate;
@@ -64,8 +66,28 @@ public:
     ORVPagePainter(const QTextDocument* document, const ORVPageSetup& setup, int resolution);
     ~ORVPagePainter();
 
+    /*! Pixels to the inch, at least 1. */
+    int resolution() const;
+
+    /*! Size of the paper, in points. */
+    QSizeF paperSize() const;
+
     /*! Number of pages, at least 1. */
     int pageCount() const;
+
+    /*!
+        The headings that have text, from the beginning of the document to its end. A heading that is an item of
+        a numbered list has its number in the title.
+    */
+    QVector<ORVPageHeading> headings() const;
+
+    /*!
+        The links, in the order of the text: one for each line of a link. A link is text or a picture with a
+        target (QTextCharFormat::anchorHref()), or a mark of a note that ORVNotes::moveToEnd() has linked.
+        "#" and a name lead to the text that has this anchor name, and nowhere if none has it. Scripts are not
+        links. Nor are, in a line with more than 250 links, the further ones.
+    */
+    QVector<ORVPageLink> links() const;
 
     /*!
         Paints page \a page, counted from 0. The painter's origin is where the upper left corner of the paper

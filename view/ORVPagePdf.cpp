@@ -10,12 +10,12 @@
 namespace {
 
 // Pixels to the inch that places in the file are rounded to.
-const int resolution = 600;
+const int usualResolution = 600;
 
-void setUp(QPdfWriter* writer, const QSizeF& paper)
+void setUp(QPdfWriter* writer, const ORVPagePainter& pages)
 {
-    writer->setResolution(resolution);
-    writer->setPageSize(QPageSize(paper, QPageSize::Point, QString(), QPageSize::ExactMatch));
+    writer->setResolution(pages.resolution());
+    writer->setPageSize(QPageSize(pages.paperSize(), QPageSize::Point, QString(), QPageSize::ExactMatch));
     writer->setPageMargins(QMarginsF());
 }
 
@@ -36,13 +36,18 @@ bool paintPages(QPdfWriter* writer, const ORVPagePainter& pages)
 
 QByteArray ORVPagePdf::make(const QTextDocument* document, const ORVPageSetup& setup, const QString& creator)
 {
+    const QString title = document ? document->metaInformation(QTextDocument::DocumentTitle) : QString();
+    return make(ORVPagePainter(document, setup, usualResolution), title, creator);
+}
+
+QByteArray ORVPagePdf::make(const ORVPagePainter& pages, const QString& title, const QString& creator)
+{
     QByteArray data;
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
-    setUp(&writer, setup.page.usablePaperSize());
+    setUp(&writer, pages);
     writer.setCreator(creator);
-    if (document)
-        writer.setTitle(document->metaInformation(QTextDocument::DocumentTitle));
-    return paintPages(&writer, ORVPagePainter(document, setup, resolution)) ? data : QByteArray();
+    writer.setTitle(title);
+    return paintPages(&writer, pages) ? data : QByteArray();
 }

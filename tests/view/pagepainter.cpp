@@ -2,6 +2,7 @@
 #include "ORVPagePdf.h"
 #include "ORVTextPage.h"
 #include "ORVTextRtfReader.h"
+#include "paintedtext.h"
 #include "testsupport.h"
 
 namespace {
@@ -184,6 +185,23 @@ private slots:
         QTextDocument document("one\ntwo\nthree"_s);
         breakParagraphs(&document);
         QCOMPARE(ORVPagePainter(&document, smallPage(), 96).pageCount(), 3);
+    }
+
+    /*! Not even beyond the text area, where nobody would see it: programs find it in PDF files. */
+    void textOfOtherPagesIsNotPainted()
+    {
+        QTextDocument document("one\ntwo\nthree"_s);
+        breakParagraphs(&document);
+        const ORVPagePainter pages(&document, smallPage(), 96);
+        const char* const texts[] = {"one", "two", "three"};
+        for (int page = 0; page < 3; ++page) {
+            viewtest::RecordedPaper paper;
+            {
+                QPainter painter(&paper);
+                pages.paintPage(&painter, page);
+            }
+            QCOMPARE(viewtest::textsOf(paper.recorder.pieces), QStringList(QLatin1String(texts[page])));
+        }
     }
 
     // 117 points of text are 156 pixels: three squares of 50 pixels, each in a line of its own.

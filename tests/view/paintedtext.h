@@ -30,6 +30,8 @@ public:
     Type type() const override { return User; }
     void updateState(const QPaintEngineState& state) override { m_transform = state.transform(); }
     void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override { }
+    void drawPath(const QPainterPath&) override { }
+    void drawPolygon(const QPointF*, int, PolygonDrawMode) override { }
     void drawTextItem(const QPointF& position, const QTextItem& item) override
     {
         const QPointF place = m_transform.map(position);
