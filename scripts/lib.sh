@@ -8,11 +8,11 @@ logs=$root/build/logs
 
 # Debian packages that building needs, and those that the tests, making packages, the benchmarks, coverage and fuzzing,
 # and the checks of CI need besides. What configuring the tests looks for is in test_build_packages.
-build_packages=(cmake g++ libfontconfig-dev ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
+build_packages=(cmake g++ libfontconfig-dev libqpdf-dev ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools)
 test_build_packages=(ccache doxygen)
 test_packages=(
     "${test_build_packages[@]}" abiword fonts-dejavu-core fonts-liberation fonts-wqy-microhei libreoffice-writer-nogui
-    man-db mandoc pandoc parallel pkgconf poppler-utils python3 rsync unrtf valgrind xclip xvfb
+    man-db mandoc pandoc parallel pkgconf poppler-utils python3 qpdf rsync tidy unrtf valgrind xclip xvfb
 )
 package_packages=(debhelper dpkg-dev)
 bench_packages=(abiword libbenchmark-dev libreoffice-writer-nogui pandoc python3 unrtf)

@@ -746,16 +746,16 @@ Fehler: %3</translation>
         <translation>Die Version zeigen.</translation>
     </message>
     <message>
-        <source>Format of IN for convert: rtf, html or txt.</source>
-        <translation>Format von IN für convert: rtf, html oder txt.</translation>
+        <source>Format of IN for convert, of A and B for diff: rtf, html or txt.</source>
+        <translation>Format von IN für convert, von A und B für diff: rtf, html oder txt.</translation>
     </message>
     <message>
         <source>format</source>
         <translation>Format</translation>
     </message>
     <message>
-        <source>Program that reads .doc, .docx and .odt: auto, libreoffice, abiword or pandoc.</source>
-        <translation>Programm, das .doc, .docx und .odt liest: auto, libreoffice, abiword oder pandoc.</translation>
+        <source>Program that reads .doc, .docx and .odt: auto, libreoffice, abiword or pandoc. If libreoffice, it writes .odt too.</source>
+        <translation>Programm, das .doc, .docx und .odt liest: auto, libreoffice, abiword oder pandoc. Bei libreoffice schreibt es auch .odt.</translation>
     </message>
     <message>
         <source>name</source>
@@ -790,32 +790,32 @@ Fehler: %3</translation>
         <translation>info gibt JSON aus.</translation>
     </message>
     <message>
-        <source>convert, info, check or strip.</source>
-        <translation>convert, info, check oder strip.</translation>
+        <source>convert, info, check, strip or diff.</source>
+        <translation>convert, info, check, strip oder diff.</translation>
     </message>
     <message>
         <source>File to read.</source>
         <translation>Datei, die gelesen wird.</translation>
     </message>
     <message>
-        <source>File that convert and strip write.</source>
-        <translation>Datei, die convert und strip schreiben.</translation>
+        <source>File that convert, strip and diff write.</source>
+        <translation>Datei, die convert, strip und diff schreiben.</translation>
     </message>
     <message>
         <source>unknown input format &quot;%1&quot;, known are rtf, html and txt</source>
         <translation>Unbekanntes Eingabeformat „%1“, bekannt sind rtf, html und txt</translation>
     </message>
     <message>
-        <source>--engine goes with .doc, .docx and .odt input only</source>
-        <translation>--engine gilt nur bei Eingaben in .doc, .docx und .odt</translation>
+        <source>--engine goes with .doc, .docx and .odt only</source>
+        <translation>--engine gilt nur bei .doc, .docx und .odt</translation>
     </message>
     <message>
         <source>unknown engine &quot;%1&quot;, known are auto, libreoffice, abiword and pandoc</source>
         <translation>Unbekanntes Programm „%1“, bekannt sind auto, libreoffice, abiword und pandoc</translation>
     </message>
     <message>
-        <source>--%1 goes with RTF output only</source>
-        <translation>--%1 gilt nur bei Ausgabe von RTF</translation>
+        <source>--%1 goes with %2 output only</source>
+        <translation>--%1 gilt nur bei Ausgabe von %2</translation>
     </message>
     <message>
         <source>--storage goes with RTF only</source>
@@ -850,12 +850,12 @@ Fehler: %3</translation>
         <translation>--%1 gilt nicht bei %2</translation>
     </message>
     <message>
-        <source>--json does not go with %1</source>
-        <translation>--json gilt nicht bei %1</translation>
-    </message>
-    <message>
         <source>reading stopped before the end</source>
         <translation>Das Lesen brach vor dem Ende ab</translation>
+    </message>
+    <message>
+        <source>LibreOffice is not installed</source>
+        <translation>LibreOffice ist nicht installiert</translation>
     </message>
     <message>
         <source>no temporary file: %1</source>
@@ -930,20 +930,20 @@ Fehler: %3</translation>
         <translation>„%1“ und „%2“ würden beide zu „%3“</translation>
     </message>
     <message>
-        <source>Format of OUT for convert: rtf, html, txt, odt, pdf or png.</source>
-        <translation>Format von OUT für convert: rtf, html, txt, odt, pdf oder png.</translation>
+        <source>Format of OUT: rtf, html, txt, md, odt, pdf or png; for diff html or txt.</source>
+        <translation>Format von OUT: rtf, html, txt, md, odt, pdf oder png; bei diff html oder txt.</translation>
     </message>
     <message>
-        <source>unknown output format &quot;%1&quot;, known are rtf, html, txt, odt, pdf and png</source>
-        <translation>unbekanntes Ausgabeformat „%1“, bekannt sind rtf, html, txt, odt, pdf und png</translation>
+        <source>unknown output format &quot;%1&quot;, known are rtf, html, txt, md, odt, pdf and png</source>
+        <translation>unbekanntes Ausgabeformat „%1“, bekannt sind rtf, html, txt, md, odt, pdf und png</translation>
     </message>
     <message>
-        <source>the standard output needs --to rtf, html, txt, odt or pdf</source>
-        <translation>die Standardausgabe verlangt --to rtf, html, txt, odt oder pdf</translation>
+        <source>the standard output needs --to rtf, html, txt, md, odt or pdf</source>
+        <translation>die Standardausgabe verlangt --to rtf, html, txt, md, odt oder pdf</translation>
     </message>
     <message>
-        <source>cannot tell the format of &quot;%1&quot; by its suffix, known are .rtf, .html, .htm, .txt, .odt, .pdf and .png</source>
-        <translation>an der Endung von „%1“ ist das Format nicht zu erkennen, bekannt sind .rtf, .html, .htm, .txt, .odt, .pdf und .png</translation>
+        <source>cannot tell the format of &quot;%1&quot; by its suffix, known are .rtf, .html, .htm, .txt, .md, .odt, .pdf and .png</source>
+        <translation>an der Endung von „%1“ ist das Format nicht zu erkennen, bekannt sind .rtf, .html, .htm, .txt, .md, .odt, .pdf und .png</translation>
     </message>
     <message>
         <source>png is a file for each page and cannot go to the standard output</source>
@@ -1057,11 +1057,11 @@ Fehler: %3</translation>
         <source>Converts and examines Rich Text Format files.
 
 Commands:
-  convert IN OUT  Convert between RTF, HTML and plain text, and to ODT, PDF and
-                  PNG. The suffixes (.rtf, .html, .htm, .txt; .odt, .pdf, .png)
-                  determine the formats, unless --from and --to are given. IN can
-                  also be .doc, .docx or .odt if LibreOffice, AbiWord or pandoc is
-                  installed. Any other IN is read as RTF.
+  convert IN OUT  Convert between RTF, HTML and plain text, and to Markdown, ODT,
+                  PDF and PNG. The suffixes (.rtf, .html, .htm, .txt; .md, .odt,
+                  .pdf, .png) determine the formats, unless --from and --to are
+                  given. IN can also be .doc, .docx or .odt if LibreOffice, AbiWord
+                  or pandoc is installed. Any other IN is read as RTF.
   convert IN... --output-dir DIR --to FORMAT
                   Convert each IN to a file in DIR of the same name, with the suffix
                   of the format. DIR is created if it is missing.
@@ -1070,13 +1070,17 @@ Commands:
                   notes, tables and lists.
   check IN        Report whether IN is damaged.
   strip IN OUT    Copy RTF without pictures, list numbers and unknown control words.
+  diff A B [OUT]  Compare the text and the formats of A and B, which can be all that
+                  convert reads. The report is text or HTML (--to, or the suffix of OUT),
+                  by default text on the standard output.
 
 IN and OUT can be &quot;-&quot; for the standard input and output. Put file names with a leading
-dash after &quot;--&quot;. HTML is UTF-8 and embeds its pictures. Plain text is UTF-8 too: a line
-for each paragraph, table cell and line break, with the numbers of list items; it keeps
-no-break spaces and has no pictures. Notes stand at the end, in plain text behind marks
-such as [1], [i] for an endnote and [c1] for a comment. RTF is that of other programs,
-or with --storage the application&apos;s own form.
+dash after &quot;--&quot;. HTML is UTF-8 and embeds its pictures, or with --media refers to files.
+Plain text is UTF-8 too: a line for each paragraph, table cell and line break, with the
+numbers of list items; it keeps no-break spaces and has no pictures. Markdown is CommonMark
+with tables and footnotes, and its pictures are files in a folder beside OUT. Notes stand
+at the end, in plain text behind marks such as [1], [i] for an endnote and [c1] for a
+comment. RTF is that of other programs, or with --storage the application&apos;s own form.
 PDF and PNG have the pages that the RTF defines, by default US Letter, and A4 for
 other IN. PNG is one picture a page: OUT.png, OUT-2.png and so on.
 
@@ -1084,15 +1088,17 @@ Damaged RTF is converted as far as it can be read. Then one line on the standard
 reports the first error, and the exit status is 1.
 
 Exit status: 0 success; 1 IN is damaged, or reading or writing failed; 2 the command
-line is wrong. A failed conversion leaves no partial output file.</source>
+line is wrong. That of diff: 0 no difference; 1 differences; 2 an error. A failed
+conversion leaves no partial output file.</source>
         <translation>Konvertiert und untersucht Dateien im Rich Text Format.
 
 Befehle:
-  convert IN OUT  Zwischen RTF, HTML und reinem Text konvertieren, und nach ODT, PDF
-                  und PNG. Die Endungen (.rtf, .html, .htm, .txt; .odt, .pdf, .png)
-                  bestimmen die Formate, wenn --from und --to nicht angegeben sind. IN
-                  kann auch .doc, .docx oder .odt sein, wenn LibreOffice, AbiWord oder
-                  pandoc installiert ist. Jedes andere IN wird als RTF gelesen.
+  convert IN OUT  Zwischen RTF, HTML und reinem Text konvertieren, und nach Markdown,
+                  ODT, PDF und PNG. Die Endungen (.rtf, .html, .htm, .txt; .md, .odt,
+                  .pdf, .png) bestimmen die Formate, wenn --from und --to nicht
+                  angegeben sind. IN kann auch .doc, .docx oder .odt sein, wenn
+                  LibreOffice, AbiWord oder pandoc installiert ist. Jedes andere IN wird
+                  als RTF gelesen.
   convert IN... --output-dir DIR --to FORMAT
                   Jedes IN in eine Datei desselben Namens mit der Endung des Formats
                   konvertieren, in DIR, das angelegt wird, wenn es fehlt.
@@ -1101,12 +1107,16 @@ Befehle:
                   Anmerkungen, Tabellen und Listen.
   check IN        Melden, ob IN beschädigt ist.
   strip IN OUT    RTF ohne Bilder, Listennummern und unbekannte Steuerwörter kopieren.
+  diff A B [OUT]  Text und Formate von A und B vergleichen, die alles sein können, was
+                  convert liest. Der Bericht ist Text oder HTML (--to oder die Endung von
+                  OUT), sonst Text auf der Standardausgabe.
 
 IN und OUT können „-“ sein: Standardeingabe und Standardausgabe. Namen, die mit einem
-Strich beginnen, stehen hinter „--“. HTML ist UTF-8 und enthält seine Bilder. Auch
-reiner Text ist UTF-8: eine Zeile für jeden Absatz, jede Tabellenzelle und jeden
-Zeilenumbruch, mit den Nummern der Listen; geschützte Leerzeichen bleiben, Bilder
-fallen weg. Anmerkungen stehen am Ende, in reinem Text hinter Zeichen wie [1], [i]
+Strich beginnen, stehen hinter „--“. HTML ist UTF-8 und enthält seine Bilder
+oder verweist mit --media auf Dateien. Auch reiner Text ist UTF-8: eine Zeile für jeden
+Absatz, jede Tabellenzelle und jeden Zeilenumbruch, mit den Nummern der Listen;
+geschützte Leerzeichen bleiben, Bilder fallen weg. Markdown ist CommonMark mit Tabellen
+und Fußnoten, seine Bilder sind Dateien in einem Ordner neben OUT. Anmerkungen stehen am Ende, in reinem Text hinter Zeichen wie [1], [i]
 für eine Endnote und [c1] für einen Kommentar. RTF ist das anderer Programme, mit
 --storage die eigene Form der Anwendung. PDF
 und PNG haben die Seiten, die das RTF angibt, US Letter, wenn es keine angibt, und A4
@@ -1116,8 +1126,65 @@ Beschädigtes RTF wird konvertiert, soweit es lesbar ist. Eine Zeile auf der
 Standardfehlerausgabe meldet dann den ersten Fehler, und der Exit-Status ist 1.
 
 Exit-Status: 0 Erfolg; 1 IN ist beschädigt, oder Lesen oder Schreiben ist
-gescheitert; 2 die Befehlszeile stimmt nicht. Eine gescheiterte Konvertierung
-hinterlässt keine unvollständige Ausgabedatei.</translation>
+gescheitert; 2 die Befehlszeile stimmt nicht. Bei diff: 0 kein Unterschied;
+1 Unterschiede; 2 ein Fehler. Eine gescheiterte Konvertierung hinterlässt keine
+unvollständige Ausgabedatei.</translation>
+    </message>
+    <message>
+        <source>HTML and Markdown</source>
+        <translation>HTML und Markdown</translation>
+    </message>
+    <message>
+        <source>plain text</source>
+        <translation>reinem Text</translation>
+    </message>
+    <message>
+        <source>unknown style &quot;%1&quot;, known are full, minimal and none</source>
+        <translation>Unbekannte Art „%1“, bekannt sind full, minimal und none</translation>
+    </message>
+    <message>
+        <source>--media takes a directory</source>
+        <translation>--media braucht ein Verzeichnis</translation>
+    </message>
+    <message>
+        <source>--width takes a number from %1 to %2, not &quot;%3&quot;</source>
+        <translation>--width braucht eine Zahl von %1 bis %2, nicht „%3“</translation>
+    </message>
+    <message>
+        <source>How much of the formats HTML has: full, minimal or none.</source>
+        <translation>Wie viel von den Formaten HTML hat: full (alle), minimal (wenige) oder none (keine).</translation>
+    </message>
+    <message>
+        <source>Write the pictures of HTML or Markdown as files to this directory.</source>
+        <translation>Die Bilder von HTML oder Markdown als Dateien in dieses Verzeichnis schreiben.</translation>
+    </message>
+    <message>
+        <source>Write the cells of tables side by side in plain text.</source>
+        <translation>In reinem Text die Zellen von Tabellen nebeneinander schreiben.</translation>
+    </message>
+    <message>
+        <source>Wrap lines of plain text at this number of columns.</source>
+        <translation>Zeilen von reinem Text bei dieser Zahl von Spalten umbrechen.</translation>
+    </message>
+    <message>
+        <source>engine &quot;%1&quot; does not write .odt, only libreoffice does</source>
+        <translation>Das Programm „%1“ schreibt kein .odt, nur libreoffice</translation>
+    </message>
+    <message>
+        <source>unknown report format &quot;%1&quot;, known are html and txt</source>
+        <translation>Unbekanntes Format des Berichts „%1“, bekannt sind html und txt</translation>
+    </message>
+    <message>
+        <source>cannot tell the format of &quot;%1&quot; by its suffix, known are .html, .htm and .txt</source>
+        <translation>Das Format von „%1“ ist an der Endung nicht zu erkennen, bekannt sind .html, .htm und .txt</translation>
+    </message>
+    <message>
+        <source>diff takes two input files, and an output file if wanted</source>
+        <translation>diff braucht zwei Eingabedateien und auf Wunsch eine Ausgabedatei</translation>
+    </message>
+    <message>
+        <source>the standard input cannot be both files of diff</source>
+        <translation>Die Standardeingabe kann nicht beide Dateien von diff sein</translation>
     </message>
 </context>
 </TS>

@@ -37,29 +37,36 @@ list() {
 
 complete -p orvrtf >/dev/null
 
-offers "$(list convert info check strip)" ''
+offers "$(list convert info check strip diff)" ''
 offers convert co
 offers check --json ch
+offers diff d
 offers strip --jobs 4 st
 offers strip --jobs = 4 st
 offers '' nothing.starts.so
 
-offers "$(list rtf html txt odt pdf png)" convert --to ''
+offers "$(list rtf html txt md odt pdf png)" convert --to ''
 offers "$(list pdf png)" convert in.rtf --to p
-offers "$(list rtf html txt odt pdf png)" convert --to =
+offers "$(list rtf html txt md odt pdf png)" convert --to =
 offers html convert --to = h
+offers "$(list html txt)" diff a.rtf b.rtf --to ''
+offers html diff --to = h
 offers "$(list rtf html txt)" convert --from ''
 offers "$(list auto libreoffice abiword pandoc)" convert --engine ''
 offers "$(list auto abiword)" convert --engine = a
 offers "$(list annotation footnote alternate)" convert --footnotes ''
 offers "$(list annotation alternate)" convert --annotations a
+offers "$(list full minimal none)" convert --html-style ''
+offers 'a folder' convert --media a
+offers '' convert --width ''
 offers auto convert --jobs a
 offers '' convert --timeout ''
 offers "$(list 'a folder' other)" convert --output-dir ''
 offers 'a folder' convert --output-dir = a
 
-offers "$(list --to --timeout)" convert --t
+offers "$(list --table-layout --to --timeout)" convert --t
 offers --json info --j
+offers "$(list --from --to --engine --storage --help --version)" diff --
 offers '' check --j
 offers "$(list --help --version)" strip --
 offers "$(list --json --jobs)" --j

@@ -296,21 +296,25 @@ private slots:
     }
 
     /*! The program that converts for us is ended, too, and its folder is removed. */
-    void interruptedEngine()
+    ORV_ROWS(interruptedEngine)
     {
-        fake("pandoc", "cat '" + path("wait").toUtf8() + "'");
-        makeFolder("temp");
-        makePipe("wait");
-        write("in.docx", "document");
-        m_environment.insert("TMPDIR"_s, path("temp"));
-        const auto foldersOfEngines = [this] { return files("temp").filter("orvrtf-"_s); };
-        QProcess process;
-        const int writer = startReading(process, words("convert in.docx out.txt --engine pandoc"), "wait");
-        QCOMPARE(foldersOfEngines().size(), 1);
-        QCOMPARE(interrupt(process, writer, SIGTERM), interruption());
-        QTRY_VERIFY_WITH_TIMEOUT(!isRead("wait"), patience);
-        QCOMPARE(foldersOfEngines().size(), 0);
-        QCOMPARE(files(), words("in.docx temp wait"));
+        const Rows add([this](const QString& program, const QString& in, const QString& arguments) {
+            fake(program, "cat '" + path("wait").toUtf8() + "'");
+            makeFolder("temp");
+            makePipe("wait");
+            write(in, "{\\rtf1 document}");
+            m_environment.insert("TMPDIR"_s, path("temp"));
+            const auto foldersOfEngines = [this] { return files("temp").filter("orvrtf-"_s); };
+            QProcess process;
+            const int writer = startReading(process, words(arguments), "wait");
+            QVERIFY(!foldersOfEngines().isEmpty());
+            QCOMPARE(interrupt(process, writer, SIGTERM), interruption());
+            QTRY_VERIFY_WITH_TIMEOUT(!isRead("wait"), patience);
+            QCOMPARE(foldersOfEngines().size(), 0);
+            QCOMPARE(files(), QStringList({in, "temp"_s, "wait"_s}));
+        });
+        add("reading", "pandoc", "in.docx", "convert in.docx out.txt --engine pandoc");
+        add("writing", "soffice", "in.rtf", "convert in.rtf out.odt --engine libreoffice");
     }
 
     /*! The bar is drawn in place, taken away for the line of an error, and in the end. */

@@ -134,6 +134,88 @@ private slots:
         QCOMPARE(read("out.txt"), "old"_b);
     }
 
+    /*! LibreOffice gets the RTF that a conversion to RTF gives. */
+    ORV_ROWS(odtIsMadeOfOurRtf)
+    {
+        const Rows add([this](const QString& in, const QByteArray& content) {
+            fake("soffice", "cp source.rtf output/source.odt");
+            write(in, content);
+            QCOMPARE(run({"convert"_s, in, "out.rtf"_s}), success());
+            QCOMPARE(run({"convert"_s, in, "out.odt"_s, "--engine"_s, "libreoffice"_s}), success());
+            QVERIFY(read("out.odt").startsWith("{\\rtf1"));
+            QCOMPARE(read("out.odt"), read("out.rtf"));
+            QCOMPARE(run({"convert"_s, in, "-"_s, "--to"_s, "odt"_s, "--engine"_s, "libreoffice"_s}),
+                     success(read("out.rtf")));
+        });
+        add("rtf", "in.rtf", "{\\rtf1\\paperw8400 a{\\footnote note}\\par\\li400 {\\b strong}}");
+        add("html", "in.html", "<p style='margin-left:40px'>a <b>strong</b></p>");
+        add("txt", "in.txt", "text");
+    }
+
+    void libreOfficeReadsAndWrites()
+    {
+        fake("soffice",
+             "if [ -e source.docx ]; then cp source.docx output/source.rtf; else cp source.rtf "
+             "output/source.odt; fi");
+        write("in.docx", "{\\rtf1 text}");
+        QCOMPARE(run("convert in.docx out.odt --engine libreoffice"), success());
+        QVERIFY(read("out.odt").contains("text"));
+    }
+
+    /*! Several at a time do not meet. */
+    void odtInABatch()
+    {
+        fake("soffice", "cp source.rtf output/source.odt");
+        Files inputs;
+        for (const char name : {'a', 'b', 'c', 'd'})
+            inputs[name + ".rtf"_b] = "{\\rtf1 text "_b + name + '}';
+        for (const auto& file : inputs)
+            write(file.first.constData(), file.second);
+        const ToolRun result =
+            run("convert a.rtf b.rtf c.rtf d.rtf --output-dir out --to odt --engine libreoffice --jobs 2");
+        QCOMPARE(result.exitCode, 0);
+        for (const char name : {'a', 'b', 'c', 'd'})
+            QVERIFY(read("out/"_s + QLatin1Char(name) + ".odt"_s).contains("text "_b + name));
+    }
+
+    ORV_ROWS(odtThatCannotBeMade)
+    {
+        const Rows add([this](const QString& programs, const QByteArray& commands, const QByteArray& reason) {
+            m_environment.insert("PATH"_s, QString());
+            for (const QString& program : words(programs))
+                fake(program, commands);
+            write("in.rtf", "{\\rtf1 text}");
+            write("out.odt", "old");
+            QCOMPARE(run("convert in.rtf out.odt --engine libreoffice"),
+                     failure("orvrtf: cannot write out.odt: " + reason + '\n'));
+            QCOMPARE(read("out.odt"), "old"_b);
+        });
+        add("missing", "abiword pandoc", "", "LibreOffice is not installed");
+        add("failing", "soffice", "echo 'first line' >&2; echo second >&2; exit 5",
+            "The conversion program failed: LibreOffice ended with exit status 5 first line second");
+        add("nothing written", "soffice", "",
+            "The converted file was not written: LibreOffice wrote nothing");
+    }
+
+    /*! The note, the page and the cells of a table, as real ones. */
+    void odtByRealLibreOffice()
+    {
+        write(
+            "in.rtf",
+            "{\\rtf1\\paperw8000\\paperh10000 text{\\super\\chftn{\\footnote {\\super\\chftn} the note}}\\par"
+            "\\trowd\\cellx2000\\cellx4000\\intbl one\\par two\\cell three\\cell\\row\\pard end}");
+        QCOMPARE(run("convert in.rtf out.odt --engine libreoffice"), success());
+        QVERIFY(read("out.odt").startsWith("PK"));
+        convertWithLibreOffice(path("out.odt"), "fodt"_s, m_dir->path());
+        const QByteArray xml = read("out.fodt");
+        QCOMPARE(xml.count("<text:note "), 1);
+        QVERIFY(xml.contains("the note"));
+        QCOMPARE(xml.count("<table:table-cell "), 2);
+        // 8000 twips; how LibreOffice rounds them, and the unit, depend on its version.
+        const QRegularExpression width("fo:page-width=\"(5\\.5\\d*in|14\\.1\\d*cm)\""_s);
+        QVERIFY(QString::fromUtf8(xml).contains(width));
+    }
+
 private:
     QScopedPointer<QTemporaryDir> m_temporary;
     QScopedPointer<RealDocuments> m_documents;

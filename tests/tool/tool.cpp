@@ -2,23 +2,6 @@
 
 namespace {
 
-/*! Picture data of one colour in the format \a type. */
-QByteArray picture(const char* type, QRgb colour)
-{
-    QImage image(3, 2, QImage::Format_RGB32);
-    image.fill(colour);
-    QByteArray data;
-    QBuffer buffer(&data);
-    image.save(&buffer, type);
-    return data;
-}
-
-/*! A picture of one colour, as a group in RTF. */
-QByteArray pngGroup(QRgb colour)
-{
-    return "{\\pict\\pngblip " + picture("PNG", colour).toHex() + '}';
-}
-
 /*! A document of two fonts, links, notes, lists and a picture whose counts manyThingsAsJson() has. */
 QByteArray manyThings()
 {
@@ -277,17 +260,18 @@ private slots:
         row("convert in.rtf ./in.rtf --to html", "\"in.rtf\" is both input and output");
         row("convert in.rtf ./in.rtf --storage", "\"in.rtf\" is both input and output");
 
-        const QByteArray noFormat = " by its suffix, known are .rtf, .html, .htm, .txt, .odt, .pdf and .png";
+        const QByteArray noFormat =
+            " by its suffix, known are .rtf, .html, .htm, .txt, .md, .odt, .pdf and .png";
         row("convert in.rtf out.doc", "cannot tell the format of \"out.doc\"" + noFormat);
         row("convert in.docx out.docx", "cannot tell the format of \"out.docx\"" + noFormat);
         row("convert in.rtf out", "cannot tell the format of \"out\"" + noFormat);
         row("convert in.rtf out.html --to doc",
-            "unknown output format \"doc\", known are rtf, html, txt, odt, pdf and png");
+            "unknown output format \"doc\", known are rtf, html, txt, md, odt, pdf and png");
         row("convert in.rtf out.html --to", "Missing value after '--to'");
         for (const char* format : {"docx", "odt"})
             row("convert in.rtf out.rtf --from "_b + format,
                 "unknown input format \""_b + format + "\", known are rtf, html and txt");
-        row("convert in.rtf -", "the standard output needs --to rtf, html, txt, odt or pdf");
+        row("convert in.rtf -", "the standard output needs --to rtf, html, txt, md, odt or pdf");
         row("convert - - --to png", "png is a file for each page and cannot go to the standard output");
         const QByteArray styles = ", known are annotation, footnote and alternate";
         row("convert in.rtf out.rtf --footnotes endnote", "unknown style \"endnote\"" + styles);
@@ -300,8 +284,55 @@ private slots:
             "unknown engine \"abacus\", " + engines);
         for (const char* arguments : {"in.rtf out.html", "in.html out.rtf", "- out.rtf",
                                       "in.docx out.html --from rtf", "in.rtf --output-dir out --to txt"})
-            row("convert --engine pandoc "_b + arguments,
-                "--engine goes with .doc, .docx and .odt input only");
+            row("convert --engine pandoc "_b + arguments, "--engine goes with .doc, .docx and .odt only");
+
+        for (const char* arguments : {"in.rtf out.odt", "in.rtf --output-dir out --to odt"}) {
+            for (const QByteArray name : {"auto", "abiword", "pandoc"})
+                row("convert --engine " + name + ' ' + arguments,
+                    "engine \"" + name + "\" does not write .odt, only libreoffice does");
+        }
+        row("convert in.rtf out.odt --engine word", "unknown engine \"word\", " + engines);
+
+        const auto misplaced = [&](const QByteArray& option, const QByteArray& formats,
+                                   const QByteArray& other) {
+            const QByteArray name = option.split(' ').first();
+            row("convert in.rtf out." + other + ' ' + option,
+                name + " goes with " + formats + " output only");
+            row("convert in.rtf --output-dir out --to " + other + ' ' + option,
+                name + " goes with " + formats + " output only");
+            for (const QByteArray command : {"info", "check"})
+                row(command + " in.rtf " + option, name + " does not go with " + command);
+            row("strip in.rtf out.rtf " + option, name + " does not go with strip");
+            row("diff in.rtf in.html " + option, name + " does not go with diff");
+        };
+        misplaced("--html-style none", "HTML", "md");
+        misplaced("--media pictures", "HTML and Markdown", "txt");
+        misplaced("--table-layout", "plain text", "md");
+        misplaced("--width 72", "plain text", "html");
+        row("convert in.rtf out.html --html-style short",
+            "unknown style \"short\", known are full, minimal and none");
+        row("convert in.rtf out.html --media=", "--media takes a directory");
+        for (const QByteArray value : {"19", "10001", "-1", "wide", "72.5", ""})
+            row("convert in.rtf out.txt --width=" + value,
+                "--width takes a number from 20 to 10000, not \"" + value + '"');
+
+        for (const QByteArray arguments : {"", " in.rtf", " in.rtf in.html out.txt more.txt"})
+            row("diff" + arguments, "diff takes two input files, and an output file if wanted");
+        row("diff - -", "the standard input cannot be both files of diff");
+        row("diff in.rtf in.html a/../in.rtf --to txt", "\"in.rtf\" is both input and output");
+        row("diff in.rtf in.html ./in.html", "\"in.html\" is both input and output");
+        row("diff in.rtf in.html out.rtf",
+            "cannot tell the format of \"out.rtf\" by its suffix, known are .html, .htm and .txt");
+        row("diff in.rtf in.html out",
+            "cannot tell the format of \"out\" by its suffix, known are .html, .htm and .txt");
+        for (const QByteArray format : {"rtf", "md", "doc"})
+            row("diff in.rtf in.html --to " + format,
+                "unknown report format \"" + format + "\", known are html and txt");
+        row("diff in.rtf in.html --from docx", "unknown input format \"docx\", known are rtf, html and txt");
+        row("diff in.rtf in.html --engine pandoc", "--engine goes with .doc, .docx and .odt only");
+        row("diff in.html in.html --storage", "--storage goes with RTF only");
+        row("diff in.rtf in.html --output-dir out", "--output-dir does not go with diff");
+        row("diff in.rtf in.html --json", "--json does not go with diff");
 
         for (const QByteArray option : {"--ms-word-highlight", "--decorate-links", "--footnotes footnote",
                                         "--annotations annotation"}) {
@@ -334,7 +365,7 @@ private slots:
         batch("--output-dir out --to txt", "convert --output-dir takes input files");
         batch("in.rtf --output-dir out", "--output-dir needs --to");
         batch("in.rtf --output-dir out --to gif",
-              "unknown output format \"gif\", known are rtf, html, txt, odt, pdf and png");
+              "unknown output format \"gif\", known are rtf, html, txt, md, odt, pdf and png");
         batch("in.rtf --to txt --output-dir=", "--output-dir takes a directory");
         batch("in.rtf - --output-dir out --to txt", "the standard input does not go with --output-dir");
         const QByteArray conflict = " would both become \"out/in.txt\"";

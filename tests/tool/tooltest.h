@@ -64,6 +64,23 @@ inline void verifyFailure(const ToolRun& run, const QByteArray& text)
     QCOMPARE(run.err.indexOf('\n'), run.err.size() - 1);
 }
 
+/*! Picture data of one colour in the format \a type. */
+inline QByteArray picture(const char* type, QRgb colour)
+{
+    QImage image(3, 2, QImage::Format_RGB32);
+    image.fill(colour);
+    QByteArray data;
+    QBuffer buffer(&data);
+    image.save(&buffer, type);
+    return data;
+}
+
+/*! A picture of one colour, as a group in RTF. */
+inline QByteArray pngGroup(QRgb colour)
+{
+    return "{\\pict\\pngblip " + picture("PNG", colour).toHex() + '}';
+}
+
 /*! The files of a test, by name, and what is in them. */
 typedef std::map<QByteArray, QByteArray> Files;
 

@@ -1,6 +1,8 @@
 #include "DocumentExport.h"
 
 #include "HtmlExport.h"
+#include "LibreOfficeExport.h"
+#include "MarkdownExport.h"
 #include "Messages.h"
 #include "OdtExport.h"
 #include "Options.h"
@@ -12,37 +14,61 @@
 #include <ORVNotes.h>
 #include <ORVStockFormats.h>
 
+#include <QFileInfo>
 #include <QTextDocument>
 
 namespace {
 
+/*! Whether the document is written as RTF, if only for another program. */
+bool isWrittenAsRtf(const ExportOptions& output)
+{
+    return output.format == FileFormat::Rtf || output.odtByLibreOffice;
+}
+
 /*! RTF is in the application's form, HTML and all that shows a document in Qt's own. */
 void adaptFormats(QTextDocument& document, const Options& options)
 {
-    const bool isFromRtf = options.needsEngine || options.inputFormat == Options::Rtf;
+    const bool isFromRtf = options.input.needsEngine || options.input.format == FileFormat::Rtf;
     document.setUndoRedoEnabled(false);
-    if (options.outputFormat == Options::PlainText)
+    if (options.output.format == FileFormat::PlainText)
         return;
-    if (options.outputFormat != Options::Rtf && isFromRtf) {
+    if (!isWrittenAsRtf(options.output) && isFromRtf) {
         // First, since the content of notes is in the application's form too.
-        if (options.outputFormat != Options::Html)
+        if (options.output.format == FileFormat::Pdf)
+            ORVNotes::moveToEnd(&document, ORVNotes::ApplicationForm, ORVNotes::LinkedMarks);
+        else if (options.output.format != FileFormat::Html && options.output.format != FileFormat::Markdown)
             ORVNotes::moveToEnd(&document);
         ORVStockFormats::toStock(&document);
-    } else if (options.outputFormat == Options::Rtf && !isFromRtf) {
+    } else if (isWrittenAsRtf(options.output) && !isFromRtf) {
         ORVStockFormats::fromStock(&document);
     }
 }
 
-/*! Empty on failure; of all formats only plain text may be that. */
-QByteArray converted(QTextDocument& document, const Options& options)
+/*! HTML needs a title: for a document that has none, the name of its file \a path. */
+void addTitle(QTextDocument& document, const QString& path)
 {
-    switch (options.outputFormat) {
-    case Options::Html: return documentToHtml(document);
-    case Options::PlainText: return documentToPlainText(document);
-    case Options::Rtf: return documentToRtf(document, options.rtf);
-    case Options::Odt: return documentToOdt(document);
-    case Options::Pdf: return documentToPdf(document);
-    case Options::Png: break;
+    if (document.metaInformation(QTextDocument::DocumentTitle).isEmpty() && path != QLatin1String("-"))
+        document.setMetaInformation(QTextDocument::DocumentTitle, QFileInfo(path).completeBaseName());
+}
+
+QByteArray odt(QTextDocument& document, const ExportOptions& output, QString* errorString)
+{
+    return output.odtByLibreOffice ? documentToOdtByLibreOffice(document, errorString)
+                                   : documentToOdt(document);
+}
+
+/*! Empty on failure, which \a errorString describes if it can; of all formats only plain text may be that. */
+QByteArray converted(QTextDocument& document, const Options& options, QString* errorString)
+{
+    switch (options.output.format) {
+    case FileFormat::PlainText:
+        return documentToPlainText(document, {options.output.tableLayout, options.output.width});
+    case FileFormat::Rtf: return documentToRtf(document, options.output.rtf);
+    case FileFormat::Odt: return odt(document, options.output, errorString);
+    case FileFormat::Pdf: return documentToPdf(document);
+    case FileFormat::Html:
+    case FileFormat::Markdown:
+    case FileFormat::Png: break;
     }
     return QByteArray();
 }
@@ -52,12 +78,18 @@ QByteArray converted(QTextDocument& document, const Options& options)
 bool exportDocument(QTextDocument& document, const Options& options, QString* path, QString* errorString)
 {
     adaptFormats(document, options);
-    *path = options.output;
-    if (options.outputFormat == Options::Png)
-        return writePagePictures(document, options.input, path, errorString);
-    const QByteArray data = converted(document, options);
-    if (!data.isEmpty() || options.outputFormat == Options::PlainText)
-        return writeOutput(*path, data, errorString);
+    *path = options.output.path;
+    if (options.output.format == FileFormat::Png)
+        return writePagePictures(document, options.input.path, path, errorString);
+    if (options.output.format == FileFormat::Html) {
+        addTitle(document, options.input.path);
+        return writeHtml(document, options.output, errorString);
+    }
+    if (options.output.format == FileFormat::Markdown)
+        return writeMarkdown(document, options.output, errorString);
     *errorString = Messages::tr("the file cannot be made");
+    const QByteArray data = converted(document, options, errorString);
+    if (!data.isEmpty() || options.output.format == FileFormat::PlainText)
+        return writeOutput(*path, data, errorString);
     return false;
 }

@@ -1,13 +1,15 @@
 #include "HtmlExport.h"
 
-#include <ORVHtmlWriter.h>
+#include "ExportOptions.h"
+#include "Media.h"
 
-#include <QBuffer>
-
-QByteArray documentToHtml(const QTextDocument& document)
+bool writeHtml(const QTextDocument& document, const ExportOptions& options, QString* errorString)
 {
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    ORVHtmlWriter(&buffer).write(&document);
-    return buffer.data();
+    const Media media = options.media.isEmpty() ? Media() : Media::inFolder(options.media, options.path);
+    const auto write = [&](QIODevice* device, QStringList* pictures, QString* reason) {
+        ORVHtmlWriter writer(device);
+        writer.setStyle(options.htmlStyle);
+        return writeMarkup(writer, document, media, pictures, reason);
+    };
+    return writeWithPictures(options.path, media, write, errorString);
 }

@@ -1,14 +1,16 @@
 #ifndef ORVRTF_HTMLEXPORT_H
 #define ORVRTF_HTMLEXPORT_H
 
-#include <QByteArray>
+#include <QString>
 
 class QTextDocument;
+struct ExportOptions;
 
 /*!
-    \a document as one HTML file in UTF-8 that stands alone: its pictures are part of it. JPEG pictures keep
-    their bytes, all others become PNG. \a document is in stock form.
+    Writes \a document, which is in stock form, as HTML to the path of \a options, with its pictures as a part of it or
+    as files in the folder that the options name. Returns false on failure, with the reason in \a errorString; then no
+    pictures are left behind.
 */
-QByteArray documentToHtml(const QTextDocument& document);
+bool writeHtml(const QTextDocument& document, const ExportOptions& options, QString* errorString);
 
 #endif

@@ -2,11 +2,16 @@
 
 #include "BatchOptions.h"
 #include "Messages.h"
+#include "OutputOptions.h"
 
 #include <QCommandLineOption>
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
+
+#include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -15,11 +20,11 @@ const char* const description = QT_TRANSLATE_NOOP(
     "Converts and examines Rich Text Format files.\n"
     "\n"
     "Commands:\n"
-    "  convert IN OUT  Convert between RTF, HTML and plain text, and to ODT, PDF and\n"
-    "                  PNG. The suffixes (.rtf, .html, .htm, .txt; .odt, .pdf, .png)\n"
-    "                  determine the formats, unless --from and --to are given. IN can\n"
-    "                  also be .doc, .docx or .odt if LibreOffice, AbiWord or pandoc is\n"
-    "                  installed. Any other IN is read as RTF.\n"
+    "  convert IN OUT  Convert between RTF, HTML and plain text, and to Markdown, ODT,\n"
+    "                  PDF and PNG. The suffixes (.rtf, .html, .htm, .txt; .md, .odt,\n"
+    "                  .pdf, .png) determine the formats, unless --from and --to are\n"
+    "                  given. IN can also be .doc, .docx or .odt if LibreOffice, AbiWord\n"
+    "                  or pandoc is installed. Any other IN is read as RTF.\n"
     "  convert IN... --output-dir DIR --to FORMAT\n"
     "                  Convert each IN to a file in DIR of the same name, with the suffix\n"
     "                  of the format. DIR is created if it is missing.\n"
@@ -28,13 +33,17 @@ const char* const description = QT_TRANSLATE_NOOP(
     "                  notes, tables and lists.\n"
     "  check IN        Report whether IN is damaged.\n"
     "  strip IN OUT    Copy RTF without pictures, list numbers and unknown control words.\n"
+    "  diff A B [OUT]  Compare the text and the formats of A and B, which can be all that\n"
+    "                  convert reads. The report is text or HTML (--to, or the suffix of OUT),\n"
+    "                  by default text on the standard output.\n"
     "\n"
     "IN and OUT can be \"-\" for the standard input and output. Put file names with a leading\n"
-    "dash after \"--\". HTML is UTF-8 and embeds its pictures. Plain text is UTF-8 too: a line\n"
-    "for each paragraph, table cell and line break, with the numbers of list items; it keeps\n"
-    "no-break spaces and has no pictures. Notes stand at the end, in plain text behind marks\n"
-    "such as [1], [i] for an endnote and [c1] for a comment. RTF is that of other programs,\n"
-    "or with --storage the application's own form.\n"
+    "dash after \"--\". HTML is UTF-8 and embeds its pictures, or with --media refers to files.\n"
+    "Plain text is UTF-8 too: a line for each paragraph, table cell and line break, with the\n"
+    "numbers of list items; it keeps no-break spaces and has no pictures. Markdown is CommonMark\n"
+    "with tables and footnotes, and its pictures are files in a folder beside OUT. Notes stand\n"
+    "at the end, in plain text behind marks such as [1], [i] for an endnote and [c1] for a\n"
+    "comment. RTF is that of other programs, or with --storage the application's own form.\n"
     "PDF and PNG have the pages that the RTF defines, by default US Letter, and A4 for\n"
     "other IN. PNG is one picture a page: OUT.png, OUT-2.png and so on.\n"
     "\n"
@@ -42,7 +51,8 @@ const char* const description = QT_TRANSLATE_NOOP(
     "reports the first error, and the exit status is 1.\n"
     "\n"
     "Exit status: 0 success; 1 IN is damaged, or reading or writing failed; 2 the command\n"
-    "line is wrong. A failed conversion leaves no partial output file.");
+    "line is wrong. That of diff: 0 no difference; 1 differences; 2 an error. A failed\n"
+    "conversion leaves no partial output file.");
 
 struct Arguments {
     Arguments();
@@ -51,35 +61,26 @@ struct Arguments {
     QCommandLineOption version{{QLatin1String("v"), QLatin1String("version")},
                                Messages::tr("Show the version.")};
     QCommandLineOption from{QLatin1String("from"),
-                            Messages::tr("Format of IN for convert: rtf, html or txt."),
+                            Messages::tr("Format of IN for convert, of A and B for diff: rtf, html or txt."),
                             Messages::tr("format")};
     QCommandLineOption engine{
         QLatin1String("engine"),
-        Messages::tr("Program that reads .doc, .docx and .odt: auto, libreoffice, abiword or pandoc."),
+        Messages::tr("Program that reads .doc, .docx and .odt: auto, libreoffice, abiword or "
+                     "pandoc. If libreoffice, it writes .odt too."),
         Messages::tr("name")};
-    QCommandLineOption to{QLatin1String("to"),
-                          Messages::tr("Format of OUT for convert: rtf, html, txt, odt, pdf or png."),
-                          Messages::tr("format")};
+    QCommandLineOption to{
+        QLatin1String("to"),
+        Messages::tr("Format of OUT: rtf, html, txt, md, odt, pdf or png; for diff html or txt."),
+        Messages::tr("format")};
     QCommandLineOption storage{QLatin1String("storage"),
                                Messages::tr("Read and write RTF in the application's own form.")};
-    QCommandLineOption msWordHighlight{
-        QLatin1String("ms-word-highlight"),
-        Messages::tr("Write text backgrounds as MS Word takes them in any colour.")};
-    QCommandLineOption decorateLinks{QLatin1String("decorate-links"),
-                                     Messages::tr("Write links blue and underlined.")};
-    QCommandLineOption footnotes{QLatin1String("footnotes"),
-                                 Messages::tr("Write footnotes as annotation, footnote or alternate."),
-                                 Messages::tr("style")};
-    QCommandLineOption annotations{QLatin1String("annotations"),
-                                   Messages::tr("Write annotations as annotation, footnote or alternate."),
-                                   Messages::tr("style")};
     QCommandLineOption json{QLatin1String("json"), Messages::tr("Let info print JSON.")};
     QCommandLineParser parser;
 
     /*! The options of convert that control the conversion of a file. */
     QList<QCommandLineOption> conversion() const
     {
-        return {from, engine, to, storage, msWordHighlight, decorateLinks, footnotes, annotations};
+        return QList<QCommandLineOption>{from, engine, to, storage} + OutputOptions::all();
     }
 };
 
@@ -90,9 +91,11 @@ Arguments::Arguments()
     parser.addOptions(conversion());
     parser.addOptions(BatchOptions::all());
     parser.addOption(json);
-    parser.addPositionalArgument(QLatin1String("COMMAND"), Messages::tr("convert, info, check or strip."));
+    parser.addPositionalArgument(QLatin1String("COMMAND"),
+                                 Messages::tr("convert, info, check, strip or diff."));
     parser.addPositionalArgument(QLatin1String("IN"), Messages::tr("File to read."));
-    parser.addPositionalArgument(QLatin1String("OUT"), Messages::tr("File that convert and strip write."),
+    parser.addPositionalArgument(QLatin1String("OUT"),
+                                 Messages::tr("File that convert, strip and diff write."),
                                  QLatin1String("[OUT]"));
 }
 
@@ -113,32 +116,6 @@ QString parsingError(const QCommandLineParser& parser)
     return text;
 }
 
-/*! A format by the name that options and suffixes have for it. */
-struct FormatName {
-    const char* name;
-    Options::Format format;
-    bool isRead;
-};
-
-const FormatName formatNames[] = {
-    {"rtf", Options::Rtf, true},       {"html", Options::Html, true}, {"htm", Options::Html, true},
-    {"txt", Options::PlainText, true}, {"odt", Options::Odt, false},  {"pdf", Options::Pdf, false},
-    {"png", Options::Png, false},
-};
-
-enum class Use { Input, Output };
-
-bool formatFromName(const QString& name, Use use, Options::Format* format)
-{
-    for (const FormatName& known : formatNames) {
-        if ((known.isRead || use == Use::Output) && name.toLower() == QLatin1String(known.name)) {
-            *format = known.format;
-            return true;
-        }
-    }
-    return false;
-}
-
 /*! Whether both are one existing file; the standard streams never are. */
 bool isSameFile(const QString& input, const QString& output)
 {
@@ -146,19 +123,6 @@ bool isSameFile(const QString& input, const QString& output)
     if (input == standardStream || output == standardStream || !QFileInfo(input).isFile())
         return false;
     return QFileInfo(input).canonicalFilePath() == QFileInfo(output).canonicalFilePath();
-}
-
-bool styleFromName(const QString& name, ORVTextRtf::ExportStyle* style)
-{
-    if (name == QLatin1String("annotation"))
-        *style = ORVTextRtf::ExportAsAnnotation;
-    else if (name == QLatin1String("footnote"))
-        *style = ORVTextRtf::ExportAsFootnote;
-    else if (name == QLatin1String("alternate"))
-        *style = ORVTextRtf::ExportAsAlternateFootnote;
-    else
-        return false;
-    return true;
 }
 
 bool engineFromName(const QString& name, ORVImportExport::Engine* engine)
@@ -176,74 +140,50 @@ bool engineFromName(const QString& name, ORVImportExport::Engine* engine)
     return true;
 }
 
-/*! Whether files that end in \a suffix are read through another program. */
-bool isWordProcessorSuffix(const QString& suffix)
-{
-    const QString lower = suffix.toLower();
-    return lower == QLatin1String("doc") || lower == QLatin1String("docx") || lower == QLatin1String("odt");
-}
-
-/*! Determines the input format of convert. Returns an error message about --from, empty on success. */
-QString readFrom(const Arguments& arguments, Options* options)
+/*! Sets the format of \a source. Returns an error message about --from, empty on success. */
+QString readFrom(const Arguments& arguments, Source* source)
 {
     const QCommandLineParser& parser = arguments.parser;
-    const QString suffix = QFileInfo(options->input).suffix();
+    const QString suffix = QFileInfo(source->path).suffix();
     if (parser.isSet(arguments.from)) {
         const QString name = parser.value(arguments.from);
-        if (!formatFromName(name, Use::Input, &options->inputFormat))
+        if (!Formats::fromName(name, Formats::Use::Input, &source->format))
             return Messages::tr("unknown input format \"%1\", known are rtf, html and txt").arg(name);
-    } else if (!formatFromName(suffix, Use::Input, &options->inputFormat)) {
-        options->needsEngine = isWordProcessorSuffix(suffix);
+    } else if (!Formats::fromName(suffix, Formats::Use::Input, &source->format)) {
+        source->needsEngine = Formats::isOfWordProcessor(suffix);
     }
     return QString();
 }
 
-/*! Reads --engine. Returns an error message, empty on success. */
+/*! Reads --engine, of which some input or the output can make use. Returns an error message, empty on success. */
 QString readEngine(const Arguments& arguments, Options* options)
 {
     const QCommandLineParser& parser = arguments.parser;
     if (!parser.isSet(arguments.engine))
         return QString();
-    if (!options->needsEngine)
-        return Messages::tr("--engine goes with .doc, .docx and .odt input only");
+    const bool isRead = options->input.needsEngine || options->other.needsEngine;
+    const bool writesOdt = options->output.format == FileFormat::Odt;
+    if (!isRead && !writesOdt)
+        return Messages::tr("--engine goes with .doc, .docx and .odt only");
     const QString name = parser.value(arguments.engine);
-    if (engineFromName(name, &options->engine))
+    if (!engineFromName(name, &options->engine))
+        return Messages::tr("unknown engine \"%1\", known are auto, libreoffice, abiword and pandoc")
+            .arg(name);
+    options->output.odtByLibreOffice = writesOdt && options->engine == ORVImportExport::LibreOfficeEngine;
+    if (isRead || options->output.odtByLibreOffice)
         return QString();
-    return Messages::tr("unknown engine \"%1\", known are auto, libreoffice, abiword and pandoc").arg(name);
+    return Messages::tr("engine \"%1\" does not write .odt, only libreoffice does").arg(name);
 }
 
 /*! Reads --storage, which needs RTF to read or to write. Returns an error message, empty on success. */
 QString readStorage(const Arguments& arguments, Options* options)
 {
     options->storage = arguments.parser.isSet(arguments.storage);
-    if (options->storage && options->outputFormat != Options::Rtf && options->inputFormat != Options::Rtf)
-        return Messages::tr("--storage goes with RTF only");
-    return QString();
-}
-
-/*! Reads the options that control the writing of RTF. Returns an error message, empty on success. */
-QString readRtfOptions(const Arguments& arguments, Options* options)
-{
-    const QCommandLineParser& parser = arguments.parser;
-    if (options->outputFormat != Options::Rtf) {
-        for (const QCommandLineOption& option : {arguments.msWordHighlight, arguments.decorateLinks,
-                                                 arguments.footnotes, arguments.annotations}) {
-            if (parser.isSet(option))
-                return Messages::tr("--%1 goes with RTF output only").arg(option.names().constFirst());
-        }
-    }
-    options->rtf.storage = parser.isSet(arguments.storage);
-    options->rtf.msWordHighlight = parser.isSet(arguments.msWordHighlight);
-    options->rtf.decorateLinks = parser.isSet(arguments.decorateLinks);
-    const QString unknown =
-        Messages::tr("unknown style \"%1\", known are annotation, footnote and alternate");
-    if (parser.isSet(arguments.footnotes)
-        && !styleFromName(parser.value(arguments.footnotes), &options->rtf.footnotes))
-        return unknown.arg(parser.value(arguments.footnotes));
-    if (parser.isSet(arguments.annotations)
-        && !styleFromName(parser.value(arguments.annotations), &options->rtf.annotations))
-        return unknown.arg(parser.value(arguments.annotations));
-    return QString();
+    options->output.rtf.storage = options->storage;
+    const FileFormat formats[] = {options->input.format, options->other.format, options->output.format};
+    const bool hasRtf =
+        std::find(std::begin(formats), std::end(formats), FileFormat::Rtf) != std::end(formats);
+    return options->storage && !hasRtf ? Messages::tr("--storage goes with RTF only") : QString();
 }
 
 Options twoFileOptions(Options::Command command, const QString& name, const QStringList& files)
@@ -254,55 +194,58 @@ Options twoFileOptions(Options::Command command, const QString& name, const QStr
         return invalid(Messages::tr("\"%1\" is both input and output").arg(files.at(0)));
     Options options;
     options.command = command;
-    options.input = files.at(0);
-    options.output = files.at(1);
+    options.input.path = files.at(0);
+    options.output.path = files.at(1);
     return options;
 }
 
 /*! Determines the output format of convert. Returns an error message, empty on success. */
-QString readOutputFormat(const Arguments& arguments, Options* options)
+QString readOutputFormat(const Arguments& arguments, ExportOptions* output)
 {
-    const bool isStandardOutput = options->output == QLatin1String("-");
+    const bool isStandardOutput = output->path == QLatin1String("-");
     if (arguments.parser.isSet(arguments.to)) {
         const QString name = arguments.parser.value(arguments.to);
-        if (!formatFromName(name, Use::Output, &options->outputFormat))
-            return Messages::tr("unknown output format \"%1\", known are rtf, html, txt, odt, pdf and png")
+        if (!Formats::fromName(name, Formats::Use::Output, &output->format))
+            return Messages::tr(
+                       "unknown output format \"%1\", known are rtf, html, txt, md, odt, pdf and png")
                 .arg(name);
     } else if (isStandardOutput) {
-        return Messages::tr("the standard output needs --to rtf, html, txt, odt or pdf");
-    } else if (!formatFromName(QFileInfo(options->output).suffix(), Use::Output, &options->outputFormat)) {
+        return Messages::tr("the standard output needs --to rtf, html, txt, md, odt or pdf");
+    } else if (!Formats::fromName(QFileInfo(output->path).suffix(), Formats::Use::Output, &output->format)) {
         return Messages::tr("cannot tell the format of \"%1\" by its suffix, known are "
-                            ".rtf, .html, .htm, .txt, .odt, .pdf and .png")
-            .arg(options->output);
+                            ".rtf, .html, .htm, .txt, .md, .odt, .pdf and .png")
+            .arg(output->path);
     }
-    if (isStandardOutput && options->outputFormat == Options::Png)
+    if (isStandardOutput && output->format == FileFormat::Png)
         return Messages::tr("png is a file for each page and cannot go to the standard output");
     return QString();
 }
 
 Options convertOptions(const Arguments& arguments, Options options)
 {
-    QString problem = readFrom(arguments, &options);
+    // No second input needs RTF.
+    options.other.format = FileFormat::PlainText;
+    QString problem = readFrom(arguments, &options.input);
+    if (problem.isEmpty())
+        problem = readOutputFormat(arguments, &options.output);
     if (problem.isEmpty())
         problem = readEngine(arguments, &options);
     if (problem.isEmpty())
-        problem = readOutputFormat(arguments, &options);
-    if (problem.isEmpty())
         problem = readStorage(arguments, &options);
     if (problem.isEmpty())
-        problem = readRtfOptions(arguments, &options);
+        problem = OutputOptions::read(arguments.parser, &options.output);
     return problem.isEmpty() ? options : invalid(problem);
 }
 
-/*! The options given for the conversion, as a worker takes them for the input that \a options name. */
+/*! The options given for the conversion, as a worker takes them for the file that \a options name. */
 QStringList workerOptions(const Arguments& arguments, Options options)
 {
     QStringList result;
+    const bool takesEngine = readEngine(arguments, &options).isEmpty();
     const bool takesStorage = readStorage(arguments, &options).isEmpty();
     const QList<QCommandLineOption> conversion = arguments.conversion();
     for (const QCommandLineOption& option : conversion) {
-        if (!arguments.parser.isSet(option)
-            || (option.names() == arguments.engine.names() && !options.needsEngine)
+        if (!arguments.parser.isSet(option) || (option.names() == arguments.engine.names() && !takesEngine)
             || (option.names() == arguments.storage.names() && !takesStorage))
             continue;
         const QString name = QLatin1String("--") + option.names().constFirst();
@@ -319,25 +262,26 @@ QString readBatchFiles(const Arguments& arguments, const QStringList& files, Opt
         return Messages::tr("convert --output-dir takes input files");
     const QString suffix = arguments.parser.value(arguments.to).toLower();
     BatchPlan& plan = options->batch;
-    bool readsRtf = false;
+    Options any = *options;
+    any.input.format = FileFormat::PlainText;
     for (const QString& file : files) {
         if (file == QLatin1String("-"))
             return Messages::tr("the standard input does not go with --output-dir");
-        Options one;
-        one.input = file;
-        one.outputFormat = options->outputFormat;
-        QString problem = readFrom(arguments, &one);
+        Options one = *options;
+        one.input.path = file;
+        QString problem = readFrom(arguments, &one.input);
         if (!problem.isEmpty())
             return problem;
-        options->needsEngine = options->needsEngine || one.needsEngine;
-        readsRtf = readsRtf || one.inputFormat == Options::Rtf;
+        any.input.needsEngine = any.input.needsEngine || one.input.needsEngine;
+        if (one.input.format == FileFormat::Rtf)
+            any.input.format = FileFormat::Rtf;
         plan.files.append(
             {file, batchOutput(plan.outputDirectory, file, suffix), workerOptions(arguments, one)});
     }
-    options->inputFormat = readsRtf ? Options::Rtf : Options::PlainText;
-    QString problem = readEngine(arguments, options);
+    // Of these options each goes with some of the files.
+    QString problem = readEngine(arguments, &any);
     if (problem.isEmpty())
-        problem = readStorage(arguments, options);
+        problem = readStorage(arguments, &any);
     return problem.isEmpty() ? batchConflict(plan.files) : problem;
 }
 
@@ -345,15 +289,61 @@ Options batchOptions(const Arguments& arguments, const QStringList& files)
 {
     Options options;
     options.command = Options::Batch;
+    options.other.format = FileFormat::PlainText;
     QString problem = BatchOptions::read(arguments.parser, &options.batch);
     if (problem.isEmpty() && !arguments.parser.isSet(arguments.to))
         problem = Messages::tr("--output-dir needs --to");
     if (problem.isEmpty())
-        problem = readOutputFormat(arguments, &options);
+        problem = readOutputFormat(arguments, &options.output);
     if (problem.isEmpty())
-        problem = readRtfOptions(arguments, &options);
+        problem = OutputOptions::read(arguments.parser, &options.output);
     if (problem.isEmpty())
         problem = readBatchFiles(arguments, files, &options);
+    return problem.isEmpty() ? options : invalid(problem);
+}
+
+/*! Determines the format of diff's report, by default text. Returns an error message, empty on success. */
+QString readReportFormat(const Arguments& arguments, ExportOptions* output)
+{
+    const bool isFormatGiven = arguments.parser.isSet(arguments.to);
+    output->format = FileFormat::PlainText;
+    if (!isFormatGiven && output->path == QLatin1String("-"))
+        return QString();
+    const QString name =
+        isFormatGiven ? arguments.parser.value(arguments.to) : QFileInfo(output->path).suffix();
+    const bool isKnown = Formats::fromName(name, Formats::Use::Output, &output->format);
+    if (isKnown && (output->format == FileFormat::Html || output->format == FileFormat::PlainText))
+        return QString();
+    if (isFormatGiven)
+        return Messages::tr("unknown report format \"%1\", known are html and txt").arg(name);
+    return Messages::tr("cannot tell the format of \"%1\" by its suffix, known are .html, .htm and .txt")
+        .arg(output->path);
+}
+
+Options diffOptions(const Arguments& arguments, const QStringList& files)
+{
+    if (files.size() != 2 && files.size() != 3)
+        return invalid(Messages::tr("diff takes two input files, and an output file if wanted"));
+    Options options;
+    options.command = Options::Diff;
+    options.input.path = files.at(0);
+    options.other.path = files.at(1);
+    options.output.path = files.value(2, QLatin1String("-"));
+    if (options.input.path == QLatin1String("-") && options.other.path == QLatin1String("-"))
+        return invalid(Messages::tr("the standard input cannot be both files of diff"));
+    for (const Source& source : {options.input, options.other}) {
+        if (isSameFile(source.path, options.output.path))
+            return invalid(Messages::tr("\"%1\" is both input and output").arg(source.path));
+    }
+    QString problem = readFrom(arguments, &options.input);
+    if (problem.isEmpty())
+        problem = readFrom(arguments, &options.other);
+    if (problem.isEmpty())
+        problem = readReportFormat(arguments, &options.output);
+    if (problem.isEmpty())
+        problem = readEngine(arguments, &options);
+    if (problem.isEmpty())
+        problem = readStorage(arguments, &options);
     return problem.isEmpty() ? options : invalid(problem);
 }
 
@@ -363,7 +353,7 @@ Options oneFileOptions(Options::Command command, const QString& name, const QStr
         return invalid(Messages::tr("%1 takes one input file").arg(name));
     Options options;
     options.command = command;
-    options.input = files.at(0);
+    options.input.path = files.at(0);
     return options;
 }
 
@@ -372,8 +362,33 @@ Options::Command commandFromName(const QString& name)
     static const QHash<QString, Options::Command> commands{{QLatin1String("convert"), Options::Convert},
                                                            {QLatin1String("info"), Options::Info},
                                                            {QLatin1String("check"), Options::Check},
-                                                           {QLatin1String("strip"), Options::Strip}};
+                                                           {QLatin1String("strip"), Options::Strip},
+                                                           {QLatin1String("diff"), Options::Diff}};
     return commands.value(name, Options::Invalid);
+}
+
+/*! The name of an option that was given but does not go with \a command; empty when there is none. */
+QString misplacedOption(const Arguments& arguments, Options::Command command)
+{
+    QSet<QString> allowed;
+    const auto allow = [&allowed](const QList<QCommandLineOption>& options) {
+        for (const QCommandLineOption& option : options)
+            allowed.insert(option.names().constFirst());
+    };
+    if (command == Options::Convert)
+        allow(arguments.conversion() + BatchOptions::all());
+    if (command == Options::Diff)
+        allow({arguments.from, arguments.engine, arguments.to});
+    if (command != Options::Strip)
+        allow({arguments.storage});
+    if (command == Options::Info)
+        allow({arguments.json});
+    const QStringList given = arguments.parser.optionNames();
+    for (const QString& name : given) {
+        if (!allowed.contains(name))
+            return name;
+    }
+    return QString();
 }
 
 Options commandOptions(const Arguments& arguments)
@@ -385,19 +400,16 @@ Options commandOptions(const Arguments& arguments)
     const Options::Command command = commandFromName(name);
     if (command == Options::Invalid)
         return invalid(Messages::tr("unknown command \"%1\"").arg(name));
-    const QList<QCommandLineOption> convertOnly = arguments.conversion() + BatchOptions::all();
-    for (const QCommandLineOption& option : convertOnly) {
-        const bool isForReading = option.names() == arguments.storage.names() && command != Options::Strip;
-        if (arguments.parser.isSet(option) && command != Options::Convert && !isForReading)
-            return invalid(Messages::tr("--%1 does not go with %2").arg(option.names().constFirst(), name));
-    }
-    if (arguments.parser.isSet(arguments.json) && command != Options::Info)
-        return invalid(Messages::tr("--json does not go with %1").arg(name));
+    const QString misplaced = misplacedOption(arguments, command);
+    if (!misplaced.isEmpty())
+        return invalid(Messages::tr("--%1 does not go with %2").arg(misplaced, name));
     if (BatchOptions::isBatch(arguments.parser))
         return batchOptions(arguments, files);
     const QString stray = BatchOptions::stray(arguments.parser);
     if (!stray.isEmpty())
         return invalid(Messages::tr("--%1 goes with --output-dir only").arg(stray));
+    if (command == Options::Diff)
+        return diffOptions(arguments, files);
     if (command == Options::Convert || command == Options::Strip) {
         const Options options = twoFileOptions(command, name, files);
         return options.command == Options::Convert ? convertOptions(arguments, options) : options;

@@ -2,14 +2,15 @@
 
 #include "Interruption.h"
 #include "Messages.h"
+#include "PdfNavigation.h"
 #include "Streams.h"
 #include "VisibleDocument.h"
+#include "WrittenFiles.h"
 
 #include <ORVPagePainter.h>
 #include <ORVPagePdf.h>
 
 #include <QBuffer>
-#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QPageSize>
@@ -18,7 +19,9 @@
 
 namespace {
 
+// Pixels to the inch; places in PDF files are rounded to them.
 const int pictureResolution = 96;
+const int pdfResolution = 600;
 
 /*! Other files than RTF state no page: theirs is A4. */
 ORVPageSetup pageSetup(const QTextDocument& document)
@@ -68,29 +71,6 @@ bool writePicture(const QByteArray& data, const QString& path, QString* errorStr
     return false;
 }
 
-/*! The files that have been written. Unless they are to be kept, they are removed in the end. */
-class WrittenFiles {
-public:
-    ~WrittenFiles()
-    {
-        for (const QString& path : m_paths)
-            QFile::remove(path);
-    }
-
-    /*! Devices and pipes stay. */
-    void add(const QString& path)
-    {
-        const QFileInfo info(path);
-        if (info.isFile())
-            m_paths.append(info.canonicalFilePath());
-    }
-
-    void keep() { m_paths.clear(); }
-
-private:
-    QStringList m_paths;
-};
-
 /*! Whether both are one file that exists. */
 bool isSameExistingFile(const QString& path, const QString& otherPath)
 {
@@ -131,7 +111,10 @@ bool writePictures(const ORVPagePainter& pages, const QSize& size, QString* path
 QByteArray documentToPdf(QTextDocument& document)
 {
     makePicturesVisible(document);
-    return ORVPagePdf::make(&document, pageSetup(document), QLatin1String("orvrtf"));
+    const ORVPagePainter pages(&document, pageSetup(document), pdfResolution);
+    const QByteArray pdf = ORVPagePdf::make(pages, document.metaInformation(QTextDocument::DocumentTitle),
+                                            QLatin1String("orvrtf"));
+    return withNavigation(pdf, pages, document);
 }
 
 bool writePagePictures(QTextDocument& document, const QString& input, QString* path, QString* errorString)

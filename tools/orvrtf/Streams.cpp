@@ -118,17 +118,29 @@ bool OutputStream::finish()
     return m_errorString.isEmpty();
 }
 
+bool OutputStream::finishWith(const QByteArray& data)
+{
+    m_device.write(data);
+    return finish();
+}
+
 bool writeOutput(const QString& path, const QByteArray& data, QString* errorString)
 {
     OutputStream output;
-    bool isWritten = output.open(path);
-    if (isWritten) {
-        output.device()->write(data);
-        isWritten = output.finish();
-    }
+    const bool isWritten = output.open(path) && output.finishWith(data);
     if (!isWritten)
         *errorString = output.errorString();
     return isWritten;
+}
+
+QString shownInput(const QString& path)
+{
+    return path == QLatin1String(standardStream) ? Messages::tr("standard input") : path;
+}
+
+QString shownOutput(const QString& path)
+{
+    return path == QLatin1String(standardStream) ? Messages::tr("standard output") : path;
 }
 
 QByteArray errorLine(const QString& message)
@@ -139,4 +151,9 @@ QByteArray errorLine(const QString& message)
 void printError(const QString& message)
 {
     std::fputs(errorLine(message).constData(), stderr);
+}
+
+void printUnwritten(const QString& path, const QString& errorString)
+{
+    printError(Messages::tr("cannot write %1: %2").arg(shownOutput(path), errorString));
 }

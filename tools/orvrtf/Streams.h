@@ -59,6 +59,8 @@ public:
     QIODevice* device() { return &m_device; }
     /*! Completes the output; false, with errorString() set, when any of it could not be written. */
     bool finish();
+    /*! Writes \a data, then completes the output like finish(). */
+    bool finishWith(const QByteArray& data);
     QString errorString() const { return m_errorString; }
 
 private:
@@ -89,6 +91,12 @@ private:
 */
 bool writeOutput(const QString& path, const QByteArray& data, QString* errorString);
 
+/*! How messages name the input \a path. */
+QString shownInput(const QString& path);
+
+/*! How messages name the output \a path. */
+QString shownOutput(const QString& path);
+
 /*!
     "orvrtf: ", \a message and a line feed, in the encoding of the locale; one line whatever line breaks it
     has.
@@ -97,5 +105,8 @@ QByteArray errorLine(const QString& message);
 
 /*! Writes the errorLine() of \a message to the standard error. */
 void printError(const QString& message);
+
+/*! Prints that the output \a path could not be written, and why. */
+void printUnwritten(const QString& path, const QString& errorString);
 
 #endif

@@ -2,9 +2,11 @@
 # shellcheck shell=bash
 
 # Options that take a value, and all others, by the command that they go with.
-_orvrtf_value_options='--from --to --engine --footnotes --annotations --output-dir --jobs --timeout'
-_orvrtf_convert_options="$_orvrtf_value_options --ms-word-highlight --decorate-links --keep-going"
+_orvrtf_value_options='--from --to --engine --html-style --media --width --footnotes --annotations'
+_orvrtf_value_options+=' --output-dir --jobs --timeout'
+_orvrtf_convert_options="$_orvrtf_value_options --table-layout --ms-word-highlight --decorate-links --keep-going"
 _orvrtf_info_options='--json'
+_orvrtf_diff_options='--from --to --engine'
 _orvrtf_reading_options='--storage'
 _orvrtf_general_options='--help --version'
 
@@ -51,16 +53,26 @@ _orvrtf_paths() {
     mapfile -t COMPREPLY < <(compgen "$1" -- "$2")
 }
 
-# _orvrtf_value OPTION WORD: completes WORD as the value of OPTION; fails when that takes none.
+# _orvrtf_output_formats COMMAND: prints the formats that COMMAND can write.
+_orvrtf_output_formats() {
+    if [[ $1 == diff ]]; then
+        printf 'html txt\n'
+    else
+        printf 'rtf html txt md odt pdf png\n'
+    fi
+}
+
+# _orvrtf_value OPTION WORD COMMAND: completes WORD as the value of OPTION; fails when that takes none.
 _orvrtf_value() {
     case $1 in
         --from) _orvrtf_words 'rtf html txt' "$2" ;;
-        --to) _orvrtf_words 'rtf html txt odt pdf png' "$2" ;;
+        --to) _orvrtf_words "$(_orvrtf_output_formats "$3")" "$2" ;;
         --engine) _orvrtf_words 'auto libreoffice abiword pandoc' "$2" ;;
+        --html-style) _orvrtf_words 'full minimal none' "$2" ;;
         --footnotes | --annotations) _orvrtf_words 'annotation footnote alternate' "$2" ;;
         --jobs) _orvrtf_words 'auto 1 2 4 8' "$2" ;;
-        --output-dir) _orvrtf_paths -d "$2" ;;
-        --timeout) ;;
+        --media | --output-dir) _orvrtf_paths -d "$2" ;;
+        --timeout | --width) ;;
         *) return 1 ;;
     esac
 }
@@ -70,6 +82,7 @@ _orvrtf_options() {
     local command=$1
     [[ -z $command || $command == convert ]] && printf '%s ' "$_orvrtf_convert_options"
     [[ -z $command || $command == info ]] && printf '%s ' "$_orvrtf_info_options"
+    [[ $command == diff ]] && printf '%s ' "$_orvrtf_diff_options"
     [[ $command != strip ]] && printf '%s ' "$_orvrtf_reading_options"
     printf '%s\n' "$_orvrtf_general_options"
 }
@@ -78,14 +91,14 @@ _orvrtf() {
     local word=${COMP_WORDS[COMP_CWORD]} command
     COMPREPLY=()
     if ! _orvrtf_only_files; then
-        _orvrtf_value "$(_orvrtf_option)" "${word#=}" && return
         command=$(_orvrtf_command)
+        _orvrtf_value "$(_orvrtf_option)" "${word#=}" "$command" && return
         if [[ $word == -* ]]; then
             _orvrtf_words "$(_orvrtf_options "$command")" "$word"
             return
         fi
         if [[ -z $command ]]; then
-            _orvrtf_words 'convert info check strip' "$word"
+            _orvrtf_words 'convert info check strip diff' "$word"
             return
         fi
     fi
