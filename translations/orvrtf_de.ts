@@ -1186,5 +1186,622 @@ unvollständige Ausgabedatei.</translation>
         <source>the standard input cannot be both files of diff</source>
         <translation>Die Standardeingabe kann nicht beide Dateien von diff sein</translation>
     </message>
+    <message>
+        <source>en</source>
+        <comment>language of the report</comment>
+        <translation>de</translation>
+    </message>
+    <message>
+        <source>bold</source>
+        <translation>fett</translation>
+    </message>
+    <message>
+        <source>italic</source>
+        <translation>kursiv</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot;</source>
+        <translation>„%1“</translation>
+    </message>
+    <message>
+        <source>font</source>
+        <translation>Schrift</translation>
+    </message>
+    <message>
+        <source>size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>underline</source>
+        <translation>Unterstreichung</translation>
+    </message>
+    <message>
+        <source>overline</source>
+        <translation>Überstreichung</translation>
+    </message>
+    <message>
+        <source>strike-out</source>
+        <translation>durchgestrichen</translation>
+    </message>
+    <message>
+        <source>capitals</source>
+        <translation>Großbuchstaben</translation>
+    </message>
+    <message>
+        <source>outline</source>
+        <translation>Kontur</translation>
+    </message>
+    <message>
+        <source>text colour</source>
+        <translation>Textfarbe</translation>
+    </message>
+    <message>
+        <source>text background</source>
+        <translation>Texthintergrund</translation>
+    </message>
+    <message>
+        <source>position</source>
+        <translation>Stellung</translation>
+    </message>
+    <message>
+        <source>letter spacing</source>
+        <translation>Zeichenabstand</translation>
+    </message>
+    <message>
+        <source>stretch</source>
+        <translation>Dehnung</translation>
+    </message>
+    <message>
+        <source>no kerning</source>
+        <translation>keine Unterschneidung</translation>
+    </message>
+    <message>
+        <source>language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>link</source>
+        <translation>Verweis</translation>
+    </message>
+    <message>
+        <source>bookmark</source>
+        <translation>Textmarke</translation>
+    </message>
+    <message>
+        <source>page number of</source>
+        <translation>Seitenzahl von</translation>
+    </message>
+    <message>
+        <source>revision level</source>
+        <translation>Überarbeitungsstufe</translation>
+    </message>
+    <message>
+        <source>alignment</source>
+        <translation>Ausrichtung</translation>
+    </message>
+    <message>
+        <source>right-to-left</source>
+        <translation>von rechts nach links</translation>
+    </message>
+    <message>
+        <source>heading level</source>
+        <translation>Überschriftenebene</translation>
+    </message>
+    <message>
+        <source>left indent</source>
+        <translation>Einzug links</translation>
+    </message>
+    <message>
+        <source>right indent</source>
+        <translation>Einzug rechts</translation>
+    </message>
+    <message>
+        <source>first-line indent</source>
+        <translation>Einzug der ersten Zeile</translation>
+    </message>
+    <message>
+        <source>label position</source>
+        <translation>Stelle des Listenzeichens</translation>
+    </message>
+    <message>
+        <source>space above</source>
+        <translation>Abstand oben</translation>
+    </message>
+    <message>
+        <source>space below</source>
+        <translation>Abstand unten</translation>
+    </message>
+    <message>
+        <source>line height</source>
+        <translation>Zeilenhöhe</translation>
+    </message>
+    <message>
+        <source>tab stops</source>
+        <translation>Tabulatoren</translation>
+    </message>
+    <message>
+        <source>background</source>
+        <translation>Hintergrund</translation>
+    </message>
+    <message>
+        <source>border above</source>
+        <translation>Linie oben</translation>
+    </message>
+    <message>
+        <source>border below</source>
+        <translation>Linie unten</translation>
+    </message>
+    <message>
+        <source>border on the left</source>
+        <translation>Linie links</translation>
+    </message>
+    <message>
+        <source>border on the right</source>
+        <translation>Linie rechts</translation>
+    </message>
+    <message>
+        <source>ruler</source>
+        <translation>Trennlinie</translation>
+    </message>
+    <message>
+        <source>page break before</source>
+        <translation>Seitenumbruch davor</translation>
+    </message>
+    <message>
+        <source>page break after</source>
+        <translation>Seitenumbruch danach</translation>
+    </message>
+    <message>
+        <source>keep with next</source>
+        <translation>beim nächsten Absatz halten</translation>
+    </message>
+    <message>
+        <source>keep lines together</source>
+        <translation>Zeilen zusammenhalten</translation>
+    </message>
+    <message>
+        <source>no space between equal styles</source>
+        <translation>kein Abstand zwischen gleichen Vorlagen</translation>
+    </message>
+    <message>
+        <source>no line breaks</source>
+        <translation>keine Zeilenumbrüche</translation>
+    </message>
+    <message>
+        <source>column widths</source>
+        <translation>Spaltenbreiten</translation>
+    </message>
+    <message>
+        <source>table width</source>
+        <translation>Tabellenbreite</translation>
+    </message>
+    <message>
+        <source>header rows</source>
+        <translation>Kopfzeilen</translation>
+    </message>
+    <message>
+        <source>cell spacing</source>
+        <translation>Zellenabstand</translation>
+    </message>
+    <message>
+        <source>padding above</source>
+        <translation>Innenabstand oben</translation>
+    </message>
+    <message>
+        <source>padding below</source>
+        <translation>Innenabstand unten</translation>
+    </message>
+    <message>
+        <source>padding on the left</source>
+        <translation>Innenabstand links</translation>
+    </message>
+    <message>
+        <source>padding on the right</source>
+        <translation>Innenabstand rechts</translation>
+    </message>
+    <message>
+        <source>vertical alignment</source>
+        <translation>senkrechte Ausrichtung</translation>
+    </message>
+    <message>
+        <source>rows of the cell</source>
+        <translation>Zeilen der Zelle</translation>
+    </message>
+    <message>
+        <source>columns of the cell</source>
+        <translation>Spalten der Zelle</translation>
+    </message>
+    <message>
+        <source>width</source>
+        <translation>Breite</translation>
+    </message>
+    <message>
+        <source>height</source>
+        <translation>Höhe</translation>
+    </message>
+    <message>
+        <source>formula</source>
+        <translation>Formel</translation>
+    </message>
+    <message>
+        <source>label</source>
+        <translation>Listenzeichen</translation>
+    </message>
+    <message>
+        <source>list level</source>
+        <translation>Listenebene</translation>
+    </message>
+    <message>
+        <source>behind the label</source>
+        <translation>hinter dem Listenzeichen</translation>
+    </message>
+    <message>
+        <source>label alignment</source>
+        <translation>Ausrichtung des Listenzeichens</translation>
+    </message>
+    <message>
+        <source>mark</source>
+        <translation>Zeichen</translation>
+    </message>
+    <message>
+        <source>date</source>
+        <translation>Datum</translation>
+    </message>
+    <message>
+        <source>page size</source>
+        <translation>Seitengröße</translation>
+    </message>
+    <message>
+        <source>left margin</source>
+        <translation>linker Rand</translation>
+    </message>
+    <message>
+        <source>right margin</source>
+        <translation>rechter Rand</translation>
+    </message>
+    <message>
+        <source>top margin</source>
+        <translation>oberer Rand</translation>
+    </message>
+    <message>
+        <source>bottom margin</source>
+        <translation>unterer Rand</translation>
+    </message>
+    <message>
+        <source>tab distance</source>
+        <translation>Tabulatorabstand</translation>
+    </message>
+    <message>
+        <source>no header and footer on the first page</source>
+        <translation>keine Kopf- und Fußzeile auf der ersten Seite</translation>
+    </message>
+    <message>
+        <source>first page number</source>
+        <translation>erste Seitenzahl</translation>
+    </message>
+    <message>
+        <source>look of the header</source>
+        <translation>Aussehen der Kopfzeile</translation>
+    </message>
+    <message>
+        <source>look of the footer</source>
+        <translation>Aussehen der Fußzeile</translation>
+    </message>
+    <message>
+        <source>%1 removed</source>
+        <translation>%1 entfernt</translation>
+    </message>
+    <message>
+        <source>%1 added</source>
+        <translation>%1 hinzugefügt</translation>
+    </message>
+    <message>
+        <source>borders</source>
+        <translation>Linien</translation>
+    </message>
+    <message>
+        <source>padding</source>
+        <translation>Innenabstand</translation>
+    </message>
+    <message>
+        <source>centred</source>
+        <translation>zentriert</translation>
+    </message>
+    <message>
+        <source>justified</source>
+        <translation>Blocksatz</translation>
+    </message>
+    <message>
+        <source>right</source>
+        <translation>rechts</translation>
+    </message>
+    <message>
+        <source>left</source>
+        <translation>links</translation>
+    </message>
+    <message>
+        <source>%1 pt</source>
+        <translation>%1 pt</translation>
+    </message>
+    <message>
+        <source>%1 %</source>
+        <translation>%1 %</translation>
+    </message>
+    <message>
+        <source>%1 %2 added</source>
+        <translation>%1 %2 hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 %2 removed</source>
+        <translation>%1 %2 entfernt</translation>
+    </message>
+    <message>
+        <source>%1 %2 → %3</source>
+        <translation>%1 %2 → %3</translation>
+    </message>
+    <message>
+        <source>Differences</source>
+        <translation>Unterschiede</translation>
+    </message>
+    <message>
+        <source>before</source>
+        <translation>vorher</translation>
+    </message>
+    <message>
+        <source>after</source>
+        <translation>nachher</translation>
+    </message>
+    <message>
+        <source>no difference</source>
+        <translation>kein Unterschied</translation>
+    </message>
+    <message>
+        <source>tab</source>
+        <translation>Tabulator</translation>
+    </message>
+    <message>
+        <source>space</source>
+        <translation>Leerzeichen</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>endnote</source>
+        <translation>Endnote</translation>
+    </message>
+    <message>
+        <source>footnote</source>
+        <translation>Fußnote</translation>
+    </message>
+    <message>
+        <source>[picture]</source>
+        <translation>[Bild]</translation>
+    </message>
+    <message>
+        <source>label: %1</source>
+        <translation>Listenzeichen: %1</translation>
+    </message>
+    <message>
+        <source>dotted</source>
+        <translation>gepunktet</translation>
+    </message>
+    <message>
+        <source>dashed</source>
+        <translation>gestrichelt</translation>
+    </message>
+    <message>
+        <source>solid</source>
+        <translation>durchgezogen</translation>
+    </message>
+    <message>
+        <source>double</source>
+        <translation>doppelt</translation>
+    </message>
+    <message>
+        <source>dash-dotted</source>
+        <translation>Strich-Punkt</translation>
+    </message>
+    <message>
+        <source>dash-dot-dotted</source>
+        <translation>Strich-Punkt-Punkt</translation>
+    </message>
+    <message>
+        <source>groove</source>
+        <translation>Rille</translation>
+    </message>
+    <message>
+        <source>ridge</source>
+        <translation>Grat</translation>
+    </message>
+    <message>
+        <source>inset</source>
+        <translation>eingelassen</translation>
+    </message>
+    <message>
+        <source>outset</source>
+        <translation>erhaben</translation>
+    </message>
+    <message>
+        <source>decimal</source>
+        <translation>dezimal</translation>
+    </message>
+    <message>
+        <source>exactly</source>
+        <translation>genau</translation>
+    </message>
+    <message>
+        <source>at least</source>
+        <translation>mindestens</translation>
+    </message>
+    <message>
+        <source>at a distance of</source>
+        <translation>im Abstand von</translation>
+    </message>
+    <message>
+        <source>image added</source>
+        <translation>Bilddaten hinzugefügt</translation>
+    </message>
+    <message>
+        <source>image removed</source>
+        <translation>Bilddaten entfernt</translation>
+    </message>
+    <message>
+        <source>pixels</source>
+        <translation>Bildpunkte</translation>
+    </message>
+    <message>
+        <source>image changed</source>
+        <translation>Bilddaten geändert</translation>
+    </message>
+    <message>
+        <source>PDF of the picture changed</source>
+        <translation>PDF des Bildes geändert</translation>
+    </message>
+    <message>
+        <source>table %1</source>
+        <translation>Tabelle %1</translation>
+    </message>
+    <message>
+        <source>row %1</source>
+        <translation>Zeile %1</translation>
+    </message>
+    <message>
+        <source>column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
+        <source>footnote %1</source>
+        <translation>Fußnote %1</translation>
+    </message>
+    <message>
+        <source>endnote %1</source>
+        <translation>Endnote %1</translation>
+    </message>
+    <message>
+        <source>comment %1</source>
+        <translation>Kommentar %1</translation>
+    </message>
+    <message>
+        <source>picture %1</source>
+        <translation>Bild %1</translation>
+    </message>
+    <message>
+        <source>paragraph %1</source>
+        <translation>Absatz %1</translation>
+    </message>
+    <message>
+        <source>document</source>
+        <translation>Dokument</translation>
+    </message>
+    <message>
+        <source>paragraphs %1–%2</source>
+        <translation>Absätze %1–%2</translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation>%1 bis %2</translation>
+    </message>
+    <message>
+        <source>%1, removed</source>
+        <translation>%1, entfernt</translation>
+    </message>
+    <message>
+        <source>%1, added</source>
+        <translation>%1, hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 places, the first ones are: %2</source>
+        <translation>%1 Stellen, die ersten sind: %2</translation>
+    </message>
+    <message>
+        <source>in many places</source>
+        <translation>an vielen Stellen</translation>
+    </message>
+    <message>
+        <source>words removed: %1, words added: %2, other changes: %3</source>
+        <translation>Wörter entfernt: %1, Wörter hinzugefügt: %2, andere Änderungen: %3</translation>
+    </message>
+    <message>
+        <source>empty paragraph removed</source>
+        <translation>leerer Absatz entfernt</translation>
+    </message>
+    <message>
+        <source>empty paragraph added</source>
+        <translation>leerer Absatz hinzugefügt</translation>
+    </message>
+    <message>
+        <source>table of rows × columns %1 × %2 added</source>
+        <translation>Tabelle mit Zeilen × Spalten %1 × %2 hinzugefügt</translation>
+    </message>
+    <message>
+        <source>table of rows × columns %1 × %2 removed</source>
+        <translation>Tabelle mit Zeilen × Spalten %1 × %2 entfernt</translation>
+    </message>
+    <message>
+        <source>rows</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>columns</source>
+        <translation>Spalten</translation>
+    </message>
+    <message>
+        <source>automatic</source>
+        <translation>automatisch</translation>
+    </message>
+    <message>
+        <source>bottom</source>
+        <translation>unten</translation>
+    </message>
+    <message>
+        <source>top</source>
+        <translation>oben</translation>
+    </message>
+    <message>
+        <source>single</source>
+        <translation>einfach</translation>
+    </message>
+    <message>
+        <source>wavy</source>
+        <translation>gewellt</translation>
+    </message>
+    <message>
+        <source>spelling mistake</source>
+        <translation>Rechtschreibfehler</translation>
+    </message>
+    <message>
+        <source>all letters</source>
+        <translation>alle Buchstaben</translation>
+    </message>
+    <message>
+        <source>no letters</source>
+        <translation>keine Buchstaben</translation>
+    </message>
+    <message>
+        <source>small ones</source>
+        <translation>Kapitälchen</translation>
+    </message>
+    <message>
+        <source>first letters</source>
+        <translation>Wortanfänge</translation>
+    </message>
+    <message>
+        <source>raised by</source>
+        <translation>höher um</translation>
+    </message>
+    <message>
+        <source>lowered by</source>
+        <translation>tiefer um</translation>
+    </message>
+    <message>
+        <source>superscript</source>
+        <translation>hochgestellt</translation>
+    </message>
+    <message>
+        <source>subscript</source>
+        <translation>tiefgestellt</translation>
+    </message>
 </context>
 </TS>

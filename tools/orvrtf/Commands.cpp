@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "DiffCommand.h"
 #include "DocumentExport.h"
 #include "DocumentInfo.h"
 #include "Messages.h"
@@ -112,6 +113,7 @@ ExitCode runCommand(const Options& options)
     case Options::Convert: return convert(options);
     case Options::Info: return info(options);
     case Options::Strip: return strip(options);
+    case Options::Diff: return diff(options);
     default: return check(options);
     }
 }
