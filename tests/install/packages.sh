@@ -64,6 +64,7 @@ check_dependencies() {
     depends liborvrtf-dev qtbase5-dev
     depends orvrtf "liborvrtf1 \(= $version\)"
     depends orvrtf 'libqt5core5a[^,]*'
+    depends orvrtf 'libqpdf[0-9]+[^,]*'
 }
 
 # The linker's cache follows by itself, and packages of other programs learn what to depend on.
