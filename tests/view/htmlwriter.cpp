@@ -1,39 +1,8 @@
 #include "htmlhelpers.h"
+#include "markupwriters.h"
 #include "testpaths.h"
 
 using namespace rtftest;
-
-namespace {
-
-/*! A device that takes only so many bytes. */
-class FullDevice : public QIODevice {
-public:
-    explicit FullDevice(qint64 room) : m_room(room) { open(WriteOnly); }
-
-protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char*, qint64 size) override
-    {
-        if (size > m_room) {
-            setErrorString("full"_s);
-            return -1;
-        }
-        m_room -= size;
-        return size;
-    }
-
-private:
-    qint64 m_room;
-};
-
-QImage square(QRgb color)
-{
-    QImage image(2, 2, QImage::Format_RGB32);
-    image.fill(color);
-    return image;
-}
-
-} // namespace
 
 /*! The structure of HTML: what stands in the body, without regard to styles. */
 class TestHtmlWriter : public QObject {
@@ -336,12 +305,7 @@ private slots:
     {
         const QTemporaryDir folder;
         Story story;
-        const QStringList names = {"red"_s, "blue"_s, "red"_s};
-        for (const QString& name : names) {
-            QTextImageFormat format;
-            format.setName(name);
-            story.addResource(name, square(name == "red"_s ? 0xffff0000 : 0xff0000ff)).addPicture(format);
-        }
+        addThreePictures(&story);
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
         ORVHtmlWriter writer(&buffer);
@@ -354,22 +318,9 @@ private slots:
         QCOMPARE(QImage(folder.filePath("media/image2.png"_s)).pixel(0, 0), 0xff0000ff);
     }
 
-    void pictureFolderThatCannotBe()
-    {
-        const QTemporaryDir folder;
-        QFile file(folder.filePath("media"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QTextImageFormat format;
-        format.setName("name"_s);
-        Story story;
-        story.addResource("name"_s, square(0)).addPicture(format);
-        QBuffer buffer;
-        buffer.open(QIODevice::WriteOnly);
-        ORVHtmlWriter writer(&buffer);
-        writer.setPictureFolder(file.fileName(), "media"_s);
-        QVERIFY(!writer.write(story.document()));
-        QVERIFY(!writer.errorString().isEmpty());
-    }
+    void pictureFolderThatCannotBe() { verifyPictureFolderThatCannotBe<ORVHtmlWriter>(); }
+
+    void failureRemovesPictures() { verifyFailureRemovesPictures<ORVHtmlWriter>(); }
 
     void failingDevice()
     {
@@ -388,19 +339,7 @@ private slots:
         QVERIFY(buffer.data().isEmpty());
     }
 
-    /*! Writing changes nothing, neither in the document nor in the writer. */
-    void twice()
-    {
-        Story story;
-        story.add("one\ntwo"_s, bold());
-        QBuffer buffer;
-        buffer.open(QIODevice::WriteOnly);
-        ORVHtmlWriter writer(&buffer);
-        QVERIFY(writer.write(story.document()));
-        const QByteArray first = buffer.data();
-        QVERIFY(writer.write(story.document()));
-        QCOMPARE(buffer.data(), first + first);
-    }
+    void twice() { verifyWritingTwice<ORVHtmlWriter>(); }
 };
 
 ORV_TEST("htmlwriter", TestHtmlWriter, QGuiApplication)

@@ -1,32 +1,8 @@
 #include "markdownhelpers.h"
+#include "markupwriters.h"
 #include "testpaths.h"
 
 using namespace rtftest;
-
-namespace {
-
-/*! A device that takes nothing. */
-class FullDevice : public QIODevice {
-public:
-    FullDevice() { open(WriteOnly); }
-
-protected:
-    qint64 readData(char*, qint64) override { return -1; }
-    qint64 writeData(const char*, qint64) override
-    {
-        setErrorString("full"_s);
-        return -1;
-    }
-};
-
-QImage square(QRgb color)
-{
-    QImage image(2, 2, QImage::Format_RGB32);
-    image.fill(color);
-    return image;
-}
-
-} // namespace
 
 /*! The structure of Markdown; what stands within paragraphs is tested by markdowntext. */
 class TestMarkdownWriter : public QObject {
@@ -268,12 +244,7 @@ private slots:
     {
         const QTemporaryDir folder;
         Story story;
-        const QStringList names = {"red"_s, "blue"_s, "red"_s};
-        for (const QString& name : names) {
-            QTextImageFormat format;
-            format.setName(name);
-            story.addResource(name, square(name == "red"_s ? 0xffff0000 : 0xff0000ff)).addPicture(format);
-        }
+        addThreePictures(&story);
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
         ORVMarkdownWriter writer(&buffer);
@@ -285,55 +256,19 @@ private slots:
         QCOMPARE(QImage(folder.filePath("media/p-2.png"_s)).pixel(0, 0), 0xff0000ff);
     }
 
-    /*! Neither pictures nor the folder stay behind. */
-    void failingDevice()
-    {
-        const QTemporaryDir folder;
-        QTextImageFormat format;
-        format.setName("name"_s);
-        Story story;
-        story.addResource("name"_s, square(0)).addPicture(format);
-        FullDevice device;
-        ORVMarkdownWriter writer(&device);
-        writer.setPictureFolder(folder.filePath("media"_s), "media"_s);
-        QVERIFY(!writer.write(story.document()));
-        QCOMPARE(writer.errorString(), "full"_s);
-        QVERIFY(writer.pictureFiles().isEmpty());
-        QVERIFY(!QFileInfo::exists(folder.filePath("media"_s)));
-        QVERIFY(!writer.write(nullptr));
-    }
+    void failureRemovesPictures() { verifyFailureRemovesPictures<ORVMarkdownWriter>(); }
 
-    void pictureFolderThatCannotBe()
+    void noDocument()
     {
-        const QTemporaryDir folder;
-        QFile file(folder.filePath("media"_s));
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QTextImageFormat format;
-        format.setName("name"_s);
-        Story story;
-        story.addResource("name"_s, square(0)).addPicture(format);
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
-        ORVMarkdownWriter writer(&buffer);
-        writer.setPictureFolder(file.fileName(), "media"_s);
-        QVERIFY(!writer.write(story.document()));
-        QVERIFY(!writer.errorString().isEmpty());
+        QVERIFY(!ORVMarkdownWriter(&buffer).write(nullptr));
+        QVERIFY(buffer.data().isEmpty());
     }
 
-    /*! Writing changes nothing, neither in the document nor in the writer. */
-    void twice()
-    {
-        Story story;
-        story.add("one\ntwo"_s, bold());
-        QBuffer buffer;
-        buffer.open(QIODevice::WriteOnly);
-        ORVMarkdownWriter writer(&buffer);
-        QVERIFY(writer.write(story.document()));
-        const QByteArray first = buffer.data();
-        QCOMPARE(first, "**one**\n\n**two**\n"_b);
-        QVERIFY(writer.write(story.document()));
-        QCOMPARE(buffer.data(), first + first);
-    }
+    void pictureFolderThatCannotBe() { verifyPictureFolderThatCannotBe<ORVMarkdownWriter>(); }
+
+    void twice() { verifyWritingTwice<ORVMarkdownWriter>(); }
 };
 
 ORV_TEST("markdownwriter", TestMarkdownWriter, QGuiApplication)
